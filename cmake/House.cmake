@@ -1,0 +1,95 @@
+# How the folders become libraries, and what may include what. A folder's headers are reachable only through its own
+# include root (a folder of links in the build tree), so an include across a forbidden wall finds no file.
+
+add_library(house_flags INTERFACE)
+target_compile_features(house_flags INTERFACE cxx_std_20)
+target_compile_options(house_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+
+# house_root(NAME PREFIX DIR [HEADERS...]): the include root `NAME_root`, in which DIR (or just HEADERS of it) is
+# reachable as "PREFIX/...".
+function(house_root name prefix dir)
+    set(root ${CMAKE_BINARY_DIR}/roots/${name})
+    if(ARGN)
+        file(REMOVE_RECURSE ${root})
+        foreach(header ${ARGN})
+            get_filename_component(folder ${root}/${prefix}/${header} DIRECTORY)
+            file(MAKE_DIRECTORY ${folder})
+            file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${dir}/${header} ${root}/${prefix}/${header} SYMBOLIC)
+        endforeach()
+    else()
+        file(MAKE_DIRECTORY ${root})
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${dir} ${root}/${prefix} SYMBOLIC)
+    endif()
+    add_library(${name}_root INTERFACE)
+    target_include_directories(${name}_root INTERFACE ${root})
+endfunction()
+
+# house_folder(NAME DIR MAY names... LIBRARIES targets...): the object library of one folder. It sees its own headers,
+# those of the folders it may know, and the named libraries; nothing passes on.
+function(house_folder name dir)
+    cmake_parse_arguments(ARG "" "" "MAY;LIBRARIES" ${ARGN})
+    if(NOT TARGET ${name}_root)
+        get_filename_component(prefix ${dir} NAME)
+        house_root(${name} ${prefix} ${dir})
+    endif()
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${dir}/*.cpp)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${dir}/*.h)
+    set(roots ${name}_root)
+    foreach(known ${ARG_MAY})
+        list(APPEND roots ${known}_root)
+    endforeach()
+    if(sources)
+        add_library(${name} OBJECT ${sources})
+        target_link_libraries(${name} PRIVATE house_flags ${roots} ${ARG_LIBRARIES})
+    endif()
+    if(HOUSE_CHECK_HEADERS AND headers)
+        house_check_headers(${name} ${dir} "${headers}" "${roots};${ARG_LIBRARIES}")
+    endif()
+endfunction()
+
+# Compiles every header alone, with exactly what its folder may see.
+function(house_check_headers name dir headers uses)
+    get_filename_component(parent ${dir} DIRECTORY)
+    foreach(header ${headers})
+        file(RELATIVE_PATH include ${PROJECT_SOURCE_DIR}/${parent} ${PROJECT_SOURCE_DIR}/${header})
+        string(REPLACE "/" "_" stem ${include})
+        set(unit ${CMAKE_BINARY_DIR}/headers/${stem}.cpp)
+        file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"${include}\" // IWYU pragma: keep\n")
+        list(APPEND units ${unit})
+    endforeach()
+    add_library(${name}_headers OBJECT ${units})
+    target_link_libraries(${name}_headers PRIVATE house_flags ${uses})
+endfunction()
+
+# kzo_add_plugin(NAME name CLASS_PREFIX prefix SOURCES files... RESOURCES files...): a plug-in bundle NAME.aip on the
+# framework. Its library exports the entry alone.
+function(kzo_add_plugin)
+    cmake_parse_arguments(ARG "" "NAME;CLASS_PREFIX;PLIST" "SOURCES;RESOURCES" ${ARGN})
+    set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.aip/Contents)
+    add_library(${ARG_NAME} MODULE ${ARG_SOURCES} ${KZO_OBJECTS})
+    target_link_libraries(${ARG_NAME} PRIVATE house_flags)
+    target_link_options(${ARG_NAME} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/entry.map)
+    set_target_properties(${ARG_NAME} PROPERTIES
+        PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${contents}/Linux
+        LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/entry.map)
+    set(PLUGIN_NAME ${ARG_NAME})
+    set(PLUGIN_CLASS_PREFIX ${ARG_CLASS_PREFIX})
+    configure_file(${ARG_PLIST} ${contents}/Info.plist @ONLY)
+    # Icons are drawn once, as SVG, and shipped as PNG in normal and double resolution.
+    foreach(resource ${ARG_RESOURCES})
+        get_filename_component(stem ${resource} NAME_WE)
+        foreach(scale 1 2)
+            set(png ${contents}/Resources/${stem}.png)
+            if(scale EQUAL 2)
+                set(png ${contents}/Resources/${stem}@2x.png)
+            endif()
+            add_custom_command(OUTPUT ${png}
+                COMMAND ${CMAKE_COMMAND} -E make_directory ${contents}/Resources
+                COMMAND rsvg-convert --zoom=${scale} --output=${png} ${PROJECT_SOURCE_DIR}/${resource}
+                DEPENDS ${PROJECT_SOURCE_DIR}/${resource} VERBATIM)
+            list(APPEND pngs ${png})
+        endforeach()
+    endforeach()
+    add_custom_target(${ARG_NAME}_resources ALL DEPENDS ${pngs})
+    add_dependencies(${ARG_NAME} ${ARG_NAME}_resources)
+endfunction()

@@ -1,0 +1,12 @@
+// An error code on its way to a plug-in. Thrown inside the host, turned into the code at the door.
+#pragma once
+
+#include "hostapi/SPTypes.h"
+
+namespace easel::session {
+
+struct HostError {
+    AIErr code;
+};
+
+} // namespace easel::session

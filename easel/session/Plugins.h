@@ -1,0 +1,37 @@
+// The loaded plug-ins: bundles opened from disk or entries given as functions, their names and their health. Sends no
+// messages itself (see Messenger).
+#pragma once
+
+#include <string>
+
+#include "hostapi/SPMessages.h"
+#include "session/Handles.h"
+
+namespace easel::session {
+
+struct Plugin {
+    SPPluginRef handle = nullptr;
+    std::string name;
+    std::string file; ///< the bundle's path; empty for a function
+    SPEntry entry = nullptr;
+    void* globals = nullptr;
+    bool started = false;
+    bool broken = false; ///< declined to start; is called no more
+};
+
+class Plugins {
+  public:
+    /// Takes a function for a plug-in. Nothing is called yet.
+    Plugin& attach(const std::string& name, SPEntry entry);
+    /// Opens a bundle folder (NAME.aip). Its library stays mapped for the life of the process. Throws Error when the
+    /// path is no bundle, or its library cannot be opened or has no entry.
+    Plugin& load(const std::string& bundle);
+
+    [[nodiscard]] Plugin* find(SPPluginRef handle) const { return plugins_.find(handle); }
+    [[nodiscard]] std::vector<Plugin*> all() const { return plugins_.all(); }
+
+  private:
+    Registry<Plugin, SPPluginRef> plugins_;
+};
+
+} // namespace easel::session

@@ -1,0 +1,49 @@
+// Mouse and modifier keys: turns what the user does into tool messages, snaps the location to anchors, and runs a
+// gesture from press to release with its roll-backs. One gesture is one undo step.
+#pragma once
+
+#include <cstdint>
+
+#include "hostapi/AIToolSuite.h"
+#include "model/Types.h"
+
+namespace easel::session {
+
+class Session;
+
+/// Modifier keys, a bit set of kAIShiftKey ...
+using Modifiers = std::uint32_t;
+
+class Pointer {
+  public:
+    explicit Pointer(Session& session) : session_(session) {}
+
+    /// Each throws Error when the state does not allow it: a drag with no button down, a press with no tool or
+    /// document.
+    void move(model::Point location, Modifiers modifiers);
+    void press(model::Point location, Modifiers modifiers);
+    void drag(model::Point location, Modifiers modifiers);
+    void release(model::Point location, Modifiers modifiers);
+    /// Ends a running gesture with its mouse-up and puts the document back to before the press.
+    void cancel();
+
+    [[nodiscard]] bool pressed() const { return pressed_; }
+    [[nodiscard]] model::Point location() const { return location_; } ///< after snapping
+    [[nodiscard]] Modifiers modifiers() const { return modifiers_; }
+
+    /// "Snap to Point": locations move onto an anchor within `snapTolerance` screen units.
+    bool snapToPoint = true;
+    static constexpr double snapTolerance = 2;
+
+  private:
+    void locate(model::Point location, Modifiers modifiers);
+    void send(const char* selector);
+
+    Session& session_;
+    bool pressed_ = false;
+    bool buffered_ = false; ///< the gesture's tool asked for buffered dragging
+    model::Point location_;
+    Modifiers modifiers_ = 0;
+};
+
+} // namespace easel::session

@@ -1,0 +1,93 @@
+// The running application without a face: plug-ins, toolbox, pointer, documents. Window, scripts and tests are faces on
+// it. One session at a time lives in a process, since a suite's functions carry no session of their own.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Document.h"
+#include "session/Error.h"
+#include "session/Memory.h"
+#include "session/Messenger.h"
+#include "session/Notifiers.h"
+#include "session/Plugins.h"
+#include "session/Pointer.h"
+#include "session/Tables.h"
+#include "session/Toolbox.h"
+
+namespace easel::session {
+
+/// Whose fault a report is about.
+enum class Blame { Host, Plugin, UserData };
+
+class Session {
+  public:
+    Session();
+    ~Session(); ///< quits first if that has not been done
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// The session of this process. There must be one.
+    [[nodiscard]] static Session& current() { return *current_; }
+
+    // Plug-ins
+    Plugin& attach(const std::string& name, SPEntry entry) { return plugins.attach(name, entry); }
+    Plugin& load(const std::string& bundle) { return plugins.load(bundle); }
+    /// Starts every plug-in not started yet, then tells them that the application has started. Answers one line for
+    /// each that declined.
+    std::vector<std::string> start();
+    /// Tells plug-ins that the application ends, shuts them down in reverse order and closes the documents.
+    void quit();
+    /// Raises an event: each subscriber of `type` gets its notifier message.
+    void notify(std::string_view type);
+
+    // Documents; the last one opened is in front
+    model::Document& newDocument(double width, double height);
+    model::Document& open(const std::string& path);        ///< throws Error
+    void save(const std::string& path);                    ///< the document in front; throws Error
+    void exportPng(const std::string& path, double scale); ///< the document in front; throws Error
+    void close();                                          ///< the document in front, with its unsaved changes
+    [[nodiscard]] model::Document* document() const;       ///< in front, or null
+    [[nodiscard]] model::Document& needDocument() const;   ///< throws Error when none is open
+    [[nodiscard]] model::Document* documentByNumber(std::uint32_t number) const;
+    [[nodiscard]] std::uint32_t numberOf(const model::Document& document) const;
+
+    // Tools
+    /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
+    void selectTool(Tool& tool);
+    void editTool(Tool& tool); ///< double-click on the tool
+    [[nodiscard]] std::int32_t cursor() const { return cursor_; }
+    void setCursor(std::int32_t number) { cursor_ = number; }
+
+    // Diagnostics
+    /// Writes one line about misbehaviour to standard error and keeps it.
+    void report(Blame blame, const std::string& text);
+    [[nodiscard]] const std::vector<std::string>& reports() const { return reports_; }
+
+    Tables tables;
+    Memory memory;
+    Plugins plugins;
+    Notifiers notifiers;
+    PluginGroups pluginGroups;
+    Toolbox toolbox;
+    Messenger messenger{*this};
+    Pointer pointer{*this};
+    bool trace = false; ///< EASEL_TRACE: every message and suite call on standard error
+
+  private:
+    struct OpenDocument {
+        std::uint32_t number;
+        std::unique_ptr<model::Document> document;
+    };
+
+    static Session* current_;
+    std::vector<OpenDocument> documents_;
+    std::uint32_t lastDocumentNumber_ = 0;
+    std::int32_t cursor_ = 0;
+    bool running_ = false;
+    std::vector<std::string> reports_;
+};
+
+} // namespace easel::session

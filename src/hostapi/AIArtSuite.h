@@ -1,0 +1,65 @@
+/* The art suite: the document's tree of objects, whatever their kind.
+ *
+ * The first child of a group is its topmost. Each layer has one group that holds all its art; that group has no parent.
+ */
+#ifndef HOSTAPI_AIARTSUITE_H
+#define HOSTAPI_AIARTSUITE_H
+
+#include "hostapi/SPTypes.h"
+
+#define kAIArtSuite "AI Art Suite"
+#define kAIArtSuiteVersion 20
+
+/* Kinds of art. */
+enum {
+    kUnknownArt = 0,
+    kGroupArt = 1,
+    kPathArt = 2,
+    kCompoundPathArt = 3,
+    kPlacedArt = 7,
+    kRasterArt = 9,
+    kPluginGroupArt = 10,
+    kMeshArt = 11,
+    kTextFrameArt = 12,
+    kSymbolArt = 13,
+    kForeignArt = 14,
+    kLegacyTextArt = 15
+};
+
+/* Where new or moved art goes, seen from the prepositional art. "Above all" and "below all" mean the top and bottom of
+ * the prepositional art's layer; without one, of the current layer. */
+enum {
+    kPlaceAbove = 1,
+    kPlaceBelow = 2,
+    kPlaceInsideOnTop = 3,
+    kPlaceInsideOnBottom = 4,
+    kPlaceAboveAll = 5,
+    kPlaceBelowAll = 6
+};
+
+/* User attributes, a bit set. Fully selected means: with all its points. */
+enum { kArtSelected = 1, kArtLocked = 2, kArtHidden = 4, kArtFullySelected = 8 };
+
+typedef struct AIArtSuite {
+    /* Makes an empty object: a group, or a path with no points, open, in the document's default style.
+     * kBadParameterErr: a kind that cannot be made, or a paint order that the prepositional art does not allow. */
+    AIErr (*NewArt)(int16_t type, int16_t paintOrder, AIArtHandle prep, AIArtHandle* newArt);
+    /* Removes an object and all it holds. kRefusedErr: the group of a layer. */
+    AIErr (*DisposeArt)(AIArtHandle art);
+    /* Whether the handle denotes art in an open document. Never fails on a handle. */
+    AIErr (*ValidArt)(AIArtHandle art, AIBoolean* valid);
+    AIErr (*GetArtType)(AIArtHandle art, int16_t* type);
+    /* The attributes among `which` that are set. */
+    AIErr (*GetArtUserAttr)(AIArtHandle art, int32_t which, int32_t* attributes);
+    /* Makes the attributes in `which` those in `attributes`. Selecting a group selects all in it. */
+    AIErr (*SetArtUserAttr)(AIArtHandle art, int32_t which, int32_t attributes);
+    /* Relatives; null where there is none. */
+    AIErr (*GetArtParent)(AIArtHandle art, AIArtHandle* parent);
+    AIErr (*GetArtFirstChild)(AIArtHandle art, AIArtHandle* child);
+    AIErr (*GetArtSibling)(AIArtHandle art, AIArtHandle* sibling);
+    AIErr (*GetArtPriorSibling)(AIArtHandle art, AIArtHandle* sibling);
+    /* The group that holds all art of a layer; a null layer means the current one. */
+    AIErr (*GetFirstArtOfLayer)(AILayerHandle layer, AIArtHandle* group);
+} AIArtSuite;
+
+#endif

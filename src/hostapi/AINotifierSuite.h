@@ -1,0 +1,29 @@
+/* The notifier suite and its message: what happens in the host, told to whoever asked. */
+#ifndef HOSTAPI_AINOTIFIERSUITE_H
+#define HOSTAPI_AINOTIFIERSUITE_H
+
+#include "hostapi/SPMessages.h"
+
+#define kAINotifierSuite "AI Notifier Suite"
+#define kAINotifierSuiteVersion 5
+
+#define kCallerAINotify "AI Notifier"
+#define kSelectorAINotify "AI Notify"
+
+#define kAIApplicationStartedNotifier "AI Application Started Notifier"
+#define kAIApplicationShutdownNotifier "AI Application Shutdown Notifier"
+
+typedef struct AINotifierMessage {
+    SPMessageData d;
+    AINotifierHandle notifier;
+    const char* type;
+} AINotifierMessage;
+
+typedef struct AINotifierSuite {
+    /* Subscribes the plug-in to events of `type`; `name` only labels the subscription. */
+    AIErr (*AddNotifier)(SPPluginRef self, const char* name, const char* type, AINotifierHandle* notifier);
+    /* Ends a subscription. */
+    AIErr (*RemoveNotifier)(AINotifierHandle notifier);
+} AINotifierSuite;
+
+#endif
