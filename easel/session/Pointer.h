@@ -38,6 +38,7 @@ class Pointer {
   private:
     void locate(model::Point location, Modifiers modifiers);
     void send(const char* selector);
+    void requirePressed() const;
 
     Session& session_;
     bool pressed_ = false;

@@ -22,6 +22,9 @@ namespace easel::session {
 /// Whose fault a report is about.
 enum class Blame { Host, Plugin, UserData };
 
+/// What is said of a plug-in's wrong calls, which are refused in any case.
+enum class CheckLevel { Refuse, Full };
+
 class Session {
   public:
     Session();
@@ -58,6 +61,8 @@ class Session {
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
     void selectTool(Tool& tool);
     void editTool(Tool& tool); ///< double-click on the tool
+    /// Sends the tool's plug-in a message with the pointer's location and modifiers.
+    void sendToTool(Tool& tool, const char* selector);
     [[nodiscard]] std::int32_t cursor() const { return cursor_; }
     void setCursor(std::int32_t number) { cursor_ = number; }
 
@@ -74,6 +79,7 @@ class Session {
     Toolbox toolbox;
     Messenger messenger{*this};
     Pointer pointer{*this};
+    CheckLevel checkLevel = CheckLevel::Full;
     bool trace = false; ///< EASEL_TRACE: every message and suite call on standard error
 
   private:
@@ -81,6 +87,8 @@ class Session {
         std::uint32_t number;
         std::unique_ptr<model::Document> document;
     };
+
+    model::Document& adopt(std::unique_ptr<model::Document> document);
 
     static Session* current_;
     std::vector<OpenDocument> documents_;

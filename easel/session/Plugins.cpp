@@ -1,0 +1,49 @@
+// Opening of bundles.
+#include "session/Plugins.h"
+
+#include <dlfcn.h>
+
+#include <filesystem>
+
+#include "session/Error.h"
+
+namespace easel::session {
+
+namespace {
+
+constexpr const char* bundleExtension = ".aip";
+
+} // namespace
+
+Plugin& Plugins::attach(const std::string& name, SPEntry entry) {
+    auto plugin = std::make_unique<Plugin>();
+    plugin->name = name;
+    plugin->entry = entry;
+    return plugins_.add(std::move(plugin));
+}
+
+Plugin& Plugins::load(const std::string& bundle) {
+    namespace fs = std::filesystem;
+    fs::path path(bundle);
+    if (!path.has_filename()) path = path.parent_path(); // "Name.aip/"
+    std::error_code failure;
+    if (!fs::exists(path, failure)) throw Error(bundle + ": no such plug-in");
+    const fs::path library = path / "Contents" / "Linux" / path.stem();
+    if (path.extension() != bundleExtension || !fs::is_directory(path, failure) ||
+        !fs::is_regular_file(library, failure))
+        throw Error(bundle + ": not a plug-in bundle (a folder NAME.aip with Contents/Linux/NAME in it)");
+
+    // Never closed again: a library with Objective-C classes cannot go.
+    void* const image = dlopen(fs::absolute(library).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (!image) {
+        const char* const reason = dlerror();
+        throw Error(bundle + ": cannot be loaded: " + (reason ? reason : "unknown reason"));
+    }
+    void* const entry = dlsym(image, kSPEntryName);
+    if (!entry) throw Error(bundle + ": exports no " kSPEntryName);
+    Plugin& plugin = attach(path.stem(), reinterpret_cast<SPEntry>(entry));
+    plugin.file = bundle;
+    return plugin;
+}
+
+} // namespace easel::session

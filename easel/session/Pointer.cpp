@@ -1,0 +1,73 @@
+// Gestures. The document's transaction opens with the press and closes with the release, so that messages in between
+// join it.
+#include "session/Pointer.h"
+
+#include "session/Session.h"
+
+namespace easel::session {
+
+void Pointer::locate(model::Point location, Modifiers modifiers) {
+    modifiers_ = modifiers;
+    location_ = location;
+    model::Document* const document = session_.document();
+    if (!snapToPoint || !document) return;
+    if (const auto anchor = document->snapPoint(location, snapTolerance / document->view.zoom)) location_ = *anchor;
+}
+
+void Pointer::send(const char* selector) {
+    Tool* const tool = session_.toolbox.current();
+    if (!tool) return; // taken out of the toolbox by its plug-in while the button is down
+    session_.sendToTool(*tool, selector);
+}
+
+void Pointer::requirePressed() const {
+    if (!pressed_) throw Error("no mouse button is down");
+}
+
+void Pointer::move(model::Point location, Modifiers modifiers) {
+    if (pressed_) throw Error("the mouse button is down; a move is a drag");
+    locate(location, modifiers);
+    const Tool* const tool = session_.toolbox.current();
+    if (tool && (tool->options & kToolWantsToTrackCursorOption)) send(kSelectorAITrackToolCursor);
+}
+
+void Pointer::press(model::Point location, Modifiers modifiers) {
+    if (pressed_) throw Error("the mouse button is down already");
+    const Tool* const tool = session_.toolbox.current();
+    if (!tool) throw Error("no tool is selected");
+    model::Document& document = session_.needDocument();
+    locate(location, modifiers);
+    pressed_ = true;
+    buffered_ = (tool->options & kToolWantsBufferedDraggingOption) != 0;
+    document.journal().begin();
+    send(kSelectorAIToolMouseDown);
+    if (buffered_) document.journal().mark();
+}
+
+void Pointer::drag(model::Point location, Modifiers modifiers) {
+    requirePressed();
+    if (buffered_) session_.document()->journal().rollBackToMark();
+    locate(location, modifiers);
+    send(kSelectorAIToolMouseDrag);
+}
+
+void Pointer::release(model::Point location, Modifiers modifiers) {
+    requirePressed();
+    model::Journal& journal = session_.document()->journal();
+    if (buffered_) journal.rollBackToMark();
+    locate(location, modifiers);
+    send(kSelectorAIToolMouseUp);
+    if (buffered_) journal.dropMark();
+    pressed_ = false;
+    journal.end();
+}
+
+void Pointer::cancel() {
+    if (!pressed_) return;
+    // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
+    send(kSelectorAIToolMouseUp);
+    pressed_ = false;
+    session_.document()->journal().abandon();
+}
+
+} // namespace easel::session

@@ -1,0 +1,180 @@
+// Start and end of the application, its documents, and the choice of tools.
+#include "session/Session.h"
+
+#include <algorithm>
+#include <cassert>
+#include <cstdio>
+
+#include "suites/Suites.h"
+#include "svg/Picture.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::session {
+
+Session* Session::current_ = nullptr;
+
+namespace {
+
+std::string fourCharacters(SPErr code) {
+    std::string text = "\"";
+    for (int shift = 24; shift >= 0; shift -= 8) text += static_cast<char>(code >> shift & 0xFF);
+    return text + '"';
+}
+
+/// Files speak of their own errors; the session's faces know one kind.
+template <class Work> auto withFile(Work work) {
+    try {
+        return work();
+    } catch (const svg::FileError& error) {
+        throw Error(error.what());
+    }
+}
+
+} // namespace
+
+Session::Session() {
+    assert(!current_ && "one session at a time");
+    current_ = this;
+    suites::fill(tables);
+}
+
+Session::~Session() {
+    quit();
+    current_ = nullptr;
+}
+
+// Plug-ins
+
+std::vector<std::string> Session::start() {
+    std::vector<std::string> declined;
+    for (Plugin* plugin : plugins.all()) {
+        if (plugin->started || plugin->broken) continue;
+        SPMessageData message{};
+        const SPErr answer = messenger.send(*plugin, kSPInterfaceCaller, kSPInterfaceStartupSelector, message);
+        plugin->started = answer == kNoErr;
+        plugin->broken = !plugin->started;
+        if (plugin->broken)
+            declined.push_back((plugin->file.empty() ? plugin->name : plugin->file) +
+                               ": the plug-in declined to start: error " + fourCharacters(answer));
+    }
+    notify(kAIApplicationStartedNotifier);
+    running_ = true;
+    return declined;
+}
+
+void Session::quit() {
+    pointer.cancel();
+    if (running_) notify(kAIApplicationShutdownNotifier);
+    running_ = false;
+    std::vector<Plugin*> started = plugins.all();
+    for (auto at = started.rbegin(); at != started.rend(); ++at) {
+        if (!(*at)->started) continue;
+        SPMessageData message{};
+        messenger.send(**at, kSPInterfaceCaller, kSPInterfaceShutdownSelector, message);
+        (*at)->started = false;
+    }
+    while (document()) close();
+    tables.each([this](auto& suite) {
+        if (suite.acquired != 0) report(Blame::Plugin, std::string(suite.name) + " was not released at shut-down");
+        suite.acquired = 0;
+    });
+    if (memory.blocksInUse() != 0) report(Blame::Plugin, "memory of the host was not freed at shut-down");
+    memory = {};
+}
+
+void Session::notify(std::string_view type) {
+    // Subscriptions may come and go while subscribers are told.
+    std::vector<AINotifierHandle> subscribed;
+    for (const Notifier* notifier : notifiers.all())
+        if (notifier->type == type) subscribed.push_back(notifier->handle);
+    for (const AINotifierHandle handle : subscribed) {
+        const Notifier* const notifier = notifiers.find(handle);
+        if (!notifier) continue;
+        AINotifierMessage message{.d = {}, .notifier = handle, .type = notifier->type.c_str()};
+        messenger.send(*notifier->owner, kCallerAINotify, kSelectorAINotify, message.d);
+    }
+}
+
+// Documents
+
+model::Document& Session::adopt(std::unique_ptr<model::Document> document) {
+    pointer.cancel();
+    if (lastDocumentNumber_ + 1 >= 1U << HandleParts::documentBits)
+        throw Error("too many documents have been opened; start Easel anew");
+    documents_.push_back({++lastDocumentNumber_, std::move(document)});
+    return *documents_.back().document;
+}
+
+model::Document& Session::newDocument(double width, double height) {
+    return adopt(std::make_unique<model::Document>(width, height));
+}
+
+model::Document& Session::open(const std::string& path) {
+    return adopt(withFile([&] { return svg::open(path); }));
+}
+
+void Session::save(const std::string& path) {
+    model::Document& front = needDocument();
+    pointer.cancel();
+    withFile([&] { svg::save(front, path); });
+}
+
+void Session::exportPng(const std::string& path, double scale) {
+    model::Document& front = needDocument();
+    withFile([&] { svg::exportPng(svg::write(front), path, scale); });
+}
+
+void Session::close() {
+    static_cast<void>(needDocument());
+    pointer.cancel();
+    documents_.pop_back();
+}
+
+model::Document* Session::document() const { return documents_.empty() ? nullptr : documents_.back().document.get(); }
+
+model::Document& Session::needDocument() const {
+    if (documents_.empty()) throw Error("no document is open");
+    return *documents_.back().document;
+}
+
+model::Document* Session::documentByNumber(std::uint32_t number) const {
+    for (const OpenDocument& open : documents_)
+        if (open.number == number) return open.document.get();
+    return nullptr;
+}
+
+std::uint32_t Session::numberOf(const model::Document& document) const {
+    for (const OpenDocument& open : documents_)
+        if (open.document.get() == &document) return open.number;
+    return 0;
+}
+
+// Tools
+
+void Session::selectTool(Tool& tool) {
+    pointer.cancel();
+    if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
+    if (Tool* const before = toolbox.current()) sendToTool(*before, kSelectorAIDeselectTool);
+    toolbox.setCurrent(&tool);
+    sendToTool(tool, kSelectorAISelectTool);
+}
+
+void Session::editTool(Tool& tool) { sendToTool(tool, kSelectorAIEditToolOptions); }
+
+void Session::sendToTool(Tool& tool, const char* selector) {
+    const model::Point location = pointer.location();
+    AIToolMessage message{
+        .d = {}, .tool = tool.handle, .cursor = {location.x, location.y}, .modifiers = pointer.modifiers()};
+    messenger.send(*tool.owner, kCallerAITool, selector, message.d);
+}
+
+// Diagnostics
+
+void Session::report(Blame blame, const std::string& text) {
+    static constexpr const char* names[] = {"host", "plug-in", "user data"};
+    reports_.push_back(std::string(names[static_cast<int>(blame)]) + ": " + text);
+    std::fprintf(stderr, "easel: %s\n", reports_.back().c_str());
+}
+
+} // namespace easel::session

@@ -1,0 +1,162 @@
+// The art, matching art and hit test suites on the document's tree.
+#include "suites/Suites.h"
+#include "suites/Thunk.h"
+
+#include <cmath>
+
+namespace easel::suites {
+
+namespace {
+
+using model::Node;
+using model::NodeType;
+using model::Placement;
+
+// Art
+
+std::int16_t hostType(const Node& node) {
+    switch (node.type()) {
+    case NodeType::Root: break;
+    case NodeType::Layer:
+    case NodeType::Group: return kGroupArt;
+    case NodeType::Path: return kPathArt;
+    }
+    return kUnknownArt;
+}
+
+/// A parent as plug-ins see it: a layer's group has none.
+Node* visibleParent(const Node& node) { return node.type() == NodeType::Layer ? nullptr : node.parent(); }
+
+struct Place {
+    model::Document& document;
+    Node& anchor;
+    Placement placement;
+};
+
+Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
+    model::Document& document = prep ? prep->document : currentDocument();
+    if (paintOrder == kPlaceAboveAll || paintOrder == kPlaceBelowAll) {
+        Node& layer = prep ? *document.find(prep->node.layer().id()) : document.currentLayer();
+        return {document, layer, paintOrder == kPlaceAboveAll ? Placement::OnTopInside : Placement::AtBottomInside};
+    }
+    require(prep.has_value() && paintOrder >= kPlaceAbove && paintOrder <= kPlaceInsideOnBottom);
+    const bool inside = paintOrder == kPlaceInsideOnTop || paintOrder == kPlaceInsideOnBottom;
+    require(inside ? prep->node.isContainer() : prep->node.type() != NodeType::Layer);
+    static constexpr Placement placements[] = {Placement::Above, Placement::Below, Placement::OnTopInside,
+                                               Placement::AtBottomInside};
+    return {document, prep->node, placements[paintOrder - kPlaceAbove]};
+}
+
+void newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep, AIArtHandle& art) {
+    require(type == kGroupArt || type == kPathArt);
+    const Place place = placeFor(paintOrder, prep);
+    const Node& node =
+        place.document.create(type == kPathArt ? NodeType::Path : NodeType::Group, place.placement, place.anchor);
+    art = artHandle(place.document, &node);
+}
+
+void disposeArt(Art art) {
+    require(art.node.type() != NodeType::Layer, kRefusedErr);
+    art.document.remove(art.node);
+}
+
+void validArt(AIArtHandle handle, AIBoolean& valid) {
+    try {
+        static_cast<void>(resolveArt(handle));
+        valid = 1;
+    } catch (const HostError&) {
+        valid = 0;
+    }
+}
+
+void getArtType(Art art, std::int16_t& type) { type = hostType(art.node); }
+
+void getAttributes(Art art, std::int32_t which, std::int32_t& attributes) {
+    const Node& node = art.node;
+    const bool fully = node.type() == NodeType::Path ? node.allPointsSelected() : node.selected();
+    attributes = which & ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) |
+                          (node.hidden() ? kArtHidden : 0) | (fully ? kArtFullySelected : 0));
+}
+
+void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {
+    if (which & (kArtSelected | kArtFullySelected))
+        art.document.select(art.node, (attributes & which & (kArtSelected | kArtFullySelected)) != 0);
+    if (which & kArtLocked) art.document.setLocked(art.node, (attributes & kArtLocked) != 0);
+    if (which & kArtHidden) art.document.setHidden(art.node, (attributes & kArtHidden) != 0);
+}
+
+void getParent(Art art, AIArtHandle& parent) { parent = artHandle(art.document, visibleParent(art.node)); }
+void getFirstChild(Art art, AIArtHandle& child) { child = artHandle(art.document, art.node.firstChild()); }
+
+void getSibling(Art art, AIArtHandle& sibling) {
+    sibling = artHandle(art.document, visibleParent(art.node) ? art.node.next() : nullptr);
+}
+
+void getPriorSibling(Art art, AIArtHandle& sibling) {
+    sibling = artHandle(art.document, visibleParent(art.node) ? art.node.previous() : nullptr);
+}
+
+void getFirstArtOfLayer(std::optional<Layer> layer, AIArtHandle& group) {
+    model::Document& document = layer ? layer->document : currentDocument();
+    group = artHandle(document, layer ? &layer->node : &document.currentLayer());
+}
+
+// Matching art
+
+void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
+    model::Document& document = currentDocument();
+    const std::vector<Node*> selected = document.selection();
+    AIArtHandle** handle = nullptr;
+    if (!selected.empty()) {
+        handle =
+            reinterpret_cast<AIArtHandle**>(Session::current().memory.newHandle(selected.size() * sizeof(AIArtHandle)));
+        for (std::size_t i = 0; i < selected.size(); ++i) (*handle)[i] = artHandle(document, selected[i]);
+    }
+    list = handle;
+    count = static_cast<std::int32_t>(selected.size());
+}
+
+void deselectAll() { currentDocument().deselectAll(); }
+
+// Hit test
+
+void hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance, std::int32_t request,
+             AIHitRecord& record) {
+    require(std::isfinite(point.h) && std::isfinite(point.v) && tolerance >= 0);
+    model::Document& document = art ? art->document : currentDocument();
+    const model::Hit hit = document.hitTest(art ? art->node : document.root(), {point.h, point.v}, tolerance,
+                                            static_cast<model::HitRequest>(request));
+    static constexpr std::int32_t types[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
+                                             kAIOutHandleHit, kAISegmentHit, kAIFillHit};
+    record = {.type = types[static_cast<int>(hit.kind)],
+              .art = artHandle(document, hit.node),
+              .point = {hit.point.x, hit.point.y},
+              .t = hit.t,
+              .segment = static_cast<std::int16_t>(hit.index),
+              .inGroup = hit.node && hit.node->parent()->type() != NodeType::Layer};
+}
+
+} // namespace
+
+void fill(AIArtSuite& suite) {
+    enter<&AIArtSuite::NewArt, newArt>(suite);
+    enter<&AIArtSuite::DisposeArt, disposeArt>(suite);
+    enter<&AIArtSuite::ValidArt, validArt>(suite);
+    enter<&AIArtSuite::GetArtType, getArtType>(suite);
+    enter<&AIArtSuite::GetArtUserAttr, getAttributes>(suite);
+    enter<&AIArtSuite::SetArtUserAttr, setAttributes>(suite);
+    enter<&AIArtSuite::GetArtParent, getParent>(suite);
+    enter<&AIArtSuite::GetArtFirstChild, getFirstChild>(suite);
+    enter<&AIArtSuite::GetArtSibling, getSibling>(suite);
+    enter<&AIArtSuite::GetArtPriorSibling, getPriorSibling>(suite);
+    enter<&AIArtSuite::GetFirstArtOfLayer, getFirstArtOfLayer>(suite);
+}
+
+void fill(AIMatchingArtSuite& suite) {
+    enter<&AIMatchingArtSuite::GetSelectedArt, getSelectedArt>(suite);
+    enter<&AIMatchingArtSuite::DeselectAll, deselectAll>(suite);
+}
+
+void fill(AIHitTestSuite& suite) { enter<&AIHitTestSuite::HitTest, hitTest>(suite); }
+
+} // namespace easel::suites

@@ -1,0 +1,139 @@
+// The suites that are not about drawings: basic, plug-ins, interface, notifier, plug-in group, memory, stage, math.
+#include <cmath>
+
+#include "suites/Suites.h"
+#include "suites/Thunk.h"
+
+namespace easel::suites {
+
+namespace {
+
+Session& host() { return Session::current(); }
+
+// Basic
+
+/// Runs `visit` on the suite of this name and version, if there is one.
+template <class Visit> void withSuite(std::string_view name, std::int32_t version, Visit visit) {
+    bool known = false;
+    host().tables.each([&](auto& suite) {
+        if (suite.name != name || suite.version != version || !suite.available) return;
+        known = true;
+        visit(suite);
+    });
+    require(known, kSPSuiteNotFoundErr);
+}
+
+void acquireSuite(std::string_view name, std::int32_t version, const void*& table) {
+    withSuite(name, version, [&](auto& suite) {
+        ++suite.acquired;
+        table = &suite.table;
+    });
+}
+
+void releaseSuite(std::string_view name, std::int32_t version) {
+    withSuite(name, version, [&](auto& suite) {
+        if (suite.acquired == 0)
+            host().report(session::Blame::Plugin, std::string(suite.name) + " was released more often than acquired");
+        require(suite.acquired > 0);
+        --suite.acquired;
+    });
+}
+
+void allocateBlock(std::size_t size, void*& block) { block = host().memory.allocateBlock(size); }
+
+/// Freeing what is not there is always the plug-in's fault, and worth a line.
+void requireBlock(bool known) {
+    if (!known) host().report(session::Blame::Plugin, "freed a block of memory that is not there");
+    require(known);
+}
+
+void freeBlock(void* block) { requireBlock(host().memory.freeBlock(block)); }
+
+// Plug-ins
+
+void getPluginName(session::Plugin& plugin, const char*& name) { name = plugin.name.c_str(); }
+void setPluginName(session::Plugin& plugin, std::string_view name) { plugin.name = name; }
+
+// Interface
+
+void sendMessage(session::Plugin& plugin, std::string_view caller, std::string_view selector, SPMessageData& message,
+                 SPErr& result) {
+    require(!plugin.broken, kRefusedErr);
+    result = host().messenger.send(plugin, caller.data(), selector.data(), message);
+}
+
+// Notifiers
+
+void addNotifier(session::Plugin& self, std::string_view name, std::string_view type, AINotifierHandle& handle) {
+    auto notifier = std::make_unique<session::Notifier>();
+    notifier->owner = &self;
+    notifier->name = name;
+    notifier->type = type;
+    handle = host().notifiers.add(std::move(notifier)).handle;
+}
+
+void removeNotifier(session::Notifier& notifier) { host().notifiers.remove(notifier); }
+
+// Plug-in groups
+
+void addPluginGroup(session::Plugin& self, std::string_view name, std::int32_t options, AIPluginGroupHandle& handle) {
+    for (const session::PluginGroup* other : host().pluginGroups.all()) require(other->name != name);
+    auto group = std::make_unique<session::PluginGroup>();
+    group->owner = &self;
+    group->name = name;
+    group->options = options;
+    handle = host().pluginGroups.add(std::move(group)).handle;
+}
+
+// Memory handles
+
+void newHandle(std::size_t size, AIMdMemoryHandle& handle) { handle = host().memory.newHandle(size); }
+void disposeHandle(AIMdMemoryHandle handle) { requireBlock(host().memory.disposeHandle(handle)); }
+
+// Stage
+
+void getModifiers(std::uint32_t& modifiers) { modifiers = host().pointer.modifiers(); }
+void setCursor(std::int32_t number) { host().setCursor(number); }
+
+// Real math
+
+void pointLength(const AIRealPoint& from, const AIRealPoint& to, AIReal& length) {
+    length = std::hypot(to.h - from.h, to.v - from.v);
+}
+
+} // namespace
+
+void fill(SPBasicSuite& suite) {
+    enter<&SPBasicSuite::AcquireSuite, acquireSuite>(suite);
+    enter<&SPBasicSuite::ReleaseSuite, releaseSuite>(suite);
+    enter<&SPBasicSuite::AllocateBlock, allocateBlock>(suite);
+    enter<&SPBasicSuite::FreeBlock, freeBlock>(suite);
+}
+
+void fill(SPPluginsSuite& suite) {
+    enter<&SPPluginsSuite::GetPluginName, getPluginName>(suite);
+    enter<&SPPluginsSuite::SetPluginName, setPluginName>(suite);
+}
+
+void fill(SPInterfaceSuite& suite) { enter<&SPInterfaceSuite::SendMessage, sendMessage>(suite); }
+
+void fill(AINotifierSuite& suite) {
+    enter<&AINotifierSuite::AddNotifier, addNotifier>(suite);
+    enter<&AINotifierSuite::RemoveNotifier, removeNotifier>(suite);
+}
+
+void fill(AIPluginGroupSuite& suite) { enter<&AIPluginGroupSuite::AddAIPluginGroup, addPluginGroup>(suite); }
+
+void fill(AIMdMemorySuite& suite) {
+    enter<&AIMdMemorySuite::MdMemoryNewHandle, newHandle>(suite);
+    enter<&AIMdMemorySuite::MdMemoryDisposeHandle, disposeHandle>(suite);
+}
+
+void fill(StageSuite& suite) {
+    enter<&StageSuite::GetModifiers, getModifiers>(suite);
+    enter<&StageSuite::SetCursor, setCursor>(suite);
+}
+
+void fill(AIRealMathSuite& suite) { enter<&AIRealMathSuite::RealPointLength, pointLength>(suite); }
+
+} // namespace easel::suites

@@ -1,0 +1,149 @@
+// The path and path style suites on the paths of a document.
+#include "suites/Suites.h"
+#include "suites/Thunk.h"
+
+#include <cmath>
+
+#include <2geom/bezier-curve.h>
+
+namespace easel::suites {
+
+namespace {
+
+using model::PathPoint;
+
+/// Art that is known to be a path.
+struct Path : Art {
+    [[nodiscard]] const model::PathData& data() const { return node.path(); }
+    [[nodiscard]] std::int16_t count() const { return static_cast<std::int16_t>(data().points.size()); }
+};
+
+} // namespace
+
+template <> struct Argument<Path> {
+    static Path from(AIArtHandle handle) {
+        const Art art = resolveArt(handle);
+        require(art.node.type() == model::NodeType::Path);
+        return {art};
+    }
+};
+
+namespace {
+
+AIRealPoint toHost(model::Point point) { return {point.x, point.y}; }
+
+model::Point fromHost(AIRealPoint point) {
+    require(std::isfinite(point.h) && std::isfinite(point.v));
+    return {point.h, point.v};
+}
+
+// Points
+
+void getCount(Path path, std::int16_t& count) { count = path.count(); }
+
+void setCount(Path path, std::int16_t count) {
+    require(count >= 0);
+    path.document.setPointCount(path.node, static_cast<std::size_t>(count));
+}
+
+void getSegments(Path path, std::int16_t index, std::int16_t count, AIPathSegment& segments) {
+    require(index >= 0 && count >= 0 && index + count <= path.count());
+    AIPathSegment* out = &segments;
+    for (std::int16_t i = index; i < index + count; ++i) {
+        const PathPoint& point = path.data().points[static_cast<std::size_t>(i)];
+        *out++ = {toHost(point.anchor), toHost(point.in), toHost(point.out), point.corner};
+    }
+}
+
+void setSegments(Path path, std::int16_t index, std::int16_t count, const AIPathSegment& segments) {
+    require(index >= 0 && count >= 0 && index + count <= path.count());
+    // Kept between calls, since a drag comes here at every move. Converted whole first: a bad point changes nothing.
+    static std::vector<PathPoint> points;
+    points.clear();
+    for (const AIPathSegment* in = &segments; in != &segments + count; ++in)
+        points.push_back({fromHost(in->p), fromHost(in->in), fromHost(in->out), in->corner != 0});
+    path.document.setPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
+}
+
+void getClosed(Path path, AIBoolean& closed) { closed = path.data().closed; }
+void setClosed(Path path, AIBoolean closed) { path.document.setClosed(path.node, closed != 0); }
+void reversePath(Path path) { path.document.reverse(path.node); }
+
+void getLength(Path path, AIReal& length, AIReal flatness) {
+    require(flatness > 0);
+    const std::vector<PathPoint>& points = path.data().points;
+    AIReal sum = 0;
+    for (std::size_t i = 0; i < path.data().segmentCount(); ++i) {
+        const PathPoint& from = points[i];
+        const PathPoint& to = points[(i + 1) % points.size()];
+        const bool straight = from.out == from.anchor && to.in == to.anchor;
+        const auto at = [](model::Point point) { return Geom::Point(point.x, point.y); };
+        sum += straight ? std::hypot(to.anchor.x - from.anchor.x, to.anchor.y - from.anchor.y)
+                        : Geom::CubicBezier(at(from.anchor), at(from.out), at(to.in), at(to.anchor)).length(flatness);
+    }
+    length = sum;
+}
+
+// Style
+
+void getStyle(Path path, AIPathStyle& out) {
+    const model::Style& style = path.node.style();
+    const auto color = [](const model::Color& c) { return AIColor{c.red, c.green, c.blue}; };
+    AIPathStyle answer{.fillPaint = style.fill,
+                       .strokePaint = style.stroke,
+                       .fillColor = color(style.fillColor),
+                       .strokeColor = color(style.strokeColor),
+                       .strokeWidth = style.strokeWidth,
+                       .miterLimit = style.miterLimit,
+                       .cap = static_cast<std::int16_t>(style.cap),
+                       .join = static_cast<std::int16_t>(style.join),
+                       .dash = {.length = style.dashCount, .offset = style.dashOffset, .array = {}}};
+    std::copy(style.dashes.begin(), style.dashes.end(), answer.dash.array);
+    out = answer;
+}
+
+void setStyle(Path path, const AIPathStyle& in) {
+    const auto unit = [](double value) { return value >= 0 && value <= 1; };
+    const auto color = [&](const AIColor& c) {
+        require(unit(c.red) && unit(c.green) && unit(c.blue));
+        return model::Color{c.red, c.green, c.blue};
+    };
+    require(in.strokeWidth >= 0 && std::isfinite(in.strokeWidth) && in.miterLimit >= 1 && std::isfinite(in.miterLimit));
+    require(in.cap >= kAIButtCap && in.cap <= kAIProjectingCap && in.join >= kAIMiterJoin && in.join <= kAIBevelJoin);
+    require(in.dash.length >= 0 && in.dash.length <= kMaxDashComponents && std::isfinite(in.dash.offset));
+    model::Style style{.fill = in.fillPaint != 0,
+                       .stroke = in.strokePaint != 0,
+                       .fillColor = color(in.fillColor),
+                       .strokeColor = color(in.strokeColor),
+                       .strokeWidth = in.strokeWidth,
+                       .miterLimit = in.miterLimit,
+                       .cap = static_cast<model::Cap>(in.cap),
+                       .join = static_cast<model::Join>(in.join),
+                       .dashCount = static_cast<std::uint8_t>(in.dash.length),
+                       .dashOffset = in.dash.offset};
+    for (std::size_t i = 0; i < style.dashCount; ++i) {
+        require(in.dash.array[i] >= 0 && std::isfinite(in.dash.array[i]));
+        style.dashes[i] = in.dash.array[i];
+    }
+    path.document.setStyle(path.node, style);
+}
+
+} // namespace
+
+void fill(AIPathSuite& suite) {
+    enter<&AIPathSuite::GetPathSegmentCount, getCount>(suite);
+    enter<&AIPathSuite::SetPathSegmentCount, setCount>(suite);
+    enter<&AIPathSuite::GetPathSegments, getSegments>(suite);
+    enter<&AIPathSuite::SetPathSegments, setSegments>(suite);
+    enter<&AIPathSuite::GetPathClosed, getClosed>(suite);
+    enter<&AIPathSuite::SetPathClosed, setClosed>(suite);
+    enter<&AIPathSuite::ReversePathSegments, reversePath>(suite);
+    enter<&AIPathSuite::GetPathLength, getLength>(suite);
+}
+
+void fill(AIPathStyleSuite& suite) {
+    enter<&AIPathStyleSuite::GetPathStyle, getStyle>(suite);
+    enter<&AIPathStyleSuite::SetPathStyle, setStyle>(suite);
+}
+
+} // namespace easel::suites

@@ -1,0 +1,75 @@
+// The tool suite on the session's toolbox.
+#include "suites/Suites.h"
+#include "suites/Thunk.h"
+
+namespace easel::suites {
+
+namespace {
+
+using session::Tool;
+
+void addTool(session::Plugin& self, std::string_view name, const AIAddToolData& data, std::int32_t options,
+             AIToolHandle& handle) {
+    Tool tool;
+    tool.owner = &self;
+    tool.name = name;
+    tool.title = &required(data.title);
+    tool.tip = &required(data.tooltip);
+    tool.group = data.groupNumber;
+    tool.toolset = data.toolsetNumber;
+    tool.lightIcon = data.lightIconID;
+    tool.darkIcon = data.darkIconID;
+    tool.options = options;
+    handle = Session::current().toolbox.add(std::move(tool)).handle;
+}
+
+void removeTool(Tool& tool) { Session::current().toolbox.remove(tool); }
+
+void getNumber(Tool& tool, std::int16_t& number) { number = tool.number; }
+void getName(Tool& tool, const char*& name) { name = tool.name.c_str(); }
+void getTitle(Tool& tool, const char*& title) { title = tool.title.c_str(); }
+void setTitle(Tool& tool, std::string_view title) { tool.title = title; }
+void getTip(Tool& tool, const char*& tip) { tip = tool.tip.c_str(); }
+void setTip(Tool& tool, std::string_view tip) { tool.tip = tip; }
+void getOptions(Tool& tool, std::int32_t& options) { options = tool.options; }
+void setOptions(Tool& tool, std::int32_t options) { tool.options = options; }
+
+void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
+    light = tool.lightIcon;
+    dark = tool.darkIcon;
+}
+
+void setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
+    tool.lightIcon = light;
+    tool.darkIcon = dark;
+}
+
+void getSelected(AIToolHandle& handle) {
+    const Tool* tool = Session::current().toolbox.current();
+    handle = tool ? tool->handle : nullptr;
+}
+
+void setSelected(Tool& tool) {
+    Session::current().messenger.afterwards([&tool] { Session::current().selectTool(tool); });
+}
+
+} // namespace
+
+void fill(AIToolSuite& suite) {
+    enter<&AIToolSuite::AddTool, addTool>(suite);
+    enter<&AIToolSuite::RemoveTool, removeTool>(suite);
+    enter<&AIToolSuite::GetToolNumberFromHandle, getNumber>(suite);
+    enter<&AIToolSuite::GetToolName, getName>(suite);
+    enter<&AIToolSuite::GetToolTitle, getTitle>(suite);
+    enter<&AIToolSuite::SetToolTitle, setTitle>(suite);
+    enter<&AIToolSuite::GetTooltip, getTip>(suite);
+    enter<&AIToolSuite::SetTooltip, setTip>(suite);
+    enter<&AIToolSuite::GetToolOptions, getOptions>(suite);
+    enter<&AIToolSuite::SetToolOptions, setOptions>(suite);
+    enter<&AIToolSuite::GetToolIconIDs, getIcons>(suite);
+    enter<&AIToolSuite::SetToolIconIDs, setIcons>(suite);
+    enter<&AIToolSuite::GetSelectedTool, getSelected>(suite);
+    enter<&AIToolSuite::SetSelectedTool, setSelected>(suite);
+}
+
+} // namespace easel::suites
