@@ -1,0 +1,109 @@
+// A document: layers of art, changed only through the operations below, each of which is noted in the journal. Knows no
+// plug-in, no file and no window.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "model/HitTest.h"
+#include "model/Journal.h"
+#include "model/Node.h"
+
+namespace easel::model {
+
+/// Where new or moved art goes: next to `anchor`, or into it.
+enum class Placement : std::uint8_t { Above, Below, OnTopInside, AtBottomInside };
+
+/// What the user sees of a document.
+struct View {
+    double zoom = 1; ///< screen units a point
+    Point center;
+
+    bool operator==(const View&) const = default;
+};
+
+/// Every change is a transaction of its own unless one is running (see Journal). A change that changes nothing leaves
+/// no note. Where a node is asked for, it hangs in this document.
+class Document {
+  public:
+    /// A document of `width` by `height` points with one empty layer, which is current.
+    Document(double width, double height);
+    ~Document();
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    // Page and view
+    [[nodiscard]] double width() const;
+    [[nodiscard]] double height() const;
+    View view;                            ///< not part of undo
+    [[nodiscard]] Box visibleBox() const; ///< the page-sized window at the view's centre, divided by its zoom
+
+    // Layers; layer 0 is the topmost. The last layer cannot be removed; when the current one goes, the topmost takes
+    // over.
+    [[nodiscard]] Node& root();
+    [[nodiscard]] std::size_t layerCount() const;
+    [[nodiscard]] Node* layerAt(std::size_t index);
+    [[nodiscard]] Node& currentLayer();
+    void setCurrentLayer(Node& layer);      ///< not part of undo
+    Node& addLayer(std::string_view title); ///< on top of all, and current
+
+    // Looking up
+    /// The node in the document with this identity, or null when it was removed or never was.
+    [[nodiscard]] Node* find(NodeId id);
+    [[nodiscard]] Node* findByName(std::string_view name);
+    /// Negative when `a` lies above `b` in paint order, positive when below, 0 for the same node. Costs their depth.
+    [[nodiscard]] static int comparePaintOrder(const Node& a, const Node& b);
+    /// Selected art, topmost first; a group counts when it is selected itself.
+    [[nodiscard]] std::vector<Node*> selection();
+    [[nodiscard]] bool hasSelection(const Node& within) const;
+
+    // Art
+    /// Makes an empty group or path. The caller has checked that `anchor` may have such a neighbour or child.
+    Node& create(NodeType type, Placement placement, Node& anchor);
+    void remove(Node& node);
+    void place(Node& node, Placement placement, Node& anchor);
+    void setName(Node& node, std::string_view name);
+    void setLocked(Node& node, bool locked);
+    void setHidden(Node& node, bool hidden);
+
+    // Paths
+    void setPath(Node& path, PathData data);
+    void setPoints(Node& path, std::size_t index, const PathPoint* points,
+                   std::size_t count);                 ///< in place where possible
+    void setPointCount(Node& path, std::size_t count); ///< cuts off at the end, or appends corners at the origin
+    void setClosed(Node& path, bool closed);
+    void reverse(Node& path);
+    void setStyle(Node& path, const Style& style);
+    /// Moves the node and all it holds.
+    void offset(Node& node, double dx, double dy);
+
+    // Selection
+    /// A container with all it holds. A group with something in it that is deselected is no longer selected itself;
+    /// layers never are.
+    void select(Node& node, bool selected);
+    void selectPoints(Node& path, PointSelection points); ///< one flag a point; none at all deselects the path
+    void deselectAll();
+    void deselectAll(Node& within);
+
+    // Searching
+    /// The feature at `point` within `tolerance` points among `within` and all it holds; see HitTest.h.
+    [[nodiscard]] Hit hitTest(Node& within, Point point, double tolerance, HitRequest request);
+    /// The nearest visible anchor within `tolerance`, passing over art that the running gesture moved.
+    [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance);
+
+    [[nodiscard]] Journal& journal();
+
+    /// Whether both show the same: layers, tree, names, flags, paths, styles, page. Selection, view and identities do
+    /// not count.
+    [[nodiscard]] static bool sameContent(const Document& a, const Document& b);
+
+  private:
+    struct Impl;
+    std::unique_ptr<Impl> impl_;
+};
+
+} // namespace easel::model

@@ -1,0 +1,42 @@
+// What a search for the feature under a point asks and answers. The search itself is Document::hitTest.
+#pragma once
+
+#include <cstdint>
+
+#include "model/Types.h"
+
+namespace easel::model {
+
+class Node;
+
+/// What to look for, a bit set.
+/// Nothing in a document is a guide.
+enum class HitRequest : std::uint32_t {
+    Nothing = 0,
+    Anchors = 1,
+    InHandles = 2,
+    OutHandles = 4,
+    Segments = 8,
+    Fills = 16,
+    Guides = 65536
+};
+
+[[nodiscard]] constexpr HitRequest operator|(HitRequest a, HitRequest b) {
+    return HitRequest(std::uint32_t(a) | std::uint32_t(b));
+}
+[[nodiscard]] constexpr bool asksFor(HitRequest request, HitRequest feature) {
+    return (std::uint32_t(request) & std::uint32_t(feature)) != 0;
+}
+
+enum class HitKind : std::uint8_t { None, Anchor, InHandle, OutHandle, Segment, Fill };
+
+/// The kind of feature decides first, in the order of HitKind, then distance, then paint order.
+struct Hit {
+    HitKind kind = HitKind::None;
+    Node* node = nullptr;
+    Point point;    ///< nearest point of the feature; for a fill, the point tested
+    int index = -1; ///< of the anchor, or of the anchor that starts the segment; -1 for a fill
+    double t = 0;   ///< curve parameter on a segment: the curve of the four control points at `t` is `point`
+};
+
+} // namespace easel::model

@@ -1,0 +1,94 @@
+// The one record of change: before a node changes, its state is noted once per transaction. Undo, redo and roll-back
+// replay notes, so their cost is that of the change.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "model/Node.h"
+
+namespace easel::model {
+
+/// What becomes of the changes of a transaction.
+enum class UndoKind : std::uint8_t {
+    Standard, ///< a step of its own
+    Silent,   ///< no step; undone together with the step before
+    Append    ///< part of the last step
+};
+
+class Tree;
+
+class Journal {
+  public:
+    explicit Journal(Tree& tree);
+    ~Journal();
+    Journal(const Journal&) = delete;
+    Journal& operator=(const Journal&) = delete;
+
+    // Transactions. An inner one joins the outer one; the outermost decides what is kept.
+    void begin();
+    void end();                  ///< a change of selection alone, or no net change, makes no step
+    void setKind(UndoKind kind); ///< of the running transaction; Standard at its begin
+    [[nodiscard]] bool running() const;
+
+    // Gestures, inside a running transaction
+    /// Opens an inner record on top of what has been noted so far (what a press left).
+    void mark();
+    /// Puts the document back to where it stood at `mark`, and remembers which nodes were put back (see
+    /// Document::snapPoint). Nodes made since then are gone for good.
+    void rollBackToMark();
+    /// Joins the inner record to the outer one; forgets what the gesture moved.
+    void dropMark();
+    /// Ends the outermost transaction by undoing all of it.
+    void abandon();
+
+    // History
+    bool undo(); ///< false when there is nothing to undo
+    bool redo();
+    [[nodiscard]] std::size_t undoDepth() const;
+    [[nodiscard]] std::size_t redoDepth() const;
+
+    // For Document
+    /// To be called before a node changes, inside a transaction.
+    void note(Node& node);
+    [[nodiscard]] bool wasPutBack(const Node& node) const;
+
+  private:
+    struct Note {
+        Node* node;
+        std::uint64_t previous; // the record below this one that has a note of the node; 0: none
+        bool alive;
+        NodeState state;
+    };
+    struct Record {
+        std::uint64_t id = 0;
+        std::vector<Note> notes;
+    };
+    enum class Change { None, Order, Selection, Real };
+
+    Record& top() { return marked_ ? inner_ : outer_; }
+    void exchange(Record& record);
+    void unwind(Record& record);
+    void join(Record& upper, Record& lower);
+    void settle();
+    void forget(Record& record);
+    void forgetRedo();
+    [[nodiscard]] Change netChange(const Record& record) const;
+    bool restoresOrder(Record& record);
+    void dropUnchanged(Record& record);
+
+    Tree& tree_;
+    int depth_ = 0;
+    bool marked_ = false;
+    UndoKind kind_ = UndoKind::Standard;
+    UndoKind kindAtMark_ = UndoKind::Standard;
+    std::uint64_t lastId_ = 0;
+    std::uint32_t rollBack_ = 1; // numbers the roll-backs; 0 in a node: none
+    Record outer_;
+    Record inner_;
+    std::vector<Record> undo_;
+    std::vector<Record> redo_;
+};
+
+} // namespace easel::model

@@ -1,0 +1,111 @@
+// One object of a document: a layer, a group, a path. Nodes are read by everyone and changed by Document alone, so that
+// no change escapes the journal.
+#pragma once
+
+#include <boost/intrusive/set_hook.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/Types.h"
+
+namespace easel::model {
+
+/// A node's identity: where it is stored, and how many times that place has been used. Undo brings a removed node
+/// back with the identity it had.
+struct NodeId {
+    std::uint32_t slot = 0;
+    std::uint32_t generation = 0; ///< 0 is no node
+
+    bool operator==(const NodeId&) const = default;
+};
+
+enum class NodeType : std::uint8_t { Root, Layer, Group, Path };
+
+/// Which points of a selected path are selected, one flag a point.
+using PointSelection = std::vector<bool>;
+
+/// What the journal keeps of a node and undo brings back. Payloads are shared and never changed in place once a second
+/// holder exists, so a copy of a state costs a few pointers.
+struct NodeState {
+    class Node* parent = nullptr; ///< null: not in the document
+    std::uint64_t order = 0;      ///< place among the siblings; the smaller is nearer to the viewer
+    bool selected = false;
+    bool locked = false;
+    bool hidden = false;
+    std::shared_ptr<const PathData> path;                 ///< paths only
+    std::shared_ptr<const Style> style;                   ///< paths only
+    std::shared_ptr<const PointSelection> pointSelection; ///< null: all points, if the path is selected
+    std::shared_ptr<const std::string> name;              ///< a layer's title, an object's id; may be null
+
+    bool operator==(const NodeState&) const = default;
+};
+
+class Node {
+  public:
+    Node(NodeId id, NodeType type);
+    ~Node();
+    Node(const Node&) = delete;
+    Node& operator=(const Node&) = delete;
+
+    [[nodiscard]] NodeId id() const { return id_; }
+    [[nodiscard]] NodeType type() const { return type_; }
+    [[nodiscard]] bool isContainer() const { return type_ != NodeType::Path; }
+    /// Whether the node hangs in the document; false for a removed one that only the journal knows.
+    [[nodiscard]] bool alive() const { return alive_; }
+
+    [[nodiscard]] bool selected() const { return state_.selected; }
+    [[nodiscard]] bool locked() const { return state_.locked; }
+    [[nodiscard]] bool hidden() const { return state_.hidden; }
+    [[nodiscard]] const std::string& name() const;
+    [[nodiscard]] const PathData& path() const { return *state_.path; }
+    [[nodiscard]] const Style& style() const { return *state_.style; }
+    [[nodiscard]] bool pointSelected(std::size_t index) const;
+    [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
+
+    /// Relatives; null where there is none. The first child is the topmost.
+    [[nodiscard]] Node* parent() const { return state_.parent; }
+    [[nodiscard]] Node* firstChild() const;
+    [[nodiscard]] Node* lastChild() const;
+    [[nodiscard]] Node* next() const;
+    [[nodiscard]] Node* previous() const;
+    [[nodiscard]] std::size_t childCount() const;
+    /// The layer that holds this node; a layer answers itself.
+    [[nodiscard]] const Node& layer() const;
+    [[nodiscard]] bool isWithin(const Node& ancestor) const;
+    /// Whether the node or anything around it is hidden (locked).
+    [[nodiscard]] bool effectivelyHidden() const;
+    [[nodiscard]] bool effectivelyLocked() const;
+
+  private:
+    friend class Document;
+    friend class Journal;
+    friend class OrderLabels;
+    friend class SpatialIndex;
+    friend class Tree;
+    friend struct Children;
+
+    using Hook = boost::intrusive::set_member_hook<boost::intrusive::optimize_size<true>,
+                                                   boost::intrusive::link_mode<boost::intrusive::safe_link>>;
+    enum class Indexed : std::uint8_t { No, Loose, InTree };
+
+    NodeId id_;
+    NodeType type_;
+    bool alive_ = false;
+    Indexed indexed_ = Indexed::No;
+    NodeState state_;
+    Hook hook_;                                 // in the parent's children
+    std::unique_ptr<struct Children> children_; // containers only
+
+    static constexpr std::uint32_t nowhere = UINT32_MAX;
+    std::uint64_t record_ = 0;              // the newest record on the journal's stack that has a note of this node
+    std::uint32_t noteCount_ = 0;           // notes in all records, those to be redone included
+    std::uint32_t putBackBy_ = 0;           // the roll-back that last changed this node
+    std::uint32_t selectedPlace_ = nowhere; // in the tree's list of selected nodes
+    std::uint32_t loosePlace_ = nowhere;    // in the index's list of loose nodes
+};
+
+} // namespace easel::model

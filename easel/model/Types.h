@@ -1,0 +1,85 @@
+// The plain values that a drawing is made of: points, path data, styles. No document, no identity.
+// Lengths are points (1/72 inch), x right, y down.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+namespace easel::model {
+
+struct Point {
+    double x = 0;
+    double y = 0;
+
+    bool operator==(const Point&) const = default;
+};
+
+/// An upright rectangle; top is the smaller y. A default box is empty and grows by `include`.
+struct Box {
+    double left = 1e300;
+    double top = 1e300;
+    double right = -1e300;
+    double bottom = -1e300;
+
+    [[nodiscard]] bool isEmpty() const { return left > right || top > bottom; }
+    [[nodiscard]] bool meets(const Box& other) const;
+    void include(Point point);
+    void include(const Box& other);
+
+    bool operator==(const Box&) const = default;
+};
+
+/// One anchor with its control points towards the previous (`in`) and the next anchor (`out`).
+struct PathPoint {
+    Point anchor;
+    Point in;
+    Point out;
+    bool corner = true;
+
+    bool operator==(const PathPoint&) const = default;
+};
+
+struct PathData {
+    std::vector<PathPoint> points;
+    bool closed = false;
+
+    /// Number of curve pieces: one per pair of neighbours, and the closing one.
+    [[nodiscard]] std::size_t segmentCount() const;
+    /// Holds all anchors and control points, hence the whole curve.
+    [[nodiscard]] Box hull() const;
+
+    bool operator==(const PathData&) const = default;
+};
+
+/// Red, green, blue, 0 to 1.
+struct Color {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+
+    bool operator==(const Color&) const = default;
+};
+
+enum class Cap : std::uint8_t { Butt, Round, Projecting };
+enum class Join : std::uint8_t { Miter, Round, Bevel };
+
+/// Paint of a path. The default is what a new path gets: no fill, a solid black stroke of 1 point.
+struct Style {
+    bool fill = false;
+    bool stroke = true;
+    Color fillColor;
+    Color strokeColor;
+    double strokeWidth = 1;
+    double miterLimit = 10;
+    Cap cap = Cap::Butt;
+    Join join = Join::Miter;
+    std::uint8_t dashCount = 0; ///< how many of `dashes` count; 0 is a solid line
+    double dashOffset = 0;
+    std::array<double, 6> dashes{};
+
+    bool operator==(const Style&) const = default;
+};
+
+} // namespace easel::model
