@@ -1,0 +1,111 @@
+// print and assert, and the app object: documents, tools, start and end.
+#include "script/Calls.h"
+#include "script/Text.h"
+
+namespace easel::script {
+
+namespace {
+
+void print(Host& host, const Rest& rest) {
+    const char* gap = "";
+    for (const std::string& text : rest.texts) {
+        host.out << gap << fromEngine(text).value_or(text);
+        gap = " ";
+    }
+    host.out << std::endl;
+}
+
+void assertThat(Host& /*host*/, Condition condition, const std::optional<std::string>& text) {
+    if (!condition.holds) throw session::Error("failed" + (text ? ": " + *text : ""));
+}
+
+// Documents
+
+Document newDocument(Host& host, Positive width, Positive height) {
+    return {&host.session.newDocument(width.value, height.value)};
+}
+
+Document open(Host& host, const std::string& path) { return {&host.session.open(path)}; }
+
+void save(Host& host, const std::string& path) { host.session.save(path); }
+
+void exportPng(Host& host, const std::string& path, std::optional<Positive> scale) {
+    host.session.exportPng(path, scale.value_or(Positive{}).value);
+}
+
+void close(Host& host) {
+    (void)host.session.needDocument();
+    host.session.close();
+}
+
+std::optional<Document> frontDocument(Host& host) {
+    auto* const document = host.session.document();
+    return document != nullptr ? std::optional(Document{document}) : std::nullopt;
+}
+
+// Tools
+
+session::Tool& toolTitled(Host& host, const std::string& title) {
+    auto* const tool = host.session.toolbox.findByTitle(title);
+    if (tool == nullptr) throw session::Error("no tool has the title \"" + title + '"');
+    return *tool;
+}
+
+std::vector<std::string> tools(Host& host) {
+    std::vector<std::string> titles;
+    for (const auto* tool : host.session.toolbox.all()) titles.push_back(tool->title);
+    return titles;
+}
+
+std::optional<std::string> currentTool(Host& host) {
+    const auto* const tool = host.session.toolbox.current();
+    return tool != nullptr ? std::optional(tool->title) : std::nullopt;
+}
+
+void selectTool(Host& host, const std::string& title) { host.session.selectTool(toolTitled(host, title)); }
+
+void editTool(Host& host, const std::string& title) { host.session.editTool(toolTitled(host, title)); }
+
+std::int32_t cursor(Host& host) { return host.session.cursor(); }
+
+// Start and end
+
+void start(Host& host) {
+    std::string declined;
+    for (const std::string& line : host.session.start()) declined += (declined.empty() ? "" : "; ") + line;
+    if (!declined.empty()) throw session::Error(declined);
+}
+
+void quit(Host& host) { host.session.quit(); }
+
+std::vector<std::string> reports(Host& host) { return host.session.reports(); }
+
+constexpr Row globals[] = {
+    method<print>("print", "values"),
+    method<assertThat>("assert", "condition, text"),
+};
+
+constexpr Row app[] = {
+    method<newDocument>("app.newDocument", "width, height"),
+    method<open>("app.open", "path"),
+    method<save>("app.save", "path"),
+    method<exportPng>("app.exportPNG", "path, scale"),
+    method<close>("app.close", ""),
+    property<frontDocument>("app.document"),
+    property<tools>("app.tools"),
+    property<currentTool>("app.currentTool"),
+    method<selectTool>("app.selectTool", "title"),
+    method<editTool>("app.editTool", "title"),
+    property<cursor>("app.cursor"),
+    method<start>("app.start", ""),
+    method<quit>("app.quit", ""),
+    property<reports>("app.reports"),
+};
+
+} // namespace
+
+std::span<const Row> globalRows() { return globals; }
+
+std::span<const Row> appRows() { return app; }
+
+} // namespace easel::script

@@ -1,0 +1,225 @@
+// Document and view objects: looking up, selecting, editing, history. Each editing call is one undo step.
+#include "script/Step.h"
+
+#include <array>
+#include <unordered_set>
+
+namespace easel::script {
+
+namespace {
+
+/// One piece of art or a list of them.
+struct ArtList {
+    std::vector<Art> items;
+};
+
+void read(const Value& value, ArtList& slot) {
+    if (duk_is_array(value.engine(), value.index()))
+        read(value, slot.items);
+    else
+        read(value, slot.items.emplace_back());
+}
+
+struct PathOptions {
+    bool closed = false;
+    std::optional<Layer> layer;
+};
+
+void read(const Value& value, PathOptions& slot) {
+    static constexpr std::array<std::string_view, 2> names{"closed", "layer"};
+    if (!duk_is_object(value.engine(), value.index())) value.mustBe("an object like {closed: true}");
+    value.mustHaveOnly(names);
+    slot.closed = value.member<std::optional<bool>>("closed").value_or(false);
+    slot.layer = value.member<std::optional<Layer>>("layer");
+}
+
+void mustBelong(const Object& object, const Document& document, std::string_view argument) {
+    if (object.document != document.open) throw BadArgument(std::string(argument) + " belongs to another document");
+}
+
+std::vector<Object> objects(const Document& document, const std::vector<model::Node*>& nodes) {
+    std::vector<Object> found;
+    for (auto* node : nodes) found.push_back({document.open, node});
+    return found;
+}
+
+/// The art of a list, each piece once, without what lies in a group that is listed as well.
+std::vector<model::Node*> outermost(const ArtList& list, const Document& document) {
+    std::unordered_set<const model::Node*> listed;
+    for (const Art& art : list.items) {
+        mustBelong(art, document, "argument 1 (objects)");
+        listed.insert(art.node);
+    }
+    std::unordered_set<const model::Node*> taken;
+    std::vector<model::Node*> nodes;
+    for (const Art& art : list.items) {
+        const auto* around = art->parent();
+        while (around != nullptr && listed.count(around) == 0) around = around->parent();
+        if (around == nullptr && taken.insert(art.node).second) nodes.push_back(art.node);
+    }
+    return nodes;
+}
+
+using ThisDocument = This<Document>;
+
+// Looking up
+
+std::vector<Object> layers(Host& /*host*/, const ThisDocument& doc) {
+    std::vector<model::Node*> nodes;
+    for (std::size_t i = 0; i < doc->layerCount(); ++i) nodes.push_back(doc->layerAt(i));
+    return objects(doc, nodes);
+}
+
+std::vector<Object> paths(Host& /*host*/, const ThisDocument& doc) {
+    std::vector<model::Node*> nodes;
+    for (model::Node* node = &doc->root(); node != nullptr;) {
+        if (node->type() == model::NodeType::Path) nodes.push_back(node);
+        if (node->firstChild() != nullptr) {
+            node = node->firstChild();
+            continue;
+        }
+        while (node != nullptr && node->next() == nullptr) node = node->parent();
+        if (node != nullptr) node = node->next();
+    }
+    return objects(doc, nodes);
+}
+
+std::optional<Object> find(Host& /*host*/, const ThisDocument& doc, const std::string& id) {
+    auto* const node = doc->findByName(id);
+    return node != nullptr ? std::optional(Object{doc.open, node}) : std::nullopt;
+}
+
+double width(Host& /*host*/, const ThisDocument& doc) { return doc->width(); }
+
+double height(Host& /*host*/, const ThisDocument& doc) { return doc->height(); }
+
+// Selection
+
+std::vector<Object> selection(Host& /*host*/, const ThisDocument& doc) { return objects(doc, doc->selection()); }
+
+void select(Host& host, const ThisDocument& doc, const ArtList& list) {
+    const auto nodes = outermost(list, doc);
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) doc->select(*node, true);
+    });
+}
+
+void selectPoints(Host& host, const ThisDocument& doc, const Art& path, const std::vector<std::size_t>& indices) {
+    mustBelong(path, doc, "argument 1 (path)");
+    if (path->type() != model::NodeType::Path) throw BadArgument("argument 1 (path) is a group and has no points");
+    model::PointSelection points(path->path().points.size(), false);
+    for (const std::size_t index : indices) {
+        if (index >= points.size())
+            throw BadArgument("argument 2 (indices): the path has no point " + std::to_string(index));
+        points[index] = true;
+    }
+    edit(host, *doc, [&] { doc->selectPoints(*path.node, points); });
+}
+
+void deselectAll(Host& host, const ThisDocument& doc) {
+    edit(host, *doc, [&] { doc->deselectAll(); });
+}
+
+// Layers
+
+Object addLayer(Host& host, const ThisDocument& doc, const std::string& title) {
+    Object layer{doc.open, nullptr};
+    edit(host, *doc, [&] { layer.node = &doc->addLayer(title); });
+    return layer;
+}
+
+Object currentLayer(Host& /*host*/, const ThisDocument& doc) { return {doc.open, &doc->currentLayer()}; }
+
+void setCurrentLayer(Host& /*host*/, const ThisDocument& doc, const Layer& layer) {
+    mustBelong(layer, doc, "argument 1 (value)");
+    doc->setCurrentLayer(*layer.node);
+}
+
+// Editing
+
+Object addPath(Host& host, const ThisDocument& doc, const std::vector<model::PathPoint>& points,
+               const std::optional<PathOptions>& options) {
+    if (points.empty()) throw BadArgument("argument 1 (points) must have a point");
+    const PathOptions how = options.value_or(PathOptions{});
+    if (how.layer) mustBelong(*how.layer, doc, "argument 2 (options), layer,");
+    Object path{doc.open, nullptr};
+    edit(host, *doc, [&] {
+        auto& layer = how.layer ? *how.layer->node : doc->currentLayer();
+        path.node = &doc->create(model::NodeType::Path, model::Placement::OnTopInside, layer);
+        doc->setPath(*path.node, {.points = points, .closed = how.closed});
+    });
+    return path;
+}
+
+void move(Host& host, const ThisDocument& doc, const ArtList& list, double dx, double dy) {
+    const auto nodes = outermost(list, doc);
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) doc->offset(*node, dx, dy);
+    });
+}
+
+void remove(Host& host, const ThisDocument& doc, const ArtList& list) {
+    const auto nodes = outermost(list, doc);
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) doc->remove(*node);
+    });
+}
+
+// History
+
+model::Journal& history(Host& host, const ThisDocument& doc) {
+    if (host.session.pointer.pressed()) throw session::Error("a gesture is running");
+    return doc->journal();
+}
+
+bool undo(Host& host, const ThisDocument& doc) { return history(host, doc).undo(); }
+
+bool redo(Host& host, const ThisDocument& doc) { return history(host, doc).redo(); }
+
+std::size_t undoDepth(Host& /*host*/, const ThisDocument& doc) { return doc->journal().undoDepth(); }
+
+// View
+
+View view(Host& /*host*/, const ThisDocument& doc) { return {doc.open}; }
+
+double zoom(Host& /*host*/, const This<View>& view) { return view.document->view.zoom; }
+
+void setZoom(Host& /*host*/, const This<View>& view, Positive zoom) { view.document->view.zoom = zoom.value; }
+
+model::Point center(Host& /*host*/, const This<View>& view) { return view.document->view.center; }
+
+void setCenter(Host& /*host*/, const This<View>& view, model::Point center) { view.document->view.center = center; }
+
+constexpr Row documentCalls[] = {
+    property<layers>("doc.layers"),
+    property<paths>("doc.paths"),
+    method<find>("doc.find", "id"),
+    property<width>("doc.width"),
+    property<height>("doc.height"),
+    property<selection>("doc.selection"),
+    method<select>("doc.select", "objects"),
+    method<selectPoints>("doc.selectPoints", "path, indices"),
+    method<deselectAll>("doc.deselectAll", ""),
+    method<addLayer>("doc.addLayer", "title"),
+    property<currentLayer, setCurrentLayer>("doc.currentLayer"),
+    method<addPath>("doc.addPath", "points, options"),
+    method<move>("doc.move", "objects, dx, dy"),
+    method<remove>("doc.remove", "objects"),
+    method<undo>("doc.undo", ""),
+    method<redo>("doc.redo", ""),
+    property<undoDepth>("doc.undoDepth"),
+    property<view>("doc.view"),
+};
+
+constexpr Row viewCalls[] = {
+    property<zoom, setZoom>("view.zoom"),
+    property<center, setCenter>("view.center"),
+};
+
+} // namespace
+
+std::span<const Row> documentRows() { return documentCalls; }
+
+std::span<const Row> viewRows() { return viewCalls; }
+
+} // namespace easel::script

@@ -1,0 +1,89 @@
+// Layer and art objects: what they are, and the few things of a layer that can be set.
+#include "script/Step.h"
+
+namespace easel::script {
+
+namespace {
+
+// Layers
+
+using ThisLayer = This<Layer>;
+
+std::string title(Host& /*host*/, const ThisLayer& layer) { return layer->name(); }
+
+void setTitle(Host& host, const ThisLayer& layer, const std::string& title) {
+    edit(host, *layer.document, [&] { layer.document->setName(*layer.node, title); });
+}
+
+bool layerLocked(Host& /*host*/, const ThisLayer& layer) { return layer->locked(); }
+
+void setLocked(Host& host, const ThisLayer& layer, bool locked) {
+    edit(host, *layer.document, [&] { layer.document->setLocked(*layer.node, locked); });
+}
+
+bool visible(Host& /*host*/, const ThisLayer& layer) { return !layer->hidden(); }
+
+void setVisible(Host& host, const ThisLayer& layer, bool visible) {
+    edit(host, *layer.document, [&] { layer.document->setHidden(*layer.node, !visible); });
+}
+
+// Art; what only a path has is null for a group
+
+using ThisArt = This<Art>;
+
+bool isPath(const Art& art) { return art->type() == model::NodeType::Path; }
+
+std::optional<std::string> id(Host& /*host*/, const ThisArt& art) {
+    return art->name().empty() ? std::nullopt : std::optional(art->name());
+}
+
+std::string_view type(Host& /*host*/, const ThisArt& art) { return isPath(art) ? "path" : "group"; }
+
+std::optional<bool> closed(Host& /*host*/, const ThisArt& art) {
+    return isPath(art) ? std::optional(art->path().closed) : std::nullopt;
+}
+
+std::optional<std::vector<PointRecord>> points(Host& /*host*/, const ThisArt& art) {
+    if (!isPath(art)) return std::nullopt;
+    std::vector<PointRecord> records;
+    for (const auto& point : art->path().points) records.push_back({point, art->pointSelected(records.size())});
+    return records;
+}
+
+Object layer(Host& /*host*/, const ThisArt& art) { return {art.document, art.document->find(art->layer().id())}; }
+
+bool selected(Host& /*host*/, const ThisArt& art) { return art->selected(); }
+
+bool artLocked(Host& /*host*/, const ThisArt& art) { return art->locked(); }
+
+bool hidden(Host& /*host*/, const ThisArt& art) { return art->hidden(); }
+
+std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
+    return isPath(art) ? std::optional(art->style()) : std::nullopt;
+}
+
+constexpr Row layerCalls[] = {
+    property<title, setTitle>("layer.title"),
+    property<layerLocked, setLocked>("layer.locked"),
+    property<visible, setVisible>("layer.visible"),
+};
+
+constexpr Row artCalls[] = {
+    property<id>("path.id"),
+    property<type>("path.type"),
+    property<closed>("path.closed"),
+    property<points>("path.points"),
+    property<layer>("path.layer"),
+    property<selected>("path.selected"),
+    property<artLocked>("path.locked"),
+    property<hidden>("path.hidden"),
+    property<style>("path.style"),
+};
+
+} // namespace
+
+std::span<const Row> layerRows() { return layerCalls; }
+
+std::span<const Row> artRows() { return artCalls; }
+
+} // namespace easel::script

@@ -1,0 +1,104 @@
+// Script objects and their hidden identities. Nothing here runs code of the script.
+#include "script/Objects.h"
+
+#include <array>
+#include <bit>
+#include <cstring>
+
+namespace easel::script {
+
+namespace {
+
+constexpr const char* identityKey = DUK_HIDDEN_SYMBOL("identity");
+
+struct Identity {
+    Kind kind;
+    std::uint32_t document = 0;
+    model::NodeId node = {};
+};
+using Key = std::array<char, sizeof(Identity)>;
+
+/// Pushes the object of this identity, made at its first use and kept in the engine's stash.
+void push(duk_context* engine, const Identity& identity) {
+    const auto key = std::bit_cast<Key>(identity);
+    duk_push_heap_stash(engine);
+    if (!duk_get_prop_lstring(engine, -1, key.data(), key.size())) {
+        duk_pop(engine);
+        duk_push_bare_object(engine);
+        duk_push_lstring(engine, key.data(), key.size());
+        duk_put_prop_string(engine, -2, identityKey);
+        duk_get_prop_index(engine, -2, static_cast<duk_uarridx_t>(identity.kind));
+        duk_set_prototype(engine, -2);
+        duk_freeze(engine, -1);
+        duk_dup(engine, -1);
+        duk_put_prop_lstring(engine, -3, key.data(), key.size());
+    }
+    duk_remove(engine, -2);
+}
+
+duk_ret_t getHidden(duk_context* engine, void* /*unused*/) {
+    duk_get_prop_string(engine, -1, identityKey);
+    return 1;
+}
+
+/// The identity of the value at `index`, if it is an object of this kind.
+std::optional<Identity> identityOf(duk_context* engine, duk_idx_t index, Kind kind) {
+    if (!duk_is_object(engine, index)) return std::nullopt;
+    duk_dup(engine, index);
+    // A stranger's prototype chain may hold a proxy, which answers by running the script.
+    duk_safe_call(engine, getHidden, nullptr, 1, 1);
+    std::optional<Identity> found;
+    duk_size_t size = 0;
+    const char* bytes = duk_get_lstring(engine, -1, &size);
+    if (size == sizeof(Identity)) {
+        Key key{};
+        std::memcpy(key.data(), bytes, size);
+        const auto identity = std::bit_cast<Identity>(key);
+        if (identity.kind == kind) found = identity;
+    }
+    duk_pop(engine);
+    return found;
+}
+
+model::Document& openDocument(const Identity& identity) {
+    auto* const document = session::Session::current().documentByNumber(identity.document);
+    if (document == nullptr) throw Stale("this document is closed");
+    return *document;
+}
+
+} // namespace
+
+void setPrototype(duk_context* engine, Kind kind) {
+    duk_push_heap_stash(engine);
+    duk_insert(engine, -2);
+    duk_put_prop_index(engine, -2, static_cast<duk_uarridx_t>(kind));
+    duk_pop(engine);
+}
+
+void pushDocument(duk_context* engine, model::Document& document, Kind kind) {
+    push(engine, {.kind = kind, .document = session::Session::current().numberOf(document)});
+}
+
+void pushNode(duk_context* engine, model::Document& document, const model::Node& node) {
+    push(engine, {.kind = node.type() == model::NodeType::Layer ? Kind::Layer : Kind::Art,
+                  .document = session::Session::current().numberOf(document),
+                  .node = node.id()});
+}
+
+std::optional<Document> findDocument(duk_context* engine, duk_idx_t index, Kind kind) {
+    const auto identity = identityOf(engine, index, kind);
+    return identity ? std::optional(Document{&openDocument(*identity)}) : std::nullopt;
+}
+
+std::optional<Object> findNode(duk_context* engine, duk_idx_t index, Kind kind) {
+    const auto identity = identityOf(engine, index, kind);
+    if (!identity) return std::nullopt;
+    auto& document = openDocument(*identity);
+    auto* const node = document.find(identity->node);
+    if (node == nullptr)
+        throw Stale(kind == Kind::Layer ? "this layer is no longer in the document"
+                                        : "this path is no longer in the document");
+    return Object{&document, node};
+}
+
+} // namespace easel::script

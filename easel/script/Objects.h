@@ -1,0 +1,52 @@
+// What script objects stand for: a document, its view, a layer, a piece of art. An object remembers an identity and no
+// address; the same thing is the same object each time.
+#pragma once
+
+#include <duktape.h>
+
+#include "model/Document.h"
+#include "session/Session.h"
+
+namespace easel::script {
+
+enum class Kind : std::uint32_t { Document, View, Layer, Art };
+
+/// A document, looked up and open.
+struct Document {
+    model::Document* open = nullptr;
+    model::Document* operator->() const { return open; }
+    model::Document& operator*() const { return *open; }
+};
+
+struct View {
+    model::Document* document = nullptr;
+};
+
+/// A layer or a piece of art, looked up and in its document.
+struct Object {
+    model::Document* document = nullptr;
+    model::Node* node = nullptr;
+    model::Node* operator->() const { return node; }
+};
+struct Layer : Object {};
+struct Art : Object {};
+
+/// Keeps the object on top of the stack, and takes it off, as what objects of this kind inherit from.
+void setPrototype(duk_context* engine, Kind kind);
+
+/// Pushes the object that stands for a thing.
+void pushDocument(duk_context* engine, model::Document& document, Kind kind = Kind::Document);
+void pushNode(duk_context* engine, model::Document& document, const model::Node& node);
+
+/// What the object at `index` stands for. Nothing when it is no object of that kind; throws Stale when what it stood
+/// for is gone.
+[[nodiscard]] std::optional<Document> findDocument(duk_context* engine, duk_idx_t index, Kind kind);
+[[nodiscard]] std::optional<Object> findNode(duk_context* engine, duk_idx_t index, Kind kind);
+
+/// what() names the thing that is gone.
+class Stale : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
+
+} // namespace easel::script

@@ -1,0 +1,57 @@
+// The mouse and keys objects: what the user's hands do.
+#include "script/Calls.h"
+
+namespace easel::script {
+
+namespace {
+
+using Modifiers = std::optional<ModifierKeys>;
+
+session::Modifiers bits(const Modifiers& modifiers) { return modifiers.value_or(ModifierKeys{}).bits; }
+
+void move(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.move({x, y}, bits(modifiers));
+}
+
+void press(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.press({x, y}, bits(modifiers));
+}
+
+void drag(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.drag({x, y}, bits(modifiers));
+}
+
+void release(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.release({x, y}, bits(modifiers));
+}
+
+void stroke(Host& host, const std::vector<model::Point>& points, const Modifiers& modifiers) {
+    if (points.empty()) throw BadArgument("argument 1 (points) must have a point");
+    auto& pointer = host.session.pointer;
+    pointer.press(points.front(), bits(modifiers));
+    for (std::size_t i = 1; i < points.size(); ++i) pointer.drag(points[i], bits(modifiers));
+    pointer.release(points.back(), bits(modifiers));
+}
+
+void pressKey(Host& host, const std::string& name, const Modifiers& /*modifiers*/) {
+    if (name != "Escape") throw BadArgument("argument 1 (name) must be \"Escape\", not \"" + name + '"');
+    if (host.session.pointer.pressed()) host.session.pointer.cancel();
+}
+
+constexpr Row mouse[] = {
+    method<move>("mouse.move", "x, y, modifiers"),       method<press>("mouse.press", "x, y, modifiers"),
+    method<drag>("mouse.drag", "x, y, modifiers"),       method<release>("mouse.release", "x, y, modifiers"),
+    method<stroke>("mouse.stroke", "points, modifiers"),
+};
+
+constexpr Row keys[] = {
+    method<pressKey>("keys.press", "name, modifiers"),
+};
+
+} // namespace
+
+std::span<const Row> mouseRows() { return mouse; }
+
+std::span<const Row> keysRows() { return keys; }
+
+} // namespace easel::script

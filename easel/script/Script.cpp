@@ -1,0 +1,150 @@
+// The engine of one script: set up, run, and its last error put into words.
+#include "script/Script.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "script/Calls.h"
+#include "script/Text.h"
+
+namespace easel::script {
+
+namespace {
+
+/// What the engine carries along. Set before the engine runs, since a jump out of it skips destructors.
+struct Running : Host {
+    std::string file; ///< in the engine's encoding, as everything that it is given
+    std::string source;
+    bool compiled = false;
+    int throwLine = 0; ///< of the script, where something was thrown last; 0: nowhere
+};
+
+std::string contentOf(const std::string& path) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "rb"), std::fclose);
+    std::string content;
+    std::array<char, 65536> buffer{};
+    if (file)
+        while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), file.get()))
+            content.append(buffer.data(), count);
+    if (!file || std::ferror(file.get()) != 0) throw ScriptError(path + ": cannot be read: " + std::strerror(errno));
+    return content;
+}
+
+/// Whether the member "fileName" of the object on top names the script, and not code that the script made from text.
+bool isFromScript(duk_context* engine) {
+    duk_get_prop_string(engine, -1, "fileName");
+    const char* const file = duk_get_string(engine, -1);
+    const bool same = file != nullptr && static_cast<Running&>(hostOf(engine)).file == file;
+    duk_pop(engine);
+    return same;
+}
+
+/// Called by the engine with all that is thrown. Errors know their line, but a script may throw anything.
+duk_ret_t noteThrow(duk_context* engine) {
+    int line = 0;
+    for (duk_int_t level = -2; line == 0; --level) {
+        duk_inspect_callstack_entry(engine, level);
+        if (!duk_is_object(engine, -1)) break;
+        duk_get_prop_string(engine, -1, "function");
+        const bool fromScript = duk_is_ecmascript_function(engine, -1) && isFromScript(engine);
+        duk_pop(engine);
+        duk_get_prop_string(engine, -1, "lineNumber");
+        if (fromScript) line = duk_get_int(engine, -1);
+        duk_pop_2(engine);
+    }
+    static_cast<Running&>(hostOf(engine)).throwLine = line;
+    duk_dup(engine, 0);
+    return 1;
+}
+
+void addObject(duk_context* engine, const char* name, std::span<const Row> rows) {
+    duk_push_object(engine);
+    define(engine, rows);
+    duk_freeze(engine, -1);
+    duk_put_global_string(engine, name);
+}
+
+void addPrototype(duk_context* engine, Kind kind, std::span<const Row> rows) {
+    duk_push_object(engine);
+    define(engine, rows);
+    duk_freeze(engine, -1);
+    setPrototype(engine, kind);
+}
+
+/// Everything that the engine does for a script, in one protected call.
+duk_ret_t play(duk_context* engine, void* /*unused*/) {
+    auto& running = static_cast<Running&>(hostOf(engine));
+    keepErrorConstructors(engine);
+    duk_get_global_string(engine, "Duktape");
+    duk_push_c_function(engine, noteThrow, 1);
+    duk_put_prop_string(engine, -2, "errThrow");
+    duk_push_global_object(engine);
+    duk_del_prop_string(engine, -1, "Duktape"); // the engine's own tools are no part of the script language
+    define(engine, globalRows());
+    addObject(engine, "app", appRows());
+    addObject(engine, "mouse", mouseRows());
+    addObject(engine, "keys", keysRows());
+    addPrototype(engine, Kind::Document, documentRows());
+    addPrototype(engine, Kind::View, viewRows());
+    addPrototype(engine, Kind::Layer, layerRows());
+    addPrototype(engine, Kind::Art, artRows());
+
+    // Strict code, in which a misspelt variable or member that is assigned to is an error.
+    duk_push_lstring(engine, running.file.data(), running.file.size());
+    duk_compile_lstring_filename(engine, DUK_COMPILE_STRICT, running.source.data(), running.source.size());
+    running.compiled = true;
+    duk_call(engine, 0);
+    return 1;
+}
+
+duk_ret_t explain(duk_context* engine, void* /*unused*/) { // thrown value -> its line or 0, its text
+    duk_push_int(engine, 0);
+    duk_dup(engine, -2);
+    if (!duk_is_error(engine, -1)) {
+        duk_to_string(engine, -1);
+        return 2;
+    }
+    if (isFromScript(engine)) {
+        duk_get_prop_string(engine, -1, "lineNumber");
+        duk_replace(engine, -3);
+    }
+    duk_get_prop_string(engine, -1, "message");
+    duk_remove(engine, duk_get_length(engine, -1) == 0 ? -1 : -2); // without a message its name has to do
+    duk_to_string(engine, -1);
+    return 2;
+}
+
+/// The thrown value on top of the stack as one line.
+std::string lineAbout(duk_context* engine, const std::string& path) {
+    const auto& running = static_cast<Running&>(hostOf(engine));
+    int line = 0;
+    std::string text = "an error that cannot be told";
+    if (duk_safe_call(engine, explain, nullptr, 1, 2) == DUK_EXEC_SUCCESS) {
+        line = duk_get_int(engine, -2);
+        const char* const said = duk_get_string(engine, -1);
+        text = fromEngine(said).value_or(said);
+    }
+    if (line == 0) line = running.throwLine;
+    if (!running.compiled) text = text.substr(0, text.rfind(" (line ")); // said already
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char c) { return c < 0x20; }, ' ');
+    return path + ":" + std::to_string(line) + ": " + text;
+}
+
+} // namespace
+
+void run(session::Session& session, const std::string& path, std::ostream& out) {
+    Running running{{session, out}, toEngine(path), contentOf(path)};
+    const std::unique_ptr<duk_context, void (*)(duk_context*)> engine(
+        duk_create_heap(nullptr, nullptr, nullptr, static_cast<Host*>(&running), nullptr), duk_destroy_heap);
+    if (!engine) throw std::bad_alloc();
+    if (duk_safe_call(engine.get(), play, nullptr, 0, 1) != DUK_EXEC_SUCCESS)
+        throw ScriptError(lineAbout(engine.get(), path));
+}
+
+} // namespace easel::script
