@@ -3,6 +3,7 @@
 #pragma once
 
 #include "geo/Angle.h"
+#include "geo/Point.h"
 #include "geo/TransformMatrix.h"
 
 #include <vector>
@@ -20,12 +21,14 @@ struct ArtboardPoint {
     // Construction
     constexpr ArtboardPoint() = default;
     constexpr ArtboardPoint(double px, double py) : x(px), y(py) {}
+    constexpr explicit ArtboardPoint(const geo::Point& point) : x(point.x), y(point.y) {}
     explicit ArtboardPoint(const AIRealPoint& point);
     ArtboardPoint& operator=(const AIRealPoint& point);
     [[nodiscard]] static ArtboardPoint LengthAngle(double length, geo::Angle angle);
 
     // Values
     [[nodiscard]] AIRealPoint toAIRealPoint() const;
+    [[nodiscard]] constexpr geo::Point plain() const { return {x, y}; }
     constexpr bool operator==(const ArtboardPoint&) const = default; // exact
     // A product order: it holds when it holds for both coordinates, so two points may be in no order at all.
     constexpr bool operator<(const ArtboardPoint& other) const { return x < other.x && y < other.y; }
@@ -36,10 +39,10 @@ struct ArtboardPoint {
     [[nodiscard]] bool closeTo(const ArtboardPoint& other, double tol) const;
 
     // Arithmetic, on each coordinate
-    constexpr ArtboardPoint& operator+=(const ArtboardPoint& v) { return *this = {x + v.x, y + v.y}; }
-    constexpr ArtboardPoint& operator-=(const ArtboardPoint& v) { return *this = {x - v.x, y - v.y}; }
-    constexpr ArtboardPoint& operator*=(const ArtboardPoint& v) { return *this = {x * v.x, y * v.y}; }
-    constexpr ArtboardPoint& operator/=(const ArtboardPoint& v) { return *this = {x / v.x, y / v.y}; }
+    constexpr ArtboardPoint& operator+=(const ArtboardPoint& v) { return *this = ArtboardPoint(x + v.x, y + v.y); }
+    constexpr ArtboardPoint& operator-=(const ArtboardPoint& v) { return *this = ArtboardPoint(x - v.x, y - v.y); }
+    constexpr ArtboardPoint& operator*=(const ArtboardPoint& v) { return *this = ArtboardPoint(x * v.x, y * v.y); }
+    constexpr ArtboardPoint& operator/=(const ArtboardPoint& v) { return *this = ArtboardPoint(x / v.x, y / v.y); }
     constexpr ArtboardPoint& operator+=(double v) { return *this += ArtboardPoint(v, v); }
     constexpr ArtboardPoint& operator-=(double v) { return *this -= ArtboardPoint(v, v); }
     constexpr ArtboardPoint& operator*=(double v) { return *this *= ArtboardPoint(v, v); }
