@@ -65,17 +65,19 @@ class Journal {
         std::uint64_t id = 0;
         std::vector<Note> notes;
     };
-    enum class Change { None, Order, Selection, Real };
+    enum class Change : std::uint8_t { None, Selection, Order, Real };
 
     Record& top() { return marked_ ? inner_ : outer_; }
     void exchange(Record& record);
     void unwind(Record& record);
-    void join(Record& upper, Record& lower);
-    void settle();
     void forget(Record& record);
+    void release(Node& node);
+    void join(Record& upper, Record& lower);
     void forgetRedo();
-    [[nodiscard]] Change netChange(const Record& record) const;
-    bool restoresOrder(Record& record);
+    void settle();
+    [[nodiscard]] static Change netChange(const Record& record);
+    [[nodiscard]] static Change netChange(const Note& note);
+    bool restoreOrder(Record& record);
     void dropUnchanged(Record& record);
 
     Tree& tree_;

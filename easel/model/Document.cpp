@@ -1,0 +1,277 @@
+// Layers, looking up, the tree of art, its attributes and its selection.
+#include "model/Document.h"
+
+#include <algorithm>
+#include <cassert>
+
+#include "model/Children.h"
+#include "model/DocumentImpl.h"
+#include "model/OrderLabels.h"
+
+namespace easel::model {
+
+namespace {
+
+const std::shared_ptr<const PathData>& emptyPath() {
+    static const std::shared_ptr<const PathData> empty = std::make_shared<PathData>();
+    return empty;
+}
+
+const std::shared_ptr<const Style>& defaultStyle() {
+    static const std::shared_ptr<const Style> style = std::make_shared<Style>();
+    return style;
+}
+
+std::shared_ptr<const std::string> sharedText(std::string_view text) {
+    return text.empty() ? nullptr : std::make_shared<const std::string>(text);
+}
+
+int depthOf(const Node& node) {
+    int depth = 0;
+    for (const Node* at = node.parent(); at; at = at->parent()) ++depth;
+    return depth;
+}
+
+/// A place in the tree: the parent, and the neighbours to be.
+struct Spot {
+    Node* parent;
+    Node* above;
+    Node* below;
+};
+
+Spot spotOf(Placement placement, Node& anchor) {
+    switch (placement) {
+    case Placement::Above: return {anchor.parent(), anchor.previous(), &anchor};
+    case Placement::Below: return {anchor.parent(), &anchor, anchor.next()};
+    case Placement::OnTopInside: return {&anchor, nullptr, anchor.firstChild()};
+    case Placement::AtBottomInside: break;
+    }
+    return {&anchor, anchor.lastChild(), nullptr};
+}
+
+} // namespace
+
+Document::Document(double width, double height) : impl_(std::make_unique<Impl>()) {
+    impl_->width = width;
+    impl_->height = height;
+    view.center = {width / 2, height / 2};
+    impl_->journal.begin();
+    impl_->journal.setKind(UndoKind::Silent);
+    addLayer("Layer 1");
+    impl_->journal.end();
+}
+
+Document::~Document() = default;
+
+// Page and view
+
+double Document::width() const { return impl_->width; }
+
+double Document::height() const { return impl_->height; }
+
+Box Document::visibleBox() const {
+    const double halfWidth = width() / 2 / view.zoom;
+    const double halfHeight = height() / 2 / view.zoom;
+    return {view.center.x - halfWidth, view.center.y - halfHeight, view.center.x + halfWidth,
+            view.center.y + halfHeight};
+}
+
+// Layers
+
+Node& Document::root() { return impl_->tree.root(); }
+
+std::size_t Document::layerCount() const { return impl_->tree.root().childCount(); }
+
+Node* Document::layerAt(std::size_t index) {
+    Node* layer = root().firstChild();
+    while (layer && index-- > 0) layer = layer->next();
+    return layer;
+}
+
+Node& Document::currentLayer() {
+    Node* const current = find(impl_->currentLayer);
+    return current ? *current : *root().firstChild();
+}
+
+void Document::setCurrentLayer(Node& layer) { impl_->currentLayer = layer.id(); }
+
+Node& Document::addLayer(std::string_view title) {
+    const Transaction transaction(journal());
+    Node& layer = create(NodeType::Layer, Placement::OnTopInside, root());
+    layer.state_.name = sharedText(title);
+    setCurrentLayer(layer);
+    return layer;
+}
+
+// Looking up
+
+Node* Document::find(NodeId id) { return impl_->tree.find(id); }
+
+Node* Document::findByName(std::string_view name) {
+    if (name.empty()) return nullptr;
+    Node* node = &root();
+    while (node && node->name() != name) node = nextWithin(root(), *node);
+    return node;
+}
+
+int Document::comparePaintOrder(const Node& a, const Node& b) {
+    const Node* left = &a;
+    const Node* right = &b;
+    const int leftDepth = depthOf(a);
+    const int rightDepth = depthOf(b);
+    for (int i = rightDepth; i < leftDepth; ++i) left = left->parent();
+    for (int i = leftDepth; i < rightDepth; ++i) right = right->parent();
+    if (left == right) return leftDepth - rightDepth;
+    while (left->parent() != right->parent()) {
+        left = left->parent();
+        right = right->parent();
+    }
+    return left->state_.order < right->state_.order ? -1 : 1;
+}
+
+std::vector<Node*> Document::selection() {
+    std::vector<Node*> nodes;
+    if (impl_->tree.mostAreSelected()) {
+        for (Node* at = &root(); at; at = nextWithin(root(), *at)) {
+            if (at->selected()) nodes.push_back(at);
+        }
+        return nodes;
+    }
+    nodes = impl_->tree.selected();
+    std::sort(nodes.begin(), nodes.end(), [](const Node* a, const Node* b) { return comparePaintOrder(*a, *b) < 0; });
+    return nodes;
+}
+
+bool Document::hasSelection(const Node& within) const {
+    const std::vector<Node*>& selected = impl_->tree.selected();
+    return std::any_of(selected.begin(), selected.end(), [&](const Node* node) { return node->isWithin(within); });
+}
+
+bool Document::sameContent(const Document& a, const Document& b) {
+    if (a.width() != b.width() || a.height() != b.height()) return false;
+    Node& rootA = a.impl_->tree.root();
+    Node& rootB = b.impl_->tree.root();
+    const Node* left = &rootA;
+    const Node* right = &rootB;
+    while (left && right) {
+        if (left->type_ != right->type_ || left->childCount() != right->childCount() || left->name() != right->name() ||
+            left->locked() != right->locked() || left->hidden() != right->hidden()) {
+            return false;
+        }
+        if (left->type_ == NodeType::Path && (left->path() != right->path() || left->style() != right->style())) {
+            return false;
+        }
+        left = nextWithin(rootA, *left);
+        right = nextWithin(rootB, *right);
+    }
+    return left == right;
+}
+
+// Art
+
+Node& Document::create(NodeType type, Placement placement, Node& anchor) {
+    const Transaction transaction(journal());
+    const Spot spot = spotOf(placement, anchor);
+    const std::uint64_t order = OrderLabels::between(spot.above, spot.below, journal());
+    Node& node = impl_->tree.make(type);
+    journal().note(node);
+    node.state_.parent = spot.parent;
+    node.state_.order = order;
+    if (type == NodeType::Path) {
+        node.state_.path = emptyPath();
+        node.state_.style = defaultStyle();
+    }
+    impl_->tree.attach(node);
+    impl_->tree.updateAlive(node);
+    return node;
+}
+
+void Document::remove(Node& node) {
+    if (node.type() == NodeType::Layer && layerCount() == 1) return;
+    const Transaction transaction(journal());
+    journal().note(node);
+    impl_->tree.detach(node);
+    node.state_.parent = nullptr;
+    impl_->tree.updateAlive(node);
+}
+
+void Document::place(Node& node, Placement placement, Node& anchor) {
+    const Spot spot = spotOf(placement, anchor);
+    assert(!spot.parent->isWithin(node) && "nothing can be put into itself");
+    if (spot.above == &node || spot.below == &node) return;
+    const Transaction transaction(journal());
+    journal().note(node);
+    impl_->tree.detach(node);
+    node.state_.parent = spot.parent;
+    node.state_.order = OrderLabels::between(spot.above, spot.below, journal());
+    impl_->tree.attach(node);
+}
+
+void Document::setName(Node& node, std::string_view name) {
+    if (node.name() == name) return;
+    const Transaction transaction(journal());
+    journal().note(node);
+    node.state_.name = sharedText(name);
+}
+
+void Document::setLocked(Node& node, bool locked) {
+    if (node.locked() == locked) return;
+    const Transaction transaction(journal());
+    journal().note(node);
+    node.state_.locked = locked;
+}
+
+void Document::setHidden(Node& node, bool hidden) {
+    if (node.hidden() == hidden) return;
+    const Transaction transaction(journal());
+    journal().note(node);
+    node.state_.hidden = hidden;
+}
+
+// Selection
+
+void Document::select(Node& node, bool selected) {
+    const Transaction transaction(journal());
+    for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->setSelected(*at, selected, nullptr);
+    if (!selected) impl_->deselectAround(node);
+}
+
+void Document::selectPoints(Node& path, PointSelection points) {
+    points.resize(path.path().points.size());
+    const bool any = std::find(points.begin(), points.end(), true) != points.end();
+    const bool all = std::find(points.begin(), points.end(), false) == points.end();
+    const Transaction transaction(journal());
+    impl_->setSelected(path, any, any && !all ? std::make_shared<const PointSelection>(std::move(points)) : nullptr);
+    if (!any || !all) impl_->deselectAround(path);
+}
+
+void Document::deselectAll() { deselectAll(root()); }
+
+void Document::deselectAll(Node& within) {
+    const Transaction transaction(journal());
+    // Backwards, because a deselected node's place in the list is taken by the last one.
+    for (std::size_t i = impl_->tree.selected().size(); i-- > 0;) {
+        Node& node = *impl_->tree.selected()[i];
+        if (!node.isWithin(within)) continue;
+        impl_->setSelected(node, false, nullptr);
+    }
+    impl_->deselectAround(within);
+}
+
+void Document::Impl::setSelected(Node& node, bool selected, std::shared_ptr<const PointSelection> points) {
+    NodeState& state = node.state_;
+    if (node.type_ != NodeType::Group && node.type_ != NodeType::Path) return;
+    if (state.selected == selected && state.pointSelection == points) return;
+    journal.note(node);
+    state.selected = selected;
+    state.pointSelection = std::move(points);
+    tree.updateSelected(node);
+}
+
+void Document::Impl::deselectAround(const Node& node) {
+    for (Node* at = node.parent(); at; at = at->parent()) setSelected(*at, false, nullptr);
+}
+
+Journal& Document::journal() { return impl_->journal; }
+
+} // namespace easel::model

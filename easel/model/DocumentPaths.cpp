@@ -1,0 +1,92 @@
+// Changes of paths: points, style, place.
+#include <algorithm>
+
+#include "model/Children.h"
+#include "model/DocumentImpl.h"
+
+namespace easel::model {
+
+PathData& Document::Impl::writablePath(Node& path) {
+    journal.note(path);
+    tree.index.loosen(path);
+    std::shared_ptr<const PathData>& data = path.state_.path;
+    if (data.use_count() > 1) data = std::make_shared<PathData>(*data);
+    return const_cast<PathData&>(*data); // made just above, here or on an earlier call, as something writable
+}
+
+void Document::setPath(Node& path, PathData data) {
+    if (path.path() == data) return;
+    const Transaction transaction(journal());
+    const std::size_t count = data.points.size();
+    journal().note(path);
+    impl_->tree.index.loosen(path);
+    path.state_.path = std::make_shared<PathData>(std::move(data));
+    impl_->fitPointSelection(path, count);
+}
+
+void Document::setPoints(Node& path, std::size_t index, const PathPoint* points, std::size_t count) {
+    if (std::equal(points, points + count, path.path().points.begin() + static_cast<std::ptrdiff_t>(index))) return;
+    const Transaction transaction(journal());
+    PathData& data = impl_->writablePath(path);
+    std::copy(points, points + count, data.points.begin() + static_cast<std::ptrdiff_t>(index));
+}
+
+void Document::setPointCount(Node& path, std::size_t count) {
+    if (path.path().points.size() == count) return;
+    const Transaction transaction(journal());
+    impl_->writablePath(path).points.resize(count);
+    impl_->fitPointSelection(path, count);
+}
+
+void Document::setClosed(Node& path, bool closed) {
+    if (path.path().closed == closed) return;
+    const Transaction transaction(journal());
+    impl_->writablePath(path).closed = closed;
+}
+
+void Document::reverse(Node& path) {
+    const Transaction transaction(journal());
+    std::vector<PathPoint>& points = impl_->writablePath(path).points;
+    std::reverse(points.begin(), points.end());
+    for (PathPoint& point : points) std::swap(point.in, point.out);
+    if (!path.state_.pointSelection) return;
+    PointSelection flags = *path.state_.pointSelection;
+    std::reverse(flags.begin(), flags.end());
+    path.state_.pointSelection = std::make_shared<const PointSelection>(std::move(flags));
+}
+
+void Document::setStyle(Node& path, const Style& style) {
+    if (path.style() == style) return;
+    const Transaction transaction(journal());
+    journal().note(path);
+    if (!impl_->lastStyle || *impl_->lastStyle != style) impl_->lastStyle = std::make_shared<const Style>(style);
+    path.state_.style = impl_->lastStyle;
+}
+
+void Document::offset(Node& node, double dx, double dy) {
+    if (dx == 0 && dy == 0) return;
+    const Transaction transaction(journal());
+    for (Node* at = &node; at; at = nextWithin(node, *at)) {
+        if (at->type() != NodeType::Path || at->path().points.empty()) continue;
+        for (PathPoint& point : impl_->writablePath(*at).points) {
+            for (Point* const moved : {&point.anchor, &point.in, &point.out}) {
+                moved->x += dx;
+                moved->y += dy;
+            }
+        }
+    }
+}
+
+/// Keeps the flags of the points that are left; points that are added are not selected.
+void Document::Impl::fitPointSelection(Node& path, std::size_t count) {
+    if (!path.state_.pointSelection) return;
+    PointSelection flags = *path.state_.pointSelection;
+    flags.resize(count);
+    if (std::find(flags.begin(), flags.end(), true) == flags.end()) {
+        setSelected(path, false, nullptr);
+    } else {
+        path.state_.pointSelection = std::make_shared<const PointSelection>(std::move(flags));
+    }
+}
+
+} // namespace easel::model

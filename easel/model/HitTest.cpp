@@ -1,0 +1,120 @@
+// Searching a document by place.
+#include "model/HitTest.h"
+
+#include <cmath>
+
+#include "model/DocumentImpl.h"
+#include "model/Nearest.h"
+
+namespace easel::model {
+
+namespace {
+
+/// The best feature so far.
+class BestHit {
+  public:
+    BestHit(Point point, double tolerance) : point_(point), tolerance_(tolerance) {}
+
+    [[nodiscard]] const Hit& hit() const { return hit_; }
+    /// Whether a feature of this kind could still be better.
+    [[nodiscard]] bool wants(HitKind kind) const { return hit_.kind == HitKind::None || kind <= hit_.kind; }
+
+    void offer(HitKind kind, Node& node, Point at, double squared, int index, double t = 0) {
+        const double distance = std::sqrt(squared);
+        if (distance > tolerance_ || !wants(kind)) return;
+        if (kind == hit_.kind) {
+            if (distance > distance_) return;
+            if (distance == distance_ && (&node == hit_.node || Document::comparePaintOrder(node, *hit_.node) > 0)) {
+                return;
+            }
+        }
+        hit_ = {kind, &node, at, index, t};
+        distance_ = distance;
+    }
+
+    void offerControls(HitKind kind, Node& node, Point PathPoint::*control) {
+        if (!wants(kind)) return;
+        int index = 0;
+        for (const PathPoint& point : node.path().points) {
+            const Point at = point.*control;
+            if (kind == HitKind::Anchor || at != point.anchor)
+                offer(kind, node, at, distanceSquared(at, point_), index);
+            ++index;
+        }
+    }
+
+    void offerSegments(Node& node) {
+        if (!wants(HitKind::Segment)) return;
+        const PathData& path = node.path();
+        const std::size_t count = path.segmentCount();
+        for (std::size_t i = 0; i < count; ++i) {
+            const PathPoint& start = path.points[i];
+            const PathPoint& end = path.points[i + 1 == path.points.size() ? 0 : i + 1];
+            const NearestPoint nearest = nearestOnSegment(start, end, point_);
+            offer(HitKind::Segment, node, nearest.point, nearest.distanceSquared, static_cast<int>(i), nearest.t);
+        }
+    }
+
+    void offerFill(Node& node) {
+        if (!wants(HitKind::Fill) || !node.style().fill || !isInside(node.path(), point_)) return;
+        offer(HitKind::Fill, node, point_, 0, -1);
+    }
+
+  private:
+    Point point_;
+    double tolerance_;
+    double distance_ = 0;
+    Hit hit_;
+};
+
+bool isSearchable(Point point, double tolerance) {
+    return std::isfinite(point.x) && std::isfinite(point.y) && tolerance >= 0;
+}
+
+/// Whether the node can be hit: below `within`, with nothing hidden or locked on the way up to the root.
+bool isReachable(const Node& node, const Node& within) {
+    bool passed = false;
+    for (const Node* at = &node; at; at = at->parent()) {
+        if (at->hidden() || at->locked()) return false;
+        if (at == &within) passed = true;
+    }
+    return passed;
+}
+
+} // namespace
+
+void Document::Impl::findNear(Point point, double tolerance) {
+    // A little wider, so that rounding leaves nothing out that lies right on the tolerance.
+    const double reach = tolerance + 1e-12 * (tolerance + std::fabs(point.x) + std::fabs(point.y));
+    found.clear();
+    tree.index.find({point.x - reach, point.y - reach, point.x + reach, point.y + reach}, found);
+}
+
+Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request) {
+    if (!isSearchable(point, tolerance)) return {};
+    impl_->findNear(point, tolerance);
+    BestHit best(point, tolerance);
+    for (Node* const node : impl_->found) {
+        if (!isReachable(*node, within)) continue;
+        if (asksFor(request, HitRequest::Anchors)) best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
+        if (asksFor(request, HitRequest::InHandles)) best.offerControls(HitKind::InHandle, *node, &PathPoint::in);
+        if (asksFor(request, HitRequest::OutHandles)) best.offerControls(HitKind::OutHandle, *node, &PathPoint::out);
+        if (asksFor(request, HitRequest::Segments)) best.offerSegments(*node);
+        if (asksFor(request, HitRequest::Fills)) best.offerFill(*node);
+    }
+    return best.hit();
+}
+
+std::optional<Point> Document::snapPoint(Point point, double tolerance) {
+    if (!isSearchable(point, tolerance)) return std::nullopt;
+    impl_->findNear(point, tolerance);
+    BestHit best(point, tolerance);
+    for (Node* const node : impl_->found) {
+        if (node->effectivelyHidden() || journal().wasPutBack(*node)) continue;
+        best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
+    }
+    if (best.hit().kind == HitKind::None) return std::nullopt;
+    return best.hit().point;
+}
+
+} // namespace easel::model

@@ -1,0 +1,258 @@
+// Records of notes on a stack: the steps that can be undone, then the running transaction, then what a gesture did
+// since its mark. A node is noted once per record; `Node::record_` names the newest record that has a note of it, and
+// each note names the one below, so that joining two records needs no search.
+#include "model/Journal.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/Children.h"
+#include "model/Tree.h"
+
+namespace easel::model {
+
+namespace {
+
+template <class T> bool sameContents(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
+    return a == b || (a && b && *a == *b);
+}
+
+} // namespace
+
+Journal::Journal(Tree& tree) : tree_(tree) {
+    outer_.id = ++lastId_;
+    inner_.id = ++lastId_;
+}
+
+Journal::~Journal() = default;
+
+// Transactions
+
+void Journal::begin() {
+    if (depth_++ == 0) kind_ = UndoKind::Standard;
+}
+
+void Journal::end() {
+    if (depth_ == 0 || --depth_ > 0) return;
+    dropMark();
+    Change change = netChange(outer_);
+    if (change == Change::Order) change = restoreOrder(outer_) ? netChange(outer_) : Change::Real;
+    if (change == Change::Real) forgetRedo();
+    if (change != Change::None) dropUnchanged(outer_);
+    if (change == Change::Real && kind_ == UndoKind::Standard) {
+        undo_.push_back(std::exchange(outer_, Record{++lastId_, {}}));
+    } else if (change != Change::None && !undo_.empty()) {
+        join(outer_, undo_.back());
+    } else {
+        forget(outer_);
+    }
+    settle();
+}
+
+void Journal::setKind(UndoKind kind) { kind_ = kind; }
+
+bool Journal::running() const { return depth_ > 0; }
+
+// Gestures
+
+void Journal::mark() {
+    dropMark();
+    marked_ = true;
+    kindAtMark_ = kind_;
+}
+
+void Journal::rollBackToMark() {
+    if (!marked_) return;
+    ++rollBack_;
+    for (const Note& note : inner_.notes) note.node->putBackBy_ = rollBack_;
+    unwind(inner_);
+    kind_ = kindAtMark_;
+}
+
+void Journal::dropMark() {
+    if (!marked_) return;
+    marked_ = false;
+    ++rollBack_;
+    join(inner_, outer_);
+}
+
+void Journal::abandon() {
+    if (depth_ == 0) return;
+    if (marked_) unwind(inner_);
+    unwind(outer_);
+    marked_ = false;
+    depth_ = 0;
+    settle();
+}
+
+// History
+
+bool Journal::undo() {
+    if (running() || undo_.empty()) return false;
+    Record step = std::move(undo_.back());
+    undo_.pop_back();
+    exchange(step);
+    for (const Note& note : step.notes) note.node->record_ = note.previous;
+    redo_.push_back(std::move(step));
+    settle();
+    return true;
+}
+
+bool Journal::redo() {
+    if (running() || redo_.empty()) return false;
+    Record step = std::move(redo_.back());
+    redo_.pop_back();
+    exchange(step);
+    for (Note& note : step.notes) note.previous = std::exchange(note.node->record_, step.id);
+    undo_.push_back(std::move(step));
+    settle();
+    return true;
+}
+
+std::size_t Journal::undoDepth() const { return undo_.size(); }
+
+std::size_t Journal::redoDepth() const { return redo_.size(); }
+
+// For Document
+
+void Journal::note(Node& node) {
+    Record& record = top();
+    if (node.record_ == record.id) return;
+    record.notes.push_back({&node, node.record_, node.alive_, node.state_});
+    node.record_ = record.id;
+    ++node.noteCount_;
+}
+
+bool Journal::wasPutBack(const Node& node) const { return node.putBackBy_ == rollBack_; }
+
+// Records
+
+/// Swaps the noted states with the present ones. All that change place leave theirs before the first takes its new one,
+/// for labels are only unique at the same time.
+void Journal::exchange(Record& record) {
+    const auto changesPlace = [](const Note& note) {
+        return note.state.parent != note.node->state_.parent || note.state.order != note.node->state_.order;
+    };
+    for (Note& note : record.notes) {
+        Node& node = *note.node;
+        if (note.state.path != node.state_.path) tree_.index.loosen(node);
+        if (changesPlace(note)) tree_.detach(node);
+        note.alive = node.alive_;
+    }
+    for (Note& note : record.notes) {
+        const bool moves = changesPlace(note);
+        std::swap(note.state, note.node->state_);
+        if (moves) tree_.attach(*note.node);
+    }
+    for (const Note& note : record.notes) {
+        tree_.updateAlive(*note.node);
+        tree_.updateSelected(*note.node);
+    }
+}
+
+/// Takes back a record on top of the stack. Nodes that were made in it are gone.
+void Journal::unwind(Record& record) {
+    exchange(record);
+    forget(record);
+}
+
+/// Empties a record on top of the stack and keeps its storage. Nodes that nobody knows any more are gone.
+void Journal::forget(Record& record) {
+    for (const Note& note : record.notes) {
+        note.node->record_ = note.previous;
+        release(*note.node);
+    }
+    record.notes.clear();
+}
+
+void Journal::release(Node& node) {
+    if (--node.noteCount_ == 0 && !node.alive_) tree_.destroy(node);
+}
+
+/// Moves the notes of the upper record into the one directly below it, which keeps the older of two notes.
+void Journal::join(Record& upper, Record& lower) {
+    for (Note& note : upper.notes) {
+        note.node->record_ = lower.id;
+        if (note.previous == lower.id) {
+            --note.node->noteCount_;
+        } else {
+            lower.notes.push_back(std::move(note));
+        }
+    }
+    upper.notes.clear();
+}
+
+void Journal::forgetRedo() {
+    for (const Record& step : redo_) {
+        for (const Note& note : step.notes) release(*note.node);
+    }
+    redo_.clear();
+}
+
+/// What can only be done when nothing is running: the index takes in what changed, and what the gesture moved is
+/// forgotten.
+void Journal::settle() {
+    ++rollBack_;
+    tree_.index.settle();
+}
+
+// Comparing with the present
+
+Journal::Change Journal::netChange(const Record& record) {
+    Change most = Change::None;
+    for (const Note& note : record.notes) most = std::max(most, netChange(note));
+    return most;
+}
+
+Journal::Change Journal::netChange(const Note& note) {
+    const NodeState& was = note.state;
+    const NodeState& is = note.node->state_;
+    if (note.alive != note.node->alive_) return Change::Real;
+    if (!note.alive) return Change::None;
+    if (was.parent != is.parent || was.locked != is.locked || was.hidden != is.hidden ||
+        !sameContents(was.path, is.path) || !sameContents(was.style, is.style) || !sameContents(was.name, is.name)) {
+        return Change::Real;
+    }
+    if (was.order != is.order) return Change::Order;
+    return was.selected == is.selected && sameContents(was.pointSelection, is.pointSelection) ? Change::None
+                                                                                              : Change::Selection;
+}
+
+/// Labels may differ and still tell the same order. Then the old ones are put back, and nothing has happened.
+bool Journal::restoreOrder(Record& record) {
+    const auto exchangeOrders = [&] {
+        for (const Note& note : record.notes) {
+            if (note.alive) tree_.detach(*note.node);
+        }
+        for (Note& note : record.notes) {
+            if (!note.alive) continue;
+            std::swap(note.state.order, note.node->state_.order);
+            tree_.attach(*note.node);
+        }
+    };
+    std::vector<const Node*> followers;
+    for (const Note& note : record.notes) followers.push_back(note.node->next());
+    exchangeOrders();
+    for (std::size_t i = 0; i < followers.size(); ++i) {
+        if (record.notes[i].node->next() == followers[i]) continue;
+        exchangeOrders();
+        return false;
+    }
+    return true;
+}
+
+/// Leaves out the nodes that are as they were. Later ones go first, so that a group made and removed is empty by the
+/// time it is looked at; one that still holds something is still somebody's parent, and stays.
+void Journal::dropUnchanged(Record& record) {
+    for (std::size_t i = record.notes.size(); i-- > 0;) {
+        Note& note = record.notes[i];
+        if (netChange(note) != Change::None || (!note.alive && note.node->firstChild())) continue;
+        note.node->record_ = note.previous;
+        release(*note.node);
+        note.node = nullptr;
+    }
+    const auto dropped = [](const Note& note) { return !note.node; };
+    record.notes.erase(std::remove_if(record.notes.begin(), record.notes.end(), dropped), record.notes.end());
+}
+
+} // namespace easel::model

@@ -1,0 +1,184 @@
+// Straight segments are solved exactly. Curved ones are halved as long as the box of a piece's control points could
+// hold something nearer than what is known; short pieces are finished by Newton steps.
+#include "model/Nearest.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace easel::model {
+
+namespace {
+
+using Cubic = std::array<Point, 4>;
+
+constexpr int kNewtonDepth = 4; // pieces of a sixteenth of the curve
+constexpr int kNewtonSteps = 8;
+constexpr double kParameterError = 1e-14;
+
+Point mix(Point a, Point b, double t) { return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t}; }
+
+Point pointAt(const Cubic& c, double t) {
+    if (t == 1) return c[3]; // neighbouring curves must meet in exactly one point
+    const Point ab = mix(c[0], c[1], t);
+    const Point bc = mix(c[1], c[2], t);
+    const Point cd = mix(c[2], c[3], t);
+    return mix(mix(ab, bc, t), mix(bc, cd, t), t);
+}
+
+Cubic half(const Cubic& c, bool second) {
+    const Point ab = mix(c[0], c[1], 0.5);
+    const Point bc = mix(c[1], c[2], 0.5);
+    const Point cd = mix(c[2], c[3], 0.5);
+    const Point abc = mix(ab, bc, 0.5);
+    const Point bcd = mix(bc, cd, 0.5);
+    const Point middle = mix(abc, bcd, 0.5);
+    return second ? Cubic{middle, bcd, cd, c[3]} : Cubic{c[0], ab, abc, middle};
+}
+
+double squaredDistanceToBox(const Cubic& c, Point from) {
+    Box box;
+    for (const Point& control : c) box.include(control);
+    const Point inBox{std::clamp(from.x, box.left, box.right), std::clamp(from.y, box.top, box.bottom)};
+    return distanceSquared(inBox, from);
+}
+
+void improve(NearestPoint& best, const Cubic& c, double t, Point from) {
+    const Point at = pointAt(c, t);
+    const double squared = distanceSquared(at, from);
+    if (squared < best.distanceSquared) best = {squared, at, t};
+}
+
+/// Looks for a zero of (B(t) - from) * B'(t) near `t`.
+void newton(NearestPoint& best, const Cubic& c, double t, Point from) {
+    // Power basis of the curve relative to `from`.
+    const Point d{c[0].x - from.x, c[0].y - from.y};
+    const Point l{3 * (c[1].x - c[0].x), 3 * (c[1].y - c[0].y)};
+    const Point q{3 * (c[0].x - 2 * c[1].x + c[2].x), 3 * (c[0].y - 2 * c[1].y + c[2].y)};
+    const Point k{c[3].x - c[0].x + 3 * (c[1].x - c[2].x), c[3].y - c[0].y + 3 * (c[1].y - c[2].y)};
+    for (int step = 0; step < kNewtonSteps; ++step) {
+        const Point at{d.x + t * (l.x + t * (q.x + t * k.x)), d.y + t * (l.y + t * (q.y + t * k.y))};
+        const Point first{l.x + t * (2 * q.x + 3 * t * k.x), l.y + t * (2 * q.y + 3 * t * k.y)};
+        const Point second{2 * q.x + 6 * t * k.x, 2 * q.y + 6 * t * k.y};
+        const double value = at.x * first.x + at.y * first.y;
+        const double slope = first.x * first.x + first.y * first.y + at.x * second.x + at.y * second.y;
+        if (slope <= 0) break; // heading for a farthest point
+        const double next = std::clamp(t - value / slope, 0.0, 1.0);
+        const double moved = std::fabs(next - t);
+        t = next;
+        if (moved < kParameterError) break;
+    }
+    improve(best, c, t, from);
+}
+
+NearestPoint nearestOnCurve(const Cubic& curve, Point from) {
+    NearestPoint best{distanceSquared(curve[0], from), curve[0], 0};
+    if (const double squared = distanceSquared(curve[3], from); squared < best.distanceSquared) {
+        best = {squared, curve[3], 1};
+    }
+
+    struct Piece {
+        Cubic cubic;
+        double start;
+        int depth;
+    };
+    std::array<Piece, kNewtonDepth + 2> pieces; // each halving leaves one more to do
+    std::size_t count = 0;
+    pieces[count++] = {curve, 0, 0};
+    while (count > 0) {
+        const Piece piece = pieces[--count];
+        if (squaredDistanceToBox(piece.cubic, from) >= best.distanceSquared) continue;
+        const double width = std::ldexp(1.0, -piece.depth);
+        const double middle = piece.start + width / 2;
+        improve(best, curve, middle, from);
+        if (piece.depth == kNewtonDepth) {
+            newton(best, curve, middle, from);
+            continue;
+        }
+        Piece first{half(piece.cubic, false), piece.start, piece.depth + 1};
+        Piece second{half(piece.cubic, true), middle, piece.depth + 1};
+        // The nearer half comes first, for what it finds spares the other.
+        if (squaredDistanceToBox(first.cubic, from) < squaredDistanceToBox(second.cubic, from))
+            std::swap(first, second);
+        pieces[count++] = first;
+        pieces[count++] = second;
+    }
+    return best;
+}
+
+NearestPoint nearestOnLine(Point start, Point end, Point from) {
+    const Point along{end.x - start.x, end.y - start.y};
+    const double lengthSquared = along.x * along.x + along.y * along.y;
+    if (lengthSquared == 0) return {distanceSquared(start, from), start, 0};
+    const double projected = ((from.x - start.x) * along.x + (from.y - start.y) * along.y) / lengthSquared;
+    if (projected <= 0) return {distanceSquared(start, from), start, 0};
+    if (projected >= 1) return {distanceSquared(end, from), end, 1};
+    const Point at = mix(start, end, projected);
+    // With retracted handles the curve is where 3t^2 - 2t^3 says, so the fraction of the length is not the parameter.
+    const double t = 0.5 - std::sin(std::asin(1 - 2 * projected) / 3);
+    return {distanceSquared(at, from), at, t};
+}
+
+/// How often the curve from `start` to `end` crosses the ray that goes right from `point`. Each piece that is monotone
+/// in y counts for the half-open range of its heights, so that a crossing at a joint counts once.
+int crossings(const Cubic& c, Point point) {
+    const auto [lowest, highest] = std::minmax({c[0].y, c[1].y, c[2].y, c[3].y});
+    if (point.y < lowest || point.y > highest || point.x > std::max({c[0].x, c[1].x, c[2].x, c[3].x})) return 0;
+
+    // The turning points of y: zeros of its derivative a t^2 + b t + e (divided by 3).
+    const double a = c[3].y - c[0].y + 3 * (c[1].y - c[2].y);
+    const double b = 2 * (c[0].y - 2 * c[1].y + c[2].y);
+    const double e = c[1].y - c[0].y;
+    std::array<double, 4> stops{0, 1, 1, 1};
+    std::size_t pieces = 1;
+    const auto addStop = [&](double t) {
+        if (t > 0 && t < 1) stops[pieces++] = t;
+    };
+    const double discriminant = b * b - 4 * a * e;
+    if (discriminant >= 0) {
+        const double q = -0.5 * (b + std::copysign(std::sqrt(discriminant), b));
+        if (a != 0) addStop(q / a);
+        if (q != 0) addStop(e / q);
+    }
+    stops[pieces] = 1;
+    if (pieces == 3 && stops[1] > stops[2]) std::swap(stops[1], stops[2]);
+
+    int count = 0;
+    for (std::size_t i = 0; i < pieces; ++i) {
+        double below = stops[i];
+        double above = stops[i + 1];
+        if (pointAt(c, below).y > pointAt(c, above).y) std::swap(below, above);
+        if (point.y < pointAt(c, below).y || point.y >= pointAt(c, above).y) continue;
+        for (int step = 0; step < 60 && below != above; ++step) {
+            const double middle = (below + above) / 2;
+            (pointAt(c, middle).y <= point.y ? below : above) = middle;
+        }
+        if (pointAt(c, below).x > point.x) ++count;
+    }
+    return count;
+}
+
+Cubic cubicOf(const PathPoint& start, const PathPoint& end) { return {start.anchor, start.out, end.in, end.anchor}; }
+
+} // namespace
+
+NearestPoint nearestOnSegment(const PathPoint& start, const PathPoint& end, Point from) {
+    if (start.out == start.anchor && end.in == end.anchor) return nearestOnLine(start.anchor, end.anchor, from);
+    return nearestOnCurve(cubicOf(start, end), from);
+}
+
+bool isInside(const PathData& path, Point point) {
+    int count = 0;
+    const std::size_t segments = path.segmentCount();
+    for (std::size_t i = 0; i < segments; ++i) {
+        count += crossings(cubicOf(path.points[i], path.points[i + 1 == path.points.size() ? 0 : i + 1]), point);
+    }
+    if (!path.closed && segments > 0) {
+        const Point first = path.points.front().anchor;
+        const Point last = path.points.back().anchor;
+        count += crossings({last, last, first, first}, point);
+    }
+    return count % 2 != 0;
+}
+
+} // namespace easel::model

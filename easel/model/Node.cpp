@@ -1,0 +1,66 @@
+// What a node tells about itself and its relatives.
+#include "model/Node.h"
+
+#include "model/Children.h"
+
+namespace easel::model {
+
+Node::Node(NodeId id, NodeType type) : id_(id), type_(type) {}
+
+Node::~Node() = default;
+
+const std::string& Node::name() const {
+    static const std::string none;
+    return state_.name ? *state_.name : none;
+}
+
+bool Node::pointSelected(std::size_t index) const {
+    if (!state_.selected) return false;
+    return !state_.pointSelection || (index < state_.pointSelection->size() && (*state_.pointSelection)[index]);
+}
+
+Node* Node::firstChild() const { return children_ && !children_->set.empty() ? &*children_->set.begin() : nullptr; }
+
+Node* Node::lastChild() const { return children_ && !children_->set.empty() ? &*children_->set.rbegin() : nullptr; }
+
+Node* Node::next() const {
+    if (!state_.parent) return nullptr;
+    Children::Set& siblings = state_.parent->children_->set;
+    const auto after = std::next(siblings.iterator_to(const_cast<Node&>(*this)));
+    return after == siblings.end() ? nullptr : &*after;
+}
+
+Node* Node::previous() const {
+    if (!state_.parent) return nullptr;
+    Children::Set& siblings = state_.parent->children_->set;
+    const auto at = siblings.iterator_to(const_cast<Node&>(*this));
+    return at == siblings.begin() ? nullptr : &*std::prev(at);
+}
+
+std::size_t Node::childCount() const { return children_ ? children_->set.size() : 0; }
+
+const Node& Node::layer() const {
+    const Node* at = this;
+    while (at->type_ != NodeType::Layer && at->state_.parent) at = at->state_.parent;
+    return *at;
+}
+
+bool Node::isWithin(const Node& ancestor) const {
+    const Node* at = this;
+    while (at && at != &ancestor) at = at->state_.parent;
+    return at != nullptr;
+}
+
+bool Node::effectivelyHidden() const {
+    const Node* at = this;
+    while (at && !at->state_.hidden) at = at->state_.parent;
+    return at != nullptr;
+}
+
+bool Node::effectivelyLocked() const {
+    const Node* at = this;
+    while (at && !at->state_.locked) at = at->state_.parent;
+    return at != nullptr;
+}
+
+} // namespace easel::model

@@ -1,0 +1,41 @@
+// Finds the paths near a place. Paths that change while a transaction runs are loose: they are searched one by one, so
+// that a drag costs the index nothing; `settle` sorts them in. Knows nothing of visibility or order.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+#include "model/Node.h"
+
+namespace easel::model {
+
+/// A living path is found by the hull of its anchors and control points; a dead or empty one never.
+class SpatialIndex {
+  public:
+    SpatialIndex();
+    ~SpatialIndex();
+
+    /// The paths whose hull meets `box`, in no order.
+    void find(const Box& box, std::vector<Node*>& found) const;
+
+    /// To be called before a path changes its points, lives or dies.
+    void loosen(Node& path);
+    /// Sorts the loose paths in, one by one or, when they are many, by building the whole anew.
+    void settle();
+    /// Forgets a path whose slot is given back.
+    void forget(Node& path);
+
+  private:
+    struct Loose {
+        Node* path;
+        bool inTree;
+        Box treeBox; // where the tree still has it
+    };
+    struct BoxTree;
+
+    std::unique_ptr<BoxTree> tree_;
+    std::vector<Loose> loose_;
+};
+
+} // namespace easel::model
