@@ -181,8 +181,7 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
         node.state_.path = emptyPath();
         node.state_.style = defaultStyle();
     }
-    impl_->tree.attach(node);
-    impl_->tree.updateAlive(node);
+    impl_->tree.attachNew(node);
     return node;
 }
 

@@ -86,6 +86,11 @@ void Tree::detach(Node& node) {
     siblings.erase(siblings.iterator_to(node));
 }
 
+void Tree::attachNew(Node& node) {
+    attach(node);
+    setAlive(node, true);
+}
+
 void Tree::updateAlive(Node& node) {
     const bool alive = node.isWithin(root());
     if (alive == node.alive_) return;

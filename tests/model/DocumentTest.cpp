@@ -1,0 +1,215 @@
+// The tree of art, order, attributes, paths and selection.
+#include "model/Document.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/model/Drawing.h"
+
+namespace easel::model {
+namespace {
+
+class DocumentTest : public testing::Test {
+  protected:
+    std::vector<Node*> childrenOf(const Node& node) {
+        std::vector<Node*> children;
+        for (Node* child = node.firstChild(); child; child = child->next()) children.push_back(child);
+        return children;
+    }
+
+    Document document{200, 100};
+    Node& layer = document.currentLayer();
+};
+
+// Page and layers
+
+TEST_F(DocumentTest, VisibleBoxFollowsTheView) {
+    EXPECT_EQ(document.visibleBox(), (Box{0, 0, 200, 100}));
+    document.view = {4, {10, 20}};
+    EXPECT_EQ(document.visibleBox(), (Box{-15, 7.5, 35, 32.5}));
+}
+
+TEST_F(DocumentTest, NewLayersGoOnTop) {
+    Node& second = document.addLayer("second");
+    EXPECT_EQ(document.layerAt(0), &second);
+    EXPECT_EQ(document.layerAt(1), &layer);
+    EXPECT_EQ(document.layerAt(2), nullptr);
+    EXPECT_EQ(second.name(), "second");
+    EXPECT_EQ(document.findByName("second"), &second);
+    EXPECT_EQ(document.findByName(""), nullptr);
+}
+
+// Tree and order
+
+TEST_F(DocumentTest, PlacementsPutArtWhereTheySay) {
+    Node& middle = addLine(document, layer, {0, 0}, {1, 1});
+    Node& above = document.create(NodeType::Path, Placement::Above, middle);
+    Node& below = document.create(NodeType::Group, Placement::Below, middle);
+    Node& bottom = document.create(NodeType::Path, Placement::AtBottomInside, layer);
+    Node& top = document.create(NodeType::Path, Placement::OnTopInside, layer);
+    EXPECT_EQ(childrenOf(layer), (std::vector{&top, &above, &middle, &below, &bottom}));
+    document.place(top, Placement::AtBottomInside, below);
+    document.place(bottom, Placement::OnTopInside, below);
+    document.place(middle, Placement::Above, above);
+    EXPECT_EQ(childrenOf(layer), (std::vector{&middle, &above, &below}));
+    EXPECT_EQ(childrenOf(below), (std::vector{&bottom, &top}));
+    EXPECT_EQ(&top.layer(), &layer);
+    EXPECT_TRUE(top.isWithin(below));
+    EXPECT_FALSE(above.isWithin(below));
+}
+
+TEST_F(DocumentTest, OrderHoldsUnderManyInsertionsAtOnePlace) {
+    Node& fixed = addLine(document, layer, {0, 0}, {1, 1});
+    std::vector<Node*> expected{&fixed};
+    std::string beforeLast;
+    document.journal().begin();
+    for (int i = 0; i < 3000; ++i) {
+        // Halves the same gap again and again: above the fixed line, and below the newest one above it.
+        expected.insert(expected.end() - 1, &document.create(NodeType::Path, Placement::Above, fixed));
+    }
+    document.journal().end();
+    beforeLast = listing(document);
+    for (int i = 0; i < 100; ++i) {
+        Node& node = document.create(NodeType::Path, Placement::Below, *expected.front());
+        expected.insert(expected.begin() + 1, &node);
+    }
+    EXPECT_EQ(childrenOf(layer), expected);
+    EXPECT_TRUE(std::is_sorted(expected.begin(), expected.end(),
+                               [](const Node* a, const Node* b) { return Document::comparePaintOrder(*a, *b) < 0; }));
+    for (int i = 0; i < 100; ++i) document.journal().undo();
+    EXPECT_EQ(listing(document), beforeLast);
+}
+
+TEST_F(DocumentTest, PaintOrderIsThatOfAWalk) {
+    RandomEditor random(7);
+    for (int i = 0; i < 300; ++i) random.edit(document);
+    const std::vector<Node*> nodes = allNodes(document);
+    for (std::size_t a = 0; a < nodes.size(); ++a) {
+        for (std::size_t b = 0; b < nodes.size(); ++b) {
+            const int order = Document::comparePaintOrder(*nodes[a], *nodes[b]);
+            ASSERT_EQ(a < b, order < 0);
+            ASSERT_EQ(a == b, order == 0);
+        }
+    }
+}
+
+TEST_F(DocumentTest, DeepNestingNeedsNoStack) {
+    Node* innermost = &layer;
+    for (int i = 0; i < 100000; ++i) innermost = &document.create(NodeType::Group, Placement::OnTopInside, *innermost);
+    Node& line = addLine(document, *innermost, {0, 0}, {1, 1});
+    Node& outermost = *layer.firstChild();
+    document.offset(outermost, 5, 0);
+    document.select(outermost, true);
+    document.remove(outermost);
+    EXPECT_FALSE(line.alive());
+    EXPECT_TRUE(document.selection().empty());
+    document.journal().undo();
+    EXPECT_TRUE(line.alive());
+    EXPECT_EQ(line.path().points[0].anchor, (Point{5, 0}));
+    EXPECT_EQ(document.selection().size(), 100001U);
+}
+
+TEST_F(DocumentTest, HiddenAndLockedReachDown) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& line = addLine(document, group, {0, 0}, {1, 1});
+    document.setHidden(group, true);
+    document.setLocked(layer, true);
+    EXPECT_TRUE(line.effectivelyHidden());
+    EXPECT_TRUE(line.effectivelyLocked());
+    EXPECT_FALSE(line.hidden() || line.locked() || layer.effectivelyHidden());
+}
+
+// Paths
+
+TEST_F(DocumentTest, PathIsWrittenPieceByPiece) {
+    Node& path = document.create(NodeType::Path, Placement::OnTopInside, layer);
+    EXPECT_TRUE(path.path().points.empty());
+    EXPECT_EQ(path.style(), Style{});
+    document.setPointCount(path, 3);
+    const std::vector<PathPoint> two{{{1, 1}, {0, 1}, {2, 1}, false}, corner(5, 5)};
+    document.setPoints(path, 1, two.data(), 2);
+    document.setClosed(path, true);
+    EXPECT_EQ(path.path(), (PathData{{corner(0, 0), two[0], two[1]}, true}));
+    EXPECT_EQ(path.path().segmentCount(), 3U);
+    EXPECT_EQ(path.path().hull(), (Box{0, 0, 5, 5}));
+    document.reverse(path);
+    EXPECT_EQ(path.path().points, (std::vector{two[1], PathPoint{{1, 1}, {2, 1}, {0, 1}, false}, corner(0, 0)}));
+}
+
+TEST_F(DocumentTest, OffsetMovesAllThatAGroupHolds) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& path = addPath(document, group, {{{1, 1}, {0, 1}, {2, 1}, false}});
+    Node& apart = addLine(document, layer, {0, 0}, {1, 1});
+    document.offset(group, 10, -1);
+    EXPECT_EQ(path.path().points[0], (PathPoint{{11, 0}, {10, 0}, {12, 0}, false}));
+    EXPECT_EQ(apart.path().points[0], corner(0, 0));
+}
+
+// Selection
+
+TEST_F(DocumentTest, SelectingReachesDownAndDeselectingUp) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& line = addLine(document, group, {0, 0}, {1, 1});
+    Node& other = addLine(document, group, {0, 0}, {2, 2});
+    document.select(layer, true);
+    EXPECT_EQ(document.selection(), (std::vector{&group, &other, &line}));
+    document.select(line, false);
+    EXPECT_EQ(document.selection(), (std::vector{&other}));
+    EXPECT_TRUE(document.hasSelection(layer));
+    EXPECT_FALSE(document.hasSelection(line));
+    Node& second = document.addLayer("second");
+    EXPECT_FALSE(document.hasSelection(second));
+    document.select(addLine(document, second, {0, 0}, {1, 1}), true);
+    document.deselectAll(layer);
+    EXPECT_EQ(document.selection(), (std::vector{second.firstChild()}));
+    document.deselectAll();
+    EXPECT_TRUE(document.selection().empty());
+}
+
+TEST_F(DocumentTest, PointSelectionFollowsThePoints) {
+    Node& path = addPath(document, layer, {corner(0, 0), corner(1, 0), corner(2, 0)});
+    const auto selected = [&] {
+        std::string flags;
+        for (std::size_t i = 0; i < path.path().points.size(); ++i) flags += path.pointSelected(i) ? 'x' : '-';
+        return flags;
+    };
+    document.select(path, true);
+    EXPECT_TRUE(path.allPointsSelected());
+    document.selectPoints(path, {true, false, false});
+    EXPECT_EQ(selected(), "x--");
+    EXPECT_FALSE(path.allPointsSelected());
+    document.reverse(path);
+    EXPECT_EQ(selected(), "--x");
+    document.setPointCount(path, 4);
+    EXPECT_EQ(selected(), "--x-");
+    document.setPointCount(path, 2);
+    EXPECT_FALSE(path.selected());
+    document.selectPoints(path, {true, true});
+    EXPECT_TRUE(path.allPointsSelected());
+    document.selectPoints(path, {});
+    EXPECT_FALSE(path.selected());
+}
+
+// Comparing
+
+TEST_F(DocumentTest, SameContentIgnoresSelectionAndIdentity) {
+    const auto draw = [](Document& into) -> Node& {
+        return addLine(into, into.create(NodeType::Group, Placement::OnTopInside, into.currentLayer()), {0, 0}, {1, 1});
+    };
+    Document other(200, 100);
+    document.remove(draw(document));
+    document.remove(*layer.firstChild());
+    Node& line = draw(document);
+    Node& twin = draw(other);
+    document.select(line, true);
+    EXPECT_TRUE(Document::sameContent(document, other));
+    document.place(line, Placement::Above, *line.parent());
+    EXPECT_FALSE(Document::sameContent(document, other));
+    document.journal().undo();
+    other.setStyle(twin, painted(false, 2));
+    EXPECT_FALSE(Document::sameContent(document, other));
+}
+
+} // namespace
+} // namespace easel::model

@@ -1,0 +1,246 @@
+// Searching by place: kinds, distances, order, what is passed over; curves against an independent geometry library.
+#include "model/HitTest.h"
+
+#include <2geom/path.h>
+#include <2geom/pathvector.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "tests/model/Drawing.h"
+
+namespace easel::model {
+namespace {
+
+constexpr HitRequest kEverything = HitRequest::Anchors | HitRequest::InHandles | HitRequest::OutHandles |
+                                   HitRequest::Segments | HitRequest::Fills | HitRequest::Guides;
+
+class HitTest : public testing::Test {
+  protected:
+    Hit at(double x, double y, HitRequest request = kEverything, double tolerance = 2) {
+        return document.hitTest(document.root(), {x, y}, tolerance, request);
+    }
+
+    Document document{200, 200};
+    Node& layer = document.currentLayer();
+};
+
+TEST_F(HitTest, KindDecidesBeforeDistanceBeforePaintOrder) {
+    Node& below = addLine(document, layer, {0, 0}, {10, 0});
+    Node& above = addLine(document, layer, {0, 1}, {10, 1});
+    const struct {
+        double x, y;
+        HitKind kind;
+        Node* node;
+        int index;
+    } rows[] = {
+        {1.5, 0.9, HitKind::Anchor, &above, 0}, // though the segment is nearer
+        {9.9, 0.2, HitKind::Anchor, &below, 1}, // nearer than the other anchor
+        {10, 0.5, HitKind::Anchor, &above, 1},  // equally near: the upper one
+        {5, 0.4, HitKind::Segment, &below, 0},  // nearer
+        {5, 0.5, HitKind::Segment, &above, 0},  // equally near
+        {5, 4, HitKind::None, nullptr, -1},
+    };
+    for (const auto& row : rows) {
+        const Hit hit = at(row.x, row.y);
+        EXPECT_EQ(hit.kind, row.kind) << row.x << ' ' << row.y;
+        EXPECT_EQ(hit.node, row.node) << row.x << ' ' << row.y;
+        EXPECT_EQ(hit.index, row.index) << row.x << ' ' << row.y;
+    }
+}
+
+TEST_F(HitTest, OnlyWhatIsAskedForIsFound) {
+    // A square with one curved corner; the point lies near an anchor and both its handles.
+    Node& path = addPath(document, layer, {{{10, 10}, {9, 10}, {11, 10}, false}, corner(50, 10), corner(50, 50)}, true);
+    document.setStyle(path, painted(true, 1));
+    const struct {
+        HitRequest request;
+        HitKind kind;
+        Point point;
+        int index;
+    } rows[] = {
+        {kEverything, HitKind::Anchor, {10, 10}, 0},
+        {HitRequest::InHandles | HitRequest::OutHandles | HitRequest::Segments, HitKind::InHandle, {9, 10}, 0},
+        {HitRequest::OutHandles | HitRequest::Segments, HitKind::OutHandle, {11, 10}, 0},
+        {HitRequest::Fills, HitKind::Fill, {10.5, 10.1}, -1},
+        {HitRequest::Guides, HitKind::None, {}, -1},
+        {HitRequest::Nothing, HitKind::None, {}, -1},
+    };
+    for (const auto& row : rows) {
+        const Hit hit = at(10.5, 10.1, row.request);
+        EXPECT_EQ(hit.kind, row.kind);
+        EXPECT_EQ(hit.point, row.point);
+        EXPECT_EQ(hit.index, row.index);
+    }
+    EXPECT_EQ(at(50, 10, HitRequest::InHandles | HitRequest::OutHandles).kind, HitKind::None); // retracted
+    EXPECT_EQ(at(30, 30.5, HitRequest::Segments).index, 2);                                    // the closing one
+    document.setClosed(path, false);
+    EXPECT_EQ(at(30, 30.5, HitRequest::Segments).kind, HitKind::None);
+    EXPECT_EQ(at(30, 25, HitRequest::Fills, 0).kind, HitKind::Fill); // an open path is filled all the same
+    document.setStyle(path, painted(false, 1));
+    EXPECT_EQ(at(30, 25, HitRequest::Fills, 0).kind, HitKind::None);
+}
+
+TEST_F(HitTest, ToleranceIncludesItsBoundary) {
+    addLine(document, layer, {103, 104}, {150, 104});
+    EXPECT_EQ(at(100, 100, kEverything, 5).kind, HitKind::Anchor);
+    EXPECT_EQ(at(100, 100, kEverything, std::nextafter(5, 0)).kind, HitKind::None);
+    EXPECT_EQ(at(120, 103.9, kEverything, 104 - 103.9).kind, HitKind::Segment);
+    EXPECT_EQ(at(103, 104, kEverything, 0).kind, HitKind::Anchor);
+    for (const double bad : {-1.0, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(at(103, 104, kEverything, bad).kind, HitKind::None);
+        EXPECT_EQ(at(std::log(bad), 104).kind, HitKind::None);
+    }
+    EXPECT_EQ(at(0, 0, kEverything, std::numeric_limits<double>::infinity()).kind, HitKind::Anchor);
+}
+
+TEST_F(HitTest, HiddenAndLockedArtIsPassedOver) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& line = addLine(document, group, {10, 10}, {20, 10});
+    for (Node* node : {&line, &group, &layer}) {
+        document.setLocked(*node, true);
+        EXPECT_EQ(at(10, 10).kind, HitKind::None);
+        EXPECT_TRUE(document.snapPoint({10, 10}, 2));
+        document.setLocked(*node, false);
+        document.setHidden(*node, true);
+        EXPECT_EQ(at(10, 10).kind, HitKind::None);
+        EXPECT_FALSE(document.snapPoint({10, 10}, 2));
+        document.setHidden(*node, false);
+        EXPECT_EQ(at(10, 10).node, &line);
+    }
+}
+
+TEST_F(HitTest, SearchIsLimitedToWhatANodeHolds) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& inside = addLine(document, group, {10, 10}, {20, 10});
+    Node& outside = addLine(document, layer, {10, 10}, {20, 10});
+    Node& second = document.addLayer("second");
+    const auto hit = [&](Node& within) { return document.hitTest(within, {10, 10}, 1, kEverything).node; };
+    EXPECT_EQ(hit(document.root()), &outside);
+    EXPECT_EQ(hit(layer), &outside);
+    EXPECT_EQ(hit(group), &inside);
+    EXPECT_EQ(hit(inside), &inside);
+    EXPECT_EQ(hit(second), nullptr);
+}
+
+TEST_F(HitTest, LoneAnchorIsAnAnchorOnly) {
+    addPath(document, layer, {corner(10, 10)}, true);
+    document.create(NodeType::Path, Placement::OnTopInside, layer); // no points at all
+    EXPECT_EQ(at(10, 11).kind, HitKind::Anchor);
+    EXPECT_EQ(at(10, 11, HitRequest::Segments | HitRequest::Fills).kind, HitKind::None);
+}
+
+TEST_F(HitTest, SnapPassesOverWhatTheGestureMoves) {
+    Node& moved = addLine(document, layer, {10, 10}, {20, 10});
+    addLine(document, layer, {11, 10}, {20, 20});
+    Journal& journal = document.journal();
+    journal.begin();
+    journal.mark();
+    document.offset(moved, 5, 5);
+    addLine(document, layer, {10, 10}, {0, 0});
+    journal.rollBackToMark();
+    EXPECT_EQ(document.snapPoint({10, 10}, 2), (Point{11, 10}));
+    journal.rollBackToMark(); // the last one put nothing back
+    EXPECT_EQ(document.snapPoint({10, 10}, 2), (Point{10, 10}));
+    document.offset(moved, 5, 5);
+    journal.rollBackToMark();
+    journal.dropMark();
+    EXPECT_EQ(document.snapPoint({10, 10}, 2), (Point{10, 10}));
+    journal.end();
+}
+
+// Against other ways to the answer
+
+TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
+    const std::uint32_t seed = 11;
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    RandomEditor random(seed);
+    Journal& journal = document.journal();
+    for (int round = 0; round < 400; ++round) {
+        journal.begin();
+        if (round == 100) {
+            for (int i = 0; i < 2000; ++i) addPath(document, layer, random.points(2)); // enough to build it anew
+        }
+        if (round % 3 == 0) journal.mark();
+        for (int i = 0; i < 5; ++i) random.edit(document);
+        if (round % 2 == 0) journal.rollBackToMark();
+        const auto compare = [&] {
+            const Point point = random.point();
+            double nearest = 20;
+            for (const Node* node : allNodes(document)) {
+                if (node->type() != NodeType::Path || node->effectivelyHidden() || journal.wasPutBack(*node)) continue;
+                for (const PathPoint& p : node->path().points) {
+                    nearest = std::min(nearest, std::hypot(p.anchor.x - point.x, p.anchor.y - point.y));
+                }
+            }
+            const std::optional<Point> found = document.snapPoint(point, 20);
+            ASSERT_EQ(found.has_value(), nearest < 20);
+            if (found) {
+                ASSERT_NEAR(std::hypot(found->x - point.x, found->y - point.y), nearest, 1e-12);
+            }
+        };
+        compare();
+        journal.end();
+        compare();
+        if (round % 7 == 0 && journal.undo()) compare();
+    }
+}
+
+Geom::Path outline(const PathData& data) {
+    const auto point = [](Point p) { return Geom::Point(p.x, p.y); };
+    Geom::Path path(point(data.points.front().anchor));
+    for (std::size_t i = 0; i < data.segmentCount(); ++i) {
+        const PathPoint& start = data.points[i];
+        const PathPoint& end = data.points[(i + 1) % data.points.size()];
+        path.appendNew<Geom::CubicBezier>(point(start.out), point(end.in), point(end.anchor));
+    }
+    path.close();
+    return path;
+}
+
+TEST_F(HitTest, CurvesAgreeWithAnIndependentLibrary) {
+    const std::uint32_t seed = 5;
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    RandomEditor random(seed);
+    Node& path = addPath(document, layer, {});
+    document.setStyle(path, painted(true, 1));
+    for (int round = 0; round < 3000; ++round) {
+        document.setPath(path, {random.points(1 + random.below(5)), true});
+        const Geom::Path other = outline(path.path());
+        const Point from = random.point();
+        if (path.path().segmentCount() > 0) {
+            double expected = 0;
+            other.nearestTime({from.x, from.y}, &expected);
+            const Hit hit = at(from.x, from.y, HitRequest::Segments, 200);
+            ASSERT_EQ(hit.kind, HitKind::Segment);
+            ASSERT_NEAR(std::hypot(hit.point.x - from.x, hit.point.y - from.y), expected, 1e-6) << round;
+            const Geom::Point onCurve = other[std::size_t(hit.index)].pointAt(hit.t);
+            ASSERT_NEAR(std::hypot(onCurve.x() - hit.point.x, onCurve.y() - hit.point.y), 0, 1e-9) << round;
+            const bool inside = other.winding({from.x, from.y}) % 2 != 0;
+            ASSERT_EQ(at(from.x, from.y, HitRequest::Fills, 0).kind == HitKind::Fill, inside) << round;
+        }
+    }
+}
+
+TEST_F(HitTest, InsideIsRightAtTheHeightOfCorners) {
+    // A diamond and a star-like bow; rays through corners and along edges must not count twice.
+    Node& diamond = addPath(document, layer, {corner(50, 10), corner(90, 50), corner(50, 90), corner(10, 50)}, true);
+    Node& steps = addPath(
+        document, layer,
+        {corner(110, 10), corner(150, 10), corner(150, 50), corner(190, 50), corner(190, 90), corner(110, 90)}, true);
+    document.setStyle(diamond, painted(true, 1));
+    document.setStyle(steps, painted(true, 1));
+    const auto node = [&](double x, double y) { return at(x, y, HitRequest::Fills, 0).node; };
+    EXPECT_EQ(node(50, 50), &diamond);
+    EXPECT_EQ(node(5, 50), nullptr);
+    EXPECT_EQ(node(5, 10), nullptr);
+    EXPECT_EQ(node(5, 90), nullptr);
+    EXPECT_EQ(node(120, 50), &steps);
+    EXPECT_EQ(node(100, 50), nullptr);
+    EXPECT_EQ(node(170, 50.5), &steps);
+    EXPECT_EQ(node(170, 49.5), nullptr);
+}
+
+} // namespace
+} // namespace easel::model

@@ -1,0 +1,266 @@
+// Undo, redo, roll-back: what they bring back, what makes a step, what becomes of identities.
+#include "model/Journal.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/model/Drawing.h"
+
+namespace easel::model {
+namespace {
+
+class JournalTest : public testing::Test {
+  protected:
+    Document document{100, 100};
+    Journal& journal = document.journal();
+    Node& layer = document.currentLayer();
+};
+
+// Random histories
+
+class History : public testing::TestWithParam<std::uint32_t> {};
+
+TEST_P(History, IsWalkedBackAndForthExactly) {
+    SCOPED_TRACE("seed " + std::to_string(GetParam()));
+    RandomEditor random(GetParam());
+    Document document(100, 100);
+    Journal& journal = document.journal();
+    std::vector<std::string> states; // states[i]: with i steps done, just before the next one begins
+    const std::string empty = listing(document);
+    for (int round = 0; round < 120; ++round) {
+        const std::string before = listing(document);
+        const std::size_t depth = journal.undoDepth();
+        journal.begin();
+        for (std::size_t i = random.below(4); i-- > 0;) random.edit(document);
+        if (random.below(3) == 0) {
+            journal.mark();
+            const std::string marked = listing(document);
+            for (int drag = 0; drag < 3; ++drag) {
+                for (std::size_t i = random.below(6); i-- > 0;) random.edit(document);
+                journal.rollBackToMark();
+                ASSERT_EQ(listing(document), marked);
+            }
+            for (std::size_t i = random.below(3); i-- > 0;) random.edit(document);
+        }
+        switch (random.below(8)) {
+        case 0: journal.setKind(UndoKind::Silent); break;
+        case 1: journal.setKind(UndoKind::Append); break;
+        case 2:
+            journal.abandon();
+            ASSERT_EQ(listing(document), before);
+            break;
+        default: break;
+        }
+        journal.end();
+        if (journal.undoDepth() > depth) states.push_back(before);
+        if (random.below(10) == 0 && journal.undo()) {
+            ASSERT_EQ(listing(document), states.back());
+            if (random.below(2) == 0) {
+                ASSERT_TRUE(journal.redo());
+            } else {
+                states.pop_back();
+            }
+        }
+
+        std::vector<Node*> selected;
+        for (Node* node : allNodes(document)) {
+            ASSERT_EQ(document.find(node->id()), node);
+            if (node->selected()) selected.push_back(node);
+        }
+        ASSERT_EQ(document.selection(), selected);
+    }
+    ASSERT_EQ(journal.undoDepth(), states.size());
+    states.push_back(listing(document));
+    for (std::size_t i = states.size() - 1; i-- > 0;) {
+        ASSERT_TRUE(journal.undo());
+        ASSERT_EQ(listing(document), states[i]);
+    }
+    EXPECT_FALSE(journal.undo());
+    for (std::size_t i = journal.undoDepth() + 1; i < states.size(); ++i) {
+        ASSERT_TRUE(journal.redo());
+        ASSERT_EQ(listing(document), states[i]);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, History, testing::Range(1U, 41U));
+
+// Steps
+
+TEST_F(JournalTest, KindDecidesWhatBecomesOfAChange) {
+    const std::string empty = listing(document);
+    journal.begin();
+    journal.setKind(UndoKind::Append);
+    addLine(document, layer, {0, 0}, {1, 1});
+    journal.end();
+    EXPECT_EQ(journal.undoDepth(), 0U); // nothing to append to
+    const std::string first = listing(document);
+
+    journal.begin();
+    addLine(document, layer, {0, 0}, {2, 2});
+    journal.end();
+    EXPECT_EQ(journal.undoDepth(), 1U);
+    for (const UndoKind kind : {UndoKind::Append, UndoKind::Silent}) {
+        journal.begin();
+        journal.setKind(kind);
+        addLine(document, layer, {0, 0}, {3, 3});
+        journal.end();
+        EXPECT_EQ(journal.undoDepth(), 1U);
+    }
+    EXPECT_NE(first, empty);
+    ASSERT_TRUE(journal.undo());
+    EXPECT_EQ(listing(document), first);
+    EXPECT_FALSE(journal.undo());
+}
+
+TEST_F(JournalTest, KindSetSinceTheMarkIsRolledBackToo) {
+    journal.begin();
+    journal.mark();
+    journal.setKind(UndoKind::Silent);
+    journal.rollBackToMark();
+    addLine(document, layer, {0, 0}, {1, 1});
+    journal.end();
+    EXPECT_EQ(journal.undoDepth(), 1U);
+}
+
+TEST_F(JournalTest, NoNetChangeMakesNoStepAndKeepsRedo) {
+    Node& line = addLine(document, layer, {0, 0}, {1, 1});
+    Node& other = addLine(document, layer, {5, 5}, {6, 6});
+    document.setName(line, "redone");
+    journal.undo();
+    const std::string before = listing(document);
+    const std::size_t depth = journal.undoDepth();
+
+    journal.begin();
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    addLine(document, group, {3, 3}, {4, 4});
+    document.place(line, Placement::OnTopInside, group);
+    document.place(line, Placement::Below, other);
+    document.remove(group);
+    document.offset(other, 10, 0);
+    document.offset(other, -10, 0);
+    document.place(other, Placement::Below, line);
+    document.place(other, Placement::Above, line);
+    journal.end();
+    EXPECT_EQ(listing(document), before);
+    EXPECT_EQ(journal.undoDepth(), depth);
+    EXPECT_TRUE(journal.redo());
+    EXPECT_EQ(line.name(), "redone");
+}
+
+TEST_F(JournalTest, SelectionAloneMakesNoStepAndKeepsRedo) {
+    Node& line = addLine(document, layer, {0, 0}, {1, 1});
+    document.offset(line, 1, 0);
+    document.offset(line, 1, 0);
+    journal.undo();
+    const std::size_t depth = journal.undoDepth();
+    document.select(line, true);
+    EXPECT_EQ(journal.undoDepth(), depth);
+    EXPECT_EQ(journal.redoDepth(), 1U);
+    ASSERT_TRUE(journal.redo());
+    EXPECT_EQ(line.path().points[0].anchor.x, 2);
+    ASSERT_TRUE(journal.undo());
+    EXPECT_TRUE(line.selected());
+    ASSERT_TRUE(journal.undo());
+    EXPECT_FALSE(line.selected());
+}
+
+TEST_F(JournalTest, RealChangeClearsRedo) {
+    addLine(document, layer, {0, 0}, {1, 1});
+    journal.undo();
+    addLine(document, layer, {0, 0}, {2, 2});
+    EXPECT_EQ(journal.redoDepth(), 0U);
+    EXPECT_FALSE(journal.redo());
+}
+
+TEST_F(JournalTest, UndoAndRedoAreRefusedInsideATransaction) {
+    addLine(document, layer, {0, 0}, {1, 1});
+    addLine(document, layer, {0, 0}, {2, 2});
+    journal.undo();
+    journal.begin();
+    journal.begin();
+    journal.end();
+    EXPECT_TRUE(journal.running());
+    EXPECT_FALSE(journal.undo());
+    EXPECT_FALSE(journal.redo());
+    journal.end();
+    EXPECT_FALSE(journal.running());
+    EXPECT_TRUE(journal.redo());
+}
+
+// Identities
+
+TEST_F(JournalTest, RemovedNodeComesBackWithItsIdentity) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& line = addLine(document, group, {0, 0}, {1, 1});
+    const NodeId id = line.id();
+    document.remove(group);
+    EXPECT_EQ(document.find(id), nullptr);
+    EXPECT_FALSE(line.alive());
+    Node& other = addLine(document, layer, {0, 0}, {1, 1});
+    EXPECT_NE(other.id().slot, id.slot);
+    journal.undo();
+    journal.undo();
+    journal.undo();
+    EXPECT_EQ(document.find(id), &line);
+    EXPECT_TRUE(line.alive());
+}
+
+TEST_F(JournalTest, SlotIsReusedByANewGenerationOnceNobodyKnowsTheNode) {
+    journal.begin();
+    journal.mark();
+    const NodeId rolledBack = addLine(document, layer, {0, 0}, {1, 1}).id();
+    journal.rollBackToMark();
+    const NodeId next = addLine(document, layer, {0, 0}, {1, 1}).id();
+    journal.end();
+    EXPECT_EQ(next, (NodeId{rolledBack.slot, rolledBack.generation + 1}));
+    EXPECT_EQ(document.find(rolledBack), nullptr);
+
+    journal.undo();
+    addLine(document, layer, {2, 2}, {3, 3}); // forgets what could be redone
+    EXPECT_EQ(addLine(document, layer, {4, 4}, {5, 5}).id(), (NodeId{next.slot, next.generation + 1}));
+}
+
+TEST_F(JournalTest, SilentRemovalWithoutHistoryFreesAllThatWasInside) {
+    journal.begin();
+    journal.setKind(UndoKind::Silent);
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    Node& inner = document.create(NodeType::Group, Placement::OnTopInside, group);
+    addLine(document, inner, {0, 0}, {1, 1});
+    addLine(document, inner, {0, 0}, {1, 1});
+    journal.end();
+    journal.begin();
+    journal.setKind(UndoKind::Silent);
+    document.remove(group);
+    journal.end();
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(addLine(document, layer, {0, 0}, {1, 1}).id().generation, 2U);
+}
+
+TEST_F(JournalTest, SlotWithoutGenerationsLeftIsNeverUsedAgain) {
+    journal.begin();
+    journal.mark();
+    const std::uint32_t slot = document.create(NodeType::Path, Placement::OnTopInside, layer).id().slot;
+    std::uint32_t last = 0;
+    for (NodeId id{slot, 1}; id.slot == slot; last = std::max(last, id.generation * (id.slot == slot))) {
+        journal.rollBackToMark();
+        id = document.create(NodeType::Path, Placement::OnTopInside, layer).id();
+    }
+    EXPECT_EQ(last, (1U << 20) - 1);
+}
+
+// Layers
+
+TEST_F(JournalTest, CurrentLayerIsAlwaysALivingOne) {
+    Node& added = document.addLayer("second");
+    EXPECT_EQ(&document.currentLayer(), &added);
+    journal.undo();
+    EXPECT_EQ(&document.currentLayer(), &layer);
+    EXPECT_EQ(document.layerCount(), 1U);
+    journal.redo();
+    EXPECT_EQ(document.layerAt(0), &added);
+    document.remove(layer);
+    document.remove(added); // the last one stays
+    EXPECT_EQ(document.layerCount(), 1U);
+    EXPECT_EQ(&document.currentLayer(), &added);
+}
+
+} // namespace
+} // namespace easel::model
