@@ -1,0 +1,109 @@
+// Registration at start-up, tool messages, and the end.
+#include "plugin/BasePlugin.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "plugin/Convert.h"
+#include "plugin/HostCall.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+constexpr std::int32_t notifierRefused = 1000;
+constexpr std::int32_t noUndoSuite = 1001;
+constexpr std::int32_t pluginGroupOptions = 4096;
+
+/// Selectors of the caller "AI Tool", in the order of ToolEvent.
+constexpr std::string_view toolSelectors[toolEventCount] = {
+    kSelectorAIEditToolOptions,  kSelectorAITrackToolCursor,  kSelectorAIToolMouseDown, kSelectorAIToolMouseDrag,
+    kSelectorAIToolMouseUp,      kSelectorAISelectTool,       kSelectorAIReselectTool,  kSelectorAIDeselectTool,
+    kSelectorAIDecreaseDiameter, kSelectorAIIncreaseDiameter,
+};
+
+bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <= ToolEvent::Reselect; }
+
+} // namespace
+
+void useHost(const void* record) { host::basic = MessageHead(record).basic; }
+
+void releaseHost() { host::releaseAll(); }
+
+std::string pluginName(const void* record) {
+    const char* const name = host::ask<&SPPluginsSuite::GetPluginName>("", MessageHead(record).self);
+    return name ? name : "";
+}
+
+BasePlugin::BasePlugin(SPPlugin* plugin, std::string name) : plugin_(plugin), name_(std::move(name)) {}
+
+void BasePlugin::setName(const std::string& name) {
+    name_ = name;
+    host::call<&SPPluginsSuite::SetPluginName>(plugin_, name.c_str());
+}
+
+// Life
+
+bool BasePlugin::addNotifier(const std::string& label, std::string_view type) {
+    std::string name = label + name_;
+    std::replace(name.begin(), name.end(), ' ', '_');
+    AINotifierHandle notifier = nullptr; // goes with the plug-in; never asked for again
+    return host::call<&AINotifierSuite::AddNotifier>(plugin_, name.c_str(), type.data(), &notifier);
+}
+
+std::int32_t BasePlugin::startup() {
+    const bool subscribed = addNotifier("KZOAppStartedNotifier", message::applicationStarted) &&
+                            addNotifier("KZOAppShutdownNotifier", message::applicationShutdown);
+    const core::__Callback<BasePlugin> toolMessage(this, &BasePlugin::handleToolMessage);
+    for (const std::string_view selector : toolSelectors)
+        dispatcher_.registerMessageCallback(message::tool, selector, toolMessage);
+    if (!subscribed) return notifierRefused;
+    return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
+}
+
+void BasePlugin::addPluginGroup() {
+    if (group_) return;
+    const std::string name = name_ + " Custom Art";
+    group_ = host::ask<&AIPluginGroupSuite::AddAIPluginGroup>(AIPluginGroupHandle{}, plugin_, name.c_str(),
+                                                              pluginGroupOptions);
+}
+
+std::int32_t BasePlugin::shutdown() {
+    // Handles that outlive the plug-in are empty from here on.
+    for (const std::shared_ptr<BaseTool>& tool : tools_) tool->destroy();
+    tools_.clear();
+    releaseHost();
+    return 0;
+}
+
+// Tools
+
+void BasePlugin::addTool(const std::shared_ptr<BaseTool>& tool) { tools_.push_back(tool); }
+
+void BasePlugin::removeTool(const BaseTool& tool) {
+    std::erase_if(tools_, [&](const std::shared_ptr<BaseTool>& known) { return known.get() == &tool; });
+}
+
+void BasePlugin::handleToolMessage() {
+    if (!dispatcher_.lastToolMessage()) return;
+    const ToolMessage message = *dispatcher_.lastToolMessage();
+    const auto selector = std::find(std::begin(toolSelectors), std::end(toolSelectors), dispatcher_.lastSelector());
+    const auto event = static_cast<ToolEvent>(selector - std::begin(toolSelectors));
+    const auto known =
+        std::find_if(tools_.begin(), tools_.end(), [&](const auto& t) { return t->toolHandle() == message.tool; });
+    if (known == tools_.end()) return;
+    // Held while it works: a callback may destroy its own tool.
+    const std::shared_ptr<BaseTool> tool = *known;
+    if (makesCurrent(event)) currentTool_ = tool;
+    dispatcher_.setAnswer(tool->handle(event, message));
+}
+
+// Undo
+
+bool BasePlugin::setUndoKind(core::UndoContext context) {
+    constexpr std::int16_t none = -1;
+    const std::int16_t kind = toHost(undoContexts, context, none);
+    return kind != none && host::isAcquired<AIUndoSuite>() && host::call<&AIUndoSuite::SetKind>(std::int32_t{kind});
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,70 @@
+// The plug-in towards the host: what the framework registers for itself, and the tools. The phases of life and the
+// client's callbacks are known above (core::Plugin).
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Enumerations.h"
+#include "plugin/BaseTool.h"
+#include "plugin/Dispatcher.h"
+
+struct AIPluginGroup;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+/// Sets the way to the host for all calls that follow.
+void useHost(const void* record);
+/// Gives every suite back.
+void releaseHost();
+
+/// The name that the host knows the plug-in of this message by; empty when it tells none.
+[[nodiscard]] std::string pluginName(const void* record);
+
+class BasePlugin {
+  public:
+    BasePlugin(SPPlugin* plugin, std::string name);
+    BasePlugin(const BasePlugin&) = delete;
+    BasePlugin& operator=(const BasePlugin&) = delete;
+
+    [[nodiscard]] SPPlugin* spPluginRef() const { return plugin_; }
+    [[nodiscard]] const std::string& name() const { return name_; }
+    void setName(const std::string& name); ///< also in the host's lists
+    [[nodiscard]] Dispatcher& dispatcher() { return dispatcher_; }
+
+    // Life
+    /// Registers the framework's notifiers and tool messages. Answers 0, 1000 when the host refuses a notifier, 1001
+    /// when it has no undo suite.
+    std::int32_t startup();
+    /// Registers the kind of custom art that belongs to the plug-in, once.
+    void addPluginGroup();
+    /// Lets go of all tools and gives every suite back. Answers 0.
+    std::int32_t shutdown();
+
+    // Tools
+    /// Takes part in owning a tool, so that it is there while a message to it is handled.
+    void addTool(const std::shared_ptr<BaseTool>& tool);
+    void removeTool(const BaseTool& tool);
+    /// The tool of the last select, track or mouse message; null before the first.
+    [[nodiscard]] std::shared_ptr<BaseTool> currentTool() const { return currentTool_.lock(); }
+
+    // Undo
+    /// False for a value that is no context, and when the host refuses or `startup` has not run.
+    static bool setUndoKind(core::UndoContext context);
+
+  private:
+    bool addNotifier(const std::string& label, std::string_view type);
+    void handleToolMessage();
+
+    SPPlugin* plugin_;
+    std::string name_;
+    Dispatcher dispatcher_;
+    std::vector<std::shared_ptr<BaseTool>> tools_;
+    std::weak_ptr<BaseTool> currentTool_;
+    AIPluginGroup* group_ = nullptr;
+};
+
+} // namespace kzo::plugin

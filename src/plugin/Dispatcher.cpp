@@ -1,0 +1,54 @@
+// Dispatch by caller and selector.
+#include "plugin/Dispatcher.h"
+
+#include <utility>
+
+namespace kzo::plugin {
+
+/// One message on the stack of those being handled.
+class Dispatcher::Scope {
+  public:
+    Scope(Dispatcher& dispatcher, std::string_view caller, std::string_view selector, const ToolMessage* toolMessage)
+        : dispatcher_(dispatcher), outer_(dispatcher.executing_), here_{caller, selector, toolMessage, handled} {
+        dispatcher_.executing_ = &here_;
+    }
+    ~Scope() { dispatcher_.executing_ = outer_; }
+    Scope(const Scope&) = delete;
+    Scope& operator=(const Scope&) = delete;
+
+    [[nodiscard]] std::int32_t answer() const { return here_.answer; }
+
+  private:
+    Dispatcher& dispatcher_;
+    Executing* outer_;
+    Executing here_;
+};
+
+std::int32_t Dispatcher::message(std::string_view caller, std::string_view selector, void* record) {
+    std::optional<ToolMessage> ownToolMessage;
+    if (caller == message::tool && record) ownToolMessage.emplace(record);
+    const Scope scope(*this, caller, selector, ownToolMessage ? &*ownToolMessage : lastToolMessage());
+
+    const auto at = callbacks_.find(std::pair(caller, selector));
+    if (at == callbacks_.end()) return notHandled;
+    // A copy, since the callback may unregister itself.
+    const core::CallbackSlot running = at->second;
+    running.run();
+    return scope.answer();
+}
+
+void Dispatcher::registerMessageCallback(std::string_view caller, std::string_view selector,
+                                         const core::Callback& callback) {
+    callbacks_.insert_or_assign(std::pair(std::string(caller), std::string(selector)), core::CallbackSlot(callback));
+}
+
+void Dispatcher::unregisterMessageCallback(std::string_view caller, std::string_view selector) {
+    const auto at = callbacks_.find(std::pair(caller, selector));
+    if (at != callbacks_.end()) callbacks_.erase(at);
+}
+
+void Dispatcher::setAnswer(std::int32_t answer) {
+    if (executing_) executing_->answer = answer;
+}
+
+} // namespace kzo::plugin

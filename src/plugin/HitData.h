@@ -1,0 +1,48 @@
+// What a hit test found: a snapshot that does not follow later edits of the document.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "core/Enumerations.h"
+#include "plugin/ArtboardPoint.h"
+
+struct ArtObject;
+struct AIHitRecord;
+
+namespace kzo::plugin {
+
+class HitData {
+  public:
+    /// No test made.
+    HitData() = default;
+    /// Tests `point` against `art`, or against every layer from the topmost down when it is null. The sign of
+    /// `tolerance` is dropped; it is in points, or in screen units when `inViewUnits`.
+    HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest request, double tolerance, bool inViewUnits);
+
+    [[nodiscard]] bool hit() const { return tested_ && type_ != core::HitType::None; }
+    [[nodiscard]] core::HitType hitType() const { return type_; }
+    [[nodiscard]] core::HitRequest request() const { return request_; }
+    [[nodiscard]] ArtboardPoint point() const { return point_; } ///< the point tested
+    [[nodiscard]] ArtObject* art() const { return art_; }
+    [[nodiscard]] bool inGroup() const { return inGroup_; }
+    [[nodiscard]] std::int16_t segPointIndex() const;
+    [[nodiscard]] std::int16_t segIndex() const;
+    [[nodiscard]] double tValue() const;
+
+  private:
+    [[nodiscard]] bool test(ArtObject* art, double tolerance);
+    [[nodiscard]] bool onSegPoint() const;
+    [[nodiscard]] bool atLastOfOpenPath() const;
+
+    bool tested_ = false;
+    core::HitRequest request_{};
+    core::HitType type_ = core::HitType::None;
+    ArtboardPoint point_;
+    ArtObject* art_ = nullptr;
+    std::int16_t index_ = -1; // of the segment point, or of the one that starts the segment
+    double t_ = 0;
+    bool inGroup_ = false;
+};
+
+} // namespace kzo::plugin

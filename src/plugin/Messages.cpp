@@ -1,0 +1,22 @@
+// Reading of the host's records.
+#include "plugin/Messages.h"
+
+#include "hostapi/AINotifierSuite.h"
+#include "hostapi/AIToolSuite.h"
+
+namespace kzo::plugin {
+
+MessageHead::MessageHead(const void* record)
+    : self(static_cast<const SPMessageData*>(record)->self), basic(static_cast<const SPMessageData*>(record)->basic) {}
+
+NotifyMessage::NotifyMessage(const void* record)
+    : notifier(static_cast<const AINotifierMessage*>(record)->notifier),
+      type(static_cast<const AINotifierMessage*>(record)->type ? static_cast<const AINotifierMessage*>(record)->type
+                                                               : "") {}
+
+ToolMessage::ToolMessage(const void* record)
+    : tool(static_cast<const AIToolMessage*>(record)->tool),
+      cursor(static_cast<const AIToolMessage*>(record)->cursor),
+      modifiers(core::ModifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)) {}
+
+} // namespace kzo::plugin

@@ -1,0 +1,52 @@
+// What the host's message records say, as plain records of our own: read once on arrival, valid while the message is
+// being handled.
+#pragma once
+
+#include <string_view>
+
+#include "core/Enumerations.h"
+#include "plugin/ArtboardPoint.h"
+
+struct AINotifier;
+struct AITool;
+struct SPBasicSuite;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+/// The head of every message.
+struct MessageHead {
+    explicit MessageHead(const void* record);
+
+    SPPlugin* self;
+    const SPBasicSuite* basic;
+};
+
+struct NotifyMessage {
+    explicit NotifyMessage(const void* record);
+
+    AINotifier* notifier;
+    std::string_view type;
+};
+
+struct ToolMessage {
+    explicit ToolMessage(const void* record);
+
+    AITool* tool;
+    ArtboardPoint cursor;
+    core::ModifierKeys modifiers;
+};
+
+/// Callers, selectors and notifier types that the framework itself acts on.
+namespace message {
+inline constexpr std::string_view access = "SP Access";
+inline constexpr std::string_view interface = "SP Interface";
+inline constexpr std::string_view startup = "Startup";
+inline constexpr std::string_view shutdown = "Shutdown";
+inline constexpr std::string_view notifier = "AI Notifier";
+inline constexpr std::string_view tool = "AI Tool";
+inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
+inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";
+} // namespace message
+
+} // namespace kzo::plugin
