@@ -1,0 +1,94 @@
+// The entry: every message from the host comes in here. Decides between the phases of life and dispatch; no exception
+// leaves.
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/Dispatcher.h"
+#include "core/Plugin.h"
+#include "plugin/BasePlugin.h"
+#include "plugin/HostMonitor.h"
+#include "plugin/Messages.h"
+#include "plugin/Platform.h"
+
+namespace kzo::core {
+
+namespace {
+
+using namespace plugin::message;
+
+constexpr std::int32_t done = 0;
+constexpr std::int32_t setupFailed = 0x53554645; // "SUFE"
+
+void destroy(Plugin* plugin) {
+    pluginDestroy(plugin);
+    delete plugin;
+}
+
+/// Makes the plug-in object and lets the client set itself up. Answers 0 or why there is no plug-in.
+std::int32_t setUp(void* record) {
+    const std::string name = plugin::pluginName(record);
+    if (name.empty()) {
+        plugin::platform().log("ERROR: Could not acquire plugin name during startup, which is required! Bailing out.");
+        plugin::releaseHost();
+        return setupFailed;
+    }
+    auto made = std::make_unique<Plugin>(plugin::MessageHead(record).self, name);
+    bool accepted = false;
+    try {
+        accepted = pluginSetup(made.get());
+    } catch (...) {
+        // A client that fails half-way has declined.
+    }
+    if (!accepted) {
+        destroy(made.release());
+        plugin::releaseHost();
+        return setupFailed;
+    }
+    static_cast<void>(made.release()); // lives until the shut-down message
+    return done;
+}
+
+std::int32_t life(Plugin* plugin, std::string_view selector) {
+    if (selector == startup) plugin->__startup();
+    if (selector == shutdown) {
+        // The object goes also when its last work throws: the host sends nothing after this.
+        const std::unique_ptr<Plugin, void (*)(Plugin*)> ending(plugin, destroy);
+        plugin->__shutdown();
+    }
+    return done;
+}
+
+std::int32_t route(std::string_view caller, std::string_view selector, void* record) {
+    plugin::useHost(record);
+    if (!Plugin::instance()) {
+        if (caller != interface || selector != startup) return done;
+        if (const std::int32_t failure = setUp(record)) return failure;
+    }
+    Plugin* const plugin = Plugin::instance();
+    if (caller == access) return done;
+    if (caller == interface) return life(plugin, selector);
+    if (caller == notifier) {
+        const plugin::NotifyMessage event(record);
+        if (event.type == applicationStarted) return plugin->__postStartup(), done;
+        if (event.type == applicationShutdown) return plugin->__preShutdown(), done;
+    }
+    const std::int32_t answer = plugin->dispatcher()->message(caller, selector, record);
+    // The layer check's remark is the one answer that the host gets to see.
+    return caller == tool && answer != plugin::Dispatcher::notHandled ? answer : done;
+}
+
+} // namespace
+
+} // namespace kzo::core
+
+extern "C" __attribute__((visibility("default"))) std::int32_t PluginMain(const char* caller, const char* selector,
+                                                                          void* message) {
+    if (!caller || !selector || !message) return 0;
+    try {
+        return kzo::core::route(caller, selector, message);
+    } catch (...) {
+        return 0;
+    }
+}
