@@ -1,0 +1,20 @@
+// Defaults of the drawing globals.
+#include "maker/Globals.h"
+
+void vlGlobals::applyIsoAxes() {
+    const vlGlobals defaults;
+    zAxisAngle = defaults.zAxisAngle;
+    verticalAxisAngle = defaults.verticalAxisAngle;
+    xAxisAngle = defaults.xAxisAngle;
+}
+
+void vlGlobals::resetGesture() {
+    const vlGlobals defaults;
+    startPoint = defaults.startPoint;
+    endPoint = defaults.endPoint;
+    startHitData = defaults.startHitData;
+    hitArt = nullptr;
+    continuing = false;
+    exitAngle = defaults.exitAngle;
+    dragged = shiftDown = optionDown = commandDown = false;
+}

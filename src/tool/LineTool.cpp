@@ -1,0 +1,121 @@
+// The line tool's handlers: press, drag, release. Each drag and the release find the document as the press left it (the
+// tool asks the host for buffered dragging), so nothing here takes the feedback line away again.
+#include "core/Draw.h"
+#include "core/Illustrator.h"
+#include "core/Keys.h"
+#include "maker/Constrain.h"
+#include "maker/Globals.h"
+#include "maker/PathGeometry.h"
+#include "tool/Plugin.h"
+
+namespace ortho {
+
+using kzo::core::Angle;
+using kzo::core::Art;
+using kzo::core::HitRequest;
+using kzo::core::HitType;
+using kzo::core::Illustrator;
+using kzo::core::ModifierKeys;
+
+namespace {
+
+constexpr double pressTolerance = 3.0; // screen units
+constexpr double dragTolerance = 2.0;
+constexpr double shortestLine = 2.0; // points
+constexpr double lengthRounding = 1e-9;
+
+/// The group that new lines go into; null when nothing may be drawn: no document, or a locked or hidden current layer.
+std::unique_ptr<Art> drawingGroup() {
+    auto* const document = Illustrator::instance()->currentDocument();
+    const auto layer = document ? document->currentLayer() : nullptr;
+    return layer && layer->editable() && layer->visible() ? layer->group() : nullptr;
+}
+
+/// A thin black line with round ends, so that the corners of a drawing close.
+kzo::core::PathStyle lineStyle() {
+    kzo::core::PathStyle style;
+    style.fill.painted = false;
+    style.stroke = {.painted = true,
+                    .color = {},
+                    .width = 0.5,
+                    .miterLimit = 1.0,
+                    .cap = kzo::core::StrokeCap::Round,
+                    .join = kzo::core::StrokeJoin::Round,
+                    .dash = {}};
+    return style;
+}
+
+/// Notes what the press continues: an open path that was pressed on at one of its ends. Pressed on its start the path
+/// is turned round, so that it is always its last point that goes on.
+void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
+    const auto art = hit.art();
+    globals.hitArt = art ? art->aiArtHandle() : nullptr;
+    if (!art || hit.hitType() != HitType::Anchor || art->path()->closed()) return;
+    kzo::core::PathArt* const path = art->path();
+    const std::int16_t index = hit.segPointIndex();
+    const bool atEnd = index == path->segPointCount() - 1;
+    if (!atEnd && index != 0) return;
+    if (!atEnd) path->reverseSegs();
+    globals.continuing = true;
+    globals.exitAngle = vl::geo::getExitAngle(path);
+}
+
+} // namespace
+
+void Plugin::__toolSelectedCB() {
+    lineCursor_.enable();
+    vlGlobals::instance()->applyIsoAxes();
+}
+
+void Plugin::__toolMouseMovedCB() { corePlugin_->currentTool().trackCursor(); }
+
+void Plugin::__toolMouseDownCB() {
+    vlGlobals& globals = *vlGlobals::instance();
+    globals.resetGesture();
+    lineCursor_.enable();
+    const auto hit = corePlugin_->currentTool().mouseDownHitData(0, HitRequest::AnchorsAndSegments, pressTolerance);
+    if (!hit) return;
+    noteContinuedPath(globals, *hit);
+    globals.startHitData = *hit;
+    globals.startPoint = hit->point();
+}
+
+bool Plugin::aim() {
+    vlGlobals& globals = *vlGlobals::instance();
+    const ModifierKeys keys = kzo::core::modifierKeysPressed();
+    globals.shiftDown = any(keys & ModifierKeys::Shift);
+    globals.optionDown = any(keys & ModifierKeys::Option);
+    globals.commandDown = any(keys & ModifierKeys::Command);
+    const auto hit = corePlugin_->currentTool().cursorHitData(HitRequest::AnchorsAndSegments, dragTolerance);
+    if (!hit) return false;
+
+    const Angle free = globals.startPoint ^ hit->point();
+    const Angle direction = globals.shiftDown    ? free.nearest45()
+                            : globals.optionDown ? free
+                                                 : vl::constrain::constrainToAxo(free);
+    globals.endPoint = globals.startPoint.move(globals.startPoint | hit->point(), direction);
+    return true;
+}
+
+void Plugin::__toolDragCB() {
+    if (!aim()) return;
+    const vlGlobals& globals = *vlGlobals::instance();
+    if (const auto group = drawingGroup()) kzo::core::draw::line(globals.startPoint, globals.endPoint, group.get());
+    vlGlobals::instance()->dragged = true;
+}
+
+void Plugin::__toolMouseUpCB() {
+    vlGlobals& globals = *vlGlobals::instance();
+    if (!globals.dragged) aim(); // a click has an end point too
+    if (auto* const document = Illustrator::instance()->currentDocument()) document->deselectAllArt();
+    if (const auto group = drawingGroup()) {
+        const auto line = kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get());
+        if (line) line->select();
+        // A click without a real drag leaves nothing behind. Rounding must not remove a line of just the length.
+        if (line && line->path()->length() < shortestLine - lengthRounding) line->dispose();
+    }
+    corePlugin_->currentTool().resetCursorLocs();
+    globals.resetGesture();
+}
+
+} // namespace ortho

@@ -1,0 +1,52 @@
+// The main object's life.
+#include "tool/Plugin.h"
+
+#include "maker/Globals.h"
+
+namespace ortho {
+
+namespace {
+
+constexpr const char* productName = "Ortholine";
+constexpr const char* lineToolTitle = "Isometric Line Tool";
+constexpr std::int16_t lineToolLightIcon = 17000;
+constexpr std::int16_t lineToolDarkIcon = 17002;
+constexpr std::int16_t newGroup = -2;
+
+using Bound = kzo::core::__Callback<Plugin>;
+
+} // namespace
+
+Plugin* Plugin::create(kzo::core::Plugin* corePlugin) {
+    instance_.reset(new Plugin(corePlugin));
+    return instance();
+}
+
+Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
+    corePlugin->setName(productName);
+    vlGlobals::create();
+    corePlugin->setStartupCallback(Bound(this, &Plugin::startup));
+    corePlugin->setShutdownCallback(Bound(this, &Plugin::shutdown));
+}
+
+Plugin::~Plugin() { vlGlobals::destroy(); }
+
+void Plugin::startup() {
+    using kzo::core::ToolOptions;
+    lineTool_ = kzo::core::Tool(newGroup, newGroup, lineToolTitle, lineToolTitle, lineToolLightIcon, lineToolDarkIcon,
+                                ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
+    lineTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
+    lineTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
+    lineTool_.setTrackCallback(Bound(this, &Plugin::__toolMouseMovedCB));
+    lineTool_.setMouseDownCallback(Bound(this, &Plugin::__toolMouseDownCB));
+    lineTool_.setDragCallback(Bound(this, &Plugin::__toolDragCB));
+    lineTool_.setMouseUpCallback(Bound(this, &Plugin::__toolMouseUpCB));
+}
+
+void Plugin::shutdown() { lineTool_.destroy(); }
+
+} // namespace ortho
+
+bool kzo::core::pluginSetup(Plugin* plugin) { return ortho::Plugin::create(plugin) != nullptr; }
+
+void kzo::core::pluginDestroy(Plugin*) { ortho::Plugin::destroy(); }

@@ -1,0 +1,95 @@
+// The test desk.
+#include "support/Desk.h"
+
+#include <gmock/gmock.h>
+
+#include "core/Dispatcher.h"
+#include "core/Plugin.h"
+#include "svg/Writer.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace desk {
+
+using namespace easel;
+
+Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) {
+    plugin_ = &session_->attach("Product under test", PluginMain);
+    session_->pointer.snapToPoint = setup.snapToPoint;
+    EXPECT_THAT(session_->start(), ::testing::IsEmpty());
+    if (setup.openDocument) session_->newDocument(800, 600);
+}
+
+Desk::~Desk() {
+    if (!session_) return;
+    session_->quit();
+    if (!reportsExpected_) EXPECT_THAT(session_->reports(), ::testing::IsEmpty());
+}
+
+std::string Desk::svg() { return svg::write(document()); }
+
+std::vector<model::Node*> Desk::paths() {
+    std::vector<model::Node*> found;
+    std::vector<model::Node*> open{&document().root()};
+    while (!open.empty()) {
+        model::Node* const node = open.back();
+        open.pop_back();
+        if (node->type() == model::NodeType::Path) found.push_back(node);
+        if (!node->isContainer()) continue;
+        for (model::Node* child = node->lastChild(); child; child = child->previous()) open.push_back(child);
+    }
+    return found;
+}
+
+std::vector<Point> Desk::anchors(const model::Node& path) {
+    std::vector<Point> anchors;
+    for (const model::PathPoint& point : path.path().points) anchors.push_back(point.anchor);
+    return anchors;
+}
+
+model::Node& Desk::addPath(std::initializer_list<Point> points, bool closed) {
+    model::PathData data{.points = {}, .closed = closed};
+    for (const Point point : points) data.points.push_back({point, point, point, true});
+    model::Document& doc = document();
+    doc.journal().begin();
+    model::Node& path = doc.create(model::NodeType::Path, model::Placement::OnTopInside, doc.currentLayer());
+    doc.setPath(path, std::move(data));
+    doc.journal().end();
+    return path;
+}
+
+void Desk::selectTool(const std::string& title) {
+    session::Tool* const tool = session_->toolbox.findByTitle(title);
+    ASSERT_NE(tool, nullptr) << title;
+    session_->selectTool(*tool);
+}
+
+void Desk::stroke(std::initializer_list<Point> points, session::Modifiers modifiers) {
+    session::Pointer& pointer = session_->pointer;
+    pointer.press(*points.begin(), modifiers);
+    for (auto point = points.begin() + 1; point != points.end(); ++point) pointer.drag(*point, modifiers);
+    pointer.release(*(points.end() - 1), modifiers);
+}
+
+void Desk::inMessage(const std::function<void()>& work) {
+    // What the work throws must fail the test; the plug-in's entry would swallow it.
+    struct Work {
+        const std::function<void()>& body;
+        std::exception_ptr thrown;
+        void run() {
+            try {
+                body();
+            } catch (...) {
+                thrown = std::current_exception();
+            }
+        }
+    } bound{work, nullptr};
+    kzo::core::Dispatcher* const dispatcher = kzo::core::Plugin::instance()->dispatcher();
+    dispatcher->registerMessageCallback("Test Desk", "Run", kzo::core::__Callback<Work>(&bound, &Work::run));
+    SPMessageData message{};
+    session_->messenger.send(*plugin_, "Test Desk", "Run", message);
+    dispatcher->unregisterMessageCallback("Test Desk", "Run");
+    if (bound.thrown) std::rethrow_exception(bound.thrown);
+}
+
+} // namespace desk

@@ -1,0 +1,303 @@
+// The line tool as a user meets it: mouse messages in, lines in the document out.
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "maker/Globals.h"
+#include "support/Desk.h"
+#include "tool/Plugin.h"
+
+namespace {
+
+using desk::Desk;
+using desk::Point;
+using desk::Refusing;
+using easel::model::Document;
+using easel::model::Node;
+
+Point along(Point from, double distance, double degrees) {
+    const double radians = degrees * std::numbers::pi / 180;
+    return {from.x + distance * std::cos(radians), from.y - distance * std::sin(radians)};
+}
+
+/// The one new line of a desk whose document was empty.
+std::vector<Point> onlyLine(Desk& desk) {
+    const auto paths = desk.paths();
+    EXPECT_EQ(paths.size(), 1u);
+    return paths.empty() ? std::vector<Point>{{}, {}} : desk.anchors(*paths.front());
+}
+
+void expectNear(Point actual, Point expected) {
+    EXPECT_NEAR(actual.x, expected.x, 1e-9);
+    EXPECT_NEAR(actual.y, expected.y, 1e-9);
+}
+
+// Directions
+
+TEST(LineTool, HoldsLinesToTheNearestAxis) {
+    struct Case {
+        double drawn;
+        double held;
+    };
+    // Six senses of three axes; ties go to the axis that is listed first, also straight to the right.
+    for (const Case& c :
+         {Case{40, 30}, {61, 90}, {100, 90}, {170, 150}, {200, 210}, {-100, 270}, {-20, 330}, {0, 30}, {60, 30}}) {
+        Desk desk;
+        desk.selectTool();
+        const Point start{400, 300};
+        desk.stroke({start, along(start, 120, c.drawn)});
+        const auto line = onlyLine(desk);
+        SCOPED_TRACE(c.drawn);
+        expectNear(line[0], start);
+        expectNear(line[1], along(start, 120, c.held));
+    }
+}
+
+TEST(LineTool, ShiftTurnsInEighthsAndOptionDrawsFreely) {
+    struct Case {
+        easel::session::Modifiers keys;
+        double held;
+    };
+    for (const Case& c :
+         {Case{kAIShiftKey, 45}, {kAIOptionKey, 33}, {kAIShiftKey | kAIOptionKey, 45}, {kAICommandKey, 30}}) {
+        Desk desk;
+        desk.selectTool();
+        desk.stroke({{100, 500}, along({100, 500}, 80, 33)}, c.keys);
+        SCOPED_TRACE(c.keys);
+        expectNear(onlyLine(desk)[1], along({100, 500}, 80, c.held));
+    }
+}
+
+TEST(LineTool, MeasuresAndTestsInAZoomedViewAsOnScreen) {
+    Desk desk;
+    desk.document().view.zoom = 10;
+    desk.selectTool();
+    // A path's end 0.4 points away is 4 screen units away: too far to be pressed on.
+    desk.addPath({{100, 100}, {140, 100}});
+    desk.session().pointer.press({100.4, 100}, 0);
+    EXPECT_FALSE(vlGlobals::instance()->continuing);
+    desk.session().pointer.cancel();
+    desk.session().pointer.press({100.2, 100}, 0);
+    EXPECT_TRUE(vlGlobals::instance()->continuing);
+    desk.session().pointer.cancel();
+}
+
+// What is made
+
+TEST(LineTool, MakesAnOpenSelectedThinBlackLineOfTwoCorners) {
+    Desk desk;
+    Node& other = desk.addPath({{10, 10}, {20, 20}});
+    desk.document().select(other, true);
+    desk.selectTool();
+    desk.stroke({{100, 100}, {200, 100}});
+    ASSERT_EQ(desk.paths().size(), 2u);
+    const Node& line = *desk.paths().front();
+    EXPECT_FALSE(line.path().closed);
+    for (const auto& point : line.path().points) {
+        EXPECT_EQ(point.in, point.anchor);
+        EXPECT_EQ(point.out, point.anchor);
+        EXPECT_TRUE(point.corner);
+    }
+    EXPECT_FALSE(line.style().fill);
+    EXPECT_TRUE(line.style().stroke);
+    EXPECT_EQ(line.style().strokeColor, easel::model::Color());
+    EXPECT_EQ(line.style().strokeWidth, 0.5);
+    EXPECT_EQ(line.style().dashCount, 0);
+    EXPECT_THAT(desk.document().selection(), testing::ElementsAre(&line));
+}
+
+TEST(LineTool, LeavesNoLineThatIsShorterThanTwoPoints) {
+    for (const double length : {0.0, 1.999, 2.0, 2.001}) {
+        Desk desk;
+        desk.selectTool();
+        const Point start{37.1, 45.3};
+        desk.stroke({start, along(start, length, 30)});
+        EXPECT_EQ(desk.paths().size(), length < 2 ? 0u : 1u) << length;
+        EXPECT_EQ(desk.document().journal().undoDepth(), length < 2 ? 0u : 1u) << length;
+    }
+    // A press and a release with no drag between them draw the line from one to the other.
+    Desk desk;
+    desk.selectTool();
+    desk.session().pointer.press({100, 100}, 0);
+    desk.session().pointer.release({100, 50}, 0);
+    expectNear(onlyLine(desk)[1], {100, 50});
+}
+
+TEST(LineTool, DrawsNothingOnALockedOrHiddenLayer) {
+    for (const bool locked : {true, false}) {
+        Desk desk;
+        Document& document = desk.document();
+        Node& layer = document.currentLayer();
+        if (locked)
+            document.setLocked(layer, true);
+        else
+            document.setHidden(layer, true);
+        const auto steps = document.journal().undoDepth();
+        desk.selectTool();
+        desk.session().pointer.press({100, 100}, 0);
+        desk.session().pointer.drag({200, 100}, 0);
+        EXPECT_TRUE(desk.paths().empty());
+        desk.session().pointer.release({200, 100}, 0);
+        EXPECT_TRUE(desk.paths().empty());
+        EXPECT_EQ(document.journal().undoDepth(), steps);
+    }
+}
+
+TEST(LineTool, DrawsIntoTheCurrentLayer) {
+    Desk desk;
+    Document& document = desk.document();
+    Node& lower = document.currentLayer();
+    document.addLayer("Upper");
+    document.setCurrentLayer(lower);
+    desk.selectTool();
+    desk.stroke({{100, 100}, {200, 100}});
+    ASSERT_EQ(desk.paths().size(), 1u);
+    EXPECT_EQ(&desk.paths().front()->layer(), &lower);
+}
+
+// Gestures
+
+TEST(LineTool, LeavesOneLineAndOneStepAfterAThousandDrags) {
+    Desk desk;
+    desk.addPath({{10, 10}, {300, 200}});
+    const std::string before = desk.svg();
+    const auto steps = desk.document().journal().undoDepth();
+    desk.selectTool();
+    auto& pointer = desk.session().pointer;
+    pointer.press({400, 300}, 0);
+    for (int i = 0; i < 1000; ++i) {
+        pointer.drag(along({400, 300}, 50 + i % 97, i), 0);
+        ASSERT_EQ(desk.paths().size(), 2u); // the feedback line of this drag alone
+    }
+    pointer.release({500, 300}, 0);
+    EXPECT_EQ(desk.paths().size(), 2u);
+    EXPECT_EQ(desk.document().journal().undoDepth(), steps + 1);
+    const std::string after = desk.svg();
+    EXPECT_TRUE(desk.document().journal().undo());
+    EXPECT_EQ(desk.svg(), before);
+    EXPECT_TRUE(desk.document().journal().redo());
+    EXPECT_EQ(desk.svg(), after);
+}
+
+TEST(LineTool, EndedByEscapeLeavesTheDocumentAsBeforeThePress) {
+    Desk desk;
+    Node& path = desk.addPath({{100, 100}, {160, 100}});
+    desk.document().select(path, true);
+    const std::string before = desk.svg();
+    desk.selectTool();
+    auto& pointer = desk.session().pointer;
+    pointer.press({100, 100}, 0); // on the start, which turns the path round
+    pointer.drag({100, 40}, 0);
+    pointer.cancel();
+    EXPECT_EQ(desk.svg(), before);
+    EXPECT_TRUE(path.selected());
+
+    desk.stroke({{300, 300}, {300, 200}});
+    EXPECT_EQ(desk.anchors(*desk.paths().front())[0], (Point{300, 300}));
+}
+
+TEST(LineTool, IsCancelledByAnotherChoiceOfTool) {
+    Desk desk;
+    const std::string before = desk.svg();
+    desk.selectTool();
+    desk.session().pointer.press({100, 100}, 0);
+    desk.session().pointer.drag({200, 100}, 0);
+    desk.selectTool();
+    EXPECT_FALSE(desk.session().pointer.pressed());
+    EXPECT_EQ(desk.svg(), before);
+}
+
+TEST(LineTool, StartsOnTheAnchorThatIsPressedNearby) {
+    Desk desk({.snapToPoint = true});
+    desk.addPath({{100, 100}, {160, 130}});
+    desk.selectTool();
+    desk.stroke({{161, 129}, {250, 180}});
+    EXPECT_EQ(desk.anchors(*desk.paths().front())[0], (Point{160, 130}));
+    // Ends snap too, and the distance to what they snapped to is the line's length.
+    desk.stroke({{300, 131}, {160.5, 130.5}}, kAIOptionKey);
+    expectNear(desk.anchors(*desk.paths().front())[1], {160, 130});
+}
+
+// Continuing a path
+
+TEST(LineTool, TurnsAnOpenPathThatIsPressedOnAtItsStart) {
+    struct Case {
+        Point pressed;
+        bool closed;
+        bool continuing;
+        bool turned;
+    };
+    const Point first{100, 100}, middle{150, 80}, last{200, 120};
+    for (const Case& c : {Case{first, false, true, true},
+                          {last, false, true, false},
+                          {middle, false, false, false},
+                          {first, true, false, false},
+                          {{125, 90}, false, false, false}}) {
+        Desk desk;
+        Node& path = desk.addPath({first, middle, last}, c.closed);
+        desk.selectTool();
+        desk.session().pointer.press(c.pressed, 0);
+        const vlGlobals& globals = *vlGlobals::instance();
+        EXPECT_EQ(globals.continuing, c.continuing);
+        EXPECT_EQ(desk.anchors(path).front(), c.turned ? last : first);
+        // The way out of the path's last point, whichever that is now.
+        if (c.continuing) {
+            const double expected =
+                c.turned ? std::atan2(-(100.0 - 80), 100.0 - 150) : std::atan2(-(120.0 - 80), 200.0 - 150);
+            EXPECT_NEAR(globals.exitAngle.asRadians(), expected, 1e-12);
+        }
+        desk.session().pointer.cancel();
+    }
+    // What an earlier press continued is forgotten by the next.
+    Desk desk;
+    desk.addPath({first, middle, last});
+    desk.selectTool();
+    desk.stroke({last, {300, 120}});
+    desk.session().pointer.press({500, 500}, 0);
+    EXPECT_FALSE(vlGlobals::instance()->continuing);
+    desk.session().pointer.cancel();
+}
+
+// Trouble
+
+TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {
+    const auto strokeWith = [](auto entryOf) {
+        Desk desk;
+        desk.addPath({{10, 10}, {300, 200}});
+        desk.selectTool();
+        const std::string before = desk.svg();
+        {
+            auto no = entryOf(desk);
+            desk.stroke({{100, 100}, {160, 40}});
+        }
+        EXPECT_EQ(desk.svg(), before);
+        desk.stroke({{100, 100}, {160, 40}});
+        EXPECT_EQ(desk.paths().size(), 2u);
+    };
+    strokeWith([](Desk& desk) { return Refusing(desk.tables().art, &AIArtSuite::NewArt); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables().path, &AIPathSuite::SetPathSegments); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables().path, &AIPathSuite::SetPathSegmentCount); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables().layer, &AILayerSuite::GetCurrentLayer); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables().document, &AIDocumentSuite::GetDocument); });
+}
+
+TEST(LineTool, ShowsItsCursorAndAnswersTheLayerCheck) {
+    Desk desk;
+    desk.selectTool();
+    EXPECT_EQ(desk.session().cursor(), 20);
+    easel::session::Tool& tool = *desk.session().toolbox.current();
+    AIToolMessage message{.d = {}, .tool = tool.handle, .cursor = {5, 5}, .modifiers = 0};
+    const auto answer = [&] {
+        return desk.session().messenger.send(*tool.owner, kCallerAITool, kSelectorAITrackToolCursor, message.d);
+    };
+    EXPECT_EQ(answer(), 0);
+    desk.document().setHidden(desk.document().currentLayer(), true);
+    EXPECT_EQ(answer(), 1001);
+    desk.document().setLocked(desk.document().currentLayer(), true);
+    EXPECT_EQ(answer(), 1000);
+    desk.session().close();
+    EXPECT_EQ(answer(), 0);
+}
+
+} // namespace
