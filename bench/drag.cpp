@@ -1,0 +1,68 @@
+// One drag message through the whole way: roll-back, snapping, entry, tool, hit test, new feedback line. Documents of
+// 100 to 1,000,000 paths of equal density, so that only the cost of looking something up may grow.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <memory>
+#include <random>
+
+#include "plugin/HostMonitor.h"
+#include "session/Session.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace {
+
+using namespace easel;
+
+constexpr double cell = 20; // points; one path a cell
+
+void fill(model::Document& document, std::int64_t count) {
+    const auto columns = static_cast<std::int64_t>(std::ceil(std::sqrt(static_cast<double>(count))));
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> inCell(0, cell);
+    document.journal().begin();
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double left = cell * static_cast<double>(i % columns);
+        const double top = cell * static_cast<double>(i / columns);
+        model::PathData data;
+        for (int k = 0; k < 3; ++k) {
+            const model::Point point{left + inCell(random), top + inCell(random)};
+            data.points.push_back({point, point, point, true});
+        }
+        model::Node& path =
+            document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());
+        document.setPath(path, std::move(data));
+    }
+    document.journal().end();
+}
+
+void drag(benchmark::State& state) {
+    session::Session session;
+    session.attach("Ortholine", PluginMain);
+    session.start();
+    const double side = cell * std::ceil(std::sqrt(static_cast<double>(state.range(0))));
+    fill(session.newDocument(side, side), state.range(0));
+    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+
+    // A circle of cursor locations round the middle, some on features and some on none.
+    std::vector<model::Point> way;
+    for (int i = 0; i < 1024; ++i) {
+        const double turn = 2 * 3.14159265358979 * i / 1024;
+        way.push_back({side / 2 + 80 * std::cos(turn), side / 2 + 80 * std::sin(turn)});
+    }
+    session.pointer.press({side / 2, side / 2}, 0);
+    session.pointer.drag(way[0], 0); // the index is built on first use
+    auto& monitor = kzo::plugin::host::monitor();
+    monitor.reset();
+    std::size_t at = 0;
+    for (auto _ : state) session.pointer.drag(way[at++ % way.size()], 0);
+    state.SetItemsProcessed(state.iterations());
+    state.counters["host calls"] =
+        benchmark::Counter(static_cast<double>(monitor.calls()) / static_cast<double>(state.iterations()));
+    session.pointer.cancel();
+}
+
+BENCHMARK(drag)->Arg(100)->Arg(10'000)->Arg(1'000'000);
+
+} // namespace

@@ -1,0 +1,161 @@
+// The entry: what is answered before start-up, in which order a life runs, and what stays behind.
+#include <gmock/gmock.h>
+
+#include "core/Plugin.h"
+#include "hostapi/AINotifierSuite.h"
+#include "maker/Globals.h"
+#include "plugin/HostMonitor.h"
+#include "support/Desk.h"
+#include "tool/Plugin.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace {
+
+using desk::Desk;
+using easel::session::Session;
+using kzo::core::Plugin;
+
+constexpr SPErr declined = 0x53554645;
+
+TEST(Entry, AnswersNothingWithoutTextsRecordOrStart) {
+    SPMessageData record{};
+    EXPECT_EQ(PluginMain(nullptr, "Startup", &record), 0);
+    EXPECT_EQ(PluginMain("SP Interface", nullptr, &record), 0);
+    EXPECT_EQ(PluginMain("SP Interface", "Startup", nullptr), 0);
+    for (const char* selector : {"Shutdown", "About", "startup"})
+        EXPECT_EQ(PluginMain("SP Interface", selector, &record), 0);
+    EXPECT_EQ(PluginMain("AI Tool", "AI Mouse Down", &record), 0);
+    EXPECT_EQ(PluginMain("SP Access", "Reload", &record), 0);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+TEST(Entry, StartsPostStartsAndEndsEachOnce) {
+    Desk desk({.openDocument = false});
+    Plugin* const plugin = Plugin::instance();
+    ASSERT_NE(plugin, nullptr);
+    EXPECT_TRUE(plugin->hasStartedUp() && plugin->hasPostStartedUp());
+    EXPECT_FALSE(plugin->startingUp() || plugin->postStartingUp() || plugin->hasPreShutdown() || plugin->hasShutdown());
+    EXPECT_EQ(plugin->name(), "Ortholine");
+    ASSERT_EQ(desk.session().plugins.all().size(), 1u);
+    easel::session::Plugin& known = *desk.session().plugins.all().front();
+    EXPECT_EQ(known.name, "Ortholine");
+
+    // Again: nothing runs twice, so no second tool.
+    SPMessageData record{};
+    EXPECT_EQ(desk.session().messenger.send(known, "SP Interface", "Startup", record), 0);
+    EXPECT_EQ(desk.session().toolbox.all().size(), 1u);
+    EXPECT_EQ(desk.session().messenger.send(known, "SP Access", "Unload", record), 0);
+    EXPECT_EQ(desk.session().messenger.send(known, "Nobody", "Knows", record), 0);
+    EXPECT_EQ(Plugin::instance(), plugin);
+
+    desk.session().quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+    EXPECT_EQ(ortho::Plugin::instance(), nullptr);
+    EXPECT_EQ(vlGlobals::instance(), nullptr);
+    EXPECT_TRUE(desk.session().toolbox.all().empty());
+}
+
+TEST(Entry, RunsTheClientsWorkAfterItsOwnOnTheWayUpAndBeforeItOnTheWayDown) {
+    struct Witness {
+        std::vector<std::string> seen;
+        void preShutdown() { seen.push_back(Plugin::instance()->preShuttingDown() ? "pre-shut-down" : "?"); }
+        void shutdown() {
+            const bool toolThere = ortho::Plugin::instance() && !ortho::Plugin::instance()->lineTool().isEmpty();
+            seen.push_back(Plugin::instance()->shuttingDown() && toolThere ? "shut-down" : "?");
+        }
+    } witness;
+    Desk desk;
+    Plugin::instance()->setPreShutdownCallback(kzo::core::__Callback<Witness>(&witness, &Witness::preShutdown));
+    Plugin::instance()->setShutdownCallback(kzo::core::__Callback<Witness>(&witness, &Witness::shutdown));
+    const kzo::core::Tool kept = ortho::Plugin::instance()->lineTool();
+    EXPECT_FALSE(kept.isEmpty());
+    desk.session().quit();
+    EXPECT_THAT(witness.seen, testing::ElementsAre("pre-shut-down", "shut-down"));
+    // A handle that lives on is empty, and asks the host nothing.
+    const auto calls = kzo::plugin::host::monitor().calls();
+    EXPECT_TRUE(kept.isEmpty());
+    EXPECT_EQ(kept.number(), -2);
+    EXPECT_EQ(kept.title(), "");
+    EXPECT_EQ(kzo::plugin::host::monitor().calls(), calls);
+}
+
+TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
+    Session session;
+    easel::session::Plugin& plugin = session.attach("", PluginMain);
+    testing::internal::CaptureStderr();
+    const auto lines = session.start();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "ERROR: Could not acquire plugin name during startup, which is required! Bailing out.\n");
+    EXPECT_THAT(lines, testing::ElementsAre(": the plug-in declined to start: error \"SUFE\""));
+    EXPECT_TRUE(plugin.broken);
+    SPMessageData record{};
+    EXPECT_EQ(session.messenger.send(plugin, "SP Interface", "Startup", record), kRefusedErr);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+TEST(Entry, StopsExceptionsOfCallbacks) {
+    Desk desk;
+    struct Thrower {
+        void run() { throw std::runtime_error("callback"); }
+    } thrower;
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    desk.selectTool();
+    tool.setDragCallback(kzo::core::__Callback<Thrower>(&thrower, &Thrower::run));
+    desk.stroke({{100, 100}, {200, 100}});
+    EXPECT_EQ(desk.paths().size(), 1u); // the release did its own
+    Plugin::instance()->setShutdownCallback(kzo::core::__Callback<Thrower>(&thrower, &Thrower::run));
+    desk.session().quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+// The n-th call of the host refused, for every n of a whole life with a line in it: whatever fails, nothing crashes,
+// and the document is never left with half a line.
+TEST(Entry, SurvivesTheRefusalOfAnyHostCall) {
+    auto& monitor = kzo::plugin::host::monitor();
+    const auto live = [&](std::uint64_t refused) {
+        Session session;
+        session.checkLevel = easel::session::CheckLevel::Refuse;
+        session.pointer.snapToPoint = false;
+        session.attach("Product", PluginMain);
+        monitor.reset(refused);
+        const bool started = session.start().empty();
+        auto& document = session.newDocument(400, 400);
+        auto* const tool = session.toolbox.findByTitle("Isometric Line Tool");
+        EXPECT_TRUE(!tool || started);
+        if (tool) {
+            session.selectTool(*tool);
+            session.pointer.press({100, 100}, 0);
+            session.pointer.drag({200, 100}, 0);
+            session.pointer.drag({200, 90}, 0);
+            session.pointer.release({200, 90}, 0);
+        }
+        for (const auto* node = document.currentLayer().firstChild(); node; node = node->next())
+            if (node->type() == easel::model::NodeType::Path) EXPECT_EQ(node->path().points.size(), 2u) << refused;
+        session.quit();
+        return monitor.calls();
+    };
+    const std::uint64_t calls = live(0);
+    ASSERT_GT(calls, 50u);
+    testing::internal::CaptureStderr();
+    for (std::uint64_t n = 1; n <= calls; ++n) live(n);
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(log, testing::HasSubstr("Could not acquire plugin name"));
+    EXPECT_THAT(log, testing::Not(testing::HasSubstr("threw")));
+    monitor.reset();
+}
+
+TEST(Entry, NamesTheRefusedOperation) {
+    Desk desk;
+    auto& monitor = kzo::plugin::host::monitor();
+    desk.selectTool();
+    const desk::Refusing no(desk.tables().art, &AIArtSuite::NewArt);
+    monitor.reset();
+    desk.session().pointer.press({100, 100}, 0);
+    desk.session().pointer.drag({200, 100}, 0);
+    EXPECT_EQ(monitor.refusedOperation(), "AIArtSuite::NewArt");
+    EXPECT_EQ(monitor.refusedError(), kRefusedErr);
+    desk.session().pointer.cancel();
+}
+
+} // namespace

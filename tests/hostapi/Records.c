@@ -1,0 +1,35 @@
+/* The interface seen from C: every header, and the layout of the records that cross the boundary. */
+#include <stddef.h>
+
+#include "hostapi/AIArtSuite.h"
+#include "hostapi/AIDocumentSuite.h"
+#include "hostapi/AIDocumentViewSuite.h"
+#include "hostapi/AIHitTestSuite.h"
+#include "hostapi/AILayerSuite.h"
+#include "hostapi/AIMatchingArtSuite.h"
+#include "hostapi/AIMdMemorySuite.h"
+#include "hostapi/AINotifierSuite.h"
+#include "hostapi/AIPathStyleSuite.h"
+#include "hostapi/AIPathSuite.h"
+#include "hostapi/AIPluginGroupSuite.h"
+#include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AIToolSuite.h"
+#include "hostapi/AIUndoSuite.h"
+#include "hostapi/SPBasic.h"
+#include "hostapi/SPInterfaceSuite.h"
+#include "hostapi/SPMessages.h"
+#include "hostapi/SPPluginsSuite.h"
+#include "hostapi/StageSuite.h"
+
+/* C99 has no static assertion; an array of negative size is one. */
+#define RECORD_SIZE(record, size) typedef char record##_has_size_##size[sizeof(record) == (size) ? 1 : -1]
+
+RECORD_SIZE(AIRealPoint, 16);
+RECORD_SIZE(AIRealRect, 32);
+RECORD_SIZE(SPMessageData, 32);
+RECORD_SIZE(AINotifierMessage, 48);
+RECORD_SIZE(AIToolMessage, 64);
+RECORD_SIZE(AIAddToolData, 24);
+RECORD_SIZE(AIPathSegment, 56);
+RECORD_SIZE(AIHitRecord, 48);
+RECORD_SIZE(AIPathStyle, 144);
