@@ -4,6 +4,7 @@
 #include "geo/Bezier.h"
 #include "geo/Vector.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <complex>
@@ -126,7 +127,7 @@ class ArcLength {
 /// within the bracket because the speed may vanish at an end.
 double solve(const ArcLength& arc, double t1, double t2, double whole, double target) {
     constexpr int kMostSteps = 60;
-    // A step of this part of the panel is the last: what remains is of the order of its cube.
+    // A step of this part of the way to the nearer end is the last: what remains is of the order of its cube.
     constexpr double kLastStep = 1e-5;
     constexpr double kExact = 4.0 * std::numeric_limits<double>::epsilon();
     double lo = t1;
@@ -140,10 +141,10 @@ double solve(const ArcLength& arc, double t1, double t2, double whole, double ta
         const double speed = norm(velocity);
         const double gain = dot(velocity, arc.acceleration(t)) / speed;
         const double next = t - 2.0 * excess * speed / (2.0 * speed * speed - excess * gain);
-        const bool held = !(next > lo && next < hi);
+        const bool stray = !(next > lo && next < hi);
         const double step = next - t;
-        t = held ? 0.5 * (lo + hi) : next;
-        if (!held && std::abs(step) <= kLastStep * (t2 - t1)) break;
+        t = stray ? 0.5 * (lo + hi) : next;
+        if (!stray && std::abs(step) <= kLastStep * std::min(t - t1, t2 - t)) break;
     }
     return t;
 }
