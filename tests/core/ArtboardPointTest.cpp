@@ -1,0 +1,120 @@
+// Artboard points, with the plane points and sizes beside them.
+#include "core/ArtboardPoint.h"
+#include "core/Point.h"
+#include "core/Size.h"
+#include "core/TransformMatrix.h"
+
+#include <type_traits>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kzo::core::Angle;
+using kzo::core::ArtboardPoint;
+using kzo::core::Point;
+using kzo::core::Size;
+using kzo::core::TransformMatrix;
+
+// Points are copied for every anchor of every path: they must stay as cheap as two numbers.
+static_assert(std::is_trivially_copyable_v<ArtboardPoint> && sizeof(ArtboardPoint) == 2 * sizeof(double));
+
+Angle deg(double value) { return {value, Angle::Units::Degrees}; }
+
+TEST(ArtboardPoint, KnowsThatUpIsNegative) {
+    const ArtboardPoint origin;
+    const struct {
+        ArtboardPoint to;
+        double degrees;
+    } rows[] = {{{10, 0}, 0}, {{0, -10}, 90}, {{-10, 0}, 180}, {{0, 10}, 270}, {{1, -1}, 45}};
+    for (const auto& row : rows) EXPECT_EQ(origin ^ row.to, deg(row.degrees)) << row.degrees;
+    EXPECT_EQ(ArtboardPoint(1, 2) | ArtboardPoint(4, 6), 5);
+}
+
+TEST(ArtboardPoint, MovesAlongTheAxesExactly) {
+    const ArtboardPoint start(0.1, 0.7);
+    EXPECT_EQ(ArtboardPoint().move(10, deg(90)), ArtboardPoint(0, -10));
+    EXPECT_EQ(start.move(1e6, deg(0)).y(), 0.7);
+    EXPECT_EQ(start.move(1e6, deg(180)).y(), 0.7);
+    EXPECT_EQ(start.move(1e6, deg(90)).x(), 0.1);
+    EXPECT_EQ(start.move(1e6, deg(270)).x(), 0.1);
+    // 30 degrees: sine 1/2, cosine √3/2
+    EXPECT_TRUE(ArtboardPoint(1, 1).move(2, deg(30)).closeTo({1 + 1.7320508075688772, 0}, 1e-12));
+    EXPECT_TRUE(ArtboardPoint::LengthAngle(2, deg(-30)).closeTo({1.7320508075688772, 1}, 1e-12));
+    EXPECT_EQ(start, ArtboardPoint(0.1, 0.7)) << "moving answers another point";
+}
+
+TEST(ArtboardPoint, ComputesOnEachCoordinate) {
+    const ArtboardPoint a(6, 8);
+    const ArtboardPoint b(3, 2);
+    EXPECT_EQ(a + b, ArtboardPoint(9, 10));
+    EXPECT_EQ(a - b, ArtboardPoint(3, 6));
+    EXPECT_EQ(a * b, ArtboardPoint(18, 16));
+    EXPECT_EQ(a / b, ArtboardPoint(2, 4));
+    EXPECT_EQ(a + 1, ArtboardPoint(7, 9));
+    EXPECT_EQ(a - 1, ArtboardPoint(5, 7));
+    EXPECT_EQ(a * 2, ArtboardPoint(12, 16));
+    EXPECT_EQ(a / 2, ArtboardPoint(3, 4));
+    EXPECT_EQ(a.offset(-1, 1), ArtboardPoint(5, 9));
+    EXPECT_EQ(a.dotProduct(b), 34);
+    ArtboardPoint copy = a;
+    copy.setX(1);
+    copy.setY(2);
+    EXPECT_EQ(copy, ArtboardPoint(1, 2));
+    EXPECT_EQ(a, ArtboardPoint(6, 8));
+}
+
+TEST(ArtboardPoint, OrdersByBothCoordinates) {
+    const ArtboardPoint a(1, 1);
+    const ArtboardPoint right(2, 1);
+    EXPECT_FALSE(a < right);
+    EXPECT_TRUE(a <= right);
+    EXPECT_FALSE(right > a);
+    EXPECT_TRUE(right >= a);
+    EXPECT_TRUE(a < ArtboardPoint(2, 2));
+    EXPECT_TRUE(ArtboardPoint(2, 2) > a);
+    const ArtboardPoint aside(2, 0);
+    EXPECT_FALSE(a < aside || a <= aside || a > aside || a >= aside);
+    EXPECT_TRUE(a.closeTo({1.4, 0.6}, 0.5));
+    EXPECT_FALSE(a.closeTo({1.5, 1}, 0.5));
+}
+
+TEST(ArtboardPoint, RotatesClockwiseOnScreenAboutItsOrigin) {
+    // Right of the centre, then below it: y grows downward.
+    EXPECT_TRUE(ArtboardPoint(15, 7).rotate({5, 7}, deg(90)).closeTo({5, 17}, 1e-12));
+    EXPECT_TRUE(ArtboardPoint(15, 7).rotate({5, 7}, deg(180)).closeTo({-5, 7}, 1e-12));
+    EXPECT_EQ(ArtboardPoint(5, 7).rotate({5, 7}, deg(33)), ArtboardPoint(5, 7));
+    EXPECT_EQ(ArtboardPoint(10, 100).transform(TransformMatrix(1, 2, 3, 4, 5, 6)), ArtboardPoint(315, 426));
+}
+
+TEST(ArtboardPoint, IsInsideAPolygonByEvenOddCount) {
+    // A square with a square hole, traced in one go.
+    const std::vector<ArtboardPoint> ring = {{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0},
+                                             {3, 3}, {6, 3}, {6, 6}, {3, 6}, {3, 3}};
+    EXPECT_TRUE(ArtboardPoint(1, 5).insidePolygon(ring));
+    EXPECT_FALSE(ArtboardPoint(4, 5).insidePolygon(ring));
+    EXPECT_FALSE(ArtboardPoint(10, 5).insidePolygon(ring));
+    EXPECT_FALSE(ArtboardPoint(-1, 9).insidePolygon(ring));
+    EXPECT_FALSE(ArtboardPoint(1, 5).insidePolygon({}));
+    EXPECT_TRUE(Point(1, 1).insidePolygon({{0, 0}, {4, 0}, {0, 4}})) << "the last edge is closed";
+    EXPECT_FALSE(Point(3, 3).insidePolygon({{0, 0}, {4, 0}, {0, 4}}));
+}
+
+TEST(ArtboardPoint, HasPlainPointsAndSizesBesideIt) {
+    Point point(1, 2);
+    point += Point(3, 4);
+    EXPECT_EQ(point - Point(1, 1), Point(3, 5));
+    EXPECT_EQ(point.offset(1, -1), Point(5, 5));
+    EXPECT_NE(point, Point(4, 5));
+    point.setX(9);
+    point.setY(8);
+    EXPECT_EQ(point, Point(9, 8));
+    EXPECT_EQ(Size(1, 2) + Size(3, 1), Size(4, 3));
+    EXPECT_EQ(Size(4, 3) - Size(1, 1), Size(3, 2));
+    EXPECT_EQ(Size(4, 3).diagonalLength(), 5);
+    EXPECT_EQ(Size(2, 2).diagonalAngle(), deg(45));
+    EXPECT_EQ(Size(0, 2).diagonalAngle(), deg(90));
+}
+
+} // namespace
