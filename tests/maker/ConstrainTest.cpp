@@ -1,0 +1,121 @@
+// Snapping of directions to the drawing's axes, and its kin.
+#include "maker/Constrain.h"
+#include "maker/Globals.h"
+
+#include <cmath>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using kzo::core::Angle;
+using namespace vl::constrain;
+
+Angle deg(double value) { return {value, Angle::Units::Degrees}; }
+
+class Constrain : public testing::Test {
+  protected:
+    Constrain() { vlGlobals::create(); }
+    ~Constrain() override { vlGlobals::destroy(); }
+};
+
+TEST_F(Constrain, StrokesFollowTheNearestAxis) {
+    const struct {
+        double stroke;
+        double axis;
+    } rows[] = {{40, 30}, {61, 90}, {170, 150}, {200, 210}, {-100, 270}, {-20, -30}, {90, 90}, {750, 30}};
+    for (const auto& row : rows) {
+        EXPECT_NEAR(constrainToAxo(deg(row.stroke)).asDegrees(), row.axis, 1e-9) << row.stroke;
+    }
+}
+
+TEST_F(Constrain, EquallyFarAxesGoToTheFirst) {
+    const struct {
+        double stroke;
+        double axis;
+    } rows[] = {{0, 30}, {360, 30}, {60, 30}, {120, 90}, {180, 150}, {-180, 150}, {240, 210}, {300, 270}};
+    for (const auto& row : rows) {
+        EXPECT_NEAR(constrainToAxo(deg(row.stroke)).asDegrees(), row.axis, 1e-9) << row.stroke;
+    }
+}
+
+TEST_F(Constrain, AxesAreReadOnEveryCall) {
+    vlGlobals::instance()->zAxisAngle = deg(7);
+    vlGlobals::instance()->xAxisAngle = deg(139);
+    EXPECT_EQ(constrainToAxo(deg(1)), deg(7));
+    EXPECT_EQ(constrainToAxo(deg(190)), deg(187));
+    EXPECT_EQ(constrainToAxo(deg(-50)), deg(-41));
+    // An axis at exactly 90 degrees folds onto itself: nothing but the vertical leads downwards.
+    vlGlobals::instance()->zAxisAngle = deg(90);
+    EXPECT_EQ(constrainToAxo(deg(215)), deg(270));
+}
+
+TEST(ConstrainTo, IsoAnswersOneOfSixOrNothing) {
+    const struct {
+        double direction;
+        double snapped;
+    } rows[] = {{45, 30}, {100, 90}, {359, 330}, {1, 30}, {-100, 270}, {181, 210}};
+    for (const auto& row : rows) {
+        EXPECT_NEAR(constrainToIso(deg(row.direction)).asDegrees(), row.snapped, 1e-9) << row.direction;
+    }
+    EXPECT_EQ(constrainToIso(Angle()).asRadians(), 0) << "midway between two";
+}
+
+TEST(ConstrainTo, LinesKeepTheSenseOfTravel) {
+    for (const bool flag : {false, true}) {
+        EXPECT_NEAR(constrainedTo(deg(170), deg(10), flag).asDegrees(), 190, 1e-9);
+        EXPECT_NEAR(constrainedTo(deg(20), deg(10), flag).asDegrees(), 10, 1e-9);
+        EXPECT_NEAR(constrainedTo(deg(90), deg(350), flag).asDegrees(), 530, 1e-9) << "not normalised";
+    }
+}
+
+TEST(ConstrainTo, RangesThroughZeroHoldNothing) {
+    EXPECT_TRUE(withinRange(deg(20), deg(10), deg(30)));
+    EXPECT_FALSE(withinRange(deg(10), deg(10), deg(30)));
+    EXPECT_FALSE(withinRange(deg(40), deg(10), deg(30)));
+    EXPECT_FALSE(withinRange(deg(0), deg(350), deg(10)));
+    EXPECT_FALSE(withinRange(deg(355), deg(350), deg(10)));
+}
+
+TEST(ConstrainTo, StepsSnapWithinHalfTheTolerance) {
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    const struct {
+        double angle, base, step, tol, result;
+    } rows[] = {
+        {47, 0, 45, 10, 45},
+        {50, 0, 45, 10, 45}, // half of the tolerance is included
+        {30, 0, 45, 10, 45}, // no match: the first step beyond 390 is 405
+        {47, 0, 0, 10, 47},
+        {47, 0, 45, 0, 47},
+        {47, 0, -45, 10, 47},    // a step back is none
+        {47, 0, 1e-20, 10, 47},  // nor is one that is lost in rounding
+        {358, 0, 45, 10, 0},     // folded to −2
+        {-47, 400, 45, 10, -50}, // base 40: 40 − 90
+        {47, 541, 45, 10, 47},   // a base beyond one fold
+        {600, 0, 45, 10, 240},   // an angle beyond one fold, folded once
+        {kInfinity, 0, 45, 10, kInfinity},
+    };
+    for (const auto& row : rows) {
+        EXPECT_DOUBLE_EQ(constrainTo(row.angle, row.base, row.step, row.tol), row.result)
+            << row.angle << ' ' << row.step;
+    }
+}
+
+TEST(ConstrainTo, TurnsAndIntervals) {
+    EXPECT_TRUE(isClockwise(10, 350));
+    EXPECT_FALSE(isClockwise(350, 10));
+    EXPECT_FALSE(isClockwise(10, 10));
+    EXPECT_FALSE(isClockwise(0, 180));
+    EXPECT_FALSE(isClockwise(0, 540));
+    EXPECT_TRUE(isClockwise(180, 0));
+    EXPECT_TRUE(isClockwise(0, -721));
+    EXPECT_FALSE(isClockwise(0, std::numeric_limits<double>::infinity()));
+    EXPECT_TRUE(within(2, 1, 3));
+    EXPECT_TRUE(within(1, 3, 1));
+    EXPECT_TRUE(within(3, 3, 1));
+    EXPECT_FALSE(within(3.5, 1, 3));
+    EXPECT_FALSE(within(0.5, 3, 1));
+}
+
+} // namespace
