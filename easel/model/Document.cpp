@@ -181,7 +181,7 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
         node.state_.path = emptyPath();
         node.state_.style = defaultStyle();
     }
-    impl_->tree.attachNew(node);
+    impl_->tree.attachNew(node, spot.below);
     return node;
 }
 

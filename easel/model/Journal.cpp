@@ -13,6 +13,8 @@ namespace easel::model {
 
 namespace {
 
+constexpr std::size_t kKeptNotes = 1024;
+
 template <class T> bool sameContents(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
     return a == b || (a && b && *a == *b);
 }
@@ -189,10 +191,13 @@ void Journal::forgetRedo() {
     redo_.clear();
 }
 
-/// What can only be done when nothing is running: the index takes in what changed, and what the gesture moved is
-/// forgotten.
+/// What can only be done when nothing is running: the index takes in what changed, what the gesture moved is forgotten,
+/// and storage that only a big change needs is given back.
 void Journal::settle() {
     ++rollBack_;
+    for (Record* const record : {&outer_, &inner_}) {
+        if (record->notes.capacity() > kKeptNotes) record->notes = {};
+    }
     tree_.index.settle();
 }
 

@@ -89,7 +89,7 @@ class Node {
     friend struct Children;
 
     using Hook = boost::intrusive::set_member_hook<boost::intrusive::optimize_size<true>,
-                                                   boost::intrusive::link_mode<boost::intrusive::safe_link>>;
+                                                   boost::intrusive::link_mode<boost::intrusive::normal_link>>;
     enum class Indexed : std::uint8_t { No, Loose, InTree };
 
     NodeId id_;

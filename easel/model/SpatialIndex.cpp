@@ -75,8 +75,10 @@ void SpatialIndex::settle() {
             if (found) tree_->entries.insert(Entry{treeBox(hull), &path});
         }
     }
-    if (anew) tree_->entries = Rtree(whole);
     loose_.clear();
+    if (!anew) return;
+    loose_.shrink_to_fit();
+    tree_->entries = Rtree(whole);
 }
 
 void SpatialIndex::forget(Node& path) {

@@ -21,7 +21,11 @@ Tree::Tree() {
     top.alive_ = true;
 }
 
-Tree::~Tree() = default;
+Tree::~Tree() {
+    // Unlinked first: a child may be stored before its parent.
+    for (Node& node : nodes_)
+        if (node.children_) node.children_->set.clear();
+}
 
 Node* Tree::find(NodeId id) {
     if (id.slot >= nodes_.size()) return nullptr;
@@ -86,8 +90,9 @@ void Tree::detach(Node& node) {
     siblings.erase(siblings.iterator_to(node));
 }
 
-void Tree::attachNew(Node& node) {
-    attach(node);
+void Tree::attachNew(Node& node, Node* below) {
+    Children::Set& siblings = node.state_.parent->children_->set;
+    siblings.insert_before(below ? siblings.iterator_to(*below) : siblings.end(), node);
     setAlive(node, true);
 }
 

@@ -31,7 +31,7 @@ class Tree {
     // Links, as the node's state names them; the state is the caller's
     void attach(Node& node);
     void detach(Node& node);
-    void attachNew(Node& node); ///< one that holds nothing yet, to a living parent
+    void attachNew(Node& node, Node* below); ///< an empty one to a living parent, right above `below` or last
     /// Brings `alive` up to date for the node and, if that changes, for all it holds.
     void updateAlive(Node& node);
 

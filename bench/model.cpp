@@ -1,0 +1,134 @@
+// The model's half of a drag message, in documents of equal density: its cost must hardly depend on their size. Looking
+// at every path is the peer that shows what the index spares.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <random>
+
+#include "model/Document.h"
+
+namespace {
+
+using namespace easel::model;
+
+constexpr double kSpacing = 20;
+
+PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
+
+/// A document of `count` short lines, one to a square of the page.
+std::unique_ptr<Document> drawing(std::int64_t count) {
+    const auto columns = static_cast<std::int64_t>(std::ceil(std::sqrt(static_cast<double>(count))));
+    auto document =
+        std::make_unique<Document>(static_cast<double>(columns) * kSpacing, static_cast<double>(columns) * kSpacing);
+    std::mt19937 engine(1);
+    std::uniform_real_distribution<double> inSquare(0, kSpacing);
+    document->journal().begin();
+    document->journal().setKind(UndoKind::Silent);
+    for (std::int64_t i = 0; i < count; ++i) {
+        const double left = static_cast<double>(i % columns) * kSpacing;
+        const double top = static_cast<double>(i / columns) * kSpacing;
+        Node& line = document->create(NodeType::Path, Placement::OnTopInside, document->currentLayer());
+        document->setPath(line, {{corner(left + inSquare(engine), top + inSquare(engine)),
+                                  corner(left + inSquare(engine), top + inSquare(engine))},
+                                 false});
+    }
+    document->journal().end();
+    return document;
+}
+
+/// One document at a time, kept between the benchmarks that use it.
+Document& drawingOf(std::int64_t count) {
+    static std::unique_ptr<Document> document;
+    static std::int64_t countNow = 0;
+    if (countNow != count) {
+        document.reset();
+        document = drawing(count);
+        countNow = count;
+    }
+    return *document;
+}
+
+void dragMessage(benchmark::State& state) {
+    Document& document = drawingOf(state.range(0));
+    Journal& journal = document.journal();
+    Node& layer = document.currentLayer();
+    const Point center = document.view.center;
+    double turn = 0;
+    journal.begin();
+    journal.mark();
+    for (auto _ : state) {
+        journal.rollBackToMark();
+        turn += 0.01;
+        const Point cursor{center.x + 80 * std::cos(turn), center.y + 80 * std::sin(turn)};
+        const std::optional<Point> snapped = document.snapPoint(cursor, 2);
+        const Point end = snapped ? *snapped : cursor;
+        journal.begin();
+        const Hit hit = document.hitTest(layer, end, 2, HitRequest::Anchors | HitRequest::Segments);
+        benchmark::DoNotOptimize(hit);
+        Node& line = document.create(NodeType::Path, Placement::OnTopInside, layer);
+        const PathPoint points[] = {corner(center.x, center.y), corner(end.x, end.y)};
+        document.setPointCount(line, 2);
+        document.setPoints(line, 0, points, 2);
+        document.setClosed(line, false);
+        journal.end();
+    }
+    journal.abandon();
+}
+
+void hitTestAnywhere(benchmark::State& state) {
+    Document& document = drawingOf(state.range(0));
+    std::mt19937 engine(2);
+    std::uniform_real_distribution<double> coordinate(0, document.width());
+    for (auto _ : state) {
+        const Point point{coordinate(engine), coordinate(engine)};
+        const Hit hit = document.hitTest(document.root(), point, 2, HitRequest::Anchors | HitRequest::Segments);
+        benchmark::DoNotOptimize(hit);
+    }
+}
+
+/// The peer of the hit test.
+void lookAtEveryPath(benchmark::State& state) {
+    Document& document = drawingOf(state.range(0));
+    const Point point = document.view.center;
+    for (auto _ : state) {
+        double nearest = std::numeric_limits<double>::infinity();
+        for (const Node* path = document.currentLayer().firstChild(); path; path = path->next()) {
+            for (const PathPoint& p : path->path().points) {
+                nearest = std::min(nearest, std::hypot(p.anchor.x - point.x, p.anchor.y - point.y));
+            }
+        }
+        benchmark::DoNotOptimize(nearest);
+    }
+}
+
+/// Moving one selected path, as a step and back.
+void moveAndUndo(benchmark::State& state) {
+    Document& document = drawingOf(state.range(0));
+    Node& path = *document.currentLayer().firstChild();
+    for (auto _ : state) {
+        document.offset(path, 3, 4);
+        document.journal().undo();
+    }
+}
+
+void buildDocument(benchmark::State& state) {
+    for (auto _ : state) benchmark::DoNotOptimize(drawing(state.range(0)));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+constexpr std::int64_t kSizes[] = {100, 10'000, 1'000'000};
+
+const int kRegistered = [] {
+    for (const std::int64_t size : kSizes) {
+        benchmark::RegisterBenchmark("model/dragMessage", dragMessage)->Arg(size);
+        benchmark::RegisterBenchmark("model/hitTestAnywhere", hitTestAnywhere)->Arg(size);
+        benchmark::RegisterBenchmark("model/lookAtEveryPath", lookAtEveryPath)->Arg(size);
+        benchmark::RegisterBenchmark("model/moveAndUndo", moveAndUndo)->Arg(size);
+        benchmark::RegisterBenchmark("model/buildDocument", buildDocument)->Arg(size);
+    }
+    return 0;
+}();
+
+} // namespace
