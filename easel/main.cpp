@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
         return play(command);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return cli.exit(error); // help was asked for
-        return fail(Misused, error.what());
+        return fail(Misused, std::string(error.what()) + "; see easel --help");
     } catch (const std::exception& error) {
         return fail(Failed, error.what());
     }

@@ -1,6 +1,5 @@
 // print and assert, and the app object: documents, tools, start and end.
 #include "script/Calls.h"
-#include "script/Text.h"
 
 namespace easel::script {
 
@@ -8,15 +7,15 @@ namespace {
 
 void print(Host& host, const Rest& rest) {
     const char* gap = "";
-    for (const std::string& text : rest.texts) {
-        host.out << gap << fromEngine(text).value_or(text);
+    for (const Words& words : rest.values) {
+        host.out << gap << words.text;
         gap = " ";
     }
     host.out << std::endl;
 }
 
-void assertThat(Host& /*host*/, Condition condition, const std::optional<std::string>& text) {
-    if (!condition.holds) throw session::Error("failed" + (text ? ": " + *text : ""));
+void assertThat(Host& /*host*/, Condition condition, const std::optional<Words>& text) {
+    if (!condition.holds) throw session::Error("failed" + (text ? ": " + text->text : ""));
 }
 
 // Documents

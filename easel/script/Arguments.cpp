@@ -148,6 +148,13 @@ void read(const Value& value, Condition& slot) {
     duk_pop(value.engine());
 }
 
+void read(const Value& value, Words& slot) {
+    duk_dup(value.engine(), value.index());
+    slot.text = duk_safe_to_string(value.engine(), -1);
+    duk_pop(value.engine());
+    if (auto text = fromEngine(slot.text)) slot.text = std::move(*text);
+}
+
 void read(const Value& value, std::string& slot) {
     duk_size_t size = 0;
     const char* const bytes = duk_get_lstring(value.engine(), value.index(), &size);

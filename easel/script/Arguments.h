@@ -67,6 +67,10 @@ struct PointRecord {
 struct Condition {
     bool holds = false;
 };
+/// Any value at all, in words.
+struct Words {
+    std::string text;
+};
 /// {shift, option, control, command}, each true or false.
 struct ModifierKeys {
     session::Modifiers bits = 0;
@@ -76,6 +80,7 @@ void read(const Value& value, Positive& slot);
 void read(const Value& value, std::size_t& slot);
 void read(const Value& value, bool& slot);
 void read(const Value& value, Condition& slot);
+void read(const Value& value, Words& slot);
 void read(const Value& value, std::string& slot);
 void read(const Value& value, ModifierKeys& slot);
 void read(const Value& value, model::Point& slot);     ///< [x, y]

@@ -22,10 +22,15 @@ const Row& currentRow(duk_context* engine) {
     return *row;
 }
 
-/// The name of the parameter at `index`, counted from 0.
+/// The name of the parameter at `index`, counted from 0; the last name stands for all that follow.
 std::string_view parameterName(std::string_view names, int index) {
-    for (; index > 0; --index) names.remove_prefix(names.find(", ") + 2);
-    return names.substr(0, names.find(", "));
+    constexpr std::string_view comma = ", ";
+    std::size_t end = names.find(comma);
+    for (; index > 0 && end != std::string_view::npos; --index) {
+        names.remove_prefix(end + comma.size());
+        end = names.find(comma);
+    }
+    return names.substr(0, end);
 }
 
 void pushNative(duk_context* engine, const Row& row, duk_c_function function, duk_idx_t arguments) {
@@ -44,8 +49,8 @@ Host& hostOf(duk_context* engine) {
 
 Arguments::Arguments(duk_context* engine, std::size_t most) : engine_(engine), count_(duk_get_top(engine)) {
     if (static_cast<std::size_t>(count_) > most)
-        throw BadArgument("takes " + (most == 0 ? "no arguments" : "at most " + std::to_string(most)) + ", not " +
-                          std::to_string(count_));
+        throw BadArgument("takes no more than " + std::to_string(most) + (most == 1 ? " argument" : " arguments") +
+                          ", not " + std::to_string(count_));
 }
 
 Value Arguments::argument(bool mayBeMissing) {
@@ -58,10 +63,6 @@ Value Arguments::argument(bool mayBeMissing) {
         return {engine_, duk_get_top_index(engine_), role_};
     }
     return {engine_, index, role_};
-}
-
-void Arguments::next(Rest& slot) {
-    for (; used_ < count_; ++used_) slot.texts.emplace_back(duk_safe_to_string(engine_, used_));
 }
 
 Failure pushFailure(duk_context* engine) noexcept {
@@ -98,6 +99,8 @@ void keepErrorConstructors(duk_context* engine) {
     duk_pop(engine);
 }
 
+void refuseChange(Host& /*host*/, Condition /*value*/) { throw BadArgument("cannot be set"); }
+
 void define(duk_context* engine, std::span<const Row> rows) {
     for (const Row& row : rows) {
         const char* const dot = std::strrchr(row.name, '.');
@@ -108,13 +111,10 @@ void define(duk_context* engine, std::span<const Row> rows) {
             flags |= DUK_DEFPROP_HAVE_VALUE;
         } else {
             pushNative(engine, row, row.get, 0);
-            flags |= DUK_DEFPROP_HAVE_GETTER;
-            if (row.set != nullptr) {
-                pushNative(engine, row, row.set, 1);
-                flags |= DUK_DEFPROP_HAVE_SETTER;
-            }
+            pushNative(engine, row, row.set, 1);
+            flags |= DUK_DEFPROP_HAVE_GETTER | DUK_DEFPROP_HAVE_SETTER;
         }
-        duk_def_prop(engine, row.set != nullptr ? -4 : -3, flags);
+        duk_def_prop(engine, row.call != nullptr ? -3 : -4, flags);
     }
 }
 

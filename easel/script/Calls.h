@@ -22,15 +22,15 @@ struct Row {
     const char* parameters;
     duk_c_function call; ///< null: a property
     duk_c_function get = nullptr;
-    duk_c_function set = nullptr; ///< null: read only
+    duk_c_function set = nullptr;
 };
 
 /// Marks the parameter that is the object on which the script made the call.
 template <class T> struct This : T {};
 
-/// Takes all remaining arguments, as text.
+/// Takes all remaining arguments.
 struct Rest {
-    std::vector<std::string> texts;
+    std::vector<Words> values;
 };
 
 /// The arguments of the running native, handed out from the first to the last.
@@ -52,7 +52,9 @@ class Arguments {
         read(Value(engine_, duk_get_top_index(engine_), "the object of the call"), static_cast<T&>(slot));
         duk_pop(engine_);
     }
-    void next(Rest& slot);
+    void next(Rest& slot) {
+        while (used_ < count_) read(argument(false), slot.values.emplace_back());
+    }
     [[nodiscard]] Value argument(bool mayBeMissing);
 
     duk_context* engine_;
@@ -101,8 +103,10 @@ template <auto function> duk_ret_t shim(duk_context* engine) {
 template <auto function> constexpr Row method(const char* name, const char* parameters) {
     return {name, parameters, shim<function>};
 }
-template <auto get> constexpr Row property(const char* name) { return {name, "", nullptr, shim<get>}; }
-template <auto get, auto set> constexpr Row property(const char* name) {
+/// What setting a property does that cannot be set; without it the engine's error would name nothing.
+[[noreturn]] void refuseChange(Host& host, Condition value);
+
+template <auto get, auto set = refuseChange> constexpr Row property(const char* name) {
     return {name, "value", nullptr, shim<get>, shim<set>};
 }
 

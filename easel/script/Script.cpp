@@ -133,7 +133,7 @@ std::string lineAbout(duk_context* engine, const std::string& path) {
     if (!running.compiled) text = text.substr(0, text.rfind(" (line ")); // said already
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20; }, ' ');
-    return path + ":" + std::to_string(line) + ": " + text;
+    return path + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + text;
 }
 
 } // namespace
