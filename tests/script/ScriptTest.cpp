@@ -1,0 +1,211 @@
+// Session scripts: what a failing line says, and what scripts do to a document, all without a plug-in.
+#include <gtest/gtest.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+
+#include "script/Script.h"
+#include "session/Session.h"
+
+namespace {
+
+using easel::script::ScriptError;
+
+class ScriptTest : public testing::Test {
+  protected:
+    ~ScriptTest() override { std::filesystem::remove(file); }
+
+    /// Plays a script; answers what it printed and, behind that, the error without the file's name.
+    std::string play(const std::string& source) {
+        std::ofstream(file, std::ios::binary) << source;
+        std::ostringstream out;
+        try {
+            easel::script::run(session, file, out);
+        } catch (const ScriptError& error) {
+            const std::string what = error.what();
+            EXPECT_EQ(what.rfind(file + ":", 0), 0U) << what;
+            out << what.substr(file.size() + 1);
+        }
+        return out.str();
+    }
+
+    std::string file = testing::TempDir() + "script-" + std::to_string(getpid()) + ".js";
+    easel::session::Session session;
+};
+
+struct Line {
+    const char* source;
+    const char* error;
+};
+
+TEST_F(ScriptTest, AnUncaughtErrorNamesItsLineAndReason) {
+    const Line lines[] = {
+        {"\nvar a = [1,\n;", "3: empty expression not allowed"},
+        {"var a;\nb = 1;", "2: identifier 'b' undefined"},
+        {"\n\nthrow new Error('mine');", "3: mine"},
+        {"\nthrow 'just words';", "2: just words"},
+        {"throw {toString: function () { throw 1; }};", "1: an error that cannot be told"},
+        {"\nthrow new Error('two\\nlines');", "2: two lines"},
+        {"function f() {\n  null.x;\n}\nf();", "2: cannot read property 'x' of null"},
+        {"var e = new Error('early');\n\ntry { throw e; } finally { e = 1; }", "1: early"},
+        {"\neval('\\n\\n\\nnowhere()');", "2: identifier 'nowhere' undefined"},
+        {"\nassert(1 > 2, 'one is less');", "2: assert: failed: one is less"},
+        {"assert(0);", "1: assert: failed"},
+        {"TypeError = Error = null;\nkeys.press(5);", "2: keys.press: argument 1 (name) must be a text, not 5"},
+        {"\xff\xfe", " source decode failed"},
+    };
+    for (const Line& line : lines) EXPECT_EQ(play(line.source), line.error) << line.source;
+}
+
+TEST_F(ScriptTest, AFileThatCannotBeReadIsAnError) {
+    std::ostringstream out;
+    for (const auto& [path, reason] : {std::pair(std::string("no/such.js"), "No such file or directory"),
+                                       std::pair(testing::TempDir(), "Is a directory")}) {
+        try {
+            easel::script::run(session, path, out);
+            ADD_FAILURE() << path;
+        } catch (const ScriptError& error) {
+            EXPECT_EQ(std::string(error.what()), path + ": cannot be read: " + reason);
+        }
+    }
+}
+
+TEST_F(ScriptTest, WrongArgumentsAreNamed) {
+    const Line lines[] = {
+        {"mouse.press('abc', 1)", "mouse.press: argument 1 (x) must be a finite number, not \"abc\""},
+        {"mouse.press(1, 0 / 0)", "mouse.press: argument 2 (y) must be a finite number, not NaN"},
+        {"mouse.move(1)", "mouse.move: argument 2 (y) is missing"},
+        {"mouse.move(1, 2, {}, 3)", "mouse.move: takes no more than 3 arguments, not 4"},
+        {"mouse.move(1, 2, {shfit: true})", "mouse.move: argument 3 (modifiers): \"shfit\" means nothing here"},
+        {"mouse.move(1, 2, {shift: 1})", "mouse.move: argument 3 (modifiers), shift must be true or false, not 1"},
+        {"mouse.move(1, 2, 3)", "mouse.move: argument 3 (modifiers) must be an object like {shift: true}, not 3"},
+        {"mouse.stroke([[1, 2], [3]])", "mouse.stroke: argument 1 (points), item 1 must be [x, y], not a list"},
+        {"mouse.stroke([])", "mouse.stroke: argument 1 (points) must have a point"},
+        {"keys.press('Enter')", "keys.press: argument 1 (name) must be \"Escape\", not \"Enter\""},
+        {"app.newDocument(-1, 5)", "app.newDocument: argument 1 (width) must be a number greater than 0, not -1"},
+        {"app.selectTool('Lasso')", "app.selectTool: no tool has the title \"Lasso\""},
+        {"app.tools = []", "app.tools: cannot be set"},
+        {"app.close()", "app.close: no document is open"},
+        {"mouse.press(1, 2)", "mouse.press: no tool is selected"},
+        {"doc.addPath([])", "doc.addPath: argument 1 (points) must have a point"},
+        {"doc.addPath([{x: 1}])", "doc.addPath: argument 1 (points), item 0, y must be a finite number, not undefined"},
+        {"doc.addPath([[1, 2]], {closd: 1})", "doc.addPath: argument 2 (options): \"closd\" means nothing here"},
+        {"doc.addPath([{x: 1, get y() { throw new Error('mine'); }}])", "mine"},
+        {"doc.selectPoints(doc.addPath([[1, 2]]), [1])",
+         "doc.selectPoints: argument 2 (indices): the path has no point 1"},
+        {"doc.select(doc.layers[0])", "doc.select: argument 1 (objects) must be a path, not an object"},
+        {"doc.move([doc.addPath([[1, 2]]), 5], 1, 1)", "doc.move: argument 1 (objects), item 1 must be a path, not 5"},
+        {"doc.move(app.newDocument(5, 5).addPath([[1, 2]]), 1, 1)",
+         "doc.move: argument 1 (objects) belongs to another document"},
+        {"doc.layers[0].locked = 'yes'", "layer.locked: argument 1 (value) must be true or false, not \"yes\""},
+        {"doc.addLayer('two\\nlines')",
+         "doc.addLayer: argument 1 (title) must be a text of one line in whole characters, not \"two lines\""},
+        {"doc.addLayer('half \\ud83d'.substr(0, 4) + '\\ud83d')",
+         "doc.addLayer: argument 1 (title) must be a text of one line in whole characters, not \"half\xed\xa0\xbd\""},
+        {"doc.view.zoom = 0", "view.zoom: argument 1 (value) must be a number greater than 0, not 0"},
+        {"var undo = doc.undo; undo()", "doc.undo: the object of the call must be a document, not undefined"},
+    };
+    for (const Line& line : lines) {
+        const std::string call = line.source;
+        const bool onDocument = call.find("doc.") != std::string::npos;
+        EXPECT_EQ(play((onDocument ? "var doc = app.newDocument(9, 9);\n" : "\n") + call),
+                  "2: " + std::string(line.error))
+            << call;
+        while (session.document() != nullptr) session.close();
+    }
+}
+
+TEST_F(ScriptTest, EditsADocumentInUndoSteps) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(200, 100);
+        print(doc.width, doc.height, app.document === doc, doc.layers.length, doc.undoDepth);
+
+        var low = doc.addPath([[10, 10], [40, 10]]);
+        var layer = doc.addLayer("Ende \ud83d\ude80");
+        var high = doc.addPath([[0, 0], {x: 5, y: 5, outX: 7, corner: false}], {closed: true});
+        var inLow = doc.addPath([[1, 1]], {layer: low.layer});
+        print(doc.paths.map(function (path) { return [high, inLow, low].indexOf(path); }), doc.undoDepth);
+        print(layer.title, doc.currentLayer === layer, doc.layers.indexOf(layer), high.layer === layer);
+        print(high.id, high.type, high.closed, low.closed, JSON.stringify(high.points[1]), JSON.stringify(low.style));
+
+        doc.move([low, high, low], 100, -1);
+        print(low.points[1].x, low.points[1].y, high.points[1].outX, doc.undoDepth);
+        print(doc.undo(), low.points[1].x, doc.redo(), low.points[1].x, doc.redo());
+
+        doc.select(low);
+        doc.selectPoints(high, [1]);
+        print(doc.selection.length, doc.selection[0] === high, high.points[0].selected, high.points[1].selected);
+        doc.deselectAll();
+        print(doc.selection.length, doc.undoDepth);
+
+        layer.locked = true;
+        layer.visible = false;
+        layer.title = "Other";
+        print(layer.locked, layer.visible, layer.title, doc.undoDepth);
+        doc.undo();
+        print(layer.locked, layer.visible, layer.title);
+
+        doc.view.zoom = 2;
+        doc.view.center = [3, 4];
+        print(doc.view.zoom, doc.view.center, doc.undoDepth, doc.find("nobody"));
+    )js"),
+              "200 100 true 1 0\n"
+              "0,1,2 4\n"
+              "Ende \xf0\x9f\x9a\x80 true 0 true\n"
+              "null path true false "
+              "{\"x\":5,\"y\":5,\"inX\":5,\"inY\":5,\"outX\":7,\"outY\":5,\"corner\":false,\"selected\":false} "
+              "{\"fill\":null,\"stroke\":\"#000000\",\"width\":1}\n"
+              "140 9 107 5\n"
+              "true 40 true 140 false\n"
+              "2 true false true\n"
+              "0 5\n"
+              "true false Other 8\n"
+              "true false Ende \xf0\x9f\x9a\x80\n"
+              "2 3,4 7 null\n");
+}
+
+TEST_F(ScriptTest, AnObjectWhoseThingIsGoneThrowsUntilUndoBringsItBack) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]), layer = doc.addLayer("L");
+        function attempt(what) { try { print(what()); } catch (error) { print(error.message); } }
+        doc.remove(path);
+        attempt(function () { return path.closed; });
+        attempt(function () { doc.move([path], 1, 1); });
+        doc.undo();
+        attempt(function () { return path.points[0].y; });
+        doc.undo();
+        attempt(function () { return layer.title; });
+        app.close();
+        attempt(function () { return path.closed; });
+        attempt(function () { return doc.width; });
+        attempt(function () { return doc.view.zoom; });
+    )js"),
+              "path.closed: this path is no longer in the document\n"
+              "doc.move: this path is no longer in the document\n"
+              "2\n"
+              "layer.title: this layer is no longer in the document\n"
+              "path.closed: this document is closed\n"
+              "doc.width: this document is closed\n"
+              "doc.view: this document is closed\n");
+}
+
+TEST_F(ScriptTest, RefusedCallsLeaveTheDocumentAsItWas) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]);
+        var calls = [
+            function () { doc.move([path, null], 1, 1); },
+            function () { doc.addPath([[1, 2], [3, {}]]); },
+            function () { doc.selectPoints(path, [0, 1]); },
+            function () { doc.remove([path, doc.layers[0]]); }
+        ];
+        calls.forEach(function (call) { try { call(); print("done"); } catch (error) { } });
+        print(doc.paths.length, path.points[0].x, path.selected, doc.undoDepth);
+    )js"),
+              "1 1 false 1\n");
+}
+
+} // namespace
