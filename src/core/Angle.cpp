@@ -16,6 +16,7 @@ geo::Angle::Units toImpl(Angle::Units units) { return static_cast<geo::Angle::Un
 Angle::Angle() : Angle(geo::Angle()) {}
 Angle::Angle(double value, Units units) : Angle(geo::Angle(value, toImpl(units))) {}
 Angle::Angle(const geo::Angle& impl) : impl_(impl) {}
+const geo::Angle& Angle::impl() const { return impl_.get(); }
 
 Angle Angle::Zero() { return Angle(geo::Angle::Zero()); }
 Angle Angle::Pi() { return Angle(geo::Angle::Pi()); }

@@ -82,7 +82,7 @@ class Angle {
     [[nodiscard]] static Angle acos(double value, double tol);
     [[nodiscard]] static Angle atan(double value, double tol);
 
-    [[nodiscard]] const geo::Angle& impl() const { return impl_.get(); }
+    [[nodiscard]] const geo::Angle& impl() const;
 
   private:
     utils::ValueImpl<geo::Angle, sizeof(double)> impl_;

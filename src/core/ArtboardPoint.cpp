@@ -14,6 +14,7 @@ ArtboardPoint::ArtboardPoint() : ArtboardPoint(plugin::ArtboardPoint()) {}
 ArtboardPoint::ArtboardPoint(double x, double y) : ArtboardPoint(plugin::ArtboardPoint(x, y)) {}
 ArtboardPoint::ArtboardPoint(const AIRealPoint& point) : ArtboardPoint(plugin::ArtboardPoint(point)) {}
 ArtboardPoint::ArtboardPoint(const plugin::ArtboardPoint& impl) : impl_(impl) {}
+const plugin::ArtboardPoint& ArtboardPoint::impl() const { return impl_.get(); }
 
 ArtboardPoint ArtboardPoint::LengthAngle(double length, const Angle& angle) {
     return ArtboardPoint(plugin::ArtboardPoint::LengthAngle(length, angle.impl()));

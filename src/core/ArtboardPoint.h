@@ -73,7 +73,7 @@ class ArtboardPoint {
     [[nodiscard]] ArtboardPoint rotate(const ArtboardPoint& origin, const Angle& angle) const;
     [[nodiscard]] ArtboardPoint transform(const TransformMatrix& matrix) const;
 
-    [[nodiscard]] const plugin::ArtboardPoint& impl() const { return impl_.get(); }
+    [[nodiscard]] const plugin::ArtboardPoint& impl() const;
 
   private:
     utils::ValueImpl<plugin::ArtboardPoint, 2 * sizeof(double)> impl_;

@@ -8,6 +8,7 @@ namespace kzo::core {
 Point::Point() : Point(geo::Point()) {}
 Point::Point(double x, double y) : Point(geo::Point{x, y}) {}
 Point::Point(const geo::Point& impl) : impl_(impl) {}
+const geo::Point& Point::impl() const { return impl_.get(); }
 
 double Point::x() const { return impl_->x; }
 double Point::y() const { return impl_->y; }

@@ -33,7 +33,7 @@ class Point {
     /// Even-odd, the polygon closed from its last vertex to its first.
     [[nodiscard]] bool insidePolygon(const std::vector<Point>& vertices) const;
 
-    [[nodiscard]] const geo::Point& impl() const { return impl_.get(); }
+    [[nodiscard]] const geo::Point& impl() const;
 
   private:
     utils::ValueImpl<geo::Point, 2 * sizeof(double)> impl_;

@@ -9,6 +9,7 @@ namespace kzo::core {
 Size::Size() : Size(geo::Size()) {}
 Size::Size(double width, double height) : Size(geo::Size{width, height}) {}
 Size::Size(const geo::Size& impl) : impl_(impl) {}
+const geo::Size& Size::impl() const { return impl_.get(); }
 
 double Size::width() const { return impl_->width; }
 double Size::height() const { return impl_->height; }

@@ -32,7 +32,7 @@ class Size {
     [[nodiscard]] double diagonalLength() const;
     [[nodiscard]] Angle diagonalAngle() const; // of the vector (width, height)
 
-    [[nodiscard]] const geo::Size& impl() const { return impl_.get(); }
+    [[nodiscard]] const geo::Size& impl() const;
 
   private:
     utils::ValueImpl<geo::Size, 2 * sizeof(double)> impl_;

@@ -12,7 +12,6 @@ namespace kzo::geo {
 
 namespace {
 
-constexpr double kPi = Angle::Pi().asRadians();
 constexpr double kTurn = Angle::TwoPi().asRadians();
 constexpr double kRelativeTolerance = 10.0 * std::numeric_limits<double>::epsilon();
 constexpr double kQuadrantTolerance = 1e-4;

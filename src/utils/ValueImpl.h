@@ -9,7 +9,8 @@
 namespace kzo::utils {
 
 /// A `T` stored in `Size` bytes. Copying copies the object, and users of the class need no special members: `T` must be
-/// trivially copyable, which is checked, with its size and alignment, where a `T` is handed over and so is complete.
+/// trivially copyable, which is checked, with its size and alignment, where a `T` is handed over. It must be complete
+/// wherever it is used, but not where facades are only copied.
 template <typename T, std::size_t Size> class ValueImpl {
   public:
     explicit ValueImpl(const T& value) {
