@@ -1,0 +1,97 @@
+// Geometry values: arc length against an independent library, its inverse against itself, and points on the move.
+#include "core/Bezier.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <random>
+#include <vector>
+
+#include <2geom/bezier-curve.h>
+#include <benchmark/benchmark.h>
+
+namespace {
+
+using kzo::core::Angle;
+using kzo::core::ArtboardPoint;
+using kzo::core::Bezier;
+
+/// The curves of drawings: each handle a third of the chord long, on average, and turned aside by up to a right angle.
+const std::vector<Bezier>& curves() {
+    static const std::vector<Bezier> made = [] {
+        std::mt19937 random(7);
+        std::uniform_real_distribution<double> place(0, 600);
+        std::uniform_real_distribution<double> part(0.1, 0.6);
+        std::uniform_real_distribution<double> aside(-90, 90);
+        std::vector<Bezier> list;
+        for (int i = 0; i < 256; ++i) {
+            const ArtboardPoint start(place(random), place(random));
+            const ArtboardPoint end(place(random), place(random));
+            const auto handle = [&](const ArtboardPoint& from, const ArtboardPoint& to) {
+                return from.move((from | to) * part(random), (from ^ to) + Angle(aside(random), Angle::Units::Degrees));
+            };
+            list.emplace_back(start, handle(start, end), handle(end, start), end);
+        }
+        return list;
+    }();
+    return made;
+}
+
+const std::vector<Geom::CubicBezier>& peers() {
+    static const std::vector<Geom::CubicBezier> made = [] {
+        const auto point = [](const ArtboardPoint& p) { return Geom::Point(p.x(), p.y()); };
+        std::vector<Geom::CubicBezier> list;
+        for (const Bezier& b : curves()) list.emplace_back(point(b.p0), point(b.p1), point(b.p2), point(b.p3));
+        return list;
+    }();
+    return made;
+}
+
+/// Runs `measure(i)` over the curves in turn.
+template <typename Measure> void forEachCurve(benchmark::State& state, const Measure& measure) {
+    std::size_t i = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        benchmark::DoNotOptimize(measure(i));
+        i = (i + 1) % curves().size();
+    }
+}
+
+void Length(benchmark::State& state) {
+    forEachCurve(state, [](std::size_t i) { return curves()[i].length(); });
+}
+BENCHMARK(Length);
+
+/// The peer takes an absolute tolerance. Its error is larger than that at sharp turns, which is in its favour here.
+void LengthOfPeer(benchmark::State& state) {
+    std::vector<double> tolerances;
+    for (const Bezier& curve : curves()) tolerances.push_back(1e-9 * curve.length());
+    double worst = 0;
+    for (std::size_t i = 0; i < curves().size(); ++i) {
+        const double length = curves()[i].length();
+        worst = std::max(worst, std::abs(peers()[i].length(tolerances[i]) - length) / length);
+    }
+    forEachCurve(state, [&](std::size_t i) { return peers()[i].length(tolerances[i]); });
+    state.counters["worst difference"] = worst;
+}
+BENCHMARK(LengthOfPeer);
+
+void TAtLength(benchmark::State& state) {
+    std::vector<double> targets;
+    for (const Bezier& curve : curves()) targets.push_back(0.618 * curve.length());
+    forEachCurve(state, [&](std::size_t i) { return curves()[i].tAtLength(targets[i]); });
+}
+BENCHMARK(TAtLength);
+
+void Move(benchmark::State& state) {
+    ArtboardPoint point;
+    Angle angle;
+    const Angle step(1, Angle::Units::Degrees);
+    for ([[maybe_unused]] auto _ : state) {
+        point = point.move(1, angle);
+        angle += step;
+    }
+    benchmark::DoNotOptimize(point);
+}
+BENCHMARK(Move);
+
+} // namespace
