@@ -1,12 +1,12 @@
 // Normalisation, comparison and trigonometry of angles.
 #include "geo/Angle.h"
 
-#include "utils/Tolerance.h"
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
+
+#include "utils/Tolerance.h"
 
 namespace kzo::geo {
 

@@ -1,11 +1,11 @@
 // The points, pieces, directions and shape of a cubic. Its length has a file of its own.
 #include "geo/Bezier.h"
 
-#include "geo/Vector.h"
-
 #include <algorithm>
 #include <array>
 #include <cmath>
+
+#include "geo/Vector.h"
 
 namespace kzo::geo {
 
@@ -76,6 +76,9 @@ std::optional<Point> Bezier::direction(double t) const {
     if (t == 0.0) return firstNonZero({p1 - p0, p2 - p0, p3 - p0});
     if (t == 1.0) return firstNonZero({p3 - p2, p3 - p1, p3 - p0});
     if (const auto velocity = firstDerivative(*this, t)) return velocity;
+    // Just before a retracted end there is no way out any more.
+    constexpr double kEnd = 1e-9;
+    if (t < 1.0 && t > 1.0 - kEnd) return direction(1.0);
     return firstNonZero({secondDerivative(*this, t), p3 - p0, p1 - p0});
 }
 

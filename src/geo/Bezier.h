@@ -2,10 +2,10 @@
 // It knows no angles, only vectors: which way is up is the business of those who turn them into directions.
 #pragma once
 
+#include <optional>
+
 #include "geo/Box.h"
 #include "geo/Point.h"
-
-#include <optional>
 
 namespace kzo::geo {
 

@@ -2,7 +2,6 @@
 // Gauss-Legendre panels integrate the speed. The speed is smooth except near the complex parameters at which the
 // derivative vanishes; they are known in closed form, so panels are made short near them, and nowhere else, in advance.
 #include "geo/Bezier.h"
-#include "geo/Vector.h"
 
 #include <algorithm>
 #include <array>
@@ -11,6 +10,8 @@
 #include <limits>
 #include <optional>
 #include <utility>
+
+#include "geo/Vector.h"
 
 namespace kzo::geo {
 

@@ -1,9 +1,9 @@
 // Places in boxes, and boxes against each other.
 #include "geo/Box.h"
 
-#include "geo/Vector.h"
-
 #include <algorithm>
+
+#include "geo/Vector.h"
 
 namespace kzo::geo {
 

@@ -1,9 +1,9 @@
 // A point of the plane as a plain value. Distances and directions belong to artboard points, which know where up is.
 #pragma once
 
-#include "geo/Polygon.h"
-
 #include <vector>
+
+#include "geo/Polygon.h"
 
 namespace kzo::geo {
 

@@ -1,10 +1,10 @@
 // Points taken as vectors: the few products that curve formulas are made of.
 #pragma once
 
-#include "geo/Point.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "geo/Point.h"
 
 namespace kzo::geo {
 

@@ -1,8 +1,4 @@
 // The cubic segment against curves with closed forms, and against an independent library.
-#include "core/Bezier.h"
-#include "core/ArtboardRect.h"
-#include "core/ArtboardSegPoint.h"
-
 #include <cmath>
 #include <memory>
 #include <random>
@@ -10,6 +6,10 @@
 
 #include <2geom/bezier-curve.h>
 #include <gtest/gtest.h>
+
+#include "core/ArtboardRect.h"
+#include "core/ArtboardSegPoint.h"
+#include "core/Bezier.h"
 
 namespace {
 
@@ -179,6 +179,8 @@ TEST(Bezier, TangentFollowsTheNearestPointThatDiffers) {
         EXPECT_EQ(row.curve.tangentAngle(0), deg(row.start)) << row.start;
         EXPECT_EQ(row.curve.tangentAngle(1), deg(row.end)) << row.end;
         EXPECT_EQ(row.curve.normalAngle(0), deg(row.start + 90));
+        EXPECT_TRUE(row.curve.tangentAngle(std::nextafter(0.0, 1.0)).equalWithinTol(deg(row.start), deg(1e-6)));
+        EXPECT_TRUE(row.curve.tangentAngle(std::nextafter(1.0, 0.0)).equalWithinTol(deg(row.end), deg(1e-6)));
     }
     // The cusp points left; travel leaves it to the right.
     EXPECT_EQ(kCusp.tangentAngle(0.5), deg(0));
