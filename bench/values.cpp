@@ -1,6 +1,4 @@
 // Geometry values: arc length against an independent library, its inverse against itself, and points on the move.
-#include "core/Bezier.h"
-
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -9,6 +7,8 @@
 
 #include <2geom/bezier-curve.h>
 #include <benchmark/benchmark.h>
+
+#include "core/Bezier.h"
 
 namespace {
 

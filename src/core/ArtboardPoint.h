@@ -2,10 +2,10 @@
 // The arithmetic is in the implementation object that every point carries; nothing here allocates but insidePolygon.
 #pragma once
 
+#include <vector>
+
 #include "core/Angle.h"
 #include "utils/ValueImpl.h"
-
-#include <vector>
 
 struct AIRealPoint;
 

@@ -1,9 +1,9 @@
 // The public plane point, for what is not on an artboard. Distances and directions belong to ArtboardPoint.
 #pragma once
 
-#include "utils/ValueImpl.h"
-
 #include <vector>
+
+#include "utils/ValueImpl.h"
 
 namespace kzo::geo {
 struct Point;

@@ -1,10 +1,10 @@
 // Snapping of directions.
 #include "maker/Constrain.h"
 
-#include "maker/Globals.h"
-
 #include <algorithm>
 #include <cmath>
+
+#include "maker/Globals.h"
 
 using kzo::core::Angle;
 

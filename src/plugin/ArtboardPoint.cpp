@@ -1,11 +1,11 @@
 // Distances, directions and moves of artboard points, and the host's record.
 #include "plugin/ArtboardPoint.h"
 
+#include <cmath>
+
 #include "geo/Polygon.h"
 #include "hostapi/SPTypes.h"
 #include "utils/Tolerance.h"
-
-#include <cmath>
 
 namespace kzo::plugin {
 

@@ -2,11 +2,11 @@
 // The host's y grows downward too, so nothing is flipped here; only angles are.
 #pragma once
 
+#include <vector>
+
 #include "geo/Angle.h"
 #include "geo/Point.h"
 #include "geo/TransformMatrix.h"
-
-#include <vector>
 
 struct AIRealPoint;
 

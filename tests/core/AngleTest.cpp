@@ -1,11 +1,11 @@
 // Angles: units, normalisation, comparison across the full turn, snapping trigonometry.
-#include "core/Angle.h"
-
 #include <cmath>
 #include <limits>
 #include <random>
 
 #include <gtest/gtest.h>
+
+#include "core/Angle.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // Artboard points, with the plane points and sizes beside them.
-#include "core/ArtboardPoint.h"
-#include "core/Point.h"
-#include "core/Size.h"
-#include "core/TransformMatrix.h"
-
 #include <type_traits>
 #include <vector>
 
 #include <gtest/gtest.h>
+
+#include "core/ArtboardPoint.h"
+#include "core/Point.h"
+#include "core/Size.h"
+#include "core/TransformMatrix.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // Rectangles of artboard and screen: the same rules on different members.
+#include <gtest/gtest.h>
+
 #include "core/ArtboardRect.h"
 #include "core/Rect.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 

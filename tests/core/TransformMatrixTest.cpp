@@ -1,11 +1,11 @@
 // Transforms: composition order, deliberate signs, inversion.
-#include "core/TransformMatrix.h"
-#include "core/Angle.h"
-#include "core/ArtboardPoint.h"
-
 #include <limits>
 
 #include <gtest/gtest.h>
+
+#include "core/Angle.h"
+#include "core/ArtboardPoint.h"
+#include "core/TransformMatrix.h"
 
 namespace {
 

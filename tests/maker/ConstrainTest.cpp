@@ -1,11 +1,11 @@
 // Snapping of directions to the drawing's axes, and its kin.
-#include "maker/Constrain.h"
-#include "maker/Globals.h"
-
 #include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
+
+#include "maker/Constrain.h"
+#include "maker/Globals.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 // Values against the host's records, field by field.
-#include "plugin/PathSegPoint.h"
+#include <gtest/gtest.h>
+
 #include "core/ArtboardPoint.h"
 #include "core/ArtboardSegPoint.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/SPTypes.h"
 #include "plugin/ArtboardPoint.h"
 #include "plugin/ArtboardRect.h"
-
-#include <gtest/gtest.h>
+#include "plugin/PathSegPoint.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // The scalar comparison under every geometric one.
-#include "utils/Tolerance.h"
-
 #include <cmath>
 #include <limits>
 
 #include <gtest/gtest.h>
+
+#include "utils/Tolerance.h"
 
 namespace {
 
