@@ -26,6 +26,25 @@ std::shared_ptr<const std::string> sharedText(std::string_view text) {
     return text.empty() ? nullptr : std::make_shared<const std::string>(text);
 }
 
+/// What cannot be seen does not count: colours that paint nothing, dashes of a solid line.
+Style visiblePart(Style style) {
+    if (!style.fill) style.fillColor = {};
+    if (!style.stroke) style.strokeColor = {};
+    if (style.dashCount == 0) style.dashOffset = 0;
+    std::fill(style.dashes.begin() + style.dashCount, style.dashes.end(), 0);
+    return style;
+}
+
+bool looksSame(const Node& a, const Node& b) {
+    if (a.type() != b.type() || a.childCount() != b.childCount() || a.name() != b.name() || a.locked() != b.locked() ||
+        a.hidden() != b.hidden()) {
+        return false;
+    }
+    if (a.type() != NodeType::Path) return true;
+    const bool bothEmpty = a.path().points.empty() && b.path().points.empty();
+    return (bothEmpty || a.path() == b.path()) && visiblePart(a.style()) == visiblePart(b.style());
+}
+
 int depthOf(const Node& node) {
     int depth = 0;
     for (const Node* at = node.parent(); at; at = at->parent()) ++depth;
@@ -154,13 +173,7 @@ bool Document::sameContent(const Document& a, const Document& b) {
     const Node* left = &rootA;
     const Node* right = &rootB;
     while (left && right) {
-        if (left->type_ != right->type_ || left->childCount() != right->childCount() || left->name() != right->name() ||
-            left->locked() != right->locked() || left->hidden() != right->hidden()) {
-            return false;
-        }
-        if (left->type_ == NodeType::Path && (left->path() != right->path() || left->style() != right->style())) {
-            return false;
-        }
+        if (!looksSame(*left, *right)) return false;
         left = nextWithin(rootA, *left);
         right = nextWithin(rootB, *right);
     }

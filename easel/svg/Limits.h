@@ -1,0 +1,15 @@
+// How much a drawing may ask for. The first two are those of the renderer, so that what can be read can be drawn.
+#pragma once
+
+#include <cstddef>
+
+namespace easel::svg {
+
+constexpr std::size_t kMostElements = 1'000'000;
+constexpr std::size_t kDeepestElement = 256;
+constexpr std::size_t kMostBytes = std::size_t{1} << 30;
+constexpr std::size_t kMostAnchors = 32'000; ///< of one path; plug-ins count them in 16 bits
+constexpr double kFarthestCoordinate = 1e9;  ///< points
+constexpr int kMostPixels = 16'384;          ///< of a picture, along each side
+
+} // namespace easel::svg

@@ -1,0 +1,31 @@
+// Outlines of elements: path data and the basic shapes, as anchors and handles in the element's own units.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <functional>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "model/Types.h"
+
+namespace easel::svg {
+
+/// The subpaths of path data. Where the data goes wrong, the segments before that are kept. Throws std::range_error for
+/// a number that is not finite.
+[[nodiscard]] std::vector<model::PathData> pathOutline(std::string_view data);
+
+/// Answers the value of an attribute, or none.
+using AttributeOf = std::function<std::optional<std::string_view>(std::string_view name)>;
+
+[[nodiscard]] bool isShape(std::string_view element); ///< a path among them
+/// Empty when the shape has no extent or lacks what it needs.
+[[nodiscard]] std::vector<model::PathData> shapeOutline(std::string_view element, const AttributeOf& attribute);
+
+void transformBy(model::PathData& path, const Geom::Affine& transform);
+
+/// Marks a point as smooth when both its handles are drawn out, in opposite directions.
+[[nodiscard]] bool looksSmooth(const model::PathPoint& point);
+
+} // namespace easel::svg

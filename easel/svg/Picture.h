@@ -1,0 +1,15 @@
+// Pictures of drawings.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "svg/FileError.h"
+
+namespace easel::svg {
+
+/// Renders a drawing on white, `scale` pixels a point, and replaces the PNG file at `path`. Throws FileError and leaves
+/// the file as it was.
+void exportPng(std::string_view svg, const std::string& path, double scale);
+
+} // namespace easel::svg

@@ -1,0 +1,248 @@
+// Small grammars, each read by hand from the left.
+#include "svg/Values.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+namespace easel::svg {
+
+namespace {
+
+bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+double radians(double degrees) { return degrees * (M_PI / 180); }
+
+std::optional<Geom::Affine> elementaryTransform(std::string_view name, const std::vector<double>& v) {
+    const std::size_t count = v.size();
+    if (name == "matrix" && count == 6) return Geom::Affine(v[0], v[1], v[2], v[3], v[4], v[5]);
+    if (name == "translate" && (count == 1 || count == 2)) return Geom::Affine(1, 0, 0, 1, v[0], count == 2 ? v[1] : 0);
+    if (name == "scale" && (count == 1 || count == 2)) return Geom::Affine(v[0], 0, 0, v[count - 1], 0, 0);
+    if (name == "skewX" && count == 1) return Geom::Affine(1, 0, std::tan(radians(v[0])), 1, 0, 0);
+    if (name == "skewY" && count == 1) return Geom::Affine(1, std::tan(radians(v[0])), 0, 1, 0, 0);
+    if (name == "rotate" && (count == 1 || count == 3)) {
+        const double sine = std::sin(radians(v[0]));
+        const double cosine = std::cos(radians(v[0]));
+        const double x = count == 3 ? v[1] : 0;
+        const double y = count == 3 ? v[2] : 0;
+        return Geom::Affine(cosine, sine, -sine, cosine, x - cosine * x + sine * y, y - sine * x - cosine * y);
+    }
+    return std::nullopt;
+}
+
+std::string lowered(std::string_view text) {
+    std::string lower(text);
+    for (char& c : lower) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return lower;
+}
+
+std::optional<model::Color> hexColor(std::string_view digits) {
+    unsigned value = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value, 16);
+    if (error != std::errc{} || end != digits.data() + digits.size()) return std::nullopt;
+    const auto channel = [](unsigned byte) { return byte / 255.0; };
+    if (digits.size() == 3) {
+        return model::Color{channel((value >> 8) * 17), channel((value >> 4 & 15) * 17), channel((value & 15) * 17)};
+    }
+    if (digits.size() != 6) return std::nullopt;
+    return model::Color{channel(value >> 16), channel(value >> 8 & 255), channel(value & 255)};
+}
+
+/// The inside of rgb(...): three numbers up to 255 or three percentages; what follows is opacity.
+std::optional<model::Color> rgbColor(std::string_view text) {
+    Scanner scanner(text);
+    std::array<double, 3> channels{};
+    for (double& channel : channels) {
+        scanner.skipSeparator();
+        const std::optional<double> value = scanner.number();
+        if (!value) return std::nullopt;
+        channel = std::clamp(*value / (scanner.take('%') ? 100 : 255), 0.0, 1.0);
+    }
+    return model::Color{channels[0], channels[1], channels[2]};
+}
+
+/// Sets what a paint says; `url(...)` is not understood and gives way to its fallback.
+void applyPaint(bool& painted, model::Color& into, std::string_view value) {
+    if (value.substr(0, 4) == "url(") {
+        const std::size_t end = value.find(')');
+        value = end == std::string_view::npos ? "" : trimmed(value.substr(end + 1));
+        if (value.empty()) value = "none";
+    }
+    if (value == "none" || value == "transparent") {
+        painted = false;
+    } else if (const std::optional<model::Color> named = color(value)) {
+        painted = true;
+        into = *named;
+    }
+}
+
+template <class Enum, std::size_t size>
+void applyChoice(Enum& into, const std::array<std::pair<std::string_view, Enum>, size>& choices,
+                 std::string_view value) {
+    for (const auto& [name, choice] : choices) {
+        if (name == value) into = choice;
+    }
+}
+
+constexpr std::array<std::pair<std::string_view, model::Cap>, 3> kCaps{
+    {{"butt", model::Cap::Butt}, {"round", model::Cap::Round}, {"square", model::Cap::Projecting}}};
+constexpr std::array<std::pair<std::string_view, model::Join>, 5> kJoins{{{"miter", model::Join::Miter},
+                                                                          {"miter-clip", model::Join::Miter},
+                                                                          {"arcs", model::Join::Miter},
+                                                                          {"round", model::Join::Round},
+                                                                          {"bevel", model::Join::Bevel}}};
+
+void applyDashes(model::Style& style, std::string_view value) {
+    std::vector<double> dashes;
+    if (value != "none") {
+        Scanner scanner(value);
+        for (scanner.skipSpace(); !scanner.atEnd(); scanner.skipSeparator()) {
+            const std::optional<double> dash = scanner.number();
+            scanner.word(); // px, or no unit
+            if (!dash || *dash < 0) return;
+            dashes.push_back(*dash);
+        }
+    }
+    if (dashes.size() % 2 != 0) dashes.insert(dashes.end(), dashes.begin(), dashes.end());
+    if (std::all_of(dashes.begin(), dashes.end(), [](double dash) { return dash == 0; })) dashes.clear();
+    dashes.resize(std::min(dashes.size(), style.dashes.size()));
+    style.dashCount = static_cast<std::uint8_t>(dashes.size());
+    style.dashes = {};
+    std::copy(dashes.begin(), dashes.end(), style.dashes.begin());
+}
+
+} // namespace
+
+// Scanner
+
+void Scanner::skipSpace() {
+    while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);
+}
+
+void Scanner::skipSeparator() {
+    skipSpace();
+    if (take(',')) skipSpace();
+}
+
+bool Scanner::take(char c) {
+    if (rest_.empty() || rest_.front() != c) return false;
+    rest_.remove_prefix(1);
+    return true;
+}
+
+std::string_view Scanner::word() {
+    const std::string_view whole = rest_;
+    while (!rest_.empty() && isLetter(rest_.front())) rest_.remove_prefix(1);
+    return whole.substr(0, whole.size() - rest_.size());
+}
+
+std::optional<double> Scanner::number() {
+    std::string_view text = rest_;
+    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
+    const std::string_view digits =
+        !text.empty() && text.front() == '-' && text.size() == rest_.size() ? text.substr(1) : text;
+    if (digits.empty() || (!isDigit(digits.front()) && digits.front() != '.'))
+        return std::nullopt; // from_chars knows "inf"
+    double value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error == std::errc::result_out_of_range) {
+        value = std::strtod(std::string(text.data(), end).c_str(), nullptr); // too small is fine
+        if (!std::isfinite(value)) throw std::range_error("a number is out of range");
+    } else if (error != std::errc{}) {
+        return std::nullopt;
+    }
+    rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
+    return value;
+}
+
+// Values
+
+std::string_view trimmed(std::string_view text) {
+    while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isSpace(text.back())) text.remove_suffix(1);
+    return text;
+}
+
+std::vector<double> numbers(std::string_view text) {
+    std::vector<double> values;
+    Scanner scanner(text);
+    scanner.skipSpace();
+    while (const std::optional<double> value = scanner.number()) {
+        values.push_back(*value);
+        scanner.skipSeparator();
+    }
+    return values;
+}
+
+std::optional<double> length(std::string_view text) {
+    static constexpr std::array<std::pair<std::string_view, double>, 7> units{
+        {{"", 1}, {"px", 1}, {"pt", 96.0 / 72}, {"pc", 16}, {"mm", 96 / 25.4}, {"cm", 96 / 2.54}, {"in", 96}}};
+    Scanner scanner(trimmed(text));
+    const std::optional<double> value = scanner.number();
+    if (!value) return std::nullopt;
+    const std::string_view unit = scanner.word();
+    if (!scanner.atEnd()) return std::nullopt;
+    for (const auto& [name, size] : units) {
+        if (name == unit) return *value * size;
+    }
+    return std::nullopt;
+}
+
+std::optional<Geom::Affine> transform(std::string_view text) {
+    Geom::Affine whole;
+    Scanner scanner(text);
+    for (scanner.skipSpace(); !scanner.atEnd(); scanner.skipSeparator()) {
+        const std::string_view name = scanner.word();
+        scanner.skipSpace();
+        if (!scanner.take('(')) return std::nullopt;
+        std::vector<double> values;
+        for (scanner.skipSpace(); !scanner.take(')'); scanner.skipSeparator()) {
+            const std::optional<double> value = scanner.number();
+            if (!value) return std::nullopt;
+            values.push_back(*value);
+        }
+        const std::optional<Geom::Affine> part = elementaryTransform(name, values);
+        if (!part) return std::nullopt;
+        whole = *part * whole; // the last one named meets a point first
+    }
+    return whole;
+}
+
+std::optional<model::Color> color(std::string_view text) {
+    if (!text.empty() && text.front() == '#') return hexColor(text.substr(1));
+    const std::size_t open = text.find('(');
+    if (open == std::string_view::npos) return colorByName(lowered(text));
+    const std::string_view function = text.substr(0, open);
+    return function == "rgb" || function == "rgba" ? rgbColor(text.substr(open + 1)) : std::nullopt;
+}
+
+void applyProperty(model::Style& style, std::string_view name, std::string_view value) {
+    if (name == "fill") {
+        applyPaint(style.fill, style.fillColor, value);
+    } else if (name == "stroke") {
+        applyPaint(style.stroke, style.strokeColor, value);
+    } else if (name == "stroke-linecap") {
+        applyChoice(style.cap, kCaps, value);
+    } else if (name == "stroke-linejoin") {
+        applyChoice(style.join, kJoins, value);
+    } else if (name == "stroke-dasharray" && value != "inherit") {
+        applyDashes(style, value);
+    } else if (name == "stroke-width" || name == "stroke-miterlimit" || name == "stroke-dashoffset") {
+        const std::optional<double> number = length(value);
+        if (!number) return;
+        if (name == "stroke-width" && *number >= 0) style.strokeWidth = *number;
+        if (name == "stroke-miterlimit" && *number >= 1) style.miterLimit = *number;
+        if (name == "stroke-dashoffset") style.dashOffset = *number;
+    }
+}
+
+} // namespace easel::svg

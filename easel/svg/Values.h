@@ -1,0 +1,60 @@
+// Values of attributes: numbers, lengths, transforms, colours, style properties. A value that does not follow the
+// grammar counts as absent, as it does for renderers; a number too large to be one is an error.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "model/Types.h"
+
+namespace easel::svg {
+
+/// Walks through a value. Throws std::range_error for a number that is not finite.
+class Scanner {
+  public:
+    explicit Scanner(std::string_view text) : rest_(text) {}
+
+    [[nodiscard]] bool atEnd() const { return rest_.empty(); }
+    [[nodiscard]] char peek() const { return rest_.empty() ? '\0' : rest_.front(); }
+    [[nodiscard]] std::size_t left() const { return rest_.size(); }
+
+    void skipSpace();
+    void skipSeparator(); ///< space with at most one comma in it
+    bool take(char c);
+    std::string_view word(); ///< letters
+    std::optional<double> number();
+
+  private:
+    std::string_view rest_;
+};
+
+[[nodiscard]] std::string_view trimmed(std::string_view text);
+/// Numbers up to the first thing that is none.
+[[nodiscard]] std::vector<double> numbers(std::string_view text);
+/// A length in user units (1/96 inch where it has a unit). None for a percentage.
+[[nodiscard]] std::optional<double> length(std::string_view text);
+/// None when any part of it is malformed.
+[[nodiscard]] std::optional<Geom::Affine> transform(std::string_view text);
+[[nodiscard]] std::optional<model::Color> color(std::string_view text);
+[[nodiscard]] std::optional<model::Color> colorByName(std::string_view name);
+
+/// Applies one property of paint, given as presentation attribute or in a style; lengths stay in user units.
+void applyProperty(model::Style& style, std::string_view name, std::string_view value);
+
+/// Calls `use(name, value)` for each declaration of a style attribute.
+template <class Use> void forEachDeclaration(std::string_view text, Use use) {
+    while (!text.empty()) {
+        const std::string_view declaration = text.substr(0, text.find(';'));
+        text.remove_prefix(declaration.size() == text.size() ? text.size() : declaration.size() + 1);
+        const std::size_t colon = declaration.find(':');
+        if (colon == std::string_view::npos) continue;
+        std::string_view value = declaration.substr(colon + 1);
+        value = value.substr(0, value.find("!important"));
+        use(trimmed(declaration.substr(0, colon)), trimmed(value));
+    }
+}
+
+} // namespace easel::svg

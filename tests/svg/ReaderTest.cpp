@@ -1,0 +1,330 @@
+// What is read from SVG, and what is refused.
+#include "svg/Reader.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+
+#include "svg/Limits.h"
+
+namespace easel::svg {
+namespace {
+
+using model::Cap;
+using model::Color;
+using model::Document;
+using model::Join;
+using model::Node;
+using model::NodeType;
+using model::PathData;
+using model::PathPoint;
+using model::Point;
+using model::Style;
+
+constexpr const char* kOpen = R"(<svg xmlns="http://www.w3.org/2000/svg" width="200" height="100"
+ xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape"
+ xmlns:sodipodi="http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd">)";
+
+std::unique_ptr<Document> readInside(const std::string& content) { return read(kOpen + content + "</svg>", "t.svg"); }
+
+std::string errorOf(const std::string& bytes) {
+    try {
+        static_cast<void>(read(bytes, "t.svg"));
+    } catch (const FileError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
+
+/// Anchors and handles of the topmost path, as far as they can be told from each other.
+void expectNear(const PathData& path, const std::vector<PathPoint>& points, bool closed) {
+    EXPECT_EQ(path.closed, closed);
+    ASSERT_EQ(path.points.size(), points.size());
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
+            EXPECT_NEAR((path.points[i].*part).x, (points[i].*part).x, 1e-9) << i;
+            EXPECT_NEAR((path.points[i].*part).y, (points[i].*part).y, 1e-9) << i;
+        }
+    }
+}
+
+// Tree
+
+TEST(Reader, LayersGroupsAndStrayArtFindTheirPlace) {
+    const auto document = readInside(R"(
+        <g inkscape:groupmode="layer" inkscape:label="Back" sodipodi:insensitive="true">
+          <g id="pair" style="display:none"><path id="a" d="M0 0 L1 1"/><path id="b" d="M0 0 L1 1"/></g>
+        </g>
+        <path id="stray" d="M0 0 L1 1"/>
+        <text>nothing <tspan>for</tspan> us</text><defs><path id="no" d="M0 0"/></defs>
+        <g inkscape:groupmode="layer" inkscape:label="Front" display="none"/>
+        <path id="stray too" d="M0 0 L1 1"/>)");
+    ASSERT_EQ(document->layerCount(), 3U);
+    Node& front = *document->layerAt(0);
+    Node& stray = *document->layerAt(1);
+    Node& back = *document->layerAt(2);
+    EXPECT_EQ(front.name(), "Front");
+    EXPECT_TRUE(front.hidden() && !front.locked());
+    EXPECT_EQ(stray.name(), "Layer 1");
+    EXPECT_EQ(back.name(), "Back");
+    EXPECT_TRUE(back.locked() && !back.hidden());
+    EXPECT_EQ(stray.childCount(), 2U);
+    EXPECT_EQ(stray.firstChild()->name(), "stray too"); // drawn later, so it lies above
+    Node* const pair = back.firstChild();
+    EXPECT_EQ(pair->type(), NodeType::Group);
+    EXPECT_TRUE(pair->hidden());
+    EXPECT_EQ(pair->firstChild()->name(), "b");
+    EXPECT_EQ(document->findByName("no"), nullptr);
+    EXPECT_EQ(document->journal().undoDepth(), 0U);
+    EXPECT_FALSE(document->journal().running());
+}
+
+TEST(Reader, EmptyDrawingHasALayer) {
+    const auto document = read("<svg/>", "t.svg");
+    EXPECT_EQ(document->layerCount(), 1U);
+    EXPECT_EQ(document->currentLayer().name(), "Layer 1");
+}
+
+TEST(Reader, PageIsTheViewBoxOrElseTheSize) {
+    const struct {
+        const char* attributes;
+        double width, height;
+        Point origin; // where the drawing's (10, 10) comes to lie
+    } rows[] = {
+        {R"(width="10cm" height="5in" viewBox="0 0 200 100")", 200, 100, {10, 10}},
+        {R"(viewBox="-5,5 40 30")", 40, 30, {15, 5}},
+        {R"(width="2in" height="72pt")", 192, 96, {10, 10}},
+        {R"(width="25.4mm" height="6pc")", 96, 96, {10, 10}},
+        {R"(width="120px" height="100%")", 120, 150, {10, 10}},
+    };
+    for (const auto& row : rows) {
+        const auto document = read(std::string("<svg ") + row.attributes + "><path d='M10 10'/></svg>", "t.svg");
+        EXPECT_DOUBLE_EQ(document->width(), row.width) << row.attributes;
+        EXPECT_DOUBLE_EQ(document->height(), row.height) << row.attributes;
+        EXPECT_EQ(document->currentLayer().firstChild()->path().points[0].anchor, row.origin) << row.attributes;
+    }
+}
+
+// Outlines
+
+TEST(Reader, OutlinesOfPathsAndShapes) {
+    const double k = 4.0 / 3 * (std::sqrt(2.0) - 1); // the customary handle of a quarter circle
+    const struct {
+        const char* element;
+        std::vector<PathPoint> points;
+        bool closed;
+    } rows[] = {
+        {R"(<path d="M1 2 L3 4 h5 v-1"/>)", {corner(1, 2), corner(3, 4), corner(8, 4), corner(8, 3)}, false},
+        {R"(<path d="m1 2 c1 0 2 1 2 2 s1 2 2 2"/>)",
+         {{{1, 2}, {1, 2}, {2, 2}, true}, {{3, 4}, {3, 3}, {3, 5}, false}, {{5, 6}, {4, 6}, {5, 6}, true}},
+         false},
+        {R"(<path d="M0 0 Q3 3 6 0"/>)", {{{0, 0}, {0, 0}, {2, 2}, true}, {{6, 0}, {4, 2}, {6, 0}, true}}, false},
+        {R"(<path d="M1 0 A1 1 0 0 1 0 1"/>)", {{{1, 0}, {1, 0}, {1, k}, true}, {{0, 1}, {k, 1}, {0, 1}, true}}, false},
+        {R"(<path d="M0 0 L5 0 L5 5 L0 0 Z"/>)", {corner(0, 0), corner(5, 0), corner(5, 5)}, true},
+        {R"(<path d="M0 0 L5 0 5"/>)", {corner(0, 0), corner(5, 0)}, false},
+        {R"(<path d="M0 0 L5 0 1 1 C 1 2 3 4 Z nonsense"/>)", {corner(0, 0), corner(5, 0), corner(1, 1)}, false},
+        {R"(<path d="nonsense"/>)", {}, false},
+        {R"(<line x1="1" y1="2" x2="3"/>)", {corner(1, 2), corner(3, 0)}, false},
+        {R"(<polyline points="0,0 1,2, 3"/>)", {corner(0, 0), corner(1, 2)}, false},
+        {R"(<polygon points="0,0 1,2 3,4"/>)", {corner(0, 0), corner(1, 2), corner(3, 4)}, true},
+        {R"(<rect x="1" y="2" width="3" height="4"/>)", {corner(1, 2), corner(4, 2), corner(4, 6), corner(1, 6)}, true},
+        {R"(<circle cx="5" cy="5" r="1"/>)",
+         {{{6, 5}, {6, 5 - k}, {6, 5 + k}, false},
+          {{5, 6}, {5 + k, 6}, {5 - k, 6}, false},
+          {{4, 5}, {4, 5 + k}, {4, 5 - k}, false},
+          {{5, 4}, {5 - k, 4}, {5 + k, 4}, false}},
+         true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.element);
+        const auto document = readInside(row.element);
+        ASSERT_EQ(document->currentLayer().childCount(), 1U);
+        const PathData& path = document->currentLayer().firstChild()->path();
+        expectNear(path, row.points, row.closed);
+        for (std::size_t i = 0; i < row.points.size(); ++i) EXPECT_EQ(path.points[i].corner, row.points[i].corner) << i;
+    }
+}
+
+TEST(Reader, RoundedRectangleTouchesItsSidesAtTheRadii) {
+    const auto document = readInside(R"(<rect x="0" y="0" width="40" height="20" rx="4" ry="100"/>)");
+    const PathData& path = document->currentLayer().firstChild()->path();
+    ASSERT_EQ(path.points.size(), 8U);
+    model::Box anchors;
+    for (const PathPoint& point : path.points) anchors.include(point.anchor);
+    EXPECT_EQ(anchors, (model::Box{0, 0, 40, 20}));
+    EXPECT_EQ(path.hull(), anchors);
+    EXPECT_EQ(path.points[0].anchor, (Point{36, 0}));
+    EXPECT_EQ(path.points[1].anchor, (Point{40, 10}));
+}
+
+TEST(Reader, ShapesWithoutExtentAreNone) {
+    const auto document = readInside(R"(<rect width="0" height="5"/><circle r="-1"/><ellipse rx="2" ry="0"/>
+        <polyline points=""/><g transform='scale(0)'><line x2="5"/></g>)");
+    EXPECT_EQ(document->currentLayer().childCount(), 1U); // the group alone
+    EXPECT_EQ(document->currentLayer().firstChild()->childCount(), 0U);
+}
+
+TEST(Reader, SubpathsBecomePathsInAGroup) {
+    const auto document = readInside(R"(<path id="two" d="M0 0 L1 0 Z M5 5 L6 6 z l1 0" fill="red"/>)");
+    Node& group = *document->currentLayer().firstChild();
+    EXPECT_EQ(group.type(), NodeType::Group);
+    EXPECT_EQ(group.name(), "two");
+    ASSERT_EQ(group.childCount(), 3U);
+    expectNear(group.firstChild()->path(), {corner(5, 5), corner(6, 5)}, false); // goes on where the last one closed
+    expectNear(group.lastChild()->path(), {corner(0, 0), corner(1, 0)}, true);
+    EXPECT_EQ(group.firstChild()->style().fillColor, (Color{1, 0, 0}));
+}
+
+TEST(Reader, TransformsNestAndScaleStrokes) {
+    const struct {
+        const char* transform;
+        Point point; // of (1, 2)
+        double strokeWidth;
+    } rows[] = {
+        {"translate(10)", {11, 2}, 1}, {"translate(10, 20) scale(2)", {12, 24}, 2},
+        {"scale(2 8)", {2, 16}, 4},    {"rotate(90)", {-2, 1}, 1},
+        {"rotate(90 1 1)", {0, 1}, 1}, {"matrix(0 3 -3 0 1 1)", {-5, 4}, 3},
+        {"skewX(45)", {3, 2}, 1},      {"skewY(45),translate(1 0)", {2, 4}, 1},
+        {"rotate(90", {1, 2}, 1},      {"turn(90)", {1, 2}, 1},
+    };
+    for (const auto& row : rows) {
+        const auto document = readInside("<g transform='translate(100 0)'><g transform='" + std::string(row.transform) +
+                                         "'><path d='M1 2'/></g></g>");
+        const Node& path = *document->currentLayer().firstChild()->firstChild()->firstChild();
+        EXPECT_NEAR(path.path().points[0].anchor.x, row.point.x + 100, 1e-12) << row.transform;
+        EXPECT_NEAR(path.path().points[0].anchor.y, row.point.y, 1e-12) << row.transform;
+        EXPECT_NEAR(path.style().strokeWidth, row.strokeWidth, 1e-12) << row.transform;
+    }
+}
+
+// Styles
+
+TEST(Reader, StylesAreInheritedAndOverridden) {
+    const auto styleOf = [](const std::string& attributes, const std::string& around = "") {
+        const auto document = readInside("<g " + around + "><path d='M0 0' " + attributes + "/></g>");
+        return document->currentLayer().firstChild()->firstChild()->style();
+    };
+    const Style plain = styleOf("");
+    EXPECT_TRUE(plain.fill && !plain.stroke);
+    EXPECT_EQ(plain.fillColor, Color{});
+    EXPECT_EQ(plain.miterLimit, 4);
+
+    const Style full = styleOf("style='stroke-linecap:square; stroke-linejoin: round;stroke-miterlimit:7;"
+                               "stroke-dasharray:1,2 3;stroke-dashoffset:.5; fill:none !important' stroke-width='3px'",
+                               "stroke='#0f0' fill='blue' stroke-width='9'");
+    EXPECT_FALSE(full.fill);
+    EXPECT_EQ(full.strokeColor, (Color{0, 1, 0}));
+    EXPECT_EQ(full.strokeWidth, 3);
+    EXPECT_EQ(full.cap, Cap::Projecting);
+    EXPECT_EQ(full.join, Join::Round);
+    EXPECT_EQ(full.miterLimit, 7);
+    EXPECT_EQ(full.dashCount, 6);
+    EXPECT_EQ(full.dashes, (std::array<double, 6>{1, 2, 3, 1, 2, 3}));
+    EXPECT_EQ(full.dashOffset, 0.5);
+
+    const struct {
+        const char* value;
+        Color color;
+    } colors[] = {
+        {"#336699", {0.2, 0.4, 0.6}},
+        {"#369", {0.2, 0.4, 0.6}},
+        {"rgb(51, 102, 153)", {0.2, 0.4, 0.6}},
+        {"rgb(20% 40% 60%)", {0.2, 0.4, 0.6}},
+        {"Aqua", {0, 1, 1}},
+        {"yellowgreen", {154 / 255., 205 / 255., 50 / 255.}},
+        {"rgb(300,-5,0)", {1, 0, 0}},
+        {"#12", {1, 0, 1}},
+        {"no colour", {1, 0, 1}},
+        {"url(#a) #00f", {0, 0, 1}},
+    };
+    for (const auto& row : colors) {
+        const Style style = styleOf(std::string("fill='") + row.value + "'", "fill='magenta'");
+        EXPECT_TRUE(style.fill) << row.value;
+        EXPECT_EQ(style.fillColor, row.color) << row.value;
+    }
+    EXPECT_FALSE(styleOf("fill='url(#gradient)'").fill);
+}
+
+// Errors
+
+TEST(Reader, ErrorsNameThePlaceAndTheReason) {
+    const std::string start = "<svg>\n";
+    const struct {
+        std::string bytes;
+        const char* text;
+    } rows[] = {
+        {"", "t.svg:1:1: no element found"},
+        {"no drawing", "t.svg:1:1: syntax error"},
+        {"<html/>", "t.svg:1:1: not an SVG drawing"},
+        {"<svg xmlns='urn:other'/>", "t.svg:1:1: not an SVG drawing"},
+        {start + "  <g>\n", "t.svg:3:1: no element found"},
+        {start + "  <g></svg>", "t.svg:2:8: mismatched tag"},
+        {start + " <path d='M0 0 L1e999 0'/></svg>", "t.svg:2:2: a number is out of range"},
+        {start + " <path d='M0 0 L1e300 0'/></svg>", "t.svg:2:2: a coordinate lies beyond 1e9 points"},
+        {start + " <rect width='1e999' height='1'/></svg>", "t.svg:2:2: a number is out of range"},
+        {"<svg width='0' height='10'/>", "t.svg:1:1: the drawing's width is no usable size"},
+        {"<svg viewBox='0 0 10 -1'/>", "t.svg:1:1: the drawing's height is no usable size"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(errorOf(row.bytes), row.text) << row.bytes;
+}
+
+TEST(Reader, LimitsAreErrors) {
+    const auto nested = [](std::size_t depth) {
+        std::string bytes = "<svg>";
+        for (std::size_t i = 1; i < depth; ++i) bytes += "<g>";
+        for (std::size_t i = 1; i < depth; ++i) bytes += "</g>";
+        return bytes + "</svg>";
+    };
+    EXPECT_EQ(errorOf(nested(kDeepestElement)), "");
+    EXPECT_EQ(errorOf(nested(kDeepestElement + 1)), "t.svg:1:771: elements nest deeper than 256"); // 6 + 255 * 3
+
+    std::string many = "<svg>";
+    for (std::size_t i = 1; i < kMostElements; ++i) many += "<a/>";
+    EXPECT_EQ(errorOf(many + "</svg>"), "");
+    EXPECT_EQ(errorOf(many + "<a/></svg>"), "t.svg:1:4000002: more than 1000000 elements");
+
+    // A hundred million characters from a few: the parser's own guard steps in.
+    std::string bomb = "<!DOCTYPE svg [<!ENTITY a0 '0123456789'>";
+    for (int i = 1; i < 8; ++i) {
+        bomb += "<!ENTITY a" + std::to_string(i) + " '";
+        for (int j = 0; j < 10; ++j) bomb += "&a" + std::to_string(i - 1) + ";";
+        bomb += "'>";
+    }
+    EXPECT_NE(errorOf(bomb + "]><svg>&a7;</svg>").find("amplification"), std::string::npos);
+}
+
+TEST(Reader, PathOfTooManyAnchorsIsPassedOver) {
+    std::string data = "M0 0";
+    for (std::size_t i = 1; i < kMostAnchors; ++i) data += " 1 1";
+    EXPECT_EQ(readInside("<path d='" + data + "'/>")->currentLayer().childCount(), 1U);
+    EXPECT_EQ(readInside("<path d='" + data + " 2 2'/>")->currentLayer().childCount(), 0U);
+}
+
+TEST(Reader, ExternalEntitiesStayClosed) {
+    const std::string secret = testing::TempDir() + "secret.txt";
+    std::ofstream(secret) << "<path xmlns='http://www.w3.org/2000/svg' d='M0 0'/>";
+    const auto document = read("<!DOCTYPE svg [<!ENTITY e SYSTEM 'file://" + secret + "'>]><svg>&e;</svg>", "t.svg");
+    EXPECT_EQ(document->currentLayer().childCount(), 0U);
+}
+
+TEST(Reader, UnreadableFilesAreNamed) {
+    const auto errorOfFile = [](const std::string& path) -> std::string {
+        try {
+            static_cast<void>(open(path));
+        } catch (const FileError& error) {
+            return error.what();
+        }
+        return "";
+    };
+    const std::string folder = testing::TempDir();
+    EXPECT_EQ(errorOfFile(folder + "missing.svg"), folder + "missing.svg: No such file or directory");
+    EXPECT_EQ(errorOfFile(folder), folder + ": Is a directory");
+    EXPECT_EQ(errorOfFile("/dev/null"), "/dev/null: Not a regular file");
+}
+
+} // namespace
+} // namespace easel::svg

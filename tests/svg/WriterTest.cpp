@@ -1,0 +1,203 @@
+// What is written: readable text that reads back as the same document; files that are whole or untouched; pictures.
+#include "svg/Writer.h"
+
+#include <cairo.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "svg/Limits.h"
+#include "svg/Picture.h"
+#include "svg/Reader.h"
+#include "tests/model/Drawing.h"
+
+namespace easel::svg {
+namespace {
+
+using model::addLine;
+using model::addPath;
+using model::corner;
+using model::Document;
+using model::Node;
+using model::NodeType;
+using model::Placement;
+using model::Style;
+
+/// A folder of its own, gone with the test.
+class Files : public testing::Test {
+  protected:
+    Files() { std::filesystem::create_directories(folder_); }
+    ~Files() override { std::filesystem::remove_all(folder_); }
+
+    [[nodiscard]] std::string path(const std::string& name) const { return folder_ + "/" + name; }
+    static std::string contents(const std::string& path) {
+        std::ostringstream bytes;
+        bytes << std::ifstream(path, std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+    [[nodiscard]] std::size_t fileCount() const {
+        const std::filesystem::directory_iterator files(folder_);
+        return static_cast<std::size_t>(std::distance(begin(files), end(files)));
+    }
+    static std::string errorOf(const std::function<void()>& work) {
+        try {
+            work();
+        } catch (const FileError& error) {
+            return error.what();
+        }
+        return "";
+    }
+
+    std::string folder_ = testing::TempDir() + "easel-files-" + std::to_string(::getpid());
+};
+
+// Text
+
+TEST(Writer, WritesPlainSvg) {
+    Document document(200, 100.5);
+    Node& layer = document.currentLayer();
+    document.setName(layer, "A & \"B\"");
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    document.setLocked(group, true);
+    Node& path = addPath(document, group, {corner(0, 0), {{10.1, 0}, {5, 5}, {10.1, 0}, true}}, true);
+    document.setName(path, "edge");
+    Style style;
+    style.fill = true;
+    style.fillColor = {1, 0.2, 0};
+    style.dashCount = 2;
+    style.dashes = {4, 1.5};
+    document.setStyle(path, style);
+    Node& line = addLine(document, layer, {1e-7, 2}, {3, 1e6});
+    document.setHidden(line, true);
+    EXPECT_EQ(write(document), R"(<?xml version="1.0" encoding="UTF-8"?>
+<svg xmlns="http://www.w3.org/2000/svg" xmlns:inkscape="http://www.inkscape.org/namespaces/inkscape" xmlns:sodipodi="http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd" xmlns:easel="urn:easel:drawing" width="200pt" height="100.5pt" viewBox="0 0 200 100.5">
+  <g inkscape:groupmode="layer" inkscape:label="A &amp; &quot;B&quot;">
+    <g sodipodi:insensitive="true">
+      <path id="edge" d="M0 0 C0 0 5 5 10.1 0 Z" fill="#ff3300" stroke="#000000" stroke-miterlimit="10" stroke-dasharray="4 1.5"/>
+    </g>
+    <path style="display:none" d="M1e-07 2 L3 1e+06" fill="none" stroke="#000000" stroke-miterlimit="10"/>
+  </g>
+</svg>
+)");
+}
+
+TEST(Writer, WhatIsReadIsWhatWasWritten) {
+    for (std::uint32_t seed = 1; seed <= 30; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        model::RandomEditor random(seed);
+        Document document(200, 100);
+        for (int i = 0; i < 150; ++i) random.edit(document);
+        const std::string text = write(document);
+        const auto again = read(text, "t.svg");
+        ASSERT_TRUE(Document::sameContent(document, *again)) << text;
+        ASSERT_EQ(write(*again), text);
+    }
+}
+
+TEST(Writer, OddCasesReadBackToo) {
+    Document document(200, 100);
+    Node& layer = document.currentLayer();
+    addPath(document, layer, {corner(1, 1)}, true);
+    addPath(document, layer, {{{1, 1}, {0, 0}, {2, 3}, true}}, true);
+    addPath(document, layer, {corner(1, 1), corner(5, 5), corner(1, 1)}, true);
+    addPath(document, layer, {corner(1, 1), corner(1, 1)});
+    addPath(document, layer, {corner(1, 1), corner(1, 1)}, true);
+    addPath(document, layer, {{{1, 1}, {0, 1}, {2, 1}, false}, {{9, 1}, {8, 1}, {10, 1}, true}});
+    document.setName(addLine(document, layer, {0.1 + 0.2, 1 / 3.0}, {-0.0, 1e-300}), "two\nlines <&> \t end");
+    document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");
+    document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");
+    document.create(NodeType::Group, Placement::OnTopInside, layer);
+    document.addLayer("");
+    Style style;
+    style.stroke = false;
+    style.strokeWidth = 0;
+    style.cap = model::Cap::Projecting;
+    style.join = model::Join::Bevel;
+    style.dashCount = 6;
+    style.dashOffset = -2.5;
+    style.dashes = {1, 2, 3, 4, 5, 6};
+    document.setStyle(*layer.firstChild()->next(), style);
+    const std::string text = write(document);
+    EXPECT_TRUE(Document::sameContent(document, *read(text, "t.svg"))) << text;
+}
+
+// Files
+
+TEST_F(Files, SavingReplacesTheWholeFileAndNothingElse) {
+    Document document(20, 10);
+    std::ofstream(path("drawing.svg")) << std::string(100000, 'x');
+    ::chmod(path("drawing.svg").c_str(), 0640);
+    std::filesystem::create_symlink("drawing.svg", path("link.svg"));
+    save(document, path("link.svg"));
+    EXPECT_EQ(contents(path("drawing.svg")), write(document));
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.svg")));
+    EXPECT_EQ(static_cast<int>(std::filesystem::status(path("drawing.svg")).permissions()), 0640);
+    EXPECT_EQ(fileCount(), 2U);
+}
+
+TEST_F(Files, RefusedSavingLeavesTheFileAsItWas) {
+    Document document(20, 10);
+    save(document, path("drawing.svg"));
+    const std::string nowhere = path("missing/drawing.svg");
+    EXPECT_EQ(errorOf([&] { save(document, nowhere); }), nowhere + ": No such file or directory");
+    EXPECT_EQ(errorOf([&] { save(document, folder_); }), folder_ + ": Is a directory");
+
+    Node* innermost = &document.currentLayer();
+    for (std::size_t depth = 2; depth < kDeepestElement; ++depth) {
+        innermost = &document.create(NodeType::Group, Placement::OnTopInside, *innermost);
+    }
+    save(document, path("drawing.svg"));
+    const std::string before = contents(path("drawing.svg"));
+    EXPECT_TRUE(Document::sameContent(document, *open(path("drawing.svg"))));
+    document.create(NodeType::Group, Placement::OnTopInside, *innermost);
+    EXPECT_EQ(errorOf([&] { save(document, path("drawing.svg")); }),
+              path("drawing.svg") + ": groups nest too deeply to be saved");
+    EXPECT_EQ(contents(path("drawing.svg")), before);
+    EXPECT_EQ(fileCount(), 1U);
+}
+
+// Pictures
+
+TEST_F(Files, PictureShowsTheDrawingOnWhite) {
+    Document document(20, 10);
+    Node& square =
+        addPath(document, document.currentLayer(), {corner(5, 0), corner(15, 0), corner(15, 5), corner(5, 5)}, true);
+    Style style;
+    style.fill = true;
+    style.stroke = false;
+    style.fillColor = {1, 0, 0};
+    document.setStyle(square, style);
+    exportPng(write(document), path("picture.png"), 2);
+    cairo_surface_t* const surface = cairo_image_surface_create_from_png(path("picture.png").c_str());
+    ASSERT_EQ(cairo_surface_status(surface), CAIRO_STATUS_SUCCESS);
+    EXPECT_EQ(cairo_image_surface_get_width(surface), 40);
+    EXPECT_EQ(cairo_image_surface_get_height(surface), 20);
+    const auto pixel = [&](int x, int y) {
+        const unsigned char* const row =
+            cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+        return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+    };
+    EXPECT_EQ(pixel(20, 5), 0xFF0000U);
+    EXPECT_EQ(pixel(20, 15), 0xFFFFFFU);
+    EXPECT_EQ(pixel(5, 5), 0xFFFFFFU);
+    cairo_surface_destroy(surface);
+}
+
+TEST_F(Files, PictureThatCannotBeMadeIsAnError) {
+    Document document(20, 10);
+    const std::string picture = path("picture.png");
+    for (const double scale : {0.0, -1.0, 1e9}) {
+        EXPECT_EQ(errorOf([&] { exportPng(write(document), picture, scale); }),
+                  picture + ": a picture has 1 to 16384 pixels along each side");
+    }
+    EXPECT_NE(errorOf([&] { exportPng("<svg", picture, 1); }), "");
+    EXPECT_EQ(errorOf([&] { exportPng(write(document), path("missing/p.png"), 1); }),
+              path("missing/p.png") + ": No such file or directory");
+    EXPECT_EQ(fileCount(), 0U);
+}
+
+} // namespace
+} // namespace easel::svg
