@@ -37,9 +37,7 @@ ExitCode play(const Command& command) {
     return code;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+ExitCode obey(int argc, char** argv) {
     Command command;
     CLI::App cli{"Easel, a drawing application that plays its part without a window", "easel"};
     cli.require_subcommand(1);
@@ -49,10 +47,19 @@ int main(int argc, char** argv) {
         ->allow_extra_args(false);
     try {
         cli.parse(argc, argv);
-        return play(command);
     } catch (const CLI::ParseError& error) {
-        if (error.get_exit_code() == 0) return cli.exit(error); // help was asked for
-        return fail(Misused, std::string(error.what()) + "; see easel --help");
+        if (error.get_exit_code() != 0) return fail(Misused, std::string(error.what()) + "; see easel --help");
+        cli.exit(error); // help was asked for
+        return Done;
+    }
+    return play(command);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return obey(argc, argv);
     } catch (const std::exception& error) {
         return fail(Failed, error.what());
     }

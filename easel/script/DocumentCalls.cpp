@@ -39,6 +39,7 @@ void mustBelong(const Object& object, const Document& document, std::string_view
 
 std::vector<Object> objects(const Document& document, const std::vector<model::Node*>& nodes) {
     std::vector<Object> found;
+    found.reserve(nodes.size());
     for (auto* node : nodes) found.push_back({document.open, node});
     return found;
 }
