@@ -35,7 +35,7 @@ var pathsBefore = doc.paths.length;
 var depthBefore = doc.undoDepth;
 
 // The corners: the nearest one on the sheet of paper, and the others from there.
-var base = [282.5, 310];
+var base = [282.5, 318];
 var baseRight = along(base, "right", edge), baseLeft = along(base, "left", edge);
 var top = along(base, "up", edge);
 var topRight = along(baseRight, "up", edge), topLeft = along(baseLeft, "up", edge);
