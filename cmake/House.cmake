@@ -59,6 +59,7 @@ function(house_check_headers name dir headers uses)
     endforeach()
     add_library(${name}_headers OBJECT ${units})
     target_link_libraries(${name}_headers PRIVATE house_flags ${uses})
+    target_compile_options(${name}_headers PRIVATE -O0 -g0)
 endfunction()
 
 # kzo_add_plugin(NAME name CLASS_PREFIX prefix SOURCES files... RESOURCES files...): a plug-in bundle NAME.aip on the

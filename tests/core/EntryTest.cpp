@@ -130,8 +130,9 @@ TEST(Entry, SurvivesTheRefusalOfAnyHostCall) {
             session.pointer.drag({200, 90}, 0);
             session.pointer.release({200, 90}, 0);
         }
-        for (const auto* node = document.currentLayer().firstChild(); node; node = node->next())
-            if (node->type() == easel::model::NodeType::Path) EXPECT_EQ(node->path().points.size(), 2u) << refused;
+        for (const auto* path = document.currentLayer().firstChild(); path; path = path->next()) {
+            EXPECT_EQ(path->path().points.size(), 2u) << refused;
+        }
         session.quit();
         return monitor.calls();
     };

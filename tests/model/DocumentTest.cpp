@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "tests/model/Drawing.h"
+#include "support/Drawing.h"
 
 namespace easel::model {
 namespace {

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <limits>
 
-#include "tests/model/Drawing.h"
+#include "support/Drawing.h"
 
 namespace easel::model {
 namespace {
@@ -157,10 +157,10 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     RandomEditor random(seed);
     Journal& journal = document.journal();
-    for (int round = 0; round < 400; ++round) {
+    for (int round = 0; round < 250; ++round) {
         journal.begin();
         if (round == 100) {
-            for (int i = 0; i < 2000; ++i) addPath(document, layer, random.points(2)); // enough to build it anew
+            for (int i = 0; i < 600; ++i) addPath(document, layer, random.points(2)); // enough to build it anew
         }
         if (round % 3 == 0) journal.mark();
         for (int i = 0; i < 5; ++i) random.edit(document);

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/model/Drawing.h"
+#include "support/Drawing.h"
 
 namespace easel::model {
 namespace {

@@ -23,7 +23,9 @@ Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) 
 Desk::~Desk() {
     if (!session_) return;
     session_->quit();
-    if (!reportsExpected_) EXPECT_THAT(session_->reports(), ::testing::IsEmpty());
+    if (!reportsExpected_) {
+        EXPECT_THAT(session_->reports(), ::testing::IsEmpty());
+    }
 }
 
 std::string Desk::svg() { return svg::write(document()); }

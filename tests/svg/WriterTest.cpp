@@ -9,10 +9,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/Drawing.h"
 #include "svg/Limits.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
-#include "tests/model/Drawing.h"
 
 namespace easel::svg {
 namespace {
@@ -27,10 +27,10 @@ using model::Placement;
 using model::Style;
 
 /// A folder of its own, gone with the test.
-class Files : public testing::Test {
+class DrawingFiles : public testing::Test {
   protected:
-    Files() { std::filesystem::create_directories(folder_); }
-    ~Files() override { std::filesystem::remove_all(folder_); }
+    DrawingFiles() { std::filesystem::create_directories(folder_); }
+    ~DrawingFiles() override { std::filesystem::remove_all(folder_); }
 
     [[nodiscard]] std::string path(const std::string& name) const { return folder_ + "/" + name; }
     static std::string contents(const std::string& path) {
@@ -126,7 +126,7 @@ TEST(Writer, OddCasesReadBackToo) {
 
 // Files
 
-TEST_F(Files, SavingReplacesTheWholeFileAndNothingElse) {
+TEST_F(DrawingFiles, SavingReplacesTheWholeFileAndNothingElse) {
     Document document(20, 10);
     std::ofstream(path("drawing.svg")) << std::string(100000, 'x');
     ::chmod(path("drawing.svg").c_str(), 0640);
@@ -138,7 +138,7 @@ TEST_F(Files, SavingReplacesTheWholeFileAndNothingElse) {
     EXPECT_EQ(fileCount(), 2U);
 }
 
-TEST_F(Files, RefusedSavingLeavesTheFileAsItWas) {
+TEST_F(DrawingFiles, RefusedSavingLeavesTheFileAsItWas) {
     Document document(20, 10);
     save(document, path("drawing.svg"));
     const std::string nowhere = path("missing/drawing.svg");
@@ -161,7 +161,7 @@ TEST_F(Files, RefusedSavingLeavesTheFileAsItWas) {
 
 // Pictures
 
-TEST_F(Files, PictureShowsTheDrawingOnWhite) {
+TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhite) {
     Document document(20, 10);
     Node& square =
         addPath(document, document.currentLayer(), {corner(5, 0), corner(15, 0), corner(15, 5), corner(5, 5)}, true);
@@ -186,7 +186,7 @@ TEST_F(Files, PictureShowsTheDrawingOnWhite) {
     cairo_surface_destroy(surface);
 }
 
-TEST_F(Files, PictureThatCannotBeMadeIsAnError) {
+TEST_F(DrawingFiles, PictureThatCannotBeMadeIsAnError) {
     Document document(20, 10);
     const std::string picture = path("picture.png");
     for (const double scale : {0.0, -1.0, 1e9}) {

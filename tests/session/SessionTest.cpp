@@ -1,0 +1,129 @@
+// The session: loading, starting and ending plug-ins, tools and documents, as the faces of the application use it.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "session/Session.h"
+
+namespace {
+
+using namespace easel;
+using session::Session;
+
+const std::string buildDir = TEST_BUILD_DIR;
+
+std::string errorOf(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (const session::Error& error) {
+        return error.what();
+    }
+    return "no error";
+}
+
+// Plug-ins
+
+TEST(Session, RefusesWhatIsNoPluginInOneLineEach) {
+    Session session;
+    const std::string loose = testing::TempDir() + "loose.aip";
+    std::ofstream(loose) << "not a folder";
+    const auto loading = [&](const std::string& path) { return errorOf([&] { session.load(path); }); };
+    EXPECT_EQ(loading("/nowhere/Thing.aip"), "/nowhere/Thing.aip: no such plug-in");
+    for (const std::string& path : {loose, std::string("/tmp"), buildDir + "/Ortholine.aip/Contents"}) {
+        EXPECT_EQ(loading(path), path + ": not a plug-in bundle (a folder NAME.aip with Contents/Linux/NAME in it)");
+    }
+    EXPECT_EQ(loading(buildDir + "/NoEntry.aip"), buildDir + "/NoEntry.aip: exports no PluginMain");
+    const std::string broken = testing::TempDir() + "Broken.aip";
+    std::filesystem::create_directories(broken + "/Contents/Linux");
+    std::ofstream(broken + "/Contents/Linux/Broken") << "no library";
+    EXPECT_THAT(loading(broken), testing::StartsWith(broken + ": cannot be loaded: "));
+    EXPECT_TRUE(session.plugins.all().empty());
+}
+
+TEST(Session, KeepsAPluginThatDeclinesAsBrokenAndCallsItNoMore) {
+    Session session;
+    session.load(buildDir + "/Declining.aip");
+    session.load(buildDir + "/Ortholine.aip/"); // with a slash, as a shell completes it
+    EXPECT_THAT(session.start(),
+                testing::ElementsAre(buildDir + "/Declining.aip: the plug-in declined to start: error \"SUFE\""));
+    session::Plugin& declining = *session.plugins.all()[0];
+    EXPECT_TRUE(declining.broken && !declining.started);
+    SPMessageData record{};
+    EXPECT_EQ(session.messenger.send(declining, "SP Interface", "About", record), kRefusedErr);
+    EXPECT_TRUE(session.plugins.all()[1]->started);
+    EXPECT_THAT(session.start(), testing::IsEmpty()); // nothing is started twice
+    EXPECT_EQ(session.toolbox.all().size(), 1u);
+}
+
+TEST(Session, StartsAndEndsTheBundleAHundredTimes) {
+    for (int i = 0; i < 100; ++i) {
+        Session session;
+        session.load(buildDir + "/Ortholine.aip");
+        ASSERT_THAT(session.start(), testing::IsEmpty());
+        session.newDocument(200, 200);
+        session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+        session.pointer.press({50, 50}, 0);
+        session.pointer.drag({100, 50}, 0);
+        session.pointer.release({100, 50}, 0);
+        ASSERT_EQ(session.document()->selection().size(), 1u);
+        session.quit();
+        ASSERT_THAT(session.reports(), testing::IsEmpty());
+        ASSERT_EQ(session.memory.blocksInUse(), 0u);
+    }
+}
+
+TEST(Session, EndsWithAGestureRunningAndADocumentOpen) {
+    Session session;
+    session.load(buildDir + "/Ortholine.aip");
+    session.start();
+    session.newDocument(200, 200);
+    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+    session.pointer.press({50, 50}, 0);
+    session.pointer.drag({100, 50}, 0);
+    session.quit();
+    EXPECT_EQ(session.document(), nullptr);
+    EXPECT_THAT(session.reports(), testing::IsEmpty());
+}
+
+// Pointer
+
+TEST(Session, RefusesGesturesThatCannotBe) {
+    Session session;
+    session::Pointer& pointer = session.pointer;
+    EXPECT_EQ(errorOf([&] { pointer.press({1, 1}, 0); }), "no tool is selected");
+    EXPECT_EQ(errorOf([&] { pointer.drag({1, 1}, 0); }), "no mouse button is down");
+    EXPECT_EQ(errorOf([&] { pointer.release({1, 1}, 0); }), "no mouse button is down");
+    pointer.cancel(); // nothing to cancel is fine
+    session.load(buildDir + "/Ortholine.aip");
+    session.start();
+    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+    EXPECT_EQ(errorOf([&] { pointer.press({1, 1}, 0); }), "no document is open");
+    EXPECT_EQ(errorOf([&] { session.save("x.svg"); }), "no document is open");
+    session.newDocument(200, 200);
+    pointer.press({1, 1}, 0);
+    EXPECT_EQ(errorOf([&] { pointer.press({1, 1}, 0); }), "the mouse button is down already");
+    EXPECT_EQ(errorOf([&] { pointer.move({1, 1}, 0); }), "the mouse button is down; a move is a drag");
+    session.close(); // ends the gesture
+    EXPECT_FALSE(pointer.pressed());
+}
+
+// Documents
+
+TEST(Session, TellsHandlesOfOneDocumentFromThoseOfAnother) {
+    Session session;
+    model::Document& first = session.newDocument(100, 100);
+    const auto firstNumber = session.numberOf(first);
+    model::Document& second = session.newDocument(200, 200);
+    EXPECT_EQ(session.document(), &second);
+    EXPECT_NE(session.numberOf(second), firstNumber);
+    EXPECT_EQ(session.documentByNumber(firstNumber), &first);
+    session.close();
+    EXPECT_EQ(session.document(), &first);
+    session.close();
+    EXPECT_EQ(session.documentByNumber(firstNumber), nullptr);
+    session.newDocument(100, 100);
+    EXPECT_EQ(session.documentByNumber(firstNumber), nullptr); // a number is never used twice
+}
+
+} // namespace

@@ -1,0 +1,240 @@
+// The function tables as a plug-in calls them: complete, guarded, and strict with what they are given.
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <cstring>
+
+#include "session/Session.h"
+
+namespace {
+
+using namespace easel;
+using session::Session;
+
+/// A plug-in that is a function: whatever a test wants done while a message is handled.
+std::function<void(SPMessageData&)> work;
+
+SPErr entry(const char*, const char*, void* message) {
+    if (work) work(*static_cast<SPMessageData*>(message));
+    return kNoErr;
+}
+
+class Suites : public testing::Test {
+  protected:
+    Suites() { session.newDocument(300, 200); }
+    ~Suites() override { work = nullptr; }
+
+    void inMessage(const std::function<void()>& body) {
+        work = [&](SPMessageData&) { body(); };
+        SPMessageData record{};
+        session.messenger.send(plugin, "Test", "Run", record);
+        work = nullptr;
+    }
+
+    AIArtHandle newPath(std::int16_t count) {
+        AIArtHandle art = nullptr;
+        EXPECT_EQ(tables.art.table.NewArt(kPathArt, kPlaceAboveAll, nullptr, &art), kNoErr);
+        EXPECT_EQ(tables.path.table.SetPathSegmentCount(art, count), kNoErr);
+        return art;
+    }
+
+    Session session;
+    session::Tables& tables = session.tables;
+    session::Plugin& plugin = session.attach("Test", entry);
+};
+
+TEST_F(Suites, HaveNoEmptyEntry) {
+    const auto expectFull = [](const char* name, const void* table, std::size_t size) {
+        for (std::size_t at = 0; at < size; at += sizeof(void*)) {
+            void* entryAt = nullptr;
+            std::memcpy(&entryAt, static_cast<const char*>(table) + at, sizeof(void*));
+            EXPECT_NE(entryAt, nullptr) << name << " entry " << at / sizeof(void*);
+        }
+    };
+    int count = 0;
+    expectFull(kSPBasicSuite, &tables.basic, sizeof(tables.basic));
+    tables.each([&](auto& suite) {
+        expectFull(suite.name, &suite.table, sizeof(suite.table));
+        ++count;
+    });
+    EXPECT_EQ(count, 17);
+}
+
+TEST_F(Suites, AreAcquiredByNameAndVersionAndCounted) {
+    inMessage([&] {
+        const void* table = nullptr;
+        EXPECT_EQ(tables.basic.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion, &table), kNoErr);
+        EXPECT_EQ(table, &tables.art.table);
+        EXPECT_EQ(tables.basic.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion + 1, &table), kSPSuiteNotFoundErr);
+        EXPECT_EQ(tables.basic.AcquireSuite("No Suite", 1, &table), kSPSuiteNotFoundErr);
+        EXPECT_EQ(tables.basic.AcquireSuite(nullptr, 1, &table), kBadParameterErr);
+        EXPECT_EQ(table, &tables.art.table); // an error leaves the answer as it was
+        EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kNoErr);
+        EXPECT_EQ(session.reports().size(), 0u);
+        EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kBadParameterErr);
+        EXPECT_EQ(tables.basic.AcquireSuite(kAIToolSuite, kAIToolSuiteVersion, &table), kNoErr);
+    });
+    session.quit();
+    EXPECT_THAT(session.reports(), testing::ElementsAre("plug-in: AI Art Suite was released more often than acquired",
+                                                        "plug-in: AI Tool Suite was not released at shut-down"));
+}
+
+TEST_F(Suites, RefuseHandlesThatAreDeadForeignOrMadeUp) {
+    inMessage([&] {
+        const AIArtHandle live = newPath(2);
+        AILayerHandle layer = nullptr;
+        ASSERT_EQ(tables.layer.table.GetCurrentLayer(&layer), kNoErr);
+        const AIArtHandle dead = newPath(2);
+        ASSERT_EQ(tables.art.table.DisposeArt(dead), kNoErr);
+        const AIArtHandle reused = newPath(2); // may have the dead one's slot, never its handle
+        EXPECT_NE(reused, dead);
+        int local = 0;
+        std::int16_t type = 77;
+        for (const AIArtHandle wrong :
+             {AIArtHandle{}, dead, reinterpret_cast<AIArtHandle>(layer), reinterpret_cast<AIArtHandle>(&local),
+              reinterpret_cast<AIArtHandle>(~std::uintptr_t{0})}) {
+            EXPECT_EQ(tables.art.table.GetArtType(wrong, &type), kUnknownHandleErr);
+            AIBoolean valid = 1;
+            EXPECT_EQ(tables.art.table.ValidArt(wrong, &valid), kNoErr);
+            EXPECT_EQ(valid, 0);
+        }
+        EXPECT_EQ(type, 77);
+        EXPECT_EQ(tables.art.table.GetArtType(live, &type), kNoErr);
+        EXPECT_EQ(type, kPathArt);
+        EXPECT_EQ(tables.art.table.GetArtType(live, nullptr), kBadParameterErr);
+        EXPECT_EQ(tables.layer.table.SetCurrentLayer(reinterpret_cast<AILayerHandle>(live)), kUnknownHandleErr);
+        EXPECT_EQ(tables.tool.table.RemoveTool(reinterpret_cast<AIToolHandle>(live)), kUnknownHandleErr);
+    });
+    EXPECT_EQ(session.reports().size(), 7u); // each one told, to the plug-in's address
+}
+
+TEST_F(Suites, AnswerOnlyWhileAMessageIsHandled) {
+    std::int32_t count = -1;
+    EXPECT_EQ(tables.layer.table.CountLayers(&count), kOutsideMessageErr);
+    EXPECT_EQ(count, -1);
+    EXPECT_THAT(session.reports(),
+                testing::ElementsAre("plug-in: AILayerSuite::CountLayers was called outside of any message"));
+    inMessage([&] { EXPECT_EQ(tables.layer.table.CountLayers(&count), kNoErr); });
+    EXPECT_EQ(count, 1);
+    session.close();
+    inMessage([&] { EXPECT_EQ(tables.layer.table.CountLayers(&count), kNoDocumentErr); });
+}
+
+TEST_F(Suites, CheckMemoryAgainstTheirTable) {
+    inMessage([&] {
+        void* block = nullptr;
+        int local = 0;
+        ASSERT_EQ(tables.basic.AllocateBlock(100, &block), kNoErr);
+        std::memset(block, 1, 100);
+        EXPECT_EQ(tables.basic.FreeBlock(block), kNoErr);
+        EXPECT_EQ(tables.basic.FreeBlock(block), kBadParameterErr);
+        EXPECT_EQ(tables.basic.FreeBlock(&local), kBadParameterErr);
+        AIMdMemoryHandle handle = nullptr;
+        ASSERT_EQ(tables.memory.table.MdMemoryNewHandle(8, &handle), kNoErr);
+        EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kNoErr);
+        EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kBadParameterErr);
+    });
+    EXPECT_EQ(session.reports().size(), 3u);
+}
+
+TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
+    inMessage([&] {
+        auto& art = tables.art.table;
+        AIArtHandle group = nullptr, middle = nullptr, other = nullptr, found = nullptr;
+        ASSERT_EQ(art.NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
+        ASSERT_EQ(art.NewArt(kPathArt, kPlaceInsideOnTop, group, &middle), kNoErr);
+        const auto madeAt = [&](std::int16_t order, AIArtHandle prep) {
+            AIArtHandle made = nullptr;
+            EXPECT_EQ(art.NewArt(kPathArt, order, prep, &made), kNoErr);
+            return made;
+        };
+        const AIArtHandle above = madeAt(kPlaceAbove, middle), below = madeAt(kPlaceBelow, middle);
+        const AIArtHandle top = madeAt(kPlaceInsideOnTop, group), bottom = madeAt(kPlaceInsideOnBottom, group);
+        std::vector<AIArtHandle> order;
+        for (art.GetArtFirstChild(group, &found); found; art.GetArtSibling(found, &found)) order.push_back(found);
+        EXPECT_THAT(order, testing::ElementsAre(top, above, middle, below, bottom));
+        const AIArtHandle lowest = madeAt(kPlaceBelowAll, middle);
+        EXPECT_EQ(art.GetArtPriorSibling(lowest, &found), kNoErr);
+        EXPECT_EQ(found, group);
+        ASSERT_EQ(art.GetFirstArtOfLayer(nullptr, &other), kNoErr);
+        EXPECT_EQ(art.GetArtParent(group, &found), kNoErr);
+        EXPECT_EQ(found, other);
+        EXPECT_EQ(art.GetArtParent(other, &found), kNoErr);
+        EXPECT_EQ(found, nullptr);
+        // What cannot be
+        EXPECT_EQ(art.NewArt(kPathArt, kPlaceAbove, nullptr, &found), kBadParameterErr);
+        EXPECT_EQ(art.NewArt(kPathArt, kPlaceInsideOnTop, middle, &found), kBadParameterErr);
+        EXPECT_EQ(art.NewArt(kPathArt, kPlaceAbove, other, &found), kBadParameterErr);
+        EXPECT_EQ(art.NewArt(kTextFrameArt, kPlaceAboveAll, nullptr, &found), kBadParameterErr);
+        EXPECT_EQ(art.NewArt(kPathArt, 7, group, &found), kBadParameterErr);
+        EXPECT_EQ(art.DisposeArt(other), kRefusedErr);
+    });
+}
+
+TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
+    inMessage([&] {
+        auto& path = tables.path.table;
+        const AIArtHandle art = newPath(3);
+        AIPathSegment segments[3]{};
+        for (int i = 0; i < 3; ++i) segments[i].p = segments[i].in = segments[i].out = {AIReal(30 * i), AIReal(40 * i)};
+        ASSERT_EQ(path.SetPathSegments(art, 0, 3, segments), kNoErr);
+        AIReal length = 0;
+        EXPECT_EQ(path.GetPathLength(art, &length, 0.01), kNoErr);
+        EXPECT_DOUBLE_EQ(length, 100); // two hops of 30 by 40
+        AIPathSegment bad[2] = {segments[2], segments[1]};
+        bad[1].out.v = std::nan("");
+        EXPECT_EQ(path.SetPathSegments(art, 0, 2, bad), kBadParameterErr);
+        EXPECT_EQ(path.SetPathSegments(art, 2, 2, segments), kBadParameterErr);
+        EXPECT_EQ(path.SetPathSegments(art, -1, 1, segments), kBadParameterErr);
+        EXPECT_EQ(path.SetPathSegmentCount(art, -1), kBadParameterErr);
+        AIPathSegment read[3]{};
+        EXPECT_EQ(path.GetPathSegments(art, 1, 3, read), kBadParameterErr);
+        ASSERT_EQ(path.GetPathSegments(art, 0, 3, read), kNoErr);
+        for (int i = 0; i < 3; ++i) EXPECT_EQ(read[i].out.v, segments[i].out.v);
+        ASSERT_EQ(path.ReversePathSegments(art), kNoErr);
+        ASSERT_EQ(path.GetPathSegments(art, 0, 1, read), kNoErr);
+        EXPECT_EQ(read[0].p.h, 60);
+        AIArtHandle group = nullptr;
+        ASSERT_EQ(tables.art.table.NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
+        std::int16_t count = 5;
+        EXPECT_EQ(path.GetPathSegmentCount(group, &count), kBadParameterErr);
+        EXPECT_EQ(count, 5);
+        AIPathStyle style{};
+        ASSERT_EQ(tables.pathStyle.table.GetPathStyle(art, &style), kNoErr);
+        style.dash = {.length = 2, .offset = 1, .array = {3, 4}};
+        style.cap = kAIRoundCap;
+        ASSERT_EQ(tables.pathStyle.table.SetPathStyle(art, &style), kNoErr);
+        AIPathStyle again{};
+        ASSERT_EQ(tables.pathStyle.table.GetPathStyle(art, &again), kNoErr);
+        EXPECT_EQ(again.cap, kAIRoundCap);
+        EXPECT_EQ(again.dash.array[1], 4);
+        style.miterLimit = 0.5;
+        EXPECT_EQ(tables.pathStyle.table.SetPathStyle(art, &style), kBadParameterErr);
+    });
+}
+
+TEST_F(Suites, PassMessagesOnAndKeepTheirTransactionOne) {
+    work = [&](SPMessageData&) {
+        newPath(2);
+        work = [&](SPMessageData&) { newPath(3); };
+        SPMessageData inner{};
+        SPErr result = 99;
+        EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kNoErr);
+        EXPECT_EQ(result, kNoErr);
+        EXPECT_EQ(inner.self, plugin.handle);
+        EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, nullptr, "Inner", &inner, &result),
+                  kBadParameterErr);
+    };
+    SPMessageData record{};
+    session.messenger.send(plugin, "Test", "Outer", record);
+    EXPECT_EQ(session.document()->currentLayer().childCount(), 2u);
+    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
+    inMessage([&] {
+        EXPECT_EQ(tables.undo.table.SetKind(kAIAppendUndoContext), kNoErr);
+        EXPECT_EQ(tables.undo.table.SetKind(3), kBadParameterErr);
+        newPath(2);
+    });
+    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
+}
+
+} // namespace
