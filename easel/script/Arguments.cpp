@@ -94,7 +94,6 @@ void Value::mustBe(std::string_view what) const {
 void Value::refuse(std::string_view why) const { throw BadArgument(where() + ": " + std::string(why)); }
 
 void Value::pushMember(const char* key, std::size_t at) const {
-    duk_require_stack(engine_, 4);
     duk_dup(engine_, index_);
     if (key != nullptr)
         duk_push_string(engine_, key);
@@ -113,7 +112,7 @@ void Value::mustHaveOnly(std::span<const std::string_view> known) const {
     protect(engine_, listKeys, 1);
     const Value keys(engine_, duk_get_top_index(engine_), {});
     for (std::size_t i = 0, count = keys.itemCount(); i < count; ++i) {
-        const auto key = keys.item<std::string>(i);
+        const auto key = keys.item<Words>(i).text;
         if (std::find(known.begin(), known.end(), key) == known.end()) refuse('"' + key + "\" means nothing here");
     }
     duk_pop(engine_);

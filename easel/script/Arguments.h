@@ -5,8 +5,10 @@
 
 #include <concepts>
 #include <span>
-#include <tuple>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "script/Objects.h"
 

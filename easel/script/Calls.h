@@ -4,6 +4,8 @@
 #pragma once
 
 #include <ostream>
+#include <tuple>
+#include <type_traits>
 
 #include "script/Arguments.h"
 

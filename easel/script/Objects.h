@@ -4,6 +4,10 @@
 
 #include <duktape.h>
 
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+
 #include "model/Document.h"
 #include "session/Session.h"
 
