@@ -2,7 +2,6 @@
 // built program.
 #include <gtest/gtest.h>
 
-#include <dlfcn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -88,17 +87,16 @@ TEST_F(CommandLine, WhatIsNoPluginIsRefusedBeforeTheScriptRuns) {
     write("script.js", "print('ran');\n");
     write("Folder.aip/readme", "nothing");
     write("Text.aip/Contents/Linux/Text", "no library");
-    fs::create_directories(folder / "Empty.aip/Contents/Linux");
-    Dl_info library{};
-    ASSERT_NE(dladdr(dlsym(RTLD_DEFAULT, "XML_ParserCreate"), &library), 0);
-    fs::copy_file(library.dli_fname, folder / "Empty.aip/Contents/Linux/Empty");
-
+    const std::string noEntry = TEST_BUILD_DIR "/NoEntry.aip";
+    const std::string declining = TEST_BUILD_DIR "/Declining.aip";
     const std::string noBundle = ": not a plug-in bundle (a folder NAME.aip with Contents/Linux/NAME in it)";
     const auto refusal = [&](const std::string& bundle) { return easel("run script.js --plugin " + bundle); };
     expectFailure(refusal("None.aip"), 1, "easel: None.aip: no such plug-in");
     expectFailure(refusal("script.js"), 1, "easel: script.js" + noBundle);
     expectFailure(refusal("Folder.aip"), 1, "easel: Folder.aip" + noBundle);
-    expectFailure(refusal("Empty.aip/"), 1, "easel: Empty.aip/: exports no PluginMain");
+    expectFailure(refusal(noEntry + '/'), 1, "easel: " + noEntry + "/: exports no PluginMain");
+    EXPECT_EQ(refusal(declining).output.rfind("easel: " + declining + ": the plug-in declined to start: ", 0), 0U);
+    EXPECT_EQ(refusal(declining).code, 1);
     EXPECT_EQ(refusal("Text.aip").output.rfind("easel: Text.aip: cannot be loaded: ", 0), 0U);
 }
 
