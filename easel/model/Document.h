@@ -97,8 +97,8 @@ class Document {
 
     [[nodiscard]] Journal& journal();
 
-    /// Whether both show the same: layers, tree, names, flags, paths, styles, page. Selection, view and identities do
-    /// not count.
+    /// Whether both hold the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view and
+    /// identities do not count.
     [[nodiscard]] static bool sameContent(const Document& a, const Document& b);
 
   private:

@@ -33,14 +33,14 @@ class Journal {
     [[nodiscard]] bool running() const;
 
     // Gestures, inside a running transaction
-    /// Opens an inner record on top of what has been noted so far (what a press left).
+    /// Opens an inner record on top of what has been noted so far (what a press left). A second mark joins the first.
     void mark();
     /// Puts the document back to where it stood at `mark`, and remembers which nodes were put back (see
     /// Document::snapPoint). Nodes made since then are gone for good.
     void rollBackToMark();
     /// Joins the inner record to the outer one; forgets what the gesture moved.
     void dropMark();
-    /// Ends the outermost transaction by undoing all of it.
+    /// Ends the outermost transaction by undoing all of it; ends of inner ones that follow are ignored.
     void abandon();
 
     // History

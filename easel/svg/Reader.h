@@ -1,4 +1,6 @@
-// SVG in: what a document can hold is read, the rest is passed over.
+// SVG in: what a document can hold is read, the rest is passed over. One user unit of the root is one point; its
+// viewBox, where it has one, is the page. Groups marked as layers right below the root become layers, other art there
+// goes to a layer of its own. Subpaths become paths in a group. Nothing is left to undo.
 #pragma once
 
 #include <memory>
@@ -9,10 +11,6 @@
 #include "svg/FileError.h"
 
 namespace easel::svg {
-
-// One user unit of the root is one point; its viewBox, where it has one, is the page. Groups marked as layers right
-// below the root become layers, other art there goes to a layer of its own. Subpaths become paths in a group. Nothing
-// is left to undo.
 
 /// Throws FileError.
 [[nodiscard]] std::unique_ptr<model::Document> open(const std::string& path);
