@@ -76,7 +76,10 @@ template <class T, Handle H> class Registry {
     }
 
     void remove(T& object) { entries_[partsOf(object.handle).slot].reset(); }
-    void clear() { entries_.clear(); }
+    template <class Predicate> void removeIf(Predicate predicate) {
+        for (auto& entry : entries_)
+            if (entry && predicate(*entry)) entry.reset();
+    }
 
     /// The living objects in the order in which they were added.
     [[nodiscard]] std::vector<T*> all() const {

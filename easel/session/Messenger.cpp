@@ -37,7 +37,9 @@ SPErr Messenger::call(Plugin& plugin, const char* caller, const char* selector, 
 }
 
 SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
-    if (plugin.broken) return kRefusedErr;
+    if (!plugin.started) return kRefusedErr;
+    // A plug-in may send on the very record that it is handling, so the head comes back as it was.
+    const SPMessageData head = message;
     message.SPCheck = kSPValidMessageData;
     message.self = plugin.handle;
     message.globals = plugin.globals;
@@ -45,24 +47,25 @@ SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, 
     if (session_.trace) std::fprintf(stderr, "%*s%s: %s/%s\n", 2 * depth_, "", plugin.name.c_str(), caller, selector);
 
     SPErr answer = kNoErr;
-    {
+    whole([&] {
         const MessageTransaction transaction(session_.document());
         ++depth_;
         answer = call(plugin, caller, selector, message);
         --depth_;
-    }
+    });
     plugin.globals = message.globals;
+    message = head;
     if (session_.trace)
         std::fprintf(stderr, "%*s%s: %s/%s = %d\n", 2 * depth_, "", plugin.name.c_str(), caller, selector, answer);
-
-    while (depth_ == 0 && !afterwards_.empty()) {
-        const auto action = std::move(afterwards_.front());
-        afterwards_.erase(afterwards_.begin());
-        action();
-    }
     return answer;
 }
 
-void Messenger::afterwards(std::function<void()> action) { afterwards_.push_back(std::move(action)); }
+void Messenger::runPutOff() {
+    while (!putOff_.empty()) {
+        const std::function<void()> action = std::move(putOff_.front());
+        putOff_.erase(putOff_.begin());
+        action();
+    }
+}
 
 } // namespace easel::session

@@ -19,18 +19,28 @@ class Messenger {
     /// nested message joins the outer one. A broken plug-in is not called and answers kRefusedErr.
     SPErr send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
 
-    /// Runs `action` once no message is being handled any more.
-    void afterwards(std::function<void()> action);
+    /// Does several things that belong together, such as a press with what surrounds its message. Actions that are put
+    /// off meanwhile wait for the end of the outermost whole; every message is one.
+    template <class Body> void whole(Body body) {
+        ++wholes_;
+        body();
+        if (wholes_ == 1) runPutOff();
+        --wholes_;
+    }
+    /// Runs `action` once nothing is under way any more.
+    void afterwards(std::function<void()> action) { putOff_.push_back(std::move(action)); }
 
     /// How many messages are being handled, nested ones counted.
     [[nodiscard]] int depth() const { return depth_; }
 
   private:
     SPErr call(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
+    void runPutOff();
 
     Session& session_;
     int depth_ = 0;
-    std::vector<std::function<void()>> afterwards_;
+    int wholes_ = 0;
+    std::vector<std::function<void()>> putOff_;
 };
 
 } // namespace easel::session

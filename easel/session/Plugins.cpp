@@ -3,6 +3,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "session/Error.h"
@@ -32,6 +33,12 @@ Plugin& Plugins::load(const std::string& bundle) {
     if (path.extension() != bundleExtension || !fs::is_directory(path, failure) ||
         !fs::is_regular_file(library, failure))
         throw Error(bundle + ": not a plug-in bundle (a folder NAME.aip with Contents/Linux/NAME in it)");
+
+    const auto sameBundle = [&](const Plugin* plugin) {
+        return !plugin->file.empty() && fs::equivalent(plugin->file, path, failure);
+    };
+    const std::vector<Plugin*> known = all();
+    if (std::any_of(known.begin(), known.end(), sameBundle)) throw Error(bundle + ": is loaded already");
 
     // Never closed again: a library with Objective-C classes cannot go.
     void* const image = dlopen(fs::absolute(library).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);

@@ -39,9 +39,11 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     locate(location, modifiers);
     pressed_ = true;
     buffered_ = (tool->options & kToolWantsBufferedDraggingOption) != 0;
-    document.journal().begin();
-    send(kSelectorAIToolMouseDown);
-    if (buffered_) document.journal().mark();
+    session_.messenger.whole([&] {
+        document.journal().begin();
+        send(kSelectorAIToolMouseDown);
+        if (buffered_) document.journal().mark();
+    });
 }
 
 void Pointer::drag(model::Point location, Modifiers modifiers) {
@@ -56,18 +58,22 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     model::Journal& journal = session_.document()->journal();
     if (buffered_) journal.rollBackToMark();
     locate(location, modifiers);
-    send(kSelectorAIToolMouseUp);
-    if (buffered_) journal.dropMark();
-    pressed_ = false;
-    journal.end();
+    session_.messenger.whole([&] {
+        pressed_ = false;
+        send(kSelectorAIToolMouseUp);
+        if (buffered_) journal.dropMark();
+        journal.end();
+    });
 }
 
 void Pointer::cancel() {
     if (!pressed_) return;
-    // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
-    send(kSelectorAIToolMouseUp);
-    pressed_ = false;
-    session_.document()->journal().abandon();
+    session_.messenger.whole([&] {
+        pressed_ = false;
+        // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
+        send(kSelectorAIToolMouseUp);
+        session_.document()->journal().abandon();
+    });
 }
 
 } // namespace easel::session

@@ -48,17 +48,21 @@ Session::~Session() {
 
 std::vector<std::string> Session::start() {
     std::vector<std::string> declined;
+    bool anyNew = !running_;
     for (Plugin* plugin : plugins.all()) {
         if (plugin->started || plugin->broken) continue;
+        anyNew = true;
         SPMessageData message{};
+        plugin->started = true;
         const SPErr answer = messenger.send(*plugin, kSPInterfaceCaller, kSPInterfaceStartupSelector, message);
-        plugin->started = answer == kNoErr;
-        plugin->broken = !plugin->started;
-        if (plugin->broken)
-            declined.push_back((plugin->file.empty() ? plugin->name : plugin->file) +
-                               ": the plug-in declined to start: error " + fourCharacters(answer));
+        if (answer == kNoErr) continue;
+        plugin->started = false;
+        plugin->broken = true;
+        forget(*plugin);
+        declined.push_back((plugin->file.empty() ? plugin->name : plugin->file) +
+                           ": the plug-in declined to start: error " + fourCharacters(answer));
     }
-    notify(kAIApplicationStartedNotifier);
+    if (anyNew) notify(kAIApplicationStartedNotifier);
     running_ = true;
     return declined;
 }
@@ -73,6 +77,7 @@ void Session::quit() {
         SPMessageData message{};
         messenger.send(**at, kSPInterfaceCaller, kSPInterfaceShutdownSelector, message);
         (*at)->started = false;
+        forget(**at);
     }
     while (document()) close();
     tables.each([this](auto& suite) {
@@ -81,6 +86,13 @@ void Session::quit() {
     });
     if (memory.blocksInUse() != 0) report(Blame::Plugin, "memory of the host was not freed at shut-down");
     memory = {};
+}
+
+void Session::forget(Plugin& plugin) {
+    const auto owned = [&](const auto& object) { return object.owner == &plugin; };
+    notifiers.removeIf(owned);
+    pluginGroups.removeIf(owned);
+    toolbox.removeIf(owned);
 }
 
 void Session::notify(std::string_view type) {
@@ -122,6 +134,7 @@ void Session::save(const std::string& path) {
 
 void Session::exportPng(const std::string& path, double scale) {
     model::Document& front = needDocument();
+    pointer.cancel();
     withFile([&] { svg::exportPng(svg::write(front), path, scale); });
 }
 

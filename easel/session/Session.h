@@ -48,12 +48,13 @@ class Session {
 
     // Documents; the last one opened is in front
     model::Document& newDocument(double width, double height);
-    model::Document& open(const std::string& path);        ///< throws Error
-    void save(const std::string& path);                    ///< the document in front; throws Error
-    void exportPng(const std::string& path, double scale); ///< the document in front; throws Error
-    void close();                                          ///< the document in front, with its unsaved changes
-    [[nodiscard]] model::Document* document() const;       ///< in front, or null
-    [[nodiscard]] model::Document& needDocument() const;   ///< throws Error when none is open
+    model::Document& open(const std::string& path); ///< throws Error
+    /// The document in front; both cancel a gesture first and throw Error.
+    void save(const std::string& path);
+    void exportPng(const std::string& path, double scale);
+    void close();                                        ///< the document in front, with its unsaved changes
+    [[nodiscard]] model::Document* document() const;     ///< in front, or null
+    [[nodiscard]] model::Document& needDocument() const; ///< throws Error when none is open
     [[nodiscard]] model::Document* documentByNumber(std::uint32_t number) const;
     [[nodiscard]] std::uint32_t numberOf(const model::Document& document) const;
 
@@ -88,6 +89,8 @@ class Session {
         std::unique_ptr<model::Document> document;
     };
 
+    /// Drops what a plug-in that has ended or declined had registered.
+    void forget(Plugin& plugin);
     model::Document& adopt(std::unique_ptr<model::Document> document);
 
     static Session* current_;

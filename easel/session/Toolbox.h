@@ -30,6 +30,10 @@ class Toolbox {
     /// taken or a number is no tool's.
     Tool& add(Tool tool);
     void remove(Tool& tool);
+    template <class Predicate> void removeIf(Predicate predicate) {
+        if (current_ && predicate(*current_)) current_ = nullptr;
+        tools_.removeIf(predicate);
+    }
 
     [[nodiscard]] Tool* find(AIToolHandle handle) const { return tools_.find(handle); }
     [[nodiscard]] Tool* findByTitle(std::string_view title) const;

@@ -50,7 +50,12 @@ void getSelected(AIToolHandle& handle) {
 }
 
 void setSelected(Tool& tool) {
-    Session::current().messenger.afterwards([&tool] { Session::current().selectTool(tool); });
+    if (&tool == Session::current().toolbox.current()) return;
+    // By handle: the tool may be gone by then.
+    Session::current().messenger.afterwards([handle = tool.handle] {
+        Session& session = Session::current();
+        if (Tool* const chosen = session.toolbox.find(handle)) session.selectTool(*chosen);
+    });
 }
 
 } // namespace

@@ -66,7 +66,7 @@ typedef struct AIToolSuite {
     AIErr (*SetToolIconIDs)(AIToolHandle tool, int16_t light, int16_t dark);
     /* The current tool, null when none is. */
     AIErr (*GetSelectedTool)(AIToolHandle* tool);
-    /* Makes `tool` current once the running message has been handled. */
+    /* Makes `tool` current once the running message has been handled, unless it is already. */
     AIErr (*SetSelectedTool)(AIToolHandle tool);
 } AIToolSuite;
 

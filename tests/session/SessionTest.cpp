@@ -86,6 +86,25 @@ TEST(Session, EndsWithAGestureRunningAndADocumentOpen) {
     EXPECT_THAT(session.reports(), testing::IsEmpty());
 }
 
+TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
+    Session session;
+    session.load(buildDir + "/Ortholine.aip");
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_THAT(session.start(), testing::IsEmpty());
+        EXPECT_EQ(session.notifiers.all().size(), 2u);
+        EXPECT_EQ(session.pluginGroups.all().size(), 1u);
+        EXPECT_EQ(session.toolbox.all().size(), 1u);
+        session.quit();
+        EXPECT_THAT(session.notifiers.all(), testing::IsEmpty());
+        EXPECT_THAT(session.toolbox.all(), testing::IsEmpty());
+    }
+    EXPECT_EQ(
+        errorOf([&] {
+            session.load(buildDir + "/../" + std::filesystem::path(buildDir).filename().string() + "/Ortholine.aip");
+        }),
+        buildDir + "/../" + std::filesystem::path(buildDir).filename().string() + "/Ortholine.aip: is loaded already");
+}
+
 // Pointer
 
 TEST(Session, RefusesGesturesThatCannotBe) {

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <utility>
 
 #include "session/Session.h"
 
@@ -21,11 +22,17 @@ SPErr entry(const char*, const char*, void* message) {
 
 class Suites : public testing::Test {
   protected:
-    Suites() { session.newDocument(300, 200); }
+    Suites() {
+        session.start();
+        session.newDocument(300, 200);
+    }
     ~Suites() override { work = nullptr; }
 
     void inMessage(const std::function<void()>& body) {
-        work = [&](SPMessageData&) { body(); };
+        bool done = false; // messages that the body leads to do not run it again
+        work = [&](SPMessageData&) {
+            if (!std::exchange(done, true)) body();
+        };
         SPMessageData record{};
         session.messenger.send(plugin, "Test", "Run", record);
         work = nullptr;
@@ -213,15 +220,63 @@ TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
     });
 }
 
-TEST_F(Suites, PassMessagesOnAndKeepTheirTransactionOne) {
+// A tool that chose another tool while the mouse went down or up once brought the session into endless mouse-ups.
+TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
+    AIToolHandle first = nullptr, second = nullptr;
+    inMessage([&] {
+        const AIAddToolData data{"First", "", kNoToolNumber, kNoToolNumber, 0, 0};
+        const AIAddToolData other{"Second", "", kNoToolNumber, kNoToolNumber, 0, 0};
+        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "first", &data, kToolWantsBufferedDraggingOption, &first),
+                  kNoErr);
+        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "second", &other, 0, &second), kNoErr);
+        ASSERT_EQ(tables.tool.table.SetSelectedTool(first), kNoErr);
+        EXPECT_EQ(session.toolbox.current(), nullptr); // not before the message has been handled
+    });
+    ASSERT_EQ(session.toolbox.current(), session.toolbox.find(first));
+    int messages = 0;
+    work = [&](SPMessageData&) {
+        ++messages;
+        newPath(2);
+        tables.tool.table.SetSelectedTool(second);
+    };
+    session.pointer.press({10, 10},
+                          0); // the choice cancels the gesture, which sends a mouse-up, a deselect and a select
+    EXPECT_EQ(session.toolbox.current(), session.toolbox.find(second));
+    EXPECT_FALSE(session.pointer.pressed());
+    EXPECT_LE(messages, 6);
+    messages = 0;
+    const auto before = session.document()->currentLayer().childCount();
+    session.pointer.press({10, 10}, 0);
+    session.pointer.cancel();
+    session.pointer.press({10, 10}, 0);
     work = [&](SPMessageData&) {
         newPath(2);
-        work = [&](SPMessageData&) { newPath(3); };
+        tables.tool.table.SetSelectedTool(first);
+    };
+    session.pointer.release({10, 10}, 0);
+    EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
+    EXPECT_GT(session.document()->currentLayer().childCount(), before); // the drawing of the release stays
+    // Chosen, and gone before it could be.
+    inMessage([&] {
+        tables.tool.table.SetSelectedTool(second);
+        tables.tool.table.RemoveTool(second);
+    });
+    EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
+}
+
+TEST_F(Suites, PassMessagesOnAndKeepTheirTransactionOne) {
+    work = [&](SPMessageData& outer) {
+        newPath(2);
+        EXPECT_EQ(outer.self, plugin.handle);
+        work = [&](SPMessageData& inside) {
+            newPath(3);
+            EXPECT_EQ(inside.self, plugin.handle);
+            EXPECT_EQ(inside.basic, &tables.basic);
+        };
         SPMessageData inner{};
         SPErr result = 99;
         EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kNoErr);
         EXPECT_EQ(result, kNoErr);
-        EXPECT_EQ(inner.self, plugin.handle);
         EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, nullptr, "Inner", &inner, &result),
                   kBadParameterErr);
     };
