@@ -26,6 +26,23 @@ void destroy(Plugin* plugin) {
     delete plugin;
 }
 
+/// One message on its way through the entry. The plug-in object goes when the outermost is through, since a shut-down
+/// may come while another message is being handled; it goes also when its last work throws, for nothing is sent after
+/// that.
+class Passage {
+  public:
+    Passage() { ++depth_; }
+    ~Passage() {
+        Plugin* const plugin = Plugin::instance();
+        if (--depth_ == 0 && plugin && plugin->hasShutdown()) destroy(plugin);
+    }
+    Passage(const Passage&) = delete;
+    Passage& operator=(const Passage&) = delete;
+
+  private:
+    static inline int depth_ = 0;
+};
+
 /// Makes the plug-in object and lets the client set itself up. Answers 0 or why there is no plug-in.
 std::int32_t setUp(void* record) {
     const std::string name = plugin::pluginName(record);
@@ -52,15 +69,12 @@ std::int32_t setUp(void* record) {
 
 std::int32_t life(Plugin* plugin, std::string_view selector) {
     if (selector == startup) plugin->__startup();
-    if (selector == shutdown) {
-        // The object goes also when its last work throws: the host sends nothing after this.
-        const std::unique_ptr<Plugin, void (*)(Plugin*)> ending(plugin, destroy);
-        plugin->__shutdown();
-    }
+    if (selector == shutdown) plugin->__shutdown();
     return done;
 }
 
 std::int32_t route(std::string_view caller, std::string_view selector, void* record) {
+    const Passage passage;
     plugin::useHost(record);
     if (!Plugin::instance()) {
         if (caller != interface || selector != startup) return done;
@@ -74,6 +88,7 @@ std::int32_t route(std::string_view caller, std::string_view selector, void* rec
         if (event.type == applicationStarted) return plugin->__postStartup(), done;
         if (event.type == applicationShutdown) return plugin->__preShutdown(), done;
     }
+    if (!plugin->dispatcher()) return done; // shutting down
     const std::int32_t answer = plugin->dispatcher()->message(caller, selector, record);
     // The layer check's remark is the one answer that the host gets to see.
     return caller == tool && answer != plugin::Dispatcher::notHandled ? answer : done;

@@ -22,8 +22,8 @@ core::ArtType Art::artType() const {
 }
 
 std::optional<PathArt> Art::path() const {
-    if (!isPath_) isPath_ = artType() == core::ArtType::Path;
-    return *isPath_ && handle_ ? std::optional(PathArt(handle_)) : std::nullopt;
+    if (type_ == core::ArtType::Unknown) type_ = artType();
+    return type_ == core::ArtType::Path && handle_ ? std::optional(PathArt(handle_)) : std::nullopt;
 }
 
 // Attributes

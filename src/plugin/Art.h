@@ -48,7 +48,7 @@ class Art {
 
   private:
     ArtObject* handle_;
-    mutable std::optional<bool> isPath_; // an object's type never changes
+    mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
 };
 
 using ArtWrapper = __RefCountWrapper<ArtObject*, Art>;

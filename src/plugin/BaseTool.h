@@ -70,8 +70,7 @@ class BaseTool {
     void setOptions(core::ToolOptions options);
     [[nodiscard]] bool selected() const;
     void setSelected();
-    void destroy();                      ///< takes the tool out of the toolbox; no handle is left
-    void forget() { handle_ = nullptr; } ///< the host has taken the tool away
+    void destroy(); ///< takes the tool out of the toolbox; no handle is left
 
     // Events
     /// Takes location and keys from the message, does the framework's share and runs the client's callback whatever

@@ -56,7 +56,7 @@ inline constinit std::tuple suites{
 /// The basic suite of the message being handled; null before the first one.
 inline constinit const SPBasicSuite* basic = nullptr;
 
-/// "AIArtSuite::GetArtType" for &AIArtSuite::GetArtType.
+/// "AIArtSuite::GetArtType" for &AIArtSuite::GetArtType. (The host has its own: neither side includes the other.)
 template <auto Entry> [[nodiscard]] constexpr std::string_view entryName() {
     constexpr std::string_view text = __PRETTY_FUNCTION__;
     constexpr std::size_t start = text.find('&', text.find("Entry")) + 1;

@@ -94,6 +94,30 @@ TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
     EXPECT_EQ(Plugin::instance(), nullptr);
 }
 
+// The plug-in was deleted under the message that led to its shut-down.
+TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
+    Desk desk;
+    struct Ender {
+        Session& session;
+        bool stillThere = false;
+        void run() {
+            SPMessageData record{};
+            session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
+            stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
+            session.messenger.send(*session.plugins.all().front(), "AI Notifier", "AI Notify", record);
+        }
+    } ender{desk.session()};
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    desk.selectTool();
+    tool.setMouseDownCallback(kzo::core::__Callback<Ender>(&ender, &Ender::run));
+    desk.session().pointer.press({100, 100}, 0);
+    EXPECT_TRUE(ender.stillThere);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+    EXPECT_TRUE(tool.isEmpty());
+    desk.session().pointer.release({100, 100}, 0);
+    EXPECT_TRUE(desk.paths().empty());
+}
+
 TEST(Entry, StopsExceptionsOfCallbacks) {
     Desk desk;
     struct Thrower {
