@@ -14,7 +14,7 @@ void vlGlobals::resetGesture() {
     endPoint = defaults.endPoint;
     startHitData = defaults.startHitData;
     hitArt = nullptr;
-    continuing = false;
+    continuing = turned = false;
     exitAngle = defaults.exitAngle;
     dragged = shiftDown = optionDown = commandDown = false;
 }

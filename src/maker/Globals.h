@@ -32,6 +32,7 @@ class vlGlobals {
     kzo::core::HitData startHitData;
     ArtObject* hitArt = nullptr; // the art that was pressed on; may be null
     bool continuing = false;     // the press was on an end of an open path, which is hitArt's last point now
+    bool turned = false;         // the press turned hitArt round, to make its first point the last
     kzo::core::Angle exitAngle;  // direction in which hitArt leaves that point
     bool dragged = false;        // a drag has been handled since the press
     bool shiftDown = false;      // keys at the last drag

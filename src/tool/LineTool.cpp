@@ -45,18 +45,33 @@ kzo::core::PathStyle lineStyle() {
     return style;
 }
 
+/// Draws the line that stays, selected. False when there is none: nothing may be drawn, the host refused, or it is too
+/// short, since a click without a real drag leaves nothing behind.
+bool drawLine(const vlGlobals& globals) {
+    const auto group = drawingGroup();
+    const auto line =
+        group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get()) : nullptr;
+    if (!line) return false;
+    line->select();
+    // Rounding must not remove a line of just the length.
+    if (line->path()->length() >= shortestLine - lengthRounding) return true;
+    line->dispose();
+    return false;
+}
+
 /// Notes what the press continues: an open path that was pressed on at one of its ends. Pressed on its start the path
 /// is turned round, so that it is always its last point that goes on.
 void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
-    const auto art = hit.art();
+    const auto art = hit.art(); // in a group it is the member that was hit, never the group
     globals.hitArt = art ? art->aiArtHandle() : nullptr;
     if (!art || hit.hitType() != HitType::Anchor || art->path()->closed()) return;
     kzo::core::PathArt* const path = art->path();
     const std::int16_t index = hit.segPointIndex();
     const bool atEnd = index == path->segPointCount() - 1;
     if (!atEnd && index != 0) return;
-    if (!atEnd) path->reverseSegs();
     globals.continuing = true;
+    globals.turned = !atEnd;
+    if (globals.turned) path->reverseSegs();
     globals.exitAngle = vl::geo::getExitAngle(path);
 }
 
@@ -108,12 +123,7 @@ void Plugin::__toolMouseUpCB() {
     vlGlobals& globals = *vlGlobals::instance();
     if (!globals.dragged) aim(); // a click has an end point too
     if (auto* const document = Illustrator::instance()->currentDocument()) document->deselectAllArt();
-    if (const auto group = drawingGroup()) {
-        const auto line = kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get());
-        if (line) line->select();
-        // A click without a real drag leaves nothing behind. Rounding must not remove a line of just the length.
-        if (line && line->path()->length() < shortestLine - lengthRounding) line->dispose();
-    }
+    if (!drawLine(globals) && globals.turned) Art(globals.hitArt).path()->reverseSegs();
     corePlugin_->currentTool().resetCursorLocs();
     globals.resetGesture();
 }

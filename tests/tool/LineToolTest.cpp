@@ -259,6 +259,30 @@ TEST(LineTool, TurnsAnOpenPathThatIsPressedOnAtItsStart) {
     desk.session().pointer.cancel();
 }
 
+// A click on the first point of a path once left the path turned round, an undo step with nothing to see, and no redo.
+TEST(LineTool, ClickedOnThePathsStartLeavesNothingBehind) {
+    for (const bool locked : {false, true}) {
+        Desk desk;
+        Node& path = desk.addPath({{100, 100}, {160, 130}});
+        desk.addPath({{1, 1}, {9, 9}});
+        auto& journal = desk.document().journal();
+        ASSERT_TRUE(journal.undo());
+        if (locked) {
+            Node& free = desk.document().currentLayer();
+            desk.document().setLocked(desk.document().addLayer("Locked"), true);
+            EXPECT_NE(&free, &desk.document().currentLayer());
+        }
+        const auto steps = journal.undoDepth();
+        const auto redoSteps = journal.redoDepth();
+        desk.selectTool();
+        const Point end = locked ? Point{200, 40} : Point{100, 100};
+        desk.stroke({{100, 100}, end});
+        EXPECT_EQ(desk.anchors(path).front(), (Point{100, 100}));
+        EXPECT_EQ(journal.undoDepth(), steps);
+        EXPECT_EQ(journal.redoDepth(), redoSteps);
+    }
+}
+
 // Trouble
 
 TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {
