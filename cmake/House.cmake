@@ -24,10 +24,14 @@ function(house_root name prefix dir)
     target_include_directories(${name}_root INTERFACE ${root})
 endfunction()
 
-# house_folder(NAME DIR MAY names... LIBRARIES targets...): the object library of one folder. It sees its own headers,
-# those of the folders it may know, and the named libraries; nothing passes on.
+# house_folder(NAME DIR MAY names... LIBRARIES targets... HEADERS_MAY names...): the object library of one folder. It sees
+# its own headers, those of the folders it may know, and the named libraries; nothing passes on. Where its headers may
+# know less than its sources, HEADERS_MAY says what.
 function(house_folder name dir)
-    cmake_parse_arguments(ARG "" "" "MAY;LIBRARIES" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "MAY;LIBRARIES;HEADERS_MAY" ${ARGN})
+    if(NOT ARG_HEADERS_MAY)
+        set(ARG_HEADERS_MAY ${ARG_MAY})
+    endif()
     if(NOT TARGET ${name}_root)
         get_filename_component(prefix ${dir} NAME)
         house_root(${name} ${prefix} ${dir})
@@ -43,7 +47,11 @@ function(house_folder name dir)
         target_link_libraries(${name} PRIVATE house_flags ${roots} ${ARG_LIBRARIES})
     endif()
     if(HOUSE_CHECK_HEADERS AND headers)
-        house_check_headers(${name} ${dir} "${headers}" "${roots};${ARG_LIBRARIES}")
+        set(header_roots ${name}_root)
+        foreach(known ${ARG_HEADERS_MAY})
+            list(APPEND header_roots ${known}_root)
+        endforeach()
+        house_check_headers(${name} ${dir} "${headers}" "${header_roots};${ARG_LIBRARIES}")
     endif()
 endfunction()
 
@@ -62,19 +70,18 @@ function(house_check_headers name dir headers uses)
     target_compile_options(${name}_headers PRIVATE -O0 -g0)
 endfunction()
 
-# kzo_add_plugin(NAME name CLASS_PREFIX prefix SOURCES files... RESOURCES files...): a plug-in bundle NAME.aip on the
-# framework. Its library exports the entry alone.
+# kzo_add_plugin(NAME name PLIST file SOURCES files... CODE targets... RESOURCES files...): a plug-in bundle NAME.aip on
+# the framework, of sources compiled here and targets compiled elsewhere. Its library exports the entry alone.
 function(kzo_add_plugin)
-    cmake_parse_arguments(ARG "" "NAME;CLASS_PREFIX;PLIST" "SOURCES;RESOURCES" ${ARGN})
+    cmake_parse_arguments(ARG "" "NAME;PLIST" "SOURCES;CODE;RESOURCES" ${ARGN})
     set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.aip/Contents)
-    add_library(${ARG_NAME} MODULE ${ARG_SOURCES} ${KZO_OBJECTS})
-    target_link_libraries(${ARG_NAME} PRIVATE house_flags)
+    add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
+    target_link_libraries(${ARG_NAME} PRIVATE house_flags kzo ${ARG_CODE} core_root core_needs_root)
     target_link_options(${ARG_NAME} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/entry.map)
     set_target_properties(${ARG_NAME} PROPERTIES
         PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${contents}/Linux
         LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/entry.map)
     set(PLUGIN_NAME ${ARG_NAME})
-    set(PLUGIN_CLASS_PREFIX ${ARG_CLASS_PREFIX})
     configure_file(${ARG_PLIST} ${contents}/Info.plist @ONLY)
     # Icons are drawn once, as SVG, and shipped as PNG in normal and double resolution.
     foreach(resource ${ARG_RESOURCES})
