@@ -8,8 +8,11 @@ namespace kzo::plugin {
 /// One message on the stack of those being handled.
 class Dispatcher::Scope {
   public:
-    Scope(Dispatcher& dispatcher, std::string_view caller, std::string_view selector, const ToolMessage* toolMessage)
-        : dispatcher_(dispatcher), outer_(dispatcher.executing_), here_{caller, selector, toolMessage, handled} {
+    Scope(Dispatcher& dispatcher, std::string_view caller, std::string_view selector, void* record,
+          const ToolMessage* toolMessage)
+        : dispatcher_(dispatcher),
+          outer_(dispatcher.executing_),
+          here_{caller, selector, record, toolMessage, handled} {
         dispatcher_.executing_ = &here_;
     }
     ~Scope() { dispatcher_.executing_ = outer_; }
@@ -27,7 +30,7 @@ class Dispatcher::Scope {
 std::int32_t Dispatcher::message(std::string_view caller, std::string_view selector, void* record) {
     std::optional<ToolMessage> ownToolMessage;
     if (caller == message::tool && record) ownToolMessage.emplace(record);
-    const Scope scope(*this, caller, selector, ownToolMessage ? &*ownToolMessage : lastToolMessage());
+    const Scope scope(*this, caller, selector, record, ownToolMessage ? &*ownToolMessage : lastToolMessage());
 
     const auto at = callbacks_.find(std::pair(caller, selector));
     if (at == callbacks_.end()) return notHandled;

@@ -31,6 +31,8 @@ class Dispatcher {
     [[nodiscard]] std::string_view lastSelector() const {
         return executing_ ? executing_->selector : std::string_view();
     }
+    /// The host's record of the message, null outside of any.
+    [[nodiscard]] void* lastRecord() const { return executing_ ? executing_->record : nullptr; }
     /// The innermost tool message that is being handled, or null.
     [[nodiscard]] const ToolMessage* lastToolMessage() const { return executing_ ? executing_->toolMessage : nullptr; }
     void setAnswer(std::int32_t answer);
@@ -39,6 +41,7 @@ class Dispatcher {
     struct Executing {
         std::string_view caller;
         std::string_view selector;
+        void* record;
         const ToolMessage* toolMessage;
         std::int32_t answer;
     };
