@@ -1,10 +1,13 @@
-// The public face of message dispatch: what a client registers for itself.
+// The public face of message dispatch: what a client registers for itself, and the message that is being handled.
 #pragma once
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/Callback.h"
+#include "core/MessageType.h"
+#include "core/Notifier.h"
 
 namespace kzo::plugin {
 class Dispatcher;
@@ -12,18 +15,46 @@ class Dispatcher;
 
 namespace kzo::core {
 
+class Message;
+class ToolMessage;
+
 class Dispatcher {
   public:
     explicit Dispatcher(plugin::Dispatcher& impl) : impl_(impl) {}
 
-    /// Dispatches a message. 1: nothing is registered for it; else what its handler answers, 0 as a rule.
+    // Dispatch
+    /// Answers 1 when nothing is registered for the message, else what its handler answers, 0 as a rule.
     std::int32_t message(std::string_view caller, std::string_view selector, void* record);
+    std::int32_t message(MessageType type, void* record); ///< with a typed message object; 1 for an unknown type
 
+    // Registration; a second callback for the same message replaces the first
     void registerMessageCallback(std::string_view caller, std::string_view selector, const Callback& callback);
+    void registerMessageCallback(MessageType type, const Callback& callback); ///< nothing for an unknown type
     void unregisterMessageCallback(std::string_view caller, std::string_view selector);
+    void unregisterMessageCallback(MessageType type);
+
+    // Notifiers
+    /// An empty handle when the host refuses.
+    Notifier registerNotifier(const std::string& name, NotifierType type, const Callback& callback);
+    void unregisterNotifier(Notifier notifier);
+    [[nodiscard]] std::vector<Notifier> registeredNotifiersOfType(NotifierType type) const;
+
+    // The message being handled; null outside of any. A nested one hides the outer one until it returns.
+    [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }
+    [[nodiscard]] static const ToolMessage* lastToolMessage() { return executing_ ? executing_->toolMessage : nullptr; }
+    [[nodiscard]] static bool isExecuting(MessageType type); ///< also as an outer one
 
   private:
+    struct Executing {
+        const Message* message;
+        const ToolMessage* toolMessage; // the innermost one
+        const Executing* outer;
+    };
+    class Scope;
+
     plugin::Dispatcher& impl_;
+    // Of the process, not of the object: a message may outlive its dispatcher, when it leads to shut-down.
+    static inline const Executing* executing_ = nullptr;
 };
 
 } // namespace kzo::core

@@ -10,6 +10,8 @@
 
 namespace kzo::core {
 
+using plugin::ToolEvent;
+
 Plugin* Plugin::instance_ = nullptr;
 
 namespace {
@@ -51,6 +53,62 @@ Plugin* Plugin::instance() { return instance_; }
 SPPlugin* Plugin::spPluginRef() const { return impl_->spPluginRef(); }
 const std::string& Plugin::name() const { return impl_->name(); }
 void Plugin::setName(const std::string& name) { impl_->setName(name); }
+
+// Callbacks around the events of tools
+
+Callback* Plugin::before(ToolEvent event) const { return impl_->around(event).before.get(); }
+Callback* Plugin::after(ToolEvent event) const { return impl_->around(event).after.get(); }
+void Plugin::setBefore(ToolEvent event, const Callback& callback) { impl_->around(event).before.set(callback); }
+void Plugin::setAfter(ToolEvent event, const Callback& callback) { impl_->around(event).after.set(callback); }
+
+Callback* Plugin::toolPreSelectedCallback() const { return before(ToolEvent::Select); }
+void Plugin::setToolPreSelectedCallback(const Callback& callback) { setBefore(ToolEvent::Select, callback); }
+Callback* Plugin::toolPostSelectedCallback() const { return after(ToolEvent::Select); }
+void Plugin::setToolPostSelectedCallback(const Callback& callback) { setAfter(ToolEvent::Select, callback); }
+Callback* Plugin::toolPreDeselectedCallback() const { return before(ToolEvent::Deselect); }
+void Plugin::setToolPreDeselectedCallback(const Callback& callback) { setBefore(ToolEvent::Deselect, callback); }
+Callback* Plugin::toolPostDeselectedCallback() const { return after(ToolEvent::Deselect); }
+void Plugin::setToolPostDeselectedCallback(const Callback& callback) { setAfter(ToolEvent::Deselect, callback); }
+Callback* Plugin::toolPreReselectedCallback() const { return before(ToolEvent::Reselect); }
+void Plugin::setToolPreReselectedCallback(const Callback& callback) { setBefore(ToolEvent::Reselect, callback); }
+Callback* Plugin::toolPostReselectedCallback() const { return after(ToolEvent::Reselect); }
+void Plugin::setToolPostReselectedCallback(const Callback& callback) { setAfter(ToolEvent::Reselect, callback); }
+Callback* Plugin::toolPreTrackedCallback() const { return before(ToolEvent::Track); }
+void Plugin::setToolPreTrackedCallback(const Callback& callback) { setBefore(ToolEvent::Track, callback); }
+Callback* Plugin::toolPostTrackedCallback() const { return after(ToolEvent::Track); }
+void Plugin::setToolPostTrackedCallback(const Callback& callback) { setAfter(ToolEvent::Track, callback); }
+Callback* Plugin::toolPreMouseDownCallback() const { return before(ToolEvent::MouseDown); }
+void Plugin::setToolPreMouseDownCallback(const Callback& callback) { setBefore(ToolEvent::MouseDown, callback); }
+Callback* Plugin::toolPostMouseDownCallback() const { return after(ToolEvent::MouseDown); }
+void Plugin::setToolPostMouseDownCallback(const Callback& callback) { setAfter(ToolEvent::MouseDown, callback); }
+Callback* Plugin::toolPreDraggedCallback() const { return before(ToolEvent::Drag); }
+void Plugin::setToolPreDraggedCallback(const Callback& callback) { setBefore(ToolEvent::Drag, callback); }
+Callback* Plugin::toolPostDraggedCallback() const { return after(ToolEvent::Drag); }
+void Plugin::setToolPostDraggedCallback(const Callback& callback) { setAfter(ToolEvent::Drag, callback); }
+Callback* Plugin::toolPreMouseUpCallback() const { return before(ToolEvent::MouseUp); }
+void Plugin::setToolPreMouseUpCallback(const Callback& callback) { setBefore(ToolEvent::MouseUp, callback); }
+Callback* Plugin::toolPostMouseUpCallback() const { return after(ToolEvent::MouseUp); }
+void Plugin::setToolPostMouseUpCallback(const Callback& callback) { setAfter(ToolEvent::MouseUp, callback); }
+Callback* Plugin::toolPreDiameterDecreasedCallback() const { return before(ToolEvent::DecreaseDiameter); }
+void Plugin::setToolPreDiameterDecreasedCallback(const Callback& callback) {
+    setBefore(ToolEvent::DecreaseDiameter, callback);
+}
+Callback* Plugin::toolPostDiameterDecreasedCallback() const { return after(ToolEvent::DecreaseDiameter); }
+void Plugin::setToolPostDiameterDecreasedCallback(const Callback& callback) {
+    setAfter(ToolEvent::DecreaseDiameter, callback);
+}
+Callback* Plugin::toolPreDiameterIncreasedCallback() const { return before(ToolEvent::IncreaseDiameter); }
+void Plugin::setToolPreDiameterIncreasedCallback(const Callback& callback) {
+    setBefore(ToolEvent::IncreaseDiameter, callback);
+}
+Callback* Plugin::toolPostDiameterIncreasedCallback() const { return after(ToolEvent::IncreaseDiameter); }
+void Plugin::setToolPostDiameterIncreasedCallback(const Callback& callback) {
+    setAfter(ToolEvent::IncreaseDiameter, callback);
+}
+Callback* Plugin::toolPreEditedCallback() const { return before(ToolEvent::Edit); }
+void Plugin::setToolPreEditedCallback(const Callback& callback) { setBefore(ToolEvent::Edit, callback); }
+Callback* Plugin::toolPostEditedCallback() const { return after(ToolEvent::Edit); }
+void Plugin::setToolPostEditedCallback(const Callback& callback) { setAfter(ToolEvent::Edit, callback); }
 
 // Parts
 

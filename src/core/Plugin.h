@@ -13,7 +13,8 @@ struct SPPlugin;
 
 namespace kzo::plugin {
 class BasePlugin;
-}
+enum class ToolEvent : std::uint8_t;
+} // namespace kzo::plugin
 
 namespace kzo::core {
 
@@ -61,6 +62,48 @@ class Plugin {
     [[nodiscard]] Callback* shutdownCallback() const { return shutdownCallback_.get(); }
     void setShutdownCallback(const Callback& callback) { shutdownCallback_.set(callback); }
 
+    // Callbacks around the events of tools, whichever tool it is: before its own callback, and after it
+    [[nodiscard]] Callback* toolPreSelectedCallback() const;
+    void setToolPreSelectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostSelectedCallback() const;
+    void setToolPostSelectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreDeselectedCallback() const;
+    void setToolPreDeselectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostDeselectedCallback() const;
+    void setToolPostDeselectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreReselectedCallback() const;
+    void setToolPreReselectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostReselectedCallback() const;
+    void setToolPostReselectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreTrackedCallback() const;
+    void setToolPreTrackedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostTrackedCallback() const;
+    void setToolPostTrackedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreMouseDownCallback() const;
+    void setToolPreMouseDownCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostMouseDownCallback() const;
+    void setToolPostMouseDownCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreDraggedCallback() const;
+    void setToolPreDraggedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostDraggedCallback() const;
+    void setToolPostDraggedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreMouseUpCallback() const;
+    void setToolPreMouseUpCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostMouseUpCallback() const;
+    void setToolPostMouseUpCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreDiameterDecreasedCallback() const;
+    void setToolPreDiameterDecreasedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostDiameterDecreasedCallback() const;
+    void setToolPostDiameterDecreasedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreDiameterIncreasedCallback() const;
+    void setToolPreDiameterIncreasedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostDiameterIncreasedCallback() const;
+    void setToolPostDiameterIncreasedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPreEditedCallback() const;
+    void setToolPreEditedCallback(const Callback& callback);
+    [[nodiscard]] Callback* toolPostEditedCallback() const;
+    void setToolPostEditedCallback(const Callback& callback);
+
     // Parts
     [[nodiscard]] Dispatcher* dispatcher() const { return dispatcher_.get(); }
     /// The tool of the last select, track or mouse message; an empty handle before the first.
@@ -79,6 +122,11 @@ class Plugin {
     [[nodiscard]] plugin::BasePlugin& impl() const { return *impl_; }
 
   private:
+    [[nodiscard]] Callback* before(plugin::ToolEvent event) const;
+    [[nodiscard]] Callback* after(plugin::ToolEvent event) const;
+    void setBefore(plugin::ToolEvent event, const Callback& callback);
+    void setAfter(plugin::ToolEvent event, const Callback& callback);
+
     struct Phase {
         bool running = false;
         bool finished = false;

@@ -89,7 +89,10 @@ std::int32_t route(std::string_view caller, std::string_view selector, void* rec
         if (event.type == applicationShutdown) return plugin->__preShutdown(), done;
     }
     if (!plugin->dispatcher()) return done; // shutting down
-    const std::int32_t answer = plugin->dispatcher()->message(caller, selector, record);
+    const MessageRow* const row = messageRow(caller, selector);
+    Dispatcher& dispatcher = *plugin->dispatcher();
+    const std::int32_t answer =
+        row ? dispatcher.message(row->type, record) : dispatcher.message(caller, selector, record);
     // The layer check's remark is the one answer that the host gets to see.
     return caller == tool && answer != plugin::Dispatcher::notHandled ? answer : done;
 }

@@ -44,16 +44,18 @@ void BasePlugin::setName(const std::string& name) {
 
 // Life
 
-bool BasePlugin::addNotifier(const std::string& label, std::string_view type) {
+/// Subscribes the framework itself. There is nothing to run: the entry acts on these events.
+bool BasePlugin::hear(const std::string& label, std::string_view type) {
     std::string name = label + name_;
     std::replace(name.begin(), name.end(), ' ', '_');
-    AINotifierHandle notifier = nullptr; // goes with the plug-in; never asked for again
-    return host::call<&AINotifierSuite::AddNotifier>(plugin_, name.c_str(), type.data(), &notifier);
+    return addNotifier(name, type, {}) != nullptr;
 }
 
 std::int32_t BasePlugin::startup() {
-    const bool subscribed = addNotifier("KZOAppStartedNotifier", message::applicationStarted) &&
-                            addNotifier("KZOAppShutdownNotifier", message::applicationShutdown);
+    const bool subscribed = hear("KZOAppStartedNotifier", message::applicationStarted) &&
+                            hear("KZOAppShutdownNotifier", message::applicationShutdown);
+    const core::__Callback<BasePlugin> notifyMessage(this, &BasePlugin::handleNotifyMessage);
+    dispatcher_.registerMessageCallback(message::notifier, message::notify, notifyMessage);
     const core::__Callback<BasePlugin> toolMessage(this, &BasePlugin::handleToolMessage);
     for (const std::string_view selector : toolSelectors)
         dispatcher_.registerMessageCallback(message::tool, selector, toolMessage);
@@ -72,8 +74,25 @@ std::int32_t BasePlugin::shutdown() {
     // Handles that outlive the plug-in are empty from here on.
     for (const std::shared_ptr<BaseTool>& tool : tools_) tool->destroy();
     tools_.clear();
+    notifiers_.clear();
     releaseHost();
     return 0;
+}
+
+// Notifiers
+
+std::shared_ptr<Notifier> BasePlugin::addNotifier(const std::string& name, std::string_view type,
+                                                  const core::CallbackSlot& callback) {
+    auto notifier = std::make_shared<Notifier>(plugin_, name, type, callback);
+    if (!notifier->handle()) return nullptr;
+    notifiers_.add(notifier);
+    return notifier;
+}
+
+void BasePlugin::handleNotifyMessage() {
+    if (!dispatcher_.lastRecord()) return;
+    const bool known = notifiers_.notify(NotifyMessage(dispatcher_.lastRecord()));
+    dispatcher_.setAnswer(known ? Dispatcher::handled : Dispatcher::notHandled);
 }
 
 // Tools
@@ -95,7 +114,9 @@ void BasePlugin::handleToolMessage() {
     // Held while it works: a callback may destroy its own tool.
     const std::shared_ptr<BaseTool> tool = *known;
     if (makesCurrent(event)) currentTool_ = tool;
+    around(event).before.run();
     dispatcher_.setAnswer(tool->handle(event, message));
+    around(event).after.run();
 }
 
 // Undo

@@ -2,6 +2,7 @@
 // client's callbacks are known above (core::Plugin).
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include "core/Enumerations.h"
 #include "plugin/BaseTool.h"
 #include "plugin/Dispatcher.h"
+#include "plugin/Notifier.h"
 
 struct AIPluginGroup;
 struct SPPlugin;
@@ -44,7 +46,19 @@ class BasePlugin {
     /// Lets go of all tools and gives every suite back. Answers 0.
     std::int32_t shutdown();
 
+    // Notifiers
+    /// A subscription that lasts until shut-down; null when the host refuses.
+    std::shared_ptr<Notifier> addNotifier(const std::string& name, std::string_view type,
+                                          const core::CallbackSlot& callback);
+    [[nodiscard]] NotifierRegistry& notifiers() { return notifiers_; }
+
     // Tools
+    /// What the client wants done around an event, whichever tool it happens to.
+    struct AroundTool {
+        core::CallbackSlot before;
+        core::CallbackSlot after;
+    };
+    [[nodiscard]] AroundTool& around(ToolEvent event) { return aroundTools_[static_cast<std::size_t>(event)]; }
     /// Takes part in owning a tool, so that it is there while a message to it is handled.
     void addTool(const std::shared_ptr<BaseTool>& tool);
     void removeTool(const BaseTool& tool);
@@ -56,12 +70,15 @@ class BasePlugin {
     static bool setUndoKind(core::UndoContext context);
 
   private:
-    bool addNotifier(const std::string& label, std::string_view type);
+    [[nodiscard]] bool hear(const std::string& label, std::string_view type);
+    void handleNotifyMessage();
     void handleToolMessage();
 
     SPPlugin* plugin_;
     std::string name_;
     Dispatcher dispatcher_;
+    NotifierRegistry notifiers_;
+    std::array<AroundTool, toolEventCount> aroundTools_;
     std::vector<std::shared_ptr<BaseTool>> tools_;
     std::weak_ptr<BaseTool> currentTool_;
     AIPluginGroup* group_ = nullptr;

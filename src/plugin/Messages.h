@@ -44,6 +44,7 @@ inline constexpr std::string_view interface = "SP Interface";
 inline constexpr std::string_view startup = "Startup";
 inline constexpr std::string_view shutdown = "Shutdown";
 inline constexpr std::string_view notifier = "AI Notifier";
+inline constexpr std::string_view notify = "AI Notify";
 inline constexpr std::string_view tool = "AI Tool";
 inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
 inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";

@@ -1,0 +1,50 @@
+// The notifier suite's calls.
+#include "plugin/Notifier.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "plugin/HostCall.h"
+#include "plugin/Messages.h"
+
+namespace kzo::plugin {
+
+Notifier::Notifier(SPPlugin* plugin, const std::string& name, std::string_view type, const core::CallbackSlot& callback)
+    : name_(name), type_(type), callback_(callback) {
+    handle_ = host::ask<&AINotifierSuite::AddNotifier>(AINotifierHandle{}, plugin, name_.c_str(), type_.c_str());
+}
+
+void Notifier::destroy() {
+    if (AINotifier* const handle = std::exchange(handle_, nullptr))
+        host::call<&AINotifierSuite::RemoveNotifier>(handle);
+}
+
+void NotifierRegistry::remove(const Notifier& notifier) {
+    std::erase_if(notifiers_, [&](const std::shared_ptr<Notifier>& known) { return known.get() == &notifier; });
+}
+
+void NotifierRegistry::clear() {
+    for (const std::shared_ptr<Notifier>& notifier : notifiers_) notifier->destroy();
+    notifiers_.clear();
+}
+
+std::vector<std::shared_ptr<Notifier>> NotifierRegistry::ofType(std::string_view type) const {
+    std::vector<std::shared_ptr<Notifier>> found;
+    std::copy_if(notifiers_.begin(), notifiers_.end(), std::back_inserter(found),
+                 [type](const std::shared_ptr<Notifier>& notifier) { return notifier->type() == type; });
+    return found;
+}
+
+bool NotifierRegistry::notify(const NotifyMessage& message) const {
+    const auto known =
+        std::find_if(notifiers_.begin(), notifiers_.end(), [&](const std::shared_ptr<Notifier>& notifier) {
+            return notifier->handle() && notifier->handle() == message.notifier;
+        });
+    if (known == notifiers_.end()) return false;
+    // Held while it works: a callback may end its own subscription.
+    const std::shared_ptr<Notifier> notifier = *known;
+    notifier->callback().run();
+    return true;
+}
+
+} // namespace kzo::plugin

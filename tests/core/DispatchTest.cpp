@@ -1,0 +1,218 @@
+// Dispatch: kinds of messages, what is known while one is handled, registration, notifiers.
+#include <gmock/gmock.h>
+
+#include "core/Dispatcher.h"
+#include "core/Keys.h"
+#include "core/Messages.h"
+#include "core/Plugin.h"
+#include "hostapi/AINotifierSuite.h"
+#include "hostapi/AIToolSuite.h"
+#include "support/Desk.h"
+#include "tool/Plugin.h"
+
+namespace {
+
+using desk::Desk;
+using kzo::core::Dispatcher;
+using kzo::core::MessageType;
+using kzo::core::Notifier;
+using kzo::core::NotifierType;
+using kzo::core::Plugin;
+
+/// A receiver that does what a test wants.
+struct Receiver {
+    std::function<void()> work;
+    int runs = 0;
+    void run() {
+        ++runs;
+        if (work) work();
+    }
+    [[nodiscard]] kzo::core::__Callback<Receiver> callback() { return {this, &Receiver::run}; }
+};
+
+Dispatcher& dispatcher() { return *Plugin::instance()->dispatcher(); }
+
+easel::session::Plugin& product(Desk& desk) { return *desk.session().plugins.all().front(); }
+
+SPErr send(Desk& desk, const char* caller, const char* selector) {
+    SPMessageData record{};
+    return desk.session().messenger.send(product(desk), caller, selector, record);
+}
+
+// Kinds
+
+TEST(MessageTypes, RunInTensWithOneSqueezedIn) {
+    using kzo::core::messageRow;
+    std::uint32_t expected = 0;
+    int rows = 0;
+    for (std::uint32_t number = 0; number <= 1000; ++number) {
+        const auto* const row = messageRow(MessageType(number));
+        if (!row) continue;
+        ++rows;
+        if (number != 81) {
+            EXPECT_EQ(number, expected += 10) << row->selector;
+        }
+        EXPECT_EQ(messageRow(row->caller, row->selector), row);
+    }
+    EXPECT_EQ(rows, 97);
+    EXPECT_EQ(expected, 960u);
+    // Landmarks, and the one selector whose spelling is the host's own
+    EXPECT_EQ(messageRow("AI File Format", "AI Set Parameters")->type, MessageType(80));
+    EXPECT_EQ(messageRow("AI File Format", "AI Get Parameters")->type, MessageType(81));
+    EXPECT_EQ(messageRow("AI Preference", "Preference Dialog Upadate")->type, MessageType(530));
+    EXPECT_EQ(messageRow("AI Preference", "Preference Dialog Update"), nullptr);
+    EXPECT_EQ(messageRow("AI Tool", "AI Mouse Drag")->type, MessageType(580));
+    EXPECT_EQ(messageRow("SP Cache", "Plug-in Purge")->type, MessageType(850));
+    EXPECT_EQ(messageRow("SP Properties", "Release")->type, MessageType(960));
+    EXPECT_EQ(messageRow(MessageType::Unknown), nullptr);
+    EXPECT_EQ(static_cast<std::uint32_t>(MessageType::Unknown), 0xFFFFFFF6);
+}
+
+TEST(NotifierTypes, MapBothWays) {
+    for (std::uint16_t number = 10; number <= 1010; number += 10) {
+        const auto name = kzo::core::notifierName(NotifierType(number));
+        EXPECT_THAT(std::string(name), testing::AllOf(testing::StartsWith("AI "), testing::EndsWith(" Notifier")));
+        EXPECT_EQ(kzo::core::notifierType(name), NotifierType(number));
+    }
+    EXPECT_EQ(kzo::core::notifierName(NotifierType(1020)), "");
+    EXPECT_EQ(kzo::core::notifierType("AI Nothing Notifier"), NotifierType::None);
+}
+
+// Dispatch
+
+TEST(Dispatch, KnowsTheMessageBeingHandledAndTheOneAround) {
+    Desk desk;
+    desk.selectTool();
+    Receiver outer;
+    Receiver inner;
+    std::vector<std::string> seen;
+    const auto note = [&] {
+        const auto* const last = Dispatcher::lastMessage();
+        const auto* const tool = Dispatcher::lastToolMessage();
+        seen.push_back((last ? std::string(last->selector()) : "none") + "/" +
+                       (tool ? std::string(tool->selector()) : "none"));
+    };
+    inner.work = [&] {
+        note();
+        EXPECT_TRUE(Dispatcher::isExecuting(MessageType::ToolMouseDown));
+        EXPECT_TRUE(Dispatcher::isExecuting(MessageType::FilterGo));
+        // The keys stay those of the tool message around.
+        EXPECT_EQ(kzo::core::modifierKeysPressed(), kzo::core::ModifierKeys::Option);
+        throw std::runtime_error("inner");
+    };
+    outer.work = [&] {
+        note();
+        EXPECT_EQ(Dispatcher::lastToolMessage()->cursorLoc(), kzo::core::ArtboardPoint(30, 40));
+        EXPECT_EQ(Dispatcher::lastMessage()->spPluginRef(), product(desk).handle);
+        EXPECT_EQ(send(desk, "AI Filter", "AI Go"), 0); // what it throws does not get here
+        note();
+        EXPECT_FALSE(Dispatcher::isExecuting(MessageType::FilterGo));
+    };
+    dispatcher().registerMessageCallback(MessageType::FilterGo, inner.callback());
+    Plugin::instance()->setToolPreMouseDownCallback(outer.callback());
+    desk.session().pointer.press({30, 40}, kAIOptionKey);
+    desk.session().pointer.cancel();
+    EXPECT_THAT(seen, testing::ElementsAre("AI Mouse Down/AI Mouse Down", "AI Go/AI Mouse Down",
+                                           "AI Mouse Down/AI Mouse Down"));
+    EXPECT_EQ(Dispatcher::lastMessage(), nullptr);
+    EXPECT_EQ(Dispatcher::lastToolMessage(), nullptr);
+}
+
+TEST(Dispatch, OffersMessagesToWhoeverRegisteredAndAnswersWhetherItWasHandled) {
+    Desk desk;
+    Receiver byText;
+    Receiver byType;
+    SPMessageData record{};
+    dispatcher().registerMessageCallback("Somebody", "Anything", byText.callback());
+    dispatcher().registerMessageCallback(MessageType::WorkspaceWrite, byType.callback());
+    dispatcher().registerMessageCallback(MessageType::Unknown, byType.callback());
+    EXPECT_EQ(dispatcher().message("Somebody", "Anything", &record), 0);
+    EXPECT_EQ(dispatcher().message("Workspace Manager", "Write Workspace", &record), 0);
+    EXPECT_EQ(dispatcher().message(MessageType::WorkspaceWrite, &record), 0);
+    EXPECT_EQ(dispatcher().message(MessageType::WorkspaceRestore, &record), 1);
+    EXPECT_EQ(dispatcher().message(MessageType::Unknown, &record), 1);
+    EXPECT_EQ(dispatcher().message(MessageType::WorkspaceWrite, nullptr), 1);
+    EXPECT_EQ(byText.runs, 1);
+    EXPECT_EQ(byType.runs, 2);
+    dispatcher().unregisterMessageCallback(MessageType::WorkspaceWrite);
+    EXPECT_EQ(dispatcher().message(MessageType::WorkspaceWrite, &record), 1);
+    // A callback that unregisters itself while it runs
+    byText.work = [] { dispatcher().unregisterMessageCallback("Somebody", "Anything"); };
+    EXPECT_EQ(dispatcher().message("Somebody", "Anything", &record), 0);
+    EXPECT_EQ(dispatcher().message("Somebody", "Anything", &record), 1);
+}
+
+TEST(Dispatch, FramesToolEventsWithThePluginsOwnCallbacks) {
+    Desk desk;
+    desk.selectTool();
+    std::string order;
+    Receiver before{[&] { order += "before "; }};
+    Receiver own{[&] { order += "own "; }};
+    Receiver after{[&] { order += "after "; }};
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    Plugin& plugin = *Plugin::instance();
+    plugin.setToolPreDraggedCallback(before.callback());
+    plugin.setToolPostDraggedCallback(after.callback());
+    plugin.setToolPreReselectedCallback(before.callback());
+    plugin.setToolPostEditedCallback(after.callback());
+    tool.setDragCallback(own.callback());
+    tool.setEditCallback(own.callback());
+    desk.stroke({{10, 10}, {20, 10}});
+    EXPECT_EQ(order, "before own after ");
+    order.clear();
+    desk.selectTool();
+    desk.session().editTool(*desk.session().toolbox.current());
+    EXPECT_EQ(order, "before own after ");
+}
+
+TEST(Dispatch, LetsAToolDestroyItselfInItsOwnCallback) {
+    Desk desk;
+    desk.selectTool();
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    Receiver destroyer{[&] { tool.destroy(); }};
+    tool.setMouseDownCallback(destroyer.callback());
+    desk.session().pointer.press({10, 10}, 0);
+    EXPECT_TRUE(tool.isEmpty());
+    EXPECT_EQ(desk.session().toolbox.current(), nullptr);
+    desk.session().pointer.drag({20, 10}, 0); // goes to no tool
+    desk.session().pointer.release({20, 10}, 0);
+    EXPECT_EQ(destroyer.runs, 1);
+    EXPECT_TRUE(desk.paths().empty());
+}
+
+// Notifiers
+
+TEST(Notifiers, HearOfTheirEventUntilTheyEnd) {
+    Desk desk;
+    Receiver receiver;
+    Notifier notifier;
+    desk.inMessage([&] {
+        notifier = dispatcher().registerNotifier("Test", NotifierType::DocumentSaved, receiver.callback());
+        EXPECT_EQ(dispatcher().registeredNotifiersOfType(NotifierType::DocumentSaved), std::vector<Notifier>{notifier});
+        EXPECT_TRUE(dispatcher().registerNotifier("None", NotifierType::None, receiver.callback()).isEmpty());
+        const desk::Refusing no(desk.tables().notifier, &AINotifierSuite::AddNotifier);
+        EXPECT_TRUE(dispatcher().registerNotifier("No", NotifierType::DocumentNew, receiver.callback()).isEmpty());
+    });
+    EXPECT_EQ(notifier.type(), NotifierType::DocumentSaved);
+    EXPECT_EQ(notifier.name(), "Test");
+    desk.session().notify("AI Document Saved Notifier");
+    desk.session().notify("AI Document Closed Notifier");
+    EXPECT_EQ(receiver.runs, 1);
+    receiver.work = [&] { notifier.destroy(); }; // while it runs
+    desk.session().notify("AI Document Saved Notifier");
+    EXPECT_TRUE(notifier.isEmpty());
+    desk.session().notify("AI Document Saved Notifier");
+    EXPECT_EQ(receiver.runs, 2);
+    EXPECT_TRUE(desk.session().notifiers.all().size() == 2); // the framework's own are left
+}
+
+TEST(Notifiers, OfStartAndEndReachNoCallback) {
+    Desk desk;
+    Receiver receiver;
+    desk.inMessage(
+        [&] { dispatcher().registerNotifier("Start", NotifierType::ApplicationStarted, receiver.callback()); });
+    desk.session().notify("AI Application Started Notifier");
+    EXPECT_EQ(receiver.runs, 0);
+}
+
+} // namespace
