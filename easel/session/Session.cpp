@@ -40,7 +40,11 @@ Session::Session() {
 }
 
 Session::~Session() {
-    quit();
+    try {
+        quit();
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "easel: host: the session did not end well: %s\n", error.what());
+    }
     current_ = nullptr;
 }
 
