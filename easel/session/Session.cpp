@@ -66,14 +66,20 @@ std::vector<std::string> Session::start() {
         declined.push_back((plugin->file.empty() ? plugin->name : plugin->file) +
                            ": the plug-in declined to start: error " + fourCharacters(answer));
     }
-    if (anyNew) notify(kAIApplicationStartedNotifier);
+    if (anyNew) {
+        notify(kAIAllPluginsStartedNotifier);
+        notify(kAIApplicationStartedNotifier);
+    }
     running_ = true;
     return declined;
 }
 
 void Session::quit() {
     pointer.cancel();
-    if (running_) notify(kAIApplicationShutdownNotifier);
+    if (running_) {
+        notify(kAIApplicationShutdownNotifier);
+        notify(kAIAllPluginsStoppingNotifier);
+    }
     running_ = false;
     std::vector<Plugin*> started = plugins.all();
     for (auto at = started.rbegin(); at != started.rend(); ++at) {
@@ -123,17 +129,22 @@ model::Document& Session::adopt(std::unique_ptr<model::Document> document) {
 }
 
 model::Document& Session::newDocument(double width, double height) {
-    return adopt(std::make_unique<model::Document>(width, height));
+    model::Document& made = adopt(std::make_unique<model::Document>(width, height));
+    notify(kAIDocumentNewNotifier);
+    return made;
 }
 
 model::Document& Session::open(const std::string& path) {
-    return adopt(withFile([&] { return svg::open(path); }));
+    model::Document& opened = adopt(withFile([&] { return svg::open(path); }));
+    notify(kAIDocumentOpenedNotifier);
+    return opened;
 }
 
 void Session::save(const std::string& path) {
     model::Document& front = needDocument();
     pointer.cancel();
     withFile([&] { svg::save(front, path); });
+    notify(kAIDocumentSavedNotifier);
 }
 
 void Session::exportPng(const std::string& path, double scale) {
@@ -145,7 +156,9 @@ void Session::exportPng(const std::string& path, double scale) {
 void Session::close() {
     static_cast<void>(needDocument());
     pointer.cancel();
+    notify(kAIDocumentAboutToCloseNotifier);
     documents_.pop_back();
+    notify(kAIDocumentClosedNotifier);
 }
 
 model::Document* Session::document() const { return documents_.empty() ? nullptr : documents_.back().document.get(); }
@@ -171,10 +184,16 @@ std::uint32_t Session::numberOf(const model::Document& document) const {
 
 void Session::selectTool(Tool& tool) {
     pointer.cancel();
+    const AIToolHandle handle = tool.handle;
     if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
-    if (Tool* const before = toolbox.current()) sendToTool(*before, kSelectorAIDeselectTool);
+    if (Tool* const before = toolbox.current()) {
+        sendToTool(*before, kSelectorAIDeselectTool);
+        notify(kAIToolDeselectedNotifier);
+    }
+    if (toolbox.find(handle) != &tool) return; // its plug-in took it away meanwhile
     toolbox.setCurrent(&tool);
     sendToTool(tool, kSelectorAISelectTool);
+    notify(kAIToolSelectedNotifier);
 }
 
 void Session::editTool(Tool& tool) { sendToTool(tool, kSelectorAIEditToolOptions); }

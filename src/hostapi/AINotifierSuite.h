@@ -12,6 +12,15 @@
 
 #define kAIApplicationStartedNotifier "AI Application Started Notifier"
 #define kAIApplicationShutdownNotifier "AI Application Shutdown Notifier"
+#define kAIAllPluginsStartedNotifier "AI All Plug-ins Started Notifier"
+#define kAIAllPluginsStoppingNotifier "AI All Plug-ins Stopping Notifier"
+#define kAIDocumentNewNotifier "AI Document New Notifier"
+#define kAIDocumentOpenedNotifier "AI Document Opened Notifier"
+#define kAIDocumentSavedNotifier "AI Document Saved Notifier"
+#define kAIDocumentAboutToCloseNotifier "AI Document About To Close Notifier"
+#define kAIDocumentClosedNotifier "AI Document Closed Notifier"
+#define kAIToolSelectedNotifier "AI Tool Selected Notifier"
+#define kAIToolDeselectedNotifier "AI Tool Deselected Notifier"
 
 typedef struct AINotifierMessage {
     SPMessageData d;
