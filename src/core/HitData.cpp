@@ -2,10 +2,20 @@
 #include "core/HitData.h"
 
 #include "core/Art.h"
+#include "core/Bezier.h"
 #include "core/Forward.h"
 #include "plugin/HitData.h"
 
 namespace kzo::core {
+
+namespace {
+
+bool moveTo(const std::optional<plugin::ArtboardPoint>& place, ArtboardPoint& point) {
+    if (place) point = ArtboardPoint(*place);
+    return place.has_value();
+}
+
+} // namespace
 
 HitData::HitData(const Art* art, const ArtboardPoint& point, HitRequest request, double tolerance, bool inViewUnits)
     : impl_(std::make_shared<plugin::HitData>(art ? art->aiArtHandle() : nullptr, point.impl(), request, tolerance,
@@ -23,5 +33,16 @@ bool HitData::inGroup() const { return ask(impl_, &plugin::HitData::inGroup); }
 std::int16_t HitData::segPointIndex() const { return impl_ ? impl_->segPointIndex() : std::int16_t{-1}; }
 std::int16_t HitData::segIndex() const { return impl_ ? impl_->segIndex() : std::int16_t{-1}; }
 double HitData::tValue() const { return ask(impl_, &plugin::HitData::tValue); }
+
+std::unique_ptr<Bezier> HitData::bezier() const {
+    const std::optional<Bezier> found = ask(impl_, &plugin::HitData::bezier);
+    return found ? std::make_unique<Bezier>(*found) : nullptr;
+}
+
+bool HitData::snapForHit(ArtboardPoint& point) const { return moveTo(ask(impl_, &plugin::HitData::snapped), point); }
+
+bool HitData::snapForHitType(HitType type, ArtboardPoint& point) const {
+    return moveTo(ask(impl_, &plugin::HitData::snappedTo, type), point);
+}
 
 } // namespace kzo::core

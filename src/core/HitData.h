@@ -14,6 +14,7 @@ class HitData;
 namespace kzo::core {
 
 class Art;
+class Bezier;
 
 /// A snapshot: later edits of the document do not change it, though its art may go. Copies share it. Empty handles
 /// answer false, None, -1, 0 or null.
@@ -37,6 +38,11 @@ class HitData {
     /// Curve parameter on the segment hit. At the ends of an open path just inside of it, so that a split there leaves
     /// no empty piece.
     [[nodiscard]] double tValue() const;
+
+    [[nodiscard]] std::unique_ptr<Bezier> bezier() const; ///< the segment of segIndex, or null
+    /// Moves `point` onto the feature that was hit. False, and the point stays, without a hit.
+    bool snapForHit(ArtboardPoint& point) const;
+    bool snapForHitType(HitType type, ArtboardPoint& point) const; ///< only when the hit is of this type
 
   private:
     std::shared_ptr<const plugin::HitData> impl_;

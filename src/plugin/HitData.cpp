@@ -43,6 +43,7 @@ bool HitData::test(ArtObject* art, double tolerance) {
     type_ = fromHost(hitTypes, record.type, core::HitType::None);
     if (type_ == core::HitType::None) return false;
     art_ = record.art;
+    featurePoint_ = record.point;
     index_ = record.segment;
     t_ = record.t;
     inGroup_ = record.inGroup != 0;
@@ -73,6 +74,16 @@ double HitData::tValue() const {
     if (!onSegPoint() || PathArt(art_).closed()) return 0;
     if (index_ == 0) return justAfterStart;
     return atLastOfOpenPath() ? justBeforeEnd : 0;
+}
+
+std::optional<core::Bezier> HitData::bezier() const {
+    return segIndex() < 0 ? std::nullopt : PathArt(art_).bezier(segIndex());
+}
+
+std::optional<ArtboardPoint> HitData::snapped() const { return hit() ? std::optional(featurePoint_) : std::nullopt; }
+
+std::optional<ArtboardPoint> HitData::snappedTo(core::HitType type) const {
+    return type_ == type ? snapped() : std::nullopt;
 }
 
 } // namespace kzo::plugin

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/Bezier.h"
 #include "core/Enumerations.h"
 #include "plugin/ArtboardPoint.h"
 
@@ -29,6 +30,10 @@ class HitData {
     [[nodiscard]] std::int16_t segPointIndex() const;
     [[nodiscard]] std::int16_t segIndex() const;
     [[nodiscard]] double tValue() const;
+    [[nodiscard]] std::optional<core::Bezier> bezier() const; ///< the segment that was hit; none without a path hit
+    /// The feature's point nearest to the point tested; none without a hit, or where the hit is of another type.
+    [[nodiscard]] std::optional<ArtboardPoint> snapped() const;
+    [[nodiscard]] std::optional<ArtboardPoint> snappedTo(core::HitType type) const;
 
   private:
     [[nodiscard]] bool test(ArtObject* art, double tolerance);
@@ -39,6 +44,7 @@ class HitData {
     core::HitRequest request_{};
     core::HitType type_ = core::HitType::None;
     ArtboardPoint point_;
+    ArtboardPoint featurePoint_;
     ArtObject* art_ = nullptr;
     std::int16_t index_ = -1; // of the segment point, or of the one that starts the segment
     double t_ = 0;

@@ -298,7 +298,17 @@ TEST_F(Facade, HitDataTellsWhereOnThePathThePointIs) {
         const HitData corner = at(140, 60, 1); // of a closed path below a segment: an anchor comes first
         EXPECT_EQ(corner.segIndex(), 2);
         EXPECT_EQ(corner.tValue(), 0);
+        ArtboardPoint moved(25, 100.5);
+        EXPECT_FALSE(segment.snapForHitType(HitType::Anchor, moved));
+        EXPECT_EQ(moved, ArtboardPoint(25, 100.5));
+        EXPECT_TRUE(segment.snapForHit(moved));
+        EXPECT_TRUE(moved.closeTo({25, 100}, 1e-9));
+        EXPECT_TRUE(first.snapForHitType(HitType::Anchor, moved));
+        EXPECT_EQ(moved, ArtboardPoint(10, 100));
+        EXPECT_EQ(last.bezier()->startPoint(), ArtboardPoint(30, 100));
         const HitData nothing = at(500, 500, 5);
+        EXPECT_FALSE(nothing.snapForHit(moved));
+        EXPECT_EQ(nothing.bezier(), nullptr);
         EXPECT_FALSE(nothing.isEmpty());
         EXPECT_FALSE(nothing.hit());
         EXPECT_EQ(nothing.segIndex(), -1);
