@@ -20,6 +20,9 @@ template <> struct KindOf<AIToolHandle> { static constexpr unsigned value = 5; }
 template <> struct KindOf<AINotifierHandle> { static constexpr unsigned value = 6; };
 template <> struct KindOf<AIPluginGroupHandle> { static constexpr unsigned value = 7; };
 template <> struct KindOf<SPPluginRef> { static constexpr unsigned value = 8; };
+template <> struct KindOf<AIMenuGroup> { static constexpr unsigned value = 9; };
+template <> struct KindOf<AIMenuItemHandle> { static constexpr unsigned value = 10; };
+template <> struct KindOf<AITimerHandle> { static constexpr unsigned value = 11; };
 
 template <class T>
 concept Handle = requires {

@@ -2,6 +2,7 @@
 #include "session/Messenger.h"
 
 #include <cstdio>
+#include <utility>
 
 #include "session/Session.h"
 
@@ -38,12 +39,18 @@ SPErr Messenger::call(Plugin& plugin, const char* caller, const char* selector, 
 
 SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
     if (!plugin.started) return kRefusedErr;
+    void* const globals = std::exchange(message.globals, plugin.globals);
+    const SPErr answer = pass(plugin, caller, selector, message);
+    plugin.globals = std::exchange(message.globals, globals);
+    return answer;
+}
+
+SPErr Messenger::pass(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
+    if (!plugin.started) return kRefusedErr;
     // A plug-in may send on the very record that it is handling, so the head comes back as it was.
     const SPMessageData head = message;
-    message.SPCheck = kSPValidMessageData;
-    message.self = plugin.handle;
-    message.globals = plugin.globals;
-    message.basic = &session_.tables.basic;
+    address(plugin, message);
+    message.globals = head.globals;
     if (session_.trace) std::fprintf(stderr, "%*s%s: %s/%s\n", 2 * depth_, "", plugin.name.c_str(), caller, selector);
 
     SPErr answer = kNoErr;
@@ -53,11 +60,19 @@ SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, 
         answer = call(plugin, caller, selector, message);
         --depth_;
     });
-    plugin.globals = message.globals;
-    message = head;
+    message.SPCheck = head.SPCheck;
+    message.self = head.self;
+    message.basic = head.basic;
     if (session_.trace)
         std::fprintf(stderr, "%*s%s: %s/%s = %d\n", 2 * depth_, "", plugin.name.c_str(), caller, selector, answer);
     return answer;
+}
+
+void Messenger::address(const Plugin& plugin, SPMessageData& message) const {
+    message = {.SPCheck = kSPValidMessageData,
+               .self = plugin.handle,
+               .globals = plugin.globals,
+               .basic = &session_.tables.basic};
 }
 
 void Messenger::runPutOff() {

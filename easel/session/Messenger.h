@@ -19,6 +19,11 @@ class Messenger {
     /// nested message joins the outer one. A broken plug-in is not called and answers kRefusedErr.
     SPErr send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
 
+    /// Passes on what another plug-in sends: as `send`, but `globals` in the head is between sender and receiver.
+    SPErr pass(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
+    /// Fills in the head of a message to `plugin`.
+    void address(const Plugin& plugin, SPMessageData& message) const;
+
     /// Does several things that belong together, such as a press with what surrounds its message. Actions that are put
     /// off meanwhile wait for the end of the outermost whole; every message is one.
     template <class Body> void whole(Body body) {

@@ -50,6 +50,8 @@ Plugin& Plugins::load(const std::string& bundle) {
     if (!entry) throw Error(bundle + ": exports no " kSPEntryName);
     Plugin& plugin = attach(path.stem(), reinterpret_cast<SPEntry>(entry));
     plugin.file = bundle;
+    plugin.fileName = path.filename();
+    plugin.filePath = fs::absolute(path);
     return plugin;
 }
 

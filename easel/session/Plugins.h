@@ -12,7 +12,10 @@ namespace easel::session {
 struct Plugin {
     SPPluginRef handle = nullptr;
     std::string name;
-    std::string file; ///< the bundle's path; empty for a function
+    std::string file; ///< the bundle's path as the user gave it; this and the next two are empty for a function
+    std::string fileName;
+    std::string filePath; ///< absolute
+    std::int32_t options = 0;
     SPEntry entry = nullptr;
     void* globals = nullptr;
     bool started = false;

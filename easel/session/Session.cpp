@@ -103,6 +103,8 @@ void Session::forget(Plugin& plugin) {
     notifiers.removeIf(owned);
     pluginGroups.removeIf(owned);
     toolbox.removeIf(owned);
+    timers.removeIf(owned);
+    menus.forget(plugin);
 }
 
 void Session::notify(std::string_view type) {
@@ -203,6 +205,40 @@ void Session::sendToTool(Tool& tool, const char* selector) {
     AIToolMessage message{
         .d = {}, .tool = tool.handle, .cursor = {location.x, location.y}, .modifiers = pointer.modifiers()};
     messenger.send(*tool.owner, kCallerAITool, selector, message.d);
+}
+
+// Menus and time
+
+void Session::updateMenus() {
+    for (Plugin* plugin : plugins.all()) {
+        const std::vector<MenuItem*> items = menus.items();
+        if (std::none_of(items.begin(), items.end(), [&](const MenuItem* item) { return item->owner == plugin; }))
+            continue;
+        AIMenuMessage message{.d = {}, .menuItem = nullptr};
+        messenger.send(*plugin, kCallerAIMenu, kSelectorAIUpdateMenuItem, message.d);
+    }
+}
+
+void Session::chooseMenu(const std::string& text) {
+    pointer.cancel();
+    updateMenus();
+    const MenuItem* const item = menus.findItem(text);
+    if (!item) throw Error("no menu item has the text \"" + text + '"');
+    if (item->opens) throw Error("the menu item \"" + text + "\" opens a submenu");
+    if (!Menus::isEnabled(*item)) throw Error("the menu item \"" + text + "\" is disabled");
+    AIMenuMessage message{.d = {}, .menuItem = item->handle};
+    messenger.send(*item->owner, kCallerAIMenu, kSelectorAIGoMenuItem, message.d);
+}
+
+void Session::runFor(double seconds) {
+    const double end = timers.now() + seconds * double{kTicksPerSecond};
+    while (!pointer.pressed()) {
+        const Timer* const timer = timers.takeDue(end);
+        if (!timer) break;
+        AITimerMessage message{.d = {}, .timer = timer->handle};
+        messenger.send(*timer->owner, kCallerAITimer, kSelectorAIGoTimer, message.d);
+    }
+    timers.setNow(end);
 }
 
 // Diagnostics

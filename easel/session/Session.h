@@ -10,11 +10,13 @@
 #include "model/Document.h"
 #include "session/Error.h"
 #include "session/Memory.h"
+#include "session/Menus.h"
 #include "session/Messenger.h"
 #include "session/Notifiers.h"
 #include "session/Plugins.h"
 #include "session/Pointer.h"
 #include "session/Tables.h"
+#include "session/Timers.h"
 #include "session/Toolbox.h"
 
 namespace easel::session {
@@ -67,6 +69,14 @@ class Session {
     [[nodiscard]] std::int32_t cursor() const { return cursor_; }
     void setCursor(std::int32_t number) { cursor_ = number; }
 
+    // Menus and time
+    /// Shows the menus: every plug-in with items in them is asked to bring these up to date.
+    void updateMenus();
+    /// Chooses the first item of this text. Cancels a gesture. Throws Error when there is none or it cannot be chosen.
+    void chooseMenu(const std::string& text);
+    /// Lets time pass, with the messages of the timers that fall due; no message while a mouse button is down.
+    void runFor(double seconds);
+
     // Diagnostics
     /// Writes one line about misbehaviour to standard error and keeps it.
     void report(Blame blame, const std::string& text);
@@ -78,6 +88,8 @@ class Session {
     Notifiers notifiers;
     PluginGroups pluginGroups;
     Toolbox toolbox;
+    Menus menus;
+    Timers timers;
     Messenger messenger{*this};
     Pointer pointer{*this};
     CheckLevel checkLevel = CheckLevel::Full;

@@ -11,11 +11,13 @@
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
+#include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
@@ -41,6 +43,8 @@ struct Tables {
     Published<AIPluginGroupSuite> pluginGroup{kAIPluginGroupSuite, kAIPluginGroupSuiteVersion};
     Published<AINotifierSuite> notifier{kAINotifierSuite, kAINotifierSuiteVersion};
     Published<AIToolSuite> tool{kAIToolSuite, kAIToolSuiteVersion};
+    Published<AIMenuSuite> menu{kAIMenuSuite, kAIMenuSuiteVersion};
+    Published<AITimerSuite> timer{kAITimerSuite, kAITimerSuiteVersion};
     Published<AIArtSuite> art{kAIArtSuite, kAIArtSuiteVersion};
     Published<AIPathSuite> path{kAIPathSuite, kAIPathSuiteVersion};
     Published<AIPathStyleSuite> pathStyle{kAIPathStyleSuite, kAIPathStyleSuiteVersion};
@@ -57,8 +61,8 @@ struct Tables {
     /// Calls `visit` with every published suite. The one list that look-up, release and tests go by.
     template <class Visit> void each(Visit visit) {
         const auto all = [&](auto&... suites) { (visit(suites), ...); };
-        all(plugins, interface, pluginGroup, notifier, tool, art, path, pathStyle, layer, document, view, matchingArt,
-            memory, hitTest, undo, realMath, stage);
+        all(plugins, interface, pluginGroup, notifier, tool, menu, timer, art, path, pathStyle, layer, document, view,
+            matchingArt, memory, hitTest, undo, realMath, stage);
     }
 };
 

@@ -54,12 +54,34 @@ void freeBlock(void* block) { requireBlock(host().memory.freeBlock(block)); }
 void getPluginName(session::Plugin& plugin, const char*& name) { name = plugin.name.c_str(); }
 void setPluginName(session::Plugin& plugin, std::string_view name) { plugin.name = name; }
 
+void countPlugins(std::int32_t& count) { count = static_cast<std::int32_t>(host().plugins.all().size()); }
+
+void getNthPlugin(std::int32_t index, SPPluginRef& plugin) {
+    const std::vector<session::Plugin*> known = host().plugins.all();
+    require(index >= 0 && static_cast<std::size_t>(index) < known.size());
+    plugin = known[static_cast<std::size_t>(index)]->handle;
+}
+
+void getPluginFileName(session::Plugin& plugin, const char*& name) { name = plugin.fileName.c_str(); }
+void getPluginFilePath(session::Plugin& plugin, const char*& path) { path = plugin.filePath.c_str(); }
+void getPluginOptions(session::Plugin& plugin, std::int32_t& options) { options = plugin.options; }
+void setPluginOptions(session::Plugin& plugin, std::int32_t options) { plugin.options = options; }
+void getPluginStarted(session::Plugin& plugin, AIBoolean& started) { started = plugin.started; }
+void getPluginBroken(session::Plugin& plugin, AIBoolean& broken) { broken = plugin.broken; }
+
 // Interface
+
+void setUpMessageData(session::Plugin& plugin, SPMessageData& message) { host().messenger.address(plugin, message); }
+
+void emptyMessageData(session::Plugin& plugin, SPMessageData& message) {
+    require(message.SPCheck == kSPValidMessageData && message.self == plugin.handle);
+    message = {};
+}
 
 void sendMessage(session::Plugin& plugin, std::string_view caller, std::string_view selector, SPMessageData& message,
                  SPErr& result) {
-    require(!plugin.broken, kRefusedErr);
-    result = host().messenger.send(plugin, caller.data(), selector.data(), message);
+    require(plugin.started, kRefusedErr);
+    result = host().messenger.pass(plugin, caller.data(), selector.data(), message);
 }
 
 // Notifiers
@@ -113,9 +135,21 @@ void fill(SPBasicSuite& suite) {
 void fill(SPPluginsSuite& suite) {
     enter<&SPPluginsSuite::GetPluginName, getPluginName>(suite);
     enter<&SPPluginsSuite::SetPluginName, setPluginName>(suite);
+    enter<&SPPluginsSuite::CountPlugins, countPlugins>(suite);
+    enter<&SPPluginsSuite::GetNthPlugin, getNthPlugin>(suite);
+    enter<&SPPluginsSuite::GetPluginFileName, getPluginFileName>(suite);
+    enter<&SPPluginsSuite::GetPluginFilePath, getPluginFilePath>(suite);
+    enter<&SPPluginsSuite::GetPluginOptions, getPluginOptions>(suite);
+    enter<&SPPluginsSuite::SetPluginOptions, setPluginOptions>(suite);
+    enter<&SPPluginsSuite::GetPluginStarted, getPluginStarted>(suite);
+    enter<&SPPluginsSuite::GetPluginBroken, getPluginBroken>(suite);
 }
 
-void fill(SPInterfaceSuite& suite) { enter<&SPInterfaceSuite::SendMessage, sendMessage>(suite); }
+void fill(SPInterfaceSuite& suite) {
+    enter<&SPInterfaceSuite::SetUpMessageData, setUpMessageData>(suite);
+    enter<&SPInterfaceSuite::EmptyMessageData, emptyMessageData>(suite);
+    enter<&SPInterfaceSuite::SendMessage, sendMessage>(suite);
+}
 
 void fill(AINotifierSuite& suite) {
     enter<&AINotifierSuite::AddNotifier, addNotifier>(suite);

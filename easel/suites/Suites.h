@@ -13,6 +13,8 @@ void fill(SPInterfaceSuite& suite);
 void fill(AIPluginGroupSuite& suite);
 void fill(AINotifierSuite& suite);
 void fill(AIToolSuite& suite);
+void fill(AIMenuSuite& suite);
+void fill(AITimerSuite& suite);
 void fill(AIArtSuite& suite);
 void fill(AIPathSuite& suite);
 void fill(AIPathStyleSuite& suite);

@@ -66,6 +66,15 @@ template <> struct Argument<Layer> {
 template <> struct Argument<session::Tool&> {
     static session::Tool& from(AIToolHandle handle) { return found(Session::current().toolbox.find(handle)); }
 };
+template <> struct Argument<session::MenuGroup&> {
+    static session::MenuGroup& from(AIMenuGroup handle) { return found(Session::current().menus.find(handle)); }
+};
+template <> struct Argument<session::MenuItem&> {
+    static session::MenuItem& from(AIMenuItemHandle handle) { return found(Session::current().menus.find(handle)); }
+};
+template <> struct Argument<session::Timer&> {
+    static session::Timer& from(AITimerHandle handle) { return found(Session::current().timers.find(handle)); }
+};
 template <> struct Argument<session::Notifier&> {
     static session::Notifier& from(AINotifierHandle handle) { return found(Session::current().notifiers.find(handle)); }
 };

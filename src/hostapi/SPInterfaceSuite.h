@@ -8,8 +8,13 @@
 #define kSPInterfaceSuiteVersion 3
 
 typedef struct SPInterfaceSuite {
-    /* Sends a message to `plugin` and answers in `result` what its entry answered. The host fills the record's head.
-     * kBadParameterErr: a null caller, selector, record or result. kRefusedErr: the plug-in is broken. */
+    /* Fills the record's head in for messages to `plugin`. */
+    SPErr (*SetUpMessageData)(SPPluginRef plugin, SPMessageData* message);
+    /* Empties the head again. kBadParameterErr: it was not filled in for `plugin`. */
+    SPErr (*EmptyMessageData)(SPPluginRef plugin, SPMessageData* message);
+    /* Sends a message to `plugin` and answers in `result` what its entry answered. Of the record's head the receiver
+     * sees `globals` as the sender left it, and the sender what the receiver did; the rest is the host's.
+     * kBadParameterErr: a null caller, selector, record or result. kRefusedErr: the plug-in is not running. */
     SPErr (*SendMessage)(SPPluginRef plugin, const char* caller, const char* selector, SPMessageData* message,
                          SPErr* result);
 } SPInterfaceSuite;

@@ -12,6 +12,20 @@ typedef struct SPPluginsSuite {
     SPErr (*GetPluginName)(SPPluginRef plugin, const char** name);
     /* Names the plug-in in the host's lists. The text is copied. */
     SPErr (*SetPluginName)(SPPluginRef plugin, const char* name);
+    /* All plug-ins that were loaded, those that are not running among them. */
+    SPErr (*CountPlugins)(int32_t* count);
+    /* The plug-in at `index`, counted from 0. kBadParameterErr: there is none. */
+    SPErr (*GetNthPlugin)(int32_t index, SPPluginRef* plugin);
+    /* The bundle's file name, and its whole path; empty for a plug-in that came from no file. */
+    SPErr (*GetPluginFileName)(SPPluginRef plugin, const char** name);
+    SPErr (*GetPluginFilePath)(SPPluginRef plugin, const char** path);
+    /* Options of the plug-in as a whole, a bit set that is kept as it is. */
+    SPErr (*GetPluginOptions)(SPPluginRef plugin, int32_t* options);
+    SPErr (*SetPluginOptions)(SPPluginRef plugin, int32_t options);
+    /* Started: the plug-in has accepted its start-up and has not been shut down. Broken: it declined, and is called no
+     * more. */
+    SPErr (*GetPluginStarted)(SPPluginRef plugin, AIBoolean* started);
+    SPErr (*GetPluginBroken)(SPPluginRef plugin, AIBoolean* broken);
 } SPPluginsSuite;
 
 #endif

@@ -33,6 +33,9 @@ typedef struct AIDocumentView* AIDocumentViewHandle;
 typedef struct AITool* AIToolHandle;
 typedef struct AINotifier* AINotifierHandle;
 typedef struct AIPluginGroup* AIPluginGroupHandle;
+typedef struct AITimer* AITimerHandle;
+typedef struct _t_MenuGroupOpaque* AIMenuGroup;
+typedef struct _t_MenuItemOpaque* AIMenuItemHandle;
 
 /* Error codes are four characters, readable in a trace. */
 enum {

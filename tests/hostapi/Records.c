@@ -8,11 +8,14 @@
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
+#include "hostapi/AIMenuGroups.h"
+#include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
@@ -28,6 +31,8 @@ RECORD_SIZE(AIRealPoint, 16);
 RECORD_SIZE(AIRealRect, 32);
 RECORD_SIZE(SPMessageData, 32);
 RECORD_SIZE(AINotifierMessage, 48);
+RECORD_SIZE(AIMenuMessage, 40);
+RECORD_SIZE(AITimerMessage, 40);
 RECORD_SIZE(AIToolMessage, 64);
 RECORD_SIZE(AIAddToolData, 24);
 RECORD_SIZE(AIPathSegment, 56);

@@ -64,7 +64,7 @@ TEST_F(Suites, HaveNoEmptyEntry) {
         expectFull(suite.name, &suite.table, sizeof(suite.table));
         ++count;
     });
-    EXPECT_EQ(count, 17);
+    EXPECT_EQ(count, 19);
 }
 
 TEST_F(Suites, AreAcquiredByNameAndVersionAndCounted) {
