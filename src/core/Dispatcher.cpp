@@ -125,4 +125,22 @@ std::vector<Notifier> Dispatcher::registeredNotifiersOfType(NotifierType type) c
     return found;
 }
 
+// Timers
+
+void Dispatcher::registerTimer(const Timer& timer) { Plugin::instance()->impl().timers().add(timer.__impl()); }
+
+void Dispatcher::unregisterTimer(const Timer& timer) {
+    if (timer.__impl()) Plugin::instance()->impl().timers().remove(*timer.__impl());
+}
+
+bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
+    const Plugin& plugin = *Plugin::instance();
+    const auto timer = std::make_shared<plugin::Timer>(plugin.spPluginRef(), plugin.name() + " Scheduled", delay,
+                                                       CallbackSlot(callback), plugin::Timer::Repeats::Once);
+    plugin.impl().timers().add(timer);
+    return timer->handle() != nullptr;
+}
+
+void* Dispatcher::lastRecord() const { return impl_.lastRecord(); }
+
 } // namespace kzo::core

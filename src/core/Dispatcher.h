@@ -8,6 +8,7 @@
 #include "core/Callback.h"
 #include "core/MessageType.h"
 #include "core/Notifier.h"
+#include "core/Timer.h"
 
 namespace kzo::plugin {
 class Dispatcher;
@@ -39,9 +40,18 @@ class Dispatcher {
     void unregisterNotifier(Notifier notifier);
     [[nodiscard]] std::vector<Notifier> registeredNotifiersOfType(NotifierType type) const;
 
+    // Timers
+    /// A timer is registered from its construction on. One that is not is no longer run, though the host keeps it.
+    void registerTimer(const Timer& timer);
+    void unregisterTimer(const Timer& timer);
+    /// Runs the callback once, when `delay` seconds have passed. False when the host refuses.
+    bool scheduleCallback(const Callback& callback, double delay);
+
     // The message being handled; null outside of any. A nested one hides the outer one until it returns.
     [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }
     [[nodiscard]] static const ToolMessage* lastToolMessage() { return executing_ ? executing_->toolMessage : nullptr; }
+    /// The host's record, also of a message that has no kind.
+    [[nodiscard]] void* lastRecord() const;
     [[nodiscard]] static bool isExecuting(MessageType type); ///< also as an outer one
 
   private:

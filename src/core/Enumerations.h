@@ -69,6 +69,11 @@ enum class ToolOptions : std::int32_t {
 /// The host's own cursors, by number.
 enum class AdobeCursor : unsigned { Pen = 20, Move = 140, PenContinue = 230 };
 
+// Plug-ins
+
+/// What a plug-in asks of the host as a whole. The host has no names for them either; it keeps them and hands them on.
+enum class PluginOptions : std::int32_t { None = 0, First = 1, Second = 2 };
+
 // Undo
 
 enum class UndoContext { Standard = 10, Silent = 20, Append = 30 };
@@ -83,4 +88,5 @@ enum class StrokeJoin { Miter = 100, Round = 110, Bevel = 120 };
 template <> struct kzo::utils::IsBitSet<kzo::core::ArtAttribute> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::HitRequest> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::ModifierKeys> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::PluginOptions> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::ToolOptions> : std::true_type {};

@@ -1,7 +1,12 @@
 // The running host application.
 #pragma once
 
+#include <map>
+#include <string>
+
 #include "core/CurrentDocument.h"
+#include "core/MenuGroup.h"
+#include "core/ThirdPartyPlugin.h"
 
 namespace kzo::core {
 
@@ -12,6 +17,15 @@ class Illustrator {
 
     /// Null when no document is open.
     [[nodiscard]] CurrentDocument* currentDocument();
+
+    // Menus
+    [[nodiscard]] std::size_t menuGroupCount() const;                  ///< those of the host and of all plug-ins
+    [[nodiscard]] MenuGroup menuGroupAtIndex(std::size_t index) const; ///< from 0; an empty handle where there is none
+
+    // Plug-ins
+    /// All plug-ins that are loaded, by name, also those that are not running. Of several with one name the first is
+    /// told.
+    [[nodiscard]] std::map<std::string, ThirdPartyPlugin> allPlugins() const;
 
     static void __destroy(); ///< for the plug-in object
 

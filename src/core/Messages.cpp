@@ -7,6 +7,9 @@ namespace kzo::core {
 
 SPPlugin* Message::spPluginRef() const { return plugin::MessageHead(record_).self; }
 
+_t_MenuItemOpaque* MenuMessage::aiMenuItemHandle() const { return plugin::MenuMessage(record()).item; }
+AITimer* TimerMessage::aiTimerHandle() const { return plugin::TimerMessage(record()).timer; }
+
 AINotifier* NotifyMessage::aiNotifierHandle() const { return plugin::NotifyMessage(record()).notifier; }
 NotifierType NotifyMessage::notifierType() const { return core::notifierType(plugin::NotifyMessage(record()).type); }
 

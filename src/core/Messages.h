@@ -7,8 +7,10 @@
 #include "core/NotifierType.h"
 
 struct AINotifier;
+struct AITimer;
 struct AITool;
 struct SPPlugin;
+struct _t_MenuItemOpaque;
 
 namespace kzo::core {
 
@@ -32,6 +34,20 @@ class Message {
 };
 
 // Families that the host interface describes further
+
+class MenuMessage : public Message {
+  public:
+    using Message::Message;
+
+    [[nodiscard]] _t_MenuItemOpaque* aiMenuItemHandle() const; ///< null when all items are meant
+};
+
+class TimerMessage : public Message {
+  public:
+    using Message::Message;
+
+    [[nodiscard]] AITimer* aiTimerHandle() const;
+};
 
 class NotifyMessage : public Message {
   public:
@@ -82,11 +98,6 @@ class LayerListMessage : public Message {
     using Message::Message;
 };
 
-class MenuMessage : public Message {
-  public:
-    using Message::Message;
-};
-
 class ObjectSetMessage : public Message {
   public:
     using Message::Message;
@@ -98,11 +109,6 @@ class CustomArtMessage : public Message {
 };
 
 class PreferencesMessage : public Message {
-  public:
-    using Message::Message;
-};
-
-class TimerMessage : public Message {
   public:
     using Message::Message;
 };

@@ -54,6 +54,13 @@ SPPlugin* Plugin::spPluginRef() const { return impl_->spPluginRef(); }
 const std::string& Plugin::name() const { return impl_->name(); }
 void Plugin::setName(const std::string& name) { impl_->setName(name); }
 
+// Callbacks of menus
+
+Callback* Plugin::menuItemSelectedCallback() const { return impl_->menus().selected.get(); }
+void Plugin::setMenuItemSelectedCallback(const Callback& callback) { impl_->menus().selected.set(callback); }
+Callback* Plugin::menuItemsUpdateCallback() const { return impl_->menus().updating.get(); }
+void Plugin::setMenuItemsUpdateCallback(const Callback& callback) { impl_->menus().updating.set(callback); }
+
 // Callbacks around the events of tools
 
 Callback* Plugin::before(ToolEvent event) const { return impl_->around(event).before.get(); }

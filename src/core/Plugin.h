@@ -8,6 +8,7 @@
 
 #include "core/Callback.h"
 #include "core/Enumerations.h"
+#include "core/MenuItem.h"
 
 struct SPPlugin;
 
@@ -62,6 +63,12 @@ class Plugin {
     [[nodiscard]] Callback* shutdownCallback() const { return shutdownCallback_.get(); }
     void setShutdownCallback(const Callback& callback) { shutdownCallback_.set(callback); }
 
+    // Callbacks of menus: after the chosen item's own, and when the items are to be brought up to date
+    [[nodiscard]] Callback* menuItemSelectedCallback() const;
+    void setMenuItemSelectedCallback(const Callback& callback);
+    [[nodiscard]] Callback* menuItemsUpdateCallback() const;
+    void setMenuItemsUpdateCallback(const Callback& callback);
+
     // Callbacks around the events of tools, whichever tool it is: before its own callback, and after it
     [[nodiscard]] Callback* toolPreSelectedCallback() const;
     void setToolPreSelectedCallback(const Callback& callback);
@@ -108,6 +115,11 @@ class Plugin {
     [[nodiscard]] Dispatcher* dispatcher() const { return dispatcher_.get(); }
     /// The tool of the last select, track or mouse message; an empty handle before the first.
     [[nodiscard]] Tool currentTool() const;
+    /// The items that lead to the about box and to the preferences; empty until they are set.
+    [[nodiscard]] const MenuItem& aboutMenuItem() const { return aboutMenuItem_; }
+    void setAboutMenuItem(const MenuItem& item) { aboutMenuItem_ = item; }
+    [[nodiscard]] const MenuItem& prefsMenuItem() const { return prefsMenuItem_; }
+    void setPrefsMenuItem(const MenuItem& item) { prefsMenuItem_ = item; }
     /// What becomes of the changes of the message being handled. False when the host refuses.
     bool setUndoKind(UndoContext context);
 
@@ -143,6 +155,8 @@ class Plugin {
     CallbackSlot postStartupCallback_;
     CallbackSlot preShutdownCallback_;
     CallbackSlot shutdownCallback_;
+    MenuItem aboutMenuItem_;
+    MenuItem prefsMenuItem_;
     std::unique_ptr<plugin::BasePlugin> impl_;
     std::unique_ptr<Dispatcher> dispatcher_;
 

@@ -6,6 +6,8 @@
 
 #include "plugin/Convert.h"
 #include "plugin/HostCall.h"
+#include "plugin/MenuGroup.h"
+#include "plugin/ThirdPartyPlugin.h"
 
 namespace kzo::plugin {
 
@@ -56,6 +58,12 @@ std::int32_t BasePlugin::startup() {
                             hear("KZOAppShutdownNotifier", message::applicationShutdown);
     const core::__Callback<BasePlugin> notifyMessage(this, &BasePlugin::handleNotifyMessage);
     dispatcher_.registerMessageCallback(message::notifier, message::notify, notifyMessage);
+    const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
+        dispatcher_.registerMessageCallback(caller, selector, core::__Callback<BasePlugin>(this, handler));
+    };
+    handle(message::menu, message::go, &BasePlugin::handleMenuChoice);
+    handle(message::menu, message::update, &BasePlugin::handleMenuUpdate);
+    handle(message::timer, message::go, &BasePlugin::handleTimerMessage);
     const core::__Callback<BasePlugin> toolMessage(this, &BasePlugin::handleToolMessage);
     for (const std::string_view selector : toolSelectors)
         dispatcher_.registerMessageCallback(message::tool, selector, toolMessage);
@@ -75,6 +83,10 @@ std::int32_t BasePlugin::shutdown() {
     for (const std::shared_ptr<BaseTool>& tool : tools_) tool->destroy();
     tools_.clear();
     notifiers_.clear();
+    menus_.clear();
+    SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
+    timers_.clear();
+    SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
     releaseHost();
     return 0;
 }
@@ -93,6 +105,20 @@ void BasePlugin::handleNotifyMessage() {
     if (!dispatcher_.lastRecord()) return;
     const bool known = notifiers_.notify(NotifyMessage(dispatcher_.lastRecord()));
     dispatcher_.setAnswer(known ? Dispatcher::handled : Dispatcher::notHandled);
+}
+
+// Menus and timers
+
+void BasePlugin::handleMenuChoice() {
+    if (dispatcher_.lastRecord()) menus_.choose(MenuMessage(dispatcher_.lastRecord()).item);
+}
+
+void BasePlugin::handleMenuUpdate() { menus_.update(); }
+
+void BasePlugin::handleTimerMessage() {
+    const void* const record = dispatcher_.lastRecord();
+    const bool ran = record && timers_.fire(TimerMessage(record).timer);
+    dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
 }
 
 // Tools

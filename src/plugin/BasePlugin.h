@@ -11,7 +11,9 @@
 #include "core/Enumerations.h"
 #include "plugin/BaseTool.h"
 #include "plugin/Dispatcher.h"
+#include "plugin/MenuItem.h"
 #include "plugin/Notifier.h"
+#include "plugin/Timer.h"
 
 struct AIPluginGroup;
 struct SPPlugin;
@@ -52,6 +54,10 @@ class BasePlugin {
                                           const core::CallbackSlot& callback);
     [[nodiscard]] NotifierRegistry& notifiers() { return notifiers_; }
 
+    // Menus and timers
+    [[nodiscard]] MenuRegistry& menus() { return menus_; }
+    [[nodiscard]] TimerRegistry& timers() { return timers_; }
+
     // Tools
     /// What the client wants done around an event, whichever tool it happens to.
     struct AroundTool {
@@ -72,12 +78,17 @@ class BasePlugin {
   private:
     [[nodiscard]] bool hear(const std::string& label, std::string_view type);
     void handleNotifyMessage();
+    void handleMenuChoice();
+    void handleMenuUpdate();
+    void handleTimerMessage();
     void handleToolMessage();
 
     SPPlugin* plugin_;
     std::string name_;
     Dispatcher dispatcher_;
     NotifierRegistry notifiers_;
+    MenuRegistry menus_;
+    TimerRegistry timers_;
     std::array<AroundTool, toolEventCount> aroundTools_;
     std::vector<std::shared_ptr<BaseTool>> tools_;
     std::weak_ptr<BaseTool> currentTool_;

@@ -13,14 +13,17 @@
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
+#include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
+#include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPPluginsSuite.h"
 #include "hostapi/StageSuite.h"
 #include "plugin/HostMonitor.h"
@@ -36,9 +39,12 @@ template <class Table> struct Suite {
 
 inline constinit std::tuple suites{
     Suite<SPPluginsSuite>{kSPPluginsSuite, kSPPluginsSuiteVersion},
+    Suite<SPInterfaceSuite>{kSPInterfaceSuite, kSPInterfaceSuiteVersion},
     Suite<AIPluginGroupSuite>{kAIPluginGroupSuite, kAIPluginGroupSuiteVersion},
     Suite<AINotifierSuite>{kAINotifierSuite, kAINotifierSuiteVersion},
     Suite<AIToolSuite>{kAIToolSuite, kAIToolSuiteVersion},
+    Suite<AIMenuSuite>{kAIMenuSuite, kAIMenuSuiteVersion},
+    Suite<AITimerSuite>{kAITimerSuite, kAITimerSuiteVersion},
     Suite<AIArtSuite>{kAIArtSuite, kAIArtSuiteVersion},
     Suite<AIPathSuite>{kAIPathSuite, kAIPathSuiteVersion},
     Suite<AIPathStyleSuite>{kAIPathStyleSuite, kAIPathStyleSuiteVersion},

@@ -8,9 +8,11 @@
 #include "plugin/ArtboardPoint.h"
 
 struct AINotifier;
+struct AITimer;
 struct AITool;
 struct SPBasicSuite;
 struct SPPlugin;
+struct _t_MenuItemOpaque;
 
 namespace kzo::plugin {
 
@@ -29,6 +31,18 @@ struct NotifyMessage {
     std::string_view type;
 };
 
+struct MenuMessage {
+    explicit MenuMessage(const void* record);
+
+    _t_MenuItemOpaque* item; ///< null when all items are meant
+};
+
+struct TimerMessage {
+    explicit TimerMessage(const void* record);
+
+    AITimer* timer;
+};
+
 struct ToolMessage {
     explicit ToolMessage(const void* record);
 
@@ -45,6 +59,10 @@ inline constexpr std::string_view startup = "Startup";
 inline constexpr std::string_view shutdown = "Shutdown";
 inline constexpr std::string_view notifier = "AI Notifier";
 inline constexpr std::string_view notify = "AI Notify";
+inline constexpr std::string_view menu = "AI Menu";
+inline constexpr std::string_view timer = "AI Timer";
+inline constexpr std::string_view go = "AI Go";
+inline constexpr std::string_view update = "AI Update";
 inline constexpr std::string_view tool = "AI Tool";
 inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
 inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";

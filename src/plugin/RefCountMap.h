@@ -35,6 +35,19 @@ template <class Key, class Wrapper> class RefCountMap {
         if (map_->empty()) map_.reset();
     }
 
+    /// The wrapper of `key` for a look, or null when nothing holds one.
+    [[nodiscard]] static Wrapper* find(Key key) {
+        if (!map_) return nullptr;
+        const auto at = map_->find(key);
+        return at == map_->end() ? nullptr : at->second.wrapper.get();
+    }
+
+    /// Calls `visit` with every wrapper, in no order.
+    template <class Visit> static void each(Visit visit) {
+        if (!map_) return;
+        for (auto& [key, entry] : *map_) visit(*entry.wrapper);
+    }
+
     [[nodiscard]] static bool exists() { return map_ != nullptr; }
 
   private:
@@ -45,6 +58,26 @@ template <class Key, class Wrapper> class RefCountMap {
     using Map = std::unordered_map<Key, Entry>;
 
     inline static std::unique_ptr<Map> map_;
+};
+
+/// One holder of the wrapper of a host object. An implementation that has lost its object starts anew: the host may use
+/// a handle twice.
+template <class Key, class Impl> class SharedImpl {
+  public:
+    using Map = RefCountMap<Key, __RefCountWrapper<Key, Impl>>;
+
+    explicit SharedImpl(Key key) : wrapper_(Map::acquire(key, [key] { return Impl(key); })) {
+        if (!wrapper_->impl.handle()) wrapper_->impl = Impl(key);
+    }
+    ~SharedImpl() { Map::release(wrapper_->key); }
+    SharedImpl(const SharedImpl&) = delete;
+    SharedImpl& operator=(const SharedImpl&) = delete;
+
+    /// Null once the object is gone.
+    [[nodiscard]] Impl* get() const { return wrapper_->impl.handle() ? &wrapper_->impl : nullptr; }
+
+  private:
+    __RefCountWrapper<Key, Impl>* wrapper_;
 };
 
 } // namespace kzo::plugin

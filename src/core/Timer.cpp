@@ -1,0 +1,39 @@
+// Timer: forwards to its implementation.
+#include "core/Timer.h"
+
+#include "core/Forward.h"
+#include "core/Plugin.h"
+#include "plugin/BasePlugin.h"
+
+namespace kzo::core {
+
+Timer::Timer(const std::string& name, double delay, const Callback& callback) {
+    Plugin* const plugin = Plugin::instance();
+    if (!plugin) return;
+    const auto made = std::make_shared<plugin::Timer>(plugin->spPluginRef(), name, delay, CallbackSlot(callback));
+    if (!made->handle()) return;
+    plugin->impl().timers().add(made);
+    impl_ = made;
+}
+
+plugin::Timer* Timer::impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
+bool Timer::isEmpty() const { return !impl(); }
+AITimer* Timer::aiTimerHandle() const { return ask(impl(), &plugin::Timer::handle); }
+std::string Timer::name() const { return ask(impl(), &plugin::Timer::name); }
+double Timer::delay() const { return ask(impl(), &plugin::Timer::delay); }
+void Timer::setDelay(double delay) { ask(impl(), &plugin::Timer::setDelay, delay); }
+bool Timer::active() const { return ask(impl(), &plugin::Timer::active); }
+void Timer::setActive(bool active) { ask(impl(), &plugin::Timer::setActive, active); }
+Callback* Timer::callback() const { return impl() ? impl()->callback().get() : nullptr; }
+
+void Timer::setCallback(const Callback& callback) {
+    if (impl()) impl()->callback().set(callback);
+}
+
+void Timer::destroy() {
+    if (isEmpty()) return;
+    if (Plugin* const plugin = Plugin::instance()) plugin->impl().timers().remove(*impl_);
+    impl_->destroy();
+}
+
+} // namespace kzo::core

@@ -1,0 +1,49 @@
+// The calls of the plug-ins suite and the interface suite.
+#include "plugin/ThirdPartyPlugin.h"
+
+#include "plugin/Convert.h"
+#include "plugin/HostCall.h"
+
+namespace kzo::plugin {
+
+std::vector<SPPlugin*> ThirdPartyPlugin::all() {
+    std::vector<SPPlugin*> plugins;
+    const auto count = host::ask<&SPPluginsSuite::CountPlugins>(std::int32_t{0});
+    for (std::int32_t i = 0; i < count; ++i)
+        if (SPPlugin* const plugin = host::ask<&SPPluginsSuite::GetNthPlugin>(SPPluginRef{}, i))
+            plugins.push_back(plugin);
+    return plugins;
+}
+
+std::string ThirdPartyPlugin::name() const { return host::ask<&SPPluginsSuite::GetPluginName>("", plugin_); }
+std::string ThirdPartyPlugin::fileName() const { return host::ask<&SPPluginsSuite::GetPluginFileName>("", plugin_); }
+std::string ThirdPartyPlugin::filePath() const { return host::ask<&SPPluginsSuite::GetPluginFilePath>("", plugin_); }
+
+core::PluginOptions ThirdPartyPlugin::options() const {
+    return pluginOptionsFromHost(host::ask<&SPPluginsSuite::GetPluginOptions>(std::int32_t{0}, plugin_));
+}
+
+bool ThirdPartyPlugin::started() const {
+    return host::ask<&SPPluginsSuite::GetPluginStarted>(AIBoolean{0}, plugin_) != 0;
+}
+
+bool ThirdPartyPlugin::broken() const {
+    return host::ask<&SPPluginsSuite::GetPluginBroken>(AIBoolean{1}, plugin_) != 0;
+}
+
+bool ThirdPartyPlugin::prepMessageData(SPMessageData& message) const {
+    return host::call<&SPInterfaceSuite::SetUpMessageData>(plugin_, &message);
+}
+
+bool ThirdPartyPlugin::cleanMessageData(SPMessageData& message) const {
+    return host::call<&SPInterfaceSuite::EmptyMessageData>(plugin_, &message);
+}
+
+std::int32_t ThirdPartyPlugin::message(const std::string& caller, const std::string& selector, SPMessageData* data,
+                                       std::int32_t& result) const {
+    const bool sent =
+        host::call<&SPInterfaceSuite::SendMessage>(plugin_, caller.c_str(), selector.c_str(), data, &result);
+    return sent ? kNoErr : host::monitor().refusedError();
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,45 @@
+// Another plug-in in the same host: the calls behind core::ThirdPartyPlugin.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "core/Enumerations.h"
+#include "plugin/RefCountMap.h"
+
+struct SPMessageData;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+class ThirdPartyPlugin {
+  public:
+    explicit ThirdPartyPlugin(SPPlugin* plugin) : plugin_(plugin) {}
+
+    /// All plug-ins that the host has loaded, ours among them.
+    [[nodiscard]] static std::vector<SPPlugin*> all();
+
+    [[nodiscard]] SPPlugin* handle() const { return plugin_; }
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] std::string fileName() const;
+    [[nodiscard]] std::string filePath() const;
+    [[nodiscard]] core::PluginOptions options() const;
+    [[nodiscard]] bool started() const;
+    [[nodiscard]] bool broken() const;
+
+    bool prepMessageData(SPMessageData& message) const;
+    bool cleanMessageData(SPMessageData& message) const;
+    /// 0 or the host's error code.
+    std::int32_t message(const std::string& caller, const std::string& selector, SPMessageData* data,
+                         std::int32_t& result) const;
+
+    void forget() { plugin_ = nullptr; } ///< the host is not to be asked any more
+
+  private:
+    SPPlugin* plugin_;
+};
+
+using SharedThirdPartyPlugin = SharedImpl<SPPlugin*, ThirdPartyPlugin>;
+
+} // namespace kzo::plugin

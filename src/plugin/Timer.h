@@ -1,0 +1,53 @@
+// Periodic calls by the host, and the registry that finds a timer when the host tells that its time has come.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/Callback.h"
+
+struct AITimer;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+/// Delays are seconds; the host counts ticks of 1/60 second, to which they are rounded, halves away from zero. Without
+/// a handle (refused, or destroyed) every query answers its neutral value.
+class Timer {
+  public:
+    enum class Repeats { Always, Once };
+
+    Timer(SPPlugin* plugin, const std::string& name, double delay, const core::CallbackSlot& callback,
+          Repeats repeats = Repeats::Always);
+
+    [[nodiscard]] AITimer* handle() const { return handle_; }
+    [[nodiscard]] Repeats repeats() const { return repeats_; }
+    [[nodiscard]] core::CallbackSlot& callback() { return callback_; }
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] double delay() const;
+    void setDelay(double delay);
+    [[nodiscard]] bool active() const;
+    void setActive(bool active);
+    void destroy();
+
+  private:
+    AITimer* handle_;
+    core::CallbackSlot callback_;
+    Repeats repeats_;
+};
+
+class TimerRegistry {
+  public:
+    void add(const std::shared_ptr<Timer>& timer); ///< one that is known already, or has no handle, is not added
+    void remove(const Timer& timer);
+    void clear(); ///< destroys all timers
+
+    /// Runs the timer's callback; one that comes once is gone by then. False when the timer is unknown or not active.
+    bool fire(AITimer* handle);
+
+  private:
+    std::vector<std::shared_ptr<Timer>> timers_;
+};
+
+} // namespace kzo::plugin
