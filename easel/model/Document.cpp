@@ -17,6 +17,11 @@ const std::shared_ptr<const PathData>& emptyPath() {
     return empty;
 }
 
+const std::shared_ptr<const OpaqueData>& emptyOpaque() {
+    static const std::shared_ptr<const OpaqueData> empty = std::make_shared<OpaqueData>();
+    return empty;
+}
+
 const std::shared_ptr<const Style>& defaultStyle() {
     static const std::shared_ptr<const Style> style = std::make_shared<Style>();
     return style;
@@ -40,6 +45,7 @@ bool looksSame(const Node& a, const Node& b) {
         a.hidden() != b.hidden()) {
         return false;
     }
+    if (a.type() == NodeType::Opaque) return a.opaque() == b.opaque();
     if (a.type() != NodeType::Path) return true;
     const bool bothEmpty = a.path().points.empty() && b.path().points.empty();
     return (bothEmpty || a.path() == b.path()) && visiblePart(a.style()) == visiblePart(b.style());
@@ -194,6 +200,7 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
         node.state_.path = emptyPath();
         node.state_.style = defaultStyle();
     }
+    if (type == NodeType::Opaque) node.state_.opaque = emptyOpaque();
     impl_->tree.attachNew(node, spot.below);
     return node;
 }
@@ -272,7 +279,7 @@ void Document::deselectAll(Node& within) {
 
 void Document::Impl::setSelected(Node& node, bool selected, std::shared_ptr<const PointSelection> points) {
     NodeState& state = node.state_;
-    if (node.type_ != NodeType::Group && node.type_ != NodeType::Path) return;
+    if (node.type_ == NodeType::Root || node.type_ == NodeType::Layer) return;
     if (state.selected == selected && state.pointSelection == points) return;
     journal.note(node);
     state.selected = selected;
@@ -283,6 +290,8 @@ void Document::Impl::setSelected(Node& node, bool selected, std::shared_ptr<cons
 void Document::Impl::deselectAround(const Node& node) {
     for (Node* at = node.parent(); at; at = at->parent()) setSelected(*at, false, nullptr);
 }
+
+void Document::setOrigin(Node& node, std::uint32_t number) { node.origin_ = number; }
 
 Journal& Document::journal() { return impl_->journal; }
 

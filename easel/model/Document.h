@@ -26,6 +26,15 @@ struct View {
     bool operator==(const View&) const = default;
 };
 
+/// What a document was read from, kept for whoever writes it again.
+class Origin {
+  public:
+    Origin() = default;
+    virtual ~Origin() = default;
+    Origin(const Origin&) = delete;
+    Origin& operator=(const Origin&) = delete;
+};
+
 /// Every change is a transaction of its own unless one is running (see Journal). A change that changes nothing leaves
 /// no note. Where a node is asked for, it hangs in this document.
 class Document {
@@ -62,8 +71,10 @@ class Document {
     [[nodiscard]] bool hasSelection(const Node& within) const;
 
     // Art
-    /// Makes an empty group or path. The caller has checked that `anchor` may have such a neighbour or child.
+    /// Makes an empty layer, group, path or opaque art. The caller has checked that `anchor` may have such a neighbour
+    /// or child.
     Node& create(NodeType type, Placement placement, Node& anchor);
+    void setBounds(Node& opaque, const Box& bounds);
     void remove(Node& node);
     void place(Node& node, Placement placement, Node& anchor);
     void setName(Node& node, std::string_view name);
@@ -96,6 +107,10 @@ class Document {
     [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance);
 
     [[nodiscard]] Journal& journal();
+
+    // Where it came from; not part of undo
+    std::shared_ptr<const Origin> origin; ///< null for a document that was made here
+    static void setOrigin(Node& node, std::uint32_t number);
 
     /// Whether both hold the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view and
     /// identities do not count.

@@ -35,6 +35,7 @@ struct Document::Impl {
     void deselectAround(const Node& node);
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.
     PathData& writablePath(Node& path);
+    void setOpaque(Node& opaque, const OpaqueData& data);
     void fitPointSelection(Node& path, std::size_t count);
     void findNear(Point point, double tolerance);
 };

@@ -67,6 +67,10 @@ void Document::offset(Node& node, double dx, double dy) {
     if (dx == 0 && dy == 0) return;
     const Transaction transaction(journal());
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
+        if (at->type() == NodeType::Opaque) {
+            const OpaqueData& data = at->opaque();
+            impl_->setOpaque(*at, {data.bounds, {data.moved.x + dx, data.moved.y + dy}});
+        }
         if (at->type() != NodeType::Path || at->path().points.empty()) continue;
         for (PathPoint& point : impl_->writablePath(*at).points) {
             for (Point* const moved : {&point.anchor, &point.in, &point.out}) {
@@ -75,6 +79,18 @@ void Document::offset(Node& node, double dx, double dy) {
             }
         }
     }
+}
+
+void Document::setBounds(Node& opaque, const Box& bounds) {
+    if (opaque.opaque().bounds == bounds) return;
+    const Transaction transaction(journal());
+    impl_->setOpaque(opaque, {bounds, opaque.opaque().moved});
+}
+
+void Document::Impl::setOpaque(Node& opaque, const OpaqueData& data) {
+    journal.note(opaque);
+    tree.index.loosen(opaque);
+    opaque.state_.opaque = std::make_shared<const OpaqueData>(data);
 }
 
 /// Keeps the flags of the points that are left; points that are added are not selected.

@@ -33,7 +33,7 @@ class BestHit {
     }
 
     void offerControls(HitKind kind, Node& node, Point PathPoint::*control) {
-        if (!wants(kind)) return;
+        if (node.type() != NodeType::Path || !wants(kind)) return;
         int index = 0;
         for (const PathPoint& point : node.path().points) {
             const Point at = point.*control;
@@ -44,7 +44,7 @@ class BestHit {
     }
 
     void offerSegments(Node& node) {
-        if (!wants(HitKind::Segment)) return;
+        if (node.type() != NodeType::Path || !wants(HitKind::Segment)) return;
         const PathData& path = node.path();
         const std::size_t count = path.segmentCount();
         for (std::size_t i = 0; i < count; ++i) {
@@ -56,7 +56,11 @@ class BestHit {
     }
 
     void offerFill(Node& node) {
-        if (!wants(HitKind::Fill) || !node.style().fill || !isInside(node.path(), point_)) return;
+        if (!wants(HitKind::Fill)) return;
+        const bool inside = node.type() == NodeType::Opaque
+                                ? node.hull().meets({point_.x, point_.y, point_.x, point_.y})
+                                : node.style().fill && isInside(node.path(), point_);
+        if (!inside) return;
         offer(HitKind::Fill, node, point_, 0, -1);
     }
 

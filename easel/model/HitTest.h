@@ -30,6 +30,7 @@ enum class HitRequest : std::uint32_t {
 
 enum class HitKind : std::uint8_t { None, Anchor, InHandle, OutHandle, Segment, Fill };
 
+/// Opaque art has no feature but its fill, which is all of its box.
 /// The kind of feature decides first, in the order of HitKind, then distance, then paint order.
 struct Hit {
     HitKind kind = HitKind::None;

@@ -137,7 +137,7 @@ void Journal::exchange(Record& record) {
     };
     for (Note& note : record.notes) {
         Node& node = *note.node;
-        if (note.state.path != node.state_.path) tree_.index.loosen(node);
+        if (note.state.path != node.state_.path || note.state.opaque != node.state_.opaque) tree_.index.loosen(node);
         if (changesPlace(note)) tree_.detach(node);
         note.alive = node.alive_;
     }
@@ -215,7 +215,8 @@ Journal::Change Journal::netChange(const Note& note) {
     if (note.alive != note.node->alive_) return Change::Real;
     if (!note.alive) return Change::None;
     if (was.parent != is.parent || was.locked != is.locked || was.hidden != is.hidden ||
-        !sameContents(was.path, is.path) || !sameContents(was.style, is.style) || !sameContents(was.name, is.name)) {
+        !sameContents(was.path, is.path) || !sameContents(was.opaque, is.opaque) ||
+        !sameContents(was.style, is.style) || !sameContents(was.name, is.name)) {
         return Change::Real;
     }
     if (was.order != is.order) return Change::Order;

@@ -5,6 +5,11 @@
 
 namespace easel::model {
 
+Box OpaqueData::hull() const {
+    if (bounds.isEmpty()) return bounds;
+    return {bounds.left + moved.x, bounds.top + moved.y, bounds.right + moved.x, bounds.bottom + moved.y};
+}
+
 Node::Node(NodeId id, NodeType type) : id_(id), type_(type) {}
 
 Node::~Node() = default;
@@ -12,6 +17,11 @@ Node::~Node() = default;
 const std::string& Node::name() const {
     static const std::string none;
     return state_.name ? *state_.name : none;
+}
+
+Box Node::hull() const {
+    if (type_ == NodeType::Path) return state_.path->hull();
+    return type_ == NodeType::Opaque ? state_.opaque->hull() : Box{};
 }
 
 bool Node::pointSelected(std::size_t index) const {

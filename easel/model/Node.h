@@ -1,5 +1,5 @@
-// One object of a document: a layer, a group, a path. Nodes are read by everyone and changed by Document alone, so that
-// no change escapes the journal.
+// One object of a document: a layer, a group, a path, opaque art. Nodes are read by everyone and changed by Document
+// alone, so that no change escapes the journal.
 #pragma once
 
 #include <boost/intrusive/set_hook.hpp>
@@ -23,7 +23,17 @@ struct NodeId {
     bool operator==(const NodeId&) const = default;
 };
 
-enum class NodeType : std::uint8_t { Root, Layer, Group, Path };
+enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque };
+
+/// Art that is shown and moved as a whole, never edited: a text, an image.
+struct OpaqueData {
+    Box bounds;  ///< where it lay at first; empty when nobody knows
+    Point moved; ///< how far it has been moved since
+
+    [[nodiscard]] Box hull() const; ///< where it lies now
+
+    bool operator==(const OpaqueData&) const = default;
+};
 
 /// Which points of a selected path are selected, one flag a point.
 using PointSelection = std::vector<bool>;
@@ -38,6 +48,7 @@ struct NodeState {
     bool hidden = false;
     std::shared_ptr<const PathData> path;                 ///< paths only
     std::shared_ptr<const Style> style;                   ///< paths only
+    std::shared_ptr<const OpaqueData> opaque;             ///< opaque art only
     std::shared_ptr<const PointSelection> pointSelection; ///< null: all points, if the path is selected
     std::shared_ptr<const std::string> name;              ///< a layer's title, an object's id; may be null
 
@@ -53,7 +64,7 @@ class Node {
 
     [[nodiscard]] NodeId id() const { return id_; }
     [[nodiscard]] NodeType type() const { return type_; }
-    [[nodiscard]] bool isContainer() const { return type_ != NodeType::Path; }
+    [[nodiscard]] bool isContainer() const { return type_ != NodeType::Path && type_ != NodeType::Opaque; }
     /// Whether the node hangs in the document; false for a removed one that only the journal knows.
     [[nodiscard]] bool alive() const { return alive_; }
 
@@ -63,6 +74,11 @@ class Node {
     [[nodiscard]] const std::string& name() const;
     [[nodiscard]] const PathData& path() const { return *state_.path; }
     [[nodiscard]] const Style& style() const { return *state_.style; }
+    [[nodiscard]] const OpaqueData& opaque() const { return *state_.opaque; }
+    [[nodiscard]] Box hull() const; ///< of a path or opaque art; empty for containers
+    [[nodiscard]] const NodeState& state() const { return state_; }
+    /// What the document's origin calls this node; 0 for one that was made here.
+    [[nodiscard]] std::uint32_t origin() const { return origin_; }
     [[nodiscard]] bool pointSelected(std::size_t index) const;
     [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
 
@@ -93,6 +109,7 @@ class Node {
     enum class Indexed : std::uint8_t { No, Loose, InTree };
 
     NodeId id_;
+    std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;

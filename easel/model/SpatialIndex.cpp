@@ -40,7 +40,7 @@ void SpatialIndex::find(const Box& box, std::vector<Node*>& found) const {
                              if (entry.second->indexed_ == Node::Indexed::InTree) found.push_back(entry.second);
                          }));
     for (const Loose& loose : loose_) {
-        if (loose.path->alive_ && loose.path->path().hull().meets(box)) found.push_back(loose.path);
+        if (loose.path->alive_ && loose.path->hull().meets(box)) found.push_back(loose.path);
     }
 }
 
@@ -49,7 +49,7 @@ void SpatialIndex::loosen(Node& path) {
     const bool inTree = path.indexed_ == Node::Indexed::InTree;
     path.indexed_ = Node::Indexed::Loose;
     path.loosePlace_ = static_cast<std::uint32_t>(loose_.size());
-    loose_.push_back({&path, inTree, inTree ? path.path().hull() : Box{}});
+    loose_.push_back({&path, inTree, inTree ? path.hull() : Box{}});
 }
 
 void SpatialIndex::settle() {
@@ -63,7 +63,7 @@ void SpatialIndex::settle() {
     }
     for (const Loose& loose : loose_) {
         Node& path = *loose.path;
-        const Box hull = path.alive_ ? path.path().hull() : Box{};
+        const Box hull = path.alive_ ? path.hull() : Box{};
         const bool stays = loose.inTree && hull == loose.treeBox;
         const bool found = !hull.isEmpty();
         path.indexed_ = found ? Node::Indexed::InTree : Node::Indexed::No;

@@ -1,5 +1,6 @@
-// Finds the paths near a place. Paths that change while a transaction runs are loose: they are searched one by one, so
-// that a drag costs the index nothing; `settle` sorts them in. Knows nothing of visibility or order.
+// Finds the paths and the opaque art near a place, here all called paths. Paths that change while a transaction runs
+// are loose: they are searched one by one, so that a drag costs the index nothing; `settle` sorts them in. Knows
+// nothing of visibility or order.
 #pragma once
 
 #include <cstddef>

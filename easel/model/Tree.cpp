@@ -69,10 +69,11 @@ void Tree::destroy(Node& node) {
 
 void Tree::giveBack(Node& node) {
     detach(node);
-    if (node.type_ == NodeType::Path) index.forget(node);
+    if (!node.isContainer()) index.forget(node);
     node.children_.reset();
     node.state_ = {};
     node.record_ = 0;
+    node.origin_ = 0;
     node.putBackBy_ = 0;
     // A slot whose generations are used up stays empty for ever, so that no identity comes twice.
     if (node.id_.generation == kLastGeneration) return;
@@ -104,7 +105,7 @@ void Tree::updateAlive(Node& node) {
 
 void Tree::setAlive(Node& node, bool alive) {
     node.alive_ = alive;
-    if (node.type_ == NodeType::Path) index.loosen(node);
+    if (!node.isContainer()) index.loosen(node);
     updateSelected(node);
 }
 

@@ -37,7 +37,10 @@ std::optional<std::string> id(Host& /*host*/, const ThisArt& art) {
     return art->name().empty() ? std::nullopt : std::optional(art->name());
 }
 
-std::string_view type(Host& /*host*/, const ThisArt& art) { return isPath(art) ? "path" : "group"; }
+std::string_view type(Host& /*host*/, const ThisArt& art) {
+    if (art->type() == model::NodeType::Opaque) return "opaque";
+    return isPath(art) ? "path" : "group";
+}
 
 std::optional<bool> closed(Host& /*host*/, const ThisArt& art) {
     return isPath(art) ? std::optional(art->path().closed) : std::nullopt;

@@ -137,7 +137,8 @@ model::Document& Session::newDocument(double width, double height) {
 }
 
 model::Document& Session::open(const std::string& path) {
-    model::Document& opened = adopt(withFile([&] { return svg::open(path); }));
+    const auto warn = [this](const std::string& line) { report(Blame::UserData, line); };
+    model::Document& opened = adopt(withFile([&] { return svg::open(path, warn); }));
     notify(kAIDocumentOpenedNotifier);
     return opened;
 }

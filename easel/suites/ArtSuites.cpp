@@ -20,6 +20,7 @@ std::int16_t hostType(const Node& node) {
     case NodeType::Layer:
     case NodeType::Group: return kGroupArt;
     case NodeType::Path: return kPathArt;
+    case NodeType::Opaque: return kForeignArt;
     }
     return kUnknownArt;
 }

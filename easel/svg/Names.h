@@ -1,4 +1,4 @@
-// Namespaces of what is read and written.
+// Names of what is read and written.
 #pragma once
 
 #include <string_view>
@@ -9,6 +9,14 @@ constexpr std::string_view kSvgNamespace = "http://www.w3.org/2000/svg";
 constexpr std::string_view kInkscapeNamespace = "http://www.inkscape.org/namespaces/inkscape";
 constexpr std::string_view kSodipodiNamespace = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd";
 constexpr std::string_view kEaselNamespace = "urn:easel:drawing";
+
+// As the parser tells them: the namespace, a bar, the name.
+constexpr char kNamespaceEnd = '|';
+constexpr std::string_view kGroupMode = "http://www.inkscape.org/namespaces/inkscape|groupmode";
+constexpr std::string_view kLabel = "http://www.inkscape.org/namespaces/inkscape|label";
+constexpr std::string_view kInsensitive = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd|insensitive";
+constexpr std::string_view kNodeTypes = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd|nodetypes";
+constexpr std::string_view kEnds = "urn:easel:drawing|ends";
 
 constexpr std::string_view kFirstLayerTitle = "Layer 1"; ///< of art that is in no layer
 

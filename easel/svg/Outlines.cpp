@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -22,7 +23,8 @@ using model::PathData;
 using model::PathPoint;
 using model::Point;
 
-constexpr double kSmoothSine = 1e-6; ///< between the handles of a smooth point
+constexpr double kLargestNumber = 1e100; ///< in data that is damaged anyway; sums of these stay finite
+constexpr double kSmoothSine = 1e-6;     ///< between the handles of a smooth point
 
 PathPoint cornerAt(Point at) { return {at, at, at, true}; }
 
@@ -124,10 +126,18 @@ int parameterCount(char command) {
     }
 }
 
-/// The longest beginning of path data that holds nothing but complete segments.
+/// The longest beginning of path data that holds nothing but complete segments of usable numbers.
 std::string_view completeSegments(std::string_view data) {
     Scanner scanner(data);
     std::size_t complete = 0;
+    const auto usableNumber = [&] {
+        try {
+            const std::optional<double> value = scanner.number();
+            return value && std::fabs(*value) <= kLargestNumber;
+        } catch (const std::range_error&) {
+            return false;
+        }
+    };
     for (scanner.skipSpace(); !scanner.atEnd(); scanner.skipSpace()) {
         const char command = scanner.peek();
         scanner.take(command);
@@ -145,7 +155,7 @@ std::string_view completeSegments(std::string_view data) {
             for (int i = 0; i < count && whole; ++i) {
                 i == 0 && segments == 0 ? scanner.skipSpace() : scanner.skipSeparator();
                 const bool flag = lower == 'a' && (i == 3 || i == 4);
-                whole = flag ? scanner.take('0') || scanner.take('1') : scanner.number().has_value();
+                whole = flag ? scanner.take('0') || scanner.take('1') : usableNumber();
             }
             if (!whole) break;
             complete = data.size() - scanner.left();
@@ -156,11 +166,18 @@ std::string_view completeSegments(std::string_view data) {
     return data.substr(0, complete);
 }
 
-std::vector<PathData> parsed(std::string_view data) {
+/// None when the data is damaged.
+std::optional<std::vector<PathData>> parsed(std::string_view data) {
     Collector collector;
     Geom::SVGPathParser parser(collector);
-    parser.parse(std::string(data));
-    return collector.take();
+    try {
+        parser.parse(data.data(), static_cast<int>(data.size()));
+        return collector.take();
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) { // of the parser, of its geometry, of the collector
+        return std::nullopt;
+    }
 }
 
 std::vector<PathData> ellipse(Point center, double rx, double ry) {
@@ -206,24 +223,34 @@ std::vector<PathData> rectangle(double x, double y, double width, double height,
     return {path};
 }
 
-std::vector<PathData> polyline(std::string_view text, bool closed) {
-    const std::vector<double> values = numbers(text);
+Outline polyline(std::string_view text, bool closed) {
+    Outline outline;
+    std::vector<double> values;
+    Scanner scanner(text);
+    try {
+        scanner.skipSpace();
+        while (const std::optional<double> value = scanner.number()) {
+            values.push_back(*value);
+            scanner.skipSeparator();
+        }
+        outline.damaged = !scanner.atEnd();
+    } catch (const std::range_error&) {
+        outline.damaged = true;
+    }
+    outline.damaged = outline.damaged || values.size() % 2 != 0;
     PathData path;
     path.closed = closed;
     for (std::size_t i = 0; i + 1 < values.size(); i += 2) path.points.push_back(cornerAt({values[i], values[i + 1]}));
-    if (path.points.empty()) return {};
-    return {path};
+    if (!path.points.empty()) outline.subpaths.push_back(std::move(path));
+    return outline;
 }
 
 } // namespace
 
-std::vector<PathData> pathOutline(std::string_view data) {
-    try {
-        return parsed(data);
-    } catch (const Geom::SVGPathParseError&) {
-        const std::string_view complete = completeSegments(data);
-        return complete.empty() ? std::vector<PathData>{} : parsed(complete);
-    }
+Outline pathOutline(std::string_view data) {
+    if (trimmed(data).empty() || data == "none") return {};
+    if (std::optional<std::vector<PathData>> whole = parsed(data)) return {std::move(*whole), false};
+    return {parsed(completeSegments(data)).value_or(std::vector<PathData>{}), true};
 }
 
 bool isShape(std::string_view element) {
@@ -232,7 +259,7 @@ bool isShape(std::string_view element) {
     return std::find(shapes.begin(), shapes.end(), element) != shapes.end();
 }
 
-std::vector<PathData> shapeOutline(std::string_view element, const AttributeOf& attribute) {
+Outline shapeOutline(std::string_view element, const AttributeOf& attribute) {
     const auto measure = [&](std::string_view name) {
         const std::optional<std::string_view> value = attribute(name);
         return value ? length(*value) : std::nullopt;
@@ -241,15 +268,17 @@ std::vector<PathData> shapeOutline(std::string_view element, const AttributeOf& 
     if (element == "path") return pathOutline(attribute("d").value_or(""));
     if (element == "polyline") return polyline(attribute("points").value_or(""), false);
     if (element == "polygon") return polyline(attribute("points").value_or(""), true);
-    if (element == "line") return {{{cornerAt({get("x1"), get("y1")}), cornerAt({get("x2"), get("y2")})}, false}};
-    if (element == "circle") return ellipse({get("cx"), get("cy")}, get("r"), get("r"));
+    if (element == "line") {
+        return {{{{cornerAt({get("x1"), get("y1")}), cornerAt({get("x2"), get("y2")})}, false}}, false};
+    }
+    if (element == "circle") return {ellipse({get("cx"), get("cy")}, get("r"), get("r")), false};
     // Of two radii, one that is not given follows the other.
     const std::optional<double> rx = measure("rx");
     const std::optional<double> ry = measure("ry");
     const double radiusX = rx ? *rx : ry.value_or(0);
     const double radiusY = ry ? *ry : rx.value_or(0);
-    if (element == "ellipse") return ellipse({get("cx"), get("cy")}, radiusX, radiusY);
-    return rectangle(get("x"), get("y"), get("width"), get("height"), radiusX, radiusY);
+    if (element == "ellipse") return {ellipse({get("cx"), get("cy")}, radiusX, radiusY), false};
+    return {rectangle(get("x"), get("y"), get("width"), get("height"), radiusX, radiusY), false};
 }
 
 void transformBy(PathData& path, const Geom::Affine& transform) {

@@ -12,16 +12,19 @@
 
 namespace easel::svg {
 
-/// The subpaths of path data. Where the data goes wrong, the segments before that are kept. Throws std::range_error for
-/// a number that is not finite.
-[[nodiscard]] std::vector<model::PathData> pathOutline(std::string_view data);
+struct Outline {
+    std::vector<model::PathData> subpaths;
+    bool damaged = false; ///< the data goes wrong, and only the segments before that are here
+};
+
+[[nodiscard]] Outline pathOutline(std::string_view data);
 
 /// Answers the value of an attribute, or none.
 using AttributeOf = std::function<std::optional<std::string_view>(std::string_view name)>;
 
 [[nodiscard]] bool isShape(std::string_view element); ///< a path among them
 /// Empty when the shape has no extent or lacks what it needs.
-[[nodiscard]] std::vector<model::PathData> shapeOutline(std::string_view element, const AttributeOf& attribute);
+[[nodiscard]] Outline shapeOutline(std::string_view element, const AttributeOf& attribute);
 
 void transformBy(model::PathData& path, const Geom::Affine& transform);
 

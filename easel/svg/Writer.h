@@ -1,4 +1,6 @@
-// SVG out: a document as readable text.
+// SVG out. What was read and has not changed is copied byte for byte; a changed node changes its own element; a node
+// made here gets an element beside its neighbours. Works on the bytes that the document keeps as its origin, and
+// changes nothing in the document.
 #pragma once
 
 #include <string>
@@ -8,11 +10,13 @@
 
 namespace easel::svg {
 
-/// The document as SVG. Reading it again gives a document with the same content.
+/// The document as SVG, in the encoding that it was read from. Reading it again gives a document with the same content.
+/// Throws FileError without a file's name when it could not be read again: too large, nested too deeply, or with
+/// coordinates out of reach.
 [[nodiscard]] std::string write(model::Document& document);
 
-/// Replaces the file at `path`, or leaves it as it was and throws FileError: also when the document is so large or
-/// nests so deeply that it could not be read again.
+/// Replaces the file at `path`, or leaves it as it was and throws FileError. Compresses when the name ends in ".svgz",
+/// or when the drawing was read from this very file and that was compressed.
 void save(model::Document& document, const std::string& path);
 
 } // namespace easel::svg

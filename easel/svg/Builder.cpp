@@ -1,0 +1,497 @@
+// Elements that become nodes are noted in the source; of all others only their bytes are kept.
+#include "svg/Builder.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+#include "svg/Limits.h"
+#include "svg/Names.h"
+#include "svg/Outlines.h"
+#include "svg/Values.h"
+
+namespace easel::svg {
+
+namespace {
+
+using model::Box;
+using model::Document;
+using model::Node;
+using model::NodeType;
+using model::PathData;
+using model::Placement;
+using model::Style;
+
+constexpr double kDefaultWidth = 300; ///< of a drawing without any size, as in browsers
+constexpr double kDefaultHeight = 150;
+constexpr double kFlat = 1e-12; ///< area under a transform that nothing comes back from
+
+/// The name of an element of SVG; empty for a foreign one. Drawings without any namespace are taken for SVG.
+std::string_view svgName(std::string_view name) {
+    const std::size_t end = name.find(kNamespaceEnd);
+    if (end == std::string_view::npos) return name;
+    return name.substr(0, end) == kSvgNamespace ? name.substr(end + 1) : std::string_view{};
+}
+
+/// Art that is shown, but not edited.
+bool isForeign(std::string_view element) {
+    static constexpr std::array<std::string_view, 7> kinds{"text", "image", "use",   "foreignObject",
+                                                           "svg",  "a",     "switch"};
+    return std::find(kinds.begin(), kinds.end(), element) != kinds.end();
+}
+
+/// What SVG starts from; it differs from what a new path gets.
+Style initialStyle() {
+    Style style;
+    style.fill = true;
+    style.stroke = false;
+    style.miterLimit = 4;
+    return style;
+}
+
+/// Stroke lengths under a transform that need not keep angles: scaled by the root of the area.
+Style scaled(Style style, double scale) {
+    style.strokeWidth *= scale;
+    style.dashOffset *= scale;
+    for (double& dash : style.dashes) dash *= scale;
+    return style;
+}
+
+/// Calls `use(name, value)` for each property, attributes first, as later ones win.
+template <class Use> void forEachProperty(const Attributes& attributes, Use use) {
+    attributes.forEach([&](std::string_view name, std::string_view value) { use(name, trimmed(value)); });
+    forEachDeclaration(attributes.get("style"), use);
+}
+
+/// Properties that go wrong count as absent.
+Style styleOf(const Attributes& attributes, Style style) {
+    forEachProperty(attributes, [&](std::string_view name, std::string_view value) {
+        try {
+            applyProperty(style, name, value);
+        } catch (const std::range_error&) { // as absent
+        }
+    });
+    return style;
+}
+
+/// Whether what is inherited can be said in a style of the model.
+bool isPlain(const Attributes& attributes) {
+    static constexpr std::array<std::string_view, 7> others{
+        "fill-opacity", "stroke-opacity", "marker", "marker-start", "marker-mid", "marker-end", "visibility"};
+    bool plain = true;
+    forEachProperty(attributes, [&](std::string_view name, std::string_view value) {
+        if (std::find(others.begin(), others.end(), name) != others.end()) plain = false;
+        if ((name == "fill" || name == "stroke") && value != "none" && !color(value)) plain = false;
+    });
+    return plain;
+}
+
+Geom::Affine transformOf(const Attributes& attributes, const Geom::Affine& around) {
+    const std::string_view text = attributes.get("transform");
+    if (text.empty()) return around;
+    return transform(text).value_or(Geom::Affine::identity()) * around;
+}
+
+bool isFlat(const Geom::Affine& transform) {
+    const double area = std::fabs(transform.det());
+    return !(area > kFlat && std::isfinite(area));
+}
+
+bool isInReach(const Box& box) {
+    return box.isEmpty() || (box.left >= -kFarthestCoordinate && box.top >= -kFarthestCoordinate &&
+                             box.right <= kFarthestCoordinate && box.bottom <= kFarthestCoordinate);
+}
+
+bool isFinite(const Geom::Affine& transform) {
+    bool finite = true;
+    for (unsigned i = 0; i < 6; ++i) finite = finite && std::fabs(transform[i]) <= kFarthestCoordinate;
+    return finite;
+}
+
+/// Only where all of it lies where coordinates are trusted.
+Box trusted(const Box& box) { return isInReach(box) ? box : Box{}; }
+
+Box hullOf(const std::vector<PathData>& subpaths) {
+    Box hull;
+    for (const PathData& subpath : subpaths) hull.include(subpath.hull());
+    return hull;
+}
+
+/// The box that x, y, width and height tell.
+Box boxOf(const Attributes& attributes, const Geom::Affine& toPage) {
+    const auto get = [&](std::string_view name) { return length(attributes.get(name)); };
+    const double x = get("x").value_or(0);
+    const double y = get("y").value_or(0);
+    const std::optional<double> width = get("width");
+    const std::optional<double> height = get("height");
+    Box box;
+    if (!width || !height) return box;
+    for (const Geom::Point corner : {Geom::Point(x, y), Geom::Point(x + *width, y), Geom::Point(x, y + *height),
+                                     Geom::Point(x + *width, y + *height)}) {
+        const Geom::Point on = corner * toPage;
+        box.include(model::Point{on.x(), on.y()});
+    }
+    return trusted(box);
+}
+
+/// What SVG has no place for, and the writer puts into attributes of its own or its neighbours.
+void applyOwnFeatures(PathData& path, const Attributes& attributes) {
+    std::vector<model::PathPoint>& points = path.points;
+    const std::string_view types = attributes.get(kNodeTypes);
+    for (std::size_t i = 0; i < std::min(types.size(), points.size()); ++i) points[i].corner = types[i] == 'c';
+    const std::optional<std::string_view> text = attributes.find(kEnds);
+    if (!text || points.empty()) return;
+    const std::vector<double> ends = numbers(*text);
+    if (ends.size() != 4) return;
+    points.front().in = {ends[0], ends[1]};
+    points.back().out = {ends[2], ends[3]};
+}
+
+template <class Prefixes> bool has(const Prefixes& prefixes, std::string_view prefix) {
+    return std::find(prefixes.begin(), prefixes.end(), prefix) != prefixes.end();
+}
+
+} // namespace
+
+// The course of the text
+
+void Builder::bindPrefix(std::string_view prefix, std::string_view uri) {
+    std::vector<std::string>* const known = uri == kInkscapeNamespace   ? &source_->inkscapePrefixes
+                                            : uri == kSodipodiNamespace ? &source_->sodipodiPrefixes
+                                            : uri == kEaselNamespace    ? &source_->easelPrefixes
+                                                                        : nullptr;
+    const bool atRoot = source_->elementCount == 0;
+    const bool taken = has(source_->inkscapePrefixes, prefix) || has(source_->sodipodiPrefixes, prefix) ||
+                       has(source_->easelPrefixes, prefix);
+    if (!atRoot && (known || taken)) source_->prefixesAtRoot = false;
+    if (known && !has(*known, prefix)) known->emplace_back(prefix);
+}
+
+void Builder::startElement(std::string_view name, const Attributes& attributes, TagBytes tag) {
+    if (++source_->elementCount > kMostElements) {
+        throw std::length_error("more than " + std::to_string(kMostElements) + " elements");
+    }
+    if (++depth_ > kDeepestElement) {
+        throw std::length_error("elements nest deeper than " + std::to_string(kDeepestElement));
+    }
+    const std::string_view element = svgName(name);
+    if (element == "style") source_->hasStyleSheet = true;
+    if (passedOver_ > 0) {
+        ++passedOver_;
+        leafDeepest_ = std::max(leafDeepest_, depth_);
+        if (measured_) measureInside(element, attributes);
+        return;
+    }
+    tag_ = tag;
+    leafDeepest_ = depth_;
+    if (open_.empty()) return startRoot(element, attributes);
+    const bool isArt = element == "g" || isShape(element) || isForeign(element);
+    try {
+        toPage_ = around();
+        if (isArt) toPage_ = transformOf(attributes, around());
+        if (!isArt) {
+            ++passedOver_;
+        } else if (tag.inEntity) {
+            addReference(attributes);
+        } else if (element == "g") {
+            startGroup(attributes);
+        } else if (isShape(element)) {
+            addShape(element, attributes);
+        } else {
+            addForeign(element, attributes);
+        }
+    } catch (const std::range_error& error) {
+        // In a transform or in a measure: what the element looks like is anybody's guess.
+        warn_(error.what());
+        toPage_ = around();
+        addOpaque(attributes, Reason::Transform, {});
+    }
+}
+
+void Builder::endElement(TagBytes tag) {
+    if (passedOver_ > 0) {
+        if (measured_) inside_.pop_back();
+        if (--passedOver_ == 0) {
+            if (inLeaf_) latest().end = tag.end;
+            endPassedOver();
+        }
+    } else {
+        const Open& open = open_.back();
+        Element& element = source_->elements[open.element];
+        element.end = tag.end;
+        element.after = static_cast<std::uint32_t>(source_->elements.size());
+        element.height = static_cast<std::uint16_t>(open.deepest - depth_);
+        const std::size_t deepest = open.deepest;
+        open_.pop_back();
+        if (!open_.empty()) open_.back().deepest = std::max(open_.back().deepest, deepest);
+    }
+    --depth_;
+}
+
+void Builder::endPassedOver() {
+    open_.back().deepest = std::max(open_.back().deepest, leafDeepest_);
+    if (measured_) document_->setBounds(*std::exchange(measured_, nullptr), trusted(bounds_));
+    if (!std::exchange(inLeaf_, false)) return;
+    latest().after = static_cast<std::uint32_t>(source_->elements.size());
+    latest().height = static_cast<std::uint16_t>(leafDeepest_ - depth_);
+}
+
+std::unique_ptr<Document> Builder::finish() {
+    document_->journal().end();
+    if (strayLayer_) source_->strayLayer = strayLayer_->id();
+    if (!firstLayerTaken_) source_->strayLayer = document_->currentLayer().id();
+    document_->origin = std::move(source_);
+    return std::move(document_);
+}
+
+// Elements
+
+void Builder::startRoot(std::string_view element, const Attributes& attributes) {
+    if (element != "svg") throw std::runtime_error("not an SVG drawing");
+    const std::vector<double> viewBox = numbers(attributes.get("viewBox"));
+    const bool hasBox = viewBox.size() == 4;
+    const auto size = [&](std::string_view name, double inBox, double byDefault) {
+        const std::optional<std::string_view> text = attributes.find(name);
+        const double value = hasBox ? inBox : text ? length(*text).value_or(byDefault) : byDefault;
+        if (!(value > 0) || value > kFarthestCoordinate) {
+            throw std::range_error("the drawing's " + std::string(name) + " is no usable size");
+        }
+        return value;
+    };
+    const double width = size("width", hasBox ? viewBox[2] : 0, kDefaultWidth);
+    const double height = size("height", hasBox ? viewBox[3] : 0, kDefaultHeight);
+    if (hasBox && !isInReach({viewBox[0], viewBox[1], viewBox[0], viewBox[1]})) {
+        throw std::range_error("the drawing's page lies too far out");
+    }
+    document_ = std::make_unique<Document>(width, height);
+    document_->journal().begin();
+    document_->journal().setKind(model::UndoKind::Silent);
+    document_->setName(document_->currentLayer(), kFirstLayerTitle);
+    toPage_ =
+        transformOf(attributes, hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1]) : Geom::Affine::identity());
+    if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
+    source_->transforms.push_back(toPage_);
+    source_->containers.push_back({initialStyle(), 0, 0, 0, true});
+    openContainer(attributes, nullptr);
+    Document::setOrigin(document_->root(), 1);
+}
+
+void Builder::startGroup(const Attributes& attributes) {
+    if (isFlat(toPage_)) {
+        addOpaque(attributes, Reason::Singular, {});
+        return;
+    }
+    bool otherTransform = false;
+    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
+        if (name == "transform" && value != "none") otherTransform = true;
+    });
+    if (otherTransform || !isFinite(toPage_)) {
+        addOpaque(attributes, otherTransform ? Reason::Transform : Reason::TooFar, {});
+        latest().wrapped = otherTransform;
+        return;
+    }
+    const bool isLayer = !open_.back().node && attributes.find(kGroupMode) == "layer";
+    Node& group = isLayer ? newLayer(attributes) : add(NodeType::Group, attributes);
+    openContainer(attributes, &group);
+    keep(&group);
+}
+
+void Builder::addShape(std::string_view element, const Attributes& attributes) {
+    Outline outline = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); });
+    std::vector<PathData>& subpaths = outline.subpaths;
+    if (outline.damaged) warn_("the outline is damaged; what comes before that is kept");
+    if (subpaths.empty() && element == "path") subpaths.emplace_back(); // a path without points is still one
+    if (subpaths.empty()) {                                             // nothing is shown
+        ++passedOver_;
+        return;
+    }
+    Reason reason = subpaths.size() > 1 ? Reason::Subpaths : Reason::None;
+    std::size_t anchors = 0;
+    for (PathData& subpath : subpaths) {
+        anchors += subpath.points.size();
+        transformBy(subpath, toPage_);
+    }
+    if (subpaths.size() == 1 && !isFlat(toPage_)) applyOwnFeatures(subpaths.front(), attributes);
+    const Box hull = hullOf(subpaths);
+    if (anchors > kMostAnchors) reason = Reason::Anchors;
+    bool finite = isInReach(hull); // also false for a hull that is no number
+    for (const PathData& subpath : subpaths) finite = finite && (subpath.points.empty() || !hull.isEmpty());
+    if (!finite) reason = Reason::TooFar;
+    if (isFlat(toPage_)) reason = Reason::Singular;
+    bool otherTransform = false;
+    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
+        if (name == "transform" && value != "none") otherTransform = true;
+    });
+    if (otherTransform) reason = Reason::Transform;
+    if (reason != Reason::None) {
+        addOpaque(attributes, reason, trusted(hull));
+        latest().damaged = outline.damaged;
+        latest().wrapped = otherTransform;
+        return;
+    }
+    const Style own = styleOf(attributes, source_->containers[open_.back().container].style);
+    Node& path = add(NodeType::Path, attributes);
+    subpaths.front().points.shrink_to_fit();
+    document_->setPath(path, std::move(subpaths.front()));
+    document_->setStyle(path, scaled(own, std::sqrt(std::fabs(toPage_.det()))));
+    keep(&path);
+    latest().damaged = outline.damaged;
+    inLeaf_ = true;
+    ++passedOver_;
+}
+
+void Builder::addForeign(std::string_view element, const Attributes& attributes) {
+    const bool isBox = element == "image" || element == "foreignObject" || element == "svg";
+    Node& node = addOpaque(attributes, isFlat(toPage_) ? Reason::Singular : Reason::Kind,
+                           isBox ? boxOf(attributes, toPage_) : Box{});
+    latest().wrapped = element == "svg"; // renderers disagree on whether it may have a transform
+    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
+        if (name == "transform" && value != "none") latest().wrapped = true;
+    });
+    if (element != "a" && element != "switch") return;
+    measured_ = &node;
+    bounds_ = {};
+    inside_.assign(1, toPage_);
+}
+
+/// All the art of one reference is one piece, for it can only be moved together.
+void Builder::addReference(const Attributes& attributes) {
+    if (lastReference_ != tag_.begin) {
+        addOpaque(attributes, Reason::Entity, {});
+        latest().end = tag_.end;
+        latest().wrapped = true;
+        latest().after = static_cast<std::uint32_t>(source_->elements.size());
+        inLeaf_ = false;
+        lastReference_ = tag_.begin;
+    } else {
+        ++passedOver_;
+    }
+}
+
+void Builder::measureInside(std::string_view element, const Attributes& attributes) {
+    inside_.push_back(std::nullopt);
+    const std::optional<Geom::Affine> parent = inside_[inside_.size() - 2];
+    const bool holds = element == "g" || element == "a" || element == "switch";
+    if (!parent || !(holds || isShape(element))) return;
+    try {
+        const Geom::Affine transform = transformOf(attributes, *parent);
+        if (holds) {
+            inside_.back() = transform;
+            return;
+        }
+        Outline outline = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); });
+        for (PathData& subpath : outline.subpaths) transformBy(subpath, transform);
+        bounds_.include(hullOf(outline.subpaths));
+    } catch (const std::range_error&) { // what cannot be measured does not count
+    }
+}
+
+// Parts of them
+
+Node& Builder::newLayer(const Attributes& attributes) {
+    const std::string_view title = attributes.find(kLabel).value_or(attributes.get("id"));
+    // The document came with one layer.
+    Node& layer = firstLayerTaken_ ? document_->addLayer(title) : document_->currentLayer();
+    firstLayerTaken_ = true;
+    document_->setName(layer, title);
+    setFlags(layer, attributes);
+    return layer;
+}
+
+Node& Builder::add(NodeType type, const Attributes& attributes) {
+    Node* container = open_.back().node;
+    if (!container) container = &layerOfStrayArt();
+    Node& node = document_->create(type, Placement::OnTopInside, *container);
+    document_->setName(node, attributes.find("id").value_or(attributes.get(kLabel)));
+    setFlags(node, attributes);
+    return node;
+}
+
+Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box& bounds) {
+    Node& node = add(NodeType::Opaque, attributes);
+    document_->setBounds(node, bounds);
+    keep(&node);
+    latest().reason = reason;
+    inLeaf_ = true;
+    ++passedOver_;
+    return node;
+}
+
+Node& Builder::layerOfStrayArt() {
+    if (!strayLayer_) {
+        strayLayer_ = firstLayerTaken_ ? &document_->addLayer(kFirstLayerTitle) : &document_->currentLayer();
+        firstLayerTaken_ = true;
+    }
+    return *strayLayer_;
+}
+
+void Builder::setFlags(Node& node, const Attributes& attributes) {
+    bool hidden = attributes.find("display") == "none";
+    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
+        if (name == "display") hidden = value == "none";
+    });
+    document_->setHidden(node, hidden);
+    document_->setLocked(node, attributes.find(kInsensitive) == "true");
+}
+
+/// Notes where the latest element stands, and for a node what it is like.
+void Builder::keep(Node* node) {
+    const bool isContainer = !node || node->isContainer();
+    if (!isContainer) {
+        Element element;
+        element.container = open_.back().container;
+        element.toPage = source_->containers[element.container].toPage;
+        if (!(toPage_ == around())) {
+            element.toPage = static_cast<std::uint32_t>(source_->transforms.size());
+            source_->transforms.push_back(toPage_);
+        }
+        source_->elements.push_back(std::move(element));
+    }
+    Element& element = latest();
+    element.begin = tag_.begin;
+    element.tagEnd = tag_.end;
+    if (!node) return;
+    element.locked = node->locked();
+    element.hidden = node->hidden();
+    element.path = node->state().path;
+    element.style = node->state().style;
+    element.name = node->state().name;
+    Document::setOrigin(*node, static_cast<std::uint32_t>(source_->elements.size()));
+}
+
+void Builder::openContainer(const Attributes& attributes, Node* node) {
+    const std::uint32_t outer = open_.empty() ? 0 : open_.back().container;
+    Element element;
+    element.container = outer;
+    if (!open_.empty()) {
+        element.toPage = source_->containers[outer].toPage;
+        if (!(toPage_ == around())) {
+            element.toPage = static_cast<std::uint32_t>(source_->transforms.size());
+            source_->transforms.push_back(toPage_);
+        }
+    }
+    Container inner = source_->containers[outer];
+    inner.style = styleOf(attributes, inner.style);
+    inner.plain = inner.plain && isPlain(attributes);
+    inner.toPage = element.toPage;
+    inner.element = static_cast<std::uint32_t>(source_->elements.size());
+    element.inner = static_cast<std::uint32_t>(open_.empty() ? 0 : source_->containers.size());
+    inner.depth = static_cast<std::uint16_t>(depth_);
+    const std::uint32_t index = element.inner;
+    if (open_.empty()) {
+        source_->containers.front() = inner;
+    } else {
+        source_->containers.push_back(inner);
+    }
+    source_->elements.push_back(std::move(element));
+    open_.push_back({inner.element, index, node, depth_});
+    if (!node) keep(nullptr);
+}
+
+const Geom::Affine& Builder::around() const {
+    return source_->transforms[source_->containers[open_.back().container].toPage];
+}
+
+} // namespace easel::svg

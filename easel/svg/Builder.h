@@ -1,0 +1,105 @@
+// Builds a document element by element. Knows no parser: it is told of tags, their attributes and where they stand.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Document.h"
+#include "svg/Source.h"
+
+namespace easel::svg {
+
+/// The attributes of one element: names and values in turn, ended by null. Names as in Names.h.
+class Attributes {
+  public:
+    explicit Attributes(const char** pairs) : pairs_(pairs) {}
+
+    [[nodiscard]] std::optional<std::string_view> find(std::string_view name) const {
+        for (const char** pair = pairs_; *pair; pair += 2) {
+            if (name == pair[0]) return pair[1];
+        }
+        return std::nullopt;
+    }
+    [[nodiscard]] std::string_view get(std::string_view name) const { return find(name).value_or(""); }
+    template <class Use> void forEach(Use use) const {
+        for (const char** pair = pairs_; *pair; pair += 2) use(pair[0], pair[1]);
+    }
+
+  private:
+    const char** pairs_;
+};
+
+/// Where a tag stands in the text, or the reference to the entity that it stands in.
+struct TagBytes {
+    std::uint32_t begin;
+    std::uint32_t end;
+    bool inEntity;
+};
+
+class Builder {
+  public:
+    using Warn = std::function<void(const std::string& what)>;
+
+    Builder(std::shared_ptr<Source> source, Warn warn) : source_(std::move(source)), warn_(std::move(warn)) {}
+
+    void bindPrefix(std::string_view prefix, std::string_view uri); ///< on the element that starts next
+    void startElement(std::string_view name, const Attributes& attributes, TagBytes tag);
+    void endElement(TagBytes tag);
+    /// The document, complete and with its origin.
+    std::unique_ptr<model::Document> finish();
+
+  private:
+    /// A root, layer or group whose end has not been met.
+    struct Open {
+        std::uint32_t element;
+        std::uint32_t container;
+        model::Node* node; ///< null at the root, where art may be in no layer
+        std::size_t deepest;
+    };
+
+    // Elements
+    void startRoot(std::string_view element, const Attributes& attributes);
+    void startGroup(const Attributes& attributes);
+    void addShape(std::string_view element, const Attributes& attributes);
+    void addForeign(std::string_view element, const Attributes& attributes);
+    void addReference(const Attributes& attributes);
+    void measureInside(std::string_view element, const Attributes& attributes);
+    void endPassedOver();
+
+    // Parts of them
+    model::Node& newLayer(const Attributes& attributes);
+    model::Node& add(model::NodeType type, const Attributes& attributes);
+    model::Node& addOpaque(const Attributes& attributes, Reason reason, const model::Box& bounds);
+    model::Node& layerOfStrayArt();
+    void setFlags(model::Node& node, const Attributes& attributes);
+    void keep(model::Node* node);
+    void openContainer(const Attributes& attributes, model::Node* node);
+    [[nodiscard]] const Geom::Affine& around() const;
+    [[nodiscard]] Element& latest() { return source_->elements.back(); }
+
+    std::shared_ptr<Source> source_;
+    Warn warn_;
+    std::unique_ptr<model::Document> document_;
+    std::vector<Open> open_;
+    TagBytes tag_{};
+    Geom::Affine toPage_; // of the element that has just started
+    std::size_t depth_ = 0;
+    std::size_t passedOver_ = 0; // open elements that are not read, nor anything in them
+    bool inLeaf_ = false;        // the outermost of these is the latest element
+    std::size_t leafDeepest_ = 0;
+    model::Node* measured_ = nullptr; // opaque art whose contents tell its bounds
+    model::Box bounds_;
+    std::vector<std::optional<Geom::Affine>> inside_; // transforms in measured art; none where nothing is shown
+    std::uint32_t lastReference_ = 0;                 // where the latest art from an entity is referred to
+    bool firstLayerTaken_ = false;
+    model::Node* strayLayer_ = nullptr;
+};
+
+} // namespace easel::svg

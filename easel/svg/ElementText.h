@@ -1,0 +1,57 @@
+// The text of single elements: those made anew, and those that were read and have changed. Knows nothing of what stands
+// around them.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "model/Document.h"
+#include "svg/Markup.h"
+#include "svg/Source.h"
+
+namespace easel::svg {
+
+/// Where an element is written.
+struct Place {
+    std::uint32_t container;
+    const std::string& prefix; ///< of SVG's names, with its colon
+};
+
+/// Every operation that writes throws FileError for what could not be read again.
+class ElementText {
+  public:
+    explicit ElementText(const Source& source) : source_(source) {}
+
+    /// The start tag of a node that was made here, without its end.
+    [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
+
+    [[nodiscard]] bool isChanged(const model::Node& node, const Element& element, const Place& place) const;
+    /// The start tag of a container that was read.
+    [[nodiscard]] std::string startTag(const model::Node& node, const Element& element, const Place& place);
+    /// All of a changed element that is no container.
+    [[nodiscard]] std::string whole(const model::Node& node, const Element& element, const Place& place);
+
+  private:
+    [[nodiscard]] std::optional<Geom::Affine> displacement(const model::Node& node, const Element& element,
+                                                           const Place& place) const;
+    void changeOutline(Tag& tag, const model::Node& node, const Element& element) const;
+    void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
+    void setProperty(Tag& tag, std::string_view name, const std::string& value) const;
+    void setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
+                    std::string_view uri, std::string_view local, std::string_view value) const;
+    void setName(Tag& tag, const model::Node& node);
+    void setOwnFeatures(Tag& tag, const model::PathData& path) const;
+    [[nodiscard]] bool takeId(const std::string& name);
+    [[nodiscard]] std::string escaped(std::string_view text) const;
+    [[nodiscard]] std::string wrapped(const model::Node& node, const Element& element, const Place& place) const;
+
+    const Source& source_;
+    std::optional<std::unordered_set<std::string_view>> ids_;
+};
+
+} // namespace easel::svg

@@ -1,0 +1,256 @@
+// Small grammars, each written by hand.
+#include "svg/Markup.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "svg/Outlines.h"
+
+namespace easel::svg {
+
+namespace {
+
+using model::PathData;
+using model::PathPoint;
+using model::Point;
+using model::Style;
+
+constexpr std::string_view kSpace = " \t\r\n";
+
+void append(std::string& out, Point point) {
+    appendNumber(out, point.x);
+    out += ' ';
+    appendNumber(out, point.y);
+}
+
+void appendColor(std::string& out, const model::Color& color) {
+    const double channels[] = {color.red, color.green, color.blue};
+    const auto isByte = [](double channel) { return std::round(channel * 255) / 255 == channel; };
+    if (std::all_of(std::begin(channels), std::end(channels), isByte)) {
+        out += '#';
+        for (const double channel : channels) {
+            const int byte = static_cast<int>(std::round(channel * 255));
+            out += "0123456789abcdef"[byte / 16];
+            out += "0123456789abcdef"[byte % 16];
+        }
+        return;
+    }
+    out += "rgb(";
+    for (const double channel : channels) {
+        appendNumber(out, channel * 100);
+        out += &channel == &channels[2] ? "%)" : "%,";
+    }
+}
+
+void appendSegment(std::string& out, const PathPoint& start, const PathPoint& end) {
+    const bool straight = start.out == start.anchor && end.in == end.anchor;
+    out += straight ? " L" : " C";
+    if (!straight) {
+        append(out, start.out);
+        out += ' ';
+        append(out, end.in);
+        out += ' ';
+    }
+    append(out, end.anchor);
+}
+
+bool startsUtf8(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
+
+/// The character that begins at `at`, which is moved behind it.
+std::uint32_t nextCharacter(std::string_view text, std::size_t& at) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    const int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+    std::uint32_t c = lead & (0x3FU >> more);
+    while (at < text.size() && !startsUtf8(text[at])) c = c << 6 | (static_cast<unsigned char>(text[at++]) & 0x3FU);
+    return c;
+}
+
+std::string colorText(const model::Color& color, bool painted) {
+    std::string text;
+    if (painted) {
+        appendColor(text, color);
+    } else {
+        text = "none";
+    }
+    return text;
+}
+
+std::string numberText(double value) {
+    std::string text;
+    appendNumber(text, value);
+    return text;
+}
+
+bool sameDashes(const Style& a, const Style& b) {
+    return a.dashCount == b.dashCount && std::equal(a.dashes.begin(), a.dashes.begin() + a.dashCount, b.dashes.begin());
+}
+
+} // namespace
+
+// Values
+
+void appendNumber(std::string& out, double value) {
+    char digits[32];
+    const auto [end, error] = std::to_chars(digits, digits + sizeof digits, value);
+    out.append(digits, end);
+}
+
+void appendEscaped(std::string& out, std::string_view text, bool asciiOnly) {
+    for (std::size_t at = 0; at < text.size();) {
+        if (asciiOnly && static_cast<unsigned char>(text[at]) >= 0x80) {
+            out += "&#" + std::to_string(nextCharacter(text, at)) + ';';
+            continue;
+        }
+        const char c = text[at++];
+        switch (c) {
+        case '&': out += "&amp;"; break;
+        case '<': out += "&lt;"; break;
+        case '>': out += "&gt;"; break;
+        case '"': out += "&quot;"; break;
+        case '\'': out += "&apos;"; break;
+        case '\t': out += "&#9;"; break; // a plain one would be read as a space
+        case '\n': out += "&#10;"; break;
+        case '\r': out += "&#13;"; break;
+        default:
+            if (static_cast<unsigned char>(c) >= ' ') out += c; // XML has no way to say the others
+        }
+    }
+}
+
+std::string pathData(const PathData& path) {
+    std::string out;
+    if (path.points.empty()) return out;
+    const PathPoint& first = path.points.front();
+    const PathPoint& last = path.points.back();
+    out += 'M';
+    append(out, first.anchor);
+    for (std::size_t i = 1; i < path.points.size(); ++i) appendSegment(out, path.points[i - 1], path.points[i]);
+    if (!path.closed) return out;
+    // A straight way back goes without saying, unless it has no length: then "Z" alone would join the two anchors.
+    const bool straight = last.out == last.anchor && first.in == first.anchor;
+    if (path.points.size() > 1 && (!straight || last.anchor == first.anchor)) appendSegment(out, last, first);
+    return out += " Z";
+}
+
+std::string nodeTypes(const PathData& path) {
+    const auto unexpected = [](const PathPoint& point) { return point.corner == looksSmooth(point); };
+    std::string types;
+    if (std::none_of(path.points.begin(), path.points.end(), unexpected)) return types;
+    for (const PathPoint& point : path.points) types += point.corner ? 'c' : 's';
+    if (path.closed) types += types.front();
+    return types;
+}
+
+std::string outerHandles(const PathData& path) {
+    std::string ends;
+    if (path.points.empty() || (path.closed && path.points.size() > 1)) return ends;
+    const PathPoint& first = path.points.front();
+    const PathPoint& last = path.points.back();
+    if (first.in == first.anchor && last.out == last.anchor) return ends;
+    append(ends, first.in);
+    ends += ' ';
+    append(ends, last.out);
+    return ends;
+}
+
+std::vector<Property> properties(const Style& style, const Style* assumed) {
+    static constexpr const char* caps[] = {"butt", "round", "square"};
+    static constexpr const char* joins[] = {"miter", "round", "bevel"};
+    std::vector<Property> said;
+    const auto say = [&](bool unlessSame, std::string_view name, std::string value) {
+        if (!assumed || !unlessSame) said.emplace_back(name, std::move(value));
+    };
+    const Style& other = assumed ? *assumed : style;
+    const auto samePaint = [](bool a, const model::Color& colorA, bool b, const model::Color& colorB) {
+        return a == b && (!a || colorA == colorB);
+    };
+    say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor), "fill",
+        colorText(style.fillColor, style.fill));
+    say(samePaint(style.stroke, style.strokeColor, other.stroke, other.strokeColor), "stroke",
+        colorText(style.strokeColor, style.stroke));
+    say(style.strokeWidth == other.strokeWidth, "stroke-width", numberText(style.strokeWidth));
+    say(style.miterLimit == other.miterLimit, "stroke-miterlimit", numberText(style.miterLimit));
+    say(style.cap == other.cap, "stroke-linecap", caps[static_cast<int>(style.cap)]);
+    say(style.join == other.join, "stroke-linejoin", joins[static_cast<int>(style.join)]);
+    std::string dashes;
+    for (std::size_t i = 0; i < style.dashCount; ++i) dashes += (i > 0 ? " " : "") + numberText(style.dashes[i]);
+    say(sameDashes(style, other), "stroke-dasharray", dashes.empty() ? "none" : std::move(dashes));
+    say(style.dashCount == 0 || style.dashOffset == other.dashOffset, "stroke-dashoffset",
+        numberText(style.dashOffset));
+    return said;
+}
+
+// Tags
+
+Tag::Tag(std::string_view text) {
+    std::size_t at = 1;
+    const auto span = [&](std::size_t end) {
+        const std::string_view part = text.substr(at, end - at);
+        at = std::min(end, text.size());
+        return part;
+    };
+    name_ = span(text.find_first_of(" \t\r\n/>", at));
+    for (;;) {
+        const std::size_t start = text.find_first_not_of(kSpace, at);
+        if (start == std::string_view::npos || text[start] == '/' || text[start] == '>') break;
+        Attribute attribute{};
+        attribute.before = span(start);
+        attribute.name = span(text.find_first_of(" \t\r\n=", at));
+        attribute.between = span(text.find_first_of("\"'", at));
+        if (at == text.size()) break;
+        attribute.quote = text[at++];
+        attribute.value = span(text.find(attribute.quote, at));
+        ++at;
+        attributes_.push_back(std::move(attribute));
+    }
+    tail_ = text.substr(std::min(at, text.size()));
+}
+
+std::optional<std::string_view> Tag::find(std::string_view attribute) const {
+    for (const Attribute& has : attributes_) {
+        if (has.name == attribute) return has.value;
+    }
+    return std::nullopt;
+}
+
+std::string Tag::find(const std::vector<std::string>& prefixes, std::string_view local) const {
+    for (const std::string& prefix : prefixes) {
+        std::string name = prefix + ':' + std::string(local);
+        if (find(name)) return name;
+    }
+    return "";
+}
+
+void Tag::set(std::string_view attribute, std::string value) {
+    for (Attribute& has : attributes_) {
+        if (has.name != attribute) continue;
+        has.value = std::move(value);
+        return;
+    }
+    attributes_.push_back({" ", std::string(attribute), "=", '"', std::move(value)});
+}
+
+void Tag::remove(std::string_view attribute) {
+    const auto named = [&](const Attribute& has) { return has.name == attribute; };
+    attributes_.erase(std::remove_if(attributes_.begin(), attributes_.end(), named), attributes_.end());
+}
+
+void Tag::openUp() { tail_.erase(tail_.size() - 2, 1); }
+
+std::string Tag::text() const {
+    std::string text = '<' + name_;
+    for (const Attribute& attribute : attributes_) {
+        text += attribute.before;
+        text += attribute.name;
+        text += attribute.between;
+        text += attribute.quote;
+        text += attribute.value;
+        text += attribute.quote;
+    }
+    return text += tail_;
+}
+
+} // namespace easel::svg

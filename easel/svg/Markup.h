@@ -1,0 +1,63 @@
+// Values as SVG writes them, numbers as short as they can be without changing; and start tags, changed in place.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "model/Types.h"
+
+namespace easel::svg {
+
+void appendNumber(std::string& out, double value);
+/// `asciiOnly`: other characters become references, for files whose encoding may not have them.
+void appendEscaped(std::string& out, std::string_view text, bool asciiOnly);
+
+[[nodiscard]] std::string pathData(const model::PathData& path);
+/// Corner or smooth, a letter for each point; empty where the handles tell it.
+[[nodiscard]] std::string nodeTypes(const model::PathData& path);
+/// The handles outside the ends of an open path; empty where there are none.
+[[nodiscard]] std::string outerHandles(const model::PathData& path);
+
+using Property = std::pair<std::string_view, std::string>;
+/// What must be said of a style where `assumed` holds otherwise; all of it where nothing can be assumed.
+[[nodiscard]] std::vector<Property> properties(const model::Style& style, const model::Style* assumed);
+
+/// A start tag as it stands in a file. What is not set, removed or renamed keeps its bytes.
+class Tag {
+  public:
+    /// `text` is well-formed.
+    explicit Tag(std::string_view text);
+
+    [[nodiscard]] std::string_view name() const { return name_; }
+    [[nodiscard]] bool endsItself() const { return tail_.size() > 1 && tail_[tail_.size() - 2] == '/'; }
+    /// A value as it is written, references unresolved.
+    [[nodiscard]] std::optional<std::string_view> find(std::string_view attribute) const;
+    /// The name of the attribute `local` with one of the prefixes; empty when there is none.
+    [[nodiscard]] std::string find(const std::vector<std::string>& prefixes, std::string_view local) const;
+
+    /// Replaces a value where it stands, or adds the attribute at the end. The value is already escaped.
+    void set(std::string_view attribute, std::string value);
+    void remove(std::string_view attribute);
+    void rename(std::string name) { name_ = std::move(name); }
+    void openUp(); ///< a tag that ends itself becomes one that has an end tag
+
+    [[nodiscard]] std::string text() const;
+
+  private:
+    struct Attribute {
+        std::string_view before; // white space
+        std::string name;
+        std::string_view between; // the equals sign and the space around it
+        char quote;
+        std::string value;
+    };
+
+    std::string name_;
+    std::vector<Attribute> attributes_;
+    std::string tail_;
+};
+
+} // namespace easel::svg

@@ -1,0 +1,91 @@
+// What a drawing was read from: its bytes, and which of them each node came from. Saving copies whatever has not
+// changed since. Reads and writes nothing itself.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Document.h"
+
+namespace easel::svg {
+
+/// How the bytes of a file hold the text of the drawing.
+enum class Encoding : std::uint8_t { Utf8, OtherAscii, Utf16Little, Utf16Big };
+
+/// Why art is opaque.
+enum class Reason : std::uint8_t {
+    None,
+    Kind,      ///< a text, an image, ...: the element's name tells
+    Subpaths,  ///< a document holds paths of one piece
+    Anchors,   ///< more than plug-ins can count
+    Singular,  ///< its transform takes it out of the plane, and no way leads back
+    Transform, ///< has one that is no attribute, or is not understood
+    TooFar,    ///< some of it lies beyond the farthest coordinate
+    Entity     ///< stands elsewhere in the file
+};
+
+/// An element that a node came from, and the node as it was then. Offsets are bytes of the source's text.
+struct Element {
+    std::uint32_t begin = 0;     ///< of the start tag
+    std::uint32_t tagEnd = 0;    ///< behind the start tag
+    std::uint32_t end = 0;       ///< behind the end tag
+    std::uint32_t after = 0;     ///< the first of the elements that follow and are not inside
+    std::uint32_t container = 0; ///< index of what holds it
+    std::uint32_t inner = 0;     ///< index of the container that it is
+    std::uint32_t toPage = 0;    ///< index of its transform
+    std::uint16_t height = 0;    ///< how deeply elements nest in it, understood or not
+    Reason reason = Reason::None;
+    bool damaged = false; ///< only the beginning of its outline could be read
+    bool wrapped = false; ///< takes no attribute itself: what changes goes to a group around it
+    bool locked = false;
+    bool hidden = false;
+    std::shared_ptr<const model::PathData> path;
+    std::shared_ptr<const model::Style> style;
+    std::shared_ptr<const std::string> name;
+};
+
+/// What an element passes on to those inside it.
+struct Container {
+    model::Style style;        ///< inherited; lengths in the units of what is inside
+    std::uint32_t element = 0; ///< index of its element
+    std::uint32_t toPage = 0;
+    std::uint16_t depth = 0; ///< 1 for the root
+    bool plain = true;       ///< nothing is inherited that `style` cannot say
+};
+
+class Source : public model::Origin {
+  public:
+    std::string fileName;
+    std::string raw;     ///< the file, where it is not the text itself
+    bool packed = false; ///< the file was compressed
+    Encoding encoding = Encoding::Utf8;
+    std::string text;
+
+    /// In the order of the text; the root comes first. A node's origin is the index of its element plus one.
+    std::deque<Element> elements;
+    std::deque<Container> containers;    ///< the root is the first
+    std::deque<Geom::Affine> transforms; ///< the first is the root's, for what is in it
+    std::size_t elementCount = 0;        ///< those that no node came from included
+    bool hasStyleSheet = false;
+
+    model::NodeId strayLayer; ///< of art outside of all layers; it has no element
+    std::vector<std::string> inkscapePrefixes, sodipodiPrefixes, easelPrefixes; ///< bound anywhere in the file
+    bool prefixesAtRoot = true; ///< no element but the root binds any of them
+
+    [[nodiscard]] std::string_view startTag(const Element& element) const {
+        return std::string_view(text).substr(element.begin, element.tagEnd - element.begin);
+    }
+    /// Of an element, with its prefix.
+    [[nodiscard]] std::string_view tagName(const Element& element) const {
+        const std::string_view tag = startTag(element).substr(1);
+        return tag.substr(0, tag.find_first_of(" \t\r\n/>"));
+    }
+};
+
+} // namespace easel::svg

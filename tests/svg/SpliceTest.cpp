@@ -1,0 +1,258 @@
+// Drawings that were read, changed and written: nothing but what was changed differs, byte for byte.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "support/Drawing.h"
+#include "svg/Picture.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::svg {
+namespace {
+
+using model::addLine;
+using model::corner;
+using model::Document;
+using model::Node;
+using model::NodeType;
+using model::Placement;
+using model::Style;
+
+namespace fs = std::filesystem;
+
+std::string contents(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::vector<fs::path> icons() {
+    std::vector<fs::path> found;
+    for (const auto& entry : fs::recursive_directory_iterator("/usr/share/icons/Tango")) {
+        if (entry.path().extension() == ".svg" && !entry.is_symlink()) found.push_back(entry.path());
+    }
+    return found;
+}
+
+/// The bytes [first, last) of `original` outside of which the two agree.
+std::pair<std::size_t, std::size_t> difference(const std::string& original, const std::string& text) {
+    std::size_t first = 0;
+    const std::size_t most = std::min(original.size(), text.size());
+    while (first < most && original[first] == text[first]) ++first;
+    std::size_t same = 0;
+    while (same < most - first && original[original.size() - 1 - same] == text[text.size() - 1 - same]) ++same;
+    return {first, original.size() - same};
+}
+
+constexpr const char* kDrawing = R"x(<?xml version="1.0"?>
+<!-- a house -->
+<svg xmlns="http://www.w3.org/2000/svg" xmlns:i='http://www.inkscape.org/namespaces/inkscape' viewBox="0 0 100 100">
+    <defs><linearGradient id="sky"/></defs>
+    <g i:groupmode="layer"
+       i:label='Ground' style="fill:#0f0">
+        <rect  x='1' y="2"   width="10" height="20" class='wall' />
+        <path id="roof" d="M 0,0 10,10" style="stroke:red; stroke-width:2 ;fill:none"/>
+
+        <!-- the door -->
+        <g transform="scale(2)">
+            <path id="door" d="m1,1 4,4"></path> <path id="knob" d="M9 9 L8 8"/>
+        </g>
+        <text x="5">Home</text>
+    </g>
+    <g i:groupmode="layer" i:label="Sky"/>
+</svg>
+)x";
+
+struct Edited {
+    std::unique_ptr<Document> document = read(kDrawing, "t.svg");
+    Node& ground = *document->layerAt(1);
+    [[nodiscard]] Node& named(const char* name) const { return *document->findByName(name); }
+    [[nodiscard]] Node& wall() const { return *ground.lastChild(); }
+    [[nodiscard]] Node& text() const { return *ground.firstChild(); }
+};
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t at = text.find(from);
+    EXPECT_NE(at, std::string::npos) << from;
+    return at == std::string::npos ? text : text.replace(at, from.size(), to);
+}
+
+TEST(Splice, EachChangeTouchesItsOwnElement) {
+    const struct {
+        const char* what;
+        std::function<void(Edited&)> edit;
+        const char* from;
+        const char* to;
+    } rows[] = {
+        {"nothing", [](Edited&) {}, "house", "house"},
+        {"a path moved", [](Edited& e) { e.document->offset(e.named("roof"), 1, 0); }, "M 0,0 10,10", "M1 0 L11 10"},
+        {"a shape moved", [](Edited& e) { e.document->offset(e.wall(), 0, 3); }, "class='wall' />",
+         "class='wall' transform=\"translate(0 3)\" />"},
+        {"a shape edited", [](Edited& e) { e.document->setClosed(e.wall(), false); },
+         "<rect  x='1' y=\"2\"   width=\"10\" height=\"20\" class='wall' />",
+         "<path class='wall' d=\"M1 2 L11 2 L11 22 L1 22\" />"},
+        {"below a transform", [](Edited& e) { e.document->offset(e.named("door"), 2, 0); }, "m1,1 4,4", "M2 1 L6 5"},
+        {"a text moved", [](Edited& e) { e.document->offset(e.text(), 1.5, 2); }, "<text x=\"5\">",
+         "<text x=\"5\" transform=\"translate(1.5 2)\">"},
+        {"a text removed", [](Edited& e) { e.document->remove(e.text()); }, "        <text x=\"5\">Home</text>\n", ""},
+        {"one of two on a line", [](Edited& e) { e.document->remove(e.named("knob")); },
+         "<path id=\"knob\" d=\"M9 9 L8 8\"/>", ""},
+        {"a stroke changed",
+         [](Edited& e) {
+             Style style = e.named("roof").style();
+             style.strokeWidth = 3;
+             style.cap = model::Cap::Round;
+             e.document->setStyle(e.named("roof"), style);
+         },
+         "stroke-width:2 ;fill:none", "stroke-width:3;fill:none;stroke-linecap:round"},
+        {"a layer renamed", [](Edited& e) { e.document->setName(e.ground, "it's & this"); }, "'Ground'",
+         "'it&apos;s &amp; this'"},
+        {"a layer hidden", [](Edited& e) { e.document->setHidden(e.ground, true); }, "fill:#0f0",
+         "fill:#0f0;display:none"},
+        {"a layer locked", [](Edited& e) { e.document->setLocked(*e.document->layerAt(0), true); }, "\"Sky\"/>",
+         "\"Sky\" xmlns:sodipodi=\"http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd\" "
+         "sodipodi:insensitive=\"true\"/>"},
+        {"order changed",
+         [](Edited& e) { e.document->place(e.named("roof"), Placement::OnTopInside, *e.named("door").parent()); },
+         "        <path id=\"roof\" d=\"M 0,0 10,10\" style=\"stroke:red; stroke-width:2 ;fill:none\"/>\n", ""},
+        {"a path on top",
+         [](Edited& e) {
+             addLine(*e.document, e.ground, {0, 0}, {1, 2});
+         },
+         "Home</text>\n",
+         "Home</text>\n        <path d=\"M0 0 L1 2\" fill=\"none\" stroke=\"#000000\" stroke-miterlimit=\"10\"/>\n"},
+        {"a named path at the bottom",
+         [](Edited& e) {
+             Node& path = e.document->create(NodeType::Path, Placement::AtBottomInside, e.ground);
+             e.document->setPath(path, {{corner(5, 5)}, false});
+             e.document->setName(path, "sky"); // taken
+         },
+         "        <rect",
+         "        <path i:label=\"sky\" d=\"M5 5\" fill=\"none\" stroke=\"#000000\" "
+         "stroke-miterlimit=\"10\"/>\n        <rect"},
+        {"a path in an empty layer",
+         [](Edited& e) {
+             e.document->setName(addLine(*e.document, *e.document->layerAt(0), {0, 0}, {1, 2}), "new");
+         },
+         "i:label=\"Sky\"/>",
+         "i:label=\"Sky\">\n      <path id=\"new\" d=\"M0 0 L1 2\" fill=\"none\" stroke=\"#000000\" "
+         "stroke-miterlimit=\"10\"/>\n    </g>"},
+        {"a layer between",
+         [](Edited& e) {
+             Node& layer = e.document->create(NodeType::Layer, Placement::Above, e.ground);
+             addLine(*e.document, layer, {0, 0}, {1, 2});
+         },
+         "    </g>\n    <g i:groupmode=\"layer\" i:label=\"Sky\"",
+         "    </g>\n    <g i:groupmode=\"layer\" i:label=\"\">\n      <path d=\"M0 0 L1 2\" fill=\"none\" "
+         "stroke=\"#000000\" stroke-miterlimit=\"10\"/>\n    </g>\n    <g i:groupmode=\"layer\" i:label=\"Sky\""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Edited edited;
+        row.edit(edited);
+        std::string expected = replaced(kDrawing, row.from, row.to);
+        if (std::string(row.what) == "order changed") {
+            expected =
+                replaced(expected, "d=\"M9 9 L8 8\"/>\n",
+                         "d=\"M9 9 L8 8\"/>\n            <path id=\"roof\" d=\"M 0,0 10,10\" style=\"stroke:red; "
+                         "stroke-width:2 ;fill:none\" transform=\"matrix(0.5 0 0 0.5 0 0)\"/>\n");
+        }
+        const std::string text = write(*edited.document);
+        EXPECT_EQ(text, expected);
+        EXPECT_TRUE(Document::sameContent(*read(text, "t.svg"), *read(write(*read(text, "t.svg")), "t.svg")));
+        while (edited.document->journal().undo()) {
+        }
+        EXPECT_EQ(write(*edited.document), kDrawing);
+    }
+}
+
+TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
+    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        const auto document = read(replaced(kDrawing, "<text x=\"5\">Home</text>", "").c_str(), "t.svg");
+        model::RandomEditor random(seed);
+        for (int i = 0; i < 40; ++i) random.edit(*document);
+        const std::string text = write(*document);
+        std::unique_ptr<Document> again;
+        ASSERT_NO_THROW(again = read(text, "t.svg")) << text;
+        ASSERT_EQ(model::allNodes(*document).size(), model::allNodes(*again).size()) << text;
+        ASSERT_EQ(write(*again), text);
+        while (document->journal().undo()) {
+        }
+        ASSERT_EQ(write(*document), replaced(kDrawing, "<text x=\"5\">Home</text>", ""));
+    }
+}
+
+TEST(Splice, OtherEncodingsAreKept) {
+    const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>\n<svg><!-- \xE9 --></svg>";
+    auto document = read(latin, "t.svg");
+    EXPECT_EQ(write(*document), latin);
+    document->addLayer("\xC3\xA9\xF0\x9F\x98\x80"); // as UTF-8
+    EXPECT_EQ(read(write(*document), "t.svg")->layerAt(0)->name(), "\xC3\xA9\xF0\x9F\x98\x80");
+
+    std::string wide("\xFF\xFE", 2);
+    for (const char c : std::string("<svg><g id='a'/></svg>\r\n")) wide.append({c, '\0'});
+    document = read(wide, "t.svg");
+    EXPECT_EQ(write(*document), wide);
+    document->setName(*document->currentLayer().firstChild(), "bc");
+    EXPECT_EQ(write(*document).size(), wide.size() + 2);
+    EXPECT_EQ(read(write(*document), "t.svg")->currentLayer().firstChild()->name(), "bc");
+}
+
+// Icons drawn by others
+
+TEST(Icons, ComeBackByteForByte) {
+    std::size_t count = 0;
+    for (const fs::path& icon : icons()) {
+        const std::string bytes = contents(icon);
+        EXPECT_TRUE(write(*open(icon)) == bytes) << icon;
+        ++count;
+    }
+    EXPECT_GT(count, 100U);
+}
+
+TEST(Icons, TakeANewPathAsOneElement) {
+    for (const fs::path& icon : icons()) {
+        SCOPED_TRACE(icon);
+        const std::string bytes = contents(icon);
+        const auto document = open(icon);
+        addLine(*document, document->currentLayer(), {1, 2}, {3, 4});
+        const std::string text = write(*document);
+        const std::string element = R"(<path d="M1 2 L3 4" fill="none" stroke="#000000" stroke-miterlimit="10"/>)";
+        const std::size_t at = text.find(element);
+        ASSERT_NE(at, std::string::npos);
+        const std::string before = text.substr(0, text.find_last_not_of(" \n\r\t", at - 1) + 1);
+        const std::string after = text.substr(at + element.size());
+        const bool alone = bytes == before + after;
+        // An empty layer that ends itself has to be opened up.
+        const bool opened = before.back() == '>' && bytes.substr(before.size() - 1, 2) == "/>" &&
+                            bytes.substr(before.size() + 1) == after.substr(after.find('>') + 1);
+        EXPECT_TRUE(alone || opened) << text.substr(at - 20, element.size() + 40);
+    }
+}
+
+TEST(Icons, ChangeInsideOfWhatWasMoved) {
+    for (const fs::path& icon : icons()) {
+        SCOPED_TRACE(icon);
+        const std::string bytes = contents(icon);
+        const auto document = open(icon);
+        for (Node* const node : model::allNodes(*document)) {
+            if (node->isContainer() || node->origin() == 0) continue;
+            if (node->type() == NodeType::Path && node->path().points.empty()) continue;
+            document->offset(*node, 3, 5);
+            const std::string moved = write(*document);
+            const auto [first, last] = difference(bytes, moved);
+            ASSERT_NE(moved, bytes) << node->name();
+            // All of it between the brackets of one start tag.
+            const std::size_t start = bytes.rfind('<', first);
+            EXPECT_EQ(bytes.find('<', start + 1) >= last, true) << node->name();
+            document->journal().undo();
+        }
+        EXPECT_TRUE(write(*document) == bytes);
+    }
+}
+
+} // namespace
+} // namespace easel::svg
