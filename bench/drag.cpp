@@ -23,8 +23,9 @@ void fill(model::Document& document, std::int64_t count) {
     std::uniform_real_distribution<double> inCell(0, cell);
     document.journal().begin();
     for (std::int64_t i = 0; i < count; ++i) {
-        const double left = cell * static_cast<double>(i % columns);
-        const double top = cell * static_cast<double>(i / columns);
+        const std::int64_t row = i / columns;
+        const double left = cell * static_cast<double>(i - row * columns);
+        const double top = cell * static_cast<double>(row);
         model::PathData data;
         for (int k = 0; k < 3; ++k) {
             const model::Point point{left + inCell(random), top + inCell(random)};

@@ -27,8 +27,9 @@ std::unique_ptr<Document> drawing(std::int64_t count) {
     document->journal().begin();
     document->journal().setKind(UndoKind::Silent);
     for (std::int64_t i = 0; i < count; ++i) {
-        const double left = static_cast<double>(i % columns) * kSpacing;
-        const double top = static_cast<double>(i / columns) * kSpacing;
+        const auto row = i / columns;
+        const double left = static_cast<double>(i - row * columns) * kSpacing;
+        const double top = static_cast<double>(row) * kSpacing;
         Node& line = document->create(NodeType::Path, Placement::OnTopInside, document->currentLayer());
         document->setPath(line, {{corner(left + inSquare(engine), top + inSquare(engine)),
                                   corner(left + inSquare(engine), top + inSquare(engine))},

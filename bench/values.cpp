@@ -56,13 +56,13 @@ template <typename Measure> void forEachCurve(benchmark::State& state, const Mea
     }
 }
 
-void Length(benchmark::State& state) {
+void arcLength(benchmark::State& state) {
     forEachCurve(state, [](std::size_t i) { return curves()[i].length(); });
 }
-BENCHMARK(Length);
+BENCHMARK(arcLength);
 
 /// The peer takes an absolute tolerance. Its error is larger than that at sharp turns, which is in its favour here.
-void LengthOfPeer(benchmark::State& state) {
+void arcLengthOfPeer(benchmark::State& state) {
     std::vector<double> tolerances;
     for (const Bezier& curve : curves()) tolerances.push_back(1e-9 * curve.length());
     double worst = 0;
@@ -73,16 +73,16 @@ void LengthOfPeer(benchmark::State& state) {
     forEachCurve(state, [&](std::size_t i) { return peers()[i].length(tolerances[i]); });
     state.counters["worst difference"] = worst;
 }
-BENCHMARK(LengthOfPeer);
+BENCHMARK(arcLengthOfPeer);
 
-void TAtLength(benchmark::State& state) {
+void tAtLength(benchmark::State& state) {
     std::vector<double> targets;
     for (const Bezier& curve : curves()) targets.push_back(0.618 * curve.length());
     forEachCurve(state, [&](std::size_t i) { return curves()[i].tAtLength(targets[i]); });
 }
-BENCHMARK(TAtLength);
+BENCHMARK(tAtLength);
 
-void Move(benchmark::State& state) {
+void movePoint(benchmark::State& state) {
     ArtboardPoint point;
     Angle angle;
     const Angle step(1, Angle::Units::Degrees);
@@ -92,6 +92,6 @@ void Move(benchmark::State& state) {
     }
     benchmark::DoNotOptimize(point);
 }
-BENCHMARK(Move);
+BENCHMARK(movePoint);
 
 } // namespace

@@ -13,17 +13,17 @@ namespace {
 using model::PathPoint;
 
 /// Art that is known to be a path.
-struct Path : Art {
+struct PathArt : Art {
     [[nodiscard]] const model::PathData& data() const { return node.path(); }
     [[nodiscard]] std::int16_t count() const { return static_cast<std::int16_t>(data().points.size()); }
 };
 
 } // namespace
 
-template <> struct Argument<Path> {
-    static Path from(AIArtHandle handle) {
+template <> struct Argument<PathArt> {
+    static PathArt from(AIArtHandle handle) {
         const Art art = resolveArt(handle);
-        require(art.node.type() == model::NodeType::Path);
+        require(art.node.type() == model::NodeType::PathArt);
         return {art};
     }
 };
@@ -39,14 +39,14 @@ model::Point fromHost(AIRealPoint point) {
 
 // Points
 
-void getCount(Path path, std::int16_t& count) { count = path.count(); }
+void getCount(PathArt path, std::int16_t& count) { count = path.count(); }
 
-void setCount(Path path, std::int16_t count) {
+void setCount(PathArt path, std::int16_t count) {
     require(count >= 0);
     path.document.setPointCount(path.node, static_cast<std::size_t>(count));
 }
 
-void getSegments(Path path, std::int16_t index, std::int16_t count, AIPathSegment& segments) {
+void getSegments(PathArt path, std::int16_t index, std::int16_t count, AIPathSegment& segments) {
     require(index >= 0 && count >= 0 && index + count <= path.count());
     AIPathSegment* out = &segments;
     for (std::int16_t i = index; i < index + count; ++i) {
@@ -55,7 +55,7 @@ void getSegments(Path path, std::int16_t index, std::int16_t count, AIPathSegmen
     }
 }
 
-void setSegments(Path path, std::int16_t index, std::int16_t count, const AIPathSegment& segments) {
+void setSegments(PathArt path, std::int16_t index, std::int16_t count, const AIPathSegment& segments) {
     require(index >= 0 && count >= 0 && index + count <= path.count());
     // Kept between calls, since a drag comes here at every move. Converted whole first: a bad point changes nothing.
     static std::vector<PathPoint> points;
@@ -65,11 +65,11 @@ void setSegments(Path path, std::int16_t index, std::int16_t count, const AIPath
     path.document.setPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
 }
 
-void getClosed(Path path, AIBoolean& closed) { closed = path.data().closed; }
-void setClosed(Path path, AIBoolean closed) { path.document.setClosed(path.node, closed != 0); }
-void reversePath(Path path) { path.document.reverse(path.node); }
+void getClosed(PathArt path, AIBoolean& closed) { closed = path.data().closed; }
+void setClosed(PathArt path, AIBoolean closed) { path.document.setClosed(path.node, closed != 0); }
+void reversePath(PathArt path) { path.document.reverse(path.node); }
 
-void getLength(Path path, AIReal& length, AIReal flatness) {
+void getLength(PathArt path, AIReal& length, AIReal flatness) {
     require(flatness > 0);
     const std::vector<PathPoint>& points = path.data().points;
     AIReal sum = 0;
@@ -86,7 +86,7 @@ void getLength(Path path, AIReal& length, AIReal flatness) {
 
 // Style
 
-void getStyle(Path path, AIPathStyle& out) {
+void getStyle(PathArt path, AIPathStyle& out) {
     const model::Style& style = path.node.style();
     const auto color = [](const model::Color& c) { return AIColor{c.red, c.green, c.blue}; };
     AIPathStyle answer{.fillPaint = style.fill,
@@ -102,7 +102,7 @@ void getStyle(Path path, AIPathStyle& out) {
     out = answer;
 }
 
-void setStyle(Path path, const AIPathStyle& in) {
+void setStyle(PathArt path, const AIPathStyle& in) {
     const auto unit = [](double value) { return value >= 0 && value <= 1; };
     const auto color = [&](const AIColor& c) {
         require(unit(c.red) && unit(c.green) && unit(c.blue));

@@ -35,16 +35,18 @@ std::vector<std::shared_ptr<Notifier>> NotifierRegistry::ofType(std::string_view
     return found;
 }
 
+std::shared_ptr<Notifier> NotifierRegistry::find(AINotifier* handle) const {
+    const auto known = std::find_if(notifiers_.begin(), notifiers_.end(), [handle](const std::shared_ptr<Notifier>& n) {
+        return n->handle() && n->handle() == handle;
+    });
+    return known == notifiers_.end() ? nullptr : *known;
+}
+
 bool NotifierRegistry::notify(const NotifyMessage& message) const {
-    const auto known =
-        std::find_if(notifiers_.begin(), notifiers_.end(), [&](const std::shared_ptr<Notifier>& notifier) {
-            return notifier->handle() && notifier->handle() == message.notifier;
-        });
-    if (known == notifiers_.end()) return false;
     // Held while it works: a callback may end its own subscription.
-    const std::shared_ptr<Notifier> notifier = *known;
-    notifier->callback().run();
-    return true;
+    const std::shared_ptr<Notifier> notifier = find(message.notifier);
+    if (notifier) notifier->callback().run();
+    return notifier != nullptr;
 }
 
 } // namespace kzo::plugin

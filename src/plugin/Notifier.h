@@ -44,6 +44,8 @@ class NotifierRegistry {
     bool notify(const NotifyMessage& message) const;
 
   private:
+    [[nodiscard]] std::shared_ptr<Notifier> find(AINotifier* handle) const;
+
     std::vector<std::shared_ptr<Notifier>> notifiers_;
 };
 
