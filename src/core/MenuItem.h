@@ -25,7 +25,7 @@ class MenuItem {
     MenuItem(); ///< empty
     MenuItem(const MenuGroup& group, const std::string& text, const Callback& callback);
     MenuItem(BuiltinMenuGroup group, const std::string& text, const Callback& callback);
-    [[nodiscard]] static MenuItem Divider(const MenuGroup& group); ///< a line between items
+    static MenuItem Divider(const MenuGroup& group); ///< a line between items
     /// An item that is there already. Only of the plug-in's own does the callback run.
     explicit MenuItem(_t_MenuItemOpaque* handle);
     explicit MenuItem(std::shared_ptr<plugin::MenuItem> impl) : impl_(std::move(impl)) {}

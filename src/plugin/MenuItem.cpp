@@ -23,7 +23,8 @@ MenuItem::MenuItem(SPPlugin* plugin, const std::string& group, const std::string
     : handle_(addItem(plugin, group, text, 0)), callback_(callback) {}
 
 MenuItem::MenuItem(_t_MenuItemOpaque* handle)
-    : handle_(handle), opensGroup_(host::ask<&AIMenuSuite::GetMenuItemSubGroup>(AIMenuGroup{}, handle) != nullptr) {}
+    : handle_(handle),
+      opensGroup_(handle && host::ask<&AIMenuSuite::GetMenuItemSubGroup>(AIMenuGroup{}, handle) != nullptr) {}
 
 std::shared_ptr<MenuItem> MenuItem::divider(SPPlugin* plugin, const std::string& group) {
     return std::make_shared<MenuItem>(addItem(plugin, group, "", kMenuItemDividerOption));
