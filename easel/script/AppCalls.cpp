@@ -1,4 +1,6 @@
-// print and assert, and the app object: documents, tools, start and end.
+// print and assert, and the app object: documents, tools, menus and time, plug-ins, start and end.
+#include <array>
+
 #include "script/Calls.h"
 
 namespace easel::script {
@@ -67,6 +69,59 @@ void editTool(Host& host, const std::string& title) { host.session.editTool(tool
 
 std::int32_t cursor(Host& host) { return host.session.cursor(); }
 
+// Menus and time
+
+MenuItemRecord itemRecord(const session::MenuItem& item) {
+    return {.text = item.text,
+            .enabled = session::Menus::isEnabled(item),
+            .checked = item.checked,
+            .divider = item.isDivider(),
+            .opens = item.opens != nullptr ? std::optional(item.opens->name) : std::nullopt};
+}
+
+std::vector<MenuGroupRecord> menus(Host& host) {
+    host.session.updateMenus();
+    std::vector<MenuGroupRecord> groups;
+    for (const auto* group : host.session.menus.groups()) {
+        MenuGroupRecord record{.group = group->name, .items = {}};
+        for (const session::MenuChild& child : group->children) {
+            const auto* const item = child.item != nullptr ? child.item : child.group->opener;
+            if (item != nullptr) record.items.push_back(itemRecord(*item));
+        }
+        if (!record.items.empty()) groups.push_back(record);
+    }
+    return groups;
+}
+
+void chooseMenu(Host& host, const std::string& text) { host.session.chooseMenu(text); }
+
+void runFor(Host& host, Positive seconds) { host.session.runFor(seconds.value); }
+
+// Plug-ins
+
+std::vector<PluginRecord> plugins(Host& host) {
+    std::vector<PluginRecord> records;
+    for (const auto* plugin : host.session.plugins.all())
+        records.push_back({plugin->name, plugin->fileName, plugin->started, plugin->broken});
+    return records;
+}
+
+std::int32_t sendMessage(Host& host, const std::string& name, const std::string& caller, const std::string& selector) {
+    for (auto* plugin : host.session.plugins.all()) {
+        if (plugin->name != name) continue;
+        if (!plugin->started) throw session::Error("the plug-in \"" + name + "\" is not running");
+        // A receiver may reply into fields behind the head, so there is room for them.
+        struct {
+            SPMessageData head;
+            std::array<std::uint64_t, 512> fields;
+        } record{};
+        return host.session.messenger.send(*plugin, caller.c_str(), selector.c_str(), record.head);
+    }
+    throw session::Error("no plug-in has the name \"" + name + '"');
+}
+
+void notify(Host& host, const std::string& type) { host.session.notify(type); }
+
 // Start and end
 
 void start(Host& host) {
@@ -96,6 +151,12 @@ constexpr Row app[] = {
     method<selectTool>("app.selectTool", "title"),
     method<editTool>("app.editTool", "title"),
     property<cursor>("app.cursor"),
+    property<menus>("app.menus"),
+    method<chooseMenu>("app.chooseMenu", "text"),
+    method<runFor>("app.runFor", "seconds"),
+    property<plugins>("app.plugins"),
+    method<sendMessage>("app.sendMessage", "plugin, caller, selector"),
+    method<notify>("app.notify", "type"),
     method<start>("app.start", ""),
     method<quit>("app.quit", ""),
     property<reports>("app.reports"),

@@ -244,6 +244,21 @@ void push(duk_context* engine, const PointRecord& record) {
                std::pair("selected", record.selected));
 }
 
+void push(duk_context* engine, const MenuItemRecord& record) {
+    pushRecord(engine, std::pair("text", record.text), std::pair("enabled", record.enabled),
+               std::pair("checked", record.checked), std::pair("divider", record.divider),
+               std::pair("opens", record.opens));
+}
+
+void push(duk_context* engine, const MenuGroupRecord& record) {
+    pushRecord(engine, std::pair("group", record.group), std::pair("items", record.items));
+}
+
+void push(duk_context* engine, const PluginRecord& record) {
+    pushRecord(engine, std::pair("name", record.name), std::pair("file", record.file),
+               std::pair("started", record.started), std::pair("broken", record.broken));
+}
+
 void push(duk_context* engine, const Document& document) { pushDocument(engine, *document); }
 
 void push(duk_context* engine, const View& view) { pushDocument(engine, *view.document, Kind::View); }

@@ -65,6 +65,25 @@ struct PointRecord {
     model::PathPoint point;
     bool selected = false;
 };
+/// Menus as a script sees them.
+struct MenuItemRecord {
+    std::string text;
+    bool enabled = false;
+    bool checked = false;
+    bool divider = false;
+    std::optional<std::string> opens; ///< the name of a group
+};
+struct MenuGroupRecord {
+    std::string group;
+    std::vector<MenuItemRecord> items;
+};
+/// A plug-in as a script sees it.
+struct PluginRecord {
+    std::string name;
+    std::string file;
+    bool started = false;
+    bool broken = false;
+};
 /// Any value at all, as a condition.
 struct Condition {
     bool holds = false;
@@ -131,6 +150,9 @@ void push(duk_context* engine, model::Point point);
 void push(duk_context* engine, const model::Color& color); ///< "#rrggbb"
 void push(duk_context* engine, const model::Style& style); ///< {fill, stroke, width}
 void push(duk_context* engine, const PointRecord& record);
+void push(duk_context* engine, const MenuItemRecord& record);
+void push(duk_context* engine, const MenuGroupRecord& record);
+void push(duk_context* engine, const PluginRecord& record);
 void push(duk_context* engine, const Document& document);
 void push(duk_context* engine, const View& view);
 void push(duk_context* engine, const Object& object);

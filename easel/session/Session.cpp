@@ -211,6 +211,7 @@ void Session::sendToTool(Tool& tool, const char* selector) {
 // Menus and time
 
 void Session::updateMenus() {
+    if (pointer.pressed()) return;
     for (Plugin* plugin : plugins.all()) {
         const std::vector<MenuItem*> items = menus.items();
         if (std::none_of(items.begin(), items.end(), [&](const MenuItem* item) { return item->owner == plugin; }))

@@ -70,7 +70,7 @@ class Session {
     void setCursor(std::int32_t number) { cursor_ = number; }
 
     // Menus and time
-    /// Shows the menus: every plug-in with items in them is asked to bring these up to date.
+    /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
     void updateMenus();
     /// Chooses the first item of this text. Cancels a gesture. Throws Error when there is none or it cannot be chosen.
     void chooseMenu(const std::string& text);
