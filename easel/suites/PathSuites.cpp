@@ -23,7 +23,7 @@ struct PathArt : Art {
 template <> struct Argument<PathArt> {
     static PathArt from(AIArtHandle handle) {
         const Art art = resolveArt(handle);
-        require(art.node.type() == model::NodeType::PathArt);
+        require(art.node.type() == model::NodeType::Path);
         return {art};
     }
 };
