@@ -292,4 +292,33 @@ TEST_F(Suites, PassMessagesOnAndKeepTheirTransactionOne) {
     EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
 }
 
+TEST_F(Suites, LeaveGlobalsOfAPassedMessageToSenderAndReceiver) {
+    int ours = 0, senders = 0, receivers = 0;
+    plugin.globals = &ours;
+    bool nested = false;
+    work = [&](SPMessageData& message) {
+        if (std::exchange(nested, true)) {
+            EXPECT_EQ(std::exchange(message.globals, &receivers), &senders);
+            return;
+        }
+        EXPECT_EQ(message.globals, &ours);
+        SPMessageData inner{};
+        SPErr result = 99;
+        auto& interface = tables.interface.table;
+        EXPECT_EQ(interface.EmptyMessageData(plugin.handle, &inner), kBadParameterErr);
+        EXPECT_EQ(interface.SetUpMessageData(plugin.handle, &inner), kNoErr);
+        EXPECT_EQ(std::exchange(inner.globals, &senders), &ours);
+        EXPECT_EQ(interface.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kNoErr);
+        EXPECT_EQ(inner.globals, &receivers);
+        EXPECT_EQ(interface.EmptyMessageData(plugin.handle, &inner), kNoErr);
+        EXPECT_EQ(inner.basic, nullptr);
+        plugin.started = false;
+        EXPECT_EQ(interface.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kRefusedErr);
+        plugin.started = true;
+    };
+    SPMessageData record{};
+    session.messenger.send(plugin, "Test", "Outer", record);
+    EXPECT_EQ(plugin.globals, &ours);
+}
+
 } // namespace

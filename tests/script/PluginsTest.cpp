@@ -1,0 +1,107 @@
+// Scripts with plug-ins in play: menus that are chosen, timers, and two bundles that talk to each other.
+#include <gmock/gmock.h>
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "script/Script.h"
+#include "session/Session.h"
+
+namespace {
+
+class PluginScripts : public testing::Test {
+  protected:
+    PluginScripts() {
+        for (const char* name : {"Answering", "Asking", "Declining"})
+            session.load(std::string(TEST_BUILD_DIR) + "/" + name + ".aip");
+        session.start();
+    }
+    ~PluginScripts() override { std::filesystem::remove(file); }
+
+    std::string play(const std::string& source) {
+        std::ofstream(file) << source;
+        std::ostringstream out;
+        try {
+            easel::script::run(session, file, out);
+        } catch (const easel::script::ScriptError& error) {
+            out << std::string(error.what()).substr(file.size() + 1);
+        }
+        return out.str();
+    }
+
+    std::string file = testing::TempDir() + "plugins-" + std::to_string(getpid()) + ".js";
+    easel::session::Session session;
+};
+
+TEST_F(PluginScripts, ListAndChooseMenuItems) {
+    EXPECT_EQ(play(R"js(
+        function show() {
+            app.menus.forEach(function (menu) {
+                print(menu.group + ":", menu.items.map(function (item) {
+                    return item.divider ? "-" : item.text + (item.checked ? " *" : "") + (item.enabled ? "" : " (off)") +
+                        (item.opens ? " > " + item.opens : "");
+                }).join(" | "));
+            });
+        }
+        show();
+        app.chooseMenu("Answering: Count");
+        app.chooseMenu("Asking: Ask");
+        show();
+    )js"),
+              "Edit Utilities: Answers > KZO Answers\n"
+              "KZO Answers: - | Answering: Ask | Answering: Count | Answering: nothing yet (off) | "
+              "- | Asking: Ask | Asking: Count | Asking: nothing yet (off)\n"
+              "Edit Utilities: Answers > KZO Answers\n"
+              "KZO Answers: - | Answering: Ask | Answering: Count * | Answering: nothing yet (off) | "
+              "- | Asking: Ask | Asking: Count | Asking: 42 from Answering (off)\n");
+    EXPECT_THAT(session.reports(), testing::IsEmpty());
+}
+
+TEST_F(PluginScripts, LetTimersRun) {
+    EXPECT_EQ(play(R"js(
+        function result() { return app.menus[1].items[3].text; }
+        app.runFor(5);
+        print(result());
+        app.chooseMenu("Answering: Count");
+        app.runFor(0.49);
+        print(result());
+        app.runFor(1.01);
+        print(result());
+        app.chooseMenu("Answering: Count");
+        app.runFor(100);
+        print(result());
+    )js"),
+              "Answering: nothing yet\nAnswering: nothing yet\nAnswering: tick 3\nAnswering: tick 3\n");
+}
+
+TEST_F(PluginScripts, KnowThePluginsAndTalkToThem) {
+    EXPECT_EQ(play(R"js(
+        app.plugins.forEach(function (plugin) { print(plugin.name, plugin.file, plugin.started, plugin.broken); });
+        print(app.sendMessage("Asking", "Test", "Double"), app.sendMessage("Asking", "Nobody", "Knows"));
+        app.notify("AI Application Started Notifier");
+        app.quit();
+        print(app.plugins[0].started, app.menus.length);
+    )js"),
+              "Answering Answering.aip true false\nAsking Asking.aip true false\nDeclining Declining.aip false true\n"
+              "0 0\nfalse 0\n");
+    EXPECT_THAT(session.reports(), testing::IsEmpty());
+}
+
+TEST_F(PluginScripts, AreToldWhatCannotBe) {
+    const std::pair<const char*, const char*> lines[] = {
+        {"app.chooseMenu('Nothing')", "1: app.chooseMenu: no menu item has the text \"Nothing\""},
+        {"app.chooseMenu('Answers')", "1: app.chooseMenu: the menu item \"Answers\" opens a submenu"},
+        {"app.chooseMenu('Asking: nothing yet')",
+         "1: app.chooseMenu: the menu item \"Asking: nothing yet\" is disabled"},
+        {"app.chooseMenu('')", "1: app.chooseMenu: no menu item has the text \"\""}, // dividers have no text
+        {"app.runFor(0)", "1: app.runFor: argument 1 (seconds) must be a number greater than 0, not 0"},
+        {"app.sendMessage('Who', 'a', 'b')", "1: app.sendMessage: no plug-in has the name \"Who\""},
+        {"app.sendMessage('Declining', 'a', 'b')", "1: app.sendMessage: the plug-in \"Declining\" is not running"},
+    };
+    for (const auto& [source, error] : lines) EXPECT_EQ(play(source), error) << source;
+}
+
+} // namespace
