@@ -4,12 +4,17 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "script/Script.h"
 #include "session/Session.h"
+#include "svg/Picture.h"
+#include "svg/Reader.h"
+#include "svg/Summary.h"
+#include "svg/Writer.h"
 
 namespace {
 
@@ -23,7 +28,12 @@ ExitCode fail(ExitCode code, std::string_view line) {
 struct Command {
     std::string script;
     std::vector<std::string> plugins;
+    std::string drawing;
+    std::string picture;
+    double scale = 1;
 };
+
+// Scripts and plug-ins
 
 ExitCode play(const Command& command) {
     easel::session::Session session;
@@ -37,14 +47,87 @@ ExitCode play(const Command& command) {
     return code;
 }
 
+/// Names what loads and starts, and goes on after what does not.
+ExitCode listPlugins(const Command& command) {
+    easel::session::Session session;
+    ExitCode code = Done;
+    for (const std::string& bundle : command.plugins) {
+        try {
+            session.load(bundle);
+        } catch (const easel::session::Error& error) {
+            code = fail(Failed, error.what());
+        }
+    }
+    for (const std::string& line : session.start()) code = fail(Failed, line);
+    for (const auto* plugin : session.plugins.all()) {
+        if (!plugin->started) continue;
+        std::cout << plugin->name << '\n';
+        for (const auto* tool : session.toolbox.all())
+            if (tool->owner == plugin) std::cout << "  tool: " << tool->title << '\n';
+    }
+    session.quit();
+    return code;
+}
+
+// Drawings
+
+std::unique_ptr<easel::model::Document> opened(const Command& command) {
+    return easel::svg::open(command.drawing,
+                            [](const std::string& line) { std::cerr << "easel: user data: " << line << '\n'; });
+}
+
+bool endsIn(const std::string& text, std::string_view end) {
+    return text.size() > end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
+}
+
+ExitCode render(const Command& command) {
+    const auto document = opened(command);
+    const std::string svg = easel::svg::write(*document);
+    if (endsIn(command.picture, ".pdf")) {
+        easel::svg::exportPdf(svg, command.picture, command.scale);
+    } else {
+        easel::svg::exportPng(svg, command.picture, command.scale);
+    }
+    return Done;
+}
+
+ExitCode inform(const Command& command) {
+    const auto document = opened(command);
+    easel::svg::summarize(*document, std::cout);
+    return Done;
+}
+
+std::string pictureName(const std::string& name) {
+    return endsIn(name, ".png") || endsIn(name, ".pdf") ? "" : "the name of a picture ends in .png or .pdf";
+}
+
+void addPlugins(CLI::App& cli, Command& command) {
+    cli.add_option("--plugin", command.plugins, "A plug-in bundle (NAME.aip); can be given more than once")
+        ->allow_extra_args(false);
+}
+
 ExitCode obey(int argc, char** argv) {
     Command command;
     CLI::App cli{"Easel, a drawing application that plays its part without a window", "easel"};
     cli.require_subcommand(1);
     CLI::App& run = *cli.add_subcommand("run", "Plays a session script");
     run.add_option("SCRIPT", command.script, "JavaScript; see docs/session-scripts.md")->required();
-    run.add_option("--plugin", command.plugins, "A plug-in bundle (NAME.aip); can be given more than once")
-        ->allow_extra_args(false);
+    addPlugins(run, command);
+    CLI::App& picture = *cli.add_subcommand("render", "Makes a picture of a drawing");
+    picture.add_option("IN.svg", command.drawing, "The drawing")->required();
+    picture.add_option("-o", command.picture, "The picture: OUT.png or OUT.pdf")
+        ->required()
+        ->check(pictureName, "NAME");
+    picture.add_option("--scale", command.scale, "Pixels (of a PDF: points) for each point of the drawing")
+        ->check(CLI::PositiveNumber);
+    CLI::App& info = *cli.add_subcommand("info", "Tells what a drawing holds, and what of it is not edited");
+    info.add_option("FILE", command.drawing, "The drawing")->required();
+    CLI::App& plugins = *cli.add_subcommand("plugins", "Tells which plug-ins load and start, and their tools");
+    addPlugins(plugins, command);
+    const auto named = [&](const CLI::App* known) { return known->get_name() == argv[1]; };
+    if (argc > 1 && argv[1][0] != '-' && cli.get_subcommands(named).empty()) {
+        return fail(Misused, "there is no command \"" + std::string(argv[1]) + "\"; see easel --help");
+    }
     try {
         cli.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -52,7 +135,9 @@ ExitCode obey(int argc, char** argv) {
         cli.exit(error); // help was asked for
         return Done;
     }
-    return play(command);
+    if (picture.parsed()) return render(command);
+    if (info.parsed()) return inform(command);
+    return plugins.parsed() ? listPlugins(command) : play(command);
 }
 
 } // namespace

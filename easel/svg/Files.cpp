@@ -37,12 +37,28 @@ class Descriptor {
     int number_;
 };
 
+/// What a name stands for once all links are followed; a link may lead to what does not exist yet.
+std::string linkedFile(const std::string& path) {
+    constexpr int mostLinks = 40; // as the system allows
+    std::filesystem::path target(path);
+    std::error_code none;
+    for (int i = 0; i < mostLinks; ++i) {
+        const std::filesystem::path next = std::filesystem::read_symlink(target, none);
+        if (none) return target.string();
+        target = target.parent_path() / next;
+    }
+    fail(path, ELOOP);
+}
+
 /// A file beside the one to be replaced, removed at the end of the scope unless it took its place.
 class Successor {
   public:
     /// `shown` is what errors call the file at `path`.
     Successor(std::string shown, const std::string& path)
-        : shown_(std::move(shown)), path_(path), name_(path + ".XXXXXX"), file_(::mkostemp(name_.data(), O_CLOEXEC)) {
+        : shown_(std::move(shown)),
+          path_(path),
+          name_((std::filesystem::path(path).parent_path() / ".easel-XXXXXX").string()),
+          file_(::mkostemp(name_.data(), O_CLOEXEC)) {
         if (file_.get() < 0) fail(shown_, errno);
     }
     ~Successor() {
@@ -60,7 +76,14 @@ class Successor {
     }
 
     void takePlace() {
-        if (::fchmod(file_.get(), permissions()) != 0 || ::fsync(file_.get()) != 0) fail(shown_, errno);
+        struct stat old {};
+        const bool replaces = ::stat(path_.c_str(), &old) == 0;
+        mode_t mode = replaces ? old.st_mode & 07777 : usualMode();
+        // Giving a file away takes rights; without them it is one's own, and does not run as somebody else.
+        const bool sameOwner = !replaces || ::fchown(file_.get(), old.st_uid, old.st_gid) == 0 ||
+                               ::fchown(file_.get(), static_cast<uid_t>(-1), old.st_gid) == 0;
+        if (!sameOwner) mode &= 0777;
+        if (::fchmod(file_.get(), mode) != 0 || ::fsync(file_.get()) != 0) fail(shown_, errno);
         if (::rename(name_.c_str(), path_.c_str()) != 0) fail(shown_, errno);
         name_.clear();
         // The new name must be stored as well; file systems that cannot do that for folders do it by themselves.
@@ -70,9 +93,7 @@ class Successor {
     }
 
   private:
-    [[nodiscard]] mode_t permissions() const {
-        struct stat old {};
-        if (::stat(path_.c_str(), &old) == 0) return old.st_mode & 07777;
+    [[nodiscard]] static mode_t usualMode() {
         const mode_t mask = ::umask(0);
         ::umask(mask);
         return 0666 & ~mask;
@@ -107,11 +128,14 @@ std::string readFile(const std::string& path) {
 }
 
 void replaceFile(const std::string& path, std::string_view bytes) {
-    // Behind a link, the file that it names is replaced, not the link.
-    std::error_code missing;
-    const std::filesystem::path target = std::filesystem::canonical(path, missing);
-    if (!missing && std::filesystem::is_directory(target)) fail(path, EISDIR);
-    Successor successor(path, missing ? path : target.string());
+    const std::string target = linkedFile(path);
+    struct stat old {};
+    if (::stat(target.c_str(), &old) == 0) {
+        if (S_ISDIR(old.st_mode)) fail(path, EISDIR);
+        if (!S_ISREG(old.st_mode)) throw FileError(path + ": Not a regular file");
+        if (::access(target.c_str(), W_OK) != 0) fail(path, errno); // a file can be protected in an open folder
+    }
+    Successor successor(path, target);
     successor.write(bytes);
     successor.takePlace();
 }

@@ -31,26 +31,30 @@ PathPoint cornerAt(Point at) { return {at, at, at, true}; }
 /// How far the handles of an arc of this angle reach, against the radius.
 double handleReach(double angle) { return 4.0 / 3 * std::tan(angle / 4); }
 
-/// Collects subpaths.
+/// Collects subpaths, up to the first point that is not finite: relative segments can add up to one.
 class Collector : public Geom::PathSink {
   public:
     using Geom::PathSink::feed;
 
     void moveTo(const Geom::Point& p) override {
+        if (!finite(p)) return;
         flush();
         start_ = point(p);
         begin();
     }
     void lineTo(const Geom::Point& p) override {
+        if (!finite(p)) return;
         begin();
         current_.points.push_back(cornerAt(point(p)));
     }
     void curveTo(const Geom::Point& c0, const Geom::Point& c1, const Geom::Point& p) override {
+        if (!finite(c0, c1, p)) return;
         begin();
         current_.points.back().out = point(c0);
         current_.points.push_back({point(p), point(c1), point(p), true});
     }
     void quadTo(const Geom::Point& c, const Geom::Point& p) override {
+        if (!finite(c, p)) return;
         begin();
         const Point from = current_.points.back().anchor;
         const Geom::Point start(from.x, from.y);
@@ -58,6 +62,7 @@ class Collector : public Geom::PathSink {
     }
     void arcTo(Geom::Coord rx, Geom::Coord ry, Geom::Coord angle, bool large, bool sweep,
                const Geom::Point& p) override {
+        if (!finite(p)) return;
         begin();
         const Point from = current_.points.back().anchor;
         const Geom::EllipticalArc arc({from.x, from.y}, rx, ry, angle, large, sweep, p);
@@ -75,7 +80,7 @@ class Collector : public Geom::PathSink {
         }
     }
     void closePath() override {
-        if (current_.points.empty()) return;
+        if (current_.points.empty() || wentTooFar_) return;
         // A last segment that is drawn back to the start ends at the first anchor, not at another one in the same
         // place.
         if (current_.points.size() > 1 && current_.points.back().anchor == current_.points.front().anchor) {
@@ -89,6 +94,8 @@ class Collector : public Geom::PathSink {
         if (!current_.points.empty()) subpaths_.push_back(std::exchange(current_, {}));
     }
 
+    [[nodiscard]] bool wentTooFar() const { return wentTooFar_; }
+
     std::vector<PathData> take() {
         for (PathData& subpath : subpaths_) {
             for (PathPoint& p : subpath.points) p.corner = !looksSmooth(p);
@@ -97,15 +104,18 @@ class Collector : public Geom::PathSink {
     }
 
   private:
-    static Point point(const Geom::Point& p) {
-        if (!std::isfinite(p.x()) || !std::isfinite(p.y())) throw std::range_error("a number is out of range");
-        return {p.x(), p.y()};
+    static Point point(const Geom::Point& p) { return {p.x(), p.y()}; }
+    /// Whether everything is still finite.
+    template <class... Points> bool finite(const Points&... points) {
+        wentTooFar_ = wentTooFar_ || !(... && (std::isfinite(points.x()) && std::isfinite(points.y())));
+        return !wentTooFar_;
     }
     void begin() {
         if (current_.points.empty()) current_.points.push_back(cornerAt(start_));
     }
 
     Point start_;
+    bool wentTooFar_ = false;
     PathData current_;
     std::vector<PathData> subpaths_;
 };
@@ -164,20 +174,6 @@ std::string_view completeSegments(std::string_view data) {
         if (segments == 0) break;
     }
     return data.substr(0, complete);
-}
-
-/// None when the data is damaged.
-std::optional<std::vector<PathData>> parsed(std::string_view data) {
-    Collector collector;
-    Geom::SVGPathParser parser(collector);
-    try {
-        parser.parse(data.data(), static_cast<int>(data.size()));
-        return collector.take();
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (const std::exception&) { // of the parser, of its geometry, of the collector
-        return std::nullopt;
-    }
 }
 
 std::vector<PathData> ellipse(Point center, double rx, double ry) {
@@ -248,9 +244,25 @@ Outline polyline(std::string_view text, bool closed) {
 } // namespace
 
 Outline pathOutline(std::string_view data) {
-    if (trimmed(data).empty() || data == "none") return {};
-    if (std::optional<std::vector<PathData>> whole = parsed(data)) return {std::move(*whole), false};
-    return {parsed(completeSegments(data)).value_or(std::vector<PathData>{}), true};
+    data = trimmed(data);
+    if (data.empty() || data == "none") return {};
+    // The parser is given complete segments only: it loses memory over others.
+    const std::string_view complete = completeSegments(data);
+    Outline outline;
+    outline.damaged = complete.size() < data.size();
+    Collector collector;
+    Geom::SVGPathParser parser(collector);
+    try {
+        parser.parse(complete.data(), static_cast<int>(complete.size()));
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception&) { // of an arc that has no shape, say
+        outline.damaged = true;
+        collector.flush();
+    }
+    outline.subpaths = collector.take();
+    outline.damaged = outline.damaged || collector.wentTooFar();
+    return outline;
 }
 
 bool isShape(std::string_view element) {

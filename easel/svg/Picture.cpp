@@ -1,6 +1,7 @@
 // The renderer's own notion of a drawing's size is ignored where there is a viewBox: a user unit is a point.
 #include "svg/Picture.h"
 
+#include <cairo-pdf.h>
 #include <cairo.h>
 #include <librsvg/rsvg.h>
 
@@ -50,36 +51,64 @@ void require(cairo_status_t status, const std::string& path) {
     if (status != CAIRO_STATUS_SUCCESS) throw FileError(path + ": " + cairo_status_to_string(status));
 }
 
+void require(GError* error, const std::string& path) {
+    const Error owned(error);
+    if (owned) throw FileError(path + ": " + owned->message);
+}
+
+/// A drawing ready to be drawn, and the size of its picture.
+struct Drawing {
+    Drawing(std::string_view svg, const std::string& path, double scale) {
+        GError* error = nullptr;
+        handle.reset(rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), &error));
+        require(error, path);
+        rsvg_handle_set_dpi(handle.get(), 96);
+        size = sizeInUnits(handle.get());
+        size.width *= scale;
+        size.height *= scale;
+        if (!(size.width > 0 && size.height > 0 && size.width <= kMostPixels && size.height <= kMostPixels)) {
+            throw FileError(path + ": a picture has 1 to " + std::to_string(kMostPixels) + " pixels along each side");
+        }
+    }
+
+    void draw(cairo_surface_t* surface, const std::string& path) const {
+        require(cairo_surface_status(surface), path);
+        const Context context(cairo_create(surface));
+        cairo_set_source_rgb(context.get(), 1, 1, 1);
+        cairo_paint(context.get());
+        const RsvgRectangle page{0, 0, size.width, size.height};
+        GError* error = nullptr;
+        rsvg_handle_render_document(handle.get(), context.get(), &page, &error);
+        require(error, path);
+        require(cairo_status(context.get()), path);
+    }
+
+    Handle handle;
+    Size size;
+};
+
 } // namespace
 
 void exportPng(std::string_view svg, const std::string& path, double scale) {
-    GError* error = nullptr;
-    const auto requireNone = [&] {
-        const Error owned(error);
-        if (owned) throw FileError(path + ": " + owned->message);
-    };
-    const Handle handle(rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), &error));
-    requireNone();
-    rsvg_handle_set_dpi(handle.get(), 96);
-    const Size size = sizeInUnits(handle.get());
-    const double width = std::ceil(size.width * scale);
-    const double height = std::ceil(size.height * scale);
-    if (!(width >= 1 && height >= 1 && width <= kMostPixels && height <= kMostPixels)) {
-        throw FileError(path + ": a picture has 1 to " + std::to_string(kMostPixels) + " pixels along each side");
-    }
-    const Surface surface(
-        cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)));
-    require(cairo_surface_status(surface.get()), path);
-    const Context context(cairo_create(surface.get()));
-    cairo_set_source_rgb(context.get(), 1, 1, 1);
-    cairo_paint(context.get());
-    const RsvgRectangle page{0, 0, size.width * scale, size.height * scale};
-    rsvg_handle_render_document(handle.get(), context.get(), &page, &error);
-    requireNone();
-    require(cairo_status(context.get()), path);
+    const Drawing drawing(svg, path, scale);
+    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
+                                                     static_cast<int>(std::ceil(drawing.size.width)),
+                                                     static_cast<int>(std::ceil(drawing.size.height))));
+    drawing.draw(surface.get(), path);
     std::string png;
     require(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &png), path);
     replaceFile(path, png);
+}
+
+void exportPdf(std::string_view svg, const std::string& path, double scale) {
+    const Drawing drawing(svg, path, scale);
+    std::string pdf;
+    const Surface surface(
+        cairo_pdf_surface_create_for_stream(appendBytes, &pdf, drawing.size.width, drawing.size.height));
+    drawing.draw(surface.get(), path);
+    cairo_surface_finish(surface.get());
+    require(cairo_surface_status(surface.get()), path);
+    replaceFile(path, pdf);
 }
 
 } // namespace easel::svg

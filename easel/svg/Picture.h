@@ -9,7 +9,9 @@
 namespace easel::svg {
 
 /// Renders a drawing on white, `scale` pixels a point, and replaces the PNG file at `path`. Throws FileError and leaves
-/// the file as it was.
+/// the file as it was. Files that the drawing links to are not opened.
 void exportPng(std::string_view svg, const std::string& path, double scale);
+/// Likewise a PDF file of one page, `scale` points of it a point of the drawing.
+void exportPdf(std::string_view svg, const std::string& path, double scale);
 
 } // namespace easel::svg

@@ -130,7 +130,15 @@ class Writing {
 
     [[nodiscard]] std::string_view startTagOf(const Element& element) const { return source_.startTag(element); }
 
-    void copy(std::size_t from, std::size_t to) { out_.append(text_, from, to - from); }
+    void copy(std::size_t from, std::size_t to) {
+        // What stood between two brackets and a third one may be gone, but text must not close a section that is not
+        // open.
+        const std::string_view joint = std::string_view(text_).substr(from, std::min<std::size_t>(to - from, 2));
+        const std::size_t tail = std::min<std::size_t>(out_.size(), 2);
+        std::string seam = out_.substr(out_.size() - tail);
+        if (seam.append(joint).find("]]>") != std::string::npos) out_ += "<!-- -->";
+        out_.append(text_, from, to - from);
+    }
 
     // The walk
 

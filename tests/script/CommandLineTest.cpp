@@ -69,12 +69,66 @@ TEST_F(CommandLine, PlaysAScriptAndSavesWhatItDrew) {
 }
 
 TEST_F(CommandLine, AnswersTwoWhenItIsCalledWrongly) {
-    for (const char* arguments : {"", "draw x.js", "run", "run x.js y.js", "run x.js --plugin", "run x.js --speed 5"}) {
+    for (const char* arguments : {"", "draw x.js", "run", "run x.js y.js", "run x.js --plugin", "run x.js --speed 5",
+                                  "render a.svg", "render a.svg -o b.gif", "render a.svg -o b.png --scale 0", "info"}) {
         const Ended ended = easel(arguments);
         EXPECT_EQ(ended.code, 2) << arguments;
         EXPECT_EQ(ended.output.rfind("easel: ", 0), 0U) << ended.output;
         EXPECT_EQ(ended.output.find('\n'), ended.output.size() - 1) << ended.output;
     }
+    EXPECT_EQ(easel("draw x.js").output, "easel: there is no command \"draw\"; see easel --help\n");
+}
+
+TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
+    write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 20 10'>\n<text>a</text><path d='M0 0 L9 9 L'/>"
+                   "<path d='M0 0 L1 1 M2 2 L3 3'/></svg>");
+    const std::string warning =
+        "easel: user data: d.svg:2:15: the outline is damaged; what comes before that is kept\n";
+    const Ended info = easel("info d.svg");
+    EXPECT_EQ(info.code, 0);
+    EXPECT_EQ(info.output, warning + "page: 20 x 10 points\nlayer: Layer 1, 3 objects\n"
+                                     "objects: 0 groups, 1 path, 2 opaque\n"
+                                     "opaque: 1 <path>: several subpaths\nopaque: 1 <text>: shown, not edited\n");
+    EXPECT_EQ(easel("render d.svg -o d.png --scale 3").output, warning);
+    EXPECT_EQ(easel("render d.svg -o d.pdf").code, 0);
+    EXPECT_EQ(content("d.png").substr(16, 8), std::string("\0\0\0\x3c\0\0\0\x1e", 8)); // 60 by 30
+    EXPECT_EQ(content("d.pdf").substr(0, 5), "%PDF-");
+    EXPECT_NE(easel("info --help").output.find("FILE"), std::string::npos);
+    expectFailure(easel("info none.svg"), 1, "easel: none.svg: No such file or directory");
+}
+
+TEST_F(CommandLine, ListsPluginsThatStartAndNamesThoseThatDoNot) {
+    const Ended ended = easel("plugins --plugin " ORTHOLINE_BUNDLE " --plugin None.aip");
+    EXPECT_EQ(ended.code, 1);
+    EXPECT_NE(ended.output.find("easel: None.aip: no such plug-in\n"), std::string::npos) << ended.output;
+    EXPECT_NE(ended.output.find("Ortholine\n  tool: Isometric Line Tool\n"), std::string::npos) << ended.output;
+}
+
+TEST_F(CommandLine, WhatIsNoFileOfADrawingIsRefusedAtOnce) {
+    ASSERT_EQ(std::system(("mkfifo " + (folder / "pipe").string()).c_str()), 0);
+    fs::create_directory(folder / "folder.svg");
+    std::string many = "<svg>";
+    for (int i = 0; i < 2'000'000; ++i) many += "<g/>";
+    write("many.svg", many + "</svg>");
+    std::string deep = "<svg>";
+    for (int i = 0; i < 300'000; ++i) deep += "<g>";
+    write("deep.svg", deep);
+    std::string path;
+    while (path.size() < 2'000'000) path += " L5.25 7.5";
+    write("path.svg", "<svg><path d='M0 0" + path + "'/></svg>");
+    expectFailure(easel("info pipe"), 1, "easel: pipe: Not a regular file");
+    expectFailure(easel("info folder.svg"), 1, "easel: folder.svg: Is a directory");
+    expectFailure(easel("info many.svg"), 1, "easel: many.svg:1:4000002: more than 1000000 elements");
+    expectFailure(easel("info deep.svg"), 1, "easel: deep.svg:1:771: elements nest deeper than 256");
+    EXPECT_NE(easel("info path.svg").output.find("<path>: more than 32000 anchors"), std::string::npos);
+    write("disk.js", "app.newDocument(1e9, 1);\n['/dev/full', 'pipe'].forEach(function (name) {\n"
+                     "try { app.save(name); } catch (error) { print(error.message); } });\n"
+                     "app.newDocument(1e308, 5); app.save('big.svg');\n");
+    const Ended disk = easel("run disk.js");
+    EXPECT_NE(disk.output.find("/dev/full: Not a regular file\n"), std::string::npos) << disk.output;
+    EXPECT_NE(disk.output.find("pipe: Not a regular file\n"), std::string::npos) << disk.output;
+    EXPECT_NE(disk.output.find("big.svg: a page of this size cannot be saved\n"), std::string::npos) << disk.output;
+    EXPECT_FALSE(fs::exists(folder / "big.svg"));
 }
 
 TEST_F(CommandLine, AScriptThatFailsAnswersOneWithItsLine) {

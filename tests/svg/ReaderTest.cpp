@@ -182,7 +182,7 @@ TEST(Reader, WhatADocumentCannotHoldIsOpaque) {
         {R"x(<g transform="scale(0)"><path d="M0 0 L1 1"/></g>)x", {}},
         {R"x(<path d="M0 0 L1 1" transform="matrix(1 1 1 1 0 0)"/>)x", {0, 0, 2, 2}},
         {R"x(<path d="M0 0 L1 1" style="transform:rotate(10deg)"/>)x", {0, 0, 1, 1}},
-        {R"x(<path d="M0 0 L1e300 0"/>)x", {}},
+        {R"x(<path d="M0 0 L1e20 0"/>)x", {}},
         {R"x(<rect width="1e999" height="1"/>)x", {}},
     };
     for (const auto& row : rows) {
@@ -206,7 +206,8 @@ TEST(Reader, ArtOfOneEntityIsOnePiece) {
 }
 
 TEST(Reader, DamagedOutlinesKeepWhatIsCompleteAndWarnOnce) {
-    for (const char* data : {"M0 0 L5 0 L1e999 0", "M0 0 L5 0 L", "M0 0 L5 0 C 1 1 2", "M0 0 L5 0 nonsense"}) {
+    for (const char* data :
+         {"M0 0 L5 0 L1e999 0", "M0 0 L5 0 L1e300 0", "M0 0 L5 0 L", "M0 0 L5 0 C 1 1 2", "M0 0 L5 0 nonsense"}) {
         std::vector<std::string> warnings;
         const auto document = read(std::string("<svg>\n <path d='") + data + "'/></svg>", "t.svg",
                                    [&](const std::string& line) { warnings.push_back(line); });

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cmath>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -136,6 +137,64 @@ TEST_F(DrawingFiles, SavingReplacesTheWholeFileAndNothingElse) {
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.svg")));
     EXPECT_EQ(static_cast<int>(std::filesystem::status(path("drawing.svg")).permissions()), 0640);
     EXPECT_EQ(fileCount(), 2U);
+}
+
+TEST_F(DrawingFiles, SavingFollowsALinkToWhatIsNotThereYet) {
+    Document document(20, 10);
+    std::filesystem::create_directory(path("real"));
+    std::filesystem::create_symlink("real/drawing.svg", path("link.svg"));
+    save(document, path("link.svg"));
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link.svg")));
+    EXPECT_EQ(contents(path("real/drawing.svg")), write(document));
+    std::filesystem::create_symlink("round.svg", path("round.svg"));
+    EXPECT_EQ(errorOf([&] { save(document, path("round.svg")); }),
+              path("round.svg") + ": Too many levels of symbolic links");
+}
+
+TEST_F(DrawingFiles, CompressedDrawingsStayCompressed) {
+    Document document(20, 10);
+    save(document, path("drawing.svgz"));
+    const std::string packed = contents(path("drawing.svgz"));
+    EXPECT_EQ(packed.substr(0, 2), "\x1f\x8b");
+    const auto again = open(path("drawing.svgz"));
+    EXPECT_TRUE(Document::sameContent(document, *again));
+    addLine(*again, again->currentLayer(), {0, 0}, {1, 1});
+    save(*again, path("drawing.svgz"));
+    EXPECT_EQ(open(path("drawing.svgz"))->currentLayer().childCount(), 1U);
+    while (again->journal().undo()) {}
+    save(*again, path("drawing.svgz"));
+    EXPECT_EQ(contents(path("drawing.svgz")), packed);
+    save(*again, path("plain.svg"));
+    EXPECT_EQ(contents(path("plain.svg")), write(document));
+}
+
+TEST_F(DrawingFiles, WhatCouldNotBeReadAgainIsNotSaved) {
+    const struct {
+        std::function<void(Document&, Node&)> edit;
+        const char* reason;
+    } rows[] = {
+        {[](Document& d, Node& line) { d.offset(line, 1e308, 0); },
+         "a path that reaches beyond 1e9 points cannot be saved"},
+        {[](Document& d, Node& line) {
+             d.setPath(line, {{corner(0, std::nan(""))}, false});
+         },
+         "a path that reaches beyond 1e9 points cannot be saved"},
+        {[](Document& d, Node& line) { d.setStyle(line, model::painted(false, 1e200)); },
+         "a stroke with lengths beyond 1e9 points cannot be saved"},
+    };
+    for (const auto& row : rows) {
+        for (const bool wasRead : {false, true}) {
+            Document made(20, 10);
+            addLine(made, made.currentLayer(), {0, 0}, {1, 1});
+            save(made, path("drawing.svg"));
+            const std::string before = contents(path("drawing.svg"));
+            const auto opened = open(path("drawing.svg"));
+            Document& document = wasRead ? *opened : made;
+            row.edit(document, *document.currentLayer().firstChild());
+            EXPECT_EQ(errorOf([&] { save(document, path("drawing.svg")); }), path("drawing.svg") + ": " + row.reason);
+            EXPECT_EQ(contents(path("drawing.svg")), before);
+        }
+    }
 }
 
 TEST_F(DrawingFiles, RefusedSavingLeavesTheFileAsItWas) {
