@@ -1,0 +1,148 @@
+// Files: reading against the bare parsers that it rests on, in time and in memory, and saving one change against
+// copying the file. All on one drawing of 100,000 paths and some 50 MB.
+#include <2geom/path-sink.h>
+#include <2geom/svg-path-parser.h>
+#include <benchmark/benchmark.h>
+#include <expat.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "svg/Files.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace {
+
+using namespace easel;
+
+constexpr int kPaths = 100'000;
+constexpr int kCurves = 9; ///< of each path; as many as make half a kilobyte
+
+const std::string& drawing() {
+    static const std::string text = [] {
+        std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\">\n";
+        std::mt19937 engine(1);
+        std::uniform_int_distribution<int> coordinate(0, 999'999);
+        const auto point = [&] {
+            const auto part = [&] {
+                const int value = coordinate(engine);
+                return std::to_string(value / 1000) + '.' + std::to_string(value % 1000);
+            };
+            svg += ' ' + part() + ',' + part();
+        };
+        for (int i = 0; i < kPaths; ++i) {
+            svg += "  <path id=\"path" + std::to_string(i) + "\" style=\"fill:none;stroke:#12" +
+                   std::to_string(1000 + i % 9000) + ";stroke-width:1.5\" d=\"M";
+            point();
+            svg += " C";
+            for (int j = 0; j < 3 * kCurves; ++j) point();
+            svg += "\"/>\n";
+        }
+        return svg + "</svg>\n";
+    }();
+    return text;
+}
+
+/// What the drawing is put into, gone at the end of the program.
+struct Folder {
+    Folder() { std::filesystem::create_directories(path); }
+    ~Folder() { std::filesystem::remove_all(path); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    std::string path =
+        (std::filesystem::temp_directory_path() / ("easel-bench-" + std::to_string(::getpid()))).string();
+};
+
+const std::string& file() {
+    static const Folder folder;
+    static const std::string path = [] {
+        std::string name = folder.path + "/drawing.svg";
+        std::ofstream(name, std::ios::binary) << drawing();
+        return name;
+    }();
+    return path;
+}
+
+void parsePath(void*, const XML_Char*, const XML_Char** attributes) {
+    for (; *attributes; attributes += 2) {
+        if (std::string_view(attributes[0]) != "d") continue;
+        Geom::PathBuilder builder;
+        Geom::SVGPathParser(builder).parse(std::string(attributes[1]));
+        benchmark::DoNotOptimize(builder.peek().size());
+    }
+}
+
+void bareParsers(benchmark::State& state) {
+    const std::string& text = drawing();
+    for (auto _ : state) {
+        const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreateNS(nullptr, '|'),
+                                                                             XML_ParserFree);
+        XML_SetStartElementHandler(parser.get(), parsePath);
+        if (XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), 1) != XML_STATUS_OK) {
+            state.SkipWithError("no XML");
+        }
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(bareParsers)->Unit(benchmark::kMillisecond);
+
+void read(benchmark::State& state) {
+    const std::string& path = file();
+    for (auto _ : state) benchmark::DoNotOptimize(svg::open(path));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(drawing().size()));
+}
+BENCHMARK(read)->Unit(benchmark::kMillisecond);
+
+/// The most memory that a process of its own takes for some work, in bytes.
+template <class Work> double peakOf(Work work) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        rusage before{};
+        ::getrusage(RUSAGE_SELF, &before);
+        work();
+        rusage after{};
+        ::getrusage(RUSAGE_SELF, &after);
+        std::ofstream(file() + ".peak") << (after.ru_maxrss - before.ru_maxrss);
+        ::_exit(0);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    double kilobytes = 0;
+    std::ifstream(file() + ".peak") >> kilobytes;
+    return kilobytes * 1024;
+}
+
+void readMemory(benchmark::State& state) {
+    const std::string& path = file();
+    double peak = 0;
+    for (auto _ : state) {
+        peak = peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); });
+    }
+    state.counters["peak/file"] = peak / static_cast<double>(std::filesystem::file_size(path));
+}
+BENCHMARK(readMemory)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void copyFile(benchmark::State& state) {
+    const std::string copy = file() + ".copy";
+    for (auto _ : state) svg::replaceFile(copy, svg::readFile(file()));
+}
+BENCHMARK(copyFile)->Unit(benchmark::kMillisecond);
+
+void saveOneChange(benchmark::State& state) {
+    const auto document = svg::open(file());
+    document->offset(*document->currentLayer().firstChild(), 1, 1);
+    const std::string copy = file() + ".saved";
+    for (auto _ : state) svg::save(*document, copy);
+}
+BENCHMARK(saveOneChange)->Unit(benchmark::kMillisecond);
+
+} // namespace
