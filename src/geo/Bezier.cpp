@@ -29,9 +29,12 @@ Point secondDerivative(const Bezier& b, double t) {
 std::optional<Point> firstDerivative(const Bezier& b, double t) {
     constexpr double kVanished = 1e-12;
     const double s = 1.0 - t;
-    const Point v =
-        scaled(scaled(b.p1 - b.p0, s * s) + scaled(b.p2 - b.p1, 2.0 * s * t) + scaled(b.p3 - b.p2, t * t), 3.0);
-    if (largest(v) > kVanished * extent(b)) return v;
+    const Point first = scaled(b.p1 - b.p0, s * s);
+    const Point second = scaled(b.p2 - b.p1, 2.0 * s * t);
+    const Point third = scaled(b.p3 - b.p2, t * t);
+    const Point v = scaled(first + second + third, 3.0);
+    // Small is not vanished: what counts is how much of the terms cancelled.
+    if (largest(v) > kVanished * std::max({largest(first), largest(second), largest(third)})) return v;
     return std::nullopt;
 }
 
@@ -76,9 +79,6 @@ std::optional<Point> Bezier::direction(double t) const {
     if (t == 0.0) return firstNonZero({p1 - p0, p2 - p0, p3 - p0});
     if (t == 1.0) return firstNonZero({p3 - p2, p3 - p1, p3 - p0});
     if (const auto velocity = firstDerivative(*this, t)) return velocity;
-    // Just before a retracted end there is no way out any more.
-    constexpr double kEnd = 1e-9;
-    if (t < 1.0 && t > 1.0 - kEnd) return direction(1.0);
     return firstNonZero({secondDerivative(*this, t), p3 - p0, p1 - p0});
 }
 
@@ -105,6 +105,8 @@ std::optional<Circle> Bezier::osculatingCircle(double t) const {
     const Point bend = secondDerivative(*this, t);
     const double turning = cross(*velocity, bend);
     const double speed = norm(*velocity);
+    // On a straight line the bend itself is rounding and points anywhere.
+    if (norm(bend) <= kStraight * extent(*this)) return std::nullopt;
     if (std::abs(turning) <= kStraight * speed * norm(bend)) return std::nullopt;
     const Point toCenter = scaled({-velocity->y, velocity->x}, speed * speed / turning);
     return Circle{evaluate(t) + toCenter, norm(toCenter)};

@@ -13,8 +13,11 @@ template <typename P> [[nodiscard]] bool insidePolygon(const P& point, const std
     for (std::size_t i = 0; i < vertices.size(); ++i) {
         const P& a = vertices[i];
         const P& b = vertices[i == 0 ? vertices.size() - 1 : i - 1];
-        const bool spans = (a.y > point.y) != (b.y > point.y);
-        if (spans && point.x < (b.x - a.x) * (point.y - a.y) / (b.y - a.y) + a.x) inside = !inside;
+        if ((a.y > point.y) == (b.y > point.y)) continue;
+        // Both polygons at an edge must round its crossing alike, whichever way round they go.
+        const P& from = a.y < b.y ? a : b;
+        const P& to = a.y < b.y ? b : a;
+        if (point.x < (to.x - from.x) * (point.y - from.y) / (to.y - from.y) + from.x) inside = !inside;
     }
     return inside;
 }

@@ -182,6 +182,10 @@ TEST(Bezier, TangentFollowsTheNearestPointThatDiffers) {
         EXPECT_TRUE(row.curve.tangentAngle(std::nextafter(0.0, 1.0)).equalWithinTol(deg(row.start), deg(1e-6)));
         EXPECT_TRUE(row.curve.tangentAngle(std::nextafter(1.0, 0.0)).equalWithinTol(deg(row.end), deg(1e-6)));
     }
+    // Slow travel near an end is travel all the same.
+    for (const double t : {1 - 1e-6, 1 - 1e-7, 1 - 1e-9})
+        EXPECT_EQ(Bezier(o, up, up, up).tangentAngle(t), deg(90)) << t;
+    EXPECT_EQ(Bezier(o, {99.999, 0}, {100, 0}, {100, 0}).tangentAngle(1 - 1e-9), deg(0));
     // The cusp points left; travel leaves it to the right.
     EXPECT_EQ(kCusp.tangentAngle(0.5), deg(0));
     EXPECT_NEAR(kQuarter.tangentAngle(0.5).asDegrees(), -135, 1e-9);
@@ -203,6 +207,9 @@ TEST(Bezier, IsCurvedUnlessTravelIsStraight) {
 TEST(Bezier, CurvatureHasRadiusAndCenter) {
     double radius = 0;
     ArtboardPoint center;
+    // Handles at the thirds of an oblique line: all that bends is rounding.
+    EXPECT_FALSE(Bezier({0.1, 0.2}, {0.1 + 0.7 / 3, 0.2 + 1.1 / 3}, {0.1 + 1.4 / 3, 0.2 + 2.2 / 3}, {0.8, 1.3})
+                     .radius(0.3, radius));
     // y = x²: at the vertex the radius is 1/2, above it in numbers.
     const Bezier parabola({-1, 1}, {-1. / 3, -1. / 3}, {1. / 3, -1. / 3}, {1, 1});
     ASSERT_TRUE(parabola.radiusAndCenter(0.5, radius, center));

@@ -22,6 +22,7 @@ TEST(Tolerance, OfNothingAsksForEquality) {
     EXPECT_TRUE(equalWithinTol(1.0, 1.0, 0.0));
     EXPECT_FALSE(equalWithinTol(1.0, next, 0.0));
     EXPECT_FALSE(equalWithinTol(1.0, next, std::numeric_limits<double>::quiet_NaN()));
+    EXPECT_TRUE(equalWithinTol(1.0, 1.0, std::numeric_limits<double>::quiet_NaN()));
 }
 
 } // namespace
