@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <limits>
 
 #include "maker/Globals.h"
 
@@ -18,6 +20,9 @@ double foldOnce(double degrees) {
     if (degrees < -180.0) degrees += 360.0;
     return degrees;
 }
+
+/// An angle is looked for a turn before, where it is, and a turn after.
+constexpr double turns[] = {-360.0, 0.0, 360.0};
 
 bool folded(double degrees) { return -180.0 <= degrees && degrees <= 180.0; }
 
@@ -71,21 +76,33 @@ bool withinRange(Angle angle, Angle lo, Angle hi) {
 // Degrees
 
 double constrainTo(double angle, double base, double step, double tol) {
-    // A step that gets nowhere, because it is lost in rounding or leads back, is none.
-    if (!(720.0 + step > 720.0) || tol == 0.0) return angle;
+    if (step == 0.0 || tol == 0.0) return angle;
     base = foldOnce(base);
     if (!folded(base)) return angle;
     angle = foldOnce(angle);
     if (!folded(angle)) return angle;
-    const auto reaches = [&](double candidate, double value) {
-        return candidate - tol / 2.0 <= value && value <= candidate + tol / 2.0;
+    const double first = base - 360.0;
+    const double last = angle + 360.0;
+    const auto candidate = [&](double index) { return index == 0.0 ? first : first + index * step; };
+    const auto matches = [&](double index) {
+        const double c = candidate(index);
+        return index >= 0.0 && c <= last && std::any_of(std::begin(turns), std::end(turns), [&](double turn) {
+                   return c - tol / 2.0 <= angle + turn && angle + turn <= c + tol / 2.0;
+               });
     };
-    double candidate = base - 360.0;
-    while (candidate <= angle + 360.0) {
-        if (reaches(candidate, angle) || reaches(candidate, angle - 360.0) || reaches(candidate, angle + 360.0)) break;
-        candidate += step;
+    // The first candidate that matches, found without walking there: a step may be as small as it likes. The neighbours
+    // of where it should be are tried too, for rounding's sake.
+    double best = matches(0.0) ? 0.0 : std::numeric_limits<double>::infinity();
+    for (const double turn : turns) {
+        const double nearSide = angle + turn - std::copysign(tol / 2.0, step);
+        const double about = std::ceil((nearSide - first) / step);
+        for (const double index : {about - 1.0, about, about + 1.0})
+            if (index < best && matches(index)) best = index;
     }
-    return foldOnce(candidate);
+    if (std::isfinite(best)) return foldOnce(candidate(best));
+    // Without a match the walk ends with the first candidate beyond; one that leads back never gets there.
+    if (step < 0.0) return angle;
+    return foldOnce(candidate(std::floor((last - first) / step) + 1.0));
 }
 
 bool isClockwise(double from, double to) { return foldOnce(std::fmod(to - from, 360.0)) < 0.0; }

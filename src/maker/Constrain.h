@@ -11,11 +11,12 @@ namespace vl::constrain {
 /// The nearest of the drawing's three axes in both senses. Of equally near ones the first in this order: Z, vertical,
 /// X, then the opposite senses. An X or Z axis at exactly 90° has its upward sense only.
 [[nodiscard]] kzo::core::Angle constrainToAxo(kzo::core::Angle angle);
-/// The nearest of 30°, 90°, 150°, 210°, 270° and 330°; 0 for a direction midway between two.
+/// The nearest of 30°, 90°, 150°, 210°, 270° and 330°; 0 for a direction midway between two, unless rounding favours one.
 [[nodiscard]] kzo::core::Angle constrainToIso(kzo::core::Angle angle);
 /// The sense of the line along `line` that is within a quarter turn of `angle`. The flag takes no part.
 [[nodiscard]] kzo::core::Angle constrainedTo(kzo::core::Angle angle, kzo::core::Angle line, bool);
-/// Whether lo < angle < hi. A range that wraps through 0 holds nothing, because the comparison normalises its end.
+/// Whether lo < angle < hi. A range that wraps through 0 holds nothing, because the comparison normalises its end; one
+/// that ends at 0 reaches up to the full turn.
 [[nodiscard]] bool withinRange(kzo::core::Angle angle, kzo::core::Angle lo, kzo::core::Angle hi);
 
 // Degrees

@@ -24,7 +24,8 @@ TEST_F(Constrain, StrokesFollowTheNearestAxis) {
     const struct {
         double stroke;
         double axis;
-    } rows[] = {{40, 30}, {61, 90}, {170, 150}, {200, 210}, {-100, 270}, {-20, -30}, {90, 90}, {750, 30}};
+    } rows[] = {{40, 30},   {61, 90}, {170, 150}, {200, 210},      {-100, 270},
+                {-20, -30}, {90, 90}, {750, 30},  {60.0000001, 90}};
     for (const auto& row : rows) {
         EXPECT_NEAR(constrainToAxo(deg(row.stroke)).asDegrees(), row.axis, 1e-9) << row.stroke;
     }
@@ -48,14 +49,15 @@ TEST_F(Constrain, AxesAreReadOnEveryCall) {
     EXPECT_EQ(constrainToAxo(deg(-50)), deg(-41));
     // An axis at exactly 90 degrees folds onto itself: nothing but the vertical leads downwards.
     vlGlobals::instance()->zAxisAngle = deg(90);
-    EXPECT_EQ(constrainToAxo(deg(215)), deg(270));
+    vlGlobals::instance()->verticalAxisAngle = deg(80);
+    EXPECT_NEAR(constrainToAxo(deg(268)).asDegrees(), 260, 1e-9);
 }
 
 TEST(ConstrainTo, IsoAnswersOneOfSixOrNothing) {
     const struct {
         double direction;
         double snapped;
-    } rows[] = {{45, 30}, {100, 90}, {359, 330}, {1, 30}, {-100, 270}, {181, 210}};
+    } rows[] = {{45, 30}, {100, 90}, {359, 330}, {1, 30}, {-100, 270}, {181, 210}, {59.9, 30}};
     for (const auto& row : rows) {
         EXPECT_NEAR(constrainToIso(deg(row.direction)).asDegrees(), row.snapped, 1e-9) << row.direction;
     }
@@ -88,12 +90,16 @@ TEST(ConstrainTo, StepsSnapWithinHalfTheTolerance) {
         {30, 0, 45, 10, 45}, // no match: the first step beyond 390 is 405
         {47, 0, 0, 10, 47},
         {47, 0, 45, 0, 47},
-        {47, 0, -45, 10, 47},    // a step back is none
-        {47, 0, 1e-20, 10, 47},  // nor is one that is lost in rounding
-        {358, 0, 45, 10, 0},     // folded to −2
-        {-47, 400, 45, 10, -50}, // base 40: 40 − 90
-        {47, 541, 45, 10, 47},   // a base beyond one fold
-        {600, 0, 45, 10, 240},   // an angle beyond one fold, folded once
+        {47, 0, -45, 10, 47},   // a step back that never gets there
+        {-47, 0, -45, 10, -45}, // and one that does: -405
+        {3, 0, -45, 10, 0},     // the very first, at -360
+        {3.2, 3, 1e-20, 1, 3},  // however small the step
+        {-47, 180, 45, 10, -45},
+        {175, 180, 360, 20, -180}, // already a turn before
+        {358, 0, 45, 10, 0},       // folded to −2
+        {-47, 400, 45, 10, -50},   // base 40: 40 − 90
+        {47, 541, 45, 10, 47},     // a base beyond one fold
+        {600, 0, 45, 10, 240},     // an angle beyond one fold, folded once
         {kInfinity, 0, 45, 10, kInfinity},
     };
     for (const auto& row : rows) {
@@ -101,6 +107,8 @@ TEST(ConstrainTo, StepsSnapWithinHalfTheTolerance) {
             << row.angle << ' ' << row.step;
     }
 }
+
+TEST(ConstrainTo, TinyStepsEndAtOnce) { EXPECT_NEAR(constrainTo(179, -180, 1e-7, 1e-9), 179, 1e-6); }
 
 TEST(ConstrainTo, TurnsAndIntervals) {
     EXPECT_TRUE(isClockwise(10, 350));
