@@ -26,8 +26,10 @@ class CommandLine : public testing::Test {
     CommandLine() { fs::create_directories(folder); }
     ~CommandLine() override { fs::remove_all(folder); }
 
-    [[nodiscard]] Ended easel(const std::string& arguments) const {
-        const std::string command = "cd '" + folder.string() + "' && '" EASEL_BINARY "' " + arguments + " 2>&1";
+    /// `first` is what the shell does before.
+    [[nodiscard]] Ended easel(const std::string& arguments, const std::string& first = ":") const {
+        const std::string command =
+            "cd '" + folder.string() + "' && " + first + " && '" EASEL_BINARY "' " + arguments + " 2>&1";
         Ended ended;
         std::FILE* const pipe = popen(command.c_str(), "r");
         std::array<char, 4096> buffer{};
@@ -169,6 +171,20 @@ TEST_F(CommandLine, AFailureLeavesFilesAsTheyWere) {
     EXPECT_EQ(content("drawing.svg"), drawing);
     EXPECT_EQ(content("broken.svg"), drawing.substr(0, 30));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 3);
+}
+
+TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
+    const std::string drawing = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"9\" height=\"9\"/>\n";
+    write("drawing.svg", drawing);
+    write("fill.js", "var doc = app.open('drawing.svg');\n"
+                     "for (var i = 0; i < 500; i++) doc.addPath([[i, 2], [3, 4]]);\n"
+                     "app.save('drawing.svg');\n");
+    // No file may grow beyond some kilobytes; that is as good as a full disk.
+    const Ended ended = easel("run fill.js", "trap '' XFSZ && ulimit -f 8");
+    EXPECT_EQ(ended.code, 1);
+    EXPECT_EQ(ended.output, "easel: fill.js:3: app.save: drawing.svg: File too large\n");
+    EXPECT_EQ(content("drawing.svg"), drawing);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 2);
 }
 
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
