@@ -83,7 +83,7 @@ std::shared_ptr<MenuItem> MenuRegistry::share(_t_MenuItemOpaque* handle) {
     std::erase_if(others_, [](const std::weak_ptr<MenuItem>& other) { return other.expired(); });
     for (const std::weak_ptr<MenuItem>& other : others_)
         if (std::shared_ptr<MenuItem> known = other.lock(); known->handle() == handle) return known;
-    const auto made = std::make_shared<MenuItem>(handle);
+    auto made = std::make_shared<MenuItem>(handle);
     others_.push_back(made);
     return made;
 }
