@@ -104,7 +104,7 @@ TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
             SPMessageData record{};
             session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
             stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
-            session.messenger.send(*session.plugins.all().front(), "AI Notifier", "AI Notify", record);
+            session.messenger.send(*session.plugins.all().front(), "Nobody", "Knows", record);
         }
     } ender{desk.session()};
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();

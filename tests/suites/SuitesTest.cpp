@@ -16,7 +16,8 @@ using session::Session;
 std::function<void(SPMessageData&)> work;
 
 SPErr entry(const char*, const char*, void* message) {
-    if (work) work(*static_cast<SPMessageData*>(message));
+    const auto running = work; // which may put something else in its place
+    if (running) running(*static_cast<SPMessageData*>(message));
     return kNoErr;
 }
 
