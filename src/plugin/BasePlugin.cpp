@@ -56,17 +56,15 @@ bool BasePlugin::hear(const std::string& label, std::string_view type) {
 std::int32_t BasePlugin::startup() {
     const bool subscribed = hear("KZOAppStartedNotifier", message::applicationStarted) &&
                             hear("KZOAppShutdownNotifier", message::applicationShutdown);
-    const core::__Callback<BasePlugin> notifyMessage(this, &BasePlugin::handleNotifyMessage);
-    dispatcher_.registerMessageCallback(message::notifier, message::notify, notifyMessage);
     const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
         dispatcher_.registerMessageCallback(caller, selector, core::__Callback<BasePlugin>(this, handler));
     };
+    handle(message::notifier, message::notify, &BasePlugin::handleNotifyMessage);
     handle(message::menu, message::go, &BasePlugin::handleMenuChoice);
     handle(message::menu, message::update, &BasePlugin::handleMenuUpdate);
     handle(message::timer, message::go, &BasePlugin::handleTimerMessage);
-    const core::__Callback<BasePlugin> toolMessage(this, &BasePlugin::handleToolMessage);
     for (const std::string_view selector : toolSelectors)
-        dispatcher_.registerMessageCallback(message::tool, selector, toolMessage);
+        handle(message::tool, selector, &BasePlugin::handleToolMessage);
     if (!subscribed) return notifierRefused;
     return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
 }

@@ -1,4 +1,4 @@
-// The plug-in towards the host: what the framework registers for itself, and the tools. The phases of life and the
+// The plug-in towards the host: what the framework registers for itself, and the registries. The phases of life and the
 // client's callbacks are known above (core::Plugin).
 #pragma once
 
@@ -40,12 +40,12 @@ class BasePlugin {
     [[nodiscard]] Dispatcher& dispatcher() { return dispatcher_; }
 
     // Life
-    /// Registers the framework's notifiers and tool messages. Answers 0, 1000 when the host refuses a notifier, 1001
+    /// Registers the framework's notifiers and messages. Answers 0, 1000 when the host refuses a notifier, 1001
     /// when it has no undo suite.
     std::int32_t startup();
     /// Registers the kind of custom art that belongs to the plug-in, once.
     void addPluginGroup();
-    /// Lets go of all tools and gives every suite back. Answers 0.
+    /// Lets go of all that was registered and gives every suite back. Answers 0.
     std::int32_t shutdown();
 
     // Notifiers
