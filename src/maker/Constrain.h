@@ -11,7 +11,8 @@ namespace vl::constrain {
 /// The nearest of the drawing's three axes in both senses. Of equally near ones the first in this order: Z, vertical,
 /// X, then the opposite senses. An X or Z axis at exactly 90° has its upward sense only.
 [[nodiscard]] kzo::core::Angle constrainToAxo(kzo::core::Angle angle);
-/// The nearest of 30°, 90°, 150°, 210°, 270° and 330°; 0 for a direction midway between two, unless rounding favours one.
+/// The nearest of 30°, 90°, 150°, 210°, 270° and 330°; 0 for a direction midway between two, unless rounding favours
+/// one.
 [[nodiscard]] kzo::core::Angle constrainToIso(kzo::core::Angle angle);
 /// The sense of the line along `line` that is within a quarter turn of `angle`. The flag takes no part.
 [[nodiscard]] kzo::core::Angle constrainedTo(kzo::core::Angle angle, kzo::core::Angle line, bool);

@@ -161,7 +161,8 @@ TEST_F(DrawingFiles, CompressedDrawingsStayCompressed) {
     addLine(*again, again->currentLayer(), {0, 0}, {1, 1});
     save(*again, path("drawing.svgz"));
     EXPECT_EQ(open(path("drawing.svgz"))->currentLayer().childCount(), 1U);
-    while (again->journal().undo()) {}
+    while (again->journal().undo()) {
+    }
     save(*again, path("drawing.svgz"));
     EXPECT_EQ(contents(path("drawing.svgz")), packed);
     save(*again, path("plain.svg"));
