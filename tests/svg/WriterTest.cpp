@@ -237,7 +237,7 @@ TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhite) {
     EXPECT_EQ(cairo_image_surface_get_height(surface), 20);
     const auto pixel = [&](int x, int y) {
         const unsigned char* const row =
-            cairo_image_surface_get_data(surface) + y * cairo_image_surface_get_stride(surface);
+            cairo_image_surface_get_data(surface) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface);
         return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
     };
     EXPECT_EQ(pixel(20, 5), 0xFF0000U);
