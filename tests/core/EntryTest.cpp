@@ -16,8 +16,6 @@ using desk::Desk;
 using easel::session::Session;
 using kzo::core::Plugin;
 
-constexpr SPErr declined = 0x53554645;
-
 TEST(Entry, AnswersNothingWithoutTextsRecordOrStart) {
     SPMessageData record{};
     EXPECT_EQ(PluginMain(nullptr, "Startup", &record), 0);

@@ -112,7 +112,7 @@ class Facade : public testing::Test {
         });
     }
 
-    Node& addTo(Node& group, std::vector<desk::Point> points, bool closed) {
+    Node& addTo(Node& group, const std::vector<desk::Point>& points, bool closed) {
         auto& document = desk.document();
         Node& path = document.create(easel::model::NodeType::Path, easel::model::Placement::AtBottomInside, group);
         easel::model::PathData data{.points = {}, .closed = closed};
