@@ -218,7 +218,7 @@ TEST_F(Menus, PlaceAGroupAsTheFlagsSay) {
         EXPECT_TRUE(MenuGroup(BuiltinMenuGroup::Edit, "Group", false, true, true, false).isEmpty()); // taken
 
         const MenuGroup top(merged, "Top", false, true, false, true);
-        MenuItem(merged, "A", bound(&Witness::item));
+        const MenuItem added(merged, "A", bound(&Witness::item));
         const auto children = merged.children();
         ASSERT_EQ(children.size(), 2u); // sorted by text
         EXPECT_EQ(children[0].item().text(), "A");
