@@ -47,6 +47,11 @@ SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, 
 
 SPErr Messenger::pass(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
     if (!plugin.started) return kRefusedErr;
+    if (depth_ == maxDepth) {
+        session_.report(Blame::Plugin, plugin.name + " was not sent " + caller + "/" + selector +
+                                           ": messages are nested " + std::to_string(depth_) + " deep");
+        return kRefusedErr;
+    }
     // A plug-in may send on the very record that it is handling, so the head comes back as it was.
     const SPMessageData head = message;
     address(plugin, message);

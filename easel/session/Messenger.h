@@ -13,10 +13,14 @@ class Session;
 
 class Messenger {
   public:
+    /// Plug-ins that keep answering a message with another one end here.
+    static constexpr int maxDepth = 100;
+
     explicit Messenger(Session& session) : session_(session) {}
 
     /// Sends a message and answers what the plug-in's entry answered. The document's changes are one transaction; a
-    /// nested message joins the outer one. A broken plug-in is not called and answers kRefusedErr.
+    /// nested message joins the outer one. kRefusedErr: the plug-in is broken, or messages are
+    /// nested too deep.
     SPErr send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
 
     /// Passes on what another plug-in sends: as `send`, but `globals` in the head is between sender and receiver.

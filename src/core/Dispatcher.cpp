@@ -1,6 +1,7 @@
 // Typed dispatch over the implementation's dispatch by texts.
 #include "core/Dispatcher.h"
 
+#include "core/Forward.h"
 #include "core/Messages.h"
 #include "core/Plugin.h"
 #include "plugin/BasePlugin.h"
@@ -127,18 +128,16 @@ std::vector<Notifier> Dispatcher::registeredNotifiersOfType(NotifierType type) c
 
 // Timers
 
-void Dispatcher::registerTimer(const Timer& timer) { Plugin::instance()->impl().timers().add(timer.__impl()); }
-
-void Dispatcher::unregisterTimer(const Timer& timer) {
-    if (timer.__impl()) Plugin::instance()->impl().timers().remove(*timer.__impl());
-}
+void Dispatcher::registerTimer(const Timer& timer) { ask(timer.__impl(), &plugin::Timer::setRegistered, true); }
+void Dispatcher::unregisterTimer(const Timer& timer) { ask(timer.__impl(), &plugin::Timer::setRegistered, false); }
 
 bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
     const Plugin& plugin = *Plugin::instance();
     const auto timer = std::make_shared<plugin::Timer>(plugin.spPluginRef(), plugin.name() + " Scheduled", delay,
                                                        CallbackSlot(callback), plugin::Timer::Repeats::Once);
+    if (!timer->handle()) return false;
     plugin.impl().timers().add(timer);
-    return timer->handle() != nullptr;
+    return true;
 }
 
 void* Dispatcher::lastRecord() const { return impl_.lastRecord(); }

@@ -22,8 +22,13 @@ constexpr std::int32_t done = 0;
 constexpr std::int32_t setupFailed = 0x53554645; // "SUFE"
 
 void destroy(Plugin* plugin) {
-    pluginDestroy(plugin);
+    try {
+        pluginDestroy(plugin);
+    } catch (...) {
+        // The rest goes all the same.
+    }
     delete plugin;
+    plugin::leaveHost(); // whatever the client did last
 }
 
 /// One message on its way through the entry. The plug-in object goes when the outermost is through, since a shut-down
@@ -48,7 +53,7 @@ std::int32_t setUp(void* record) {
     const std::string name = plugin::pluginName(record);
     if (name.empty()) {
         plugin::platform().log("ERROR: Could not acquire plugin name during startup, which is required! Bailing out.");
-        plugin::releaseHost();
+        plugin::leaveHost();
         return setupFailed;
     }
     auto made = std::make_unique<Plugin>(plugin::MessageHead(record).self, name);
@@ -60,7 +65,6 @@ std::int32_t setUp(void* record) {
     }
     if (!accepted) {
         destroy(made.release());
-        plugin::releaseHost();
         return setupFailed;
     }
     static_cast<void>(made.release()); // lives until the shut-down message
@@ -75,6 +79,7 @@ std::int32_t life(Plugin* plugin, std::string_view selector) {
 
 std::int32_t route(std::string_view caller, std::string_view selector, void* record) {
     const Passage passage;
+    if (Plugin::instance() && Plugin::instance()->hasShutdown()) return done; // only not deleted yet
     plugin::useHost(record);
     if (!Plugin::instance()) {
         if (caller != interface || selector != startup) return done;

@@ -16,18 +16,18 @@ Timer::Timer(const std::string& name, double delay, const Callback& callback) {
     impl_ = made;
 }
 
-plugin::Timer* Timer::impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
-bool Timer::isEmpty() const { return !impl(); }
-AITimer* Timer::aiTimerHandle() const { return ask(impl(), &plugin::Timer::handle); }
-std::string Timer::name() const { return ask(impl(), &plugin::Timer::name); }
-double Timer::delay() const { return ask(impl(), &plugin::Timer::delay); }
-void Timer::setDelay(double delay) { ask(impl(), &plugin::Timer::setDelay, delay); }
-bool Timer::active() const { return ask(impl(), &plugin::Timer::active); }
-void Timer::setActive(bool active) { ask(impl(), &plugin::Timer::setActive, active); }
-Callback* Timer::callback() const { return impl() ? impl()->callback().get() : nullptr; }
+plugin::Timer* Timer::__impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
+bool Timer::isEmpty() const { return !__impl(); }
+AITimer* Timer::aiTimerHandle() const { return ask(__impl(), &plugin::Timer::handle); }
+std::string Timer::name() const { return ask(__impl(), &plugin::Timer::name); }
+double Timer::delay() const { return ask(__impl(), &plugin::Timer::delay); }
+void Timer::setDelay(double delay) { ask(__impl(), &plugin::Timer::setDelay, delay); }
+bool Timer::active() const { return ask(__impl(), &plugin::Timer::active); }
+void Timer::setActive(bool active) { ask(__impl(), &plugin::Timer::setActive, active); }
+Callback* Timer::callback() const { return __impl() ? __impl()->callback().get() : nullptr; }
 
 void Timer::setCallback(const Callback& callback) {
-    if (impl()) impl()->callback().set(callback);
+    if (__impl()) __impl()->callback().set(callback);
 }
 
 void Timer::destroy() {

@@ -40,11 +40,9 @@ class Timer {
 
     void destroy();
 
-    [[nodiscard]] const std::shared_ptr<plugin::Timer>& __impl() const { return impl_; } ///< for the dispatcher
+    [[nodiscard]] plugin::Timer* __impl() const; ///< null when empty
 
   private:
-    [[nodiscard]] plugin::Timer* impl() const; ///< null when empty
-
     std::shared_ptr<plugin::Timer> impl_;
 };
 

@@ -28,13 +28,17 @@ bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <
 
 } // namespace
 
-void useHost(const void* record) { host::basic = MessageHead(record).basic; }
+void useHost(const void* record) {
+    if (const SPBasicSuite* const basic = MessageHead(record).basic) host::basic = basic;
+}
 
-void releaseHost() { host::releaseAll(); }
+void leaveHost() {
+    host::releaseAll();
+    host::basic = nullptr;
+}
 
 std::string pluginName(const void* record) {
-    const char* const name = host::ask<&SPPluginsSuite::GetPluginName>("", MessageHead(record).self);
-    return name ? name : "";
+    return host::ask<&SPPluginsSuite::GetPluginName>("", MessageHead(record).self);
 }
 
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name) : plugin_(plugin), name_(std::move(name)) {}
@@ -59,12 +63,13 @@ std::int32_t BasePlugin::startup() {
     const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
         dispatcher_.registerMessageCallback(caller, selector, core::__Callback<BasePlugin>(this, handler));
     };
-    handle(message::notifier, message::notify, &BasePlugin::handleNotifyMessage);
     handle(message::menu, message::go, &BasePlugin::handleMenuChoice);
     handle(message::menu, message::update, &BasePlugin::handleMenuUpdate);
-    handle(message::timer, message::go, &BasePlugin::handleTimerMessage);
     for (const std::string_view selector : toolSelectors)
         handle(message::tool, selector, &BasePlugin::handleToolMessage);
+    using Handler = core::__Callback<BasePlugin>;
+    dispatcher_.take(message::notifier, {}, Handler(this, &BasePlugin::handleNotifyMessage));
+    dispatcher_.take(message::timer, message::go, Handler(this, &BasePlugin::handleTimerMessage));
     if (!subscribed) return notifierRefused;
     return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
 }
@@ -85,7 +90,7 @@ std::int32_t BasePlugin::shutdown() {
     SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
     timers_.clear();
     SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
-    releaseHost();
+    leaveHost();
     return 0;
 }
 

@@ -20,10 +20,10 @@ struct SPPlugin;
 
 namespace kzo::plugin {
 
-/// Sets the way to the host for all calls that follow.
+/// Sets the way to the host for all calls that follow. A message that shows none leaves the one there is.
 void useHost(const void* record);
-/// Gives every suite back.
-void releaseHost();
+/// Gives every suite back. No call reaches the host from here on, until it is to be used again.
+void leaveHost();
 
 /// The name that the host knows the plug-in of this message by; empty when it tells none.
 [[nodiscard]] std::string pluginName(const void* record);

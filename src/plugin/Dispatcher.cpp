@@ -32,12 +32,22 @@ std::int32_t Dispatcher::message(std::string_view caller, std::string_view selec
     if (caller == message::tool && record) ownToolMessage.emplace(record);
     const Scope scope(*this, caller, selector, record, ownToolMessage ? &*ownToolMessage : lastToolMessage());
 
-    const auto at = callbacks_.find(std::pair(caller, selector));
-    if (at == callbacks_.end()) return notHandled;
     // A copy, since the callback may unregister itself.
-    const core::CallbackSlot running = at->second;
+    const core::CallbackSlot running = callbackOf(caller, selector);
+    if (!running.get()) return notHandled;
     running.run();
     return scope.answer();
+}
+
+core::CallbackSlot Dispatcher::callbackOf(std::string_view caller, std::string_view selector) const {
+    for (const Taken& taken : taken_)
+        if (taken.caller == caller && (taken.selector.empty() || taken.selector == selector)) return taken.callback;
+    const auto at = callbacks_.find(std::pair(caller, selector));
+    return at == callbacks_.end() ? core::CallbackSlot() : at->second;
+}
+
+void Dispatcher::take(std::string_view caller, std::string_view selector, const core::Callback& callback) {
+    taken_.push_back({caller, selector, core::CallbackSlot(callback)});
 }
 
 void Dispatcher::registerMessageCallback(std::string_view caller, std::string_view selector,

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/Callback.h"
 #include "plugin/Messages.h"
@@ -18,11 +19,13 @@ class Dispatcher {
     static constexpr std::int32_t handled = 0;
     static constexpr std::int32_t notHandled = 1;
 
-    /// Runs the callback that is registered for caller and selector. Answers `notHandled` when there is none, else what
+    /// Runs the callback that is there for caller and selector. Answers `notHandled` when there is none, else what
     /// the callback left with `setAnswer`, `handled` by default. Messages nest: what the queries below say of the outer
     /// one is there again when the inner one returns, also by an exception.
     std::int32_t message(std::string_view caller, std::string_view selector, void* record);
 
+    /// Takes messages for good, whatever a client registers: those of a caller, with no selector all of them.
+    void take(std::string_view caller, std::string_view selector, const core::Callback& callback);
     void registerMessageCallback(std::string_view caller, std::string_view selector, const core::Callback& callback);
     void unregisterMessageCallback(std::string_view caller, std::string_view selector);
 
@@ -47,6 +50,15 @@ class Dispatcher {
     };
     class Scope;
 
+    struct Taken {
+        std::string_view caller;
+        std::string_view selector;
+        core::CallbackSlot callback;
+    };
+
+    /// What runs for a message; empty for nothing.
+    [[nodiscard]] core::CallbackSlot callbackOf(std::string_view caller, std::string_view selector) const;
+
     /// Compares pairs of texts without copying the texts that are looked for.
     struct ByTexts {
         using is_transparent = void;
@@ -56,6 +68,7 @@ class Dispatcher {
         }
     };
 
+    std::vector<Taken> taken_;
     std::map<std::pair<std::string, std::string>, core::CallbackSlot, ByTexts> callbacks_;
     Executing* executing_ = nullptr;
 };

@@ -5,7 +5,7 @@ namespace kzo::plugin::host {
 
 void releaseAll() {
     const auto release = [](auto& suite) {
-        if (suite.table && basic) basic->ReleaseSuite(suite.name, suite.version);
+        if (suite.table && basic && basic->ReleaseSuite) basic->ReleaseSuite(suite.name, suite.version);
         suite.table = nullptr;
     };
     std::apply([&](auto&... suite) { (release(suite), ...); }, suites);

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIDocumentSuite.h"
@@ -73,7 +74,8 @@ template <auto Entry> [[nodiscard]] constexpr std::string_view entryName() {
 template <class Table> [[nodiscard]] const Table* acquire() {
     Suite<Table>& suite = std::get<Suite<Table>>(suites);
     const void* table = nullptr;
-    if (!suite.table && basic && basic->AcquireSuite(suite.name, suite.version, &table) == kNoErr)
+    if (!suite.table && basic && basic->AcquireSuite &&
+        basic->AcquireSuite(suite.name, suite.version, &table) == kNoErr)
         suite.table = static_cast<const Table*>(table);
     return suite.table;
 }
@@ -94,11 +96,14 @@ template <auto Entry, class... Arguments> bool call(Arguments... arguments) {
     return error == kNoErr;
 }
 
-/// Calls an operation whose last argument is where the answer goes. Answers `neutral` when the host refuses.
+/// Calls an operation whose last argument is where the answer goes. Answers `neutral` when the host refuses, and for a
+/// null answer, so that a text is always one.
 template <auto Entry, class Result, class... Arguments>
 [[nodiscard]] Result ask(Result neutral, Arguments... arguments) {
     Result result = neutral;
-    return call<Entry>(arguments..., &result) ? result : neutral;
+    if (!call<Entry>(arguments..., &result)) return neutral;
+    if constexpr (std::is_pointer_v<Result>) return result ? result : neutral;
+    return result;
 }
 
 } // namespace kzo::plugin::host

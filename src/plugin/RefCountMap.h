@@ -18,7 +18,7 @@ template <class Key, class Wrapper> class RefCountMap {
   public:
     /// The wrapper of `key` with one more holder. `make()` answers the implementation object if there is none yet.
     template <class Make> [[nodiscard]] static Wrapper* acquire(Key key, Make make) {
-        if (!map_) map_ = std::make_unique<Map>();
+        if (!map_) map_ = new Map;
         auto at = map_->find(key);
         if (at == map_->end())
             at = map_->emplace(key, Entry{std::unique_ptr<Wrapper>(new Wrapper{key, make()}), 0}).first;
@@ -32,7 +32,7 @@ template <class Key, class Wrapper> class RefCountMap {
         const auto at = map_->find(key);
         if (at == map_->end() || --at->second.count > 0) return;
         map_->erase(at);
-        if (map_->empty()) map_.reset();
+        if (map_->empty()) delete std::exchange(map_, nullptr);
     }
 
     /// The wrapper of `key` for a look, or null when nothing holds one.
@@ -57,7 +57,8 @@ template <class Key, class Wrapper> class RefCountMap {
     };
     using Map = std::unordered_map<Key, Entry>;
 
-    inline static std::unique_ptr<Map> map_;
+    // With no destructor, since a handle of a client may be the last thing of the process to go.
+    inline static Map* map_ = nullptr;
 };
 
 /// One holder of the wrapper of a host object. An implementation that has lost its object starts anew: the host may use

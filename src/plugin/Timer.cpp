@@ -46,11 +46,6 @@ void Timer::destroy() {
 
 // Registry
 
-void TimerRegistry::add(const std::shared_ptr<Timer>& timer) {
-    const bool known = std::find(timers_.begin(), timers_.end(), timer) != timers_.end();
-    if (!known && timer && timer->handle()) timers_.push_back(timer);
-}
-
 void TimerRegistry::remove(const Timer& timer) {
     std::erase_if(timers_, [&](const std::shared_ptr<Timer>& known) { return known.get() == &timer; });
 }
@@ -62,7 +57,7 @@ void TimerRegistry::clear() {
 bool TimerRegistry::fire(AITimer* handle) {
     const auto known = std::find_if(timers_.begin(), timers_.end(),
                                     [&](const auto& timer) { return timer->handle() && timer->handle() == handle; });
-    if (known == timers_.end() || !(*known)->active()) return false;
+    if (known == timers_.end() || !(*known)->registered() || !(*known)->active()) return false;
     // Held while it works: a callback may destroy its own timer.
     const std::shared_ptr<Timer> timer = *known;
     if (timer->repeats() == Timer::Repeats::Once) {

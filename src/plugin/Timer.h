@@ -23,6 +23,8 @@ class Timer {
 
     [[nodiscard]] AITimer* handle() const { return handle_; }
     [[nodiscard]] Repeats repeats() const { return repeats_; }
+    [[nodiscard]] bool registered() const { return registered_; }
+    void setRegistered(bool registered) { registered_ = registered; } ///< one that is not is no longer run
     [[nodiscard]] core::CallbackSlot& callback() { return callback_; }
     [[nodiscard]] std::string name() const;
     [[nodiscard]] double delay() const;
@@ -35,15 +37,18 @@ class Timer {
     AITimer* handle_;
     core::CallbackSlot callback_;
     Repeats repeats_;
+    bool registered_ = true;
 };
 
+/// Owns every timer, together with the handles on it, until it is destroyed.
 class TimerRegistry {
   public:
-    void add(const std::shared_ptr<Timer>& timer); ///< one that is known already, or has no handle, is not added
+    void add(const std::shared_ptr<Timer>& timer) { timers_.push_back(timer); }
     void remove(const Timer& timer);
     void clear(); ///< destroys all timers
 
-    /// Runs the timer's callback; one that comes once is gone by then. False when the timer is unknown or not active.
+    /// Runs the timer's callback; one that comes once is gone by then. False when the timer is unknown, not
+    /// registered or not active.
     bool fire(AITimer* handle);
 
   private:

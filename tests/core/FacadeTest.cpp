@@ -11,7 +11,7 @@
 #include "core/Tool.h"
 #include "plugin/Art.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/HostMonitor.h"
+#include "plugin/HostCall.h"
 #include "support/Desk.h"
 #include "tool/Plugin.h"
 
@@ -143,7 +143,7 @@ TEST_F(Facade, AnswersNeutrallyWhenEmptyRefusedOrWithoutSuite) {
             EXPECT_TRUE(neutral || !row.asksHost) << row.name << " with its call refused";
         }
         monitor.reset();
-        kzo::plugin::releaseHost();
+        kzo::plugin::host::releaseAll();
         desk.tables().each([](auto& suite) { suite.available = false; });
         for (const Row& row : rows) EXPECT_TRUE(!row.asksHost || row.neutral(live)) << row.name << " without its suite";
         desk.tables().each([](auto& suite) { suite.available = true; });

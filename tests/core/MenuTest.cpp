@@ -11,7 +11,7 @@
 #include "core/Plugin.h"
 #include "core/Timer.h"
 #include "plugin/BasePlugin.h"
-#include "plugin/HostMonitor.h"
+#include "plugin/HostCall.h"
 #include "plugin/MenuGroup.h"
 #include "plugin/ThirdPartyPlugin.h"
 #include "plugins/Question.h"
@@ -138,7 +138,7 @@ TEST_F(Menus, AnswerNeutrallyWhenEmptyRefusedOrWithoutSuite) {
             EXPECT_EQ(monitor.calls() > 0, row.asksHost) << row.name;
         }
         monitor.reset();
-        kzo::plugin::releaseHost();
+        kzo::plugin::host::releaseAll();
         desk.tables().each([](auto& suite) { suite.available = false; });
         for (const Row& row : rows) EXPECT_TRUE(!row.asksHost || row.neutral(live)) << row.name << " without its suite";
         EXPECT_TRUE(newGroup().isEmpty());
@@ -317,6 +317,8 @@ TEST_F(Menus, AreEmptyAfterShutDownAndAskTheHostNothing) {
     MenuItem foreign;
     desk.inMessage([&] {
         kept = makeHandles();
+        // A timer that is not registered any more was left running, and its handle called the host after shut-down.
+        Plugin::instance()->dispatcher()->unregisterTimer(kept.timer);
         foreign = MenuItem(kept.group.aiMenuItemHandle());
         Plugin::instance()->setAboutMenuItem(kept.item);
         EXPECT_EQ(Plugin::instance()->aboutMenuItem(), kept.item);
@@ -333,6 +335,8 @@ TEST_F(Menus, AreEmptyAfterShutDownAndAskTheHostNothing) {
     EXPECT_TRUE(newGroup().isEmpty());
     EXPECT_TRUE(Timer("x", 1, bound(&Witness::timer)).isEmpty());
     EXPECT_EQ(kzo::plugin::host::monitor().calls(), calls);
+    EXPECT_EQ(Illustrator::instance()->menuGroupCount(), 0u); // what asks without a handle finds no host
+    EXPECT_EQ(kzo::plugin::host::basic, nullptr);
     EXPECT_FALSE(kzo::plugin::SharedMenuGroup::Map::exists());
     EXPECT_FALSE(kzo::plugin::SharedThirdPartyPlugin::Map::exists());
 }
@@ -367,6 +371,8 @@ TEST_F(Menus, RunATimerThatIsKnownAndActive) {
     desk.inMessage([&] {
         timer = Timer("Timer", 0.5, bound(&Witness::timer));
         Dispatcher& dispatcher = *Plugin::instance()->dispatcher();
+        // Timers stay the framework's, whatever a client registers.
+        dispatcher.registerMessageCallback(MessageType::TimerGo, bound(&Witness::item));
         AITimer* const handle = timer.aiTimerHandle();
         EXPECT_EQ(fire(handle), 0);
         EXPECT_EQ(fire(nullptr), 1);
@@ -432,6 +438,17 @@ TEST_F(Menus, TellAPluginsStateAndTalkToIt) {
     });
 }
 
+TEST_F(Menus, TakeNullForAnEmptyText) {
+    desk.inMessage([&] {
+        const Handles live = makeHandles();
+        desk.tables().menu.table.GetMenuItemText = [](AIMenuItemHandle, const char** text) {
+            *text = nullptr;
+            return AIErr{kNoErr};
+        };
+        EXPECT_EQ(live.item.text(), "");
+    });
+}
+
 TEST_F(Menus, RefuseAMessageWithTheErrorThatFits) {
     desk.inMessage([&] {
         auto& monitor = kzo::plugin::host::monitor();
@@ -450,7 +467,7 @@ TEST_F(Menus, RefuseAMessageWithTheErrorThatFits) {
         other.started = false;
         EXPECT_EQ(known.message("Test", "Double", &record, result), kRefusedErr);
         other.started = true;
-        kzo::plugin::releaseHost();
+        kzo::plugin::host::releaseAll();
         desk.tables().interface.available = false;
         EXPECT_EQ(known.message("Test", "Double", &record, result), kSPSuiteNotFoundErr);
         EXPECT_FALSE(known.prepMessageData(record));

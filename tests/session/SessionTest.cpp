@@ -56,6 +56,24 @@ TEST(Session, KeepsAPluginThatDeclinesAsBrokenAndCallsItNoMore) {
     EXPECT_EQ(session.toolbox.all().size(), 1u);
 }
 
+// The stack ran over when a plug-in answered a message with the same message.
+TEST(Session, EndsAnExchangeOfMessagesThatHasNoEnd) {
+    Session session;
+    session::Plugin& echo =
+        session.attach("Echo", [](const char* caller, const char* selector, void* message) -> SPErr {
+            Session& host = Session::current();
+            auto& record = *static_cast<SPMessageData*>(message);
+            const bool over = std::string(caller) != "Test";
+            return over ? kNoErr : host.messenger.pass(*host.plugins.all()[0], caller, selector, record);
+        });
+    session.start();
+    SPMessageData record{};
+    EXPECT_EQ(session.messenger.send(echo, "Test", "Again", record), kRefusedErr);
+    EXPECT_THAT(session.reports(),
+                testing::ElementsAre("plug-in: Echo was not sent Test/Again: messages are nested 100 deep"));
+    EXPECT_EQ(session.messenger.send(echo, "Other", "Again", record), kNoErr);
+}
+
 TEST(Session, StartsAndEndsTheBundleAHundredTimes) {
     for (int i = 0; i < 100; ++i) {
         Session session;
