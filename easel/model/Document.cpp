@@ -101,6 +101,16 @@ Box Document::visibleBox() const {
             view.center.y + halfHeight};
 }
 
+Point Document::toScreen(Point point) const {
+    const Box shown = visibleBox();
+    return {(point.x - shown.left) * view.zoom, (point.y - shown.top) * view.zoom};
+}
+
+Point Document::fromScreen(Point place) const {
+    const Box shown = visibleBox();
+    return {shown.left + place.x / view.zoom, shown.top + place.y / view.zoom};
+}
+
 // Layers
 
 Node& Document::root() { return impl_->tree.root(); }

@@ -50,6 +50,9 @@ class Document {
     [[nodiscard]] double height() const;
     View view;                            ///< not part of undo
     [[nodiscard]] Box visibleBox() const; ///< the page-sized window at the view's centre, divided by its zoom
+    /// The window fills the screen: its top left corner is the screen's origin, and a screen unit there a unit here.
+    [[nodiscard]] Point toScreen(Point point) const;
+    [[nodiscard]] Point fromScreen(Point place) const;
 
     // Layers; layer 0 is the topmost. The last layer cannot be removed; when the current one goes, the topmost takes
     // over.

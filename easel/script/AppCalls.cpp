@@ -67,7 +67,19 @@ void selectTool(Host& host, const std::string& title) { host.session.selectTool(
 
 void editTool(Host& host, const std::string& title) { host.session.editTool(toolTitled(host, title)); }
 
-std::int32_t cursor(Host& host) { return host.session.cursor(); }
+std::variant<std::int32_t, CursorImageRecord> cursor(Host& host) {
+    const StageCursor& shown = host.session.cursor();
+    const auto* const owner = host.session.plugins.find(shown.plugin);
+    if (owner == nullptr) return shown.number;
+    return CursorImageRecord{.plugin = owner->name,
+                             .resource = shown.resource,
+                             .hotSpot = {shown.hotSpot.h, shown.hotSpot.v},
+                             .scale = shown.scale};
+}
+
+double displayScale(Host& host) { return host.session.displayScale; }
+
+void setDisplayScale(Host& host, Positive scale) { host.session.displayScale = scale.value; }
 
 // Menus and time
 
@@ -151,6 +163,7 @@ constexpr Row app[] = {
     method<selectTool>("app.selectTool", "title"),
     method<editTool>("app.editTool", "title"),
     property<cursor>("app.cursor"),
+    property<displayScale, setDisplayScale>("app.displayScale"),
     property<menus>("app.menus"),
     method<chooseMenu>("app.chooseMenu", "text"),
     method<runFor>("app.runFor", "seconds"),

@@ -259,6 +259,11 @@ void push(duk_context* engine, const PluginRecord& record) {
                std::pair("started", record.started), std::pair("broken", record.broken));
 }
 
+void push(duk_context* engine, const CursorImageRecord& record) {
+    pushRecord(engine, std::pair("plugin", record.plugin), std::pair("resource", record.resource),
+               std::pair("hotSpot", record.hotSpot), std::pair("scale", record.scale));
+}
+
 void push(duk_context* engine, const Document& document) { pushDocument(engine, *document); }
 
 void push(duk_context* engine, const View& view) { pushDocument(engine, *view.document, Kind::View); }

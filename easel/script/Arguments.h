@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "script/Objects.h"
@@ -84,6 +85,13 @@ struct PluginRecord {
     bool started = false;
     bool broken = false;
 };
+/// An image that shows as the cursor.
+struct CursorImageRecord {
+    std::string plugin;
+    std::int16_t resource = 0;
+    model::Point hotSpot;
+    double scale = 1;
+};
 /// Any value at all, as a condition.
 struct Condition {
     bool holds = false;
@@ -153,6 +161,7 @@ void push(duk_context* engine, const PointRecord& record);
 void push(duk_context* engine, const MenuItemRecord& record);
 void push(duk_context* engine, const MenuGroupRecord& record);
 void push(duk_context* engine, const PluginRecord& record);
+void push(duk_context* engine, const CursorImageRecord& record);
 void push(duk_context* engine, const Document& document);
 void push(duk_context* engine, const View& view);
 void push(duk_context* engine, const Object& object);
@@ -175,6 +184,10 @@ template <class T> void push(duk_context* engine, const std::optional<T>& answer
         push(engine, *answer);
     else
         duk_push_null(engine);
+}
+
+template <class... T> void push(duk_context* engine, const std::variant<T...>& answer) {
+    std::visit([engine](const auto& held) { push(engine, held); }, answer);
 }
 
 } // namespace easel::script

@@ -81,7 +81,15 @@ void Messenger::address(const Plugin& plugin, SPMessageData& message) const {
 }
 
 void Messenger::runPutOff() {
+    int run = 0;
     while (!putOff_.empty()) {
+        if (++run > mostPutOff) {
+            session_.report(Blame::Plugin,
+                            "what was put off until after a message led to more again and again; after " +
+                                std::to_string(mostPutOff) + " actions the rest is dropped");
+            putOff_.clear();
+            break;
+        }
         const std::function<void()> action = std::move(putOff_.front());
         putOff_.erase(putOff_.begin());
         action();

@@ -31,18 +31,30 @@ class Messenger {
     /// Does several things that belong together, such as a press with what surrounds its message. Actions that are put
     /// off meanwhile wait for the end of the outermost whole; every message is one.
     template <class Body> void whole(Body body) {
-        ++wholes_;
+        const Whole counted(wholes_);
         body();
         if (wholes_ == 1) runPutOff();
-        --wholes_;
     }
-    /// Runs `action` once nothing is under way any more.
+    /// Runs `action` once nothing is under way any more. Actions may put off others; `mostPutOff` of them are run in
+    /// one go, so that plug-ins which answer every action with another come to an end, and the rest is dropped.
     void afterwards(std::function<void()> action) { putOff_.push_back(std::move(action)); }
+    static constexpr int mostPutOff = 1000;
 
     /// How many messages are being handled, nested ones counted.
     [[nodiscard]] int depth() const { return depth_; }
 
   private:
+    class Whole {
+      public:
+        explicit Whole(int& count) : count_(count) { ++count_; }
+        ~Whole() { --count_; }
+        Whole(const Whole&) = delete;
+        Whole& operator=(const Whole&) = delete;
+
+      private:
+        int& count_;
+    };
+
     SPErr call(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
     void runPutOff();
 

@@ -8,7 +8,7 @@ namespace easel::session {
 
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     modifiers_ = modifiers;
-    location_ = location;
+    hand_ = location_ = location;
     model::Document* const document = session_.document();
     if (!snapToPoint || !document) return;
     if (const auto anchor = document->snapPoint(location, snapTolerance / document->view.zoom)) location_ = *anchor;
@@ -73,6 +73,17 @@ void Pointer::cancel() {
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
         send(kSelectorAIToolMouseUp);
         session_.document()->journal().abandon();
+    });
+}
+
+void Pointer::post(const char* name, Deed deed, model::Point place) {
+    session_.messenger.afterwards([this, name, deed, place] {
+        try {
+            (this->*deed)(session_.needDocument().fromScreen(place), modifiers_);
+        } catch (const Error& error) {
+            session_.report(Blame::Plugin,
+                            std::string("a posted ") + name + " of the mouse was dropped: " + error.what());
+        }
     });
 }
 

@@ -27,8 +27,14 @@ class Pointer {
     /// Ends a running gesture with its mouse-up and puts the document back to before the press.
     void cancel();
 
+    /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
+    /// What cannot be is dropped with a report.
+    void postPress(model::Point place) { post("press", &Pointer::press, place); }
+    void postRelease(model::Point place) { post("release", &Pointer::release, place); }
+
     [[nodiscard]] bool pressed() const { return pressed_; }
     [[nodiscard]] model::Point location() const { return location_; } ///< after snapping
+    [[nodiscard]] model::Point hand() const { return hand_; }         ///< before snapping
     [[nodiscard]] Modifiers modifiers() const { return modifiers_; }
 
     /// "Snap to Point": locations move onto an anchor within `snapTolerance` screen units.
@@ -36,7 +42,10 @@ class Pointer {
     static constexpr double snapTolerance = 2;
 
   private:
+    using Deed = void (Pointer::*)(model::Point, Modifiers);
+
     void locate(model::Point location, Modifiers modifiers);
+    void post(const char* name, Deed deed, model::Point place);
     void send(const char* selector);
     void requirePressed() const;
 
@@ -44,6 +53,7 @@ class Pointer {
     bool pressed_ = false;
     bool buffered_ = false; ///< the gesture's tool asked for buffered dragging
     model::Point location_;
+    model::Point hand_;
     Modifiers modifiers_ = 0;
 };
 

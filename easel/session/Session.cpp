@@ -105,6 +105,7 @@ void Session::forget(Plugin& plugin) {
     toolbox.removeIf(owned);
     timers.removeIf(owned);
     menus.forget(plugin);
+    if (cursor_.plugin == plugin.handle) cursor_ = {};
 }
 
 void Session::notify(std::string_view type) {
@@ -123,10 +124,13 @@ void Session::notify(std::string_view type) {
 // Documents
 
 model::Document& Session::adopt(std::unique_ptr<model::Document> document) {
-    pointer.cancel();
     if (lastDocumentNumber_ + 1 >= 1U << HandleParts::documentBits)
         throw Error("too many documents have been opened; start Easel anew");
-    documents_.push_back({++lastDocumentNumber_, std::move(document)});
+    // A whole, so that no posted press begins a gesture in the document that goes behind.
+    messenger.whole([&] {
+        pointer.cancel();
+        documents_.push_back({++lastDocumentNumber_, std::move(document)});
+    });
     return *documents_.back().document;
 }
 
@@ -158,9 +162,12 @@ void Session::exportPng(const std::string& path, double scale) {
 
 void Session::close() {
     static_cast<void>(needDocument());
-    pointer.cancel();
-    notify(kAIDocumentAboutToCloseNotifier);
-    documents_.pop_back();
+    // A whole, so that no posted press begins a gesture in the document that goes.
+    messenger.whole([&] {
+        pointer.cancel();
+        notify(kAIDocumentAboutToCloseNotifier);
+        documents_.pop_back();
+    });
     notify(kAIDocumentClosedNotifier);
 }
 
@@ -186,17 +193,20 @@ std::uint32_t Session::numberOf(const model::Document& document) const {
 // Tools
 
 void Session::selectTool(Tool& tool) {
-    pointer.cancel();
-    const AIToolHandle handle = tool.handle;
-    if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
-    if (Tool* const before = toolbox.current()) {
-        sendToTool(*before, kSelectorAIDeselectTool);
-        notify(kAIToolDeselectedNotifier);
-    }
-    if (toolbox.find(handle) != &tool) return; // its plug-in took it away meanwhile
-    toolbox.setCurrent(&tool);
-    sendToTool(tool, kSelectorAISelectTool);
-    notify(kAIToolSelectedNotifier);
+    // A whole, so that no posted press begins a gesture of one tool that another ends.
+    messenger.whole([&] {
+        pointer.cancel();
+        const AIToolHandle handle = tool.handle;
+        if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
+        if (Tool* const before = toolbox.current()) {
+            sendToTool(*before, kSelectorAIDeselectTool);
+            notify(kAIToolDeselectedNotifier);
+        }
+        if (toolbox.find(handle) != &tool) return; // its plug-in took it away meanwhile
+        toolbox.setCurrent(&tool);
+        sendToTool(tool, kSelectorAISelectTool);
+        notify(kAIToolSelectedNotifier);
+    });
 }
 
 void Session::editTool(Tool& tool) { sendToTool(tool, kSelectorAIEditToolOptions); }

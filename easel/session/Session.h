@@ -66,8 +66,11 @@ class Session {
     void editTool(Tool& tool); ///< double-click on the tool
     /// Sends the tool's plug-in a message with the pointer's location and modifiers.
     void sendToTool(Tool& tool, const char* selector);
-    [[nodiscard]] std::int32_t cursor() const { return cursor_; }
-    void setCursor(std::int32_t number) { cursor_ = number; }
+
+    // The screen
+    [[nodiscard]] const StageCursor& cursor() const { return cursor_; }
+    void setCursor(const StageCursor& cursor) { cursor_ = cursor; }
+    double displayScale = 1; ///< pixels for a screen unit
 
     // Menus and time
     /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
@@ -108,7 +111,7 @@ class Session {
     static Session* current_;
     std::vector<OpenDocument> documents_;
     std::uint32_t lastDocumentNumber_ = 0;
-    std::int32_t cursor_ = 0;
+    StageCursor cursor_{};
     bool running_ = false;
     std::vector<std::string> reports_;
 };

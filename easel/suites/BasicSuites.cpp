@@ -115,7 +115,34 @@ void disposeHandle(AIMdMemoryHandle handle) { requireBlock(host().memory.dispose
 // Stage
 
 void getModifiers(std::uint32_t& modifiers) { modifiers = host().pointer.modifiers(); }
-void setCursor(std::int32_t number) { host().setCursor(number); }
+
+void setCursor(std::int32_t number) {
+    host().setCursor({.number = number, .plugin = nullptr, .resource = 0, .hotSpot = {}, .scale = 1});
+}
+
+void setCursorImage(session::Plugin& plugin, std::int16_t resource, const AIRealPoint& hotSpot, AIReal scale) {
+    require(resource != 0 && std::isfinite(hotSpot.h) && std::isfinite(hotSpot.v) && std::isfinite(scale) && scale > 0);
+    host().setCursor({.number = 0, .plugin = plugin.handle, .resource = resource, .hotSpot = hotSpot, .scale = scale});
+}
+
+void getCursor(StageCursor& cursor) { cursor = host().cursor(); }
+
+void getDisplayScale(AIReal& scale) {
+    static_cast<void>(currentDocument());
+    scale = host().displayScale;
+}
+
+void getPointerLocation(AIRealPoint& location) {
+    const model::Point place = currentDocument().toScreen(host().pointer.hand());
+    location = {place.x, place.y};
+}
+
+void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
+    require((event == kStageMouseDown || event == kStageMouseUp) && std::isfinite(location.h) &&
+            std::isfinite(location.v));
+    const model::Point place{location.h, location.v};
+    event == kStageMouseDown ? host().pointer.postPress(place) : host().pointer.postRelease(place);
+}
 
 // Real math
 
@@ -166,6 +193,11 @@ void fill(AIMdMemorySuite& suite) {
 void fill(StageSuite& suite) {
     enter<&StageSuite::GetModifiers, getModifiers>(suite);
     enter<&StageSuite::SetCursor, setCursor>(suite);
+    enter<&StageSuite::SetCursorImage, setCursorImage>(suite);
+    enter<&StageSuite::GetCursor, getCursor>(suite);
+    enter<&StageSuite::GetDisplayScale, getDisplayScale>(suite);
+    enter<&StageSuite::GetPointerLocation, getPointerLocation>(suite);
+    enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
 }
 
 void fill(AIRealMathSuite& suite) { enter<&AIRealMathSuite::RealPointLength, pointLength>(suite); }

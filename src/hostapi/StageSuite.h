@@ -1,4 +1,7 @@
-/* The stage suite: services of the platform, played by a host that runs without a display. */
+/* The stage suite: services of the platform, played by a host that runs without a display.
+ *
+ * The document's window fills the screen. Screen coordinates are screen units, x right, y down, from the window's top
+ * left corner; at zoom 1 a unit is a point of the document. */
 #ifndef HOSTAPI_STAGESUITE_H
 #define HOSTAPI_STAGESUITE_H
 
@@ -7,11 +10,37 @@
 #define kStageSuite "Stage Suite"
 #define kStageSuiteVersion 1
 
+/* A cursor: one of the host's own by number, or an image among the resources of a plug-in. */
+typedef struct StageCursor {
+    int32_t number;      /* of the host's cursor; 0 for an image, and where no cursor has been set */
+    SPPluginRef plugin;  /* whose resource the image is; null for a cursor of the host */
+    int16_t resource;    /* number of the image; 0 for a cursor of the host */
+    AIRealPoint hotSpot; /* the spot that points, in screen units from the image's top left corner */
+    AIReal scale;        /* pixels of the image for a screen unit */
+} StageCursor;
+
+/* What the user's hand does with the mouse button. */
+enum { kStageMouseDown = 1, kStageMouseUp = 2 };
+
 typedef struct StageSuite {
     /* The modifier keys held now, kAIShiftKey ... */
     AIErr (*GetModifiers)(uint32_t* modifiers);
     /* Shows the host's cursor of this number until another is set. */
     AIErr (*SetCursor)(int32_t number);
+    /* Shows the PNG picture of this number among the plug-in's resources until another cursor is set. kBadParameterErr:
+     * the resource 0, a hot spot that is not finite, a scale that is not above 0. */
+    AIErr (*SetCursorImage)(SPPluginRef plugin, int16_t resource, const AIRealPoint* hotSpot, AIReal scale);
+    /* The cursor that shows. */
+    AIErr (*GetCursor)(StageCursor* cursor);
+    /* Pixels for a screen unit on the display that shows the current document. kNoDocumentErr: none is open. */
+    AIErr (*GetDisplayScale)(AIReal* scale);
+    /* Where the mouse pointer is on the screen. kNoDocumentErr: no document is open. */
+    AIErr (*GetPointerLocation)(AIRealPoint* location);
+    /* Has the user press or release the mouse button at a place of the screen, with the modifier keys held then. It
+     * happens once the message being handled is through, in the order of posting. What cannot happen then, such as a
+     * press without a document, is dropped, and the host reports it. kBadParameterErr: another event, or a place that
+     * is not finite. */
+    AIErr (*PostMouseEvent)(int32_t event, const AIRealPoint* location);
 } StageSuite;
 
 #endif

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "plugin/Convert.h"
+#include "plugin/Cursor.h"
 #include "plugin/HostCall.h"
 #include "plugin/MenuGroup.h"
 #include "plugin/ThirdPartyPlugin.h"
@@ -90,6 +91,7 @@ std::int32_t BasePlugin::shutdown() {
     SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
     timers_.clear();
     SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
+    SharedCursor::Map::each([](auto& shared) { shared.impl.forget(); });
     leaveHost();
     return 0;
 }

@@ -67,8 +67,10 @@ template <class Key, class Impl> class SharedImpl {
   public:
     using Map = RefCountMap<Key, __RefCountWrapper<Key, Impl>>;
 
-    explicit SharedImpl(Key key) : wrapper_(Map::acquire(key, [key] { return Impl(key); })) {
-        if (!wrapper_->impl.handle()) wrapper_->impl = Impl(key);
+    explicit SharedImpl(Key key) : SharedImpl(key, [key] { return Impl(key); }) {}
+    /// For an implementation that takes more than its key: `make()` answers it.
+    template <class Make> SharedImpl(Key key, Make make) : wrapper_(Map::acquire(key, make)) {
+        if (!wrapper_->impl.handle()) wrapper_->impl = make();
     }
     ~SharedImpl() { Map::release(wrapper_->key); }
     SharedImpl(const SharedImpl&) = delete;

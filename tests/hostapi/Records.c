@@ -38,3 +38,4 @@ RECORD_SIZE(AIAddToolData, 24);
 RECORD_SIZE(AIPathSegment, 56);
 RECORD_SIZE(AIHitRecord, 48);
 RECORD_SIZE(AIPathStyle, 144);
+RECORD_SIZE(StageCursor, 48);

@@ -309,7 +309,7 @@ TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {
 TEST(LineTool, ShowsItsCursorAndAnswersTheLayerCheck) {
     Desk desk;
     desk.selectTool();
-    EXPECT_EQ(desk.session().cursor(), 20);
+    EXPECT_EQ(desk.session().cursor().number, 20);
     easel::session::Tool& tool = *desk.session().toolbox.current();
     AIToolMessage message{.d = {}, .tool = tool.handle, .cursor = {5, 5}, .modifiers = 0};
     const auto answer = [&] {
