@@ -106,6 +106,11 @@ class Document {
     // Searching
     /// The feature at `point` within `tolerance` points among `within` and all it holds; see HitTest.h.
     [[nodiscard]] Hit hitTest(Node& within, Point point, double tolerance, HitRequest request);
+    /// The topmost path or opaque art at `point`: its fill, or within `tolerance` its outline. Not what is locked or
+    /// hidden; nor is it in the next.
+    [[nodiscard]] Node* topmostAt(Point point, double tolerance);
+    /// The paths and opaque art that have a part in the box, in no order.
+    [[nodiscard]] std::vector<Node*> touching(const Box& box);
     /// The nearest visible anchor within `tolerance`, passing over art that the running gesture moved.
     [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance);
 

@@ -10,6 +10,20 @@ namespace easel::model {
 
 namespace {
 
+bool isFilledAt(const Node& node, Point point) {
+    if (node.type() == NodeType::Opaque) return node.hull().meets({point.x, point.y, point.x, point.y});
+    return node.style().fill && isInside(node.path(), point);
+}
+
+/// Calls `visit` with the points of each segment until it answers true; a lone anchor counts as one.
+template <class Visit> bool anySegment(const PathData& path, Visit visit) {
+    const std::vector<PathPoint>& points = path.points;
+    if (points.size() == 1) return visit(points[0], points[0]);
+    for (std::size_t i = 0; i < path.segmentCount(); ++i)
+        if (visit(points[i], points[i + 1 == points.size() ? 0 : i + 1])) return true;
+    return false;
+}
+
 /// The best feature so far.
 class BestHit {
   public:
@@ -57,11 +71,7 @@ class BestHit {
 
     void offerFill(Node& node) {
         if (!wants(HitKind::Fill)) return;
-        const bool inside = node.type() == NodeType::Opaque
-                                ? node.hull().meets({point_.x, point_.y, point_.x, point_.y})
-                                : node.style().fill && isInside(node.path(), point_);
-        if (!inside) return;
-        offer(HitKind::Fill, node, point_, 0, -1);
+        if (isFilledAt(node, point_)) offer(HitKind::Fill, node, point_, 0, -1);
     }
 
   private:
@@ -107,6 +117,35 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
         if (asksFor(request, HitRequest::Fills)) best.offerFill(*node);
     }
     return best.hit();
+}
+
+Node* Document::topmostAt(Point point, double tolerance) {
+    if (!isSearchable(point, tolerance)) return nullptr;
+    impl_->findNear(point, tolerance);
+    const auto isNear = [&](const PathPoint& start, const PathPoint& end) {
+        return nearestOnSegment(start, end, point).distanceSquared <= tolerance * tolerance;
+    };
+    Node* topmost = nullptr;
+    for (Node* const node : impl_->found) {
+        if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
+        if (isFilledAt(*node, point) || (node->type() == NodeType::Path && anySegment(node->path(), isNear)))
+            topmost = node;
+    }
+    return topmost;
+}
+
+std::vector<Node*> Document::touching(const Box& box) {
+    std::vector<Node*> touched;
+    impl_->found.clear();
+    impl_->tree.index.find(box, impl_->found);
+    const auto isTouched = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
+    for (Node* const node : impl_->found) {
+        if (!isReachable(*node, root())) continue;
+        if (node->type() == NodeType::Opaque || anySegment(node->path(), isTouched) ||
+            isFilledAt(*node, {box.left, box.top}))
+            touched.push_back(node);
+    }
+    return touched;
 }
 
 std::optional<Point> Document::snapPoint(Point point, double tolerance) {

@@ -158,6 +158,23 @@ int crossings(const Cubic& c, Point point) {
     return count;
 }
 
+bool isIn(const Box& box, Point point) { return box.meets({point.x, point.y, point.x, point.y}); }
+
+/// Whether the straight line meets the box: cuts off what lies beyond one edge after the other.
+bool lineMeetsBox(Point start, Point end, const Box& box) {
+    double from = 0;
+    double to = 1;
+    const auto cut = [&](double at, double along, double low, double high) {
+        if (along == 0) return at >= low && at <= high;
+        const double first = (low - at) / along;
+        const double second = (high - at) / along;
+        from = std::max(from, std::min(first, second));
+        to = std::min(to, std::max(first, second));
+        return from <= to;
+    };
+    return cut(start.x, end.x - start.x, box.left, box.right) && cut(start.y, end.y - start.y, box.top, box.bottom);
+}
+
 Cubic cubicOf(const PathPoint& start, const PathPoint& end) { return {start.anchor, start.out, end.in, end.anchor}; }
 
 } // namespace
@@ -165,6 +182,34 @@ Cubic cubicOf(const PathPoint& start, const PathPoint& end) { return {start.anch
 NearestPoint nearestOnSegment(const PathPoint& start, const PathPoint& end, Point from) {
     if (start.out == start.anchor && end.in == end.anchor) return nearestOnLine(start.anchor, end.anchor, from);
     return nearestOnCurve(cubicOf(start, end), from);
+}
+
+bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
+    if (isIn(box, start.anchor) || isIn(box, end.anchor)) return true;
+    if (start.out == start.anchor && end.in == end.anchor) return lineMeetsBox(start.anchor, end.anchor, box);
+
+    constexpr int fine = 10; // pieces of a thousandth of the curve are as good as straight
+    struct Piece {
+        Cubic cubic;
+        int depth;
+    };
+    std::array<Piece, fine + 2> pieces; // each halving leaves one more to do
+    std::size_t count = 0;
+    pieces[count++] = {cubicOf(start, end), 0};
+    while (count > 0) {
+        const Piece piece = pieces[--count];
+        Box hull;
+        for (const Point& control : piece.cubic) hull.include(control);
+        if (!hull.meets(box)) continue;
+        if (isIn(box, piece.cubic[3])) return true;
+        if (piece.depth == fine) {
+            if (lineMeetsBox(piece.cubic[0], piece.cubic[3], box)) return true;
+            continue;
+        }
+        pieces[count++] = {half(piece.cubic, true), piece.depth + 1};
+        pieces[count++] = {half(piece.cubic, false), piece.depth + 1};
+    }
+    return false;
 }
 
 bool isInside(const PathData& path, Point point) {

@@ -1,5 +1,5 @@
-// Where a point lies against a curve: nearest point, and inside or outside. Cubic curves given by their four control
-// points; straight ones have their handles retracted. Knows no tolerance and no node.
+// Where a point or a box lies against a curve: nearest point, inside or outside, met or not. Cubic curves given by
+// their four control points; straight ones have their handles retracted. Knows no tolerance and no node.
 #pragma once
 
 #include "model/Types.h"
@@ -14,6 +14,9 @@ struct NearestPoint {
 
 /// The point of the curve from `start` to `end` that is nearest to `from`.
 [[nodiscard]] NearestPoint nearestOnSegment(const PathPoint& start, const PathPoint& end, Point from);
+
+/// Whether a part of the curve from `start` to `end` lies in the box.
+[[nodiscard]] bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box);
 
 /// Whether the even-odd rule counts the point as inside; an open path is closed by a straight line.
 [[nodiscard]] bool isInside(const PathData& path, Point point);

@@ -14,10 +14,13 @@ void Pointer::locate(model::Point location, Modifiers modifiers) {
     if (const auto anchor = document->snapPoint(location, snapTolerance / document->view.zoom)) location_ = *anchor;
 }
 
-void Pointer::send(const char* selector) {
-    Tool* const tool = session_.toolbox.current();
-    if (!tool) return; // taken out of the toolbox by its plug-in while the button is down
-    session_.sendToTool(*tool, selector);
+void Pointer::send(const char* selector, BuiltinTool::Handler handler) {
+    Tool* const tool = session_.toolbox.find(tool_);
+    if (!tool) return;
+    if (tool->builtin)
+        (*tool->builtin.*handler)(*session_.document(), location_, modifiers_);
+    else
+        session_.sendToTool(*tool, selector);
 }
 
 void Pointer::requirePressed() const {
@@ -27,21 +30,21 @@ void Pointer::requirePressed() const {
 void Pointer::move(model::Point location, Modifiers modifiers) {
     if (pressed_) throw Error("the mouse button is down; a move is a drag");
     locate(location, modifiers);
-    const Tool* const tool = session_.toolbox.current();
-    if (tool && (tool->options & kToolWantsToTrackCursorOption)) send(kSelectorAITrackToolCursor);
+    Tool& tool = *session_.toolbox.current();
+    if (tool.options & kToolWantsToTrackCursorOption) session_.sendToTool(tool, kSelectorAITrackToolCursor);
 }
 
 void Pointer::press(model::Point location, Modifiers modifiers) {
     if (pressed_) throw Error("the mouse button is down already");
-    const Tool* const tool = session_.toolbox.current();
-    if (!tool) throw Error("no tool is selected");
     model::Document& document = session_.needDocument();
     locate(location, modifiers);
     pressed_ = true;
-    buffered_ = (tool->options & kToolWantsBufferedDraggingOption) != 0;
+    const Tool& tool = *session_.toolbox.current();
+    tool_ = tool.handle;
+    buffered_ = (tool.options & kToolWantsBufferedDraggingOption) != 0;
     session_.messenger.whole([&] {
         document.journal().begin();
-        send(kSelectorAIToolMouseDown);
+        send(kSelectorAIToolMouseDown, &BuiltinTool::press);
         if (buffered_) document.journal().mark();
     });
 }
@@ -50,7 +53,7 @@ void Pointer::drag(model::Point location, Modifiers modifiers) {
     requirePressed();
     if (buffered_) session_.document()->journal().rollBackToMark();
     locate(location, modifiers);
-    send(kSelectorAIToolMouseDrag);
+    send(kSelectorAIToolMouseDrag, &BuiltinTool::drag);
 }
 
 void Pointer::release(model::Point location, Modifiers modifiers) {
@@ -60,7 +63,7 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     locate(location, modifiers);
     session_.messenger.whole([&] {
         pressed_ = false;
-        send(kSelectorAIToolMouseUp);
+        send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         if (buffered_) journal.dropMark();
         journal.end();
     });
@@ -71,7 +74,7 @@ void Pointer::cancel() {
     session_.messenger.whole([&] {
         pressed_ = false;
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
-        send(kSelectorAIToolMouseUp);
+        send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         session_.document()->journal().abandon();
     });
 }

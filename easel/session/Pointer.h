@@ -6,20 +6,17 @@
 
 #include "hostapi/AIToolSuite.h"
 #include "model/Types.h"
+#include "session/BuiltinTools.h"
 
 namespace easel::session {
 
 class Session;
 
-/// Modifier keys, a bit set of kAIShiftKey ...
-using Modifiers = std::uint32_t;
-
 class Pointer {
   public:
     explicit Pointer(Session& session) : session_(session) {}
 
-    /// Each throws Error when the state does not allow it: a drag with no button down, a press with no tool or
-    /// document.
+    /// Each throws Error when the state does not allow it: a drag with no button down, a press with no document.
     void move(model::Point location, Modifiers modifiers);
     void press(model::Point location, Modifiers modifiers);
     void drag(model::Point location, Modifiers modifiers);
@@ -46,12 +43,14 @@ class Pointer {
 
     void locate(model::Point location, Modifiers modifiers);
     void post(const char* name, Deed deed, model::Point place);
-    void send(const char* selector);
+    /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
+    void send(const char* selector, BuiltinTool::Handler handler);
     void requirePressed() const;
 
     Session& session_;
     bool pressed_ = false;
-    bool buffered_ = false; ///< the gesture's tool asked for buffered dragging
+    AIToolHandle tool_ = nullptr; ///< of the gesture
+    bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
     model::Point location_;
     model::Point hand_;
     Modifiers modifiers_ = 0;

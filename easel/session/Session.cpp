@@ -198,12 +198,10 @@ void Session::selectTool(Tool& tool) {
         pointer.cancel();
         const AIToolHandle handle = tool.handle;
         if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
-        if (Tool* const before = toolbox.current()) {
-            sendToTool(*before, kSelectorAIDeselectTool);
-            notify(kAIToolDeselectedNotifier);
-        }
+        sendToTool(*toolbox.current(), kSelectorAIDeselectTool);
+        notify(kAIToolDeselectedNotifier);
         if (toolbox.find(handle) != &tool) return; // its plug-in took it away meanwhile
-        toolbox.setCurrent(&tool);
+        toolbox.setCurrent(tool);
         sendToTool(tool, kSelectorAISelectTool);
         notify(kAIToolSelectedNotifier);
     });
@@ -212,6 +210,7 @@ void Session::selectTool(Tool& tool) {
 void Session::editTool(Tool& tool) { sendToTool(tool, kSelectorAIEditToolOptions); }
 
 void Session::sendToTool(Tool& tool, const char* selector) {
+    if (!tool.owner) return;
     const model::Point location = pointer.location();
     AIToolMessage message{
         .d = {}, .tool = tool.handle, .cursor = {location.x, location.y}, .modifiers = pointer.modifiers()};

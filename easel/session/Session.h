@@ -64,7 +64,7 @@ class Session {
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
     void selectTool(Tool& tool);
     void editTool(Tool& tool); ///< double-click on the tool
-    /// Sends the tool's plug-in a message with the pointer's location and modifiers.
+    /// Sends the tool's plug-in, if it has one, a message with the pointer's location and modifiers.
     void sendToTool(Tool& tool, const char* selector);
 
     // The screen

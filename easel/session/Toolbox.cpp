@@ -3,9 +3,22 @@
 
 #include <algorithm>
 
+#include "hostapi/AIToolNames.h"
 #include "session/HostError.h"
 
 namespace easel::session {
+
+Toolbox::Toolbox() : selectionTool_(&addOwn(kAISelectionTool, makeSelectionTool())), current_(selectionTool_) {
+    addOwn(kAIDirectSelectionTool, makeDirectSelectionTool());
+}
+
+Tool& Toolbox::addOwn(const char* name, std::unique_ptr<BuiltinTool> behaviour) {
+    Tool tool;
+    tool.builtin = std::move(behaviour);
+    tool.name = tool.title = tool.tip = name;
+    tool.options = kToolWantsBufferedDraggingOption;
+    return add(std::move(tool));
+}
 
 Tool& Toolbox::add(Tool tool) {
     const std::vector<Tool*> known = tools_.all();
@@ -14,8 +27,7 @@ Tool& Toolbox::add(Tool tool) {
         if (at == known.end()) throw HostError{kBadParameterErr};
         return *at;
     };
-    if (std::any_of(known.begin(), known.end(), [&](const Tool* t) { return t->name == tool.name; }))
-        throw HostError{kBadParameterErr};
+    if (findByName(tool.name)) throw HostError{kBadParameterErr};
     // A tool joins the group or slot of the tool it names; those are known by the tool that opened them.
     const std::int16_t number = static_cast<std::int16_t>(lastNumber_ + 1);
     tool.group = tool.group == kNoToolNumber ? number : numbered(tool.group)->group;
@@ -25,13 +37,19 @@ Tool& Toolbox::add(Tool tool) {
 }
 
 void Toolbox::remove(Tool& tool) {
-    if (current_ == &tool) current_ = nullptr;
+    if (current_ == &tool) current_ = selectionTool_;
     tools_.remove(tool);
 }
 
 Tool* Toolbox::findByTitle(std::string_view title) const {
     for (Tool* tool : tools_.all())
         if (tool->title == title) return tool;
+    return nullptr;
+}
+
+Tool* Toolbox::findByName(std::string_view name) const {
+    for (Tool* tool : tools_.all())
+        if (tool->name == name) return tool;
     return nullptr;
 }
 

@@ -1,10 +1,13 @@
-// The toolbox: the tools that plug-ins added, in their groups, and which one is current.
+// The toolbox: the host's own tools and those that plug-ins added, in their groups, and which one is current.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hostapi/AIToolSuite.h"
+#include "session/BuiltinTools.h"
 #include "session/Handles.h"
 #include "session/Plugins.h"
 
@@ -12,7 +15,8 @@ namespace easel::session {
 
 struct Tool {
     AIToolHandle handle = nullptr;
-    Plugin* owner = nullptr;
+    Plugin* owner = nullptr; ///< null for the host's own, which are `builtin`
+    std::unique_ptr<BuiltinTool> builtin;
     std::string name; ///< unique
     std::string title;
     std::string tip;
@@ -24,28 +28,35 @@ struct Tool {
     std::int32_t options = 0;
 };
 
+/// Begins with the host's own tools. The Selection Tool is current at first, and again when the current tool goes.
 class Toolbox {
   public:
+    Toolbox();
+
     /// Numbers the tool and opens a group or slot of its own where it asks for none. Throws HostError when the name is
     /// taken or a number is no tool's.
     Tool& add(Tool tool);
     void remove(Tool& tool);
     template <class Predicate> void removeIf(Predicate predicate) {
-        if (current_ && predicate(*current_)) current_ = nullptr;
+        if (predicate(*current_)) current_ = selectionTool_;
         tools_.removeIf(predicate);
     }
 
     [[nodiscard]] Tool* find(AIToolHandle handle) const { return tools_.find(handle); }
     [[nodiscard]] Tool* findByTitle(std::string_view title) const;
+    [[nodiscard]] Tool* findByName(std::string_view name) const;
     [[nodiscard]] std::vector<Tool*> all() const { return tools_.all(); }
-    [[nodiscard]] Tool* current() const { return current_; }
+    [[nodiscard]] Tool* current() const { return current_; } ///< never null
 
-    void setCurrent(Tool* tool) { current_ = tool; }
+    void setCurrent(Tool& tool) { current_ = &tool; }
 
   private:
+    Tool& addOwn(const char* name, std::unique_ptr<BuiltinTool> behaviour);
+
     Registry<Tool, AIToolHandle> tools_;
     std::int16_t lastNumber_ = 0;
-    Tool* current_ = nullptr;
+    Tool* selectionTool_;
+    Tool* current_;
 };
 
 } // namespace easel::session

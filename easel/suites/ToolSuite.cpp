@@ -23,16 +23,37 @@ void addTool(session::Plugin& self, std::string_view name, const AIAddToolData& 
     handle = Session::current().toolbox.add(std::move(tool)).handle;
 }
 
-void removeTool(Tool& tool) { Session::current().toolbox.remove(tool); }
+/// What can be changed is the tools of plug-ins.
+void requirePlugins(const Tool& tool) { require(tool.owner != nullptr, kRefusedErr); }
+
+void removeTool(Tool& tool) {
+    requirePlugins(tool);
+    Session::current().toolbox.remove(tool);
+}
+
+void getNumberByName(std::string_view name, std::int16_t& number) {
+    number = required(Session::current().toolbox.findByName(name)).number;
+}
 
 void getNumber(Tool& tool, std::int16_t& number) { number = tool.number; }
 void getName(Tool& tool, const char*& name) { name = tool.name.c_str(); }
 void getTitle(Tool& tool, const char*& title) { title = tool.title.c_str(); }
-void setTitle(Tool& tool, std::string_view title) { tool.title = title; }
+void setTitle(Tool& tool, std::string_view title) {
+    requirePlugins(tool);
+    tool.title = title;
+}
+
 void getTip(Tool& tool, const char*& tip) { tip = tool.tip.c_str(); }
-void setTip(Tool& tool, std::string_view tip) { tool.tip = tip; }
+void setTip(Tool& tool, std::string_view tip) {
+    requirePlugins(tool);
+    tool.tip = tip;
+}
+
 void getOptions(Tool& tool, std::int32_t& options) { options = tool.options; }
-void setOptions(Tool& tool, std::int32_t options) { tool.options = options; }
+void setOptions(Tool& tool, std::int32_t options) {
+    requirePlugins(tool);
+    tool.options = options;
+}
 
 void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
     light = tool.lightIcon;
@@ -40,14 +61,12 @@ void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
 }
 
 void setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
+    requirePlugins(tool);
     tool.lightIcon = light;
     tool.darkIcon = dark;
 }
 
-void getSelected(AIToolHandle& handle) {
-    const Tool* tool = Session::current().toolbox.current();
-    handle = tool ? tool->handle : nullptr;
-}
+void getSelected(AIToolHandle& handle) { handle = Session::current().toolbox.current()->handle; }
 
 void setSelected(Tool& tool) {
     if (&tool == Session::current().toolbox.current()) return;
@@ -64,6 +83,7 @@ void fill(AIToolSuite& suite) {
     enter<&AIToolSuite::AddTool, addTool>(suite);
     enter<&AIToolSuite::RemoveTool, removeTool>(suite);
     enter<&AIToolSuite::GetToolNumberFromHandle, getNumber>(suite);
+    enter<&AIToolSuite::GetToolNumberFromName, getNumberByName>(suite);
     enter<&AIToolSuite::GetToolName, getName>(suite);
     enter<&AIToolSuite::GetToolTitle, getTitle>(suite);
     enter<&AIToolSuite::SetToolTitle, setTitle>(suite);

@@ -32,6 +32,11 @@ namespace {
 
 bool keyDown(ModifierKeys key) { return any(modifierKeysPressed() & key); }
 
+/// The tool set to join beside a group that may be missing.
+std::int16_t besideGroup(std::int16_t group, std::int16_t toolset) {
+    return group == BaseTool::noNumber ? BaseTool::noNumber : toolset;
+}
+
 std::unique_ptr<HitData> facade(std::unique_ptr<plugin::HitData> found) {
     return found ? std::make_unique<HitData>(std::move(found)) : nullptr;
 }
@@ -59,8 +64,15 @@ Tool::Tool(std::int16_t group, std::int16_t toolset, const std::string& title, c
 
 Tool::Tool(const Tool& group, const Tool* toolset, const std::string& title, const std::string& tip,
            std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options)
-    : Tool(group.number(), toolset && !group.isEmpty() ? toolset->number() : BaseTool::noNumber, title, tip,
+    : Tool(group.number(), besideGroup(group.number(), toolset ? toolset->number() : BaseTool::noNumber), title, tip,
            lightIconID, darkIconID, options) {}
+
+Tool::Tool(BuiltinTool group, std::optional<BuiltinTool> toolset, const std::string& title, const std::string& tip,
+           std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options)
+    : Tool(plugin::builtinToolNumber(group),
+           besideGroup(plugin::builtinToolNumber(group),
+                       toolset ? plugin::builtinToolNumber(*toolset) : BaseTool::noNumber),
+           title, tip, lightIconID, darkIconID, options) {}
 
 Tool::Tool(const std::shared_ptr<BaseTool>& impl) : impl_(std::static_pointer_cast<__IntToolSubclass>(impl)) {}
 

@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/ArtboardPoint.h"
+#include "core/BuiltinTool.h"
 #include "core/Callback.h"
 #include "core/Enumerations.h"
 #include "core/HitData.h"
@@ -34,6 +36,9 @@ class Tool {
          std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
     /// In the group of `group`, and in the slot of `toolset` if there is one. An empty `group` opens new ones.
     Tool(const Tool& group, const Tool* toolset, const std::string& title, const std::string& tip,
+         std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
+    /// The same beside the host's own tools. One that the host lacks counts as empty.
+    Tool(BuiltinTool group, std::optional<BuiltinTool> toolset, const std::string& title, const std::string& tip,
          std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
     explicit Tool(const std::shared_ptr<plugin::BaseTool>& impl);
 

@@ -52,9 +52,12 @@ typedef struct AIToolSuite {
      * group or tool set number is no tool's. */
     AIErr (*AddTool)(SPPluginRef self, const char* name, const AIAddToolData* data, int32_t options,
                      AIToolHandle* tool);
-    /* Takes a tool out of the toolbox. If it was current, no tool is. */
+    /* Takes a tool out of the toolbox. If it was current, the host's Selection Tool is from now on. kRefusedErr here
+     * and in all that sets something: the tool is the host's own. */
     AIErr (*RemoveTool)(AIToolHandle tool);
     AIErr (*GetToolNumberFromHandle)(AIToolHandle tool, int16_t* number);
+    /* The number of the tool with this unique name. kBadParameterErr: there is none. */
+    AIErr (*GetToolNumberFromName)(const char* name, int16_t* number);
     AIErr (*GetToolName)(AIToolHandle tool, const char** name);
     AIErr (*GetToolTitle)(AIToolHandle tool, const char** title);
     AIErr (*SetToolTitle)(AIToolHandle tool, const char* title);
@@ -64,7 +67,7 @@ typedef struct AIToolSuite {
     AIErr (*SetToolOptions)(AIToolHandle tool, int32_t options);
     AIErr (*GetToolIconIDs)(AIToolHandle tool, int16_t* light, int16_t* dark);
     AIErr (*SetToolIconIDs)(AIToolHandle tool, int16_t light, int16_t dark);
-    /* The current tool, null when none is. */
+    /* The current tool; there always is one. */
     AIErr (*GetSelectedTool)(AIToolHandle* tool);
     /* Makes `tool` current once the running message has been handled, unless it is already. */
     AIErr (*SetSelectedTool)(AIToolHandle tool);

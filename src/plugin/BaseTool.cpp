@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "hostapi/AIToolNames.h"
 #include "plugin/CurrentDocument.h"
 #include "plugin/HostCall.h"
 #include "plugin/Layer.h"
@@ -134,6 +135,16 @@ std::unique_ptr<HitData> BaseTool::mouseUpHitData(std::size_t index, core::HitRe
 
 std::unique_ptr<HitData> BaseTool::cursorHitData(core::HitRequest request, double tolerance) const {
     return std::make_unique<HitData>(nullptr, cursorLoc_, request, tolerance, true);
+}
+
+// The host's own tools
+
+std::int16_t builtinToolNumber(core::BuiltinTool tool) {
+    constexpr int step = 10;
+    const int value = static_cast<int>(tool);
+    const int index = value / step - 1;
+    if (value % step != 0 || index < 0 || index >= kAIBuiltinToolCount) return BaseTool::noNumber;
+    return host::ask<&AIToolSuite::GetToolNumberFromName>(BaseTool::noNumber, kAIBuiltinTools[index]);
 }
 
 } // namespace kzo::plugin

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/BuiltinTool.h"
 #include "core/Enumerations.h"
 #include "plugin/ArtboardPoint.h"
 #include "plugin/HitData.h"
@@ -110,5 +111,8 @@ class BaseTool {
     std::int16_t lightIconID_;
     std::int16_t darkIconID_;
 };
+
+/// The number of the host's own tool; BaseTool::noNumber when the host lacks it.
+[[nodiscard]] std::int16_t builtinToolNumber(core::BuiltinTool tool);
 
 } // namespace kzo::plugin

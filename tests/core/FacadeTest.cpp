@@ -332,6 +332,20 @@ TEST_F(Facade, ToolsStandBesideTheToolsTheyName) {
         EXPECT_EQ(known(alone)->group, alone.number());
         EXPECT_EQ(known(alone)->toolset, alone.number());
         EXPECT_EQ(known(fourth)->group, fourth.number());
+        using enum BuiltinTool;
+        const auto own = [&](const char* name) { return desk.session().toolbox.findByName(name)->number; };
+        const Tool beside(Selection, DirectSelection, "Beside", "tip", 1, 2, ToolOptions::None);
+        const Tool near(DirectSelection, std::nullopt, "Near", "tip", 1, 2, ToolOptions::None);
+        EXPECT_EQ(known(beside)->group, own("Selection Tool"));
+        EXPECT_EQ(known(beside)->toolset, own("Direct Selection Tool"));
+        EXPECT_EQ(known(near)->group, own("Direct Selection Tool"));
+        EXPECT_EQ(known(near)->toolset, near.number());
+        for (const BuiltinTool lacking : {Zoom, BuiltinTool(15), BuiltinTool(0), BuiltinTool(-10), BuiltinTool(150)}) {
+            Tool apart(lacking, Selection, "Apart", "tip", 1, 2, ToolOptions::None);
+            EXPECT_EQ(known(apart)->group, apart.number());
+            EXPECT_EQ(known(apart)->toolset, apart.number());
+            apart.destroy();
+        }
         EXPECT_EQ(known(second)->name, "Ortholine Tool Second");
         EXPECT_EQ(alone.options(), ToolOptions(0xFF)); // bits the host does not have are dropped
         EXPECT_TRUE(Tool(first, nullptr, "Second", "the same name", 1, 2, ToolOptions::None).isEmpty());

@@ -16,6 +16,7 @@
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "hostapi/AITimerSuite.h"
+#include "hostapi/AIToolNames.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"

@@ -90,7 +90,6 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"app.selectTool('Lasso')", "app.selectTool: no tool has the title \"Lasso\""},
         {"app.tools = []", "app.tools: cannot be set"},
         {"app.close()", "app.close: no document is open"},
-        {"mouse.press(1, 2)", "mouse.press: no tool is selected"},
         {"doc.addPath([])", "doc.addPath: argument 1 (points) must have a point"},
         {"doc.addPath([{x: 1}])", "doc.addPath: argument 1 (points), item 0, y must be a finite number, not undefined"},
         {"doc.addPath([[1, 2]], {closd: 1})", "doc.addPath: argument 2 (options): \"closd\" means nothing here"},

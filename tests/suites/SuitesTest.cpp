@@ -231,7 +231,11 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
                   kNoErr);
         ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "second", &other, 0, &second), kNoErr);
         ASSERT_EQ(tables.tool.table.SetSelectedTool(first), kNoErr);
-        EXPECT_EQ(session.toolbox.current(), nullptr); // not before the message has been handled
+        AIToolHandle own = nullptr;
+        EXPECT_EQ(tables.tool.table.GetSelectedTool(&own), kNoErr);
+        EXPECT_EQ(own, session.toolbox.findByName("Selection Tool")->handle); // not before this has been handled
+        EXPECT_EQ(tables.tool.table.RemoveTool(own), kRefusedErr);
+        EXPECT_EQ(tables.tool.table.SetToolTitle(own, "Mine"), kRefusedErr);
     });
     ASSERT_EQ(session.toolbox.current(), session.toolbox.find(first));
     int messages = 0;

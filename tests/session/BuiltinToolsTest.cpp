@@ -1,0 +1,178 @@
+// The host's own tools, played as a user would: what is selected, what moved, and what became an undo step.
+#include <gmock/gmock.h>
+
+#include "hostapi/AIToolNames.h"
+#include "session/Session.h"
+#include "support/Drawing.h"
+
+namespace {
+
+using namespace easel;
+using model::Node;
+using model::Point;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+class BuiltinToolsTest : public testing::Test {
+  protected:
+    BuiltinToolsTest() { session.pointer.snapToPoint = false; }
+
+    void take(const char* tool) { session.selectTool(*session.toolbox.findByName(tool)); }
+    void stroke(std::initializer_list<Point> points, session::Modifiers modifiers = 0) {
+        session.pointer.press(*points.begin(), modifiers);
+        for (auto point = points.begin() + 1; point != points.end(); ++point) session.pointer.drag(*point, modifiers);
+        session.pointer.release(*(points.end() - 1), modifiers);
+    }
+    void click(Point at, session::Modifiers modifiers = 0) { stroke({at}, modifiers); }
+    Node& line(Point from, Point to) { return addLine(document, document.currentLayer(), from, to); }
+    /// A filled square of 20 points.
+    Node& square(double left, double top, Node* container = nullptr) {
+        using model::corner;
+        Node& path = addPath(
+            document, container ? *container : document.currentLayer(),
+            {corner(left, top), corner(left + 20, top), corner(left + 20, top + 20), corner(left, top + 20)}, true);
+        document.setStyle(path, model::painted(true, 1));
+        return path;
+    }
+    static Point anchor(const Node& path, std::size_t index) { return path.path().points[index].anchor; }
+    static std::vector<std::size_t> selectedPoints(const Node& path) {
+        std::vector<std::size_t> selected;
+        for (std::size_t i = 0; i < path.path().points.size(); ++i)
+            if (path.pointSelected(i)) selected.push_back(i);
+        return selected;
+    }
+
+    session::Session session;
+    model::Document& document = session.newDocument(200, 200);
+};
+
+TEST_F(BuiltinToolsTest, SelectionSelectsTheTopmostObjectThatCanBe) {
+    EXPECT_EQ(session.toolbox.current()->name, kAISelectionTool);
+    Node& below = line({0, 15}, {100, 15});
+    Node& above = square(10, 10);
+    const auto depth = document.journal().undoDepth();
+    click({15, 15});
+    EXPECT_THAT(document.selection(), ElementsAre(&above)); // though the line passes right through the place
+    click({50, 16.5});
+    EXPECT_THAT(document.selection(), ElementsAre(&below));
+    click({15, 15}, kAIShiftKey);
+    EXPECT_THAT(document.selection(), ElementsAre(&above, &below));
+    click({50, 15}, kAIShiftKey);
+    EXPECT_THAT(document.selection(), ElementsAre(&above));
+    click({150, 150}, kAIShiftKey);
+    EXPECT_THAT(document.selection(), ElementsAre(&above));
+    click({150, 150});
+    EXPECT_THAT(document.selection(), IsEmpty());
+    EXPECT_EQ(document.journal().undoDepth(), depth);
+    for (const auto bar : {&model::Document::setLocked, &model::Document::setHidden}) {
+        (document.*bar)(above, true);
+        click({15, 15});
+        EXPECT_THAT(document.selection(), ElementsAre(&below));
+        (document.*bar)(above, false);
+    }
+    document.view.zoom = 8; // two screen units are a quarter of a point
+    click({50, 15.5});
+    EXPECT_THAT(document.selection(), IsEmpty());
+}
+
+TEST_F(BuiltinToolsTest, SelectionMovesWhatIsSelectedInOneStep) {
+    Node& a = line({10, 10}, {50, 10});
+    Node& b = line({10, 50}, {50, 50});
+    const auto depth = document.journal().undoDepth();
+    click({20, 10});
+    const std::string before = listing(document);
+    stroke({{20, 50}, {25, 60}, {30, 70}}, kAIShiftKey); // shift takes b as well and keeps to a diagonal
+    EXPECT_EQ(anchor(a, 0), (Point{25, 25}));
+    EXPECT_EQ(anchor(b, 1), (Point{65, 65}));
+    stroke({{30, 25}, {31, 20}, {30, 35}});
+    EXPECT_EQ(anchor(b, 0), (Point{25, 75}));
+    EXPECT_THAT(document.selection(), testing::SizeIs(2));
+    EXPECT_EQ(document.journal().undoDepth(), depth + 2);
+    click({30, 35}); // a click on one of several leaves just that one
+    EXPECT_THAT(document.selection(), ElementsAre(&a));
+    EXPECT_TRUE(document.journal().undo() && document.journal().undo());
+    EXPECT_EQ(listing(document), before);
+
+    session.pointer.press({20, 50}, 0);
+    session.pointer.drag({90, 90}, 0);
+    session.pointer.cancel();
+    EXPECT_EQ(listing(document), before);
+    stroke({{20, 50}, {60, 60}, {20, 50}}); // there and back again
+    EXPECT_EQ(document.journal().undoDepth(), depth);
+}
+
+TEST_F(BuiltinToolsTest, SelectionTakesGroupsAsOneAndWhatAMarqueeTouches) {
+    Node& group = document.create(model::NodeType::Group, model::Placement::OnTopInside, document.currentLayer());
+    Node& first = square(10, 10, &group);
+    Node& second = square(100, 10, &group);
+    // An arc whose control points reach up to y = 20, the curve itself only to (70 + 3 * 20) / 4 = 32.5.
+    Node& arc = addPath(document, document.currentLayer(),
+                        {{{10, 70}, {10, 70}, {10, 20}, true}, {{50, 70}, {50, 20}, {50, 70}, true}});
+    stroke({{15, 15}, {15, 20}});
+    EXPECT_THAT(document.selection(), ElementsAre(&group, &second, &first));
+    EXPECT_EQ(anchor(second, 0), (Point{100, 15}));
+    stroke({{48, 22}, {35, 30}}); // in the hull of the arc, but above all of it
+    EXPECT_THAT(document.selection(), IsEmpty());
+    stroke({{60, 65}, {40, 62}});
+    EXPECT_THAT(document.selection(), ElementsAre(&arc));
+    stroke({{45, 66}, {115, 20}}, kAIShiftKey); // turns each around: the arc off, the group on
+    EXPECT_THAT(document.selection(), ElementsAre(&group, &second, &first));
+    stroke({{150, 150}, {151, 151}});
+    EXPECT_THAT(document.selection(), IsEmpty());
+}
+
+TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
+    take(kAIDirectSelectionTool);
+    Node& path = square(10, 10);
+    click({10, 10});
+    EXPECT_THAT(selectedPoints(path), ElementsAre(0));
+    click({30, 30}, kAIShiftKey);
+    EXPECT_THAT(selectedPoints(path), ElementsAre(0, 2));
+    click({10, 10}, kAIShiftKey);
+    EXPECT_THAT(selectedPoints(path), ElementsAre(2));
+    click({10, 20}); // the segment that closes the path
+    EXPECT_THAT(selectedPoints(path), ElementsAre(0, 3));
+    stroke({{10, 20}, {0, 0}, {5, 20}});
+    EXPECT_EQ(anchor(path, 3), (Point{5, 30}));
+    EXPECT_EQ(anchor(path, 2), (Point{30, 30}));
+    stroke({{20, 20}, {20, 25}}); // its inside is all of it
+    EXPECT_EQ(anchor(path, 0), (Point{5, 15}));
+    EXPECT_THAT(selectedPoints(path), ElementsAre(0, 1, 2, 3));
+    stroke({{0, 0}, {40, 20}});
+    EXPECT_THAT(selectedPoints(path), ElementsAre(0, 1));
+    click({100, 100});
+    EXPECT_FALSE(path.selected());
+
+    Node& curve = addPath(document, document.currentLayer(),
+                          {{{100, 100}, {90, 100}, {120, 100}, false}, model::corner(150, 100)});
+    stroke({{120, 100}, {100, 140}}); // no handle yet, but the segment, for the anchor is not selected
+    EXPECT_EQ(anchor(curve, 0), (Point{80, 140}));
+    ASSERT_TRUE(document.journal().undo());
+    click({100, 100});
+    stroke({{120, 100}, {100, 130}});
+    const auto point = [&] { return curve.path().points[0]; };
+    EXPECT_EQ(point().out, (Point{100, 130}));
+    EXPECT_EQ(point().in, (Point{100, 90})); // turned along, as long as it was
+    stroke({{100, 130}, {110, 130}}, kAIOptionKey);
+    EXPECT_EQ(point().in, (Point{100, 90}));
+    EXPECT_TRUE(point().corner);
+    const std::string before = listing(document);
+    session.pointer.press({110, 130}, 0);
+    session.pointer.drag({0, 0}, 0);
+    session.pointer.cancel();
+    EXPECT_EQ(listing(document), before);
+}
+
+TEST_F(BuiltinToolsTest, AreTheHostsOwnAndTakeOverFromToolsThatGo) {
+    session::Tool made;
+    made.owner = &session.attach("None", [](const char*, const char*, void*) -> SPErr { return kNoErr; });
+    session::Tool& tool = session.toolbox.add(std::move(made));
+    session.selectTool(tool);
+    session.toolbox.remove(tool);
+    EXPECT_EQ(session.toolbox.current()->name, kAISelectionTool);
+    take(kAIDirectSelectionTool);
+    EXPECT_EQ(session.toolbox.current()->name, kAIDirectSelectionTool);
+}
+
+} // namespace
