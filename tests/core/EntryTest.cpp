@@ -131,41 +131,102 @@ TEST(Entry, StopsExceptionsOfCallbacks) {
     EXPECT_EQ(Plugin::instance(), nullptr);
 }
 
-// The n-th call of the host refused, for every n of a whole life with a line in it: whatever fails, nothing crashes,
-// and the document is never left with half a line.
+TEST(Entry, AnswersGarbageWithNothing) {
+    Desk desk;
+    const std::string endless(1 << 16, 'A');
+    const char* const texts[] = {
+        "",          " ",     "AI Tool",       "AI Menu",  "AI Timer", "AI Notifier",  "AI Annotation", "SP Interface",
+        "SP Access", "AI Go", "AI Mouse Down", "\xff\x80", "%s%n",     endless.c_str()};
+    struct {
+        SPMessageData d;
+        std::uint64_t fields[32];
+    } record{};
+    for (const std::int32_t check : {0, -1, int(kSPValidMessageData)}) {
+        for (const char* caller : texts) {
+            for (const char* selector : texts) {
+                record.d.SPCheck = check;
+                EXPECT_EQ(PluginMain(caller, selector, &record), 0);
+            }
+        }
+    }
+    // Messages that showed no way to the host have not taken the one that there was.
+    desk.selectTool();
+    desk.stroke({{100, 100}, {200, 100}});
+    EXPECT_EQ(desk.paths().size(), 1u);
+}
+
+/// A whole life with a line in it, in a host of which something may be amiss: nothing crashes, and the document is
+/// never left with half a line. `meddle` is called at its moments, of which there are five.
+void live(const std::function<void(Session&, int moment)>& meddle) {
+    Session session;
+    session.checkLevel = easel::session::CheckLevel::Refuse;
+    session.pointer.snapToPoint = false;
+    session.attach("Product", PluginMain);
+    meddle(session, 0);
+    const bool started = session.start().empty();
+    auto& document = session.newDocument(400, 400);
+    meddle(session, 1);
+    auto* const tool = session.toolbox.findByTitle("Isometric Line Tool");
+    EXPECT_TRUE(!tool || started);
+    if (tool) {
+        session.selectTool(*tool);
+        meddle(session, 2);
+        session.pointer.press({100, 100}, 0);
+        session.pointer.drag({200, 100}, 0);
+        meddle(session, 3);
+        session.pointer.drag({200, 90}, 0);
+        session.pointer.release({200, 90}, 0);
+    }
+    for (const auto* path = document.currentLayer().firstChild(); path; path = path->next()) {
+        EXPECT_EQ(path->path().points.size(), 2u);
+    }
+    meddle(session, 4);
+    session.quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+// The n-th call of the host refused, for every n.
 TEST(Entry, SurvivesTheRefusalOfAnyHostCall) {
     auto& monitor = kzo::plugin::host::monitor();
-    const auto live = [&](std::uint64_t refused) {
-        Session session;
-        session.checkLevel = easel::session::CheckLevel::Refuse;
-        session.pointer.snapToPoint = false;
-        session.attach("Product", PluginMain);
-        monitor.reset(refused);
-        const bool started = session.start().empty();
-        auto& document = session.newDocument(400, 400);
-        auto* const tool = session.toolbox.findByTitle("Isometric Line Tool");
-        EXPECT_TRUE(!tool || started);
-        if (tool) {
-            session.selectTool(*tool);
-            session.pointer.press({100, 100}, 0);
-            session.pointer.drag({200, 100}, 0);
-            session.pointer.drag({200, 90}, 0);
-            session.pointer.release({200, 90}, 0);
-        }
-        for (const auto* path = document.currentLayer().firstChild(); path; path = path->next()) {
-            EXPECT_EQ(path->path().points.size(), 2u) << refused;
-        }
-        session.quit();
+    const auto refuse = [&](std::uint64_t n) {
+        SCOPED_TRACE(n);
+        live([&](Session&, int moment) { moment == 0 ? monitor.reset(n) : void(); });
         return monitor.calls();
     };
-    const std::uint64_t calls = live(0);
+    const std::uint64_t calls = refuse(0);
     ASSERT_GT(calls, 50u);
     testing::internal::CaptureStderr();
-    for (std::uint64_t n = 1; n <= calls; ++n) live(n);
+    for (std::uint64_t n = 1; n <= calls; ++n) refuse(n);
     const std::string log = testing::internal::GetCapturedStderr();
     EXPECT_THAT(log, testing::HasSubstr("Could not acquire plugin name"));
     EXPECT_THAT(log, testing::Not(testing::HasSubstr("threw")));
     monitor.reset();
+}
+
+// Every suite, the basic one and all of them: gone, of another version, or with no functions, from any moment on.
+TEST(Entry, SurvivesTheLossOfAnySuiteAtAnyMoment) {
+    int suites = 0;
+    Session().tables.each([&](auto&) { ++suites; });
+    testing::internal::CaptureStderr();
+    for (int lost = -2; lost < suites; ++lost) {
+        for (int moment = 0; moment < 5; ++moment) {
+            for (int way = 0; way < 3; ++way) {
+                SCOPED_TRACE(std::to_string(lost) + ", " + std::to_string(moment) + ", " + std::to_string(way));
+                live([&](Session& session, int now) {
+                    if (now != moment) return;
+                    int number = 0;
+                    session.tables.each([&](auto& suite) {
+                        if (lost != -2 && number++ != lost) return;
+                        if (way == 0) suite.available = false;
+                        if (way == 1) ++suite.version;
+                        if (way == 2) suite.table = {};
+                    });
+                    if (lost == -1) session.tables.basic = {};
+                });
+            }
+        }
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::Not(testing::HasSubstr("threw")));
 }
 
 TEST(Entry, NamesTheRefusedOperation) {

@@ -501,7 +501,8 @@ TEST(MixedMessages, AreAnsweredAsTheTableSays) {
     for (int deed = 0; deed < deedCount; ++deed)
         for (const char* how : {"deed ", "deed in a callback "}) expected.push_back(how + std::to_string(deed));
     for (const std::string& what : expected) EXPECT_GT(Mixed::counts[what], 0) << what;
-    for (const auto& [what, count] : Mixed::counts) std::printf("%s: %d\n", what.c_str(), count);
+    for (const auto& [what, count] : Mixed::counts) std::printf("%s: %d; ", what.c_str(), count);
+    std::printf("\n");
 }
 
 } // namespace
