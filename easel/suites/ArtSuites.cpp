@@ -134,7 +134,8 @@ void hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance,
               .point = {hit.point.x, hit.point.y},
               .t = hit.t,
               .segment = static_cast<std::int16_t>(hit.index),
-              .inGroup = hit.node && hit.node->parent()->type() != NodeType::Layer};
+              .inGroup = hit.node && hit.node->parent()->type() != NodeType::Layer,
+              .textRange = nullptr};
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include "core/ArtboardPoint.h"
 #include "core/Enumerations.h"
 
+struct AITextRange;
+
 namespace kzo::plugin {
 class HitData;
 }
@@ -22,11 +24,12 @@ class HitData {
   public:
     HitData() = default; ///< empty
     /// Tests a point against `art`, or against every layer from the topmost down when it is null. The tolerance's sign
-    /// is dropped; it is in points, or in screen units when `inViewUnits`. Nothing hit when no document is open.
+    /// is dropped; it is in points, or in screen units when `inViewUnits`. Empty when no document is open, or for an
+    /// empty handle as `art`.
     HitData(const Art* art, const ArtboardPoint& point, HitRequest request, double tolerance, bool inViewUnits);
     explicit HitData(std::unique_ptr<plugin::HitData> impl);
 
-    [[nodiscard]] bool isEmpty() const { return !impl_; }
+    [[nodiscard]] bool isEmpty() const; ///< no test was made
     [[nodiscard]] bool hit() const;
     [[nodiscard]] HitType hitType() const;
     [[nodiscard]] HitRequest request() const;
@@ -38,6 +41,8 @@ class HitData {
     /// Curve parameter on the segment hit. At the ends of an open path just inside of it, so that a split there leaves
     /// no empty piece.
     [[nodiscard]] double tValue() const;
+
+    [[nodiscard]] AITextRange* textRange() const; ///< null unless text was hit
 
     [[nodiscard]] std::unique_ptr<Bezier> bezier() const; ///< the segment of segIndex, or null
     /// Moves `point` onto the feature that was hit. False, and the point stays, without a hit.

@@ -20,12 +20,14 @@ enum {
 enum { kAINoHit = 0, kAIAnchorHit = 1, kAIInHandleHit = 2, kAIOutHandleHit = 3, kAISegmentHit = 4, kAIFillHit = 5 };
 
 typedef struct AIHitRecord {
-    int32_t type;      /* kAINoHit ...; the fields below mean nothing after kAINoHit */
-    AIArtHandle art;   /* the art that owns the feature, never a group around it */
-    AIRealPoint point; /* the nearest point of the feature; for a fill, the point tested */
-    AIReal t;          /* curve parameter on a segment, 0 to 1 */
-    int16_t segment;   /* index of the anchor, or of the anchor that starts the segment; -1 for a fill */
-    AIBoolean inGroup; /* the art is inside a group other than its layer's */
+    int32_t type;             /* kAINoHit ...; the fields below mean nothing after kAINoHit */
+    AIArtHandle art;          /* the art that owns the feature, never a group around it */
+    AIRealPoint point;        /* the nearest point of the feature; for a fill, the point tested */
+    AIReal t;                 /* curve parameter on a segment, 0 to 1 */
+    int16_t segment;          /* index of the anchor, or of the anchor that starts the segment; -1 for a fill */
+    AIBoolean inGroup;        /* the art is inside a group other than its layer's */
+    AITextRangeRef textRange; /* the text at the point, where text was hit; else null, as always from a host whose text
+                                 is not edited */
 } AIHitRecord;
 
 typedef struct AIHitTestSuite {

@@ -43,41 +43,30 @@ bool HitData::test(ArtObject* art, double tolerance) {
     type_ = fromHost(hitTypes, record.type, core::HitType::None);
     if (type_ == core::HitType::None) return false;
     art_ = record.art;
-    featurePoint_ = record.point;
-    index_ = record.segment;
-    t_ = record.t;
+    textRange_ = record.textRange;
     inGroup_ = record.inGroup != 0;
+    featurePoint_ = record.point;
+    if (type_ == core::HitType::Fill) return true;
+    if (type_ == core::HitType::Segment) {
+        segPointIndex_ = segIndex_ = record.segment;
+        t_ = record.t;
+    } else {
+        noteSegPoint(record.segment);
+    }
+    if (segIndex_ >= 0) bezier_ = PathArt(art_).bezier(segIndex_);
     return true;
 }
 
-bool HitData::onSegPoint() const {
-    return type_ == core::HitType::Anchor || type_ == core::HitType::InControl || type_ == core::HitType::OutControl;
-}
-
-bool HitData::atLastOfOpenPath() const {
+void HitData::noteSegPoint(std::int16_t index) {
     const PathArt path(art_);
-    return !path.closed() && index_ == path.segPointCount() - 1;
-}
-
-std::int16_t HitData::segPointIndex() const {
-    return onSegPoint() || type_ == core::HitType::Segment ? index_ : std::int16_t{-1};
-}
-
-std::int16_t HitData::segIndex() const {
-    if (type_ == core::HitType::Segment) return index_;
-    if (!onSegPoint()) return -1;
-    return atLastOfOpenPath() ? static_cast<std::int16_t>(index_ - 1) : index_;
-}
-
-double HitData::tValue() const {
-    if (type_ == core::HitType::Segment) return t_;
-    if (!onSegPoint() || PathArt(art_).closed()) return 0;
-    if (index_ == 0) return justAfterStart;
-    return atLastOfOpenPath() ? justBeforeEnd : 0;
-}
-
-std::optional<core::Bezier> HitData::bezier() const {
-    return segIndex() < 0 ? std::nullopt : PathArt(art_).bezier(segIndex());
+    segPointIndex_ = segIndex_ = index;
+    if (path.closed()) return;
+    const bool last = index == path.segPointCount() - 1;
+    if (last) --segIndex_; // no segment starts there
+    if (index == 0)
+        t_ = justAfterStart;
+    else if (last)
+        t_ = justBeforeEnd;
 }
 
 std::optional<ArtboardPoint> HitData::snapped() const { return hit() ? std::optional(featurePoint_) : std::nullopt; }

@@ -8,8 +8,8 @@
 #include "core/Enumerations.h"
 #include "plugin/ArtboardPoint.h"
 
+struct AITextRange;
 struct ArtObject;
-struct AIHitRecord;
 
 namespace kzo::plugin {
 
@@ -21,34 +21,39 @@ class HitData {
     /// `tolerance` is dropped; it is in points, or in screen units when `inViewUnits`.
     HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest request, double tolerance, bool inViewUnits);
 
+    [[nodiscard]] bool tested() const { return tested_; } ///< false where no document was open
     [[nodiscard]] bool hit() const { return tested_ && type_ != core::HitType::None; }
     [[nodiscard]] core::HitType hitType() const { return type_; }
     [[nodiscard]] core::HitRequest request() const { return request_; }
     [[nodiscard]] ArtboardPoint point() const { return point_; } ///< the point tested
     [[nodiscard]] ArtObject* art() const { return art_; }
     [[nodiscard]] bool inGroup() const { return inGroup_; }
-    [[nodiscard]] std::int16_t segPointIndex() const;
-    [[nodiscard]] std::int16_t segIndex() const;
-    [[nodiscard]] double tValue() const;
-    [[nodiscard]] std::optional<core::Bezier> bezier() const; ///< the segment that was hit; none without a path hit
+    [[nodiscard]] std::int16_t segPointIndex() const { return segPointIndex_; }
+    [[nodiscard]] std::int16_t segIndex() const { return segIndex_; }
+    [[nodiscard]] double tValue() const { return t_; }
+    [[nodiscard]] AITextRange* textRange() const { return textRange_; } ///< null unless text was hit
+    /// The segment that was hit; none without a path hit.
+    [[nodiscard]] std::optional<core::Bezier> bezier() const { return bezier_; }
     /// The feature's point nearest to the point tested; none without a hit, or where the hit is of another type.
     [[nodiscard]] std::optional<ArtboardPoint> snapped() const;
     [[nodiscard]] std::optional<ArtboardPoint> snappedTo(core::HitType type) const;
 
   private:
     [[nodiscard]] bool test(ArtObject* art, double tolerance);
-    [[nodiscard]] bool onSegPoint() const;
-    [[nodiscard]] bool atLastOfOpenPath() const;
+    void noteSegPoint(std::int16_t index);
 
     bool tested_ = false;
     core::HitRequest request_{};
     core::HitType type_ = core::HitType::None;
     ArtboardPoint point_;
-    ArtboardPoint featurePoint_;
     ArtObject* art_ = nullptr;
-    std::int16_t index_ = -1; // of the segment point, or of the one that starts the segment
+    std::int16_t segPointIndex_ = -1; // of the one hit, or of the one that starts the segment
+    std::int16_t segIndex_ = -1;
     double t_ = 0;
+    AITextRange* textRange_ = nullptr;
     bool inGroup_ = false;
+    ArtboardPoint featurePoint_;
+    std::optional<core::Bezier> bezier_;
 };
 
 } // namespace kzo::plugin

@@ -108,10 +108,11 @@ double PathArt::length() const {
 }
 
 std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
-    const std::int16_t segments = segCount();
+    const std::int16_t points = segPointCount();
+    const std::int16_t segments = closed() ? points : clamped(points - 1, 0, points);
     if (segments == 0) return std::nullopt;
     const std::int16_t start = clamped(index, 0, segments - 1);
-    const std::int16_t end = static_cast<std::int16_t>((start + 1) % segPointCount());
+    const std::int16_t end = static_cast<std::int16_t>((start + 1) % points);
     const SegPoints a = read(start, 1);
     const SegPoints b = read(end, 1);
     return a.empty() || b.empty() ? std::nullopt : std::optional(core::Bezier(a[0], b[0]));

@@ -37,6 +37,6 @@ RECORD_SIZE(AITimerMessage, 40);
 RECORD_SIZE(AIToolMessage, 64);
 RECORD_SIZE(AIAddToolData, 24);
 RECORD_SIZE(AIPathSegment, 56);
-RECORD_SIZE(AIHitRecord, 48);
+RECORD_SIZE(AIHitRecord, 56);
 RECORD_SIZE(AIPathStyle, 144);
 RECORD_SIZE(StageCursor, 48);
