@@ -7,6 +7,7 @@
 #include <memory>
 #include <random>
 
+#include "model/Clip.h"
 #include "model/Document.h"
 
 namespace {
@@ -89,6 +90,22 @@ void hitTestAnywhere(benchmark::State& state) {
     }
 }
 
+/// The same with a mask on the layer: a ring of 256 anchors around the middle.
+void hitTestThroughMask(benchmark::State& state) {
+    Document& document = drawingOf(state.range(0));
+    PathData ring{.points = {}, .closed = true};
+    for (int i = 0; i < 256; ++i) {
+        const double angle = i * (std::acos(-1.0) / 128);
+        ring.points.push_back(corner(document.width() * (0.5 + 0.4 * std::cos(angle)),
+                                     document.height() * (0.5 + 0.4 * std::sin(angle))));
+    }
+    auto clip = std::make_shared<Clip>();
+    clip->mask = std::make_shared<const Mask>(std::vector<Mask::Shape>{{{ring}, false}});
+    Document::setClip(document.currentLayer(), clip);
+    hitTestAnywhere(state);
+    Document::setClip(document.currentLayer(), nullptr);
+}
+
 /// The peer of the hit test.
 void lookAtEveryPath(benchmark::State& state) {
     Document& document = drawingOf(state.range(0));
@@ -125,6 +142,7 @@ const int kRegistered = [] {
     for (const std::int64_t size : kSizes) {
         benchmark::RegisterBenchmark("model/dragMessage", dragMessage)->Arg(size);
         benchmark::RegisterBenchmark("model/hitTestAnywhere", hitTestAnywhere)->Arg(size);
+        benchmark::RegisterBenchmark("model/hitTestThroughMask", hitTestThroughMask)->Arg(size);
         benchmark::RegisterBenchmark("model/lookAtEveryPath", lookAtEveryPath)->Arg(size);
         benchmark::RegisterBenchmark("model/moveAndUndo", moveAndUndo)->Arg(size);
         benchmark::RegisterBenchmark("model/buildDocument", buildDocument)->Arg(size);

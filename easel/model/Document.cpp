@@ -303,6 +303,8 @@ void Document::Impl::deselectAround(const Node& node) {
 
 void Document::setOrigin(Node& node, std::uint32_t number) { node.origin_ = number; }
 
+void Document::setClip(Node& node, std::shared_ptr<const Clip> clip) { node.clip_ = std::move(clip); }
+
 Journal& Document::journal() { return impl_->journal; }
 
 } // namespace easel::model

@@ -119,6 +119,7 @@ class Document {
     // Where it came from; not part of undo
     std::shared_ptr<const Origin> origin; ///< null for a document that was made here
     static void setOrigin(Node& node, std::uint32_t number);
+    static void setClip(Node& node, std::shared_ptr<const Clip> clip);
 
     /// Whether both hold the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view and
     /// identities do not count.

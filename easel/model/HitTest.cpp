@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "model/Clip.h"
 #include "model/DocumentImpl.h"
 #include "model/Nearest.h"
 
@@ -42,6 +43,7 @@ class BestHit {
                 return;
             }
         }
+        if (!isShown(node, at)) return;
         hit_ = {kind, &node, at, index, t};
         distance_ = distance;
     }

@@ -30,7 +30,8 @@ enum class HitRequest : std::uint32_t {
 
 enum class HitKind : std::uint8_t { None, Anchor, InHandle, OutHandle, Segment, Fill };
 
-/// Opaque art has no feature but its fill, which is all of its box.
+/// Opaque art has no feature but its fill, which is all of its box. What lies outside of a mask is not there, and the
+/// mask itself is no feature.
 /// The kind of feature decides first, in the order of HitKind, then distance, then paint order.
 struct Hit {
     HitKind kind = HitKind::None;

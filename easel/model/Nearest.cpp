@@ -119,8 +119,9 @@ NearestPoint nearestOnLine(Point start, Point end, Point from) {
     return {distanceSquared(at, from), at, t};
 }
 
-/// How often the curve from `start` to `end` crosses the ray that goes right from `point`. Each piece that is monotone
-/// in y counts for the half-open range of its heights, so that a crossing at a joint counts once.
+/// How often the curve crosses the ray that goes right from `point` on its way down, less how often on its way up. Each
+/// piece that is monotone in y counts for the half-open range of its heights, so that a crossing at a joint counts
+/// once.
 int crossings(const Cubic& c, Point point) {
     const auto [lowest, highest] = std::minmax({c[0].y, c[1].y, c[2].y, c[3].y});
     if (point.y < lowest || point.y > highest || point.x > std::max({c[0].x, c[1].x, c[2].x, c[3].x})) return 0;
@@ -147,13 +148,14 @@ int crossings(const Cubic& c, Point point) {
     for (std::size_t i = 0; i < pieces; ++i) {
         double below = stops[i];
         double above = stops[i + 1];
-        if (pointAt(c, below).y > pointAt(c, above).y) std::swap(below, above);
+        const bool up = pointAt(c, below).y > pointAt(c, above).y;
+        if (up) std::swap(below, above);
         if (point.y < pointAt(c, below).y || point.y >= pointAt(c, above).y) continue;
         for (int step = 0; step < 60 && below != above; ++step) {
             const double middle = (below + above) / 2;
             (pointAt(c, middle).y <= point.y ? below : above) = middle;
         }
-        if (pointAt(c, below).x > point.x) ++count;
+        if (pointAt(c, below).x > point.x) count += up ? -1 : 1;
     }
     return count;
 }
@@ -212,7 +214,7 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
     return false;
 }
 
-bool isInside(const PathData& path, Point point) {
+int windingNumber(const PathData& path, Point point) {
     int count = 0;
     const std::size_t segments = path.segmentCount();
     for (std::size_t i = 0; i < segments; ++i) {
@@ -223,7 +225,9 @@ bool isInside(const PathData& path, Point point) {
         const Point last = path.points.back().anchor;
         count += crossings({last, last, first, first}, point);
     }
-    return count % 2 != 0;
+    return count;
 }
+
+bool isInside(const PathData& path, Point point) { return windingNumber(path, point) % 2 != 0; }
 
 } // namespace easel::model

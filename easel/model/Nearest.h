@@ -18,6 +18,10 @@ struct NearestPoint {
 /// Whether a part of the curve from `start` to `end` lies in the box.
 [[nodiscard]] bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box);
 
+/// How often the path goes round the point, clockwise as seen on the page less counter-clockwise; an open path is
+/// closed by a straight line.
+[[nodiscard]] int windingNumber(const PathData& path, Point point);
+
 /// Whether the even-odd rule counts the point as inside; an open path is closed by a straight line.
 [[nodiscard]] bool isInside(const PathData& path, Point point);
 

@@ -38,6 +38,8 @@ struct OpaqueData {
 /// Which points of a selected path are selected, one flag a point.
 using PointSelection = std::vector<bool>;
 
+struct Clip;
+
 /// What the journal keeps of a node and undo brings back. Payloads are shared and never changed in place once a second
 /// holder exists, so a copy of a state costs a few pointers.
 struct NodeState {
@@ -79,6 +81,8 @@ class Node {
     [[nodiscard]] const NodeState& state() const { return state_; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
+    /// What shows of the node and all it holds; null for all of it.
+    [[nodiscard]] const Clip* clip() const { return clip_.get(); }
     [[nodiscard]] bool pointSelected(std::size_t index) const;
     [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
 
@@ -109,7 +113,8 @@ class Node {
     enum class Indexed : std::uint8_t { No, Loose, InTree };
 
     NodeId id_;
-    std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it
+    std::uint32_t origin_ = 0;         // for the node's life, so that undo need not know it
+    std::shared_ptr<const Clip> clip_; // the same
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;

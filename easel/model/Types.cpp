@@ -2,8 +2,15 @@
 #include "model/Types.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace easel::model {
+
+namespace {
+
+constexpr double kSameMove = 1e-9; ///< against the size of coordinates: of points that were moved together
+
+} // namespace
 
 bool Box::meets(const Box& other) const {
     return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
@@ -36,6 +43,23 @@ Box PathData::hull() const {
         box.include(point.out);
     }
     return box;
+}
+
+std::optional<Point> commonMove(const PathData& was, const PathData& is) {
+    if (was.closed != is.closed || was.points.size() != is.points.size() || was.points.empty()) return std::nullopt;
+    const Point move{is.points[0].anchor.x - was.points[0].anchor.x, is.points[0].anchor.y - was.points[0].anchor.y};
+    const auto agrees = [](double from, double to, double by) {
+        return std::fabs(to - from - by) <= kSameMove * (1 + std::fabs(from) + std::fabs(to));
+    };
+    for (std::size_t i = 0; i < was.points.size(); ++i) {
+        if (was.points[i].corner != is.points[i].corner) return std::nullopt;
+        for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
+            const Point& from = was.points[i].*part;
+            const Point& to = is.points[i].*part;
+            if (!agrees(from.x, to.x, move.x) || !agrees(from.y, to.y, move.y)) return std::nullopt;
+        }
+    }
+    return move;
 }
 
 } // namespace easel::model

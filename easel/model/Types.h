@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace easel::model {
@@ -52,6 +53,9 @@ struct PathData {
 
     bool operator==(const PathData&) const = default;
 };
+
+/// How far all points have been moved together, if that is all that has happened to them; none for a path without any.
+[[nodiscard]] std::optional<Point> commonMove(const PathData& was, const PathData& is);
 
 /// Red, green, blue, 0 to 1.
 struct Color {

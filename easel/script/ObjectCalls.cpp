@@ -61,6 +61,8 @@ bool artLocked(Host& /*host*/, const ThisArt& art) { return art->locked(); }
 
 bool hidden(Host& /*host*/, const ThisArt& art) { return art->hidden(); }
 
+bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip() != nullptr; }
+
 std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
     return isPath(art) ? std::optional(art->style()) : std::nullopt;
 }
@@ -80,6 +82,7 @@ constexpr Row artCalls[] = {
     property<selected>("path.selected"),
     property<artLocked>("path.locked"),
     property<hidden>("path.hidden"),
+    property<clipped>("path.clipped"),
     property<style>("path.style"),
 };
 

@@ -75,8 +75,9 @@ void getArtType(Art art, std::int16_t& type) { type = hostType(art.node); }
 void getAttributes(Art art, std::int32_t which, std::int32_t& attributes) {
     const Node& node = art.node;
     const bool fully = node.type() == NodeType::Path ? node.allPointsSelected() : node.selected();
-    attributes = which & ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) |
-                          (node.hidden() ? kArtHidden : 0) | (fully ? kArtFullySelected : 0));
+    attributes =
+        which & ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) |
+                 (node.hidden() ? kArtHidden : 0) | (fully ? kArtFullySelected : 0) | (node.clip() ? kArtClipped : 0));
 }
 
 void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {

@@ -59,15 +59,9 @@ Style scaled(Style style, double scale) {
     return style;
 }
 
-/// Calls `use(name, value)` for each property, attributes first, as later ones win.
-template <class Use> void forEachProperty(const Attributes& attributes, Use use) {
-    attributes.forEach([&](std::string_view name, std::string_view value) { use(name, trimmed(value)); });
-    forEachDeclaration(attributes.get("style"), use);
-}
-
 /// Properties that go wrong count as absent.
 Style styleOf(const Attributes& attributes, Style style) {
-    forEachProperty(attributes, [&](std::string_view name, std::string_view value) {
+    attributes.forEachProperty([&](std::string_view name, std::string_view value) {
         try {
             applyProperty(style, name, value);
         } catch (const std::range_error&) { // as absent
@@ -81,17 +75,11 @@ bool isPlain(const Attributes& attributes) {
     static constexpr std::array<std::string_view, 7> others{
         "fill-opacity", "stroke-opacity", "marker", "marker-start", "marker-mid", "marker-end", "visibility"};
     bool plain = true;
-    forEachProperty(attributes, [&](std::string_view name, std::string_view value) {
+    attributes.forEachProperty([&](std::string_view name, std::string_view value) {
         if (std::find(others.begin(), others.end(), name) != others.end()) plain = false;
         if ((name == "fill" || name == "stroke") && value != "none" && !color(value)) plain = false;
     });
     return plain;
-}
-
-Geom::Affine transformOf(const Attributes& attributes, const Geom::Affine& around) {
-    const std::string_view text = attributes.get("transform");
-    if (text.empty()) return around;
-    return transform(text).value_or(Geom::Affine::identity()) * around;
 }
 
 bool isFlat(const Geom::Affine& transform) {
@@ -178,6 +166,7 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
     }
     const std::string_view element = svgName(name);
     if (element == "style") source_->hasStyleSheet = true;
+    clipPaths_.startElement(element, attributes);
     if (passedOver_ > 0) {
         ++passedOver_;
         leafDeepest_ = std::max(leafDeepest_, depth_);
@@ -190,7 +179,7 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
     const bool isArt = element == "g" || isShape(element) || isForeign(element);
     try {
         toPage_ = around();
-        if (isArt) toPage_ = transformOf(attributes, around());
+        if (isArt) toPage_ = attributes.transformInto(around());
         if (!isArt) {
             ++passedOver_;
         } else if (tag.inEntity) {
@@ -211,6 +200,7 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
 }
 
 void Builder::endElement(TagBytes tag) {
+    clipPaths_.endElement();
     if (passedOver_ > 0) {
         if (measured_) inside_.pop_back();
         if (--passedOver_ == 0) {
@@ -240,6 +230,7 @@ void Builder::endPassedOver() {
 
 std::unique_ptr<Document> Builder::finish() {
     document_->journal().end();
+    clipPaths_.finish();
     if (strayLayer_) source_->strayLayer = strayLayer_->id();
     if (!firstLayerTaken_) source_->strayLayer = document_->currentLayer().id();
     document_->origin = std::move(source_);
@@ -269,8 +260,8 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
     document_->journal().begin();
     document_->journal().setKind(model::UndoKind::Silent);
     document_->setName(document_->currentLayer(), kFirstLayerTitle);
-    toPage_ =
-        transformOf(attributes, hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1]) : Geom::Affine::identity());
+    toPage_ = attributes.transformInto(hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1])
+                                              : Geom::Affine::identity());
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
     source_->transforms.push_back(toPage_);
     source_->containers.push_back({initialStyle(), 0, 0, 0, true});
@@ -283,10 +274,7 @@ void Builder::startGroup(const Attributes& attributes) {
         addOpaque(attributes, Reason::Singular, {});
         return;
     }
-    bool otherTransform = false;
-    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
-        if (name == "transform" && value != "none") otherTransform = true;
-    });
+    const bool otherTransform = attributes.transformsInStyle();
     if (otherTransform || !isFinite(toPage_)) {
         addOpaque(attributes, otherTransform ? Reason::Transform : Reason::TooFar, {});
         latest().wrapped = otherTransform;
@@ -296,6 +284,7 @@ void Builder::startGroup(const Attributes& attributes) {
     Node& group = isLayer ? newLayer(attributes) : add(NodeType::Group, attributes);
     openContainer(attributes, &group);
     keep(&group);
+    clipPaths_.putOn(group, attributes, toPage_);
 }
 
 void Builder::addShape(std::string_view element, const Attributes& attributes) {
@@ -320,10 +309,7 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
     for (const PathData& subpath : subpaths) finite = finite && (subpath.points.empty() || !hull.isEmpty());
     if (!finite) reason = Reason::TooFar;
     if (isFlat(toPage_)) reason = Reason::Singular;
-    bool otherTransform = false;
-    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
-        if (name == "transform" && value != "none") otherTransform = true;
-    });
+    const bool otherTransform = attributes.transformsInStyle();
     if (otherTransform) reason = Reason::Transform;
     if (reason != Reason::None) {
         addOpaque(attributes, reason, trusted(hull));
@@ -337,6 +323,7 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
     document_->setPath(path, std::move(subpaths.front()));
     document_->setStyle(path, scaled(own, std::sqrt(std::fabs(toPage_.det()))));
     keep(&path);
+    clipPaths_.putOn(path, attributes, toPage_);
     latest().damaged = outline.damaged;
     inLeaf_ = true;
     ++passedOver_;
@@ -346,10 +333,8 @@ void Builder::addForeign(std::string_view element, const Attributes& attributes)
     const bool isBox = element == "image" || element == "foreignObject" || element == "svg";
     Node& node = addOpaque(attributes, isFlat(toPage_) ? Reason::Singular : Reason::Kind,
                            isBox ? boxOf(attributes, toPage_) : Box{});
-    latest().wrapped = element == "svg"; // renderers disagree on whether it may have a transform
-    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
-        if (name == "transform" && value != "none") latest().wrapped = true;
-    });
+    // Renderers disagree on whether a nested drawing may have a transform.
+    latest().wrapped = element == "svg" || attributes.transformsInStyle();
     if (element != "a" && element != "switch") return;
     measured_ = &node;
     bounds_ = {};
@@ -376,7 +361,7 @@ void Builder::measureInside(std::string_view element, const Attributes& attribut
     const bool holds = element == "g" || element == "a" || element == "switch";
     if (!parent || !(holds || isShape(element))) return;
     try {
-        const Geom::Affine transform = transformOf(attributes, *parent);
+        const Geom::Affine transform = attributes.transformInto(*parent);
         if (holds) {
             inside_.back() = transform;
             return;
@@ -414,6 +399,8 @@ Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box&
     document_->setBounds(node, bounds);
     keep(&node);
     latest().reason = reason;
+    // Where the transform is a riddle, so is where a mask lies.
+    if (!isFlat(toPage_) && reason != Reason::Transform) clipPaths_.putOn(node, attributes, toPage_);
     inLeaf_ = true;
     ++passedOver_;
     return node;

@@ -12,29 +12,11 @@
 #include <vector>
 
 #include "model/Document.h"
+#include "svg/Attributes.h"
+#include "svg/ClipPaths.h"
 #include "svg/Source.h"
 
 namespace easel::svg {
-
-/// The attributes of one element: names and values in turn, ended by null. Names as in Names.h.
-class Attributes {
-  public:
-    explicit Attributes(const char** pairs) : pairs_(pairs) {}
-
-    [[nodiscard]] std::optional<std::string_view> find(std::string_view name) const {
-        for (const char** pair = pairs_; *pair; pair += 2) {
-            if (name == pair[0]) return pair[1];
-        }
-        return std::nullopt;
-    }
-    [[nodiscard]] std::string_view get(std::string_view name) const { return find(name).value_or(""); }
-    template <class Use> void forEach(Use use) const {
-        for (const char** pair = pairs_; *pair; pair += 2) use(pair[0], pair[1]);
-    }
-
-  private:
-    const char** pairs_;
-};
 
 /// Where a tag stands in the text, or the reference to the entity that it stands in.
 struct TagBytes {
@@ -88,6 +70,7 @@ class Builder {
     Warn warn_;
     std::unique_ptr<model::Document> document_;
     std::vector<Open> open_;
+    ClipPaths clipPaths_;
     TagBytes tag_{};
     Geom::Affine toPage_; // of the element that has just started
     std::size_t depth_ = 0;

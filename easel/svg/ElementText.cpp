@@ -24,7 +24,6 @@ using model::Point;
 using model::Style;
 
 constexpr std::string_view kSpace = " \t\r\n";
-constexpr double kSameMove = 1e-9; ///< against the size of coordinates: of points that were moved together
 
 template <class T> bool same(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
     return a == b || (a && b && *a == *b);
@@ -65,24 +64,6 @@ PathData inUnits(PathData path, const Geom::Affine& toPage) {
     requireInReach(path);
     transformBy(path, toPage.inverse());
     return path;
-}
-
-/// How far all points have been moved together, if that is all that has happened to them.
-std::optional<Point> commonMove(const PathData& was, const PathData& is) {
-    if (was.closed != is.closed || was.points.size() != is.points.size() || was.points.empty()) return std::nullopt;
-    const Point move{is.points[0].anchor.x - was.points[0].anchor.x, is.points[0].anchor.y - was.points[0].anchor.y};
-    const auto agrees = [](double from, double to, double by) {
-        return std::fabs(to - from - by) <= kSameMove * (1 + std::fabs(from) + std::fabs(to));
-    };
-    for (std::size_t i = 0; i < was.points.size(); ++i) {
-        if (was.points[i].corner != is.points[i].corner) return std::nullopt;
-        for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
-            const Point& from = was.points[i].*part;
-            const Point& to = is.points[i].*part;
-            if (!agrees(from.x, to.x, move.x) || !agrees(from.y, to.y, move.y)) return std::nullopt;
-        }
-    }
-    return move;
 }
 
 /// Names can be ids when XML takes them for such.

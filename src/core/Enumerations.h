@@ -35,7 +35,13 @@ enum class ArtType {
 /// Where new or moved art goes, seen from the prepositional art.
 enum class PaintOrder { Above = 1, Below = 2, InsideOnTop = 3, InsideOnBottom = 4, AboveAll = 5, BelowAll = 6 };
 
-enum class ArtAttribute : std::int32_t { Selected = 1, Locked = 2, Hidden = 4, FullySelected = 8 };
+enum class ArtAttribute : std::int32_t {
+    Selected = 1,
+    Locked = 2,
+    Hidden = 4,
+    FullySelected = 8,
+    Clipped = 16 ///< only what lies inside a mask shows; cannot be set
+};
 
 // Hit tests
 

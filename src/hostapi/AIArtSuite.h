@@ -37,8 +37,9 @@ enum {
     kPlaceBelowAll = 6
 };
 
-/* User attributes, a bit set. Fully selected means: with all its points. */
-enum { kArtSelected = 1, kArtLocked = 2, kArtHidden = 4, kArtFullySelected = 8 };
+/* User attributes, a bit set. Fully selected means: with all its points. Clipped means: only what lies inside a mask
+ * shows of the art and of all it holds, and nothing else of it is hit; a clipped group is a clip group. */
+enum { kArtSelected = 1, kArtLocked = 2, kArtHidden = 4, kArtFullySelected = 8, kArtClipped = 16 };
 
 typedef struct AIArtSuite {
     /* Makes an empty object: a group, or a path with no points, open, in the document's default style.
@@ -51,7 +52,8 @@ typedef struct AIArtSuite {
     AIErr (*GetArtType)(AIArtHandle art, int16_t* type);
     /* The attributes among `which` that are set. */
     AIErr (*GetArtUserAttr)(AIArtHandle art, int32_t which, int32_t* attributes);
-    /* Makes the attributes in `which` those in `attributes`. Selecting a group selects all in it. */
+    /* Makes the attributes in `which` those in `attributes`. Selecting a group selects all in it. Masks cannot be given
+     * or taken; kArtClipped is passed over. */
     AIErr (*SetArtUserAttr)(AIArtHandle art, int32_t which, int32_t attributes);
     /* Relatives; null where there is none. */
     AIErr (*GetArtParent)(AIArtHandle art, AIArtHandle* parent);

@@ -1,6 +1,8 @@
 // The facade: every operation's neutral answers from one table, then what sharing, paths and hit tests mean.
 #include <gmock/gmock.h>
 
+#include <fstream>
+
 #include "core/Art.h"
 #include "core/CurrentDocument.h"
 #include "core/Draw.h"
@@ -163,7 +165,7 @@ TEST_F(Facade, WithoutADocumentHasNothingToShow) {
         EXPECT_FALSE(document.anyArtSelected());
         EXPECT_EQ(document.zoom(), 1);
         document.deselectAllArt();
-        EXPECT_FALSE(HitData(nullptr, {1, 1}, HitRequest::Everything, 5, true).hit());
+        EXPECT_TRUE(HitData(nullptr, {1, 1}, HitRequest::Everything, 5, true).isEmpty());
         EXPECT_EQ(draw::line({0, 0}, {1, 1}), nullptr);
         EXPECT_TRUE(Art(ArtType::Group, PaintOrder::AboveAll).isEmpty());
     });
@@ -314,6 +316,67 @@ TEST_F(Facade, HitDataTellsWhereOnThePathThePointIs) {
         EXPECT_EQ(nothing.segIndex(), -1);
     });
     EXPECT_EQ(open.path().points.size(), 4u);
+}
+
+TEST_F(Facade, HitDataStaysAsItWasWhateverBecomesOfTheArt) {
+    desk.addPath({{10, 100}, {20, 100}, {30, 100}});
+    desk.addPath({{500, 500}});
+    desk.inMessage([&] {
+        const auto at = [](double x, double y, const Art* art) {
+            return HitData(art, {x, y}, HitRequest::Everything, 1, false);
+        };
+        const HitData last = at(30, 100, nullptr);
+        const auto art = last.art();
+        art->path()->setSegPointCount(1);
+        art->path()->setClosed(true);
+        EXPECT_EQ(last.segIndex(), 1);
+        EXPECT_EQ(last.tValue(), 0.9999);
+        EXPECT_EQ(last.bezier()->startPoint(), ArtboardPoint(20, 100));
+        const HitData only = at(500, 500, nullptr); // of an open path with one point
+        EXPECT_EQ(only.segIndex(), -1);
+        EXPECT_EQ(only.tValue(), 9.999999999999999e-05);
+        EXPECT_EQ(only.bezier(), nullptr);
+        EXPECT_FALSE(at(500, 500, art.get()).hit()); // only the art given is searched
+        EXPECT_FALSE(at(500, 500, art.get()).isEmpty());
+        const Art none;
+        EXPECT_TRUE(at(500, 500, &none).isEmpty());
+    });
+}
+
+TEST_F(Facade, HitDataSearchesAClipGroupThroughItsMask) {
+    const std::string file = testing::TempDir() + "clip-group.svg";
+    std::ofstream(file) << R"svg(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">
+        <clipPath id="c"><rect width="50" height="100"/></clipPath>
+        <g clip-path="url(#c)"><path d="M 10 20 H 90"/></g></svg>)svg";
+    desk.session().open(file);
+    desk.inMessage([&] {
+        const auto group = Illustrator::instance()->currentDocument()->firstLayer()->group()->firstChild();
+        EXPECT_TRUE(group->attribute(ArtAttribute::Clipped));
+        EXPECT_FALSE(group->firstChild()->attribute(ArtAttribute::Clipped));
+        for (const Art* const art : std::initializer_list<const Art*>{group.get(), nullptr}) {
+            EXPECT_TRUE(HitData(art, {40, 20}, HitRequest::Everything, 1, false).hit());
+            EXPECT_FALSE(HitData(art, {90, 20}, HitRequest::Everything, 1, false).hit());
+        }
+    });
+}
+
+TEST_F(Facade, HitDataHandsTheTextRangeOn) {
+    static const auto text = reinterpret_cast<AITextRangeRef>(std::uintptr_t{0x77});
+    auto& entry = desk.tables().hitTest.table.HitTest;
+    desk.inMessage([&] {
+        const auto textAt = [] { return HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false).textRange(); };
+        EXPECT_EQ(textAt(), nullptr);
+        const auto kept = entry;
+        entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
+            *record = {};
+            record->type = kAIFillHit;
+            record->art = art;
+            record->textRange = text;
+            return kNoErr;
+        };
+        EXPECT_EQ(textAt(), text);
+        entry = kept;
+    });
 }
 
 // Tools

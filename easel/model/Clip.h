@@ -1,0 +1,43 @@
+// What of art shows: masks, and how they lie on the art. Made by whoever reads a drawing; nothing changes them later.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <vector>
+
+#include "model/Types.h"
+
+namespace easel::model {
+
+/// What lies inside of any of some shapes, their outlines included. Nothing lies inside of a mask without shapes.
+class Mask {
+  public:
+    struct Shape {
+        std::vector<PathData> subpaths; ///< all closed
+        bool evenOdd = false;           ///< else what its subpaths go round is inside, however often
+    };
+
+    explicit Mask(std::vector<Shape> shapes);
+
+    [[nodiscard]] bool contains(Point point) const;
+
+  private:
+    std::vector<Shape> shapes_;
+    std::vector<Box> hulls_; // of each shape
+};
+
+/// A mask on some art. It stays where it is when the art is a group; on a path or opaque art it moves along, until the
+/// path's outline is changed in another way.
+struct Clip {
+    std::shared_ptr<const Mask> mask;
+    /// From the document's units to the mask's: x' = a x + c y + e, y' = b x + d y + f.
+    std::array<double, 6> toMask{1, 0, 0, 1, 0, 0};
+    std::shared_ptr<const PathData> outline; ///< of a path when it got the mask; else null
+};
+
+class Node;
+
+/// Whether the masks of the node and of all that it is in let the point show.
+[[nodiscard]] bool isShown(const Node& node, Point point);
+
+} // namespace easel::model

@@ -1,0 +1,106 @@
+// Clip paths become masks in their own units; each use brings its way there.
+#include "svg/ClipPaths.h"
+
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+#include "model/Document.h"
+#include "svg/Limits.h"
+#include "svg/Outlines.h"
+
+namespace easel::svg {
+
+namespace {
+
+using model::Mask;
+using model::PathData;
+
+/// The id in "url(#id)"; empty for anything else.
+std::string_view referredId(std::string_view value) {
+    constexpr std::string_view open = "url(";
+    const std::size_t close = value.find(')');
+    if (value.substr(0, open.size()) != open || close == std::string_view::npos) return {};
+    std::string_view inside = trimmed(value.substr(open.size(), close - open.size()));
+    const bool quoted = inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\'');
+    if (quoted) inside = inside.substr(1, inside.size() - 2);
+    return inside.substr(0, 1) == "#" ? inside.substr(1) : std::string_view{};
+}
+
+bool isUsable(double number) { return std::fabs(number) <= kFarthestCoordinate; }
+
+bool isUsable(const PathData& path) {
+    for (const model::PathPoint& point : path.points)
+        for (const model::Point at : {point.anchor, point.in, point.out})
+            if (!isUsable(at.x) || !isUsable(at.y)) return false;
+    return true;
+}
+
+} // namespace
+
+void ClipPaths::startElement(std::string_view element, const Attributes& attributes) {
+    if (depth_ == 0 && element != "clipPath") return;
+    if (++depth_ > 2) return;
+    if (depth_ == 2) {
+        if (isShape(element))
+            addShape(element, attributes);
+        else if (element == "text" || element == "use")
+            understood_ = false;
+        return;
+    }
+    id_ = attributes.get("id");
+    evenOdd_ = attributes.property("clip-rule") == "evenodd";
+    understood_ = attributes.get("clipPathUnits") != "objectBoundingBox" && !attributes.transformsInStyle();
+    try {
+        transform_ = attributes.transformInto(Geom::Affine::identity());
+    } catch (const std::range_error&) { // a number beyond all numbers
+        understood_ = false;
+    }
+}
+
+void ClipPaths::endElement() {
+    if (depth_ == 0 || --depth_ > 0) return;
+    std::shared_ptr<const Mask> mask;
+    std::vector<Mask::Shape> shapes = std::exchange(shapes_, {});
+    if (understood_) mask = std::make_shared<const Mask>(std::move(shapes));
+    masks_.emplace(std::move(id_), std::move(mask)); // of several with one id the first counts
+}
+
+void ClipPaths::addShape(std::string_view element, const Attributes& attributes) {
+    if (attributes.property("display") == "none") return;
+    const std::string_view rule = attributes.property("clip-rule");
+    Mask::Shape shape{.subpaths = {}, .evenOdd = rule.empty() ? evenOdd_ : rule == "evenodd"};
+    try {
+        shape.subpaths = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); }).subpaths;
+        const Geom::Affine transform = attributes.transformInto(transform_);
+        for (PathData& subpath : shape.subpaths) {
+            transformBy(subpath, transform);
+            subpath.closed = true;
+            understood_ = understood_ && isUsable(subpath);
+        }
+    } catch (const std::range_error&) { // a number beyond all numbers
+        understood_ = false;
+    }
+    understood_ = understood_ && !attributes.transformsInStyle();
+    shapes_.push_back(std::move(shape));
+}
+
+void ClipPaths::putOn(model::Node& node, const Attributes& attributes, const Geom::Affine& toPage) {
+    const std::string_view id = referredId(attributes.property("clip-path"));
+    if (!id.empty()) uses_.push_back({&node, std::string(id), toPage});
+}
+
+void ClipPaths::finish() {
+    for (const Use& use : uses_) {
+        const auto mask = masks_.find(use.id);
+        if (mask == masks_.end() || !mask->second) continue;
+        const Geom::Affine toMask = use.toPage.inverse();
+        auto clip = std::make_shared<model::Clip>();
+        clip->mask = mask->second;
+        for (unsigned i = 0; i < 6; ++i) clip->toMask[i] = toMask[i];
+        clip->outline = use.node->state().path;
+        model::Document::setClip(*use.node, std::move(clip));
+    }
+}
+
+} // namespace easel::svg

@@ -1,0 +1,51 @@
+// Collects the clip paths of a drawing while it is read, and what they are put on; either may come first. A clip path
+// that is not understood (with text or references in it, or in units of the art's box) hides nothing.
+#pragma once
+
+#include <2geom/affine.h>
+
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Clip.h"
+#include "model/Node.h"
+#include "svg/Attributes.h"
+
+namespace easel::svg {
+
+class ClipPaths {
+  public:
+    // To be told of every element, whether it becomes art or not
+    void startElement(std::string_view element, const Attributes& attributes);
+    void endElement();
+
+    /// Notes what is put on a node, if anything; `toPage` leads from its units to the document's.
+    void putOn(model::Node& node, const Attributes& attributes, const Geom::Affine& toPage);
+    /// Gives the nodes that were noted their masks. Once, at the end.
+    void finish();
+
+  private:
+    struct Use {
+        model::Node* node;
+        std::string id;
+        Geom::Affine toPage;
+    };
+
+    void addShape(std::string_view element, const Attributes& attributes);
+
+    std::map<std::string, std::shared_ptr<const model::Mask>, std::less<>> masks_; // null: not understood
+    std::vector<Use> uses_;
+
+    // The clip path that is being read
+    std::size_t depth_ = 0; // of elements in it, itself included; 0 outside
+    std::string id_;
+    Geom::Affine transform_;
+    bool evenOdd_ = false;
+    bool understood_ = true;
+    std::vector<model::Mask::Shape> shapes_;
+};
+
+} // namespace easel::svg

@@ -1,0 +1,134 @@
+// Masks that a drawing brings along: what is outside of them cannot be hit.
+#include <gtest/gtest.h>
+
+#include "model/Clip.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::svg {
+namespace {
+
+using model::Document;
+using model::Hit;
+using model::HitKind;
+using model::HitRequest;
+using model::Node;
+
+constexpr HitRequest kEverything = HitRequest::Anchors | HitRequest::Segments | HitRequest::Fills;
+
+std::unique_ptr<Document> readInside(const std::string& content) {
+    return read("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"400\" height=\"300\">" + content + "</svg>",
+                "t.svg");
+}
+
+/// The id of what is hit within one point; empty for nothing.
+std::string at(Document& document, double x, double y, Node* within = nullptr) {
+    const Hit hit = document.hitTest(within ? *within : document.root(), {x, y}, 1, kEverything);
+    return hit.kind == HitKind::None ? "" : hit.node->name();
+}
+
+// On the page: the window of w covers x from 100 to 200, y from 0 to 200; the ring is 100 to 200 by 60 to 160 with a
+// hole of 140 to 160 by 90 to 110.
+constexpr const char* kNested = R"svg(
+  <g id="g" transform="translate(100 0)" clip-path="url(#w)">
+    <path id="line" d="M -50 50 H 150"/>
+    <g style="fill:red; clip-path: url('#ring')"><rect id="box" x="10" y="70" width="200" height="80"/></g>
+  </g>
+  <defs>
+    <clipPath id="w"><title>Window</title><rect width="100" height="200"/></clipPath>
+    <clipPath id="ring" transform="translate(0 60)" clip-rule="evenodd">
+      <path d="M0 0 h100 v100 h-100 z M40 30 h20 v20 h-20 z"/>
+    </clipPath>
+    <clipPath id="w"><rect x="1000" width="1" height="1"/></clipPath>
+  </defs>)svg";
+
+TEST(ClipPaths, HideWhatLiesOutsideOfAnyMaskAround) {
+    const auto document = readInside(kNested);
+    Node* const group = document->findByName("g");
+    ASSERT_TRUE(group);
+    const struct {
+        double x, y;
+        const char* id;
+    } rows[] = {
+        {150, 50, "line"},  // inside
+        {100, 50, "line"},  // a mask's outline belongs to it
+        {200, 50, "line"},  //
+        {50, 50, ""},       // an anchor outside
+        {220, 50, ""},      // a segment outside
+        {115, 75, "box"},   //
+        {150, 100, ""},     // in the hole of the inner mask
+        {205, 100, ""},     // in the box and, but for the outer mask, its place
+        {100, 20, ""},      // the mask's outline alone is nothing, nor is its inside
+        {150, 20, ""},      //
+        {110.5, 150, "box"} // a corner of the box, in all masks
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(at(*document, row.x, row.y), row.id) << row.x << ' ' << row.y;
+        EXPECT_EQ(at(*document, row.x, row.y, group), row.id) << row.x << ' ' << row.y << " in the group";
+    }
+    EXPECT_FALSE(document->snapPoint({50, 50}, 2)); // nor does the pointer snap to what does not show
+    // What is taken out of the group is whole.
+    document->place(*document->findByName("line"), model::Placement::OnTopInside, document->currentLayer());
+    EXPECT_EQ(at(*document, 220, 50), "line");
+}
+
+TEST(ClipPaths, GoWithAPathOrPictureButStayWithAGroup) {
+    const auto document = readInside(R"svg(
+      <clipPath id="half"><rect width="30" height="300"/></clipPath>
+      <path id="path" clip-path="url(#half)" d="M 0 50 H 60"/>
+      <image id="image" clip-path="url(#half)" y="100" width="60" height="20"/>
+      <g id="group" clip-path="url(#half)"><path id="inner" d="M 0 200 H 60"/></g>)svg");
+    const std::string before = write(*document);
+    EXPECT_EQ(at(*document, 20, 50), "path");
+    EXPECT_EQ(at(*document, 40, 50), "");
+    EXPECT_EQ(at(*document, 20, 110), "image");
+    EXPECT_EQ(at(*document, 40, 110), "");
+    for (const char* const id : {"path", "image", "group"}) document->offset(*document->findByName(id), 100, 0);
+    // As the file will have it: see by reading it again.
+    const auto again = read(write(*document), "t.svg");
+    for (Document* const either : {document.get(), again.get()}) {
+        EXPECT_EQ(at(*either, 120, 50), "path");
+        EXPECT_EQ(at(*either, 140, 50), "");
+        EXPECT_EQ(at(*either, 120, 110), "image");
+        EXPECT_EQ(at(*either, 140, 110), "");
+        EXPECT_EQ(at(*either, 120, 200), "");
+    }
+    Node& path = *document->findByName("path");
+    document->setPointCount(path, 3); // a third point at the origin
+    EXPECT_EQ(at(*document, 120, 50), "");
+    EXPECT_EQ(at(*document, 0, 0), "path");
+    const auto edited = read(write(*document), "t.svg");
+    EXPECT_EQ(at(*edited, 120, 50), "");
+    EXPECT_EQ(at(*edited, 0, 0), "path");
+    document->journal().undo();
+    EXPECT_EQ(at(*document, 120, 50), "path");
+    while (document->journal().undo()) continue;
+    EXPECT_EQ(write(*document), before);
+}
+
+TEST(ClipPaths, CountAsNoneWhenTheyAreNotUnderstoodAndHideAllWhenTheyAreEmpty) {
+    const struct {
+        const char* clip;
+        bool shows;
+    } rows[] = {
+        {R"(<clipPath id="c"/>)", false},
+        {R"(<clipPath id="c"><rect width="9" height="9"/></clipPath>)", false},
+        {R"(<clipPath id="c"><rect width="9" height="9"/><circle cx="50" cy="50" r="9"/></clipPath>)", true},
+        {R"(<clipPath id="c"><circle cx="50" cy="50" r="9" style="display:none"/></clipPath>)", false},
+        {R"(<clipPath id="c"><rect width="9" height="9"/><text>A</text></clipPath>)", true},
+        {R"svg(<clipPath id="c"><rect width="9" height="9" transform="scale(1e999)"/></clipPath>)svg", true},
+        {R"(<clipPath id="c" clipPathUnits="objectBoundingBox"><rect width="9" height="9"/></clipPath>)", true},
+        {R"(<clipPath id="other"><rect width="9" height="9"/></clipPath>)", true},
+        // Nonzero winding: the inner square goes the same way round, so it is no hole.
+        {R"(<clipPath id="c"><path d="M0 0h99v99h-99z M40 40h20v20h-20z"/></clipPath>)", true},
+        {R"(<clipPath id="c"><path d="M0 0h99v99h-99z M40 40v20h20v-20z"/></clipPath>)", false},
+    };
+    for (const auto& row : rows) {
+        const auto document =
+            readInside(row.clip + std::string(R"svg(<path id="p" clip-path="url( #c )" d="M 50 50 H 60"/>)svg"));
+        EXPECT_EQ(at(*document, 50, 50), row.shows ? "p" : "") << row.clip;
+    }
+}
+
+} // namespace
+} // namespace easel::svg
