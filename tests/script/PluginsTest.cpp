@@ -90,6 +90,16 @@ TEST_F(PluginScripts, KnowThePluginsAndTalkToThem) {
     EXPECT_THAT(session.reports(), testing::IsEmpty());
 }
 
+TEST_F(PluginScripts, SeeTheCursorAndSetTheDisplay) {
+    session.setCursor(
+        {.number = 0, .plugin = session.plugins.all()[0]->handle, .resource = 5, .hotSpot = {3, 4}, .scale = 2});
+    EXPECT_EQ(play("print(JSON.stringify(app.cursor), app.displayScale); app.displayScale = 2.5; app.quit();"
+                   "print(app.cursor, app.displayScale); app.displayScale = -1;"),
+              "{\"plugin\":\"Answering\",\"resource\":5,\"hotSpot\":[3,4],\"scale\":2} 1\n"
+              "0 2.5\n" // a plug-in's picture goes with it
+              "1: app.displayScale: argument 1 (value) must be a number greater than 0, not -1");
+}
+
 TEST_F(PluginScripts, AreToldWhatCannotBe) {
     const std::pair<const char*, const char*> lines[] = {
         {"app.chooseMenu('Nothing')", "1: app.chooseMenu: no menu item has the text \"Nothing\""},
