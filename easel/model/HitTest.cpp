@@ -124,14 +124,15 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
 Node* Document::topmostAt(Point point, double tolerance) {
     if (!isSearchable(point, tolerance)) return nullptr;
     impl_->findNear(point, tolerance);
-    const auto isNear = [&](const PathPoint& start, const PathPoint& end) {
-        return nearestOnSegment(start, end, point).distanceSquared <= tolerance * tolerance;
-    };
     Node* topmost = nullptr;
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
-        if (isFilledAt(*node, point) || (node->type() == NodeType::Path && anySegment(node->path(), isNear)))
-            topmost = node;
+        const auto isNear = [&](const PathPoint& start, const PathPoint& end) {
+            const NearestPoint nearest = nearestOnSegment(start, end, point);
+            return nearest.distanceSquared <= tolerance * tolerance && isShown(*node, nearest.point);
+        };
+        const bool filled = isFilledAt(*node, point) && isShown(*node, point);
+        if (filled || (node->type() == NodeType::Path && anySegment(node->path(), isNear))) topmost = node;
     }
     return topmost;
 }

@@ -64,6 +64,8 @@ TEST(ClipPaths, HideWhatLiesOutsideOfAnyMaskAround) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(at(*document, row.x, row.y), row.id) << row.x << ' ' << row.y;
+        const Node* const topmost = document->topmostAt({row.x, row.y}, 1);
+        EXPECT_EQ(topmost ? topmost->name() : "", row.id) << row.x << ' ' << row.y;
         EXPECT_EQ(at(*document, row.x, row.y, group), row.id) << row.x << ' ' << row.y << " in the group";
     }
     EXPECT_FALSE(document->snapPoint({50, 50}, 2)); // nor does the pointer snap to what does not show
