@@ -1,5 +1,4 @@
 // A plug-in on the framework that does what it is told, and notes which callbacks run. Built as several bundles.
-#include <iterator>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -49,9 +48,10 @@ class Obeying {
         plugin_.setMenuItemSelectedCallback(bell(Selected));
         plugin_.setMenuItemsUpdateCallback(bell(Updating));
         plugin_.setPreShutdownCallback(bell(PreShutdown));
-        for (int event = 0; event < int(std::size(events)); ++event) {
-            (plugin_.*events[event].before)(bell(Before + event));
-            (plugin_.*events[event].after)(bell(After + event));
+        int number = 0;
+        for (const Event& event : events) {
+            (plugin_.*event.before)(bell(Before + number));
+            (plugin_.*event.after)(bell(After + number++));
         }
     }
 
@@ -119,8 +119,7 @@ class Obeying {
         case Deed::AddTool:
             tool.destroy();
             tool = Tool(-2, -2, "Tool " + std::to_string(order.place), "", 0, 0, ToolOptions::None);
-            for (int event = 0; event < int(std::size(events)); ++event)
-                (tool.*events[event].own)(bell(OfTool + 10 * order.place + event));
+            bindTool(tool, OfTool + 10 * order.place);
             order.handle = tool.aiToolHandle();
             break;
         case Deed::DestroyTool: tool.destroy(); break;
@@ -140,6 +139,10 @@ class Obeying {
             break;
         case Deed::Send: send(order); break;
         }
+    }
+
+    void bindTool(Tool& tool, int first) {
+        for (const Event& event : events) (tool.*event.own)(bell(first++));
     }
 
     void send(Order& order) {
