@@ -40,7 +40,10 @@ void Journal::end() {
     Change change = netChange(outer_);
     if (change == Change::Order) change = restoreOrder(outer_) ? netChange(outer_) : Change::Real;
     if (change == Change::Real) forgetRedo();
-    if (change != Change::None) dropUnchanged(outer_);
+    if (change != Change::None) {
+        observe(outer_);
+        dropUnchanged(outer_);
+    }
     if (change == Change::Real && kind_ == UndoKind::Standard) {
         undo_.push_back(std::exchange(outer_, Record{++lastId_, {}}));
     } else if (change != Change::None && !undo_.empty()) {
@@ -94,6 +97,7 @@ bool Journal::undo() {
     Record step = std::move(undo_.back());
     undo_.pop_back();
     exchange(step);
+    observe(step);
     for (const Note& note : step.notes) note.node->record_ = note.previous;
     redo_.push_back(std::move(step));
     settle();
@@ -105,6 +109,7 @@ bool Journal::redo() {
     Record step = std::move(redo_.back());
     redo_.pop_back();
     exchange(step);
+    observe(step);
     for (Note& note : step.notes) note.previous = std::exchange(note.node->record_, step.id);
     undo_.push_back(std::move(step));
     settle();
@@ -114,6 +119,8 @@ bool Journal::redo() {
 std::size_t Journal::undoDepth() const { return undo_.size(); }
 
 std::size_t Journal::redoDepth() const { return redo_.size(); }
+
+Changes Journal::takeChanges() { return std::exchange(changes_, {}); }
 
 // For Document
 
@@ -222,6 +229,38 @@ Journal::Change Journal::netChange(const Note& note) {
     if (was.order != is.order) return Change::Order;
     return was.selected == is.selected && sameContents(was.pointSelection, is.pointSelection) ? Change::None
                                                                                               : Change::Selection;
+}
+
+void Journal::observe(const Record& record) {
+    for (const Note& note : record.notes) observe(note);
+}
+
+/// What is known already is not looked for again: a large change costs little more than a small one.
+void Journal::observe(const Note& note) {
+    const Node& node = *note.node;
+    const NodeState& was = note.state;
+    const NodeState& is = node.state_;
+    const bool stayed = note.alive && node.alive_;
+    if (!note.alive && !node.alive_) return;
+    if (node.type() == NodeType::Layer) {
+        changes_.layers |= !stayed || was.order != is.order || was.parent != is.parent;
+        changes_.layerRemoved |= !node.alive_;
+        changes_.layerOptions |=
+            stayed && (was.locked != is.locked || was.hidden != is.hidden || !sameContents(was.name, is.name));
+        changes_.art |= !stayed && node.firstChild();
+    } else {
+        changes_.art = changes_.art || netChange(note) >= Change::Order;
+        changes_.styles = changes_.styles || (stayed && !sameContents(was.style, is.style));
+        changes_.names = changes_.names || (stayed && !sameContents(was.name, is.name));
+    }
+    if (changes_.selection) return;
+    if (stayed) {
+        changes_.selection = was.selected != is.selected || !sameContents(was.pointSelection, is.pointSelection);
+        return;
+    }
+    // What it holds came or went with it, and need not be noted itself.
+    for (const Node* at = &node; at && !changes_.selection; at = nextWithin(node, *at))
+        changes_.selection = at->selected();
 }
 
 /// Labels may differ and still tell the same order. Then the old ones are put back, and nothing has happened.

@@ -17,6 +17,17 @@ enum class UndoKind : std::uint8_t {
     Append    ///< part of the last step
 };
 
+/// What has happened to a document, for those who want to hear of it.
+struct Changes {
+    bool selection = false;
+    bool art = false;    ///< anything about art but its selection; art that came or went
+    bool styles = false; ///< of art that was there before and after, as are names
+    bool names = false;  ///< of art
+    bool layers = false; ///< came, went, or stand in another order
+    bool layerRemoved = false;
+    bool layerOptions = false; ///< title, locked, hidden
+};
+
 class Tree;
 
 class Journal {
@@ -49,6 +60,9 @@ class Journal {
     [[nodiscard]] std::size_t undoDepth() const;
     [[nodiscard]] std::size_t redoDepth() const;
 
+    /// What transactions, undo and redo did since the last call. Of a transaction only the net effect counts.
+    [[nodiscard]] Changes takeChanges();
+
     // For Document
     /// To be called before a node changes, inside a transaction.
     void note(Node& node);
@@ -79,8 +93,11 @@ class Journal {
     [[nodiscard]] static Change netChange(const Note& note);
     bool restoreOrder(Record& record);
     void dropUnchanged(Record& record);
+    void observe(const Record& record);
+    void observe(const Note& note);
 
     Tree& tree_;
+    Changes changes_;
     int depth_ = 0;
     bool marked_ = false;
     UndoKind kind_ = UndoKind::Standard;

@@ -1,5 +1,6 @@
 // print and assert, and the app object: documents, tools, menus and time, plug-ins, start and end.
 #include <array>
+#include <map>
 
 #include "script/Calls.h"
 
@@ -58,10 +59,19 @@ std::vector<std::string> tools(Host& host) {
     return titles;
 }
 
-std::optional<std::string> currentTool(Host& host) {
-    const auto* const tool = host.session.toolbox.current();
-    return tool != nullptr ? std::optional(tool->title) : std::nullopt;
+/// The groups, of slots, of titles, each in the order in which it was opened.
+std::vector<std::vector<std::vector<std::string>>> toolbox(Host& host) {
+    std::map<std::int16_t, std::map<std::int16_t, std::vector<std::string>>> byNumber;
+    for (const auto* tool : host.session.toolbox.all()) byNumber[tool->group][tool->toolset].push_back(tool->title);
+    std::vector<std::vector<std::vector<std::string>>> groups;
+    for (const auto& [group, slots] : byNumber) {
+        groups.emplace_back();
+        for (const auto& [slot, titles] : slots) groups.back().push_back(titles);
+    }
+    return groups;
 }
+
+std::string currentTool(Host& host) { return host.session.toolbox.current()->title; }
 
 void selectTool(Host& host, const std::string& title) { host.session.selectTool(toolTitled(host, title)); }
 
@@ -159,6 +169,7 @@ constexpr Row app[] = {
     method<close>("app.close", ""),
     property<frontDocument>("app.document"),
     property<tools>("app.tools"),
+    property<toolbox>("app.toolbox"),
     property<currentTool>("app.currentTool"),
     method<selectTool>("app.selectTool", "title"),
     method<editTool>("app.editTool", "title"),

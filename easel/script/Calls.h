@@ -87,9 +87,11 @@ template <class Answer, class... T> duk_ret_t perform(duk_context* engine, Answe
         const auto call = [&](const auto&... each) { return function(hostOf(engine), each...); };
         if constexpr (std::is_void_v<Answer>) {
             std::apply(call, values);
+            hostOf(engine).session.messenger.settle();
             return 0;
         } else {
             push(engine, std::apply(call, values));
+            hostOf(engine).session.messenger.settle();
             return 1;
         }
     } catch (...) {

@@ -43,6 +43,7 @@ MenuGroup& Menus::addGroup(Plugin& owner, std::string_view name, std::string_vie
     made->name = name;
     made->text = text;
     made->options = options;
+    ++changes_;
     MenuGroup& group = groups_.add(std::move(made));
     order_.insert(std::find(order_.begin(), order_.end(), near) + 1, &group);
     if (!partial) return group;
@@ -74,14 +75,14 @@ void Menus::removeGroup(MenuGroup& group) {
 
 void Menus::setText(MenuGroup& group, std::string_view text) {
     require(group.owner, kRefusedErr);
-    group.text = text;
+    change(group.text, text);
     if (group.opener) group.opener->text = text;
     if (group.parent) sort(*group.parent);
 }
 
 void Menus::setOptions(MenuGroup& group, std::int32_t options) {
     require(((options ^ group.options) & ~kMenuGroupSortedOption) == 0);
-    group.options = options;
+    change(group.options, options);
     sort(group);
 }
 
@@ -100,6 +101,7 @@ MenuItem& Menus::addItem(Plugin& owner, std::string_view group, std::string_view
     made->group = home;
     made->options = options;
     if (!made->isDivider()) made->text = text;
+    ++changes_;
     MenuItem& item = items_.add(std::move(made));
     home->children.push_back({.item = &item, .group = nullptr});
     sort(*home);
@@ -115,7 +117,7 @@ void Menus::removeItem(MenuItem& item) {
 void Menus::setText(MenuItem& item, std::string_view text) {
     if (item.opens) return setText(*item.opens, text);
     require(!item.isDivider(), kRefusedErr);
-    item.text = text;
+    change(item.text, text);
     sort(*item.group);
 }
 
@@ -183,6 +185,7 @@ void Menus::sort(MenuGroup& group) {
 }
 
 void Menus::drop(MenuGroup& group) {
+    ++changes_;
     if (group.opener) items_.remove(*group.opener);
     std::erase(order_, &group);
     groups_.remove(group);

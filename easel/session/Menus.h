@@ -56,6 +56,7 @@ class Menus {
     void removeGroup(MenuGroup& group); ///< with all that it holds
     void setText(MenuGroup& group, std::string_view text);
     void setOptions(MenuGroup& group, std::int32_t options);
+    void setEnabled(MenuGroup& group, bool enabled) { change(group.enabled, enabled); }
     [[nodiscard]] MenuGroup* find(AIMenuGroup handle) const { return groups_.find(handle); }
     [[nodiscard]] MenuGroup* findGroup(std::string_view name) const;
     /// All groups, each behind the one that it was placed near.
@@ -65,11 +66,16 @@ class Menus {
     MenuItem& addItem(Plugin& owner, std::string_view group, std::string_view text, std::int32_t options);
     void removeItem(MenuItem& item);
     void setText(MenuItem& item, std::string_view text);
+    void setEnabled(MenuItem& item, bool enabled) { change(item.enabled, enabled); }
+    void setChecked(MenuItem& item, bool checked) { change(item.checked, checked); }
     [[nodiscard]] MenuItem* find(AIMenuItemHandle handle) const { return items_.find(handle); }
     [[nodiscard]] MenuItem* findItem(std::string_view text) const; ///< in the order of `groups`
     [[nodiscard]] std::vector<MenuItem*> items() const { return items_.all(); }
     /// Whether the user can choose the item: it, every group around it and their openers are enabled.
     [[nodiscard]] static bool isEnabled(const MenuItem& item);
+
+    /// How often something has changed that the user could see, to be compared with an earlier count.
+    [[nodiscard]] unsigned changes() const { return changes_; }
 
     /// Drops what the plug-in had added. A group that holds something of another plug-in becomes that one's.
     void forget(const Plugin& plugin);
@@ -80,11 +86,21 @@ class Menus {
     static void detach(MenuGroup& group, MenuChild child);
     static void sort(MenuGroup& group);
     void drop(MenuGroup& group);
-    void drop(MenuItem& item) { items_.remove(item); }
+    void drop(MenuItem& item) {
+        ++changes_;
+        items_.remove(item);
+    }
+    /// The same again is no change: plug-ins bring their items up to date whenever menus are shown.
+    template <class Field, class Value> void change(Field& field, Value value) {
+        if (field == value) return;
+        field = value;
+        ++changes_;
+    }
 
     Registry<MenuGroup, AIMenuGroup> groups_;
     Registry<MenuItem, AIMenuItemHandle> items_;
     std::vector<MenuGroup*> order_;
+    unsigned changes_ = 0;
 };
 
 } // namespace easel::session

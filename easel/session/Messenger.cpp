@@ -82,7 +82,10 @@ void Messenger::address(const Plugin& plugin, SPMessageData& message) const {
 
 void Messenger::runPutOff() {
     int run = 0;
-    while (!putOff_.empty()) {
+    Events::Told told; // a subscriber that changes what it is told of shall not hear of it for ever
+    while (!putOff_.empty() || session_.events.tell(told)) {
+        if (putOff_.empty()) continue;
+        told.reset();
         if (++run > mostPutOff) {
             session_.report(Blame::Plugin,
                             "what was put off until after a message led to more again and again; after " +

@@ -29,11 +29,16 @@ class Messenger {
     void address(const Plugin& plugin, SPMessageData& message) const;
 
     /// Does several things that belong together, such as a press with what surrounds its message. Actions that are put
-    /// off meanwhile wait for the end of the outermost whole; every message is one.
+    /// off meanwhile wait for the end of the outermost whole, and then the plug-ins hear what has changed; every
+    /// message is one.
     template <class Body> void whole(Body body) {
         const Whole counted(wholes_);
         body();
         if (wholes_ == 1) runPutOff();
+    }
+    /// Ends what the user did with no message around it.
+    void settle() {
+        whole([] {});
     }
     /// Runs `action` once nothing is under way any more. Actions may put off others; `mostPutOff` of them are run in
     /// one go, so that plug-ins which answer every action with another come to an end, and the rest is dropped.

@@ -66,11 +66,11 @@ std::vector<std::string> Session::start() {
         declined.push_back((plugin->file.empty() ? plugin->name : plugin->file) +
                            ": the plug-in declined to start: error " + fourCharacters(answer));
     }
+    running_ = true;
     if (anyNew) {
         notify(kAIAllPluginsStartedNotifier);
         notify(kAIApplicationStartedNotifier);
     }
-    running_ = true;
     return declined;
 }
 
@@ -113,45 +113,51 @@ void Session::notify(std::string_view type) {
     std::vector<AINotifierHandle> subscribed;
     for (const Notifier* notifier : notifiers.all())
         if (notifier->type == type) subscribed.push_back(notifier->handle);
-    for (const AINotifierHandle handle : subscribed) {
-        const Notifier* const notifier = notifiers.find(handle);
-        if (!notifier) continue;
-        AINotifierMessage message{.d = {}, .notifier = handle, .type = notifier->type.c_str()};
-        messenger.send(*notifier->owner, kCallerAINotify, kSelectorAINotify, message.d);
-    }
+    // A whole, so that nothing else is told before all of them know.
+    messenger.whole([&] {
+        for (const AINotifierHandle handle : subscribed) {
+            const Notifier* const notifier = notifiers.find(handle);
+            if (!notifier) continue;
+            AINotifierMessage message{.d = {}, .notifier = handle, .type = notifier->type.c_str()};
+            messenger.send(*notifier->owner, kCallerAINotify, kSelectorAINotify, message.d);
+        }
+    });
 }
 
 // Documents
 
-model::Document& Session::adopt(std::unique_ptr<model::Document> document) {
+model::Document& Session::adopt(std::unique_ptr<model::Document> document, const char* event) {
     if (lastDocumentNumber_ + 1 >= 1U << HandleParts::documentBits)
         throw Error("too many documents have been opened; start Easel anew");
     // A whole, so that no posted press begins a gesture in the document that goes behind.
+    model::Document& adopted = *document;
     messenger.whole([&] {
         pointer.cancel();
         documents_.push_back({++lastDocumentNumber_, std::move(document)});
+        notify(event);
     });
-    return *documents_.back().document;
+    return adopted;
 }
 
 model::Document& Session::newDocument(double width, double height) {
-    model::Document& made = adopt(std::make_unique<model::Document>(width, height));
-    notify(kAIDocumentNewNotifier);
-    return made;
+    auto made = std::make_unique<model::Document>(width, height);
+    return adopt(std::move(made), kAIDocumentNewNotifier);
 }
 
 model::Document& Session::open(const std::string& path) {
     const auto warn = [this](const std::string& line) { report(Blame::UserData, line); };
-    model::Document& opened = adopt(withFile([&] { return svg::open(path, warn); }));
-    notify(kAIDocumentOpenedNotifier);
-    return opened;
+    return adopt(withFile([&] { return svg::open(path, warn); }), kAIDocumentOpenedNotifier);
 }
 
 void Session::save(const std::string& path) {
     model::Document& front = needDocument();
     pointer.cancel();
+    notify(kAIDocumentWritePreprocessNotifier);
     withFile([&] { svg::save(front, path); });
-    notify(kAIDocumentSavedNotifier);
+    messenger.whole([&] {
+        notify(kAIDocumentWritePostprocessNotifier);
+        notify(kAIDocumentSavedNotifier);
+    });
 }
 
 void Session::exportPng(const std::string& path, double scale) {
@@ -167,8 +173,8 @@ void Session::close() {
         pointer.cancel();
         notify(kAIDocumentAboutToCloseNotifier);
         documents_.pop_back();
+        notify(kAIDocumentClosedNotifier);
     });
-    notify(kAIDocumentClosedNotifier);
 }
 
 model::Document* Session::document() const { return documents_.empty() ? nullptr : documents_.back().document.get(); }
@@ -199,11 +205,10 @@ void Session::selectTool(Tool& tool) {
         const AIToolHandle handle = tool.handle;
         if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
         sendToTool(*toolbox.current(), kSelectorAIDeselectTool);
-        notify(kAIToolDeselectedNotifier);
         if (toolbox.find(handle) != &tool) return; // its plug-in took it away meanwhile
         toolbox.setCurrent(tool);
+        if (tool.builtin) setCursor({});
         sendToTool(tool, kSelectorAISelectTool);
-        notify(kAIToolSelectedNotifier);
     });
 }
 

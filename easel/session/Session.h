@@ -9,6 +9,7 @@
 
 #include "model/Document.h"
 #include "session/Error.h"
+#include "session/Events.h"
 #include "session/Memory.h"
 #include "session/Menus.h"
 #include "session/Messenger.h"
@@ -45,6 +46,8 @@ class Session {
     std::vector<std::string> start();
     /// Tells plug-ins that the application ends, shuts them down in reverse order and closes the documents.
     void quit();
+    /// Between start and quit.
+    [[nodiscard]] bool running() const { return running_; }
     /// Raises an event: each subscriber of `type` gets its notifier message.
     void notify(std::string_view type);
 
@@ -95,6 +98,7 @@ class Session {
     Timers timers;
     Messenger messenger{*this};
     Pointer pointer{*this};
+    Events events{*this};
     CheckLevel checkLevel = CheckLevel::Full;
     bool trace = false; ///< EASEL_TRACE: every message and suite call on standard error
 
@@ -106,7 +110,8 @@ class Session {
 
     /// Drops what a plug-in that has ended or declined had registered.
     void forget(Plugin& plugin);
-    model::Document& adopt(std::unique_ptr<model::Document> document);
+    /// Brings the document to the front and raises the event.
+    model::Document& adopt(std::unique_ptr<model::Document> document, const char* event);
 
     static Session* current_;
     std::vector<OpenDocument> documents_;

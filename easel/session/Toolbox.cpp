@@ -8,6 +8,17 @@
 
 namespace easel::session {
 
+namespace {
+
+/// The same again is no change.
+template <class Field, class Value> void change(Field& field, Value value, unsigned& count) {
+    if (field == value) return;
+    field = value;
+    ++count;
+}
+
+} // namespace
+
 Toolbox::Toolbox() : selectionTool_(&addOwn(kAISelectionTool, makeSelectionTool())), current_(selectionTool_) {
     addOwn(kAIDirectSelectionTool, makeDirectSelectionTool());
 }
@@ -33,12 +44,23 @@ Tool& Toolbox::add(Tool tool) {
     tool.group = tool.group == kNoToolNumber ? number : numbered(tool.group)->group;
     tool.toolset = tool.toolset == kNoToolNumber ? number : numbered(tool.toolset)->toolset;
     tool.number = lastNumber_ = number;
+    ++changes_.members;
     return tools_.add(std::make_unique<Tool>(std::move(tool)));
 }
 
 void Toolbox::remove(Tool& tool) {
     if (current_ == &tool) current_ = selectionTool_;
+    ++changes_.members;
     tools_.remove(tool);
+}
+
+void Toolbox::setTitle(Tool& tool, std::string_view title) { change(tool.title, title, changes_.titles); }
+void Toolbox::setTip(Tool& tool, std::string_view tip) { change(tool.tip, tip, changes_.tips); }
+void Toolbox::setOptions(Tool& tool, std::int32_t options) { change(tool.options, options, changes_.looks); }
+
+void Toolbox::setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
+    change(tool.lightIcon, light, changes_.looks);
+    change(tool.darkIcon, dark, changes_.looks);
 }
 
 Tool* Toolbox::findByTitle(std::string_view title) const {

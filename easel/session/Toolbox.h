@@ -28,6 +28,14 @@ struct Tool {
     std::int32_t options = 0;
 };
 
+/// How often the tools have changed, to be compared with an earlier count.
+struct ToolChanges {
+    unsigned members = 0; ///< came or went
+    unsigned titles = 0;
+    unsigned tips = 0;
+    unsigned looks = 0; ///< icons and options
+};
+
 /// Begins with the host's own tools. The Selection Tool is current at first, and again when the current tool goes.
 class Toolbox {
   public:
@@ -38,6 +46,7 @@ class Toolbox {
     Tool& add(Tool tool);
     void remove(Tool& tool);
     template <class Predicate> void removeIf(Predicate predicate) {
+        ++changes_.members;
         if (predicate(*current_)) current_ = selectionTool_;
         tools_.removeIf(predicate);
     }
@@ -50,10 +59,17 @@ class Toolbox {
 
     void setCurrent(Tool& tool) { current_ = &tool; }
 
+    void setTitle(Tool& tool, std::string_view title);
+    void setTip(Tool& tool, std::string_view tip);
+    void setIcons(Tool& tool, std::int16_t light, std::int16_t dark);
+    void setOptions(Tool& tool, std::int32_t options);
+    [[nodiscard]] const ToolChanges& changes() const { return changes_; }
+
   private:
     Tool& addOwn(const char* name, std::unique_ptr<BuiltinTool> behaviour);
 
     Registry<Tool, AIToolHandle> tools_;
+    ToolChanges changes_;
     std::int16_t lastNumber_ = 0;
     Tool* selectionTool_;
     Tool* current_;

@@ -36,7 +36,7 @@ void getGroupName(MenuGroup& group, const char*& name) { name = group.name.c_str
 void getGroupText(MenuGroup& group, const char*& text) { text = group.text.c_str(); }
 void setGroupText(MenuGroup& group, std::string_view text) { menus().setText(group, text); }
 void getGroupEnabled(MenuGroup& group, AIBoolean& enabled) { enabled = group.enabled; }
-void setGroupEnabled(MenuGroup& group, AIBoolean enabled) { group.enabled = enabled != 0; }
+void setGroupEnabled(MenuGroup& group, AIBoolean enabled) { menus().setEnabled(group, enabled != 0); }
 void getGroupOptions(MenuGroup& group, std::int32_t& options) { options = group.options; }
 void setGroupOptions(MenuGroup& group, std::int32_t options) { menus().setOptions(group, options); }
 void getGroupParent(MenuGroup& group, AIMenuGroup& parent) { parent = handleOf(group.parent); }
@@ -61,9 +61,9 @@ void removeItem(MenuItem& item) { menus().removeItem(item); }
 void getText(MenuItem& item, const char*& text) { text = item.text.c_str(); }
 void setText(MenuItem& item, std::string_view text) { menus().setText(item, text); }
 void getEnabled(MenuItem& item, AIBoolean& enabled) { enabled = item.enabled; }
-void setEnabled(MenuItem& item, AIBoolean enabled) { item.enabled = enabled != 0; }
+void setEnabled(MenuItem& item, AIBoolean enabled) { menus().setEnabled(item, enabled != 0); }
 void getChecked(MenuItem& item, AIBoolean& checked) { checked = item.checked; }
-void setChecked(MenuItem& item, AIBoolean checked) { item.checked = checked != 0; }
+void setChecked(MenuItem& item, AIBoolean checked) { menus().setChecked(item, checked != 0); }
 void getOptions(MenuItem& item, std::int32_t& options) { options = item.options; }
 void getGroup(MenuItem& item, AIMenuGroup& group) { group = item.group->handle; }
 void getSubGroup(MenuItem& item, AIMenuGroup& group) { group = handleOf(item.opens); }

@@ -40,19 +40,19 @@ void getName(Tool& tool, const char*& name) { name = tool.name.c_str(); }
 void getTitle(Tool& tool, const char*& title) { title = tool.title.c_str(); }
 void setTitle(Tool& tool, std::string_view title) {
     requirePlugins(tool);
-    tool.title = title;
+    Session::current().toolbox.setTitle(tool, title);
 }
 
 void getTip(Tool& tool, const char*& tip) { tip = tool.tip.c_str(); }
 void setTip(Tool& tool, std::string_view tip) {
     requirePlugins(tool);
-    tool.tip = tip;
+    Session::current().toolbox.setTip(tool, tip);
 }
 
 void getOptions(Tool& tool, std::int32_t& options) { options = tool.options; }
 void setOptions(Tool& tool, std::int32_t options) {
     requirePlugins(tool);
-    tool.options = options;
+    Session::current().toolbox.setOptions(tool, options);
 }
 
 void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
@@ -62,8 +62,7 @@ void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
 
 void setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
     requirePlugins(tool);
-    tool.lightIcon = light;
-    tool.darkIcon = dark;
+    Session::current().toolbox.setIcons(tool, light, dark);
 }
 
 void getSelected(AIToolHandle& handle) { handle = Session::current().toolbox.current()->handle; }

@@ -22,6 +22,27 @@
 #define kAIToolSelectedNotifier "AI Tool Selected Notifier"
 #define kAIToolDeselectedNotifier "AI Tool Deselected Notifier"
 
+#define kAIDocumentWritePreprocessNotifier "AI Document Write Preprocess Notifier"
+#define kAIDocumentWritePostprocessNotifier "AI Document Write Postprocess Notifier"
+#define kAIDocumentChangedNotifier "AI Document Changed Notifier"
+#define kAIDocumentViewChangedNotifier "AI Document View Changed Notifier"
+#define kAIInvalidateByScrollNotifier "AI Invalidate By Scroll Notifier"
+#define kAIArtSelectionChangedNotifier "AI Art Selection Changed Notifier"
+#define kAIArtPropertiesChangedNotifier "AI Art Properties Changed Notifier"
+#define kAIUpdatePathStyleNotifier "AI Update PathStyle Notifier"
+#define kAIXMLNameChangedNotifier "AI XML Name Changed Notifier"
+#define kAICurrentLayerNotifier "AI Current Layer Notifier"
+#define kAILayerSetNotifier "AI Layer Set Notifier"
+#define kAILayerOptionsNotifier "AI Layer Options Notifier"
+#define kAILayerDeletionNotifier "AI Layer Deletion Notifier"
+#define kAIUserToolChangedNotifier "AI User Tool Changed Notifier"
+#define kAIToolTitleChangedNotifier "AI Tool Title Changed Notifier"
+#define kAIToolTooltipChangedNotifier "AI Tool Tooltip Changed Notifier"
+#define kAIToolChangedNotifier "AI Tool Changed Notifier"
+#define kAIToolWindowChangedNotifier "AI Tool Window Changed Notifier"
+#define kAIToolModifiersChangedNotifier "AI Tool Modifiers Changed Notifier"
+#define kAIMenuChangedNotifier "AI Menu Changed Notifier"
+
 typedef struct AINotifierMessage {
     SPMessageData d;
     AINotifierHandle notifier;

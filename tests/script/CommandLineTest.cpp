@@ -190,7 +190,7 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     fs::create_directories(folder / "out");
     fs::copy(PROJECT_DIR "/examples", folder / "examples");
-    for (const std::string name : {"cube", "shift-and-option"}) {
+    for (const std::string name : {"cube", "shift-and-option", "select"}) {
         const Ended ended = easel("run examples/" + name + ".js --plugin " ORTHOLINE_BUNDLE);
         EXPECT_EQ(ended.code, 0) << ended.output;
     }

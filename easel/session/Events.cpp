@@ -1,0 +1,78 @@
+// Looking and telling.
+#include "session/Events.h"
+
+#include <iterator>
+#include <utility>
+
+#include "hostapi/AINotifierSuite.h"
+#include "session/Session.h"
+
+namespace easel::session {
+
+Events::Sight Events::look() const {
+    Sight sight{.document = 0,
+                .layer = {},
+                .view = {},
+                .tool = session_.toolbox.current()->handle,
+                .modifiers = session_.pointer.modifiers(),
+                .tools = session_.toolbox.changes(),
+                .menus = session_.menus.changes()};
+    if (model::Document* const front = session_.document()) {
+        sight.document = session_.numberOf(*front);
+        sight.layer = front->currentLayer().id();
+        sight.view = front->view;
+    }
+    return sight;
+}
+
+bool Events::tell(Told& told) {
+    if (session_.pointer.pressed()) return false;
+    const Sight now = look();
+    const Sight before = std::exchange(seen_, now);
+    model::Document* const front = session_.document();
+    const model::Changes taken = front ? front->journal().takeChanges() : model::Changes{};
+    if (!session_.running()) return false;
+
+    // Whoever hears of another document looks at all of it anew.
+    const bool same = now.document == before.document;
+    const model::Changes changes = same ? taken : model::Changes{};
+    const bool otherTool = now.tool != before.tool;
+    const bool titles = now.tools.titles != before.tools.titles;
+    const bool tips = now.tools.tips != before.tools.tips;
+    const struct {
+        bool happened;
+        const char* type;
+    } events[] = {
+        {!same && now.document != 0, kAIDocumentChangedNotifier},
+        {changes.layerRemoved, kAILayerDeletionNotifier},
+        {changes.layers, kAILayerSetNotifier},
+        {changes.layerOptions, kAILayerOptionsNotifier},
+        {same && now.layer != before.layer, kAICurrentLayerNotifier},
+        {changes.art, kAIArtPropertiesChangedNotifier},
+        {changes.styles, kAIUpdatePathStyleNotifier},
+        {changes.names, kAIXMLNameChangedNotifier},
+        {changes.selection, kAIArtSelectionChangedNotifier},
+        {same && now.view != before.view, kAIDocumentViewChangedNotifier},
+        {same && now.view.center != before.view.center, kAIInvalidateByScrollNotifier},
+        {otherTool, kAIToolDeselectedNotifier},
+        {otherTool, kAIToolSelectedNotifier},
+        {otherTool, kAIUserToolChangedNotifier},
+        {titles, kAIToolTitleChangedNotifier},
+        {tips, kAIToolTooltipChangedNotifier},
+        {titles || tips || now.tools.looks != before.tools.looks, kAIToolChangedNotifier},
+        {now.tools.members != before.tools.members, kAIToolWindowChangedNotifier},
+        {now.menus != before.menus, kAIMenuChangedNotifier},
+        {now.modifiers != before.modifiers, kAIToolModifiersChangedNotifier},
+    };
+    static_assert(std::size(events) <= most);
+    bool any = false;
+    for (std::size_t i = 0; i < std::size(events); ++i) {
+        if (!events[i].happened || told[i]) continue;
+        told.set(i);
+        any = true;
+        session_.notify(events[i].type);
+    }
+    return any;
+}
+
+} // namespace easel::session
