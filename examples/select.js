@@ -25,4 +25,7 @@ mouse.stroke([[95, 55], [135, 65]]);
 mouse.stroke([[100, 60], [115, 60]]);
 assert(second.points[0].x === 115 && second.points[1].x === 145 && second.points[3].x === 100, "the square leans");
 assert(doc.undoDepth === drawn + 2, "two moves, two steps; selecting makes none");
+
+// Each has a group of the toolbox to itself.
+assert(app.toolbox[0][0][0] === "Selection Tool" && app.toolbox[1][0].length === 1, "two groups of one tool each");
 print("groups of the toolbox:", JSON.stringify(app.toolbox));
