@@ -111,8 +111,8 @@ class Document {
     [[nodiscard]] Node* topmostAt(Point point, double tolerance);
     /// The paths and opaque art that have a part in the box, in no order.
     [[nodiscard]] std::vector<Node*> touching(const Box& box);
-    /// The nearest visible anchor within `tolerance`, passing over art that the running gesture moved.
-    [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance);
+    /// The nearest of these within `tolerance` on visible art, passing over what the running gesture moved.
+    [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance, SnapTo what = SnapTo::Anchors);
 
     [[nodiscard]] Journal& journal();
 

@@ -71,6 +71,15 @@ class BestHit {
         }
     }
 
+    void offerBounds(Node& node) {
+        const Box box = node.type() == NodeType::Path ? node.path().bounds() : node.hull();
+        if (box.isEmpty()) return;
+        const Point middle{(box.left + box.right) / 2, (box.top + box.bottom) / 2};
+        for (const double x : {box.left, middle.x, box.right})
+            for (const double y : {box.top, middle.y, box.bottom})
+                offer(HitKind::Anchor, node, {x, y}, distanceSquared({x, y}, point_), -1);
+    }
+
     void offerFill(Node& node) {
         if (!wants(HitKind::Fill)) return;
         if (isFilledAt(node, point_)) offer(HitKind::Fill, node, point_, 0, -1);
@@ -151,13 +160,18 @@ std::vector<Node*> Document::touching(const Box& box) {
     return touched;
 }
 
-std::optional<Point> Document::snapPoint(Point point, double tolerance) {
+std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo what) {
     if (!isSearchable(point, tolerance)) return std::nullopt;
     impl_->findNear(point, tolerance);
     BestHit best(point, tolerance);
     for (Node* const node : impl_->found) {
         if (node->effectivelyHidden() || journal().wasPutBack(*node)) continue;
+        if (what == SnapTo::Bounds) {
+            best.offerBounds(*node);
+            continue;
+        }
         best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
+        if (what == SnapTo::Outlines) best.offerSegments(*node);
     }
     if (best.hit().kind == HitKind::None) return std::nullopt;
     return best.hit().point;

@@ -28,6 +28,13 @@ enum class HitRequest : std::uint32_t {
     return (std::uint32_t(request) & std::uint32_t(feature)) != 0;
 }
 
+/// What a location may be drawn to.
+enum class SnapTo : std::uint8_t {
+    Anchors,
+    Outlines, ///< anchors, else segments
+    Bounds    ///< corners, middles of the sides, and centre of an object's bounds
+};
+
 enum class HitKind : std::uint8_t { None, Anchor, InHandle, OutHandle, Segment, Fill };
 
 /// Opaque art has no feature but its fill, which is all of its box. What lies outside of a mask is not there, and the

@@ -81,6 +81,8 @@ void Journal::dropMark() {
     join(inner_, outer_);
 }
 
+void Journal::takeBack() { unwind(top()); }
+
 void Journal::abandon() {
     if (depth_ == 0) return;
     if (marked_) unwind(inner_);

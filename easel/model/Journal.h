@@ -51,6 +51,9 @@ class Journal {
     void rollBackToMark();
     /// Joins the inner record to the outer one; forgets what the gesture moved.
     void dropMark();
+    /// Undoes what the running transaction has changed so far, or since the document was last put back to a mark. The
+    /// transaction goes on.
+    void takeBack();
     /// Ends the outermost transaction by undoing all of it; ends of inner ones that follow are ignored.
     void abandon();
 

@@ -10,6 +10,24 @@ namespace {
 
 constexpr double kSameMove = 1e-9; ///< against the size of coordinates: of points that were moved together
 
+/// Includes where the cubic with these four coordinates turns back, inside (0, 1): the zeros of its derivative
+/// 3 (a t^2 + 2 b t + c). `at` makes a point of the curve from its parameter.
+template <class At> void includeTurns(double p0, double p1, double p2, double p3, const At& at) {
+    const double a = p3 - 3 * p2 + 3 * p1 - p0;
+    const double b = p2 - 2 * p1 + p0;
+    const double c = p1 - p0;
+    const double root = std::sqrt(std::max(b * b - a * c, 0.0));
+    // Without cancellation, and for a = 0 as well: q / a and c / q.
+    const double q = b < 0 ? root - b : -root - b;
+    for (const double t : {q / a, c / q})
+        if (t > 0 && t < 1) at(t);
+}
+
+double cubicAt(double p0, double p1, double p2, double p3, double t) {
+    const double s = 1 - t;
+    return s * s * s * p0 + 3 * s * s * t * p1 + 3 * s * t * t * p2 + t * t * t * p3;
+}
+
 } // namespace
 
 bool Box::meets(const Box& other) const {
@@ -60,6 +78,22 @@ std::optional<Point> commonMove(const PathData& was, const PathData& is) {
         }
     }
     return move;
+}
+
+Box PathData::bounds() const {
+    Box box;
+    for (const PathPoint& point : points) box.include(point.anchor);
+    for (std::size_t i = 0; i < segmentCount(); ++i) {
+        const PathPoint& start = points[i];
+        const PathPoint& end = points[i + 1 == points.size() ? 0 : i + 1];
+        const auto include = [&](double t) {
+            box.include(Point{cubicAt(start.anchor.x, start.out.x, end.in.x, end.anchor.x, t),
+                              cubicAt(start.anchor.y, start.out.y, end.in.y, end.anchor.y, t)});
+        };
+        includeTurns(start.anchor.x, start.out.x, end.in.x, end.anchor.x, include);
+        includeTurns(start.anchor.y, start.out.y, end.in.y, end.anchor.y, include);
+    }
+    return box;
 }
 
 } // namespace easel::model

@@ -50,6 +50,8 @@ struct PathData {
     [[nodiscard]] std::size_t segmentCount() const;
     /// Holds all anchors and control points, hence the whole curve.
     [[nodiscard]] Box hull() const;
+    /// Of the curve itself, without its control points.
+    [[nodiscard]] Box bounds() const;
 
     bool operator==(const PathData&) const = default;
 };

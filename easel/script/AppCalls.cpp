@@ -119,6 +119,20 @@ void chooseMenu(Host& host, const std::string& text) { host.session.chooseMenu(t
 
 void runFor(Host& host, Positive seconds) { host.session.runFor(seconds.value); }
 
+// Settings of the user
+
+double brightness(Host& host) { return host.session.brightness(); }
+
+void setBrightness(Host& host, double value) {
+    if (value < 0 || value > 1) throw BadArgument("the value must lie between 0 (dark) and 1 (light)");
+    host.session.setBrightness(value);
+}
+
+bool snapToPoint(Host& host) { return host.session.pointer.snapping.toPoint; }
+void setSnapToPoint(Host& host, Condition on) { host.session.pointer.snapping.toPoint = on.holds; }
+double gridSpacing(Host& host) { return host.session.pointer.snapping.gridSpacing; }
+void setGridSpacing(Host& host, Positive spacing) { host.session.pointer.snapping.gridSpacing = spacing.value; }
+
 // Plug-ins
 
 std::vector<PluginRecord> plugins(Host& host) {
@@ -128,19 +142,25 @@ std::vector<PluginRecord> plugins(Host& host) {
     return records;
 }
 
-std::int32_t sendMessage(Host& host, const std::string& name, const std::string& caller, const std::string& selector) {
+session::Plugin& pluginNamed(Host& host, const std::string& name) {
     for (auto* plugin : host.session.plugins.all()) {
         if (plugin->name != name) continue;
         if (!plugin->started) throw session::Error("the plug-in \"" + name + "\" is not running");
-        // A receiver may reply into fields behind the head, so there is room for them.
-        struct {
-            SPMessageData head;
-            std::array<std::uint64_t, 512> fields;
-        } record{};
-        return host.session.messenger.send(*plugin, caller.c_str(), selector.c_str(), record.head);
+        return *plugin;
     }
     throw session::Error("no plug-in has the name \"" + name + '"');
 }
+
+std::int32_t sendMessage(Host& host, const std::string& name, const std::string& caller, const std::string& selector) {
+    // A receiver may reply into fields behind the head, so there is room for them.
+    struct {
+        SPMessageData head;
+        std::array<std::uint64_t, 512> fields;
+    } record{};
+    return host.session.messenger.send(pluginNamed(host, name), caller.c_str(), selector.c_str(), record.head);
+}
+
+void reload(Host& host, const std::string& name) { host.session.reload(pluginNamed(host, name)); }
 
 void notify(Host& host, const std::string& type) { host.session.notify(type); }
 
@@ -178,7 +198,11 @@ constexpr Row app[] = {
     property<menus>("app.menus"),
     method<chooseMenu>("app.chooseMenu", "text"),
     method<runFor>("app.runFor", "seconds"),
+    property<brightness, setBrightness>("app.brightness"),
+    property<snapToPoint, setSnapToPoint>("app.snapToPoint"),
+    property<gridSpacing, setGridSpacing>("app.gridSpacing"),
     property<plugins>("app.plugins"),
+    method<reload>("app.reload", "plugin"),
     method<sendMessage>("app.sendMessage", "plugin, caller, selector"),
     method<notify>("app.notify", "type"),
     method<start>("app.start", ""),

@@ -1,5 +1,6 @@
 // The mouse and keys objects: what the user's hands do.
 #include "script/Calls.h"
+#include "session/Keys.h"
 
 namespace easel::script {
 
@@ -33,15 +34,28 @@ void stroke(Host& host, const std::vector<model::Point>& points, const Modifiers
     pointer.release(points.back(), bits(modifiers));
 }
 
-void pressKey(Host& host, const std::string& name, const Modifiers& /*modifiers*/) {
-    if (name != "Escape") throw BadArgument("argument 1 (name) must be \"Escape\", not \"" + name + '"');
-    if (host.session.pointer.pressed()) host.session.pointer.cancel();
+void rightClick(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.rightClick({x, y}, bits(modifiers));
+}
+
+model::Point location(Host& host) { return host.session.pointer.location(); }
+
+void pressKey(Host& host, const std::string& name, const Modifiers& modifiers) {
+    const auto code = session::keyCode(name);
+    if (!code) {
+        throw BadArgument("argument 1 (name) must be a key, such as \"A\", \"[\" or \"Escape\", not \"" + name + '"');
+    }
+    host.session.pressKey(*code, bits(modifiers));
 }
 
 constexpr Row mouse[] = {
-    method<move>("mouse.move", "x, y, modifiers"),       method<press>("mouse.press", "x, y, modifiers"),
-    method<drag>("mouse.drag", "x, y, modifiers"),       method<release>("mouse.release", "x, y, modifiers"),
+    method<move>("mouse.move", "x, y, modifiers"),
+    method<press>("mouse.press", "x, y, modifiers"),
+    method<drag>("mouse.drag", "x, y, modifiers"),
+    method<release>("mouse.release", "x, y, modifiers"),
     method<stroke>("mouse.stroke", "points, modifiers"),
+    method<rightClick>("mouse.rightClick", "x, y, modifiers"),
+    property<location>("mouse.location"),
 };
 
 constexpr Row keys[] = {

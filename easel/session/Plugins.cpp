@@ -1,12 +1,16 @@
-// Opening of bundles.
+// Opening of bundles, and what lies in them.
 #include "session/Plugins.h"
 
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "session/Error.h"
+#include "session/HostError.h"
 
 namespace easel::session {
 
@@ -52,7 +56,25 @@ Plugin& Plugins::load(const std::string& bundle) {
     plugin.file = bundle;
     plugin.fileName = path.filename();
     plugin.filePath = fs::absolute(path);
+    plugin.library = image;
     return plugin;
+}
+
+// Resources
+
+std::string resource(const Plugin& plugin, std::string_view type, int number) {
+    // A type is part of a file's name, never of its path.
+    const bool plain = std::all_of(type.begin(), type.end(), [](unsigned char c) { return std::isalnum(c); });
+    if (type.empty() || !plain) throw HostError{kBadParameterErr};
+    if (plugin.filePath.empty()) throw HostError{kRefusedErr};
+    const std::string name = std::to_string(number) + '.' + std::string(type);
+    const auto file = std::filesystem::path(plugin.filePath) / "Contents" / "Resources" / name;
+    std::error_code failure;
+    if (!std::filesystem::is_regular_file(file, failure)) throw HostError{kRefusedErr};
+    std::ifstream in(file, std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!in) throw HostError{kRefusedErr};
+    return bytes;
 }
 
 } // namespace easel::session

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "hostapi/SPMessages.h"
 #include "session/Handles.h"
@@ -16,11 +17,18 @@ struct Plugin {
     std::string fileName;
     std::string filePath; ///< absolute
     std::int32_t options = 0;
+    std::int32_t toolSnapping = 0; ///< kSnapToArt ...
+    void* library = nullptr;       ///< as the dynamic linker knows it; null for a function
     SPEntry entry = nullptr;
     void* globals = nullptr;
+    bool monitorsInput = false; ///< is told of keys and mouse buttons
     bool started = false;
     bool broken = false; ///< declined to start; is called no more
 };
+
+/// The bytes of the resource Contents/Resources/NUMBER.TYPE of the plug-in's bundle. Throws HostError when the type is
+/// not made of letters and digits, and when there is no such resource.
+[[nodiscard]] std::string resource(const Plugin& plugin, std::string_view type, int number);
 
 class Plugins {
   public:

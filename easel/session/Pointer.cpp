@@ -2,6 +2,8 @@
 // join it.
 #include "session/Pointer.h"
 
+#include <cmath>
+
 #include "session/Session.h"
 
 namespace easel::session {
@@ -10,8 +12,12 @@ void Pointer::locate(model::Point location, Modifiers modifiers) {
     modifiers_ = modifiers;
     hand_ = location_ = location;
     model::Document* const document = session_.document();
-    if (!snapToPoint || !document) return;
-    if (const auto anchor = document->snapPoint(location, snapTolerance / document->view.zoom)) location_ = *anchor;
+    const Tool* const tool = session_.toolbox.current();
+    if (document) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+}
+
+void Pointer::hold(model::Point location) {
+    if (std::isfinite(location.x) && std::isfinite(location.y)) location_ = location;
 }
 
 void Pointer::send(const char* selector, BuiltinTool::Handler handler) {
@@ -38,6 +44,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     if (pressed_) throw Error("the mouse button is down already");
     model::Document& document = session_.needDocument();
     locate(location, modifiers);
+    session_.tellInput(kSelectorStageMousePressed, kStageLeftButton);
     pressed_ = true;
     const Tool& tool = *session_.toolbox.current();
     tool_ = tool.handle;
@@ -67,6 +74,11 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
         if (buffered_) journal.dropMark();
         journal.end();
     });
+}
+
+void Pointer::rightClick(model::Point location, Modifiers modifiers) {
+    locate(location, modifiers);
+    session_.tellInput(kSelectorStageMousePressed, kStageRightButton);
 }
 
 void Pointer::cancel() {

@@ -1,4 +1,4 @@
-// Mouse and modifier keys: turns what the user does into tool messages, snaps the location to anchors, and runs a
+// Mouse and modifier keys: turns what the user does into tool messages, snaps the location, and runs a
 // gesture from press to release with its roll-backs. One gesture is one undo step.
 #pragma once
 
@@ -7,6 +7,7 @@
 #include "hostapi/AIToolSuite.h"
 #include "model/Types.h"
 #include "session/BuiltinTools.h"
+#include "session/Snapping.h"
 
 namespace easel::session {
 
@@ -21,6 +22,8 @@ class Pointer {
     void press(model::Point location, Modifiers modifiers);
     void drag(model::Point location, Modifiers modifiers);
     void release(model::Point location, Modifiers modifiers);
+    /// A click with the right button. Tools do not hear of it, monitors do.
+    void rightClick(model::Point location, Modifiers modifiers);
     /// Ends a running gesture with its mouse-up and puts the document back to before the press.
     void cancel();
 
@@ -30,13 +33,15 @@ class Pointer {
     void postRelease(model::Point place) { post("release", &Pointer::release, place); }
 
     [[nodiscard]] bool pressed() const { return pressed_; }
-    [[nodiscard]] model::Point location() const { return location_; } ///< after snapping
-    [[nodiscard]] model::Point hand() const { return hand_; }         ///< before snapping
+    /// After snapping, and where the tool holds it.
+    [[nodiscard]] model::Point location() const { return location_; }
+    [[nodiscard]] model::Point hand() const { return hand_; } ///< before snapping
+    /// Takes over where a tool holds the pointer; a location that is none is not taken.
+    void hold(model::Point location);
+    void setModifiers(Modifiers modifiers) { modifiers_ = modifiers; }
     [[nodiscard]] Modifiers modifiers() const { return modifiers_; }
 
-    /// "Snap to Point": locations move onto an anchor within `snapTolerance` screen units.
-    bool snapToPoint = true;
-    static constexpr double snapTolerance = 2;
+    Snapping snapping;
 
   private:
     using Deed = void (Pointer::*)(model::Point, Modifiers);

@@ -5,6 +5,7 @@
 #include <cassert>
 #include <cstdio>
 
+#include "session/Keys.h"
 #include "suites/Suites.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
@@ -58,6 +59,7 @@ std::vector<std::string> Session::start() {
         anyNew = true;
         SPMessageData message{};
         plugin->started = true;
+        messenger.send(*plugin, kSPAccessCaller, kSPAccessReloadSelector, message);
         const SPErr answer = messenger.send(*plugin, kSPInterfaceCaller, kSPInterfaceStartupSelector, message);
         if (answer == kNoErr) continue;
         plugin->started = false;
@@ -86,6 +88,7 @@ void Session::quit() {
         if (!(*at)->started) continue;
         SPMessageData message{};
         messenger.send(**at, kSPInterfaceCaller, kSPInterfaceShutdownSelector, message);
+        messenger.send(**at, kSPAccessCaller, kSPAccessUnloadSelector, message);
         (*at)->started = false;
         forget(**at);
     }
@@ -98,6 +101,12 @@ void Session::quit() {
     memory = {};
 }
 
+void Session::reload(Plugin& plugin) {
+    SPMessageData message{};
+    messenger.send(plugin, kSPAccessCaller, kSPAccessUnloadSelector, message);
+    messenger.send(plugin, kSPAccessCaller, kSPAccessReloadSelector, message);
+}
+
 void Session::forget(Plugin& plugin) {
     const auto owned = [&](const auto& object) { return object.owner == &plugin; };
     notifiers.removeIf(owned);
@@ -106,6 +115,8 @@ void Session::forget(Plugin& plugin) {
     timers.removeIf(owned);
     menus.forget(plugin);
     if (cursor_.plugin == plugin.handle) cursor_ = {};
+    plugin.toolSnapping = 0;
+    plugin.monitorsInput = false;
 }
 
 void Session::notify(std::string_view type) {
@@ -220,6 +231,26 @@ void Session::sendToTool(Tool& tool, const char* selector) {
     AIToolMessage message{
         .d = {}, .tool = tool.handle, .cursor = {location.x, location.y}, .modifiers = pointer.modifiers()};
     messenger.send(*tool.owner, kCallerAITool, selector, message.d);
+    pointer.hold({message.cursor.h, message.cursor.v});
+}
+
+// Keys
+
+void Session::tellInput(const char* selector, std::int32_t code) {
+    for (Plugin* plugin : plugins.all()) {
+        if (!plugin->monitorsInput) continue;
+        StageInputMessage message{.d = {}, .code = code};
+        messenger.send(*plugin, kCallerStage, selector, message.d);
+    }
+}
+
+void Session::pressKey(std::int32_t code, Modifiers modifiers) {
+    pointer.setModifiers(modifiers);
+    tellInput(kSelectorStageKeyPressed, code);
+    Tool* const tool = toolbox.current();
+    if (code == key::escape) pointer.cancel();
+    if (code == key::leftBracket && tool) sendToTool(*tool, kSelectorAIDecreaseDiameter);
+    if (code == key::rightBracket && tool) sendToTool(*tool, kSelectorAIIncreaseDiameter);
 }
 
 // Menus and time
@@ -255,6 +286,14 @@ void Session::runFor(double seconds) {
         messenger.send(*timer->owner, kCallerAITimer, kSelectorAIGoTimer, message.d);
     }
     timers.setNow(end);
+}
+
+// Interface
+
+void Session::setBrightness(double brightness) {
+    if (brightness == brightness_) return;
+    brightness_ = brightness;
+    notify(kAIUIBrightnessChangedNotifier);
 }
 
 // Diagnostics

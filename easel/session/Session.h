@@ -48,6 +48,8 @@ class Session {
     void quit();
     /// Between start and quit.
     [[nodiscard]] bool running() const { return running_; }
+    /// Has a running plug-in get ready to leave memory, and come back. It stays mapped.
+    void reload(Plugin& plugin);
     /// Raises an event: each subscriber of `type` gets its notifier message.
     void notify(std::string_view type);
 
@@ -75,6 +77,13 @@ class Session {
     void setCursor(const StageCursor& cursor) { cursor_ = cursor; }
     double displayScale = 1; ///< pixels for a screen unit
 
+    // Keys
+    /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
+    /// gesture, and the brackets ask the current tool for another diameter.
+    void pressKey(std::int32_t code, Modifiers modifiers);
+    /// Tells the plug-ins that monitor input of a key or a mouse button.
+    void tellInput(const char* selector, std::int32_t code);
+
     // Menus and time
     /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
     void updateMenus();
@@ -82,6 +91,10 @@ class Session {
     void chooseMenu(const std::string& text);
     /// Lets time pass, with the messages of the timers that fall due; no message while a mouse button is down.
     void runFor(double seconds);
+
+    // Interface
+    [[nodiscard]] double brightness() const { return brightness_; } ///< 0 dark to 1 light
+    void setBrightness(double brightness);
 
     // Diagnostics
     /// Writes one line about misbehaviour to standard error and keeps it.
@@ -117,6 +130,7 @@ class Session {
     std::vector<OpenDocument> documents_;
     std::uint32_t lastDocumentNumber_ = 0;
     StageCursor cursor_{};
+    double brightness_ = 1;
     bool running_ = false;
     std::vector<std::string> reports_;
 };

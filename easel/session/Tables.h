@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIHitTestSuite.h"
@@ -54,6 +55,7 @@ struct Tables {
     Published<AIMatchingArtSuite> matchingArt{kAIMatchingArtSuite, kAIMatchingArtSuiteVersion};
     Published<AIMdMemorySuite> memory{kAIMdMemorySuite, kAIMdMemorySuiteVersion};
     Published<AIHitTestSuite> hitTest{kAIHitTestSuite, kAIHitTestSuiteVersion};
+    Published<AICursorSnapSuite> cursorSnap{kAICursorSnapSuite, kAICursorSnapSuiteVersion};
     Published<AIUndoSuite> undo{kAIUndoSuite, kAIUndoSuiteVersion};
     Published<AIRealMathSuite> realMath{kAIRealMathSuite, kAIRealMathSuiteVersion};
     Published<StageSuite> stage{kStageSuite, kStageSuiteVersion};
@@ -62,7 +64,7 @@ struct Tables {
     template <class Visit> void each(Visit visit) {
         const auto all = [&](auto&... suites) { (visit(suites), ...); };
         all(plugins, interface, pluginGroup, notifier, tool, menu, timer, art, path, pathStyle, layer, document, view,
-            matchingArt, memory, hitTest, undo, realMath, stage);
+            matchingArt, memory, hitTest, cursorSnap, undo, realMath, stage);
     }
 };
 

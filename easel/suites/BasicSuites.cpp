@@ -69,6 +69,20 @@ void setPluginOptions(session::Plugin& plugin, std::int32_t options) { plugin.op
 void getPluginStarted(session::Plugin& plugin, AIBoolean& started) { started = plugin.started; }
 void getPluginBroken(session::Plugin& plugin, AIBoolean& broken) { broken = plugin.broken; }
 
+void getPluginPlatformRef(session::Plugin& plugin, void*& library) { library = plugin.library; }
+
+void getResourceSize(session::Plugin& plugin, std::string_view type, std::int16_t number, std::int32_t& size) {
+    const std::size_t bytes = session::resource(plugin, type, number).size();
+    require(bytes <= INT32_MAX, kRefusedErr);
+    size = static_cast<std::int32_t>(bytes);
+}
+
+void getResource(session::Plugin& plugin, std::string_view type, std::int16_t number, std::int32_t capacity,
+                 void* bytes) {
+    require(capacity >= 0 && bytes);
+    session::resource(plugin, type, number).copy(static_cast<char*>(bytes), static_cast<std::size_t>(capacity));
+}
+
 // Interface
 
 void setUpMessageData(session::Plugin& plugin, SPMessageData& message) { host().messenger.address(plugin, message); }
@@ -143,6 +157,7 @@ void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
     const model::Point place{location.h, location.v};
     event == kStageMouseDown ? host().pointer.postPress(place) : host().pointer.postRelease(place);
 }
+void monitorInput(session::Plugin& self, AIBoolean monitor) { self.monitorsInput = monitor != 0; }
 
 // Real math
 
@@ -170,6 +185,9 @@ void fill(SPPluginsSuite& suite) {
     enter<&SPPluginsSuite::SetPluginOptions, setPluginOptions>(suite);
     enter<&SPPluginsSuite::GetPluginStarted, getPluginStarted>(suite);
     enter<&SPPluginsSuite::GetPluginBroken, getPluginBroken>(suite);
+    enter<&SPPluginsSuite::GetPluginPlatformRef, getPluginPlatformRef>(suite);
+    enter<&SPPluginsSuite::GetPluginResourceSize, getResourceSize>(suite);
+    enter<&SPPluginsSuite::GetPluginResource, getResource>(suite);
 }
 
 void fill(SPInterfaceSuite& suite) {
@@ -198,6 +216,7 @@ void fill(StageSuite& suite) {
     enter<&StageSuite::GetDisplayScale, getDisplayScale>(suite);
     enter<&StageSuite::GetPointerLocation, getPointerLocation>(suite);
     enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
+    enter<&StageSuite::MonitorInput, monitorInput>(suite);
 }
 
 void fill(AIRealMathSuite& suite) { enter<&AIRealMathSuite::RealPointLength, pointLength>(suite); }

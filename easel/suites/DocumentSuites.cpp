@@ -72,6 +72,8 @@ void setKind(std::int32_t kind) {
     currentDocument().journal().setKind(kinds[kind]);
 }
 
+void undoChanges() { currentDocument().journal().takeBack(); }
+
 } // namespace
 
 void fill(AIDocumentSuite& suite) { enter<&AIDocumentSuite::GetDocument, getDocument>(suite); }
@@ -96,6 +98,9 @@ void fill(AILayerSuite& suite) {
     enter<&AILayerSuite::DeselectLayerArt, deselectArt>(suite);
 }
 
-void fill(AIUndoSuite& suite) { enter<&AIUndoSuite::SetKind, setKind>(suite); }
+void fill(AIUndoSuite& suite) {
+    enter<&AIUndoSuite::SetKind, setKind>(suite);
+    enter<&AIUndoSuite::UndoChanges, undoChanges>(suite);
+}
 
 } // namespace easel::suites

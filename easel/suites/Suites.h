@@ -24,6 +24,7 @@ void fill(AIDocumentViewSuite& suite);
 void fill(AIMatchingArtSuite& suite);
 void fill(AIMdMemorySuite& suite);
 void fill(AIHitTestSuite& suite);
+void fill(AICursorSnapSuite& suite);
 void fill(AIUndoSuite& suite);
 void fill(AIRealMathSuite& suite);
 void fill(StageSuite& suite);

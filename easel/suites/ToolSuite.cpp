@@ -1,4 +1,4 @@
-// The tool suite on the session's toolbox.
+// The tool suite on the session's toolbox, and what its tools snap to.
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
@@ -76,7 +76,21 @@ void setSelected(Tool& tool) {
     });
 }
 
+// Snapping
+
+void getSnapping(session::Plugin& self, std::int32_t& kinds) { kinds = self.toolSnapping; }
+
+void setSnapping(session::Plugin& self, std::int32_t kinds) {
+    require((kinds & ~(kSnapToArt | kSnapToArtBounds | kSnapToArtboard | kSnapToGrids)) == 0);
+    self.toolSnapping = kinds;
+}
+
 } // namespace
+
+void fill(AICursorSnapSuite& suite) {
+    enter<&AICursorSnapSuite::GetToolSnapping, getSnapping>(suite);
+    enter<&AICursorSnapSuite::SetToolSnapping, setSnapping>(suite);
+}
 
 void fill(AIToolSuite& suite) {
     enter<&AIToolSuite::AddTool, addTool>(suite);

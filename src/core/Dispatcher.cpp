@@ -140,6 +140,34 @@ bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
     return true;
 }
 
+// Keys and mouse buttons
+
+namespace {
+
+plugin::Monitors& monitors() { return Plugin::instance()->impl().monitors(); }
+
+} // namespace
+
+std::uint32_t Dispatcher::addKeypressMonitor(VirtualKey key, const Callback& callback) {
+    return monitors().add(plugin::Input(key), CallbackSlot(callback));
+}
+
+Callback* Dispatcher::getKeypressMonitor(std::uint32_t id) const {
+    return monitors().find(plugin::Input::Kind::Key, id);
+}
+
+void Dispatcher::removeKeypressMonitor(std::uint32_t id) { monitors().remove(plugin::Input::Kind::Key, id); }
+
+std::uint32_t Dispatcher::addMouseMonitor(MouseButton button, const Callback& callback) {
+    return monitors().add(plugin::Input(button), CallbackSlot(callback));
+}
+
+Callback* Dispatcher::getMouseMonitor(std::uint32_t id) const {
+    return monitors().find(plugin::Input::Kind::Button, id);
+}
+
+void Dispatcher::removeMouseMonitor(std::uint32_t id) { monitors().remove(plugin::Input::Kind::Button, id); }
+
 void* Dispatcher::lastRecord() const { return impl_.lastRecord(); }
 
 } // namespace kzo::core

@@ -9,6 +9,7 @@
 #include "core/MessageType.h"
 #include "core/Notifier.h"
 #include "core/Timer.h"
+#include "core/VirtualKey.h"
 
 namespace kzo::plugin {
 class Dispatcher;
@@ -46,6 +47,15 @@ class Dispatcher {
     void unregisterTimer(const Timer& timer);
     /// Runs the callback once, when `delay` seconds have passed. False when the host refuses.
     bool scheduleCallback(const Callback& callback, double delay);
+
+    // Keys and mouse buttons, wherever in the application they are pressed
+    /// Answers the monitor's number, or 0 when the platform tells of none.
+    std::uint32_t addKeypressMonitor(VirtualKey key, const Callback& callback);
+    [[nodiscard]] Callback* getKeypressMonitor(std::uint32_t id) const; ///< null when there is none
+    void removeKeypressMonitor(std::uint32_t id);
+    std::uint32_t addMouseMonitor(MouseButton button, const Callback& callback);
+    [[nodiscard]] Callback* getMouseMonitor(std::uint32_t id) const;
+    void removeMouseMonitor(std::uint32_t id);
 
     // The message being handled; null outside of any. A nested one hides the outer one until it returns.
     [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }

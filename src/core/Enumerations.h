@@ -72,6 +72,9 @@ enum class ToolOptions : std::int32_t {
     BufferedDragging = 32 ///< what a drag changed is taken back before the next drag and before the release
 };
 
+/// What the locations of tool messages are drawn to.
+enum class ToolSnapping : std::int32_t { None = 0, Art = 1, ArtBounds = 2, Artboard = 4, Grids = 8 };
+
 /// The host's own cursors, by number.
 enum class AdobeCursor : unsigned { Pen = 20, Move = 140, PenContinue = 230 };
 
@@ -96,3 +99,4 @@ template <> struct kzo::utils::IsBitSet<kzo::core::HitRequest> : std::true_type 
 template <> struct kzo::utils::IsBitSet<kzo::core::ModifierKeys> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::PluginOptions> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::ToolOptions> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::ToolSnapping> : std::true_type {};

@@ -54,12 +54,26 @@ SPPlugin* Plugin::spPluginRef() const { return impl_->spPluginRef(); }
 const std::string& Plugin::name() const { return impl_->name(); }
 void Plugin::setName(const std::string& name) { impl_->setName(name); }
 
+std::string Plugin::fileName() const { return impl_->listing().fileName(); }
+std::string Plugin::filePath() const { return impl_->listing().filePath(); }
+void* Plugin::platformPlugin() const { return impl_->listing().platformPlugin(); }
+PluginOptions Plugin::options() const { return impl_->listing().options(); }
+void Plugin::setOptions(PluginOptions options) { impl_->listing().setOptions(options); }
+std::vector<std::uint8_t> Plugin::resourceData(const std::string& type, std::int16_t number) const {
+    return impl_->listing().resourceData(type, number);
+}
+
 // Callbacks of menus
 
 Callback* Plugin::menuItemSelectedCallback() const { return impl_->menus().selected.get(); }
 void Plugin::setMenuItemSelectedCallback(const Callback& callback) { impl_->menus().selected.set(callback); }
 Callback* Plugin::menuItemsUpdateCallback() const { return impl_->menus().updating.get(); }
 void Plugin::setMenuItemsUpdateCallback(const Callback& callback) { impl_->menus().updating.set(callback); }
+
+// Callback of the interface
+
+Callback* Plugin::brightnessAdjustedCallback() const { return impl_->brightnessAdjusted.get(); }
+void Plugin::setBrightnessAdjustedCallback(const Callback& callback) { impl_->brightnessAdjusted.set(callback); }
 
 // Callbacks around the events of tools
 
@@ -120,7 +134,22 @@ void Plugin::setToolPostEditedCallback(const Callback& callback) { setAfter(Tool
 // Parts
 
 Tool Plugin::currentTool() const { return Tool(impl_->currentTool()); }
+
+// Undo
+
 bool Plugin::setUndoKind(UndoContext context) { return plugin::BasePlugin::setUndoKind(context); }
+bool Plugin::undo() { return plugin::BasePlugin::undo(); }
+
+// Snapping
+
+bool Plugin::toolsSnapToArt() const { return impl_->toolsSnapTo(ToolSnapping::Art); }
+void Plugin::setToolsSnapToArt(bool snap) { impl_->setToolsSnapTo(ToolSnapping::Art, snap); }
+bool Plugin::toolsSnapToArtBounds() const { return impl_->toolsSnapTo(ToolSnapping::ArtBounds); }
+void Plugin::setToolsSnapToArtBounds(bool snap) { impl_->setToolsSnapTo(ToolSnapping::ArtBounds, snap); }
+bool Plugin::toolsSnapToArtboard() const { return impl_->toolsSnapTo(ToolSnapping::Artboard); }
+void Plugin::setToolsSnapToArtboard(bool snap) { impl_->setToolsSnapTo(ToolSnapping::Artboard, snap); }
+bool Plugin::toolsSnapToGrids() const { return impl_->toolsSnapTo(ToolSnapping::Grids); }
+void Plugin::setToolsSnapToGrids(bool snap) { impl_->setToolsSnapTo(ToolSnapping::Grids, snap); }
 
 // Phases
 

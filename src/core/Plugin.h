@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Callback.h"
 #include "core/Enumerations.h"
@@ -30,6 +31,8 @@ void pluginDestroy(Plugin* plugin);
 
 class Plugin {
   public:
+    using Options = PluginOptions;
+
     Plugin(SPPlugin* plugin, const std::string& name);
     ~Plugin();
     Plugin(const Plugin&) = delete;
@@ -42,6 +45,13 @@ class Plugin {
     [[nodiscard]] SPPlugin* spPluginRef() const;
     [[nodiscard]] const std::string& name() const;
     void setName(const std::string& name);
+    [[nodiscard]] std::string fileName() const; ///< of the bundle
+    [[nodiscard]] std::string filePath() const; ///< of the bundle, the file name included
+    [[nodiscard]] void* platformPlugin() const; ///< the platform's own reference to the loaded library, or null
+    [[nodiscard]] Options options() const;
+    void setOptions(Options options);
+    /// The bytes of a resource of the bundle, say `("png", 17000)`; none when there is no such resource.
+    [[nodiscard]] std::vector<std::uint8_t> resourceData(const std::string& type, std::int16_t number) const;
 
     // State of life. The first of a pair holds while the phase's work runs, the second from its end on.
     [[nodiscard]] bool startingUp() const { return startup_.running; }
@@ -68,6 +78,10 @@ class Plugin {
     void setMenuItemSelectedCallback(const Callback& callback);
     [[nodiscard]] Callback* menuItemsUpdateCallback() const;
     void setMenuItemsUpdateCallback(const Callback& callback);
+
+    // Callback of the interface: its brightness has changed
+    [[nodiscard]] Callback* brightnessAdjustedCallback() const;
+    void setBrightnessAdjustedCallback(const Callback& callback);
 
     // Callbacks around the events of tools, whichever tool it is: before its own callback, and after it
     [[nodiscard]] Callback* toolPreSelectedCallback() const;
@@ -120,8 +134,21 @@ class Plugin {
     void setAboutMenuItem(const MenuItem& item) { aboutMenuItem_ = item; }
     [[nodiscard]] const MenuItem& prefsMenuItem() const { return prefsMenuItem_; }
     void setPrefsMenuItem(const MenuItem& item) { prefsMenuItem_ = item; }
-    /// What becomes of the changes of the message being handled. False when the host refuses.
+
+    // Undo; both false when the host refuses
+    /// What becomes of the changes of the message being handled.
     bool setUndoKind(UndoContext context);
+    bool undo(); ///< takes back what the message being handled has changed so far
+
+    // Snapping: what the locations of tool messages are drawn to, for all our tools; nothing at first
+    [[nodiscard]] bool toolsSnapToArt() const;
+    void setToolsSnapToArt(bool snap);
+    [[nodiscard]] bool toolsSnapToArtBounds() const;
+    void setToolsSnapToArtBounds(bool snap);
+    [[nodiscard]] bool toolsSnapToArtboard() const;
+    void setToolsSnapToArtboard(bool snap);
+    [[nodiscard]] bool toolsSnapToGrids() const;
+    void setToolsSnapToGrids(bool snap);
 
     // For the entry: each phase runs once, a second call does nothing
     /// 0, or the number of the framework's failure: 1000, 1010.

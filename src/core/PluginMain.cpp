@@ -71,23 +71,25 @@ std::int32_t setUp(void* record) {
     return done;
 }
 
-std::int32_t life(Plugin* plugin, std::string_view selector) {
+std::int32_t life(Plugin* plugin, std::string_view selector, void* record) {
     if (selector == startup) plugin->__startup();
     if (selector == shutdown) plugin->__shutdown();
+    if (selector == about && plugin->dispatcher()) plugin->dispatcher()->message(interface, about, record);
     return done;
 }
 
 std::int32_t route(std::string_view caller, std::string_view selector, void* record) {
     const Passage passage;
     if (Plugin::instance() && Plugin::instance()->hasShutdown()) return done; // only not deleted yet
+    const bool begins = !Plugin::instance();
+    if (begins && (caller != interface || selector != startup)) return done; // nobody is there who would use the host
     plugin::useHost(record);
-    if (!Plugin::instance()) {
-        if (caller != interface || selector != startup) return done;
+    if (begins) {
         if (const std::int32_t failure = setUp(record)) return failure;
     }
     Plugin* const plugin = Plugin::instance();
     if (caller == access) return done;
-    if (caller == interface) return life(plugin, selector);
+    if (caller == interface) return life(plugin, selector, record);
     if (caller == notifier) {
         const plugin::NotifyMessage event(record);
         if (event.type == applicationStarted) return plugin->__postStartup(), done;

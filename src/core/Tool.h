@@ -29,17 +29,19 @@ class __IntToolSubclass;
 /// handled and of the gesture so far; tolerances of hit tests are in screen units.
 class Tool {
   public:
+    using Options = ToolOptions;
+
     // Construction; texts are what the user sees
     Tool() = default; ///< empty
     /// In the group and slot of the tools with these numbers; -2 opens a new one.
     Tool(std::int16_t group, std::int16_t toolset, const std::string& title, const std::string& tip,
-         std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
+         std::int16_t lightIconID, std::int16_t darkIconID, Options options);
     /// In the group of `group`, and in the slot of `toolset` if there is one. An empty `group` opens new ones.
     Tool(const Tool& group, const Tool* toolset, const std::string& title, const std::string& tip,
-         std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
+         std::int16_t lightIconID, std::int16_t darkIconID, Options options);
     /// The same beside the host's own tools. One that the host lacks counts as empty.
     Tool(BuiltinTool group, std::optional<BuiltinTool> toolset, const std::string& title, const std::string& tip,
-         std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options);
+         std::int16_t lightIconID, std::int16_t darkIconID, Options options);
     explicit Tool(const std::shared_ptr<plugin::BaseTool>& impl);
 
     // Identity
@@ -55,8 +57,8 @@ class Tool {
     void setLightIconID(std::int16_t id);
     [[nodiscard]] std::int16_t darkIconID() const;
     void setDarkIconID(std::int16_t id);
-    [[nodiscard]] ToolOptions options() const;
-    void setOptions(ToolOptions options);
+    [[nodiscard]] Options options() const;
+    void setOptions(Options options);
     [[nodiscard]] bool selected() const;
     void setSelected(); ///< makes it the host's current tool
     void destroy();     ///< takes it out of the toolbox

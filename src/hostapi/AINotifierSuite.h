@@ -19,6 +19,7 @@
 #define kAIDocumentSavedNotifier "AI Document Saved Notifier"
 #define kAIDocumentAboutToCloseNotifier "AI Document About To Close Notifier"
 #define kAIDocumentClosedNotifier "AI Document Closed Notifier"
+#define kAIUIBrightnessChangedNotifier "AI UI Brightness Changed Notifier"
 #define kAIToolSelectedNotifier "AI Tool Selected Notifier"
 #define kAIToolDeselectedNotifier "AI Tool Deselected Notifier"
 

@@ -34,7 +34,7 @@ enum { kNoToolNumber = -2 };
 typedef struct AIToolMessage {
     SPMessageData d;
     AIToolHandle tool;
-    AIRealPoint cursor;
+    AIRealPoint cursor; /* where the pointer is, after snapping; on return, where the tool holds it */
     uint32_t modifiers; /* kAIShiftKey ... */
 } AIToolMessage;
 

@@ -15,6 +15,9 @@ enum {
 
 typedef struct AIUndoSuite {
     AIErr (*SetKind)(int32_t kind);
+    /* Takes back what the running message has changed so far, and in a gesture with buffered dragging what it has
+     * changed since the document was last put back. */
+    AIErr (*UndoChanges)(void);
 } AIUndoSuite;
 
 #endif

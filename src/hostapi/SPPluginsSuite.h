@@ -26,6 +26,13 @@ typedef struct SPPluginsSuite {
      * more. */
     SPErr (*GetPluginStarted)(SPPluginRef plugin, AIBoolean* started);
     SPErr (*GetPluginBroken)(SPPluginRef plugin, AIBoolean* broken);
+    /* The platform's own reference to the loaded library, null for a plug-in that came from no file. */
+    SPErr (*GetPluginPlatformRef)(SPPluginRef plugin, void** library);
+    /* A resource of the plug-in's bundle: the file Contents/Resources/NUMBER.TYPE, such as 17000.png. First its size in
+     * bytes, then its bytes, as many as `capacity`. kBadParameterErr: `type` is not made of letters and digits, or the
+     * capacity is negative. kRefusedErr: there is no such resource, or it cannot be read. */
+    SPErr (*GetPluginResourceSize)(SPPluginRef plugin, const char* type, int16_t number, int32_t* size);
+    SPErr (*GetPluginResource)(SPPluginRef plugin, const char* type, int16_t number, int32_t capacity, void* bytes);
 } SPPluginsSuite;
 
 #endif

@@ -5,7 +5,7 @@
 #ifndef HOSTAPI_STAGESUITE_H
 #define HOSTAPI_STAGESUITE_H
 
-#include "hostapi/SPTypes.h"
+#include "hostapi/SPMessages.h"
 
 #define kStageSuite "Stage Suite"
 #define kStageSuiteVersion 1
@@ -21,6 +21,19 @@ typedef struct StageCursor {
 
 /* What the user's hand does with the mouse button. */
 enum { kStageMouseDown = 1, kStageMouseUp = 2 };
+
+#define kCallerStage "Stage"
+#define kSelectorStageKeyPressed "Key Pressed"
+#define kSelectorStageMousePressed "Mouse Pressed"
+
+enum { kStageLeftButton = 1, kStageRightButton = 2, kStageOtherButton = 3 };
+
+/* A key or a mouse button was pressed, wherever in the application. Goes to plug-ins that monitor input, before the
+ * host acts on it. */
+typedef struct StageInputMessage {
+    SPMessageData d;
+    int32_t code; /* of the key, as the platform's keyboards number them; or of the button */
+} StageInputMessage;
 
 typedef struct StageSuite {
     /* The modifier keys held now, kAIShiftKey ... */
@@ -41,6 +54,8 @@ typedef struct StageSuite {
      * press without a document, is dropped, and the host reports it. kBadParameterErr: another event, or a place that
      * is not finite. */
     AIErr (*PostMouseEvent)(int32_t event, const AIRealPoint* location);
+    /* Whether the plug-in is sent input messages; at first it is not. */
+    AIErr (*MonitorInput)(SPPluginRef self, AIBoolean monitor);
 } StageSuite;
 
 #endif

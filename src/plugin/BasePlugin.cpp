@@ -8,7 +8,6 @@
 #include "plugin/Cursor.h"
 #include "plugin/HostCall.h"
 #include "plugin/MenuGroup.h"
-#include "plugin/ThirdPartyPlugin.h"
 
 namespace kzo::plugin {
 
@@ -42,7 +41,8 @@ std::string pluginName(const void* record) {
     return host::ask<&SPPluginsSuite::GetPluginName>("", MessageHead(record).self);
 }
 
-BasePlugin::BasePlugin(SPPlugin* plugin, std::string name) : plugin_(plugin), name_(std::move(name)) {}
+BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
+    : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {}
 
 void BasePlugin::setName(const std::string& name) {
     name_ = name;
@@ -51,26 +51,30 @@ void BasePlugin::setName(const std::string& name) {
 
 // Life
 
-/// Subscribes the framework itself. There is nothing to run: the entry acts on these events.
-bool BasePlugin::hear(const std::string& label, std::string_view type) {
+/// Subscribes the framework itself. Without a callback it is the entry that acts on the event.
+bool BasePlugin::hear(const std::string& label, std::string_view type, const core::CallbackSlot& callback) {
     std::string name = label + name_;
     std::replace(name.begin(), name.end(), ' ', '_');
-    return addNotifier(name, type, {}) != nullptr;
+    return addNotifier(name, type, callback) != nullptr;
 }
 
 std::int32_t BasePlugin::startup() {
+    using Bound = core::__Callback<BasePlugin>;
     const bool subscribed = hear("KZOAppStartedNotifier", message::applicationStarted) &&
-                            hear("KZOAppShutdownNotifier", message::applicationShutdown);
+                            hear("KZOAppShutdownNotifier", message::applicationShutdown) &&
+                            hear("KZOBrightnessNotifier", message::brightnessChanged,
+                                 core::CallbackSlot(Bound(this, &BasePlugin::handleBrightness)));
     const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
-        dispatcher_.registerMessageCallback(caller, selector, core::__Callback<BasePlugin>(this, handler));
+        dispatcher_.registerMessageCallback(caller, selector, Bound(this, handler));
     };
     handle(message::menu, message::go, &BasePlugin::handleMenuChoice);
     handle(message::menu, message::update, &BasePlugin::handleMenuUpdate);
+    handle(message::stage, message::keyPressed, &BasePlugin::handleKey);
+    handle(message::stage, message::mousePressed, &BasePlugin::handleButton);
     for (const std::string_view selector : toolSelectors)
         handle(message::tool, selector, &BasePlugin::handleToolMessage);
-    using Handler = core::__Callback<BasePlugin>;
-    dispatcher_.take(message::notifier, {}, Handler(this, &BasePlugin::handleNotifyMessage));
-    dispatcher_.take(message::timer, message::go, Handler(this, &BasePlugin::handleTimerMessage));
+    dispatcher_.take(message::notifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
+    dispatcher_.take(message::timer, message::go, Bound(this, &BasePlugin::handleTimerMessage));
     if (!subscribed) return notifierRefused;
     return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
 }
@@ -90,6 +94,7 @@ std::int32_t BasePlugin::shutdown() {
     menus_.clear();
     SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
     timers_.clear();
+    monitors_.clear();
     SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
     SharedCursor::Map::each([](auto& shared) { shared.impl.forget(); });
     leaveHost();
@@ -126,6 +131,20 @@ void BasePlugin::handleTimerMessage() {
     dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
 }
 
+// Keys, mouse buttons, and the interface
+
+void BasePlugin::handleKey() {
+    if (const void* const record = dispatcher_.lastRecord())
+        monitors_.pressed(Input(static_cast<core::VirtualKey>(InputMessage(record).code)));
+}
+
+void BasePlugin::handleButton() {
+    if (const void* const record = dispatcher_.lastRecord())
+        monitors_.pressed(Input(static_cast<core::MouseButton>(InputMessage(record).code)));
+}
+
+void BasePlugin::handleBrightness() { brightnessAdjusted.run(); }
+
 // Tools
 
 void BasePlugin::addTool(const std::shared_ptr<BaseTool>& tool) { tools_.push_back(tool); }
@@ -148,9 +167,22 @@ void BasePlugin::handleToolMessage() {
     around(event).before.run();
     dispatcher_.setAnswer(tool->handle(event, message));
     around(event).after.run();
+    dispatcher_.setCursorLoc(tool->cursorLoc());
+}
+
+bool BasePlugin::toolsSnapTo(core::ToolSnapping kind) const {
+    return (host::ask<&AICursorSnapSuite::GetToolSnapping>(std::int32_t{0}, plugin_) & bits(kind)) != 0;
+}
+
+void BasePlugin::setToolsSnapTo(core::ToolSnapping kind, bool snap) {
+    std::int32_t kinds = 0;
+    if (!host::call<&AICursorSnapSuite::GetToolSnapping>(plugin_, &kinds)) return;
+    host::call<&AICursorSnapSuite::SetToolSnapping>(plugin_, snap ? kinds | bits(kind) : kinds & ~bits(kind));
 }
 
 // Undo
+
+bool BasePlugin::undo() { return host::isAcquired<AIUndoSuite>() && host::call<&AIUndoSuite::UndoChanges>(); }
 
 bool BasePlugin::setUndoKind(core::UndoContext context) {
     constexpr std::int16_t none = -1;

@@ -12,7 +12,9 @@
 #include "plugin/BaseTool.h"
 #include "plugin/Dispatcher.h"
 #include "plugin/MenuItem.h"
+#include "plugin/Monitors.h"
 #include "plugin/Notifier.h"
+#include "plugin/ThirdPartyPlugin.h"
 #include "plugin/Timer.h"
 
 struct AIPluginGroup;
@@ -38,6 +40,8 @@ class BasePlugin {
     [[nodiscard]] const std::string& name() const { return name_; }
     void setName(const std::string& name); ///< also in the host's lists
     [[nodiscard]] Dispatcher& dispatcher() { return dispatcher_; }
+    /// Our own place in the host's list of plug-ins.
+    [[nodiscard]] ThirdPartyPlugin listing() const { return ThirdPartyPlugin(plugin_); }
 
     // Life
     /// Registers the framework's notifiers and messages. Answers 0, 1000 when the host refuses a notifier, 1001
@@ -58,6 +62,10 @@ class BasePlugin {
     [[nodiscard]] MenuRegistry& menus() { return menus_; }
     [[nodiscard]] TimerRegistry& timers() { return timers_; }
 
+    // Keys, mouse buttons, and the interface
+    [[nodiscard]] Monitors& monitors() { return monitors_; }
+    core::CallbackSlot brightnessAdjusted;
+
     // Tools
     /// What the client wants done around an event, whichever tool it happens to.
     struct AroundTool {
@@ -71,12 +79,19 @@ class BasePlugin {
     /// The tool of the last select, track or mouse message; null before the first.
     [[nodiscard]] std::shared_ptr<BaseTool> currentTool() const { return currentTool_.lock(); }
 
+    [[nodiscard]] bool toolsSnapTo(core::ToolSnapping kind) const;
+    void setToolsSnapTo(core::ToolSnapping kind, bool snap);
+
     // Undo
+    static bool undo(); ///< false when the host refuses or `startup` has not run
     /// False for a value that is no context, and when the host refuses or `startup` has not run.
     static bool setUndoKind(core::UndoContext context);
 
   private:
-    [[nodiscard]] bool hear(const std::string& label, std::string_view type);
+    [[nodiscard]] bool hear(const std::string& label, std::string_view type, const core::CallbackSlot& callback = {});
+    void handleBrightness();
+    void handleKey();
+    void handleButton();
     void handleNotifyMessage();
     void handleMenuChoice();
     void handleMenuUpdate();
@@ -89,6 +104,7 @@ class BasePlugin {
     NotifierRegistry notifiers_;
     MenuRegistry menus_;
     TimerRegistry timers_;
+    Monitors monitors_;
     std::array<AroundTool, toolEventCount> aroundTools_;
     std::vector<std::shared_ptr<BaseTool>> tools_;
     std::weak_ptr<BaseTool> currentTool_;

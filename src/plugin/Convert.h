@@ -75,9 +75,11 @@ template <class Ours, std::size_t n>
 }
 
 /// The host's bits of a plug-in's options lie one higher; others than these two are dropped.
+inline constexpr core::PluginOptions pluginOptions = core::PluginOptions::First | core::PluginOptions::Second;
 [[nodiscard]] constexpr core::PluginOptions pluginOptionsFromHost(std::int32_t host) {
-    return core::PluginOptions(host >> 1) & (core::PluginOptions::First | core::PluginOptions::Second);
+    return core::PluginOptions(host >> 1) & pluginOptions;
 }
+[[nodiscard]] constexpr std::int32_t toHost(core::PluginOptions options) { return bits(options & pluginOptions) << 1; }
 
 [[nodiscard]] constexpr std::int16_t toHost(core::ArtType type) { return toHost(artTypes, type); }
 [[nodiscard]] constexpr std::int16_t toHost(core::PaintOrder order) { return static_cast<std::int16_t>(order); }

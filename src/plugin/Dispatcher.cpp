@@ -9,7 +9,7 @@ namespace kzo::plugin {
 class Dispatcher::Scope {
   public:
     Scope(Dispatcher& dispatcher, std::string_view caller, std::string_view selector, void* record,
-          const ToolMessage* toolMessage)
+          ToolMessage* toolMessage)
         : dispatcher_(dispatcher),
           outer_(dispatcher.executing_),
           here_{caller, selector, record, toolMessage, handled} {
@@ -30,12 +30,14 @@ class Dispatcher::Scope {
 std::int32_t Dispatcher::message(std::string_view caller, std::string_view selector, void* record) {
     std::optional<ToolMessage> ownToolMessage;
     if (caller == message::tool && record) ownToolMessage.emplace(record);
-    const Scope scope(*this, caller, selector, record, ownToolMessage ? &*ownToolMessage : lastToolMessage());
+    ToolMessage* const outer = executing_ ? executing_->toolMessage : nullptr;
+    const Scope scope(*this, caller, selector, record, ownToolMessage ? &*ownToolMessage : outer);
 
     // A copy, since the callback may unregister itself.
     const core::CallbackSlot running = callbackOf(caller, selector);
     if (!running.get()) return notHandled;
     running.run();
+    if (ownToolMessage) ownToolMessage->copyBack(record);
     return scope.answer();
 }
 
@@ -62,6 +64,10 @@ void Dispatcher::unregisterMessageCallback(std::string_view caller, std::string_
 
 void Dispatcher::setAnswer(std::int32_t answer) {
     if (executing_) executing_->answer = answer;
+}
+
+void Dispatcher::setCursorLoc(const ArtboardPoint& location) {
+    if (lastCaller() == message::tool && executing_->toolMessage) executing_->toolMessage->cursor = location;
 }
 
 } // namespace kzo::plugin

@@ -38,14 +38,17 @@ class Dispatcher {
     [[nodiscard]] void* lastRecord() const { return executing_ ? executing_->record : nullptr; }
     /// The innermost tool message that is being handled, or null.
     [[nodiscard]] const ToolMessage* lastToolMessage() const { return executing_ ? executing_->toolMessage : nullptr; }
+
+    // Results of the message being handled; they are the host's once its callback has returned
     void setAnswer(std::int32_t answer);
+    void setCursorLoc(const ArtboardPoint& location); ///< where the tool holds the cursor; of tool messages only
 
   private:
     struct Executing {
         std::string_view caller;
         std::string_view selector;
         void* record;
-        const ToolMessage* toolMessage;
+        ToolMessage* toolMessage;
         std::int32_t answer;
     };
     class Scope;

@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIHitTestSuite.h"
@@ -55,6 +56,7 @@ inline constinit std::tuple suites{
     Suite<AIMatchingArtSuite>{kAIMatchingArtSuite, kAIMatchingArtSuiteVersion},
     Suite<AIMdMemorySuite>{kAIMdMemorySuite, kAIMdMemorySuiteVersion},
     Suite<AIHitTestSuite>{kAIHitTestSuite, kAIHitTestSuiteVersion},
+    Suite<AICursorSnapSuite>{kAICursorSnapSuite, kAICursorSnapSuiteVersion},
     Suite<AIUndoSuite>{kAIUndoSuite, kAIUndoSuiteVersion},
     Suite<AIRealMathSuite>{kAIRealMathSuite, kAIRealMathSuiteVersion},
     Suite<StageSuite>{kStageSuite, kStageSuiteVersion},

@@ -1,10 +1,11 @@
-// Reading of the host's records.
+// Reading of the host's records, and what is given back in them.
 #include "plugin/Messages.h"
 
 #include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
+#include "hostapi/StageSuite.h"
 
 namespace kzo::plugin {
 
@@ -20,9 +21,13 @@ MenuMessage::MenuMessage(const void* record) : item(static_cast<const AIMenuMess
 
 TimerMessage::TimerMessage(const void* record) : timer(static_cast<const AITimerMessage*>(record)->timer) {}
 
+InputMessage::InputMessage(const void* record) : code(static_cast<const StageInputMessage*>(record)->code) {}
+
 ToolMessage::ToolMessage(const void* record)
     : tool(static_cast<const AIToolMessage*>(record)->tool),
       cursor(static_cast<const AIToolMessage*>(record)->cursor),
       modifiers(core::ModifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)) {}
+
+void ToolMessage::copyBack(void* record) const { static_cast<AIToolMessage*>(record)->cursor = cursor.toAIRealPoint(); }
 
 } // namespace kzo::plugin

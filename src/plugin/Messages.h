@@ -2,6 +2,7 @@
 // being handled.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "core/Enumerations.h"
@@ -43,8 +44,17 @@ struct TimerMessage {
     AITimer* timer;
 };
 
+struct InputMessage {
+    explicit InputMessage(const void* record);
+
+    std::int32_t code; ///< of the key or the button
+};
+
 struct ToolMessage {
     explicit ToolMessage(const void* record);
+
+    /// Gives the host what a tool may change: where it holds the cursor.
+    void copyBack(void* record) const;
 
     AITool* tool;
     ArtboardPoint cursor;
@@ -57,6 +67,7 @@ inline constexpr std::string_view access = "SP Access";
 inline constexpr std::string_view interface = "SP Interface";
 inline constexpr std::string_view startup = "Startup";
 inline constexpr std::string_view shutdown = "Shutdown";
+inline constexpr std::string_view about = "About";
 inline constexpr std::string_view notifier = "AI Notifier";
 inline constexpr std::string_view notify = "AI Notify";
 inline constexpr std::string_view menu = "AI Menu";
@@ -64,8 +75,12 @@ inline constexpr std::string_view timer = "AI Timer";
 inline constexpr std::string_view go = "AI Go";
 inline constexpr std::string_view update = "AI Update";
 inline constexpr std::string_view tool = "AI Tool";
+inline constexpr std::string_view stage = "Stage";
+inline constexpr std::string_view keyPressed = "Key Pressed";
+inline constexpr std::string_view mousePressed = "Mouse Pressed";
 inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
 inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";
+inline constexpr std::string_view brightnessChanged = "AI UI Brightness Changed Notifier";
 } // namespace message
 
 } // namespace kzo::plugin

@@ -34,6 +34,8 @@ class Platform {
     virtual ~Platform() = default;
 
     [[nodiscard]] virtual core::ModifierKeys modifierKeys() const = 0; ///< held now
+    /// Whether keys and mouse buttons are told to the plug-in (see Monitors). False when the platform cannot.
+    virtual bool monitorInput(SPPlugin* plugin, bool monitor) = 0;
     virtual void log(std::string_view line) = 0;
 
     // Cursors

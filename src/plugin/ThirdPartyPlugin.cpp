@@ -1,6 +1,8 @@
 // The calls of the plug-ins suite and the interface suite.
 #include "plugin/ThirdPartyPlugin.h"
 
+#include <algorithm>
+
 #include "plugin/Convert.h"
 #include "plugin/HostCall.h"
 
@@ -23,12 +25,29 @@ core::PluginOptions ThirdPartyPlugin::options() const {
     return pluginOptionsFromHost(host::ask<&SPPluginsSuite::GetPluginOptions>(std::int32_t{0}, plugin_));
 }
 
+void ThirdPartyPlugin::setOptions(core::PluginOptions options) const {
+    host::call<&SPPluginsSuite::SetPluginOptions>(plugin_, toHost(options));
+}
+
 bool ThirdPartyPlugin::started() const {
     return host::ask<&SPPluginsSuite::GetPluginStarted>(AIBoolean{0}, plugin_) != 0;
 }
 
 bool ThirdPartyPlugin::broken() const {
     return host::ask<&SPPluginsSuite::GetPluginBroken>(AIBoolean{1}, plugin_) != 0;
+}
+
+void* ThirdPartyPlugin::platformPlugin() const {
+    return host::ask<&SPPluginsSuite::GetPluginPlatformRef>(static_cast<void*>(nullptr), plugin_);
+}
+
+std::vector<std::uint8_t> ThirdPartyPlugin::resourceData(const std::string& type, std::int16_t number) const {
+    const auto size = host::ask<&SPPluginsSuite::GetPluginResourceSize>(std::int32_t{0}, plugin_, type.c_str(), number);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(std::max(size, 0)));
+    void* const into = bytes.data();
+    const bool read =
+        !bytes.empty() && host::call<&SPPluginsSuite::GetPluginResource>(plugin_, type.c_str(), number, size, into);
+    return read ? bytes : std::vector<std::uint8_t>();
 }
 
 bool ThirdPartyPlugin::prepMessageData(SPMessageData& message) const {

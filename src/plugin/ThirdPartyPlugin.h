@@ -1,4 +1,5 @@
-// Another plug-in in the same host: the calls behind core::ThirdPartyPlugin.
+// A plug-in as the host lists it: the calls behind core::ThirdPartyPlugin, and behind what our own plug-in object tells
+// of itself.
 #pragma once
 
 #include <cstdint>
@@ -25,8 +26,13 @@ class ThirdPartyPlugin {
     [[nodiscard]] std::string fileName() const;
     [[nodiscard]] std::string filePath() const;
     [[nodiscard]] core::PluginOptions options() const;
+    void setOptions(core::PluginOptions options) const;
     [[nodiscard]] bool started() const;
     [[nodiscard]] bool broken() const;
+
+    [[nodiscard]] void* platformPlugin() const;
+    /// The bytes of a resource of its bundle, none when there is no such resource.
+    [[nodiscard]] std::vector<std::uint8_t> resourceData(const std::string& type, std::int16_t number) const;
 
     bool prepMessageData(SPMessageData& message) const;
     bool cleanMessageData(SPMessageData& message) const;

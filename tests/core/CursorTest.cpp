@@ -102,7 +102,7 @@ TEST_F(Cursors, ClickAfterTheMessageAsTheUserWould) {
     desk.selectTool();
     desk.document().view = {.zoom = 2, .center = {400, 300}};
     easel::session::Pointer& pointer = desk.session().pointer;
-    pointer.snapToPoint = true;
+    pointer.snapping.toPoint = true;
     desk.addPath({{250, 180}, {300, 180}});
     desk.inMessage([&] {
         Cursor::mouseDown({102, 60}); // the window begins at (200, 150)

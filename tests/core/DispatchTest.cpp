@@ -8,27 +8,18 @@
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 #include "tool/Plugin.h"
 
 namespace {
 
 using desk::Desk;
+using desk::Receiver;
 using kzo::core::Dispatcher;
 using kzo::core::MessageType;
 using kzo::core::Notifier;
 using kzo::core::NotifierType;
 using kzo::core::Plugin;
-
-/// A receiver that does what a test wants.
-struct Receiver {
-    std::function<void()> work;
-    int runs = 0;
-    void run() {
-        ++runs;
-        if (work) work();
-    }
-    [[nodiscard]] kzo::core::__Callback<Receiver> callback() { return {this, &Receiver::run}; }
-};
 
 Dispatcher& dispatcher() { return *Plugin::instance()->dispatcher(); }
 
@@ -188,7 +179,7 @@ TEST(Notifiers, HearOfTheirEventUntilTheyEnd) {
     EXPECT_TRUE(notifier.isEmpty());
     desk.session().notify("AI Document Saved Notifier");
     EXPECT_EQ(receiver.runs, 2);
-    EXPECT_TRUE(desk.session().notifiers.all().size() == 2); // the framework's own are left
+    EXPECT_EQ(desk.session().notifiers.all().size(), 3u); // the framework's own are left
 }
 
 TEST(Notifiers, OfStartAndEndReachNoCallback) {

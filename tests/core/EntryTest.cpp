@@ -160,7 +160,7 @@ TEST(Entry, AnswersGarbageWithNothing) {
 void live(const std::function<void(Session&, int moment)>& meddle) {
     Session session;
     session.checkLevel = easel::session::CheckLevel::Refuse;
-    session.pointer.snapToPoint = false;
+    session.pointer.snapping.toPoint = false;
     session.attach("Product", PluginMain);
     meddle(session, 0);
     const bool started = session.start().empty();

@@ -2,6 +2,7 @@
 #include <stddef.h>
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIHitTestSuite.h"
@@ -35,6 +36,7 @@ RECORD_SIZE(AINotifierMessage, 48);
 RECORD_SIZE(AIMenuMessage, 40);
 RECORD_SIZE(AITimerMessage, 40);
 RECORD_SIZE(AIToolMessage, 64);
+RECORD_SIZE(StageInputMessage, 40);
 RECORD_SIZE(AIAddToolData, 24);
 RECORD_SIZE(AIPathSegment, 56);
 RECORD_SIZE(AIHitRecord, 56);

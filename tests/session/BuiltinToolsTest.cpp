@@ -16,7 +16,7 @@ using testing::UnorderedElementsAre;
 
 class BuiltinToolsTest : public testing::Test {
   protected:
-    BuiltinToolsTest() { session.pointer.snapToPoint = false; }
+    BuiltinToolsTest() { session.pointer.snapping.toPoint = false; }
 
     void take(const char* tool) { session.selectTool(*session.toolbox.findByName(tool)); }
     void stroke(std::initializer_list<Point> points, session::Modifiers modifiers = 0) {

@@ -67,7 +67,7 @@ class EventsTest : public testing::Test {
         hearing = &own;
         session.start();
         session.newDocument(100, 100);
-        session.pointer.snapToPoint = false;
+        session.pointer.snapping.toPoint = false;
         own.heard.clear();
     }
     ~EventsTest() override { session.quit(); }

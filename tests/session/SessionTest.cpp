@@ -109,7 +109,7 @@ TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
     session.load(buildDir + "/Ortholine.aip");
     for (int i = 0; i < 3; ++i) {
         EXPECT_THAT(session.start(), testing::IsEmpty());
-        EXPECT_EQ(session.notifiers.all().size(), 2u);
+        EXPECT_EQ(session.notifiers.all().size(), 3u);
         EXPECT_EQ(session.pluginGroups.all().size(), 1u);
         EXPECT_EQ(session.toolbox.all().size(), 3u);
         session.quit();

@@ -15,7 +15,7 @@ using namespace easel;
 
 Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) {
     plugin_ = &session_->attach("Product under test", PluginMain);
-    session_->pointer.snapToPoint = setup.snapToPoint;
+    session_->pointer.snapping.toPoint = setup.snapToPoint;
     EXPECT_THAT(session_->start(), ::testing::IsEmpty());
     if (setup.openDocument) session_->newDocument(800, 600);
 }

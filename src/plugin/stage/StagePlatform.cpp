@@ -17,6 +17,10 @@ class StagePlatform : public Platform {
         return core::ModifierKeys(host::ask<&StageSuite::GetModifiers>(std::uint32_t{0}));
     }
 
+    bool monitorInput(SPPlugin* plugin, bool monitor) override {
+        return host::call<&StageSuite::MonitorInput>(plugin, AIBoolean{monitor});
+    }
+
     void log(std::string_view line) override {
         std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
     }

@@ -1,0 +1,19 @@
+// The keys of the keyboard by name.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace easel::session {
+
+namespace key {
+inline constexpr std::int32_t escape = 0x35;
+inline constexpr std::int32_t leftBracket = 0x21;
+inline constexpr std::int32_t rightBracket = 0x1E;
+} // namespace key
+
+/// The code of a key by what it says, such as "A", "7", "[", "Escape" or "F5".
+[[nodiscard]] std::optional<std::int32_t> keyCode(std::string_view name);
+
+} // namespace easel::session

@@ -1,0 +1,240 @@
+// What the plug-in object tells and sets of the whole plug-in: its listing, snapping, undo, monitors, the interface.
+#include <gmock/gmock.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "core/Dispatcher.h"
+#include "core/Keys.h"
+#include "core/Plugin.h"
+#include "hostapi/AICursorSnapSuite.h"
+#include "session/Keys.h"
+#include "support/Desk.h"
+#include "support/Receiver.h"
+#include "tool/Plugin.h"
+
+namespace {
+
+using desk::Desk;
+using desk::Receiver;
+using easel::model::Point;
+using kzo::core::Dispatcher;
+using kzo::core::ModifierKeys;
+using kzo::core::MouseButton;
+using kzo::core::Plugin;
+using kzo::core::PluginOptions;
+using kzo::core::VirtualKey;
+
+Plugin& plugin() { return *Plugin::instance(); }
+Dispatcher& dispatcher() { return *plugin().dispatcher(); }
+easel::session::Plugin& listed(Desk& desk) { return *desk.session().plugins.all().front(); }
+
+// Listing
+
+TEST(PluginListing, HasOptionsOneBitHigherInTheHost) {
+    Desk desk;
+    desk.inMessage([&] {
+        plugin().setOptions(PluginOptions::Second);
+        EXPECT_EQ(listed(desk).options, 4);
+        plugin().setOptions(PluginOptions::First | PluginOptions::Second | PluginOptions(0x70));
+        EXPECT_EQ(listed(desk).options, 6);
+        listed(desk).options = 0x7FFFFFFB;
+        EXPECT_EQ(plugin().options(), PluginOptions::First);
+    });
+}
+
+TEST(PluginListing, ReadsResourcesOfItsBundleByNumber) {
+    Desk desk;
+    const std::string bundle = ORTHOLINE_BUNDLE;
+    desk.inMessage([&] {
+        EXPECT_EQ(plugin().filePath(), ""); // it came from no file
+        EXPECT_EQ(plugin().platformPlugin(), nullptr);
+        EXPECT_THAT(plugin().resourceData("png", 17000), testing::IsEmpty());
+        listed(desk).filePath = bundle;
+        listed(desk).fileName = "Ortholine.aip";
+        EXPECT_EQ(plugin().filePath(), bundle);
+        EXPECT_EQ(plugin().fileName(), "Ortholine.aip");
+        std::ifstream file(bundle + "/Contents/Resources/17000.png", std::ios::binary);
+        const std::vector<std::uint8_t> bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+        ASSERT_GT(bytes.size(), 100u);
+        EXPECT_EQ(plugin().resourceData("png", 17000), bytes);
+        EXPECT_THAT(plugin().resourceData("png", 1), testing::IsEmpty());
+        EXPECT_THAT(plugin().resourceData("", 17000), testing::IsEmpty());
+        EXPECT_THAT(plugin().resourceData("/../17000.png", 17000), testing::IsEmpty());
+        const desk::Refusing no(desk.tables().plugins, &SPPluginsSuite::GetPluginResource);
+        EXPECT_THAT(plugin().resourceData("png", 17000), testing::IsEmpty());
+    });
+}
+
+// Snapping
+
+TEST(ToolSnapping, DrawsLocationsToWhatIsSwitchedOn) {
+    Desk desk;
+    desk.selectTool();
+    desk.addPath({{100, 100}, {200, 100}, {200, 150}}); // bounds 100 100 200 150, centre 150 125
+    struct Case {
+        void (Plugin::*set)(bool);
+        bool (Plugin::*get)() const;
+        Point from;
+        Point to;
+    };
+    const Case cases[] = {
+        {&Plugin::setToolsSnapToArt, &Plugin::toolsSnapToArt, {141, 101.5}, {141, 100}},
+        {&Plugin::setToolsSnapToArt, &Plugin::toolsSnapToArt, {101, 101}, {100, 100}}, // the anchor comes first
+        {&Plugin::setToolsSnapToArtBounds, &Plugin::toolsSnapToArtBounds, {101, 149}, {100, 150}},
+        {&Plugin::setToolsSnapToArtBounds, &Plugin::toolsSnapToArtBounds, {151, 126}, {150, 125}},
+        {&Plugin::setToolsSnapToArtboard, &Plugin::toolsSnapToArtboard, {799, 301}, {800, 300}},
+        {&Plugin::setToolsSnapToArtboard, &Plugin::toolsSnapToArtboard, {321, 1.5}, {321, 0}},
+        {&Plugin::setToolsSnapToGrids, &Plugin::toolsSnapToGrids, {331, 489}, {330, 490}},
+    };
+    const auto locationOf = [&](Point at) {
+        desk.session().pointer.move(at, 0);
+        return desk.session().pointer.location();
+    };
+    for (const Case& each : cases) {
+        EXPECT_EQ(locationOf(each.from), each.from);
+        desk.inMessage([&] { (plugin().*each.set)(true); });
+        desk.inMessage([&] { EXPECT_TRUE((plugin().*each.get)()); });
+        EXPECT_EQ(locationOf(each.from), each.to);
+        EXPECT_EQ(locationOf({each.to.x + 2.1, each.to.y + 2.1}).y, each.to.y + 2.1); // beyond two screen units
+        desk.inMessage([&] { (plugin().*each.set)(false); });
+        desk.inMessage([&] { EXPECT_FALSE((plugin().*each.get)()); });
+    }
+}
+
+// Undo
+
+TEST(PluginUndo, TakesBackWhatTheMessageHasChanged) {
+    Desk desk;
+    auto& path = desk.addPath({{10, 10}, {20, 20}});
+    const std::string before = desk.svg();
+    const auto depth = desk.document().journal().undoDepth();
+    desk.inMessage([&] {
+        desk.document().offset(path, 5, 0);
+        desk.addPath({{1, 1}, {2, 2}});
+        EXPECT_TRUE(plugin().undo());
+        EXPECT_EQ(desk.svg(), before);
+        desk.document().offset(path, 7, 0); // the message may go on
+    });
+    EXPECT_EQ(desk.document().journal().undoDepth(), depth + 1);
+    desk.document().journal().undo();
+    EXPECT_EQ(desk.svg(), before);
+}
+
+// Monitors
+
+TEST(Monitors, HearKeysAndButtonsUntilTheyAreRemoved) {
+    Desk desk;
+    desk.selectTool();
+    Receiver escape;
+    Receiver letter;
+    Receiver button;
+    ModifierKeys held{};
+    letter.work = [&] { held = kzo::core::modifierKeysPressed(); };
+    std::uint32_t escapeId = 0;
+    std::uint32_t letterId = 0;
+    std::uint32_t buttonId = 0;
+    desk.inMessage([&] {
+        escapeId = dispatcher().addKeypressMonitor(VirtualKey::Escape, escape.callback());
+        letterId = dispatcher().addKeypressMonitor(VirtualKey::L, letter.callback());
+        buttonId = dispatcher().addMouseMonitor(MouseButton::Left, button.callback());
+        EXPECT_NE(dispatcher().getKeypressMonitor(letterId), nullptr);
+        EXPECT_EQ(dispatcher().getMouseMonitor(letterId), nullptr);
+        EXPECT_NE(dispatcher().getMouseMonitor(buttonId), nullptr);
+        dispatcher().removeMouseMonitor(escapeId); // is none
+    });
+    const auto code = [](const char* name) { return *easel::session::keyCode(name); };
+    desk.session().pressKey(code("L"), kAIShiftKey);
+    EXPECT_EQ(letter.runs, 1);
+    EXPECT_EQ(held, ModifierKeys::Shift);
+    // A monitor hears of Escape before the gesture is taken back, and of the button before its tool
+    desk.session().pointer.press({50, 50}, 0);
+    desk.session().pointer.drag({150, 50}, 0);
+    bool running = false;
+    escape.work = [&] {
+        running = desk.session().pointer.pressed();
+        dispatcher().removeKeypressMonitor(escapeId); // itself
+        dispatcher().removeKeypressMonitor(letterId); // a sibling
+    };
+    desk.session().pressKey(code("Escape"), 0);
+    EXPECT_TRUE(running);
+    EXPECT_FALSE(desk.session().pointer.pressed());
+    desk.session().pressKey(code("Escape"), 0);
+    desk.session().pressKey(code("L"), 0);
+    desk.session().pointer.rightClick({1, 1}, 0);
+    EXPECT_EQ(escape.runs, 1);
+    EXPECT_EQ(letter.runs, 1);
+    EXPECT_EQ(button.runs, 1);
+    // With the last one the host is no longer asked for input
+    desk.inMessage([&] { dispatcher().removeMouseMonitor(buttonId); });
+    EXPECT_FALSE(listed(desk).monitorsInput);
+}
+
+TEST(Monitors, AreNotAddedWhereThePlatformTellsOfNoInput) {
+    Desk desk;
+    Receiver receiver;
+    desk.inMessage([&] {
+        const desk::Refusing no(desk.tables().stage, &StageSuite::MonitorInput);
+        EXPECT_EQ(dispatcher().addKeypressMonitor(VirtualKey::A, receiver.callback()), 0u);
+    });
+}
+
+// Every key that a script can press can be monitored: the names of the one side have the codes of the other.
+TEST(Monitors, KnowTheKeysOfTheHost) {
+    using enum VirtualKey;
+    constexpr VirtualKey letters[] = {A, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S, T, U, V, W, X, Y, Z};
+    for (int i = 0; i < 26; ++i)
+        EXPECT_EQ(*easel::session::keyCode(std::string(1, static_cast<char>('A' + i))), int(letters[i]));
+    constexpr VirtualKey digits[] = {Digit0, Digit1, Digit2, Digit3, Digit4, Digit5, Digit6, Digit7, Digit8, Digit9};
+    for (int i = 0; i < 10; ++i) EXPECT_EQ(*easel::session::keyCode(std::to_string(i)), int(digits[i]));
+    constexpr VirtualKey functions[] = {F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12};
+    for (int i = 0; i < 12; ++i) EXPECT_EQ(*easel::session::keyCode("F" + std::to_string(i + 1)), int(functions[i]));
+    const std::map<std::string, VirtualKey> others{
+        {"=", Equal},        {"-", Minus},       {"[", LeftBracket},
+        {"]", RightBracket}, {"'", Quote},       {";", Semicolon},
+        {"\\", Backslash},   {",", Comma},       {".", Period},
+        {"/", Slash},        {"`", Grave},       {"Return", Return},
+        {"Tab", Tab},        {"Space", Space},   {"Delete", Delete},
+        {"Home", Home},      {"End", End},       {"ForwardDelete", ForwardDelete},
+        {"Escape", Escape},  {"PageUp", PageUp}, {"PageDown", PageDown},
+        {"Left", Left},      {"Right", Right},   {"Up", Up},
+        {"Down", Down}};
+    for (const auto& [name, key] : others) EXPECT_EQ(*easel::session::keyCode(name), int(key)) << name;
+}
+
+// Interface and messages of life
+
+TEST(PluginInterface, HearsOfBrightnessAndAbout) {
+    Desk desk;
+    Receiver brightness;
+    Receiver about;
+    plugin().setBrightnessAdjustedCallback(brightness.callback());
+    dispatcher().registerMessageCallback("SP Interface", "About", about.callback());
+    desk.session().setBrightness(0.25);
+    desk.session().setBrightness(0.25); // nothing new
+    EXPECT_EQ(brightness.runs, 1);
+    SPMessageData record{};
+    EXPECT_EQ(desk.session().messenger.send(listed(desk), "SP Interface", "About", record), 0);
+    EXPECT_EQ(about.runs, 1);
+    about.work = [] { throw 1; };
+    EXPECT_EQ(desk.session().messenger.send(listed(desk), "SP Interface", "About", record), 0);
+    EXPECT_EQ(desk.session().messenger.send(listed(desk), "SP Interface", "Anything", record), 0);
+    desk.session().reload(listed(desk));
+    EXPECT_FALSE(ortho::Plugin::instance()->lineTool().isEmpty()); // it stays as it is
+}
+
+TEST(ToolMessages, GiveTheHostWhereTheToolHoldsTheCursor) {
+    Desk desk;
+    desk.selectTool();
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    Receiver receiver;
+    receiver.work = [&] { tool.setCursorLoc(kzo::core::ArtboardPoint(12, 34)); };
+    tool.setTrackCallback(receiver.callback());
+    desk.session().pointer.move({10, 30}, 0);
+    EXPECT_EQ(desk.session().pointer.location(), (Point{12, 34}));
+    receiver.work = [&] { tool.setCursorLoc(kzo::core::ArtboardPoint(NAN, 0)); };
+    desk.session().pointer.move({10, 30}, 0);
+    EXPECT_EQ(desk.session().pointer.location(), (Point{10, 30}));
+}
+
+} // namespace
