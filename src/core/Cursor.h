@@ -31,8 +31,8 @@ class Cursor {
 
     // The current one, and the mouse. Without a plug-in they do nothing and answer an empty handle or the origin.
     /// Empty when an image shows that belongs to no cursor of this plug-in.
-    [[nodiscard]] static Cursor CurrentCursor();
-    [[nodiscard]] static Point screenLoc(); ///< of the mouse pointer
+    [[nodiscard]] static Cursor CurrentCursor(); // NOLINT(readability-identifier-naming): known by this name
+    [[nodiscard]] static Point screenLoc();      ///< of the mouse pointer
     /// Press or release the mouse button as the user would, once the message being handled is through; `click` does
     /// both.
     static void click(const Point& place);

@@ -109,14 +109,14 @@ TEST_F(Cursors, ClickAfterTheMessageAsTheUserWould) {
         EXPECT_FALSE(pointer.pressed());
     });
     EXPECT_TRUE(pointer.pressed());
-    EXPECT_EQ(pointer.location(), desk::Point(250, 180));                   // on the anchor near by
+    EXPECT_EQ(pointer.location(), (desk::Point{250, 180}));                 // on the anchor near by
     desk.inMessage([] { EXPECT_EQ(Cursor::screenLoc(), Point(102, 60)); }); // where the hand is
     desk.inMessage([] {
         Cursor::mouseUp({0, 0});
         Cursor::click({20, 30});
     });
     EXPECT_FALSE(pointer.pressed());
-    EXPECT_EQ(pointer.hand(), desk::Point(210, 165));
+    EXPECT_EQ(pointer.hand(), (desk::Point{210, 165}));
     EXPECT_EQ(desk.paths().size(), 2u); // a line from the first press; a click draws none
 }
 
