@@ -65,11 +65,14 @@ TEST_F(BuiltinToolsTest, SelectionSelectsTheTopmostObjectThatCanBe) {
     click({150, 150});
     EXPECT_THAT(document.selection(), IsEmpty());
     EXPECT_EQ(document.journal().undoDepth(), depth);
-    for (const auto bar : {&model::Document::setLocked, &model::Document::setHidden}) {
-        (document.*bar)(above, true);
+    for (const bool locking : {true, false}) {
+        const auto bar = [&](bool barred) {
+            locking ? document.setLocked(above, barred) : document.setHidden(above, barred);
+        };
+        bar(true);
         click({15, 15});
         EXPECT_THAT(document.selection(), ElementsAre(&below));
-        (document.*bar)(above, false);
+        bar(false);
     }
     document.view.zoom = 8; // two screen units are a quarter of a point
     click({50, 15.5});
