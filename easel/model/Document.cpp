@@ -128,7 +128,10 @@ Node& Document::currentLayer() {
     return current ? *current : *root().firstChild();
 }
 
-void Document::setCurrentLayer(Node& layer) { impl_->currentLayer = layer.id(); }
+void Document::setCurrentLayer(Node& layer) {
+    journal().requireWritable();
+    impl_->currentLayer = layer.id();
+}
 
 Node& Document::addLayer(std::string_view title) {
     const Transaction transaction(journal());

@@ -10,10 +10,14 @@
 
 namespace easel::model {
 
-/// An inner transaction, or the whole one if none is running.
+/// An inner transaction, or the whole one if none is running. Every change is in one, so that none is made while the
+/// document may only be read.
 class Transaction {
   public:
-    explicit Transaction(Journal& journal) : journal_(journal) { journal_.begin(); }
+    explicit Transaction(Journal& journal) : journal_(journal) {
+        journal_.requireWritable();
+        journal_.begin();
+    }
     ~Transaction() { journal_.end(); }
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

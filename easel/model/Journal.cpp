@@ -54,7 +54,10 @@ void Journal::end() {
     settle();
 }
 
-void Journal::setKind(UndoKind kind) { kind_ = kind; }
+void Journal::setKind(UndoKind kind) {
+    requireWritable();
+    kind_ = kind;
+}
 
 bool Journal::running() const { return depth_ > 0; }
 
@@ -126,7 +129,12 @@ Changes Journal::takeChanges() { return std::exchange(changes_, {}); }
 
 // For Document
 
+void Journal::requireWritable() const {
+    if (readers_ > 0) throw ReadOnlyError();
+}
+
 void Journal::note(Node& node) {
+    ++changeCount_;
     Record& record = top();
     if (node.record_ == record.id) return;
     record.notes.push_back({&node, node.record_, node.alive_, node.state_});
@@ -144,6 +152,7 @@ void Journal::exchange(Record& record) {
     const auto changesPlace = [](const Note& note) {
         return note.state.parent != note.node->state_.parent || note.state.order != note.node->state_.order;
     };
+    if (!record.notes.empty()) ++changeCount_;
     for (Note& note : record.notes) {
         Node& node = *note.node;
         if (note.state.path != node.state_.path || note.state.opaque != node.state_.opaque) tree_.index.loosen(node);

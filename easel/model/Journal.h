@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <stdexcept>
 #include <vector>
 
 #include "model/Node.h"
@@ -28,6 +29,12 @@ struct Changes {
     bool layerOptions = false; ///< title, locked, hidden
 };
 
+/// Thrown by what tries to change a document that may only be read at the moment. Nothing has happened then.
+class ReadOnlyError : public std::runtime_error {
+  public:
+    ReadOnlyError() : std::runtime_error("the document cannot be changed while it is being drawn") {}
+};
+
 class Tree;
 
 class Journal {
@@ -36,6 +43,18 @@ class Journal {
     ~Journal();
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
+
+    /// While one lives, the document may only be read.
+    class ReadOnly {
+      public:
+        explicit ReadOnly(Journal& journal) : journal_(journal) { ++journal_.readers_; }
+        ~ReadOnly() { --journal_.readers_; }
+        ReadOnly(const ReadOnly&) = delete;
+        ReadOnly& operator=(const ReadOnly&) = delete;
+
+      private:
+        Journal& journal_;
+    };
 
     // Transactions. An inner one joins the outer one; the outermost decides what is kept.
     void begin();
@@ -65,8 +84,11 @@ class Journal {
 
     /// What transactions, undo and redo did since the last call. Of a transaction only the net effect counts.
     [[nodiscard]] Changes takeChanges();
+    /// Grows with every change of the document, whichever way it comes.
+    [[nodiscard]] std::uint64_t changeCount() const { return changeCount_; }
 
     // For Document
+    void requireWritable() const; ///< throws ReadOnlyError
     /// To be called before a node changes, inside a transaction.
     void note(Node& node);
     [[nodiscard]] bool wasPutBack(const Node& node) const;
@@ -102,6 +124,8 @@ class Journal {
     Tree& tree_;
     Changes changes_;
     int depth_ = 0;
+    int readers_ = 0;
+    std::uint64_t changeCount_ = 0;
     bool marked_ = false;
     UndoKind kind_ = UndoKind::Standard;
     UndoKind kindAtMark_ = UndoKind::Standard;

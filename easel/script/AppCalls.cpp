@@ -31,8 +31,28 @@ Document open(Host& host, const std::string& path) { return {&host.session.open(
 
 void save(Host& host, const std::string& path) { host.session.save(path); }
 
-void exportPng(Host& host, const std::string& path, std::optional<Positive> scale) {
-    host.session.exportPng(path, scale.value_or(Positive{}).value);
+struct PictureOptions {
+    session::Overlay overlay = session::Overlay::None;
+};
+
+void read(const Value& value, PictureOptions& slot) {
+    static constexpr std::array<std::string_view, 1> names{"annotations"};
+    if (!duk_is_object(value.engine(), value.index())) value.mustBe("an object like {annotations: true}");
+    value.mustHaveOnly(names);
+    if (value.member<std::optional<bool>>("annotations").value_or(false)) slot.overlay = session::Overlay::Annotations;
+}
+
+void exportPng(Host& host, const std::string& path, std::optional<Positive> scale,
+               std::optional<PictureOptions> options) {
+    host.session.exportPng(path, scale.value_or(Positive{}).value, options.value_or(PictureOptions{}).overlay);
+}
+
+std::vector<AnnotationRecord> annotations(Host& host) {
+    host.session.updateAnnotations();
+    std::vector<AnnotationRecord> records;
+    for (const auto* annotator : host.session.annotations.all())
+        for (const model::Mark& mark : annotator->marks) records.push_back({annotator->name, mark});
+    return records;
 }
 
 void close(Host& host) {
@@ -185,9 +205,10 @@ constexpr Row app[] = {
     method<newDocument>("app.newDocument", "width, height"),
     method<open>("app.open", "path"),
     method<save>("app.save", "path"),
-    method<exportPng>("app.exportPNG", "path, scale"),
+    method<exportPng>("app.exportPNG", "path, scale, options"),
     method<close>("app.close", ""),
     property<frontDocument>("app.document"),
+    property<annotations>("app.annotations"),
     property<tools>("app.tools"),
     property<toolbox>("app.toolbox"),
     property<currentTool>("app.currentTool"),

@@ -264,6 +264,19 @@ void push(duk_context* engine, const CursorImageRecord& record) {
                std::pair("hotSpot", record.hotSpot), std::pair("scale", record.scale));
 }
 
+void push(duk_context* engine, const AnnotationRecord& record) {
+    static constexpr std::array<std::string_view, 5> kinds{"line", "rectangle", "ellipse", "polygon", "text"};
+    const model::Mark& mark = record.mark;
+    const bool isText = mark.kind == model::Mark::Kind::Text;
+    const auto given = [](bool applies, auto value) { return applies ? std::optional(value) : std::nullopt; };
+    pushRecord(engine, std::pair("kind", kinds[static_cast<std::size_t>(mark.kind)]),
+               std::pair("annotator", record.annotator), std::pair("points", mark.points),
+               std::pair("filled", mark.filled), std::pair("color", mark.pen.color),
+               std::pair("opacity", mark.pen.opacity), std::pair("width", given(!mark.filled, mark.pen.lineWidth)),
+               std::pair("dash", given(!mark.filled, mark.pen.dash)), std::pair("text", given(isText, mark.text)),
+               std::pair("size", given(isText, mark.pen.fontSize)));
+}
+
 void push(duk_context* engine, const Document& document) { pushDocument(engine, *document); }
 
 void push(duk_context* engine, const View& view) { pushDocument(engine, *view.document, Kind::View); }

@@ -92,6 +92,11 @@ struct CursorImageRecord {
     model::Point hotSpot;
     double scale = 1;
 };
+/// A mark over the view as a script sees it.
+struct AnnotationRecord {
+    std::string annotator;
+    model::Mark mark;
+};
 /// Any value at all, as a condition.
 struct Condition {
     bool holds = false;
@@ -162,6 +167,7 @@ void push(duk_context* engine, const MenuItemRecord& record);
 void push(duk_context* engine, const MenuGroupRecord& record);
 void push(duk_context* engine, const PluginRecord& record);
 void push(duk_context* engine, const CursorImageRecord& record);
+void push(duk_context* engine, const AnnotationRecord& record);
 void push(duk_context* engine, const Document& document);
 void push(duk_context* engine, const View& view);
 void push(duk_context* engine, const Object& object);

@@ -23,6 +23,8 @@ template <> struct KindOf<SPPluginRef> { static constexpr unsigned value = 8; };
 template <> struct KindOf<AIMenuGroup> { static constexpr unsigned value = 9; };
 template <> struct KindOf<AIMenuItemHandle> { static constexpr unsigned value = 10; };
 template <> struct KindOf<AITimerHandle> { static constexpr unsigned value = 11; };
+template <> struct KindOf<AIAnnotatorHandle> { static constexpr unsigned value = 12; };
+template <> struct KindOf<AIDrawingContextHandle> { static constexpr unsigned value = 13; };
 
 template <class T>
 concept Handle = requires {

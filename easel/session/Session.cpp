@@ -113,6 +113,7 @@ void Session::forget(Plugin& plugin) {
     pluginGroups.removeIf(owned);
     toolbox.removeIf(owned);
     timers.removeIf(owned);
+    annotations.removeIf(owned);
     menus.forget(plugin);
     if (cursor_.plugin == plugin.handle) cursor_ = {};
     plugin.toolSnapping = 0;
@@ -171,10 +172,17 @@ void Session::save(const std::string& path) {
     });
 }
 
-void Session::exportPng(const std::string& path, double scale) {
+void Session::exportPng(const std::string& path, double scale, Overlay overlay) {
     model::Document& front = needDocument();
-    pointer.cancel();
-    withFile([&] { svg::exportPng(svg::write(front), path, scale); });
+    std::vector<model::Mark> marks;
+    if (overlay == Overlay::None) {
+        pointer.cancel();
+    } else {
+        updateAnnotations();
+        for (const Annotator* annotator : annotations.all())
+            marks.insert(marks.end(), annotator->marks.begin(), annotator->marks.end());
+    }
+    withFile([&] { svg::exportPng(svg::write(front), path, scale, marks); });
 }
 
 void Session::close() {
@@ -205,6 +213,10 @@ std::uint32_t Session::numberOf(const model::Document& document) const {
     for (const OpenDocument& open : documents_)
         if (open.document.get() == &document) return open.number;
     return 0;
+}
+
+AIDocumentViewHandle Session::viewOf(const model::Document& document) const {
+    return makeHandle<AIDocumentViewHandle>(numberOf(document), 1, 0);
 }
 
 // Tools
@@ -294,6 +306,54 @@ void Session::setBrightness(double brightness) {
     if (brightness == brightness_) return;
     brightness_ = brightness;
     notify(kAIUIBrightnessChangedNotifier);
+}
+
+// Annotations
+
+void Session::updateAnnotations() {
+    if (annotations.drawing()) return;
+    model::Document* const front = document();
+    const Sight before = annotations.shown();
+    const Sight now = front ? Sight{numberOf(*front), front->journal().changeCount(), front->view} : Sight{};
+    annotations.show(now);
+    if (!front) return;
+    messenger.whole([&] {
+        const model::Journal::ReadOnly whileDrawn(front->journal());
+        AIAnnotatorMessage common{};
+        common.view = viewOf(*front);
+        common.triggeredByDragScroll = pointer.pressed() && now.document == before.document &&
+                                       now.view.zoom == before.view.zoom && now.view.center != before.view.center;
+        common.showEdges = 1;
+        // Annotators may come and go while others draw.
+        std::vector<AIAnnotatorHandle> handles;
+        for (const Annotator* annotator : annotations.all()) handles.push_back(annotator->handle);
+        const auto eachActive = [&](auto work) {
+            for (const AIAnnotatorHandle handle : handles) {
+                Annotator* const annotator = annotations.find(handle);
+                if (!annotator || !annotator->active) continue;
+                AIAnnotatorMessage message = common;
+                message.annotator = handle;
+                work(*annotator, message);
+            }
+        };
+        if (now != before)
+            eachActive([&](Annotator& annotator, AIAnnotatorMessage& message) {
+                messenger.send(*annotator.owner, kCallerAIAnnotation, kSelectorAIInvalAnnotation, message.d);
+            });
+        eachActive([&](Annotator& annotator, AIAnnotatorMessage& message) {
+            if (annotator.invalid.isEmpty()) return;
+            Plugin& owner = *annotator.owner;
+            annotations.draw(annotator, front->visibleBox(), [&](const Drawing& drawing) {
+                std::vector<AIRealRect> places;
+                for (const model::Box& box : drawing.places)
+                    places.push_back({box.left, box.top, box.right, box.bottom});
+                message.context = drawing.handle;
+                message.invalidationRectCount = static_cast<std::int32_t>(places.size());
+                message.invalidationRects = places.data();
+                messenger.send(owner, kCallerAIAnnotation, kSelectorAIDrawAnnotation, message.d);
+            });
+        });
+    });
 }
 
 // Diagnostics

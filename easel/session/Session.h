@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "model/Document.h"
+#include "session/Annotations.h"
 #include "session/Error.h"
 #include "session/Events.h"
 #include "session/Memory.h"
@@ -24,6 +25,9 @@ namespace easel::session {
 
 /// Whose fault a report is about.
 enum class Blame { Host, Plugin, UserData };
+
+/// What a picture shows besides the drawing.
+enum class Overlay { None, Annotations };
 
 /// What is said of a plug-in's wrong calls, which are refused in any case.
 enum class CheckLevel { Refuse, Full };
@@ -56,14 +60,15 @@ class Session {
     // Documents; the last one opened is in front
     model::Document& newDocument(double width, double height);
     model::Document& open(const std::string& path); ///< throws Error
-    /// The document in front; both cancel a gesture first and throw Error.
+    /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
     void save(const std::string& path);
-    void exportPng(const std::string& path, double scale);
+    void exportPng(const std::string& path, double scale, Overlay overlay = Overlay::None);
     void close();                                        ///< the document in front, with its unsaved changes
     [[nodiscard]] model::Document* document() const;     ///< in front, or null
     [[nodiscard]] model::Document& needDocument() const; ///< throws Error when none is open
     [[nodiscard]] model::Document* documentByNumber(std::uint32_t number) const;
     [[nodiscard]] std::uint32_t numberOf(const model::Document& document) const;
+    [[nodiscard]] AIDocumentViewHandle viewOf(const model::Document& document) const;
 
     // Tools
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
@@ -96,6 +101,11 @@ class Session {
     [[nodiscard]] double brightness() const { return brightness_; } ///< 0 dark to 1 light
     void setBrightness(double brightness);
 
+    // Annotations
+    /// Brings the marks over the document in front up to date, with the messages that this takes. They change nothing.
+    /// Does nothing while that is going on already.
+    void updateAnnotations();
+
     // Diagnostics
     /// Writes one line about misbehaviour to standard error and keeps it.
     void report(Blame blame, const std::string& text);
@@ -109,6 +119,7 @@ class Session {
     Toolbox toolbox;
     Menus menus;
     Timers timers;
+    Annotations annotations;
     Messenger messenger{*this};
     Pointer pointer{*this};
     Events events{*this};

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "hostapi/AIAnnotatorDrawerSuite.h"
+#include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
@@ -46,6 +48,8 @@ struct Tables {
     Published<AIToolSuite> tool{kAIToolSuite, kAIToolSuiteVersion};
     Published<AIMenuSuite> menu{kAIMenuSuite, kAIMenuSuiteVersion};
     Published<AITimerSuite> timer{kAITimerSuite, kAITimerSuiteVersion};
+    Published<AIAnnotatorSuite> annotator{kAIAnnotatorSuite, kAIAnnotatorSuiteVersion};
+    Published<AIAnnotatorDrawerSuite> annotatorDrawer{kAIAnnotatorDrawerSuite, kAIAnnotatorDrawerSuiteVersion};
     Published<AIArtSuite> art{kAIArtSuite, kAIArtSuiteVersion};
     Published<AIPathSuite> path{kAIPathSuite, kAIPathSuiteVersion};
     Published<AIPathStyleSuite> pathStyle{kAIPathStyleSuite, kAIPathStyleSuiteVersion};
@@ -63,8 +67,8 @@ struct Tables {
     /// Calls `visit` with every published suite. The one list that look-up, release and tests go by.
     template <class Visit> void each(Visit visit) {
         const auto all = [&](auto&... suites) { (visit(suites), ...); };
-        all(plugins, interface, pluginGroup, notifier, tool, menu, timer, art, path, pathStyle, layer, document, view,
-            matchingArt, memory, hitTest, cursorSnap, undo, realMath, stage);
+        all(plugins, interface, pluginGroup, notifier, tool, menu, timer, annotator, annotatorDrawer, art, path,
+            pathStyle, layer, document, view, matchingArt, memory, hitTest, cursorSnap, undo, realMath, stage);
     }
 };
 

@@ -14,13 +14,6 @@ void getDocument(AIDocumentHandle& handle) {
 
 // Views; a document has one
 
-model::Document& documentOfView(AIDocumentViewHandle view) {
-    if (!view) return currentDocument();
-    const session::HandleParts parts = session::partsOf(view);
-    require(parts.kind == session::KindOf<AIDocumentViewHandle>::value, kUnknownHandleErr);
-    return found(Session::current().documentByNumber(parts.document));
-}
-
 void countViews(std::int32_t& count) {
     static_cast<void>(currentDocument());
     count = 1;
@@ -28,7 +21,7 @@ void countViews(std::int32_t& count) {
 
 void getNthView(std::int32_t index, AIDocumentViewHandle& view) {
     require(index == 0);
-    view = session::makeHandle<AIDocumentViewHandle>(Session::current().numberOf(currentDocument()), 1, 0);
+    view = Session::current().viewOf(currentDocument());
 }
 
 void getBounds(AIDocumentViewHandle view, AIRealRect& bounds) {

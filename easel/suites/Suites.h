@@ -15,6 +15,8 @@ void fill(AINotifierSuite& suite);
 void fill(AIToolSuite& suite);
 void fill(AIMenuSuite& suite);
 void fill(AITimerSuite& suite);
+void fill(AIAnnotatorSuite& suite);
+void fill(AIAnnotatorDrawerSuite& suite);
 void fill(AIArtSuite& suite);
 void fill(AIPathSuite& suite);
 void fill(AIPathStyleSuite& suite);

@@ -44,6 +44,13 @@ model::Document& currentDocument() {
     return *document;
 }
 
+model::Document& documentOfView(AIDocumentViewHandle view) {
+    if (!view) return currentDocument();
+    const session::HandleParts parts = session::partsOf(view);
+    require(parts.kind == session::KindOf<AIDocumentViewHandle>::value, kUnknownHandleErr);
+    return found(Session::current().documentByNumber(parts.document));
+}
+
 AIArtHandle artHandle(const model::Document& document, const model::Node* node) {
     return nodeHandle<AIArtHandle>(document, node);
 }

@@ -28,6 +28,8 @@ struct Layer : Art {};
 [[nodiscard]] Art resolveArt(AIArtHandle handle);
 [[nodiscard]] Layer resolveLayer(AILayerHandle handle);
 [[nodiscard]] model::Document& currentDocument(); ///< throws kNoDocumentErr
+/// A document has one view; null means that of the current one.
+[[nodiscard]] model::Document& documentOfView(AIDocumentViewHandle view);
 
 /// The handle of a node, null for null.
 [[nodiscard]] AIArtHandle artHandle(const model::Document& document, const model::Node* node);
@@ -74,6 +76,16 @@ template <> struct Argument<session::MenuItem&> {
 };
 template <> struct Argument<session::Timer&> {
     static session::Timer& from(AITimerHandle handle) { return found(Session::current().timers.find(handle)); }
+};
+template <> struct Argument<session::Annotator&> {
+    static session::Annotator& from(AIAnnotatorHandle handle) {
+        return found(Session::current().annotations.find(handle));
+    }
+};
+template <> struct Argument<session::Drawing&> {
+    static session::Drawing& from(AIDrawingContextHandle handle) {
+        return found(Session::current().annotations.findDrawing(handle));
+    }
 };
 template <> struct Argument<session::Notifier&> {
     static session::Notifier& from(AINotifierHandle handle) { return found(Session::current().notifiers.find(handle)); }
@@ -127,6 +139,8 @@ template <class Body> AIErr guarded(std::string_view entry, Body body) {
         return kNoErr;
     } catch (const HostError& error) {
         return refuse(entry, error.code);
+    } catch (const model::ReadOnlyError&) {
+        return refuse(entry, kRefusedErr);
     } catch (const std::bad_alloc&) {
         return refuse(entry, kOutOfMemoryErr);
     } catch (const std::exception& error) {

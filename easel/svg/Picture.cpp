@@ -10,6 +10,7 @@
 
 #include "svg/Files.h"
 #include "svg/Limits.h"
+#include "svg/Marks.h"
 
 namespace easel::svg {
 
@@ -89,12 +90,13 @@ struct Drawing {
 
 } // namespace
 
-void exportPng(std::string_view svg, const std::string& path, double scale) {
+void exportPng(std::string_view svg, const std::string& path, double scale, const std::vector<model::Mark>& marks) {
     const Drawing drawing(svg, path, scale);
     const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
                                                      static_cast<int>(std::ceil(drawing.size.width)),
                                                      static_cast<int>(std::ceil(drawing.size.height))));
     drawing.draw(surface.get(), path);
+    drawMarks(surface.get(), marks, scale);
     std::string png;
     require(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &png), path);
     replaceFile(path, png);

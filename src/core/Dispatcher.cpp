@@ -140,6 +140,16 @@ bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
     return true;
 }
 
+// Annotators
+
+void Dispatcher::registerAnnotator(const Annotator& annotator) {
+    ask(annotator.__impl(), &plugin::Annotator::setRegistered, true);
+}
+
+void Dispatcher::unregisterAnnotator(const Annotator& annotator) {
+    ask(annotator.__impl(), &plugin::Annotator::setRegistered, false);
+}
+
 // Keys and mouse buttons
 
 namespace {

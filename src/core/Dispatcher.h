@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/Annotator.h"
 #include "core/Callback.h"
 #include "core/MessageType.h"
 #include "core/Notifier.h"
@@ -47,6 +48,11 @@ class Dispatcher {
     void unregisterTimer(const Timer& timer);
     /// Runs the callback once, when `delay` seconds have passed. False when the host refuses.
     bool scheduleCallback(const Callback& callback, double delay);
+
+    // Annotators
+    /// As timers: registered from its construction on, and without it not asked to draw, though the host keeps it.
+    void registerAnnotator(const Annotator& annotator);
+    void unregisterAnnotator(const Annotator& annotator);
 
     // Keys and mouse buttons, wherever in the application they are pressed
     /// Answers the monitor's number, or 0 when the platform tells of none.

@@ -1,11 +1,16 @@
 // The host's messages as typed objects, one class a family. They are there while the message is being handled.
 #pragma once
 
+#include <vector>
+
 #include "core/ArtboardPoint.h"
+#include "core/ArtboardRect.h"
 #include "core/Enumerations.h"
 #include "core/MessageType.h"
 #include "core/NotifierType.h"
 
+struct AIDocumentView;
+struct AIDrawingContext;
 struct AINotifier;
 struct AITimer;
 struct AITool;
@@ -13,6 +18,8 @@ struct SPPlugin;
 struct _t_MenuItemOpaque;
 
 namespace kzo::core {
+
+class Annotator;
 
 /// Any message. A handler that has something to tell the host writes it into the host's own record.
 class Message {
@@ -49,6 +56,19 @@ class TimerMessage : public Message {
     [[nodiscard]] AITimer* aiTimerHandle() const;
 };
 
+/// An annotator's message: its callback finds it as `Dispatcher::lastMessage`.
+class AnnotatorMessage : public Message {
+  public:
+    using Message::Message;
+
+    [[nodiscard]] Annotator annotator() const;        ///< empty for one that is not ours
+    [[nodiscard]] AIDrawingContext* context() const;  ///< for an AnnotationDrawer; null in "AI Invalidate"
+    [[nodiscard]] AIDocumentView* docView() const;    ///< which view is being drawn
+    [[nodiscard]] bool triggeredByDragScroll() const; ///< the view was scrolled with the mouse button down
+    [[nodiscard]] bool showEdges() const;             ///< the view shows outlines of what is selected
+    [[nodiscard]] std::vector<ArtboardRect> invalidationRects() const; ///< what has to be drawn anew
+};
+
 class NotifyMessage : public Message {
   public:
     using Message::Message;
@@ -69,11 +89,6 @@ class ToolMessage : public Message {
 // Families of which the head is all that is known
 
 class ActionMessage : public Message {
-  public:
-    using Message::Message;
-};
-
-class AnnotatorMessage : public Message {
   public:
     using Message::Message;
 };

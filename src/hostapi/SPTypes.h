@@ -34,6 +34,8 @@ typedef struct AITool* AIToolHandle;
 typedef struct AINotifier* AINotifierHandle;
 typedef struct AIPluginGroup* AIPluginGroupHandle;
 typedef struct AITimer* AITimerHandle;
+typedef struct AIAnnotator* AIAnnotatorHandle;
+typedef struct AIDrawingContext* AIDrawingContextHandle;
 typedef struct AITextRange* AITextRangeRef;
 typedef struct _t_MenuGroupOpaque* AIMenuGroup;
 typedef struct _t_MenuItemOpaque* AIMenuItemHandle;

@@ -75,6 +75,7 @@ std::int32_t BasePlugin::startup() {
         handle(message::tool, selector, &BasePlugin::handleToolMessage);
     dispatcher_.take(message::notifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
     dispatcher_.take(message::timer, message::go, Bound(this, &BasePlugin::handleTimerMessage));
+    dispatcher_.take(message::annotation, {}, Bound(this, &BasePlugin::handleAnnotatorMessage));
     if (!subscribed) return notifierRefused;
     return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
 }
@@ -94,6 +95,7 @@ std::int32_t BasePlugin::shutdown() {
     menus_.clear();
     SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
     timers_.clear();
+    annotators_.clear();
     monitors_.clear();
     SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
     SharedCursor::Map::each([](auto& shared) { shared.impl.forget(); });
@@ -117,7 +119,7 @@ void BasePlugin::handleNotifyMessage() {
     dispatcher_.setAnswer(known ? Dispatcher::handled : Dispatcher::notHandled);
 }
 
-// Menus and timers
+// Menus, timers and annotators
 
 void BasePlugin::handleMenuChoice() {
     if (dispatcher_.lastRecord()) menus_.choose(MenuMessage(dispatcher_.lastRecord()).item);
@@ -128,6 +130,12 @@ void BasePlugin::handleMenuUpdate() { menus_.update(); }
 void BasePlugin::handleTimerMessage() {
     const void* const record = dispatcher_.lastRecord();
     const bool ran = record && timers_.fire(TimerMessage(record).timer);
+    dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
+}
+
+void BasePlugin::handleAnnotatorMessage() {
+    const void* const record = dispatcher_.lastRecord();
+    const bool ran = record && annotators_.run(AnnotatorMessage(record).annotator);
     dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
 }
 

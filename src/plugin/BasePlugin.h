@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Enumerations.h"
+#include "plugin/Annotator.h"
 #include "plugin/BaseTool.h"
 #include "plugin/Dispatcher.h"
 #include "plugin/MenuItem.h"
@@ -58,9 +59,10 @@ class BasePlugin {
                                           const core::CallbackSlot& callback);
     [[nodiscard]] NotifierRegistry& notifiers() { return notifiers_; }
 
-    // Menus and timers
+    // Menus, timers and annotators
     [[nodiscard]] MenuRegistry& menus() { return menus_; }
     [[nodiscard]] TimerRegistry& timers() { return timers_; }
+    [[nodiscard]] AnnotatorRegistry& annotators() { return annotators_; }
 
     // Keys, mouse buttons, and the interface
     [[nodiscard]] Monitors& monitors() { return monitors_; }
@@ -96,11 +98,13 @@ class BasePlugin {
     void handleMenuChoice();
     void handleMenuUpdate();
     void handleTimerMessage();
+    void handleAnnotatorMessage();
     void handleToolMessage();
 
     SPPlugin* plugin_;
     std::string name_;
-    Dispatcher dispatcher_;
+    AnnotatorRegistry annotators_;
+    Dispatcher dispatcher_{annotators_};
     NotifierRegistry notifiers_;
     MenuRegistry menus_;
     TimerRegistry timers_;

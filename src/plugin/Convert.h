@@ -84,14 +84,15 @@ inline constexpr core::PluginOptions pluginOptions = core::PluginOptions::First 
 [[nodiscard]] constexpr std::int16_t toHost(core::ArtType type) { return toHost(artTypes, type); }
 [[nodiscard]] constexpr std::int16_t toHost(core::PaintOrder order) { return static_cast<std::int16_t>(order); }
 
+[[nodiscard]] inline AIColor toHost(const core::RgbColor& color) { return {color.red, color.green, color.blue}; }
+
 [[nodiscard]] inline AIPathStyle toHost(const core::PathStyle& style) {
-    const auto color = [](const core::RgbColor& c) { return AIColor{c.red, c.green, c.blue}; };
     const core::StrokeStyle& stroke = style.stroke;
     AIPathStyle host{
         .fillPaint = style.fill.painted,
         .strokePaint = stroke.painted,
-        .fillColor = color(style.fill.color),
-        .strokeColor = color(stroke.color),
+        .fillColor = toHost(style.fill.color),
+        .strokeColor = toHost(stroke.color),
         .strokeWidth = stroke.width,
         .miterLimit = stroke.miterLimit,
         .cap = toHost(strokeCaps, stroke.cap),

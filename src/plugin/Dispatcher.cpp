@@ -32,6 +32,7 @@ std::int32_t Dispatcher::message(std::string_view caller, std::string_view selec
     if (caller == message::tool && record) ownToolMessage.emplace(record);
     ToolMessage* const outer = executing_ ? executing_->toolMessage : nullptr;
     const Scope scope(*this, caller, selector, record, ownToolMessage ? &*ownToolMessage : outer);
+    annotators_.follow(ownToolMessage ? &*ownToolMessage : nullptr);
 
     // A copy, since the callback may unregister itself.
     const core::CallbackSlot running = callbackOf(caller, selector);

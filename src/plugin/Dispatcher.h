@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "core/Callback.h"
+#include "plugin/Annotator.h"
 #include "plugin/Messages.h"
 
 namespace kzo::plugin {
@@ -19,7 +20,10 @@ class Dispatcher {
     static constexpr std::int32_t handled = 0;
     static constexpr std::int32_t notHandled = 1;
 
-    /// Runs the callback that is there for caller and selector. Answers `notHandled` when there is none, else what
+    explicit Dispatcher(AnnotatorRegistry& annotators) : annotators_(annotators) {}
+
+    /// Has annotations drawn anew where the view or the tool's cursor has moved since the last message, then runs the
+    /// callback that is there for caller and selector. Answers `notHandled` when there is none, else what
     /// the callback left with `setAnswer`, `handled` by default. Messages nest: what the queries below say of the outer
     /// one is there again when the inner one returns, also by an exception.
     std::int32_t message(std::string_view caller, std::string_view selector, void* record);
@@ -72,6 +76,7 @@ class Dispatcher {
     };
 
     std::vector<Taken> taken_;
+    AnnotatorRegistry& annotators_;
     std::map<std::pair<std::string, std::string>, core::CallbackSlot, ByTexts> callbacks_;
     Executing* executing_ = nullptr;
 };

@@ -7,6 +7,8 @@
 #include <tuple>
 #include <type_traits>
 
+#include "hostapi/AIAnnotatorDrawerSuite.h"
+#include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
@@ -47,6 +49,8 @@ inline constinit std::tuple suites{
     Suite<AIToolSuite>{kAIToolSuite, kAIToolSuiteVersion},
     Suite<AIMenuSuite>{kAIMenuSuite, kAIMenuSuiteVersion},
     Suite<AITimerSuite>{kAITimerSuite, kAITimerSuiteVersion},
+    Suite<AIAnnotatorSuite>{kAIAnnotatorSuite, kAIAnnotatorSuiteVersion},
+    Suite<AIAnnotatorDrawerSuite>{kAIAnnotatorDrawerSuite, kAIAnnotatorDrawerSuiteVersion},
     Suite<AIArtSuite>{kAIArtSuite, kAIArtSuiteVersion},
     Suite<AIPathSuite>{kAIPathSuite, kAIPathSuiteVersion},
     Suite<AIPathStyleSuite>{kAIPathStyleSuite, kAIPathStyleSuiteVersion},

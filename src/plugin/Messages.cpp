@@ -1,6 +1,7 @@
 // Reading of the host's records, and what is given back in them.
 #include "plugin/Messages.h"
 
+#include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AITimerSuite.h"
@@ -20,6 +21,23 @@ NotifyMessage::NotifyMessage(const void* record)
 MenuMessage::MenuMessage(const void* record) : item(static_cast<const AIMenuMessage*>(record)->menuItem) {}
 
 TimerMessage::TimerMessage(const void* record) : timer(static_cast<const AITimerMessage*>(record)->timer) {}
+
+AnnotatorMessage::AnnotatorMessage(const void* record) {
+    const auto& host = *static_cast<const AIAnnotatorMessage*>(record);
+    annotator = host.annotator;
+    context = host.context;
+    view = host.view;
+    triggeredByDragScroll = host.triggeredByDragScroll != 0;
+    showEdges = host.showEdges != 0;
+    rects_ = host.invalidationRects;
+    rectCount_ = rects_ ? host.invalidationRectCount : 0;
+}
+
+std::vector<ArtboardRect> AnnotatorMessage::invalidationRects() const {
+    std::vector<ArtboardRect> rects;
+    for (std::int32_t i = 0; i < rectCount_; ++i) rects.emplace_back(rects_[i]);
+    return rects;
+}
 
 InputMessage::InputMessage(const void* record) : code(static_cast<const StageInputMessage*>(record)->code) {}
 

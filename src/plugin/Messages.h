@@ -4,11 +4,17 @@
 
 #include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "core/Enumerations.h"
 #include "plugin/ArtboardPoint.h"
+#include "plugin/ArtboardRect.h"
 
+struct AIAnnotator;
+struct AIDocumentView;
+struct AIDrawingContext;
 struct AINotifier;
+struct AIRealRect;
 struct AITimer;
 struct AITool;
 struct SPBasicSuite;
@@ -44,6 +50,21 @@ struct TimerMessage {
     AITimer* timer;
 };
 
+struct AnnotatorMessage {
+    explicit AnnotatorMessage(const void* record);
+
+    AIAnnotator* annotator;
+    AIDrawingContext* context; ///< null when the message is not about drawing
+    AIDocumentView* view;
+    bool triggeredByDragScroll;
+    bool showEdges;
+    [[nodiscard]] std::vector<ArtboardRect> invalidationRects() const;
+
+  private:
+    const AIRealRect* rects_;
+    std::int32_t rectCount_;
+};
+
 struct InputMessage {
     explicit InputMessage(const void* record);
 
@@ -72,6 +93,7 @@ inline constexpr std::string_view notifier = "AI Notifier";
 inline constexpr std::string_view notify = "AI Notify";
 inline constexpr std::string_view menu = "AI Menu";
 inline constexpr std::string_view timer = "AI Timer";
+inline constexpr std::string_view annotation = "AI Annotation";
 inline constexpr std::string_view go = "AI Go";
 inline constexpr std::string_view update = "AI Update";
 inline constexpr std::string_view tool = "AI Tool";

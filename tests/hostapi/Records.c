@@ -1,6 +1,8 @@
 /* The interface seen from C: every header, and the layout of the records that cross the boundary. */
 #include <stddef.h>
 
+#include "hostapi/AIAnnotatorDrawerSuite.h"
+#include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIDocumentSuite.h"
@@ -35,6 +37,7 @@ RECORD_SIZE(SPMessageData, 32);
 RECORD_SIZE(AINotifierMessage, 48);
 RECORD_SIZE(AIMenuMessage, 40);
 RECORD_SIZE(AITimerMessage, 40);
+RECORD_SIZE(AIAnnotatorMessage, 72);
 RECORD_SIZE(AIToolMessage, 64);
 RECORD_SIZE(StageInputMessage, 40);
 RECORD_SIZE(AIAddToolData, 24);

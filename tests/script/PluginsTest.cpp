@@ -100,6 +100,36 @@ TEST_F(PluginScripts, SeeTheCursorAndSetTheDisplay) {
               "1: app.displayScale: argument 1 (value) must be a number greater than 0, not -1");
 }
 
+TEST_F(PluginScripts, SeeWhatAnnotatorsDraw) {
+    session.load(std::string(TEST_BUILD_DIR) + "/Measuring.aip");
+    session.start();
+    EXPECT_EQ(play(R"js(
+        function show() {
+            app.annotations.forEach(function (mark) { print(JSON.stringify(mark)); });
+            print("undo", app.document.undoDepth);
+        }
+        app.newDocument(100, 100);
+        app.selectTool("Measure");
+        mouse.press(10, 10);
+        show();
+        mouse.drag(20, 10);
+        mouse.drag(40, 50);
+        show();
+        mouse.drag(10, 20);
+        print(app.annotations[1].text);
+        mouse.release(10, 20);
+        show();
+    )js"),
+              "undo 0\n"
+              R"({"kind":"line","annotator":"Measure","points":[[10,10],[40,50]],"filled":false,"color":"#0000ff",)"
+              R"("opacity":1,"width":1,"dash":4,"text":null,"size":null})"
+              "\n"
+              R"({"kind":"text","annotator":"Measure","points":[[40,50]],"filled":true,"color":"#0000ff",)"
+              R"("opacity":1,"width":null,"dash":null,"text":"50 pt","size":12})"
+              "\nundo 0\n10 pt\nundo 0\n");
+    EXPECT_THAT(session.reports(), testing::IsEmpty());
+}
+
 TEST_F(PluginScripts, AreToldWhatCannotBe) {
     const std::pair<const char*, const char*> lines[] = {
         {"app.chooseMenu('Nothing')", "1: app.chooseMenu: no menu item has the text \"Nothing\""},
@@ -108,6 +138,8 @@ TEST_F(PluginScripts, AreToldWhatCannotBe) {
          "1: app.chooseMenu: the menu item \"Asking: nothing yet\" is disabled"},
         {"app.chooseMenu('')", "1: app.chooseMenu: no menu item has the text \"\""}, // dividers have no text
         {"app.runFor(0)", "1: app.runFor: argument 1 (seconds) must be a number greater than 0, not 0"},
+        {"app.exportPNG('x.png', 1, {grid: true})",
+         "1: app.exportPNG: argument 3 (options): \"grid\" means nothing here"},
         {"app.sendMessage('Who', 'a', 'b')", "1: app.sendMessage: no plug-in has the name \"Who\""},
         {"app.sendMessage('Declining', 'a', 'b')", "1: app.sendMessage: the plug-in \"Declining\" is not running"},
     };

@@ -22,10 +22,31 @@ using model::addLine;
 using model::addPath;
 using model::corner;
 using model::Document;
+using model::Mark;
 using model::Node;
 using model::NodeType;
 using model::Placement;
 using model::Style;
+
+/// A picture that is read back.
+class Pixels {
+  public:
+    explicit Pixels(const std::string& path)
+        : surface_(cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy) {
+        EXPECT_EQ(cairo_surface_status(surface_.get()), CAIRO_STATUS_SUCCESS);
+    }
+    [[nodiscard]] int width() const { return cairo_image_surface_get_width(surface_.get()); }
+    [[nodiscard]] int height() const { return cairo_image_surface_get_height(surface_.get()); }
+    /// Red, green and blue, a byte each.
+    std::uint32_t operator()(int x, int y) const {
+        const unsigned char* const row = cairo_image_surface_get_data(surface_.get()) +
+                                         std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface_.get());
+        return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+    }
+
+  private:
+    std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
+};
 
 /// A folder of its own, gone with the test.
 class DrawingFiles : public testing::Test {
@@ -231,19 +252,51 @@ TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhite) {
     style.fillColor = {1, 0, 0};
     document.setStyle(square, style);
     exportPng(write(document), path("picture.png"), 2);
-    cairo_surface_t* const surface = cairo_image_surface_create_from_png(path("picture.png").c_str());
-    ASSERT_EQ(cairo_surface_status(surface), CAIRO_STATUS_SUCCESS);
-    EXPECT_EQ(cairo_image_surface_get_width(surface), 40);
-    EXPECT_EQ(cairo_image_surface_get_height(surface), 20);
-    const auto pixel = [&](int x, int y) {
-        const unsigned char* const row =
-            cairo_image_surface_get_data(surface) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface);
-        return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
-    };
+    const Pixels pixel(path("picture.png"));
+    EXPECT_EQ(pixel.width(), 40);
+    EXPECT_EQ(pixel.height(), 20);
     EXPECT_EQ(pixel(20, 5), 0xFF0000U);
     EXPECT_EQ(pixel(20, 15), 0xFFFFFFU);
     EXPECT_EQ(pixel(5, 5), 0xFFFFFFU);
-    cairo_surface_destroy(surface);
+}
+
+TEST_F(DrawingFiles, PictureShowsMarksOverTheDrawing) {
+    Document document(50, 25);
+    const easel::model::Pen thick{.color = {1, 0, 0}, .lineWidth = 6};
+    const easel::model::Pen faint{.color = {0, 0, 1}, .opacity = 0.2};
+    const easel::model::Pen dashed{.color = {0, 1, 0}, .lineWidth = 4, .dash = 10};
+    using Kind = Mark::Kind;
+    const std::vector<Mark> marks{
+        {.kind = Kind::Text, .points = {{25, 14}}, .pen = thick, .filled = true, .text = "no \xff text"},
+        {.kind = Kind::Line, .points = {{0, 5}, {20, 5}}, .pen = thick, .filled = false, .text = {}},
+        {.kind = Kind::Line, .points = {{0, 22}, {25, 22}}, .pen = dashed, .filled = false, .text = {}},
+        {.kind = Kind::Rectangle, .points = {{10, 10}, {2, 0}}, .pen = faint, .filled = true, .text = {}},
+        {.kind = Kind::Ellipse, .points = {{30, 0}, {50, 20}}, .pen = thick, .filled = true, .text = {}},
+        {.kind = Kind::Polygon, .points = {{10, 12}, {20, 12}, {10, 20}}, .pen = dashed, .filled = true, .text = {}},
+    };
+    const auto picture = [&](double scale) {
+        exportPng(write(document), path("picture.png"), scale, marks);
+        return Pixels(path("picture.png"));
+    };
+    const Pixels pixel = picture(4);
+    // The line keeps its 6 pixels at any scale: 17 to 22 of the rows, since it runs along 5 * 4.
+    EXPECT_EQ(pixel(70, 16), 0xFFFFFFU);
+    EXPECT_EQ(pixel(70, 17), 0xFF0000U);
+    EXPECT_EQ(pixel(70, 22), 0xFF0000U);
+    EXPECT_EQ(pixel(70, 23), 0xFFFFFFU);
+    EXPECT_EQ(pixel(20, 30), 0xCCCCFFU); // 0.2 of blue on white
+    EXPECT_EQ(pixel(20, 20), 0xCC0033U); // and on red
+    EXPECT_EQ(pixel(160, 40), 0xFF0000U);
+    EXPECT_EQ(pixel(123, 3), 0xFFFFFFU); // a corner of the ellipse's box
+    EXPECT_EQ(pixel(45, 52), 0x00FF00U); // in the triangle
+    EXPECT_EQ(pixel(75, 75), 0xFFFFFFU); // beyond its long side
+    EXPECT_EQ(pixel(5, 88), 0x00FF00U);
+    EXPECT_EQ(pixel(15, 88), 0xFFFFFFU);
+    const Pixels half = picture(2);
+    EXPECT_EQ(half(35, 6), 0xFFFFFFU);
+    EXPECT_EQ(half(35, 7), 0xFF0000U);
+    EXPECT_EQ(half(35, 12), 0xFF0000U);
+    EXPECT_EQ(half(35, 13), 0xFFFFFFU);
 }
 
 TEST_F(DrawingFiles, PictureThatCannotBeMadeIsAnError) {

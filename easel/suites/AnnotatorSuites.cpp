@@ -1,0 +1,139 @@
+// The annotator and annotator drawer suites on the session's annotations.
+#include <cmath>
+
+#include "suites/Suites.h"
+#include "suites/Thunk.h"
+
+namespace easel::suites {
+
+namespace {
+
+using model::Mark;
+using session::Annotator;
+using session::Drawing;
+
+session::Annotations& annotations() { return Session::current().annotations; }
+
+model::Point point(const AIRealPoint& host) {
+    require(std::isfinite(host.h) && std::isfinite(host.v));
+    return {host.h, host.v};
+}
+
+// Annotators
+
+void addAnnotator(session::Plugin& self, std::string_view name, AIAnnotatorHandle& annotator) {
+    annotator = annotations().add(self, name).handle;
+}
+
+void removeAnnotator(Annotator& annotator) { annotations().remove(annotator); }
+void getName(Annotator& annotator, const char*& name) { name = annotator.name.c_str(); }
+void getActive(Annotator& annotator, AIBoolean& active) { active = annotator.active; }
+void setActive(Annotator& annotator, AIBoolean active) { session::Annotations::setActive(annotator, active != 0); }
+void getOptions(Annotator& annotator, std::int32_t& options) { options = annotator.options; }
+void setOptions(Annotator& annotator, std::int32_t options) { annotator.options = options; }
+
+void invalidate(AIDocumentViewHandle view, const AIRealRect* rect) {
+    // Only the view in front is shown; another one is drawn from nothing when its turn comes.
+    const bool isShown = &documentOfView(view) == Session::current().document();
+    model::Box place;
+    if (rect) {
+        place.include(point({rect->left, rect->top}));
+        place.include(point({rect->right, rect->bottom}));
+    }
+    if (isShown && rect) annotations().invalidate(place);
+    if (isShown && !rect) annotations().invalidateAll();
+}
+
+// How the next mark looks
+
+void setColor(Drawing& drawing, const AIColor& color) {
+    for (const AIReal part : {color.red, color.green, color.blue}) require(part >= 0 && part <= 1);
+    drawing.pen.color = {color.red, color.green, color.blue};
+}
+
+void setOpacity(Drawing& drawing, AIReal opacity) {
+    require(opacity >= 0 && opacity <= 1);
+    drawing.pen.opacity = opacity;
+}
+
+void setLineWidth(Drawing& drawing, AIReal width) {
+    require(width > 0 && std::isfinite(width));
+    drawing.pen.lineWidth = width;
+}
+
+void setLineDash(Drawing& drawing, AIReal length) {
+    require(length >= 0 && std::isfinite(length));
+    drawing.pen.dash = length;
+}
+
+void setFontSize(Drawing& drawing, AIReal size) {
+    require(size > 0 && std::isfinite(size));
+    drawing.pen.fontSize = size;
+}
+
+// Marks
+
+void add(Drawing& drawing, Mark::Kind kind, std::vector<model::Point> points, AIBoolean filled = 0,
+         std::string_view text = {}) {
+    drawing.marks.push_back({.kind = kind,
+                             .points = std::move(points),
+                             .pen = drawing.pen,
+                             .filled = filled != 0,
+                             .text = std::string(text)});
+}
+
+std::vector<model::Point> corners(const AIRealRect& rect) {
+    return {point({rect.left, rect.top}), point({rect.right, rect.bottom})};
+}
+
+void drawLine(Drawing& drawing, const AIRealPoint& from, const AIRealPoint& to) {
+    add(drawing, Mark::Kind::Line, {point(from), point(to)});
+}
+
+void drawRect(Drawing& drawing, const AIRealRect& rect, AIBoolean filled) {
+    add(drawing, Mark::Kind::Rectangle, corners(rect), filled);
+}
+
+void drawEllipse(Drawing& drawing, const AIRealRect& bounds, AIBoolean filled) {
+    add(drawing, Mark::Kind::Ellipse, corners(bounds), filled);
+}
+
+void drawPolygon(Drawing& drawing, const AIRealPoint& first, std::int32_t count, AIBoolean filled) {
+    require(count >= 2);
+    std::vector<model::Point> points;
+    points.reserve(static_cast<std::size_t>(count));
+    for (std::int32_t i = 0; i < count; ++i) points.push_back(point((&first)[i]));
+    add(drawing, Mark::Kind::Polygon, std::move(points), filled);
+}
+
+void drawText(Drawing& drawing, std::string_view text, const AIRealPoint& position) {
+    add(drawing, Mark::Kind::Text, {point(position)}, 1, text);
+}
+
+} // namespace
+
+void fill(AIAnnotatorSuite& suite) {
+    enter<&AIAnnotatorSuite::AddAnnotator, addAnnotator>(suite);
+    enter<&AIAnnotatorSuite::RemoveAnnotator, removeAnnotator>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorName, getName>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorActive, getActive>(suite);
+    enter<&AIAnnotatorSuite::SetAnnotatorActive, setActive>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorOptions, getOptions>(suite);
+    enter<&AIAnnotatorSuite::SetAnnotatorOptions, setOptions>(suite);
+    enter<&AIAnnotatorSuite::InvalAnnotationRect, invalidate>(suite);
+}
+
+void fill(AIAnnotatorDrawerSuite& suite) {
+    enter<&AIAnnotatorDrawerSuite::SetColor, setColor>(suite);
+    enter<&AIAnnotatorDrawerSuite::SetOpacity, setOpacity>(suite);
+    enter<&AIAnnotatorDrawerSuite::SetLineWidth, setLineWidth>(suite);
+    enter<&AIAnnotatorDrawerSuite::SetLineDash, setLineDash>(suite);
+    enter<&AIAnnotatorDrawerSuite::SetFontSize, setFontSize>(suite);
+    enter<&AIAnnotatorDrawerSuite::DrawLine, drawLine>(suite);
+    enter<&AIAnnotatorDrawerSuite::DrawRect, drawRect>(suite);
+    enter<&AIAnnotatorDrawerSuite::DrawEllipse, drawEllipse>(suite);
+    enter<&AIAnnotatorDrawerSuite::DrawPolygon, drawPolygon>(suite);
+    enter<&AIAnnotatorDrawerSuite::DrawText, drawText>(suite);
+}
+
+} // namespace easel::suites
