@@ -89,6 +89,7 @@ class Obeying {
         MenuItem& item = items_[order.place];
         Notifier& notifier = notifiers_[order.place];
         Tool& tool = tools_[order.place];
+        Annotator& annotator = annotators_[order.place];
         Dispatcher& dispatcher = *plugin_.dispatcher();
         const auto type = MessageType(order.type);
         switch (order.deed) {
@@ -123,6 +124,18 @@ class Obeying {
             order.handle = tool.aiToolHandle();
             break;
         case Deed::DestroyTool: tool.destroy(); break;
+        case Deed::AddAnnotator:
+            annotator.destroy();
+            annotator = Annotator("Marks", bell(OfAnnotator + order.place));
+            order.handle = annotator.aiAnnotatorHandle();
+            break;
+        case Deed::DestroyAnnotator: annotator.destroy(); break;
+        case Deed::AddMonitor:
+            dispatcher.removeKeypressMonitor(monitors_[order.place]);
+            monitors_[order.place] =
+                dispatcher.addKeypressMonitor(VirtualKey(order.place), bell(OfMonitor + order.place));
+            break;
+        case Deed::RemoveMonitor: dispatcher.removeKeypressMonitor(monitors_[order.place]); break;
         case Deed::Register:
             if (order.type)
                 dispatcher.registerMessageCallback(type, bell(OfMessage + order.type));
@@ -160,6 +173,8 @@ class Obeying {
     MenuItem items_[places];
     Notifier notifiers_[places];
     Tool tools_[places];
+    Annotator annotators_[places];
+    std::uint32_t monitors_[places] = {};
 };
 
 std::unique_ptr<Obeying> theOne;

@@ -29,6 +29,10 @@ enum class Deed {
     DestroyNotifier,
     AddTool,
     DestroyTool,
+    AddAnnotator,
+    DestroyAnnotator,
+    AddMonitor, ///< of the key that has the place's number
+    RemoveMonitor,
     Register, ///< a callback for messages of a kind, or without one of `caller` and `selector`
     Unregister,
     Dispatch, ///< hands `record` to its own dispatcher
@@ -63,6 +67,8 @@ enum Bell {
     Scheduled = 110,
     OfItem = 120,
     OfNotifier = 130,
+    OfAnnotator = 140,
+    OfMonitor = 150,
     OfMessage = 200 ///< the place added
 };
 

@@ -60,11 +60,13 @@ const char* const hostMessages = R"(
 const char* const handled = R"(
     timer: own, timer: scheduled, item: own, item: gone, item: foreign, item: never made, item: null,
     items: update, notifier: own, tool: own, tool: gone, tool: foreign, tool: never made, tool: null,
+    annotator: own, key: monitored, key: unmonitored,
     message: awaited, text: awaited, order, life: application started, life: shut-down ahead, life: access,
     life: interface, nothing: caller, nothing: selector, nothing: record)";
 const char* const notHandled = R"(
     timer: inactive, timer: not registered, timer: gone, timer: foreign, timer: never made, timer: null,
-    notifier: gone, notifier: foreign, notifier: never made, notifier: null, message: unawaited, text: unawaited)";
+    notifier: gone, notifier: foreign, notifier: never made, notifier: null, annotator: gone,
+    annotator: foreign, annotator: never made, annotator: null, message: unawaited, text: unawaited)";
 
 std::vector<std::string> split(const std::string& text, char at) {
     std::vector<std::string> parts;
@@ -94,10 +96,13 @@ std::vector<Kind> numbered() {
 const std::vector<Kind> kinds = numbered();
 const Kind texts[places] = {{0, "Somebody", "Anything"}, {0, "Somebody", "ANYTHING"}, {0, "ai filter", "AI Go"}};
 
-enum Sort { Timers, Items, Notifiers, Tools };
-const char* const sortNames[] = {"timer: ", "item: ", "notifier: ", "tool: "};
-const std::map<std::string, Sort> sorts = {
-    {"AI Timer", Timers}, {"AI Menu", Items}, {"AI Notifier", Notifiers}, {"AI Tool", Tools}};
+enum Sort { Timers, Items, Notifiers, Tools, Annotators };
+const char* const sortNames[] = {"timer: ", "item: ", "notifier: ", "tool: ", "annotator: "};
+const std::map<std::string, Sort> sorts = {{"AI Timer", Timers},
+                                           {"AI Menu", Items},
+                                           {"AI Notifier", Notifiers},
+                                           {"AI Tool", Tools},
+                                           {"AI Annotation", Annotators}};
 
 constexpr int firstToolKind = 550;
 constexpr int lastToolKind = 670;
@@ -111,6 +116,8 @@ struct Mail {
     AIMenuMessage menu{};
     AINotifierMessage notifier{};
     AIToolMessage tool{};
+    AIAnnotatorMessage annotator{};
+    StageInputMessage key{};
     OrderMessage order{};
 
     [[nodiscard]] bool from(const char* whom) const { return kind.caller == whom; }
@@ -124,11 +131,12 @@ struct Model {
         bool active = true;
         bool registered = true;
     };
-    Thing things[4][places];
+    Thing things[5][places];
     std::vector<void*> scheduled;
     std::set<int> awaited; ///< kinds, and numbers of texts
     bool shutdownAhead = false;
-    std::vector<int> running; ///< kinds of the messages being handled
+    bool monitored[places] = {}; ///< keys by their numbers
+    std::vector<int> running;    ///< kinds of the messages being handled
 };
 
 class Mixed {
@@ -172,12 +180,14 @@ class Mixed {
     /// The host has what the model has, and after the end nothing is left.
     void end() {
         for (const Model& model : models_) {
-            for (const Sort sort : {Timers, Items, Notifiers, Tools}) {
+            for (const Sort sort : {Timers, Items, Notifiers, Tools, Annotators}) {
                 for (const Model::Thing& thing : model.things[sort]) {
-                    const void* const there[] = {session_.timers.find(static_cast<AITimerHandle>(thing.handle)),
-                                                 session_.menus.find(static_cast<AIMenuItemHandle>(thing.handle)),
-                                                 session_.notifiers.find(static_cast<AINotifierHandle>(thing.handle)),
-                                                 session_.toolbox.find(static_cast<AIToolHandle>(thing.handle))};
+                    const void* const there[] = {
+                        session_.timers.find(static_cast<AITimerHandle>(thing.handle)),
+                        session_.menus.find(static_cast<AIMenuItemHandle>(thing.handle)),
+                        session_.notifiers.find(static_cast<AINotifierHandle>(thing.handle)),
+                        session_.toolbox.find(static_cast<AIToolHandle>(thing.handle)),
+                        session_.annotations.find(static_cast<AIAnnotatorHandle>(thing.handle))};
                     EXPECT_EQ(there[sort] != nullptr, thing.handle != nullptr);
                 }
             }
@@ -251,15 +261,21 @@ class Mixed {
             const auto first = std::find_if(kinds.begin(), kinds.end(), fits);
             mail.kind = first[below(int(std::count_if(first, kinds.end(), fits)))];
         };
-        const int family = below(12);
+        const int family = below(16);
         if (family < 3) choose("AI Tool");
+        if (family == 8) choose("AI Annotation");
         if (family == 3) choose("AI Timer");
         if (family == 4) choose("AI Menu");
         if (family == 5) choose("AI Notifier");
         if (family == 6) mail.kind = texts[below(places)];
         if (family == 7)
             mail.kind = {0, "SP Interface", below(2) ? kSPInterfaceAboutSelector : kSPInterfaceStartupSelector};
-        if (family > 8) mail.kind = {0, caller, selector};
+        if (family > 8 && family < 12) mail.kind = {0, caller, selector};
+        if (family == 12) {
+            mail.kind = {0, kCallerStage, kSelectorStageKeyPressed};
+            mail.key.code = below(places + 1);
+            mail.record = &mail.key.d;
+        }
 
         if (mail.from(caller)) mail.order = {.d = {}, .slate = &slate_, .plugin = to, .order = order(to, depth + 1)};
         const auto about = sorts.find(mail.kind.caller);
@@ -272,7 +288,9 @@ class Mixed {
             mail.notifier.notifier = static_cast<AINotifierHandle>(mail.handle);
             mail.notifier.type = types[below(5)];
             mail.tool.tool = static_cast<AIToolHandle>(mail.handle);
-            SPMessageData* const records[] = {&mail.timer.d, &mail.menu.d, &mail.notifier.d, &mail.tool.d};
+            mail.annotator.annotator = static_cast<AIAnnotatorHandle>(mail.handle);
+            SPMessageData* const records[] = {&mail.timer.d, &mail.menu.d, &mail.notifier.d, &mail.tool.d,
+                                              &mail.annotator.d};
             mail.record = records[about->second];
         }
         if (below(2)) arm(to, mail, depth + 1);
@@ -298,7 +316,7 @@ class Mixed {
             const Kind& kind = kinds[std::size_t(below(int(kinds.size())))];
             const std::string& from = kind.caller;
             // In place of the framework's own handling a client can put its own.
-            const bool text = below(3) == 0 || from == "AI Menu" || from == "AI Tool" || from == "AI Annotation";
+            const bool text = below(3) == 0 || from == "AI Menu" || from == "AI Tool";
             made.type = text ? 0 : kind.type;
             made.caller = texts[made.place].caller.c_str();
             made.selector = texts[made.place].selector.c_str();
@@ -352,10 +370,14 @@ class Mixed {
             const std::vector<int> bells[] = {{OfTimer + place},
                                               {OfItem + place, Selected},
                                               {OfNotifier + place},
-                                              {Before + event, OfTool + 10 * place + event, After + event}};
+                                              {Before + event, OfTool + 10 * place + event, After + event},
+                                              {OfAnnotator + place}};
             return {name + "own", bells[sort]};
         }
         if (mail.from(caller)) return {"order", {Obeyed}};
+        if (mail.from(kCallerStage) && (mail.key.code >= places || !model.monitored[mail.key.code]))
+            return {"key: unmonitored", {}};
+        if (mail.from(kCallerStage)) return {"key: monitored", {OfMonitor + mail.key.code}};
         const auto text = std::find_if(std::begin(texts), std::end(texts), [&](const Kind& known) {
             return known.caller == mail.kind.caller && known.selector == mail.kind.selector;
         });
@@ -445,6 +467,10 @@ class Mixed {
         case Deed::DestroyNotifier: thing(Notifiers) = {}; break;
         case Deed::AddTool: make(Tools); break;
         case Deed::DestroyTool: thing(Tools) = {}; break;
+        case Deed::AddAnnotator: make(Annotators); break;
+        case Deed::DestroyAnnotator: thing(Annotators) = {}; break;
+        case Deed::AddMonitor: model.monitored[order.place] = true; break;
+        case Deed::RemoveMonitor: model.monitored[order.place] = false; break;
         case Deed::Register: model.awaited.insert(order.type ? order.type : order.place); break;
         case Deed::Unregister: model.awaited.erase(order.type ? order.type : order.place); break;
         case Deed::Dispatch: {
@@ -477,7 +503,7 @@ class Mixed {
     Slate slate_{};
     Session session_;
     Model models_[2];
-    std::vector<void*> known_[4]; ///< all handles that were ever given out, by sort
+    std::vector<void*> known_[5]; ///< all handles that were ever given out, by sort
     std::deque<Mail> mails_;      ///< of this step, as the next three
     std::deque<Order> orders_;    ///< those for callbacks
     std::vector<Ring> rings_;     ///< that are to be expected
