@@ -1,6 +1,8 @@
 // Reading of the host's records, and what is given back in them.
 #include "plugin/Messages.h"
 
+#include <algorithm>
+
 #include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/AIMenuSuite.h"
 #include "hostapi/AINotifierSuite.h"
@@ -30,13 +32,11 @@ AnnotatorMessage::AnnotatorMessage(const void* record) {
     triggeredByDragScroll = host.triggeredByDragScroll != 0;
     showEdges = host.showEdges != 0;
     rects_ = host.invalidationRects;
-    rectCount_ = rects_ ? host.invalidationRectCount : 0;
+    rectCount_ = rects_ ? std::max(host.invalidationRectCount, 0) : 0;
 }
 
 std::vector<ArtboardRect> AnnotatorMessage::invalidationRects() const {
-    std::vector<ArtboardRect> rects;
-    for (std::int32_t i = 0; i < rectCount_; ++i) rects.emplace_back(rects_[i]);
-    return rects;
+    return std::vector<ArtboardRect>(rects_, rects_ + rectCount_);
 }
 
 InputMessage::InputMessage(const void* record) : code(static_cast<const StageInputMessage*>(record)->code) {}
