@@ -33,6 +33,10 @@ void Pointer::requirePressed() const {
     if (!pressed_) throw Error("no mouse button is down");
 }
 
+void Pointer::requireReleased() const {
+    if (pressed_) throw Error("the mouse button is down already");
+}
+
 void Pointer::move(model::Point location, Modifiers modifiers) {
     if (pressed_) throw Error("the mouse button is down; a move is a drag");
     locate(location, modifiers);
@@ -41,10 +45,13 @@ void Pointer::move(model::Point location, Modifiers modifiers) {
 }
 
 void Pointer::press(model::Point location, Modifiers modifiers) {
-    if (pressed_) throw Error("the mouse button is down already");
+    requireReleased();
     model::Document& document = session_.needDocument();
     locate(location, modifiers);
     session_.tellInput(kSelectorStageMousePressed, kStageLeftButton);
+    // A plug-in that heard of it may have pressed the button itself, or clicked elsewhere.
+    requireReleased();
+    locate(location, modifiers);
     pressed_ = true;
     const Tool& tool = *session_.toolbox.current();
     tool_ = tool.handle;
@@ -85,6 +92,7 @@ void Pointer::cancel() {
     if (!pressed_) return;
     session_.messenger.whole([&] {
         pressed_ = false;
+        if (buffered_) session_.document()->journal().rollBackToMark();
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
         send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         session_.document()->journal().abandon();

@@ -51,6 +51,7 @@ class Pointer {
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
     void send(const char* selector, BuiltinTool::Handler handler);
     void requirePressed() const;
+    void requireReleased() const;
 
     Session& session_;
     bool pressed_ = false;

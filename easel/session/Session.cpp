@@ -259,10 +259,9 @@ void Session::tellInput(const char* selector, std::int32_t code) {
 void Session::pressKey(std::int32_t code, Modifiers modifiers) {
     pointer.setModifiers(modifiers);
     tellInput(kSelectorStageKeyPressed, code);
-    Tool* const tool = toolbox.current();
     if (code == key::escape) pointer.cancel();
-    if (code == key::leftBracket && tool) sendToTool(*tool, kSelectorAIDecreaseDiameter);
-    if (code == key::rightBracket && tool) sendToTool(*tool, kSelectorAIIncreaseDiameter);
+    if (code == key::leftBracket) sendToTool(*toolbox.current(), kSelectorAIDecreaseDiameter);
+    if (code == key::rightBracket) sendToTool(*toolbox.current(), kSelectorAIIncreaseDiameter);
 }
 
 // Menus and time

@@ -2,10 +2,12 @@
 #include <gmock/gmock.h>
 
 #include "core/Cursor.h"
+#include "core/Dispatcher.h"
 #include "core/Plugin.h"
 #include "plugin/Cursor.h"
 #include "plugin/HostMonitor.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 
 namespace {
 
@@ -89,15 +91,6 @@ TEST_F(Cursors, ShowTheImageThatTheDisplayHasPixelsFor) {
     EXPECT_EQ(desk.session().cursor().number, 140);
 }
 
-/// What a plug-in does each time that the button goes up.
-struct Answer {
-    int count = 0;
-    void click() {
-        ++count;
-        Cursor::click({10, 10});
-    }
-};
-
 TEST_F(Cursors, ClickAfterTheMessageAsTheUserWould) {
     desk.selectTool();
     desk.document().view = {.zoom = 2, .center = {400, 300}};
@@ -131,18 +124,31 @@ TEST_F(Cursors, CannotClickForEverNorWhereNothingIs) {
     desk.inMessage([] { Cursor::mouseUp({1, 1}); });
     EXPECT_THAT(desk.session().reports().back(), HasSubstr("no mouse button is down"));
     desk.selectTool();
-    Answer answer;
-    desk.inMessage(
-        [&] { Plugin::instance()->setToolPostMouseUpCallback(__Callback<Answer>(&answer, &Answer::click)); });
+    desk::Receiver answer{[] { Cursor::click({10, 10}); }};
+    desk.inMessage([&] { Plugin::instance()->setToolPostMouseUpCallback(answer.callback()); });
     desk.session().pointer.press({1, 1}, 0);
     desk.session().pointer.release({1, 1}, 0);
-    EXPECT_EQ(answer.count, 1 + easel::session::Messenger::mostPutOff / 2);
+    EXPECT_EQ(answer.runs, 1 + easel::session::Messenger::mostPutOff / 2);
     EXPECT_THAT(desk.session().reports().back(), HasSubstr("the rest is dropped"));
     // The click that a closing document's gesture leads to finds none any more.
     desk.session().pointer.press({1, 1}, 0);
     desk.session().close();
     EXPECT_FALSE(desk.session().pointer.pressed());
     EXPECT_THAT(desk.session().reports().back(), HasSubstr("no document is open"));
+}
+
+// A plug-in that pressed the button when it heard of the user's press began a second gesture within the first, which
+// then never ended.
+TEST_F(Cursors, PressInsteadOfTheUserWhoseButtonTheyHearOf) {
+    desk.selectTool();
+    desk::Receiver monitor;
+    monitor.work = [&] {
+        if (monitor.runs == 1) Cursor::mouseDown({10, 10});
+    };
+    desk.inMessage([&] { Plugin::instance()->dispatcher()->addMouseMonitor(MouseButton::Left, monitor.callback()); });
+    EXPECT_THROW(desk.session().pointer.press({50, 50}, 0), easel::session::Error);
+    desk.session().pointer.release({90, 10}, 0);
+    EXPECT_FALSE(desk.document().journal().running());
 }
 
 } // namespace
