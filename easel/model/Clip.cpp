@@ -19,24 +19,44 @@ bool isInside(const Mask::Shape& shape, Point point) {
     return shape.evenOdd ? winding % 2 != 0 : winding != 0;
 }
 
-bool isOnOutline(const Mask::Shape& shape, Point point, const Box& around, double reach) {
+template <class Visit> bool anySegment(const Mask::Shape& shape, Visit visit) {
     for (const PathData& subpath : shape.subpaths) {
         const std::vector<PathPoint>& points = subpath.points;
-        for (std::size_t i = 0; i < points.size(); ++i) {
-            const PathPoint& end = points[i + 1 == points.size() ? 0 : i + 1];
-            Box hull;
-            for (const Point at : {points[i].anchor, points[i].out, end.in, end.anchor}) hull.include(at);
-            if (!hull.meets(around)) continue;
-            if (nearestOnSegment(points[i], end, point).distanceSquared <= reach * reach) return true;
-        }
+        for (std::size_t i = 0; i < points.size(); ++i)
+            if (visit(points[i], points[i + 1 == points.size() ? 0 : i + 1])) return true;
     }
     return false;
+}
+
+bool isOnOutline(const Mask::Shape& shape, Point point, const Box& around, double reach) {
+    return anySegment(shape, [&](const PathPoint& start, const PathPoint& end) {
+        Box hull;
+        for (const Point at : {start.anchor, start.out, end.in, end.anchor}) hull.include(at);
+        return hull.meets(around) && nearestOnSegment(start, end, point).distanceSquared <= reach * reach;
+    });
 }
 
 /// How far the art has been moved since it got its mask, as far as the mask goes along.
 Point movedWithMask(const Node& node, const Clip& clip) {
     if (node.type() == NodeType::Opaque) return node.opaque().moved;
     return clip.outline ? commonMove(*clip.outline, node.path()).value_or(Point{}) : Point{};
+}
+
+/// Whether `holds` of the masks of the node and of all that it is in, each with the way from the document to its units.
+template <class Predicate> bool eachMask(const Node& node, Predicate holds) {
+    for (const Node* at = &node; at; at = at->parent()) {
+        const Clip* const clip = at->clip();
+        if (!clip) continue;
+        const Point moved = movedWithMask(*at, *clip);
+        const auto toMask = [&](Point point) {
+            const double x = point.x - moved.x;
+            const double y = point.y - moved.y;
+            const std::array<double, 6>& m = clip->toMask;
+            return Point{m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]};
+        };
+        if (!holds(*clip->mask, toMask)) return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -59,17 +79,27 @@ bool Mask::contains(Point point) const {
     return false;
 }
 
-bool isShown(const Node& node, Point point) {
-    for (const Node* at = &node; at; at = at->parent()) {
-        const Clip* const clip = at->clip();
-        if (!clip) continue;
-        const Point moved = movedWithMask(*at, *clip);
-        const double x = point.x - moved.x;
-        const double y = point.y - moved.y;
-        const auto& [a, b, c, d, e, f] = clip->toMask;
-        if (!clip->mask->contains({a * x + c * y + e, b * x + d * y + f})) return false;
+bool Mask::meets(const Box& box) const {
+    for (std::size_t i = 0; i < shapes_.size(); ++i) {
+        if (!hulls_[i].meets(box)) continue;
+        if (isInside(shapes_[i], {box.left, box.top})) return true;
+        const auto isMet = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
+        if (anySegment(shapes_[i], isMet)) return true;
     }
-    return true;
+    return false;
+}
+
+bool isShown(const Node& node, Point point) {
+    return eachMask(node, [&](const Mask& mask, auto toMask) { return mask.contains(toMask(point)); });
+}
+
+bool isOpen(const Node& node, const Box& box) {
+    return eachMask(node, [&](const Mask& mask, auto toMask) {
+        Box inMask;
+        for (const double x : {box.left, box.right})
+            for (const double y : {box.top, box.bottom}) inMask.include(toMask({x, y}));
+        return mask.meets(inMask);
+    });
 }
 
 } // namespace easel::model

@@ -20,6 +20,7 @@ class Mask {
     explicit Mask(std::vector<Shape> shapes);
 
     [[nodiscard]] bool contains(Point point) const;
+    [[nodiscard]] bool meets(const Box& box) const; ///< whether anything in the box lies inside
 
   private:
     std::vector<Shape> shapes_;
@@ -39,5 +40,7 @@ class Node;
 
 /// Whether the masks of the node and of all that it is in let the point show.
 [[nodiscard]] bool isShown(const Node& node, Point point);
+/// Whether each of them leaves some place of the box open.
+[[nodiscard]] bool isOpen(const Node& node, const Box& box);
 
 } // namespace easel::model

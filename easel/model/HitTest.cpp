@@ -152,7 +152,7 @@ std::vector<Node*> Document::touching(const Box& box) {
     impl_->tree.index.find(box, impl_->found);
     const auto isTouched = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
     for (Node* const node : impl_->found) {
-        if (!isReachable(*node, root())) continue;
+        if (!isReachable(*node, root()) || !isOpen(*node, box)) continue;
         if (node->type() == NodeType::Opaque || anySegment(node->path(), isTouched) ||
             isFilledAt(*node, {box.left, box.top}))
             touched.push_back(node);

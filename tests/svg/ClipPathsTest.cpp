@@ -68,7 +68,10 @@ TEST(ClipPaths, HideWhatLiesOutsideOfAnyMaskAround) {
         EXPECT_EQ(topmost ? topmost->name() : "", row.id) << row.x << ' ' << row.y;
         EXPECT_EQ(at(*document, row.x, row.y, group), row.id) << row.x << ' ' << row.y << " in the group";
     }
-    EXPECT_FALSE(document->snapPoint({50, 50}, 2)); // nor does the pointer snap to what does not show
+    EXPECT_FALSE(document->snapPoint({50, 50}, 2));               // nor does the pointer snap to what does not show
+    EXPECT_TRUE(document->touching({40, 40, 60, 60}).empty());    // nor does a marquee take the end of the line
+    EXPECT_TRUE(document->touching({145, 95, 155, 105}).empty()); // or the box through the hole
+    EXPECT_EQ(document->touching({130, 95, 155, 105}).size(), 1U);
     // What is taken out of the group is whole.
     document->place(*document->findByName("line"), model::Placement::OnTopInside, document->currentLayer());
     EXPECT_EQ(at(*document, 220, 50), "line");
