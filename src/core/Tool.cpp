@@ -30,8 +30,6 @@ class __IntToolSubclass : public BaseTool {
 
 namespace {
 
-bool keyDown(ModifierKeys key) { return any(modifierKeysPressed() & key); }
-
 /// The tool set to join beside a group that may be missing.
 std::int16_t besideGroup(std::int16_t group, std::int16_t toolset) {
     return group == BaseTool::noNumber ? BaseTool::noNumber : toolset;
@@ -147,6 +145,7 @@ std::vector<ArtboardPoint> Tool::mouseUpLocs() const {
 
 void Tool::resetCursorLocs() { ask(impl(), &BaseTool::resetCursorLocs); }
 bool Tool::wasDragged() const { return ask(impl(), &BaseTool::wasDragged); }
+bool Tool::keyDown(ModifierKeys key) const { return !isEmpty() && any(modifierKeysPressed() & key); }
 bool Tool::shiftKeyDown() const { return keyDown(ModifierKeys::Shift); }
 bool Tool::optionKeyDown() const { return keyDown(ModifierKeys::Option); }
 bool Tool::controlKeyDown() const { return keyDown(ModifierKeys::Control); }

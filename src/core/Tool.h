@@ -110,6 +110,7 @@ class Tool {
     [[nodiscard]] __IntToolSubclass* impl() const; ///< null when empty
     [[nodiscard]] Callback* callback(plugin::ToolEvent event) const;
     void setCallback(plugin::ToolEvent event, const Callback& callback);
+    [[nodiscard]] bool keyDown(ModifierKeys key) const;
 
     std::shared_ptr<__IntToolSubclass> impl_;
 };

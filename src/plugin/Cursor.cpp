@@ -53,7 +53,7 @@ unsigned numberFor(const Cursor& cursor) {
 
 unsigned shownCursorNumber() {
     const ShownCursor shown = platform().shownCursor();
-    if (shown.number != 0) return shown.number;
+    if (shown.number != 0) return shown.number < firstImageCursor ? shown.number : 0;
     return findLiving([&](const Cursor& cursor) { return cursor.has(shown.image); });
 }
 

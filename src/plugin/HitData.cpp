@@ -53,7 +53,12 @@ bool HitData::test(ArtObject* art, double tolerance) {
     } else {
         noteSegPoint(record.segment);
     }
-    if (segIndex_ >= 0) bezier_ = PathArt(art_).bezier(segIndex_);
+    if (segIndex_ < 0) return true;
+    bezier_ = PathArt(art_).bezier(segIndex_);
+    if (!bezier_) { // no path after all
+        segPointIndex_ = segIndex_ = -1;
+        t_ = 0;
+    }
     return true;
 }
 

@@ -75,6 +75,7 @@ const Row rows[] = {
     {"Tool::options", [](const Handles& h) { return h.tool.options() == ToolOptions::None; }},
     {"Tool::selected", [](const Handles& h) { return !h.tool.selected(); }},
     {"Tool::lightIconID", [](const Handles& h) { return h.tool.lightIconID() == 0; }, false},
+    {"Tool::shiftKeyDown", [](const Handles& h) { return !h.tool.shiftKeyDown(); }},
     {"Tool::mouseDownCallback", [](const Handles& h) { return h.tool.mouseDownCallback() == nullptr; }, false},
     {"Tool::cursorHitData",
      [](const Handles& h) {
@@ -92,6 +93,7 @@ class Facade : public testing::Test {
     /// Runs `work` with handles on real objects.
     void withHandles(const std::function<void(Handles&)>& work) {
         desk.selectTool();
+        desk.session().pointer.setModifiers(kAIShiftKey);
         desk.document().addLayer("Above");
         desk.document().select(pathNode, true);
         desk.inMessage([&] {
@@ -360,21 +362,24 @@ TEST_F(Facade, HitDataSearchesAClipGroupThroughItsMask) {
     });
 }
 
-TEST_F(Facade, HitDataHandsTheTextRangeOn) {
+TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
     static const auto text = reinterpret_cast<AITextRangeRef>(std::uintptr_t{0x77});
     auto& entry = desk.tables().hitTest.table.HitTest;
     desk.inMessage([&] {
-        const auto textAt = [] { return HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false).textRange(); };
-        EXPECT_EQ(textAt(), nullptr);
+        const auto hit = [] { return HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false); };
+        EXPECT_EQ(hit().textRange(), nullptr);
         const auto kept = entry;
         entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
             *record = {};
-            record->type = kAIFillHit;
+            record->type = kAIAnchorHit;
             record->art = art;
             record->textRange = text;
             return kNoErr;
         };
-        EXPECT_EQ(textAt(), text);
+        EXPECT_EQ(hit().textRange(), text);
+        EXPECT_EQ(hit().segPointIndex(), -1);
+        EXPECT_EQ(hit().segIndex(), -1);
+        EXPECT_EQ(hit().tValue(), 0);
         entry = kept;
     });
 }
@@ -389,24 +394,20 @@ TEST_F(Facade, ToolsStandBesideTheToolsTheyName) {
         const Tool alone(Tool(), &first, "Alone", "tip", 1, 2, ToolOptions(0x1FF));
         const Tool fourth(-7, -2, "Fourth", "tip", 1, 2, ToolOptions::None); // any negative group is a new one
         const auto known = [&](const Tool& tool) { return desk.session().toolbox.find(tool.aiToolHandle()); };
-        EXPECT_EQ(known(second)->toolset, first.number());
-        EXPECT_EQ(known(third)->group, first.number());
-        EXPECT_EQ(known(third)->toolset, third.number());
-        EXPECT_EQ(known(alone)->group, alone.number());
-        EXPECT_EQ(known(alone)->toolset, alone.number());
-        EXPECT_EQ(known(fourth)->group, fourth.number());
+        const auto place = [&](const Tool& tool) { return std::pair(known(tool)->group, known(tool)->toolset); };
+        EXPECT_EQ(place(second), std::pair(first.number(), first.number()));
+        EXPECT_EQ(place(third), std::pair(first.number(), third.number()));
+        EXPECT_EQ(place(alone), std::pair(alone.number(), alone.number()));
+        EXPECT_EQ(place(fourth), std::pair(fourth.number(), fourth.number()));
         using enum BuiltinTool;
         const auto own = [&](const char* name) { return desk.session().toolbox.findByName(name)->number; };
         const Tool beside(Selection, DirectSelection, "Beside", "tip", 1, 2, ToolOptions::None);
         const Tool near(DirectSelection, std::nullopt, "Near", "tip", 1, 2, ToolOptions::None);
-        EXPECT_EQ(known(beside)->group, own("Selection Tool"));
-        EXPECT_EQ(known(beside)->toolset, own("Direct Selection Tool"));
-        EXPECT_EQ(known(near)->group, own("Direct Selection Tool"));
-        EXPECT_EQ(known(near)->toolset, near.number());
+        EXPECT_EQ(place(beside), std::pair(own("Selection Tool"), own("Direct Selection Tool")));
+        EXPECT_EQ(place(near), std::pair(own("Direct Selection Tool"), near.number()));
         for (const BuiltinTool lacking : {Zoom, BuiltinTool(15), BuiltinTool(0), BuiltinTool(-10), BuiltinTool(150)}) {
             Tool apart(lacking, Selection, "Apart", "tip", 1, 2, ToolOptions::None);
-            EXPECT_EQ(known(apart)->group, apart.number());
-            EXPECT_EQ(known(apart)->toolset, apart.number());
+            EXPECT_EQ(place(apart), std::pair(apart.number(), apart.number()));
             apart.destroy();
         }
         EXPECT_EQ(known(second)->name, "Ortholine Tool Second");
