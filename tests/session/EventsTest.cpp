@@ -18,7 +18,13 @@ struct Hearing {
 };
 Hearing* hearing = nullptr;
 
-constexpr const char* types[] = {kAIDocumentNewNotifier,
+constexpr const char* types[] = {kAIAllPluginsStartedNotifier,
+                                 kAIApplicationStartedNotifier,
+                                 kAIApplicationShutdownNotifier,
+                                 kAIAllPluginsStoppingNotifier,
+                                 kAIDocumentOpenedNotifier,
+                                 kAIDocumentAboutToCloseNotifier,
+                                 kAIDocumentNewNotifier,
                                  kAIDocumentSavedNotifier,
                                  kAIDocumentClosedNotifier,
                                  kAIDocumentChangedNotifier,
@@ -68,6 +74,8 @@ class EventsTest : public testing::Test {
         session.start();
         session.newDocument(100, 100);
         session.pointer.snapping.toPoint = false;
+        EXPECT_THAT(own.heard, ElementsAre(kAIAllPluginsStartedNotifier, kAIApplicationStartedNotifier,
+                                           kAIDocumentNewNotifier, kAIDocumentChangedNotifier));
         own.heard.clear();
     }
     ~EventsTest() override { session.quit(); }
@@ -138,13 +146,18 @@ TEST_F(EventsTest, TellOfDocumentsAndViewsInOrder) {
     session.close();
     EXPECT_THAT(own.heard,
                 ElementsAre(kAIDocumentNewNotifier, kAIDocumentChangedNotifier, kAIDocumentWritePreprocessNotifier,
-                            kAIDocumentWritePostprocessNotifier, kAIDocumentSavedNotifier, kAIDocumentClosedNotifier,
-                            kAIDocumentChangedNotifier));
+                            kAIDocumentWritePostprocessNotifier, kAIDocumentSavedNotifier,
+                            kAIDocumentAboutToCloseNotifier, kAIDocumentClosedNotifier, kAIDocumentChangedNotifier));
+    own.heard.clear();
+    session.open(file);
+    EXPECT_THAT(own.heard, ElementsAre(kAIDocumentOpenedNotifier, kAIDocumentChangedNotifier));
     EXPECT_THAT(after([](model::Document& d) { d.view.zoom = 2; }), ElementsAre(kAIDocumentViewChangedNotifier));
     EXPECT_THAT(after([](model::Document& d) {
                     d.view.center = {1, 1};
                 }),
                 ElementsAre(kAIDocumentViewChangedNotifier, kAIInvalidateByScrollNotifier));
+    session.quit();
+    EXPECT_THAT(own.heard, ElementsAre(kAIApplicationShutdownNotifier, kAIAllPluginsStoppingNotifier));
 }
 
 TEST_F(EventsTest, TellOfAGestureWhenItIsOver) {

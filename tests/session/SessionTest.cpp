@@ -83,25 +83,12 @@ TEST(Session, StartsAndEndsTheBundleAHundredTimes) {
         session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
         session.pointer.press({50, 50}, 0);
         session.pointer.drag({100, 50}, 0);
-        session.pointer.release({100, 50}, 0);
-        ASSERT_EQ(session.document()->selection().size(), 1u);
-        session.quit();
+        if (i % 2 == 0) session.pointer.release({100, 50}, 0);
+        session.quit(); // with the gesture running, and with the document open
+        ASSERT_EQ(session.document(), nullptr);
         ASSERT_THAT(session.reports(), testing::IsEmpty());
         ASSERT_EQ(session.memory.blocksInUse(), 0u);
     }
-}
-
-TEST(Session, EndsWithAGestureRunningAndADocumentOpen) {
-    Session session;
-    session.load(buildDir + "/Ortholine.aip");
-    session.start();
-    session.newDocument(200, 200);
-    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
-    session.pointer.press({50, 50}, 0);
-    session.pointer.drag({100, 50}, 0);
-    session.quit();
-    EXPECT_EQ(session.document(), nullptr);
-    EXPECT_THAT(session.reports(), testing::IsEmpty());
 }
 
 TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
@@ -160,47 +147,6 @@ TEST(Session, TellsHandlesOfOneDocumentFromThoseOfAnother) {
     EXPECT_EQ(session.documentByNumber(firstNumber), nullptr);
     session.newDocument(100, 100);
     EXPECT_EQ(session.documentByNumber(firstNumber), nullptr); // a number is never used twice
-}
-
-// Events
-
-std::vector<std::string> heard;
-
-SPErr hear(const char* caller, const char* selector, void* message) {
-    const auto& head = *static_cast<SPMessageData*>(message);
-    if (caller == std::string(kCallerAINotify)) heard.emplace_back(static_cast<AINotifierMessage*>(message)->type);
-    if (selector != std::string(kSPInterfaceStartupSelector)) return kNoErr;
-    const void* table = nullptr;
-    EXPECT_EQ(head.basic->AcquireSuite(kAINotifierSuite, kAINotifierSuiteVersion, &table), kNoErr);
-    for (const char* type : {kAIAllPluginsStartedNotifier, kAIApplicationStartedNotifier, kAIDocumentNewNotifier,
-                             kAIDocumentOpenedNotifier, kAIDocumentSavedNotifier, kAIDocumentAboutToCloseNotifier,
-                             kAIDocumentClosedNotifier, kAIToolSelectedNotifier, kAIToolDeselectedNotifier,
-                             kAIApplicationShutdownNotifier, kAIAllPluginsStoppingNotifier}) {
-        AINotifierHandle handle = nullptr;
-        EXPECT_EQ(static_cast<const AINotifierSuite*>(table)->AddNotifier(head.self, "hear", type, &handle), kNoErr);
-    }
-    return head.basic->ReleaseSuite(kAINotifierSuite, kAINotifierSuiteVersion);
-}
-
-TEST(Session, TellsOfItsEventsInOrder) {
-    heard.clear();
-    const std::string file = testing::TempDir() + "events.svg";
-    Session session;
-    session.attach("Hearing", hear);
-    session.load(buildDir + "/Ortholine.aip");
-    session.start();
-    session.newDocument(100, 100);
-    session.save(file);
-    session.open(file);
-    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
-    session.close();
-    EXPECT_THAT(heard, testing::ElementsAre(kAIAllPluginsStartedNotifier, kAIApplicationStartedNotifier,
-                                            kAIDocumentNewNotifier, kAIDocumentSavedNotifier, kAIDocumentOpenedNotifier,
-                                            kAIToolDeselectedNotifier, kAIToolSelectedNotifier, kAIDocumentAboutToCloseNotifier,
-                                            kAIDocumentClosedNotifier));
-    heard.clear();
-    session.quit();
-    EXPECT_THAT(heard, testing::ElementsAre(kAIApplicationShutdownNotifier, kAIAllPluginsStoppingNotifier));
 }
 
 } // namespace
