@@ -167,15 +167,4 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     EXPECT_EQ(listing(document), before);
 }
 
-TEST_F(BuiltinToolsTest, AreTheHostsOwnAndTakeOverFromToolsThatGo) {
-    session::Tool made;
-    made.owner = &session.attach("None", [](const char*, const char*, void*) -> SPErr { return kNoErr; });
-    session::Tool& tool = session.toolbox.add(std::move(made));
-    session.selectTool(tool);
-    session.toolbox.remove(tool);
-    EXPECT_EQ(session.toolbox.current()->name, kAISelectionTool);
-    take(kAIDirectSelectionTool);
-    EXPECT_EQ(session.toolbox.current()->name, kAIDirectSelectionTool);
-}
-
 } // namespace
