@@ -121,7 +121,8 @@ void Session::forget(Plugin& plugin) {
 }
 
 void Session::notify(std::string_view type) {
-    // Subscriptions may come and go while subscribers are told.
+    // Subscriptions may come and go while subscribers are told; what they read lives as long as the message.
+    const std::string text(type);
     std::vector<AINotifierHandle> subscribed;
     for (const Notifier* notifier : notifiers.all())
         if (notifier->type == type) subscribed.push_back(notifier->handle);
@@ -130,7 +131,7 @@ void Session::notify(std::string_view type) {
         for (const AINotifierHandle handle : subscribed) {
             const Notifier* const notifier = notifiers.find(handle);
             if (!notifier) continue;
-            AINotifierMessage message{.d = {}, .notifier = handle, .type = notifier->type.c_str()};
+            AINotifierMessage message{.d = {}, .notifier = handle, .type = text.c_str()};
             messenger.send(*notifier->owner, kCallerAINotify, kSelectorAINotify, message.d);
         }
     });

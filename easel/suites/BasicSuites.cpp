@@ -157,6 +157,7 @@ void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
     const model::Point place{location.h, location.v};
     event == kStageMouseDown ? host().pointer.postPress(place) : host().pointer.postRelease(place);
 }
+
 void monitorInput(session::Plugin& self, AIBoolean monitor) { self.monitorsInput = monitor != 0; }
 
 // Real math

@@ -63,7 +63,8 @@ class Dispatcher {
     [[nodiscard]] Callback* getMouseMonitor(std::uint32_t id) const;
     void removeMouseMonitor(std::uint32_t id);
 
-    // The message being handled; null outside of any. A nested one hides the outer one until it returns.
+    // The message being handled; null outside of any. A nested one hides the outer one until it returns, unless it is
+    // of no kind.
     [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }
     [[nodiscard]] static const ToolMessage* lastToolMessage() { return executing_ ? executing_->toolMessage : nullptr; }
     /// The host's record, also of a message that has no kind.

@@ -135,10 +135,10 @@ class Plugin {
     [[nodiscard]] const MenuItem& prefsMenuItem() const { return prefsMenuItem_; }
     void setPrefsMenuItem(const MenuItem& item) { prefsMenuItem_ = item; }
 
-    // Undo; both false when the host refuses
+    // Undo; both false when the host refuses, before start-up and after shut-down
     /// What becomes of the changes of the message being handled.
-    bool setUndoKind(UndoContext context);
-    bool undo(); ///< takes back what the message being handled has changed so far
+    static bool setUndoKind(UndoContext context);
+    static bool undo(); ///< takes back what the message being handled has changed so far
 
     // Snapping: what the locations of tool messages are drawn to, for all our tools; nothing at first
     [[nodiscard]] bool toolsSnapToArt() const;

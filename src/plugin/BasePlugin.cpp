@@ -60,10 +60,12 @@ bool BasePlugin::hear(const std::string& label, std::string_view type, const cor
 
 std::int32_t BasePlugin::startup() {
     using Bound = core::__Callback<BasePlugin>;
-    const bool subscribed = hear("KZOAppStartedNotifier", message::applicationStarted) &&
-                            hear("KZOAppShutdownNotifier", message::applicationShutdown) &&
-                            hear("KZOBrightnessNotifier", message::brightnessChanged,
-                                 core::CallbackSlot(Bound(this, &BasePlugin::handleBrightness)));
+    // What the host refuses keeps nothing else from being set up.
+    const core::CallbackSlot brightness(Bound(this, &BasePlugin::handleBrightness));
+    const bool hearsStart = hear("KZOAppStartedNotifier", message::applicationStarted);
+    const bool hearsEnd = hear("KZOAppShutdownNotifier", message::applicationShutdown);
+    const bool hearsBrightness = hear("KZOBrightnessNotifier", message::brightnessChanged, brightness);
+    const bool canUndo = host::acquire<AIUndoSuite>() != nullptr;
     const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
         dispatcher_.registerMessageCallback(caller, selector, Bound(this, handler));
     };
@@ -76,8 +78,8 @@ std::int32_t BasePlugin::startup() {
     dispatcher_.take(message::notifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
     dispatcher_.take(message::timer, message::go, Bound(this, &BasePlugin::handleTimerMessage));
     dispatcher_.take(message::annotation, {}, Bound(this, &BasePlugin::handleAnnotatorMessage));
-    if (!subscribed) return notifierRefused;
-    return host::acquire<AIUndoSuite>() ? 0 : noUndoSuite;
+    if (!hearsStart || !hearsEnd || !hearsBrightness) return notifierRefused;
+    return canUndo ? 0 : noUndoSuite;
 }
 
 void BasePlugin::addPluginGroup() {
@@ -162,7 +164,7 @@ void BasePlugin::removeTool(const BaseTool& tool) {
 }
 
 void BasePlugin::handleToolMessage() {
-    if (!dispatcher_.lastToolMessage()) return;
+    if (!dispatcher_.lastRecord()) return;
     const ToolMessage message = *dispatcher_.lastToolMessage();
     const auto selector = std::find(std::begin(toolSelectors), std::end(toolSelectors), dispatcher_.lastSelector());
     const auto event = static_cast<ToolEvent>(selector - std::begin(toolSelectors));
@@ -172,8 +174,9 @@ void BasePlugin::handleToolMessage() {
     // Held while it works: a callback may destroy its own tool.
     const std::shared_ptr<BaseTool> tool = *known;
     if (makesCurrent(event)) currentTool_ = tool;
+    tool->setCursorLoc(message.cursor); // what comes before the event knows it too, as it knows the keys
     around(event).before.run();
-    dispatcher_.setAnswer(tool->handle(event, message));
+    dispatcher_.setAnswer(tool->handle(event));
     around(event).after.run();
     dispatcher_.setCursorLoc(tool->cursorLoc());
 }

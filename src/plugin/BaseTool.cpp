@@ -7,7 +7,6 @@
 #include "plugin/CurrentDocument.h"
 #include "plugin/HostCall.h"
 #include "plugin/Layer.h"
-#include "plugin/Messages.h"
 
 namespace kzo::plugin {
 
@@ -78,8 +77,7 @@ void BaseTool::destroy() {
 
 // Events
 
-std::int32_t BaseTool::handle(ToolEvent event, const ToolMessage& message) {
-    cursorLoc_ = message.cursor;
+std::int32_t BaseTool::handle(ToolEvent event) {
     std::int32_t answer = 0;
     switch (event) {
     case ToolEvent::Track: answer = trackCursor(); break;

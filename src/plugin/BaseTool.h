@@ -17,8 +17,6 @@ struct SPPlugin;
 
 namespace kzo::plugin {
 
-struct ToolMessage;
-
 /// What can happen to a tool, in the order of the host's selectors.
 enum class ToolEvent : std::uint8_t {
     Edit,
@@ -74,9 +72,9 @@ class BaseTool {
     void destroy(); ///< takes the tool out of the toolbox; no handle is left
 
     // Events
-    /// Takes location and keys from the message, does the framework's share and runs the client's callback whatever
-    /// came of it. Answers what the host shall be told: 0, or the layer check's 1000 or 1001.
-    std::int32_t handle(ToolEvent event, const ToolMessage& message);
+    /// Does the framework's share, at the cursor's location, and runs the client's callback whatever came of it.
+    /// Answers what the host shall be told: 0, or the layer check's 1000 or 1001.
+    std::int32_t handle(ToolEvent event);
 
     // The gesture
     [[nodiscard]] const ArtboardPoint& cursorLoc() const { return cursorLoc_; }

@@ -79,6 +79,7 @@ TEST(Dispatch, KnowsTheMessageBeingHandledAndTheOneAround) {
     outer.work = [&] {
         note();
         EXPECT_EQ(Dispatcher::lastToolMessage()->cursorLoc(), kzo::core::ArtboardPoint(30, 40));
+        EXPECT_EQ(Plugin::instance()->currentTool().cursorLoc(), kzo::core::ArtboardPoint(30, 40));
         EXPECT_EQ(Dispatcher::lastMessage()->spPluginRef(), product(desk).handle);
         EXPECT_EQ(send(desk, "AI Filter", "AI Go"), 0); // what it throws does not get here
         note();
@@ -139,7 +140,11 @@ TEST(Notifiers, HearOfTheirEventUntilTheyEnd) {
     desk.session().notify("AI Document Saved Notifier");
     desk.session().notify("AI Document Closed Notifier");
     EXPECT_EQ(receiver.runs, 1);
-    receiver.work = [&] { notifier.destroy(); }; // while it runs
+    receiver.work = [&] {
+        notifier.destroy(); // while it runs; the message says the same as before
+        const auto* const message = dynamic_cast<const kzo::core::NotifyMessage*>(Dispatcher::lastMessage());
+        EXPECT_EQ(message->notifierType(), NotifierType::DocumentSaved);
+    };
     desk.session().notify("AI Document Saved Notifier");
     EXPECT_TRUE(notifier.isEmpty());
     desk.session().notify("AI Document Saved Notifier");

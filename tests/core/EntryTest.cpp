@@ -131,6 +131,15 @@ TEST(Entry, StopsExceptionsOfCallbacks) {
     EXPECT_EQ(Plugin::instance(), nullptr);
 }
 
+TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
+    Session session;
+    session.attach("Product", PluginMain);
+    const desk::Refusing no(session.tables.notifier, &AINotifierSuite::AddNotifier);
+    EXPECT_THAT(session.start(), testing::IsEmpty());
+    EXPECT_NE(session.toolbox.findByTitle("Isometric Line Tool"), nullptr);
+    EXPECT_EQ(session.tables.undo.acquired, 1);
+}
+
 TEST(Entry, AnswersGarbageWithNothing) {
     Desk desk;
     const std::string endless(1 << 16, 'A');

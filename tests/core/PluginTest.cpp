@@ -121,6 +121,18 @@ TEST(PluginUndo, TakesBackWhatTheMessageHasChanged) {
     EXPECT_EQ(desk.svg(), before);
 }
 
+TEST(PluginUndo, KnowsThreeKindsWhileThePluginLives) {
+    using kzo::core::UndoContext;
+    EXPECT_FALSE(Plugin::setUndoKind(UndoContext::Standard));
+    Desk desk;
+    desk.inMessage([] {
+        for (const int kind : {10, 20, 30}) EXPECT_TRUE(Plugin::setUndoKind(UndoContext(kind)));
+        for (const int kind : {0, 1, 15, 40}) EXPECT_FALSE(Plugin::setUndoKind(UndoContext(kind)));
+    });
+    desk.quit();
+    EXPECT_FALSE(Plugin::setUndoKind(UndoContext::Standard));
+}
+
 // Monitors
 
 TEST(Monitors, HearKeysAndButtonsUntilTheyAreRemoved) {
