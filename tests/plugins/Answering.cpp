@@ -1,14 +1,20 @@
 // A plug-in on the framework that talks: answers messages, asks all other plug-ins when its menu item is chosen, and
-// counts the ticks of a timer. What it found out stands in the text of its last item. Built as several bundles.
+// counts the ticks of a timer. What it found out stands in the text of its last item. Its tool measures: while the
+// button is down an annotation shows the way from the press to the cursor. Built as several bundles.
+#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string>
 
+#include "core/AnnotationDrawer.h"
+#include "core/Annotator.h"
 #include "core/Dispatcher.h"
 #include "core/Illustrator.h"
 #include "core/MenuGroup.h"
+#include "core/Messages.h"
 #include "core/Plugin.h"
 #include "core/Timer.h"
+#include "core/Tool.h"
 #include "plugins/Question.h"
 
 namespace answering {
@@ -36,6 +42,12 @@ class Answering {
         result_.setEnabled(false);
         timer_ = Timer(plugin_.name() + " Timer", 0.5, bound(&Answering::tick));
         timer_.deactivate();
+        tool_ = Tool(-2, -2, plugin_.name() + ": Measure", "Measure", 0, 0, ToolOptions::None);
+        tool_.setMouseDownCallback(bound(&Answering::press));
+        tool_.setDragCallback(bound(&Answering::drag));
+        tool_.setMouseUpCallback(bound(&Answering::release));
+        annotator_ = Annotator("Measure", bound(&Answering::annotate));
+        annotator_.deactivate();
     }
 
     /// The group of all these plug-ins; the first of them makes it.
@@ -73,6 +85,23 @@ class Answering {
     void tick() { result_.setText(plugin_.name() + ": tick " + std::to_string(++ticks_)); }
     void updateItems() { count_.setChecked(timer_.active()); }
 
+    void press() { from_ = to_ = tool_.cursorLoc(); }
+    void drag() {
+        to_ = tool_.cursorLoc();
+        annotator_.activate();
+    }
+    void release() { annotator_.deactivate(); }
+
+    void annotate() {
+        const auto& message = static_cast<const AnnotatorMessage&>(*Dispatcher::lastMessage());
+        if (message.type() != MessageType::AnnotationDraw) return;
+        AnnotationDrawer drawer(message.context());
+        drawer.setColor({0, 0, 1});
+        drawer.setLineDash(4);
+        drawer.line(from_, to_);
+        drawer.text(std::to_string(std::lround(from_ | to_)) + " pt", to_);
+    }
+
     Plugin& plugin_;
     MenuGroup group_;
     MenuItem ask_;
@@ -80,6 +109,10 @@ class Answering {
     MenuItem result_;
     Timer timer_;
     int ticks_ = 0;
+    Tool tool_;
+    Annotator annotator_;
+    ArtboardPoint from_;
+    ArtboardPoint to_;
 };
 
 std::unique_ptr<Answering> theOne;

@@ -1,39 +1,17 @@
 // Scripts with plug-ins in play: menus that are chosen, timers, and two bundles that talk to each other.
 #include <gmock/gmock.h>
 
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include "script/Script.h"
-#include "session/Session.h"
+#include "support/Playing.h"
 
 namespace {
 
-class PluginScripts : public testing::Test {
+class PluginScripts : public desk::Playing {
   protected:
     PluginScripts() {
         for (const char* name : {"Answering", "Asking", "Declining"})
             session.load(std::string(TEST_BUILD_DIR) + "/" + name + ".aip");
         session.start();
     }
-    ~PluginScripts() override { std::filesystem::remove(file); }
-
-    std::string play(const std::string& source) {
-        std::ofstream(file) << source;
-        std::ostringstream out;
-        try {
-            easel::script::run(session, file, out);
-        } catch (const easel::script::ScriptError& error) {
-            out << std::string(error.what()).substr(file.size() + 1);
-        }
-        return out.str();
-    }
-
-    std::string file = testing::TempDir() + "plugins-" + std::to_string(getpid()) + ".js";
-    easel::session::Session session;
 };
 
 TEST_F(PluginScripts, ListAndChooseMenuItems) {
@@ -101,15 +79,13 @@ TEST_F(PluginScripts, SeeTheCursorAndSetTheDisplay) {
 }
 
 TEST_F(PluginScripts, SeeWhatAnnotatorsDraw) {
-    session.load(std::string(TEST_BUILD_DIR) + "/Measuring.aip");
-    session.start();
     EXPECT_EQ(play(R"js(
         function show() {
             app.annotations.forEach(function (mark) { print(JSON.stringify(mark)); });
             print("undo", app.document.undoDepth);
         }
         app.newDocument(100, 100);
-        app.selectTool("Measure");
+        app.selectTool("Answering: Measure");
         mouse.press(10, 10);
         show();
         mouse.drag(20, 10);

@@ -1,41 +1,9 @@
 // Session scripts: what a failing line says, and what scripts do to a document, all without a plug-in.
-#include <gtest/gtest.h>
-
-#include <unistd.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <string>
-
-#include "script/Script.h"
-#include "session/Session.h"
+#include "support/Playing.h"
 
 namespace {
 
-using easel::script::ScriptError;
-
-class ScriptTest : public testing::Test {
-  protected:
-    ~ScriptTest() override { std::filesystem::remove(file); }
-
-    /// Plays a script; answers what it printed and, behind that, the error without the file's name.
-    std::string play(const std::string& source) {
-        std::ofstream(file, std::ios::binary) << source;
-        std::ostringstream out;
-        try {
-            easel::script::run(session, file, out);
-        } catch (const ScriptError& error) {
-            const std::string what = error.what();
-            EXPECT_EQ(what.rfind(file + ":", 0), 0U) << what;
-            out << what.substr(file.size() + 1);
-        }
-        return out.str();
-    }
-
-    std::string file = testing::TempDir() + "script-" + std::to_string(getpid()) + ".js";
-    easel::session::Session session;
-};
+using ScriptTest = desk::Playing;
 
 struct Line {
     const char* source;
@@ -61,19 +29,6 @@ TEST_F(ScriptTest, AnUncaughtErrorNamesItsLineAndReason) {
     for (const Line& line : lines) EXPECT_EQ(play(line.source), line.error) << line.source;
 }
 
-TEST_F(ScriptTest, AFileThatCannotBeReadIsAnError) {
-    std::ostringstream out;
-    for (const auto& [path, reason] : {std::pair(std::string("no/such.js"), "No such file or directory"),
-                                       std::pair(testing::TempDir(), "Is a directory")}) {
-        try {
-            easel::script::run(session, path, out);
-            ADD_FAILURE() << path;
-        } catch (const ScriptError& error) {
-            EXPECT_EQ(std::string(error.what()), path + ": cannot be read: " + reason);
-        }
-    }
-}
-
 TEST_F(ScriptTest, WrongArgumentsAreNamed) {
     const Line lines[] = {
         {"mouse.press('abc', 1)", "mouse.press: argument 1 (x) must be a finite number, not \"abc\""},
@@ -84,6 +39,11 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"mouse.move(1, 2, {shift: 1})", "mouse.move: argument 3 (modifiers), shift must be true or false, not 1"},
         {"mouse.move(1, 2, 3)", "mouse.move: argument 3 (modifiers) must be an object like {shift: true}, not 3"},
         {"mouse.stroke([[1, 2], [3]])", "mouse.stroke: argument 1 (points), item 1 must be [x, y], not a list"},
+        {"mouse.drag(1, 1)", "mouse.drag: no mouse button is down"},
+        {"mouse.release(1, 1)", "mouse.release: no mouse button is down"},
+        {"mouse.press(1, 1)", "mouse.press: no document is open"},
+        {"doc.undo(); mouse.press(1, 1); mouse.press(1, 1)", "mouse.press: the mouse button is down already"},
+        {"doc.undo(); mouse.press(1, 1); mouse.move(1, 1)", "mouse.move: the mouse button is down; a move is a drag"},
         {"mouse.stroke([])", "mouse.stroke: argument 1 (points) must have a point"},
         {"keys.press('Enter')",
          "keys.press: argument 1 (name) must be a key, such as \"A\", \"[\" or \"Escape\", not \"Enter\""},
@@ -91,6 +51,7 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"app.selectTool('Lasso')", "app.selectTool: no tool has the title \"Lasso\""},
         {"app.tools = []", "app.tools: cannot be set"},
         {"app.close()", "app.close: no document is open"},
+        {"app.save('x.svg')", "app.save: no document is open"},
         {"doc.addPath([])", "doc.addPath: argument 1 (points) must have a point"},
         {"doc.addPath([{x: 1}])", "doc.addPath: argument 1 (points), item 0, y must be a finite number, not undefined"},
         {"doc.addPath([[1, 2]], {closd: 1})", "doc.addPath: argument 2 (options): \"closd\" means nothing here"},
@@ -116,6 +77,7 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
                   "2: " + std::string(line.error))
             << call;
         while (session.document() != nullptr) session.close();
+        EXPECT_FALSE(session.pointer.pressed()); // closing ends a gesture
     }
 }
 

@@ -4,9 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
 
+#include "support/Folder.h"
 #include "svg/Limits.h"
 
 namespace easel::svg {
@@ -30,12 +29,7 @@ constexpr const char* kOpen = R"(<svg xmlns="http://www.w3.org/2000/svg" width="
 std::unique_ptr<Document> readInside(const std::string& content) { return read(kOpen + content + "</svg>", "t.svg"); }
 
 std::string errorOf(const std::string& bytes) {
-    try {
-        static_cast<void>(read(bytes, "t.svg"));
-    } catch (const FileError& error) {
-        return error.what();
-    }
-    return "";
+    return desk::errorOf<FileError>([&] { static_cast<void>(read(bytes, "t.svg")); });
 }
 
 PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
@@ -81,12 +75,6 @@ TEST(Reader, LayersGroupsAndStrayArtFindTheirPlace) {
     EXPECT_EQ(document->findByName("no"), nullptr);
     EXPECT_EQ(document->journal().undoDepth(), 0U);
     EXPECT_FALSE(document->journal().running());
-}
-
-TEST(Reader, EmptyDrawingHasALayer) {
-    const auto document = read("<svg/>", "t.svg");
-    EXPECT_EQ(document->layerCount(), 1U);
-    EXPECT_EQ(document->currentLayer().name(), "Layer 1");
 }
 
 TEST(Reader, PageIsTheViewBoxOrElseTheSize) {
@@ -246,23 +234,12 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
         const auto document = readInside("<g " + around + "><path d='M0 0' " + attributes + "/></g>");
         return document->currentLayer().firstChild()->firstChild()->style();
     };
-    const Style plain = styleOf("");
-    EXPECT_TRUE(plain.fill && !plain.stroke);
-    EXPECT_EQ(plain.fillColor, Color{});
-    EXPECT_EQ(plain.miterLimit, 4);
-
+    EXPECT_EQ(styleOf(""), (Style{.fill = true, .stroke = false, .fillColor = {}, .strokeColor = {}, .miterLimit = 4}));
     const Style full = styleOf("style='stroke-linecap:square; stroke-linejoin: round;stroke-miterlimit:7;"
                                "stroke-dasharray:1,2 3;stroke-dashoffset:.5; fill:none !important' stroke-width='3px'",
                                "stroke='#0f0' fill='blue' stroke-width='9'");
-    EXPECT_FALSE(full.fill);
-    EXPECT_EQ(full.strokeColor, (Color{0, 1, 0}));
-    EXPECT_EQ(full.strokeWidth, 3);
-    EXPECT_EQ(full.cap, Cap::Projecting);
-    EXPECT_EQ(full.join, Join::Round);
-    EXPECT_EQ(full.miterLimit, 7);
-    EXPECT_EQ(full.dashCount, 6);
-    EXPECT_EQ(full.dashes, (std::array<double, 6>{1, 2, 3, 1, 2, 3}));
-    EXPECT_EQ(full.dashOffset, 0.5);
+    const std::array<double, 6> dashes{1, 2, 3, 1, 2, 3};
+    EXPECT_EQ(full, (Style{false, true, {0, 0, 1}, {0, 1, 0}, 3, 7, Cap::Projecting, Join::Round, 6, 0.5, dashes}));
 
     const struct {
         const char* value;
@@ -347,25 +324,11 @@ TEST(Reader, PathOfTooManyAnchorsIsOpaque) {
 }
 
 TEST(Reader, ExternalEntitiesStayClosed) {
-    const std::string secret = testing::TempDir() + "secret.txt";
-    std::ofstream(secret) << "<path xmlns='http://www.w3.org/2000/svg' d='M0 0'/>";
+    const desk::Folder folder;
+    const std::string secret = folder.write("secret.txt", "<path xmlns='http://www.w3.org/2000/svg' d='M0 0'/>");
     const auto document = read("<!DOCTYPE svg [<!ENTITY e SYSTEM 'file://" + secret + "'>]><svg>&e;</svg>", "t.svg");
     EXPECT_EQ(document->currentLayer().childCount(), 0U);
-}
-
-TEST(Reader, UnreadableFilesAreNamed) {
-    const auto errorOfFile = [](const std::string& path) -> std::string {
-        try {
-            static_cast<void>(open(path));
-        } catch (const FileError& error) {
-            return error.what();
-        }
-        return "";
-    };
-    const std::string folder = testing::TempDir();
-    EXPECT_EQ(errorOfFile(folder + "missing.svg"), folder + "missing.svg: No such file or directory");
-    EXPECT_EQ(errorOfFile(folder), folder + ": Is a directory");
-    EXPECT_EQ(errorOfFile("/dev/null"), "/dev/null: Not a regular file");
+    EXPECT_EQ(document->currentLayer().name(), "Layer 1"); // an empty drawing has a layer
 }
 
 } // namespace

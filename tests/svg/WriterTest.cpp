@@ -3,14 +3,11 @@
 
 #include <cairo.h>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cmath>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "support/Drawing.h"
+#include "support/Folder.h"
 #include "svg/Limits.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
@@ -28,52 +25,22 @@ using model::NodeType;
 using model::Placement;
 using model::Style;
 
-/// A picture that is read back.
-class Pixels {
-  public:
-    explicit Pixels(const std::string& path)
-        : surface_(cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy) {
-        EXPECT_EQ(cairo_surface_status(surface_.get()), CAIRO_STATUS_SUCCESS);
-    }
-    [[nodiscard]] int width() const { return cairo_image_surface_get_width(surface_.get()); }
-    [[nodiscard]] int height() const { return cairo_image_surface_get_height(surface_.get()); }
-    /// Red, green and blue, a byte each.
-    std::uint32_t operator()(int x, int y) const {
-        const unsigned char* const row = cairo_image_surface_get_data(surface_.get()) +
-                                         std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface_.get());
-        return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
-    }
+/// Red, green and blue, a byte each, of a picture that is read back.
+std::uint32_t pixelOf(const std::string& path, int x, int y) {
+    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+        cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy);
+    EXPECT_EQ(cairo_surface_status(surface.get()), CAIRO_STATUS_SUCCESS);
+    const unsigned char* const row =
+        cairo_image_surface_get_data(surface.get()) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface.get());
+    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
+}
 
-  private:
-    std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
-};
-
-/// A folder of its own, gone with the test.
 class DrawingFiles : public testing::Test {
   protected:
-    DrawingFiles() { std::filesystem::create_directories(folder_); }
-    ~DrawingFiles() override { std::filesystem::remove_all(folder_); }
+    [[nodiscard]] std::string path(const std::string& name) const { return folder.path(name); }
+    static std::string errorOf(const std::function<void()>& work) { return desk::errorOf<FileError>(work); }
 
-    [[nodiscard]] std::string path(const std::string& name) const { return folder_ + "/" + name; }
-    static std::string contents(const std::string& path) {
-        std::ostringstream bytes;
-        bytes << std::ifstream(path, std::ios::binary).rdbuf();
-        return bytes.str();
-    }
-    [[nodiscard]] std::size_t fileCount() const {
-        const std::filesystem::directory_iterator files(folder_);
-        return static_cast<std::size_t>(std::distance(begin(files), end(files)));
-    }
-    static std::string errorOf(const std::function<void()>& work) {
-        try {
-            work();
-        } catch (const FileError& error) {
-            return error.what();
-        }
-        return "";
-    }
-
-    std::string folder_ = testing::TempDir() + "easel-files-" + std::to_string(::getpid());
+    desk::Folder folder;
 };
 
 // Text
@@ -86,12 +53,8 @@ TEST(Writer, WritesPlainSvg) {
     document.setLocked(group, true);
     Node& path = addPath(document, group, {corner(0, 0), {{10.1, 0}, {5, 5}, {10.1, 0}, true}}, true);
     document.setName(path, "edge");
-    Style style;
-    style.fill = true;
-    style.fillColor = {1, 0.2, 0};
-    style.dashCount = 2;
-    style.dashes = {4, 1.5};
-    document.setStyle(path, style);
+    document.setStyle(path,
+                      {.fill = true, .fillColor = {1, 0.2, 0}, .strokeColor = {}, .dashCount = 2, .dashes = {4, 1.5}});
     Node& line = addLine(document, layer, {1e-7, 2}, {3, 1e6});
     document.setHidden(line, true);
     EXPECT_EQ(write(document), R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -133,15 +96,9 @@ TEST(Writer, OddCasesReadBackToo) {
     document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");
     document.create(NodeType::Group, Placement::OnTopInside, layer);
     document.addLayer("");
-    Style style;
-    style.stroke = false;
-    style.strokeWidth = 0;
-    style.cap = model::Cap::Projecting;
-    style.join = model::Join::Bevel;
-    style.dashCount = 6;
-    style.dashOffset = -2.5;
-    style.dashes = {1, 2, 3, 4, 5, 6};
-    document.setStyle(*layer.firstChild()->next(), style);
+    const std::array<double, 6> dashes{1, 2, 3, 4, 5, 6};
+    document.setStyle(*layer.firstChild()->next(),
+                      {false, false, {}, {}, 0, 10, model::Cap::Projecting, model::Join::Bevel, 6, -2.5, dashes});
     const std::string text = write(document);
     EXPECT_TRUE(Document::sameContent(document, *read(text, "t.svg"))) << text;
 }
@@ -150,23 +107,19 @@ TEST(Writer, OddCasesReadBackToo) {
 
 TEST_F(DrawingFiles, SavingReplacesTheWholeFileAndNothingElse) {
     Document document(20, 10);
-    std::ofstream(path("drawing.svg")) << std::string(100000, 'x');
-    ::chmod(path("drawing.svg").c_str(), 0640);
+    folder.write("drawing.svg", std::string(100000, 'x'));
+    std::filesystem::permissions(path("drawing.svg"), std::filesystem::perms(0640));
     std::filesystem::create_symlink("drawing.svg", path("link.svg"));
     save(document, path("link.svg"));
-    EXPECT_EQ(contents(path("drawing.svg")), write(document));
+    EXPECT_EQ(folder.content("drawing.svg"), write(document));
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.svg")));
     EXPECT_EQ(static_cast<int>(std::filesystem::status(path("drawing.svg")).permissions()), 0640);
-    EXPECT_EQ(fileCount(), 2U);
-}
-
-TEST_F(DrawingFiles, SavingFollowsALinkToWhatIsNotThereYet) {
-    Document document(20, 10);
-    std::filesystem::create_directory(path("real"));
-    std::filesystem::create_symlink("real/drawing.svg", path("link.svg"));
+    EXPECT_EQ(folder.fileCount(), 2);
+    // Where the link leads there need be nothing yet.
+    std::filesystem::remove(path("drawing.svg"));
     save(document, path("link.svg"));
     EXPECT_TRUE(std::filesystem::is_symlink(path("link.svg")));
-    EXPECT_EQ(contents(path("real/drawing.svg")), write(document));
+    EXPECT_EQ(folder.content("drawing.svg"), write(document));
     std::filesystem::create_symlink("round.svg", path("round.svg"));
     EXPECT_EQ(errorOf([&] { save(document, path("round.svg")); }),
               path("round.svg") + ": Too many levels of symbolic links");
@@ -175,7 +128,7 @@ TEST_F(DrawingFiles, SavingFollowsALinkToWhatIsNotThereYet) {
 TEST_F(DrawingFiles, CompressedDrawingsStayCompressed) {
     Document document(20, 10);
     save(document, path("drawing.svgz"));
-    const std::string packed = contents(path("drawing.svgz"));
+    const std::string packed = folder.content("drawing.svgz");
     EXPECT_EQ(packed.substr(0, 2), "\x1f\x8b");
     const auto again = open(path("drawing.svgz"));
     EXPECT_TRUE(Document::sameContent(document, *again));
@@ -185,9 +138,9 @@ TEST_F(DrawingFiles, CompressedDrawingsStayCompressed) {
     while (again->journal().undo()) {
     }
     save(*again, path("drawing.svgz"));
-    EXPECT_EQ(contents(path("drawing.svgz")), packed);
+    EXPECT_EQ(folder.content("drawing.svgz"), packed);
     save(*again, path("plain.svg"));
-    EXPECT_EQ(contents(path("plain.svg")), write(document));
+    EXPECT_EQ(folder.content("plain.svg"), write(document));
 }
 
 TEST_F(DrawingFiles, WhatCouldNotBeReadAgainIsNotSaved) {
@@ -209,12 +162,12 @@ TEST_F(DrawingFiles, WhatCouldNotBeReadAgainIsNotSaved) {
             Document made(20, 10);
             addLine(made, made.currentLayer(), {0, 0}, {1, 1});
             save(made, path("drawing.svg"));
-            const std::string before = contents(path("drawing.svg"));
+            const std::string before = folder.content("drawing.svg");
             const auto opened = open(path("drawing.svg"));
             Document& document = wasRead ? *opened : made;
             row.edit(document, *document.currentLayer().firstChild());
             EXPECT_EQ(errorOf([&] { save(document, path("drawing.svg")); }), path("drawing.svg") + ": " + row.reason);
-            EXPECT_EQ(contents(path("drawing.svg")), before);
+            EXPECT_EQ(folder.content("drawing.svg"), before);
         }
     }
 }
@@ -224,44 +177,29 @@ TEST_F(DrawingFiles, RefusedSavingLeavesTheFileAsItWas) {
     save(document, path("drawing.svg"));
     const std::string nowhere = path("missing/drawing.svg");
     EXPECT_EQ(errorOf([&] { save(document, nowhere); }), nowhere + ": No such file or directory");
-    EXPECT_EQ(errorOf([&] { save(document, folder_); }), folder_ + ": Is a directory");
+    EXPECT_EQ(errorOf([&] { save(document, folder.path()); }), folder.path() + ": Is a directory");
 
     Node* innermost = &document.currentLayer();
     for (std::size_t depth = 2; depth < kDeepestElement; ++depth) {
         innermost = &document.create(NodeType::Group, Placement::OnTopInside, *innermost);
     }
     save(document, path("drawing.svg"));
-    const std::string before = contents(path("drawing.svg"));
+    const std::string before = folder.content("drawing.svg");
     EXPECT_TRUE(Document::sameContent(document, *open(path("drawing.svg"))));
     document.create(NodeType::Group, Placement::OnTopInside, *innermost);
     EXPECT_EQ(errorOf([&] { save(document, path("drawing.svg")); }),
               path("drawing.svg") + ": groups nest too deeply to be saved");
-    EXPECT_EQ(contents(path("drawing.svg")), before);
-    EXPECT_EQ(fileCount(), 1U);
+    EXPECT_EQ(folder.content("drawing.svg"), before);
+    EXPECT_EQ(folder.fileCount(), 1);
 }
 
 // Pictures
 
-TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhite) {
-    Document document(20, 10);
-    Node& square =
-        addPath(document, document.currentLayer(), {corner(5, 0), corner(15, 0), corner(15, 5), corner(5, 5)}, true);
-    Style style;
-    style.fill = true;
-    style.stroke = false;
-    style.fillColor = {1, 0, 0};
-    document.setStyle(square, style);
-    exportPng(write(document), path("picture.png"), 2);
-    const Pixels pixel(path("picture.png"));
-    EXPECT_EQ(pixel.width(), 40);
-    EXPECT_EQ(pixel.height(), 20);
-    EXPECT_EQ(pixel(20, 5), 0xFF0000U);
-    EXPECT_EQ(pixel(20, 15), 0xFFFFFFU);
-    EXPECT_EQ(pixel(5, 5), 0xFFFFFFU);
-}
-
-TEST_F(DrawingFiles, PictureShowsMarksOverTheDrawing) {
+TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhiteAndMarksOverIt) {
     Document document(50, 25);
+    Node& square = addPath(document, document.currentLayer(),
+                           {corner(30, 20), corner(40, 20), corner(40, 25), corner(30, 25)}, true);
+    document.setStyle(square, {.fill = true, .stroke = false, .fillColor = {1, 1, 0}, .strokeColor = {}});
     const easel::model::Pen thick{.color = {1, 0, 0}, .lineWidth = 6};
     const easel::model::Pen faint{.color = {0, 0, 1}, .opacity = 0.2};
     const easel::model::Pen dashed{.color = {0, 1, 0}, .lineWidth = 4, .dash = 10};
@@ -274,29 +212,25 @@ TEST_F(DrawingFiles, PictureShowsMarksOverTheDrawing) {
         {.kind = Kind::Ellipse, .points = {{30, 0}, {50, 20}}, .pen = thick, .filled = true, .text = {}},
         {.kind = Kind::Polygon, .points = {{10, 12}, {20, 12}, {10, 20}}, .pen = dashed, .filled = true, .text = {}},
     };
-    const auto picture = [&](double scale) {
-        exportPng(write(document), path("picture.png"), scale, marks);
-        return Pixels(path("picture.png"));
+    const std::uint32_t white = 0xFFFFFF, red = 0xFF0000, green = 0x00FF00, yellow = 0xFFFF00;
+    const struct {
+        double scale;
+        int x, y;
+        std::uint32_t color;
+    } rows[] = {
+        // The line keeps its 6 pixels at any scale: 17 to 22 of the rows, since it runs along 5 * 4.
+        {4, 70, 16, white},    {4, 70, 17, red},      {4, 70, 22, red},    {4, 70, 23, white},
+        {2, 35, 6, white},     {2, 35, 7, red},       {2, 35, 12, red},    {2, 35, 13, white},
+        {4, 20, 30, 0xCCCCFF}, {4, 20, 20, 0xCC0033}, // 0.2 of blue on white, and on red
+        {4, 160, 40, red},     {4, 123, 3, white},    // the ellipse, and a corner of its box
+        {4, 45, 52, green},    {4, 75, 75, white},    // in the triangle, and beyond its long side
+        {4, 5, 88, green},     {4, 15, 88, white},    // a dash and a gap
+        {4, 140, 90, yellow},  {4, 140, 79, white},   {4, 119, 90, white}, {4, 160, 90, white} // the square
     };
-    const Pixels pixel = picture(4);
-    // The line keeps its 6 pixels at any scale: 17 to 22 of the rows, since it runs along 5 * 4.
-    EXPECT_EQ(pixel(70, 16), 0xFFFFFFU);
-    EXPECT_EQ(pixel(70, 17), 0xFF0000U);
-    EXPECT_EQ(pixel(70, 22), 0xFF0000U);
-    EXPECT_EQ(pixel(70, 23), 0xFFFFFFU);
-    EXPECT_EQ(pixel(20, 30), 0xCCCCFFU); // 0.2 of blue on white
-    EXPECT_EQ(pixel(20, 20), 0xCC0033U); // and on red
-    EXPECT_EQ(pixel(160, 40), 0xFF0000U);
-    EXPECT_EQ(pixel(123, 3), 0xFFFFFFU); // a corner of the ellipse's box
-    EXPECT_EQ(pixel(45, 52), 0x00FF00U); // in the triangle
-    EXPECT_EQ(pixel(75, 75), 0xFFFFFFU); // beyond its long side
-    EXPECT_EQ(pixel(5, 88), 0x00FF00U);
-    EXPECT_EQ(pixel(15, 88), 0xFFFFFFU);
-    const Pixels half = picture(2);
-    EXPECT_EQ(half(35, 6), 0xFFFFFFU);
-    EXPECT_EQ(half(35, 7), 0xFF0000U);
-    EXPECT_EQ(half(35, 12), 0xFF0000U);
-    EXPECT_EQ(half(35, 13), 0xFFFFFFU);
+    for (const auto& [scale, x, y, color] : rows) {
+        exportPng(write(document), path("picture.png"), scale, marks);
+        EXPECT_EQ(pixelOf(path("picture.png"), x, y), color) << x << ' ' << y;
+    }
 }
 
 TEST_F(DrawingFiles, PictureThatCannotBeMadeIsAnError) {
@@ -309,7 +243,7 @@ TEST_F(DrawingFiles, PictureThatCannotBeMadeIsAnError) {
     EXPECT_NE(errorOf([&] { exportPng("<svg", picture, 1); }), "");
     EXPECT_EQ(errorOf([&] { exportPng(write(document), path("missing/p.png"), 1); }),
               path("missing/p.png") + ": No such file or directory");
-    EXPECT_EQ(fileCount(), 0U);
+    EXPECT_EQ(folder.fileCount(), 0);
 }
 
 } // namespace
