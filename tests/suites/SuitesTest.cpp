@@ -148,15 +148,15 @@ TEST_F(Suites, CheckMemoryAgainstTheirTable) {
 TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
     inMessage([&] {
         auto& art = tables.art.table;
-        AIArtHandle group = nullptr, middle = nullptr, other = nullptr, found = nullptr;
-        ASSERT_EQ(art.NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
-        ASSERT_EQ(art.NewArt(kPathArt, kPlaceInsideOnTop, group, &middle), kNoErr);
-        const auto madeAt = [&](std::int16_t order, AIArtHandle prep) {
+        AIArtHandle other = nullptr, found = nullptr;
+        const auto madeAt = [&](std::int16_t order, AIArtHandle prep, std::int16_t type = kPathArt) {
             AIArtHandle made = nullptr;
-            EXPECT_EQ(art.NewArt(kPathArt, order, prep, &made), kNoErr);
+            EXPECT_EQ(art.NewArt(type, order, prep, &made), kNoErr);
             return made;
         };
-        const AIArtHandle above = madeAt(kPlaceAbove, middle), below = madeAt(kPlaceBelow, middle);
+        const AIArtHandle group = madeAt(kPlaceAboveAll, nullptr, kGroupArt);
+        const AIArtHandle middle = madeAt(kPlaceInsideOnTop, group), above = madeAt(kPlaceAbove, middle),
+                          below = madeAt(kPlaceBelow, middle);
         const AIArtHandle top = madeAt(kPlaceInsideOnTop, group), bottom = madeAt(kPlaceInsideOnBottom, group);
         std::vector<AIArtHandle> order;
         for (art.GetArtFirstChild(group, &found); found; art.GetArtSibling(found, &found)) order.push_back(found);
@@ -170,11 +170,12 @@ TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
         EXPECT_EQ(art.GetArtParent(other, &found), kNoErr);
         EXPECT_EQ(found, nullptr);
         // What cannot be
-        EXPECT_EQ(art.NewArt(kPathArt, kPlaceAbove, nullptr, &found), kBadParameterErr);
-        EXPECT_EQ(art.NewArt(kPathArt, kPlaceInsideOnTop, middle, &found), kBadParameterErr);
-        EXPECT_EQ(art.NewArt(kPathArt, kPlaceAbove, other, &found), kBadParameterErr);
-        EXPECT_EQ(art.NewArt(kTextFrameArt, kPlaceAboveAll, nullptr, &found), kBadParameterErr);
-        EXPECT_EQ(art.NewArt(kPathArt, 7, group, &found), kBadParameterErr);
+        using Wrong = std::tuple<std::int16_t, std::int16_t, AIArtHandle>;
+        for (const auto& [type, place, prep] :
+             {Wrong{kPathArt, kPlaceAbove, nullptr}, Wrong{kPathArt, kPlaceInsideOnTop, middle},
+              Wrong{kPathArt, kPlaceAbove, other}, Wrong{kTextFrameArt, kPlaceAboveAll, nullptr},
+              Wrong{kPathArt, 7, group}})
+            EXPECT_EQ(art.NewArt(type, place, prep, &found), kBadParameterErr) << type << ' ' << place;
         EXPECT_EQ(art.DisposeArt(other), kRefusedErr);
     });
 }
@@ -225,11 +226,12 @@ TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
 TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
     AIToolHandle first = nullptr, second = nullptr;
     inMessage([&] {
-        const AIAddToolData data{"First", "", kNoToolNumber, kNoToolNumber, 0, 0};
-        const AIAddToolData other{"Second", "", kNoToolNumber, kNoToolNumber, 0, 0};
-        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "first", &data, kToolWantsBufferedDraggingOption, &first),
-                  kNoErr);
-        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "second", &other, 0, &second), kNoErr);
+        const auto add = [&](const char* name, std::int32_t options, AIToolHandle& tool) {
+            const AIAddToolData data{name, "", kNoToolNumber, kNoToolNumber, 0, 0};
+            ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, name, &data, options, &tool), kNoErr);
+        };
+        add("first", kToolWantsBufferedDraggingOption, first);
+        add("second", 0, second);
         ASSERT_EQ(tables.tool.table.SetSelectedTool(first), kNoErr);
         AIToolHandle own = nullptr;
         EXPECT_EQ(tables.tool.table.GetSelectedTool(&own), kNoErr);
@@ -244,8 +246,7 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
         newPath(2);
         tables.tool.table.SetSelectedTool(second);
     };
-    session.pointer.press({10, 10},
-                          0); // the choice cancels the gesture, which sends a mouse-up, a deselect and a select
+    session.pointer.press({10, 10}, 0); // the choice cancels it, which sends a mouse-up, a deselect and a select
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(second));
     EXPECT_FALSE(session.pointer.pressed());
     EXPECT_LE(messages, 6);
