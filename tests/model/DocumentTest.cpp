@@ -103,21 +103,6 @@ TEST_F(DocumentTest, DeepNestingNeedsNoStack) {
 
 // Paths
 
-TEST_F(DocumentTest, PathIsWrittenPieceByPiece) {
-    Node& path = document.create(NodeType::Path, Placement::OnTopInside, layer);
-    EXPECT_TRUE(path.path().points.empty());
-    EXPECT_EQ(path.style(), Style{});
-    document.setPointCount(path, 3);
-    const std::vector<PathPoint> two{{{1, 1}, {0, 1}, {2, 1}, false}, corner(5, 5)};
-    document.setPoints(path, 1, two.data(), 2);
-    document.setClosed(path, true);
-    EXPECT_EQ(path.path(), (PathData{{corner(0, 0), two[0], two[1]}, true}));
-    EXPECT_EQ(path.path().segmentCount(), 3U);
-    EXPECT_EQ(path.path().hull(), (Box{0, 0, 5, 5}));
-    document.reverse(path);
-    EXPECT_EQ(path.path().points, (std::vector{two[1], PathPoint{{1, 1}, {2, 1}, {0, 1}, false}, corner(0, 0)}));
-}
-
 // Selection
 
 TEST_F(DocumentTest, SelectingReachesDownAndDeselectingUp) {

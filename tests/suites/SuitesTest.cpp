@@ -200,9 +200,13 @@ TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
         EXPECT_EQ(path.GetPathSegments(art, 1, 3, read), kBadParameterErr);
         ASSERT_EQ(path.GetPathSegments(art, 0, 3, read), kNoErr);
         for (int i = 0; i < 3; ++i) EXPECT_EQ(read[i].out.v, segments[i].out.v);
+        segments[1].in.h = 25;
+        ASSERT_EQ(path.SetPathSegments(art, 1, 2, segments + 1), kNoErr);
         ASSERT_EQ(path.ReversePathSegments(art), kNoErr);
-        ASSERT_EQ(path.GetPathSegments(art, 0, 1, read), kNoErr);
+        ASSERT_EQ(path.GetPathSegments(art, 0, 2, read), kNoErr);
         EXPECT_EQ(read[0].p.h, 60);
+        EXPECT_EQ(read[1].in.h, 30);
+        EXPECT_EQ(read[1].out.h, 25);
         AIArtHandle group = nullptr;
         ASSERT_EQ(tables.art.table.NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
         std::int16_t count = 5;
@@ -270,44 +274,19 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
 }
 
-TEST_F(Suites, PassMessagesOnAndKeepTheirTransactionOne) {
+TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
+    int ours = 0, senders = 0, receivers = 0;
+    plugin.globals = &ours;
     work = [&](SPMessageData& outer) {
         newPath(2);
         EXPECT_EQ(outer.self, plugin.handle);
+        EXPECT_EQ(outer.globals, &ours);
         work = [&](SPMessageData& inside) {
             newPath(3);
             EXPECT_EQ(inside.self, plugin.handle);
             EXPECT_EQ(inside.basic, &tables.basic);
+            EXPECT_EQ(std::exchange(inside.globals, &receivers), &senders);
         };
-        SPMessageData inner{};
-        SPErr result = 99;
-        EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kNoErr);
-        EXPECT_EQ(result, kNoErr);
-        EXPECT_EQ(tables.interface.table.SendMessage(plugin.handle, nullptr, "Inner", &inner, &result),
-                  kBadParameterErr);
-    };
-    SPMessageData record{};
-    session.messenger.send(plugin, "Test", "Outer", record);
-    EXPECT_EQ(session.document()->currentLayer().childCount(), 2u);
-    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
-    inMessage([&] {
-        EXPECT_EQ(tables.undo.table.SetKind(kAIAppendUndoContext), kNoErr);
-        EXPECT_EQ(tables.undo.table.SetKind(3), kBadParameterErr);
-        newPath(2);
-    });
-    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
-}
-
-TEST_F(Suites, LeaveGlobalsOfAPassedMessageToSenderAndReceiver) {
-    int ours = 0, senders = 0, receivers = 0;
-    plugin.globals = &ours;
-    bool nested = false;
-    work = [&](SPMessageData& message) {
-        if (std::exchange(nested, true)) {
-            EXPECT_EQ(std::exchange(message.globals, &receivers), &senders);
-            return;
-        }
-        EXPECT_EQ(message.globals, &ours);
         SPMessageData inner{};
         SPErr result = 99;
         auto& interface = tables.interface.table;
@@ -315,7 +294,9 @@ TEST_F(Suites, LeaveGlobalsOfAPassedMessageToSenderAndReceiver) {
         EXPECT_EQ(interface.SetUpMessageData(plugin.handle, &inner), kNoErr);
         EXPECT_EQ(std::exchange(inner.globals, &senders), &ours);
         EXPECT_EQ(interface.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kNoErr);
+        EXPECT_EQ(result, kNoErr);
         EXPECT_EQ(inner.globals, &receivers);
+        EXPECT_EQ(interface.SendMessage(plugin.handle, nullptr, "Inner", &inner, &result), kBadParameterErr);
         EXPECT_EQ(interface.EmptyMessageData(plugin.handle, &inner), kNoErr);
         EXPECT_EQ(inner.basic, nullptr);
         plugin.started = false;
@@ -325,6 +306,14 @@ TEST_F(Suites, LeaveGlobalsOfAPassedMessageToSenderAndReceiver) {
     SPMessageData record{};
     session.messenger.send(plugin, "Test", "Outer", record);
     EXPECT_EQ(plugin.globals, &ours);
+    EXPECT_EQ(session.document()->currentLayer().childCount(), 2u);
+    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
+    inMessage([&] {
+        EXPECT_EQ(tables.undo.table.SetKind(kAIAppendUndoContext), kNoErr);
+        EXPECT_EQ(tables.undo.table.SetKind(3), kBadParameterErr);
+        newPath(2);
+    });
+    EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
 }
 
 } // namespace

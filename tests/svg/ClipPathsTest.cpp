@@ -84,20 +84,14 @@ TEST(ClipPaths, GoWithAPathOrPictureButStayWithAGroup) {
       <image id="image" clip-path="url(#half)" y="100" width="60" height="20"/>
       <g id="group" clip-path="url(#half)"><path id="inner" d="M 0 200 H 60"/></g>)svg");
     const std::string before = write(*document);
-    EXPECT_EQ(at(*document, 20, 50), "path");
-    EXPECT_EQ(at(*document, 40, 50), "");
-    EXPECT_EQ(at(*document, 20, 110), "image");
-    EXPECT_EQ(at(*document, 40, 110), "");
+    const std::tuple<double, double, const char*> spots[] = {
+        {20, 50, "path"}, {40, 50, ""}, {20, 110, "image"}, {40, 110, ""}, {20, 200, "inner"}};
+    for (const auto& [x, y, id] : spots) EXPECT_EQ(at(*document, x, y), id);
     for (const char* const id : {"path", "image", "group"}) document->offset(*document->findByName(id), 100, 0);
     // As the file will have it: see by reading it again.
     const auto again = read(write(*document), "t.svg");
-    for (Document* const either : {document.get(), again.get()}) {
-        EXPECT_EQ(at(*either, 120, 50), "path");
-        EXPECT_EQ(at(*either, 140, 50), "");
-        EXPECT_EQ(at(*either, 120, 110), "image");
-        EXPECT_EQ(at(*either, 140, 110), "");
-        EXPECT_EQ(at(*either, 120, 200), "");
-    }
+    for (Document* const either : {document.get(), again.get()})
+        for (const auto& [x, y, id] : spots) EXPECT_EQ(at(*either, x + 100, y), y == 200 ? "" : id);
     Node& path = *document->findByName("path");
     document->setPointCount(path, 3); // a third point at the origin
     EXPECT_EQ(at(*document, 120, 50), "");

@@ -58,19 +58,17 @@ TEST(Reader, LayersGroupsAndStrayArtFindTheirPlace) {
         <g inkscape:groupmode="layer" inkscape:label="Front" display="none"/>
         <path id="stray too" d="M0 0 L1 1"/>)");
     ASSERT_EQ(document->layerCount(), 3U);
-    Node& front = *document->layerAt(0);
-    Node& stray = *document->layerAt(1);
-    Node& back = *document->layerAt(2);
-    EXPECT_EQ(front.name(), "Front");
-    EXPECT_TRUE(front.hidden() && !front.locked());
-    EXPECT_EQ(stray.name(), "Layer 1");
-    EXPECT_EQ(back.name(), "Back");
-    EXPECT_TRUE(back.locked() && !back.hidden());
-    EXPECT_EQ(stray.childCount(), 3U);                  // the text among them
-    EXPECT_EQ(stray.firstChild()->name(), "stray too"); // drawn later, so it lies above
-    Node* const pair = back.firstChild();
+    const auto told = [](const Node& node) {
+        return node.name() + (node.hidden() ? " hidden" : "") + (node.locked() ? " locked" : "") + " of " +
+               std::to_string(node.childCount());
+    };
+    EXPECT_EQ(told(*document->layerAt(0)), "Front hidden of 0");
+    EXPECT_EQ(told(*document->layerAt(1)), "Layer 1 of 3"); // the text among them
+    EXPECT_EQ(told(*document->layerAt(2)), "Back locked of 1");
+    EXPECT_EQ(document->layerAt(1)->firstChild()->name(), "stray too"); // drawn later, so it lies above
+    const Node* const pair = document->layerAt(2)->firstChild();
     EXPECT_EQ(pair->type(), NodeType::Group);
-    EXPECT_TRUE(pair->hidden());
+    EXPECT_EQ(told(*pair), "pair hidden of 2");
     EXPECT_EQ(pair->firstChild()->name(), "b");
     EXPECT_EQ(document->findByName("no"), nullptr);
     EXPECT_EQ(document->journal().undoDepth(), 0U);
