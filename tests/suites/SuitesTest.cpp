@@ -275,7 +275,7 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
 }
 
 TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
-    int ours = 0, senders = 0, receivers = 0;
+    int ours = 0, senders = 0, receivers = 0, later = 0;
     plugin.globals = &ours;
     work = [&](SPMessageData& outer) {
         newPath(2);
@@ -302,10 +302,11 @@ TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
         plugin.started = false;
         EXPECT_EQ(interface.SendMessage(plugin.handle, "Test", "Inner", &inner, &result), kRefusedErr);
         plugin.started = true;
+        outer.globals = &later;
     };
     SPMessageData record{};
     session.messenger.send(plugin, "Test", "Outer", record);
-    EXPECT_EQ(plugin.globals, &ours);
+    EXPECT_EQ(plugin.globals, &later); // what the host's own message is given back is kept
     EXPECT_EQ(session.document()->currentLayer().childCount(), 2u);
     EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
     inMessage([&] {
