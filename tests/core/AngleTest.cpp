@@ -40,41 +40,38 @@ TEST(Angle, ConvertsBetweenUnits) {
 TEST(Angle, ComputesOnRadiansAndLeavesCopiesAlone) {
     Angle angle = rad(6);
     const Angle copy = angle;
-    angle += rad(2);
-    EXPECT_EQ(angle.asRadians(), 8);
-    angle -= rad(5);
-    EXPECT_EQ(angle.asRadians(), 3);
-    angle *= rad(4);
-    EXPECT_EQ(angle.asRadians(), 12);
-    angle /= rad(3);
-    EXPECT_EQ(angle.asRadians(), 4);
-    angle *= 3;
-    EXPECT_EQ(angle.asRadians(), 12);
-    angle /= 8;
-    EXPECT_EQ(angle.asRadians(), 1.5);
+    EXPECT_EQ((angle += rad(2)).asRadians(), 8);
+    EXPECT_EQ((angle -= rad(5)).asRadians(), 3);
+    EXPECT_EQ((angle *= rad(4)).asRadians(), 12);
+    EXPECT_EQ((angle /= rad(3)).asRadians(), 4);
+    EXPECT_EQ((angle *= 3).asRadians(), 12);
+    EXPECT_EQ((angle /= 8).asRadians(), 1.5);
     EXPECT_EQ((-angle).asRadians(), -1.5);
-    EXPECT_EQ(copy.asRadians(), 6);
     EXPECT_EQ((2.0 * copy - copy / 3.0 + copy * 0.5 - copy * rad(2) / rad(4)).asRadians(), 10);
 }
 
 // Normalisation
 
-TEST(Angle, FoldsIntoOneTurnAndKeepsAFullTurn) {
-    EXPECT_EQ(rad(0).range0To2Pi().asRadians(), 0);
-    EXPECT_EQ(rad(2 * kPi - 1e-16).range0To2Pi().asRadians(), 2 * kPi);
-    EXPECT_EQ(rad(-1e-17).range0To2Pi().asRadians(), 2 * kPi);
-    EXPECT_EQ(rad(-2 * kPi).range0To2Pi().asRadians(), 0);
-    EXPECT_EQ(rad(4 * kPi).range0To2Pi().asRadians(), 2 * kPi);
-    EXPECT_DOUBLE_EQ(rad(7 * kPi).range0To2Pi().asRadians(), kPi);
-    EXPECT_DOUBLE_EQ(deg(-90).range0To2Pi().asDegrees(), 270);
-}
-
-TEST(Angle, FoldsIntoHalfTurnsOnBothSides) {
-    EXPECT_EQ(rad(0).rangeNegPiToPi().asRadians(), 0);
-    EXPECT_EQ(rad(-kPi).rangeNegPiToPi().asRadians(), -kPi);
-    EXPECT_EQ(rad(kPi + 4e-16).rangeNegPiToPi().asRadians(), kPi);
-    EXPECT_NEAR(deg(350).rangeNegPiToPi().asDegrees(), -10, 1e-12);
-    EXPECT_NEAR(deg(-200).rangeNegPiToPi().asDegrees(), 160, 1e-12);
+TEST(Angle, FoldsIntoOneTurnOrIntoHalfTurnsOnBothSides) {
+    const struct {
+        Angle (Angle::*fold)() const;
+        double from;
+        double to;
+    } rows[] = {
+        {&Angle::range0To2Pi, 0, 0},
+        {&Angle::range0To2Pi, 2 * kPi - 1e-16, 2 * kPi}, // a full turn stays one
+        {&Angle::range0To2Pi, -1e-17, 2 * kPi},
+        {&Angle::range0To2Pi, -2 * kPi, 0},
+        {&Angle::range0To2Pi, 4 * kPi, 2 * kPi},
+        {&Angle::range0To2Pi, 7 * kPi, kPi},
+        {&Angle::range0To2Pi, -kPi / 2, 1.5 * kPi},
+        {&Angle::rangeNegPiToPi, 0, 0},
+        {&Angle::rangeNegPiToPi, -kPi, -kPi},
+        {&Angle::rangeNegPiToPi, kPi + 4e-16, kPi},
+        {&Angle::rangeNegPiToPi, 1.75 * kPi, -kPi / 4},
+        {&Angle::rangeNegPiToPi, -1.25 * kPi, 0.75 * kPi},
+    };
+    for (const auto& row : rows) EXPECT_DOUBLE_EQ((rad(row.from).*row.fold)().asRadians(), row.to) << row.from;
 }
 
 TEST(Angle, FoldingEndsForEveryNumberAndKeepsTheDirection) {
@@ -142,7 +139,8 @@ TEST(Angle, ConstrainsLinesIntoHalfTurns) {
         EXPECT_NEAR((deg(row.from).*row.fold)().asDegrees(), row.to, 1e-12) << row.from;
     }
     EXPECT_EQ(rad(kPi / 2 + 5e-6).constrainPiOver2To3PiOver2().asRadians(), kPi / 2) << "close to a bound is the bound";
-    EXPECT_NEAR(rad(kPi + 1.1e-5).constrain0ToPi().asRadians(), 1.1e-5, 1e-12) << "not so close";
+    EXPECT_EQ(rad(kPi + 9e-6).constrain0ToPi().asRadians(), kPi);
+    EXPECT_NEAR(rad(kPi + 1.1e-5).constrain0ToPi().asRadians(), 1.1e-5, 1e-12);
 }
 
 // Comparison
@@ -153,12 +151,9 @@ TEST(Angle, ComparesAcrossTheFullTurn) {
     EXPECT_EQ(deg(30) + deg(30) + deg(30), deg(90)) << "rounding does not count";
     EXPECT_NE(deg(0), deg(1e-9));
     EXPECT_TRUE(deg(10) < deg(-10));
-    EXPECT_TRUE(deg(370) < deg(20));
     EXPECT_TRUE(deg(370) <= deg(20));
     EXPECT_TRUE(deg(-10) > deg(20));
-    EXPECT_TRUE(deg(20) >= deg(20));
-    EXPECT_FALSE(deg(20) > deg(20));
-    EXPECT_FALSE(deg(20) < deg(20));
+    EXPECT_TRUE(deg(20) >= deg(20) && !(deg(20) > deg(20)) && !(deg(20) < deg(20)));
     EXPECT_TRUE(deg(359.5).equalWithinTol(deg(0.25), deg(1)));
     EXPECT_TRUE(deg(0.25).equalWithinTol(deg(-0.5), deg(1)));
     EXPECT_FALSE(deg(359).equalWithinTol(deg(1), deg(1)));
@@ -167,11 +162,14 @@ TEST(Angle, ComparesAcrossTheFullTurn) {
 // Relations
 
 TEST(Angle, MeasuresAndHalvesTheSmallerAngle) {
-    EXPECT_NEAR(deg(10).delta(deg(350)).asDegrees(), 20, 1e-12);
-    EXPECT_NEAR(deg(350).delta(deg(10)).asDegrees(), 20, 1e-12);
-    EXPECT_NEAR(deg(-90).delta(deg(90)).asDegrees(), 180, 1e-12);
-    EXPECT_NEAR(deg(350).bisect(deg(10)).asDegrees(), 360, 1e-12);
-    EXPECT_NEAR(deg(80).bisect(deg(20)).asDegrees(), 50, 1e-12);
+    const struct {
+        double one, other, delta, middle;
+    } rows[] = {{350, 10, 20, 360}, {80, 20, 60, 50}, {-90, 90, 180, 180}, {0, 180, 180, 90}, {0, 200, 160, 280}};
+    for (const auto& row : rows) {
+        EXPECT_NEAR(deg(row.one).delta(deg(row.other)).asDegrees(), row.delta, 1e-9) << row.one;
+        EXPECT_NEAR(deg(row.other).delta(deg(row.one)).asDegrees(), row.delta, 1e-9) << row.one;
+        EXPECT_NEAR(deg(row.one).bisect(deg(row.other)).asDegrees(), row.middle, 1e-9) << row.one;
+    }
     EXPECT_NEAR(deg(0).bisect(deg(360)).asDegrees(), 180, 1e-12) << "a whole turn apart is no smaller angle";
 }
 
@@ -182,10 +180,7 @@ TEST(Angle, NumbersItsQuadrant) {
     } rows[] = {{0, 1},       {kPi / 2, 2},     {kPi, 3},         {1.5 * kPi, 4}, {2 * kPi, 4},
                 {-0.5e-4, 4}, {2 * kPi + 1, 1}, {2 * kPi - 1, 4}, {3, 2},         {kNaN, 0}};
     for (const auto& row : rows) EXPECT_EQ(rad(row.radians).quadrantNumber(), row.quadrant) << row.radians;
-    EXPECT_TRUE(rad(1).firstQuadrant());
-    EXPECT_TRUE(rad(2).secondQuadrant());
-    EXPECT_TRUE(rad(4).thirdQuadrant());
-    EXPECT_TRUE(rad(5).fourthQuadrant());
+    EXPECT_TRUE(rad(1).firstQuadrant() && rad(2).secondQuadrant() && rad(4).thirdQuadrant() && rad(5).fourthQuadrant());
 }
 
 // Trigonometry

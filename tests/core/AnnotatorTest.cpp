@@ -10,107 +10,50 @@
 #include "hostapi/AIToolSuite.h"
 #include "plugin/HostMonitor.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 
 namespace {
 
 using namespace kzo::core;
 using desk::Desk;
+using desk::Receiver;
 using easel::model::Mark;
-
-struct Witness {
-    int runs = 0;
-    std::function<void(const AnnotatorMessage&)> during;
-    void run() {
-        ++runs;
-        if (during) during(static_cast<const AnnotatorMessage&>(*Dispatcher::lastMessage()));
-    }
-};
 
 class Annotators : public testing::Test {
   protected:
-    [[nodiscard]] __Callback<Witness> callback() { return {&witness, &Witness::run}; }
-    /// What the dispatcher answers to "AI Draw" for a handle.
-    std::int32_t draw(AIAnnotator* handle) {
-        AIAnnotatorMessage record{};
-        record.annotator = handle;
-        return Plugin::instance()->dispatcher()->message(MessageType::AnnotationDraw, &record);
-    }
     [[nodiscard]] easel::session::Annotator& host() { return *desk.session().annotations.all().front(); }
 
-    Witness witness;
+    Receiver receiver;
     Desk desk;
 };
 
-TEST_F(Annotators, AnswerForWhatTheHostKeepsAndNeutrallyWithoutIt) {
+TEST_F(Annotators, TellTheHostAndRunWhileTheyAreRegistered) {
     desk.inMessage([&] {
-        auto& monitor = kzo::plugin::host::monitor();
-        monitor.reset(1);
-        EXPECT_TRUE(Annotator("Refused", callback()).isEmpty());
-        const Annotator live("Marks", callback());
+        Annotator live("Marks", receiver.callback());
         Annotator copy = live;
-        Annotator empty;
         copy.setOptions(Annotator::Options::Second | Annotator::Options(16));
         EXPECT_EQ(host().options, 18);
         EXPECT_EQ(live.options(), Annotator::Options(18));
-        EXPECT_EQ(live.name(), "Marks");
-        EXPECT_TRUE(live.active());
-        EXPECT_TRUE(copy == live && !(copy == empty));
+        EXPECT_TRUE(copy == live && !(copy == Annotator()));
         copy.deactivate();
-        EXPECT_FALSE(host().active);
-        EXPECT_FALSE(live.active());
-        copy.activate();
-        copy.destroy();
-        for (Annotator none : {live, empty}) {
-            monitor.reset();
-            EXPECT_TRUE(none.isEmpty());
-            none.activate();
-            none.setOptions(Annotator::Options::First);
-            none.setCallback(callback());
-            none.destroy();
-            Plugin::instance()->dispatcher()->unregisterAnnotator(none);
-            EXPECT_FALSE(none.active());
-            EXPECT_EQ(none.name(), "");
-            EXPECT_EQ(none.options(), Annotator::Options::None);
-            EXPECT_EQ(none.callback(), nullptr);
-            EXPECT_EQ(none.aiAnnotatorHandle(), nullptr);
-            EXPECT_FALSE(AnnotationDrawer(nullptr).line({0, 0}, {1, 1}));
-            EXPECT_EQ(monitor.calls(), 0u);
+        EXPECT_FALSE(host().active || live.active());
+        Dispatcher& dispatcher = *Plugin::instance()->dispatcher();
+        AIAnnotatorMessage record{};
+        record.annotator = live.aiAnnotatorHandle();
+        for (const bool registered : {false, true}) {
+            registered ? dispatcher.registerAnnotator(live) : dispatcher.unregisterAnnotator(copy);
+            EXPECT_EQ(dispatcher.message(MessageType::AnnotationDraw, &record), registered ? 0 : 1);
+            EXPECT_EQ(receiver.runs, registered ? 1 : 0);
         }
+        copy.destroy();
+        EXPECT_TRUE(live.isEmpty());
         EXPECT_THAT(desk.session().annotations.all(), testing::IsEmpty());
     });
 }
 
-TEST_F(Annotators, RunWhileTheyAreRegistered) {
-    Annotator kept;
-    desk.inMessage([&] {
-        kept = Annotator("Kept", callback());
-        Annotator annotator("Marks", callback());
-        AIAnnotator* const handle = annotator.aiAnnotatorHandle();
-        Dispatcher& dispatcher = *Plugin::instance()->dispatcher();
-        EXPECT_EQ(draw(handle), 0);
-        EXPECT_EQ(draw(nullptr), 1);
-        EXPECT_EQ(draw(reinterpret_cast<AIAnnotator*>(&annotator)), 1);
-        dispatcher.unregisterAnnotator(annotator);
-        EXPECT_EQ(draw(handle), 1);
-        dispatcher.registerAnnotator(annotator);
-        witness.during = [&](const AnnotatorMessage& message) {
-            EXPECT_EQ(message.annotator(), annotator);
-            message.annotator().destroy();
-            dispatcher.unregisterAnnotator(kept);
-        };
-        EXPECT_EQ(draw(handle), 0);
-        EXPECT_TRUE(annotator.isEmpty());
-        EXPECT_EQ(draw(handle), 1);
-        EXPECT_EQ(draw(kept.aiAnnotatorHandle()), 1);
-        EXPECT_EQ(witness.runs, 2);
-    });
-    desk.quit();
-    EXPECT_TRUE(kept.isEmpty());
-    EXPECT_FALSE(kept.active());
-}
-
 TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
-    witness.during = [&](const AnnotatorMessage& message) {
+    receiver.work = [&] {
+        const auto& message = static_cast<const AnnotatorMessage&>(*Dispatcher::lastMessage());
         if (message.type() != MessageType::AnnotationDraw) return;
         AIDocumentViewHandle view = nullptr;
         EXPECT_EQ(desk.tables().view.table.GetNthDocumentView(0, &view), kNoErr);
@@ -128,7 +71,7 @@ TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
         EXPECT_TRUE(drawer.text("12 mm", {7, 8}));
         EXPECT_FALSE(drawer.setOpacity(2));
     };
-    desk.inMessage([&] { static_cast<void>(Annotator("Marks", callback())); });
+    desk.inMessage([&] { static_cast<void>(Annotator("Marks", receiver.callback())); });
     desk.session().updateAnnotations();
     const easel::model::Pen pen{.color = {1, 0, 0}, .opacity = 0.5, .lineWidth = 2, .dash = 3, .fontSize = 9};
     const auto mark = [&](Mark::Kind kind, std::vector<desk::Point> points, bool filled = false,
@@ -156,7 +99,7 @@ TEST_F(Annotators, AreInvalidOnceTheViewOrTheCursorHasMovedFarEnough) {
         monitor.reset();
         dispatcher.message("Some", "Message", nullptr);
         EXPECT_EQ(monitor.calls(), 0u) << "although there is no annotator";
-        const Annotator annotator("Marks", callback());
+        const Annotator annotator("Marks", receiver.callback());
         const auto invalidatedBy = [&](auto message) {
             host().invalid = {};
             message();

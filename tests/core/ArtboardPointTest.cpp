@@ -35,10 +35,8 @@ TEST(ArtboardPoint, KnowsThatUpIsNegative) {
 TEST(ArtboardPoint, MovesAlongTheAxesExactly) {
     const ArtboardPoint start(0.1, 0.7);
     EXPECT_EQ(ArtboardPoint().move(10, deg(90)), ArtboardPoint(0, -10));
-    EXPECT_EQ(start.move(1e6, deg(0)).y(), 0.7);
-    EXPECT_EQ(start.move(1e6, deg(180)).y(), 0.7);
-    EXPECT_EQ(start.move(1e6, deg(90)).x(), 0.1);
-    EXPECT_EQ(start.move(1e6, deg(270)).x(), 0.1);
+    for (const double degrees : {0, 180}) EXPECT_EQ(start.move(1e6, deg(degrees)).y(), 0.7);
+    for (const double degrees : {90, 270}) EXPECT_EQ(start.move(1e6, deg(degrees)).x(), 0.1);
     // 30 degrees: sine 1/2, cosine √3/2
     EXPECT_TRUE(ArtboardPoint(1, 1).move(2, deg(30)).closeTo({1 + 1.7320508075688772, 0}, 1e-12));
     EXPECT_TRUE(ArtboardPoint::LengthAngle(2, deg(-30)).closeTo({1.7320508075688772, 1}, 1e-12));
@@ -48,32 +46,18 @@ TEST(ArtboardPoint, MovesAlongTheAxesExactly) {
 TEST(ArtboardPoint, ComputesOnEachCoordinate) {
     const ArtboardPoint a(6, 8);
     const ArtboardPoint b(3, 2);
-    EXPECT_EQ(a + b, ArtboardPoint(9, 10));
-    EXPECT_EQ(a - b, ArtboardPoint(3, 6));
-    EXPECT_EQ(a * b, ArtboardPoint(18, 16));
-    EXPECT_EQ(a / b, ArtboardPoint(2, 4));
-    EXPECT_EQ(a + 1, ArtboardPoint(7, 9));
-    EXPECT_EQ(a - 1, ArtboardPoint(5, 7));
-    EXPECT_EQ(a * 2, ArtboardPoint(12, 16));
-    EXPECT_EQ(a / 2, ArtboardPoint(3, 4));
-    EXPECT_EQ(a.offset(-1, 1), ArtboardPoint(5, 9));
+    const std::pair<ArtboardPoint, ArtboardPoint> rows[] = {
+        {a + b, {9, 10}}, {a - b, {3, 6}},   {a * b, {18, 16}}, {a / b, {2, 4}},          {a + 1, {7, 9}},
+        {a - 1, {5, 7}},  {a * 2, {12, 16}}, {a / 2, {3, 4}},   {a.offset(-1, 1), {5, 9}}};
+    for (const auto& [actual, expected] : rows) EXPECT_EQ(actual, expected);
     EXPECT_EQ(a.dotProduct(b), 34);
-    ArtboardPoint copy = a;
-    copy.setX(1);
-    copy.setY(2);
-    EXPECT_EQ(copy, ArtboardPoint(1, 2));
-    EXPECT_EQ(a, ArtboardPoint(6, 8));
 }
 
 TEST(ArtboardPoint, OrdersByBothCoordinates) {
     const ArtboardPoint a(1, 1);
     const ArtboardPoint right(2, 1);
-    EXPECT_FALSE(a < right);
-    EXPECT_TRUE(a <= right);
-    EXPECT_FALSE(right > a);
-    EXPECT_TRUE(right >= a);
-    EXPECT_TRUE(a < ArtboardPoint(2, 2));
-    EXPECT_TRUE(ArtboardPoint(2, 2) > a);
+    EXPECT_TRUE(a <= right && right >= a && !(a < right) && !(right > a));
+    EXPECT_TRUE(a < ArtboardPoint(2, 2) && ArtboardPoint(2, 2) > a);
     const ArtboardPoint aside(2, 0);
     EXPECT_FALSE(a < aside || a <= aside || a > aside || a >= aside);
     EXPECT_TRUE(a.closeTo({1.4, 0.6}, 0.5));
@@ -93,9 +77,7 @@ TEST(ArtboardPoint, IsInsideAPolygonByEvenOddCount) {
     const std::vector<ArtboardPoint> ring = {{0, 0}, {9, 0}, {9, 9}, {0, 9}, {0, 0},
                                              {3, 3}, {6, 3}, {6, 6}, {3, 6}, {3, 3}};
     EXPECT_TRUE(ArtboardPoint(1, 5).insidePolygon(ring));
-    EXPECT_FALSE(ArtboardPoint(4, 5).insidePolygon(ring));
-    EXPECT_FALSE(ArtboardPoint(10, 5).insidePolygon(ring));
-    EXPECT_FALSE(ArtboardPoint(-1, 9).insidePolygon(ring));
+    for (const ArtboardPoint& out : {ArtboardPoint(4, 5), {10, 5}, {-1, 9}}) EXPECT_FALSE(out.insidePolygon(ring));
     EXPECT_FALSE(ArtboardPoint(1, 5).insidePolygon({}));
     EXPECT_TRUE(Point(1, 1).insidePolygon({{0, 0}, {4, 0}, {0, 4}})) << "the last edge is closed";
     EXPECT_FALSE(Point(3, 3).insidePolygon({{0, 0}, {4, 0}, {0, 4}}));
@@ -105,11 +87,6 @@ TEST(ArtboardPoint, HasPlainPointsAndSizesBesideIt) {
     Point point(1, 2);
     point += Point(3, 4);
     EXPECT_EQ(point - Point(1, 1), Point(3, 5));
-    EXPECT_EQ(point.offset(1, -1), Point(5, 5));
-    EXPECT_NE(point, Point(4, 5));
-    point.setX(9);
-    point.setY(8);
-    EXPECT_EQ(point, Point(9, 8));
     EXPECT_EQ(Size(1, 2) + Size(3, 1), Size(4, 3));
     EXPECT_EQ(Size(4, 3) - Size(1, 1), Size(3, 2));
     EXPECT_EQ(Size(4, 3).diagonalLength(), 5);

@@ -78,18 +78,4 @@ TEST(ArtboardRect, UnitesAndIntersectsWithTheBorderInside) {
     EXPECT_FALSE(Rect(1, 1, 2, 2).containsPoint({3, 3.5}));
 }
 
-TEST(ArtboardRect, WorksOnWhatItsMembersHold) {
-    ArtboardRect rect;
-    const ArtboardRect copy = rect;
-    rect.right = 4;
-    rect.bottom = 3;
-    EXPECT_EQ(rect.area(), 12);
-    EXPECT_EQ(copy.area(), 0);
-    Rect sized;
-    sized.size.setWidth(4);
-    sized.size.setHeight(3);
-    sized.origin.setX(1);
-    EXPECT_EQ(sized.bottomRight(), Point(5, 3));
-}
-
 } // namespace

@@ -2,35 +2,47 @@
 #include <gmock/gmock.h>
 
 #include <fstream>
+#include <tuple>
 
+#include "core/AnnotationDrawer.h"
+#include "core/Annotator.h"
 #include "core/Art.h"
 #include "core/CurrentDocument.h"
+#include "core/Dispatcher.h"
 #include "core/Draw.h"
 #include "core/HitData.h"
 #include "core/Illustrator.h"
 #include "core/Layer.h"
+#include "core/MenuGroup.h"
 #include "core/Plugin.h"
+#include "core/Timer.h"
 #include "core/Tool.h"
 #include "plugin/Art.h"
 #include "plugin/BasePlugin.h"
 #include "plugin/HostCall.h"
+#include "plugin/MenuGroup.h"
+#include "plugin/ThirdPartyPlugin.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 #include "tool/Plugin.h"
 
 namespace {
 
 using namespace kzo::core;
 using desk::Desk;
+using desk::Receiver;
 using easel::model::Node;
 
-/// One handle of each kind: all empty, or all on something for which every operation has a telling answer.
-struct Handles {
+/// One handle of each kind: all empty, or all on something for which every operation has a telling answer. The art is
+/// the middle one of three paths in the group: closed, curved, selected, locked, hidden.
+struct Handles : std::tuple<Art, Layer, Tool, HitData, MenuGroup, MenuItem, Timer, Annotator, ThirdPartyPlugin> {
     Art group;
-    Art path; // the middle one of three in the group: closed, curved, selected, locked, hidden
-    Layer layer;
-    Tool tool;
-    HitData hit;
+    MenuItem divider;
+
+    template <class Class> [[nodiscard]] const Class& on() const { return std::get<Class>(*this); }
+    template <class Class> [[nodiscard]] Class& on() { return std::get<Class>(*this); }
 };
+template <> const PathArt& Handles::on<PathArt>() const { return *on<Art>().path(); }
 
 struct Row {
     const char* name;
@@ -38,58 +50,94 @@ struct Row {
     bool asksHost = true;
 };
 
-const Row rows[] = {
-    {"Art::isEmpty", [](const Handles& h) { return h.path.isEmpty(); }, false},
-    {"Art::aiArtHandle", [](const Handles& h) { return h.path.aiArtHandle() == nullptr; }, false},
-    {"Art::valid", [](const Handles& h) { return !h.path.valid(); }},
-    {"Art::artType", [](const Handles& h) { return h.path.artType() == ArtType::Unknown; }},
-    {"Art::attribute", [](const Handles& h) { return !h.path.attribute(ArtAttribute::FullySelected); }},
-    {"Art::selected", [](const Handles& h) { return !h.path.selected(); }},
-    {"Art::locked", [](const Handles& h) { return !h.path.locked(); }},
-    {"Art::hidden", [](const Handles& h) { return !h.path.hidden(); }},
-    {"Art::parent", [](const Handles& h) { return h.path.parent() == nullptr; }},
-    {"Art::firstChild", [](const Handles& h) { return h.group.firstChild() == nullptr; }},
-    {"Art::sibling", [](const Handles& h) { return h.path.sibling() == nullptr; }},
-    {"Art::priorSibling", [](const Handles& h) { return h.path.priorSibling() == nullptr; }},
-    {"Art::begin", [](const Handles& h) { return h.group.begin().atEnd(); }},
-    {"PathArt::segPointCount", [](const Handles& h) { return h.path.path()->segPointCount() == 0; }},
-    {"PathArt::segCount", [](const Handles& h) { return h.path.path()->segCount() == 0; }},
-    {"PathArt::closed", [](const Handles& h) { return !h.path.path()->closed(); }},
-    {"PathArt::segPoints", [](const Handles& h) { return h.path.path()->segPoints(0, 4).empty(); }},
-    {"PathArt::segPointClosestToPoint",
-     [](const Handles& h) {
-         return h.path.path()->segPointClosestToPoint({100, 60}) == 0;
-     }},
-    {"PathArt::length", [](const Handles& h) { return h.path.path()->length() == 0; }},
-    {"PathArt::bezier", [](const Handles& h) { return h.path.path()->bezier(0) == nullptr; }},
-    {"PathArt::setStyle", [](const Handles& h) { return !h.path.path()->setStyle({}); }},
-    {"Layer::title", [](const Handles& h) { return h.layer.title().empty(); }},
-    {"Layer::visible", [](const Handles& h) { return !h.layer.visible(); }},
-    {"Layer::editable", [](const Handles& h) { return !h.layer.editable(); }},
-    {"Layer::hasSelectedArt", [](const Handles& h) { return !h.layer.hasSelectedArt(); }},
-    {"Layer::next", [](const Handles& h) { return h.layer.next() == nullptr; }},
-    {"Layer::group", [](const Handles& h) { return h.layer.group() == nullptr; }},
-    {"Tool::number", [](const Handles& h) { return h.tool.number() == -2; }},
-    {"Tool::title", [](const Handles& h) { return h.tool.title().empty(); }},
-    {"Tool::tip", [](const Handles& h) { return h.tool.tip().empty(); }},
-    {"Tool::options", [](const Handles& h) { return h.tool.options() == ToolOptions::None; }},
-    {"Tool::selected", [](const Handles& h) { return !h.tool.selected(); }},
-    {"Tool::lightIconID", [](const Handles& h) { return h.tool.lightIconID() == 0; }, false},
-    {"Tool::shiftKeyDown", [](const Handles& h) { return !h.tool.shiftKeyDown(); }},
-    {"Tool::mouseDownCallback", [](const Handles& h) { return h.tool.mouseDownCallback() == nullptr; }, false},
-    {"Tool::cursorHitData",
-     [](const Handles& h) {
-         return [](const auto& hit) { return !hit || !hit->hit(); }(h.tool.cursorHitData(HitRequest::Everything, 2));
-     }},
-    {"HitData::hit", [](const Handles& h) { return !h.hit.hit(); }, false},
-    {"HitData::hitType", [](const Handles& h) { return h.hit.hitType() == HitType::None; }, false},
-    {"HitData::art", [](const Handles& h) { return h.hit.art() == nullptr; }, false},
-    {"HitData::inGroup", [](const Handles& h) { return !h.hit.inGroup(); }, false},
-    {"HitData::segPointIndex", [](const Handles& h) { return h.hit.segPointIndex() == -1; }, false},
-};
+template <class Class, class Answer> Answer answerOf(const Handles& handles, Answer (Class::*query)() const) {
+    return (handles.on<Class>().*query)();
+}
+
+/// What is empty, null, false or 0.
+struct Nothing {
+} constexpr nothing;
+
+template <auto neutral, auto query> bool isNeutral(const Handles& handles) {
+    const auto answer = answerOf(handles, query);
+    if constexpr (!std::is_same_v<decltype(neutral), const Nothing>)
+        return answer == neutral;
+    else if constexpr (requires { answer.isEmpty(); })
+        return answer.isEmpty();
+    else if constexpr (requires { answer.empty(); })
+        return answer.empty();
+    else
+        return answer == decltype(answerOf(handles, query))();
+}
+
+template <bool asksHost, auto neutral, auto query> Row row() {
+    return {__PRETTY_FUNCTION__, isNeutral<neutral, query>, asksHost};
+}
+template <auto neutral, auto... queries> void asks(std::vector<Row>& rows) {
+    (rows.push_back(row<true, neutral, queries>()), ...);
+}
+template <auto neutral, auto... queries> void knows(std::vector<Row>& rows) {
+    (rows.push_back(row<false, neutral, queries>()), ...);
+}
+
+std::vector<Row> allRows() {
+    std::vector<Row> all = {
+        {"Art::attribute", [](const Handles& h) { return !h.on<Art>().attribute(ArtAttribute::FullySelected); }},
+        {"Art::firstChild", [](const Handles& h) { return h.group.firstChild() == nullptr; }},
+        {"Art::begin", [](const Handles& h) { return h.group.begin().atEnd(); }},
+        {"PathArt::segPoints", [](const Handles& h) { return h.on<PathArt>().segPoints(0, 4).empty(); }},
+        {"PathArt::segPointClosestToPoint",
+         [](const Handles& h) { return h.on<PathArt>().segPointClosestToPoint(ArtboardPoint(100, 60)) == 0; }},
+        {"PathArt::bezier", [](const Handles& h) { return h.on<PathArt>().bezier(0) == nullptr; }},
+        {"PathArt::setStyle", [](const Handles& h) { return !h.on<Art>().path()->setStyle(PathStyle()); }},
+        {"Tool::cursorHitData",
+         [](const Handles& h) {
+             const auto hit = h.on<Tool>().cursorHitData(HitRequest::Everything, 2);
+             return !hit || !hit->hit();
+         }},
+        {"MenuItem::isDivider", [](const Handles& h) { return !h.divider.isDivider(); }}};
+    knows<true, &Art::isEmpty, &MenuGroup::isEmpty, &MenuItem::isEmpty, &Timer::isEmpty, &Annotator::isEmpty,
+          &ThirdPartyPlugin::isEmpty>(all);
+    knows<nothing, &Art::aiArtHandle>(all);
+    asks<nothing, &Art::valid, &Art::artType, &Art::selected, &Art::locked, &Art::hidden, &Art::parent, &Art::sibling,
+         &Art::priorSibling>(all);
+    asks<nothing, &PathArt::segPointCount, &PathArt::segCount, &PathArt::closed, &PathArt::length>(all);
+    asks<nothing, &Layer::title, &Layer::visible, &Layer::editable, &Layer::hasSelectedArt, &Layer::next,
+         &Layer::group>(all);
+    asks<nothing, &Tool::title, &Tool::tip, &Tool::options, &Tool::selected, &Tool::shiftKeyDown>(all);
+    asks<-2, &Tool::number>(all);
+    knows<nothing, &Tool::lightIconID, &Tool::mouseDownCallback>(all);
+    knows<nothing, &HitData::hit, &HitData::hitType, &HitData::art, &HitData::inGroup>(all);
+    knows<-1, &HitData::segPointIndex>(all);
+    knows<nothing, &MenuGroup::aiMenuGroup>(all);
+    asks<nothing, &MenuGroup::aiMenuItemHandle, &MenuGroup::text, &MenuGroup::enabled, &MenuGroup::sorted,
+         &MenuGroup::isPartial, &MenuGroup::parent, &MenuGroup::children>(all);
+    knows<nothing, &MenuItem::aiMenuItemHandle, &MenuItem::callback>(all);
+    asks<nothing, &MenuItem::text, &MenuItem::enabled, &MenuItem::checked, &MenuItem::parent>(all);
+    knows<nothing, &Timer::aiTimerHandle, &Timer::callback>(all);
+    asks<nothing, &Timer::name, &Timer::delay, &Timer::active>(all);
+    knows<nothing, &Annotator::aiAnnotatorHandle, &Annotator::callback>(all);
+    asks<nothing, &Annotator::name, &Annotator::options, &Annotator::active>(all);
+    knows<nothing, &ThirdPartyPlugin::spPluginRef>(all);
+    asks<nothing, &ThirdPartyPlugin::name, &ThirdPartyPlugin::fileName, &ThirdPartyPlugin::filePath,
+         &ThirdPartyPlugin::options, &ThirdPartyPlugin::started>(all);
+    asks<true, &ThirdPartyPlugin::broken>(all);
+    return all;
+}
+
+const std::vector<Row> rows = allRows();
 
 class Facade : public testing::Test {
   protected:
+    Facade() {
+        other.options = 2 | 4 | 64; // the third has no name with us
+        desk.session().start();
+    }
+
+    [[nodiscard]] static MenuGroup newGroup() {
+        return {BuiltinMenuGroup::Preferences, "Group", true, true, true, false};
+    }
+
     /// Runs `work` with handles on real objects.
     void withHandles(const std::function<void(Handles&)>& work) {
         desk.selectTool();
@@ -99,38 +147,39 @@ class Facade : public testing::Test {
         desk.inMessage([&] {
             const auto document = Illustrator::instance()->currentDocument();
             Handles live;
-            live.layer = *document->layerAtIndex(0);
-            live.tool = ortho::Plugin::instance()->lineTool();
+            live.on<Layer>() = *document->layerAtIndex(0);
+            live.on<Tool>() = ortho::Plugin::instance()->lineTool();
             const auto lower = document->layerAtIndex(1)->group();
             live.group = *lower->firstChild();
-            live.path = *live.group.firstChild()->sibling();
-            live.hit = HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false);
-            live.tool.setCursorLoc({100, 60});
+            live.on<Art>() = *live.group.firstChild()->sibling();
+            live.on<HitData>() = HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false);
+            live.on<Tool>().setCursorLoc({100, 60});
+            live.on<MenuGroup>() = newGroup();
+            live.divider = MenuItem::Divider(live.on<MenuGroup>());
+            live.on<MenuItem>() = MenuItem(live.on<MenuGroup>(), "Item", receiver.callback());
+            live.on<MenuItem>().setChecked(true);
+            live.on<Timer>() = Timer("Timer", 0.5, receiver.callback());
+            live.on<Annotator>() = Annotator("Marks", receiver.callback());
+            live.on<Annotator>().setOptions(Annotator::Options::Second);
+            live.on<ThirdPartyPlugin>() = Illustrator::instance()->allPlugins()["Answering"];
             Node& marked = *desk.document().find(pathNode.id());
             desk.document().setLocked(marked, true);
             desk.document().setHidden(marked, true);
             // The upper layer holds a copy of nothing but a selected line and the hit's target stays below.
-            const auto line = draw::line({0, 0}, {10, 10}, live.layer.group().get());
+            const auto line = draw::line({0, 0}, {10, 10}, live.on<Layer>().group().get());
             line->select();
             work(live);
         });
     }
 
-    Node& addTo(Node& group, const std::vector<desk::Point>& points, bool closed) {
-        auto& document = desk.document();
-        Node& path = document.create(easel::model::NodeType::Path, easel::model::Placement::AtBottomInside, group);
-        easel::model::PathData data{.points = {}, .closed = closed};
-        for (const auto point : points) data.points.push_back({point, point, point, true});
-        document.setPath(path, std::move(data));
-        return path;
-    }
-
+    Receiver receiver;
     Desk desk;
+    easel::session::Plugin& other = desk.session().load(std::string(TEST_BUILD_DIR) + "/Answering.aip");
     Node& groupNode = desk.document().create(easel::model::NodeType::Group, easel::model::Placement::OnTopInside,
                                              desk.document().currentLayer());
-    Node& topNode = addTo(groupNode, {{100, 60}, {300, 60}}, false);
-    Node& pathNode = addTo(groupNode, {{100, 20}, {100, 60}, {140, 60}}, true);
-    Node& lowNode = addTo(groupNode, {{1, 1}, {2, 2}}, false);
+    Node& lowNode = desk.addPath({{1, 1}, {2, 2}}, false, &groupNode);
+    Node& pathNode = desk.addPath({{100, 20}, {100, 60}, {140, 60}}, true, &groupNode);
+    Node& topNode = desk.addPath({{100, 60}, {300, 60}}, false, &groupNode);
 };
 
 TEST_F(Facade, AnswersNeutrallyWhenEmptyRefusedOrWithoutSuite) {
@@ -150,9 +199,62 @@ TEST_F(Facade, AnswersNeutrallyWhenEmptyRefusedOrWithoutSuite) {
         kzo::plugin::host::releaseAll();
         desk.tables().each([](auto& suite) { suite.available = false; });
         for (const Row& row : rows) EXPECT_TRUE(!row.asksHost || row.neutral(live)) << row.name << " without its suite";
+        EXPECT_TRUE(newGroup().isEmpty());
+        EXPECT_TRUE(MenuItem(BuiltinMenuGroup::Edit, "x", receiver.callback()).isEmpty());
+        EXPECT_TRUE(Timer("x", 1, receiver.callback()).isEmpty());
+        EXPECT_TRUE(Annotator("x", receiver.callback()).isEmpty());
+        EXPECT_FALSE(Plugin::instance()->dispatcher()->scheduleCallback(receiver.callback(), 1));
+        EXPECT_EQ(Illustrator::instance()->menuGroupCount(), 0u);
+        EXPECT_TRUE(Illustrator::instance()->allPlugins().empty());
         desk.tables().each([](auto& suite) { suite.available = true; });
         for (const Row& row : rows) EXPECT_FALSE(row.neutral(live)) << row.name << " once the suite is back";
     });
+}
+
+TEST_F(Facade, IsEmptyAfterShutDownAndAsksTheHostNothing) {
+    Handles kept;
+    MenuItem foreign;
+    withHandles([&](Handles& live) {
+        kept = live;
+        kept.on<Art>() = kept.group = Art(); // these are the document's
+        kept.on<Layer>() = Layer();
+        kept.on<HitData>() = HitData(); // and this keeps what it found
+        // A timer that is not registered any more was left running, and its handle called the host after shut-down.
+        Plugin::instance()->dispatcher()->unregisterTimer(kept.on<Timer>());
+        foreign = MenuItem(kept.on<MenuGroup>().aiMenuItemHandle());
+        Plugin::instance()->setAboutMenuItem(kept.on<MenuItem>());
+        EXPECT_EQ(Plugin::instance()->aboutMenuItem(), kept.on<MenuItem>());
+        EXPECT_TRUE(Plugin::instance()->prefsMenuItem().isEmpty());
+    });
+    desk.session().quit();
+    const auto calls = kzo::plugin::host::monitor().calls();
+    for (const Row& row : rows) EXPECT_TRUE(row.neutral(kept)) << row.name;
+    EXPECT_TRUE(foreign.isEmpty());
+    // Whatever changes, an empty handle does nothing.
+    for (Handles none : {kept, Handles()}) {
+        none.on<MenuGroup>().setText("x");
+        none.on<MenuGroup>().setEnabled(true);
+        none.on<MenuGroup>().setSorted(true);
+        none.on<MenuGroup>().destroy();
+        none.on<MenuItem>().setText("x");
+        none.on<MenuItem>().setEnabled(true);
+        none.on<MenuItem>().setChecked(true);
+        none.on<Timer>().setDelay(1);
+        none.on<Timer>().destroy();
+        none.on<Annotator>().setOptions(Annotator::Options::First);
+        const auto bind = [&](auto&... handle) { (handle.setCallback(receiver.callback()), ...); };
+        bind(none.on<MenuItem>(), none.on<Timer>(), none.on<Annotator>());
+        EXPECT_TRUE(MenuItem(none.on<MenuGroup>(), "x", receiver.callback()).isEmpty());
+        EXPECT_TRUE(MenuItem::Divider(none.on<MenuGroup>()).isEmpty());
+    }
+    kept = {};
+    EXPECT_FALSE(AnnotationDrawer(nullptr).line({0, 0}, {1, 1}));
+    EXPECT_TRUE(newGroup().isEmpty());
+    EXPECT_EQ(kzo::plugin::host::monitor().calls(), calls);
+    EXPECT_EQ(Illustrator::instance()->menuGroupCount(), 0u); // what asks without a handle finds no host
+    EXPECT_EQ(kzo::plugin::host::basic, nullptr);
+    EXPECT_FALSE(kzo::plugin::SharedMenuGroup::Map::exists());
+    EXPECT_FALSE(kzo::plugin::SharedThirdPartyPlugin::Map::exists());
 }
 
 TEST_F(Facade, WithoutADocumentHasNothingToShow) {
@@ -240,7 +342,7 @@ TEST_F(Facade, ListsSelectionAndChildrenInOrder) {
 
 TEST_F(Facade, CountsSegmentsAndClampsIndices) {
     withHandles([&](Handles& live) {
-        PathArt* const closed = live.path.path();
+        PathArt* const closed = live.on<Art>().path();
         EXPECT_EQ(closed->segPointCount(), 3);
         EXPECT_EQ(closed->segCount(), 3);
         EXPECT_EQ(closed->segPoints(-5, 2).front().p, ArtboardPoint(100, 20));
@@ -280,28 +382,35 @@ TEST_F(Facade, HitDataTellsWhereOnThePathThePointIs) {
         const auto at = [](double x, double y, double tolerance) {
             return HitData(nullptr, {x, y}, HitRequest::AnchorsAndSegments, tolerance, false);
         };
-        const HitData first = at(10, 101, -2); // the sign of a tolerance says nothing
-        EXPECT_EQ(first.hitType(), HitType::Anchor);
+        struct Place {
+            HitData hit;
+            HitType type;
+            std::int16_t point, segment;
+            double t;
+            bool inGroup;
+        };
+        constexpr auto anchor = HitType::Anchor;
+        const Place found[] = {
+            {at(10, 101, -2), anchor, 0, 0, 9.999999999999999e-05, false}, // the sign of a tolerance says nothing
+            {at(40, 100, 1), anchor, 3, 2, 0.9999, false},
+            {at(20, 100, 1), anchor, 1, 1, 0, false},
+            {at(25, 100.5, 1), HitType::Segment, 1, 1, 0.5, false},
+            {at(200, 60, 1), HitType::Segment, 0, 0, 0.5, true},
+            {at(140, 60, 1), anchor, 2, 2, 0, true}, // of a closed path below a segment: an anchor comes first
+        };
+        for (const Place& row : found) {
+            SCOPED_TRACE(row.hit.point().x());
+            EXPECT_EQ(row.hit.hitType(), row.type);
+            EXPECT_EQ(row.hit.segPointIndex(), row.point);
+            EXPECT_EQ(row.hit.segIndex(), row.segment);
+            EXPECT_NEAR(row.hit.tValue(), row.t, row.t == 0.5 ? 1e-9 : 0);
+            EXPECT_EQ(row.hit.inGroup(), row.inGroup);
+            EXPECT_EQ(row.hit.art()->artType(), ArtType::Path);
+        }
+        const HitData& first = found[0].hit;
+        const HitData& last = found[1].hit;
+        const HitData& segment = found[3].hit;
         EXPECT_EQ(first.point(), ArtboardPoint(10, 101)); // the point tested, not the anchor
-        EXPECT_EQ(first.segIndex(), 0);
-        EXPECT_EQ(first.tValue(), 9.999999999999999e-05);
-        EXPECT_FALSE(first.inGroup());
-        const HitData last = at(40, 100, 1);
-        EXPECT_EQ(last.segPointIndex(), 3);
-        EXPECT_EQ(last.segIndex(), 2);
-        EXPECT_EQ(last.tValue(), 0.9999);
-        EXPECT_EQ(at(20, 100, 1).tValue(), 0);
-        const HitData segment = at(25, 100.5, 1);
-        EXPECT_EQ(segment.hitType(), HitType::Segment);
-        EXPECT_EQ(segment.segPointIndex(), 1);
-        EXPECT_EQ(segment.segIndex(), 1);
-        EXPECT_NEAR(segment.tValue(), 0.5, 1e-9);
-        const HitData member = at(200, 60, 1);
-        EXPECT_TRUE(member.inGroup());
-        EXPECT_EQ(member.art()->artType(), ArtType::Path);
-        const HitData corner = at(140, 60, 1); // of a closed path below a segment: an anchor comes first
-        EXPECT_EQ(corner.segIndex(), 2);
-        EXPECT_EQ(corner.tValue(), 0);
         ArtboardPoint moved(25, 100.5);
         EXPECT_FALSE(segment.snapForHitType(HitType::Anchor, moved));
         EXPECT_EQ(moved, ArtboardPoint(25, 100.5));
@@ -310,12 +419,12 @@ TEST_F(Facade, HitDataTellsWhereOnThePathThePointIs) {
         EXPECT_TRUE(first.snapForHitType(HitType::Anchor, moved));
         EXPECT_EQ(moved, ArtboardPoint(10, 100));
         EXPECT_EQ(last.bezier()->startPoint(), ArtboardPoint(30, 100));
-        const HitData nothing = at(500, 500, 5);
-        EXPECT_FALSE(nothing.snapForHit(moved));
-        EXPECT_EQ(nothing.bezier(), nullptr);
-        EXPECT_FALSE(nothing.isEmpty());
-        EXPECT_FALSE(nothing.hit());
-        EXPECT_EQ(nothing.segIndex(), -1);
+        const HitData miss = at(500, 500, 5);
+        EXPECT_FALSE(miss.snapForHit(moved));
+        EXPECT_EQ(miss.bezier(), nullptr);
+        EXPECT_FALSE(miss.isEmpty());
+        EXPECT_FALSE(miss.hit());
+        EXPECT_EQ(miss.segIndex(), -1);
     });
     EXPECT_EQ(open.path().points.size(), 4u);
 }
@@ -366,9 +475,6 @@ TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
     static const auto text = reinterpret_cast<AITextRangeRef>(std::uintptr_t{0x77});
     auto& entry = desk.tables().hitTest.table.HitTest;
     desk.inMessage([&] {
-        const auto hit = [] { return HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false); };
-        EXPECT_EQ(hit().textRange(), nullptr);
-        const auto kept = entry;
         entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
             *record = {};
             record->type = kAIAnchorHit;
@@ -376,11 +482,10 @@ TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
             record->textRange = text;
             return kNoErr;
         };
-        EXPECT_EQ(hit().textRange(), text);
-        EXPECT_EQ(hit().segPointIndex(), -1);
-        EXPECT_EQ(hit().segIndex(), -1);
-        EXPECT_EQ(hit().tValue(), 0);
-        entry = kept;
+        const HitData hit(nullptr, {100, 60}, HitRequest::Everything, 1, false);
+        EXPECT_EQ(hit.textRange(), text);
+        EXPECT_TRUE(hit.segPointIndex() == -1 && hit.segIndex() == -1);
+        EXPECT_EQ(hit.tValue(), 0);
     });
 }
 
@@ -389,26 +494,32 @@ TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
 TEST_F(Facade, ToolsStandBesideTheToolsTheyName) {
     desk.inMessage([&] {
         const Tool first = ortho::Plugin::instance()->lineTool();
-        const Tool second(first, &first, "Second", "tip", 1, 2, ToolOptions::TrackCursor);
-        const Tool third(first, nullptr, "Third", "tip", 1, 2, ToolOptions::None);
-        const Tool alone(Tool(), &first, "Alone", "tip", 1, 2, ToolOptions(0x1FF));
-        const Tool fourth(-7, -2, "Fourth", "tip", 1, 2, ToolOptions::None); // any negative group is a new one
-        const auto known = [&](const Tool& tool) { return desk.session().toolbox.find(tool.aiToolHandle()); };
-        const auto place = [&](const Tool& tool) { return std::pair(known(tool)->group, known(tool)->toolset); };
-        EXPECT_EQ(place(second), std::pair(first.number(), first.number()));
-        EXPECT_EQ(place(third), std::pair(first.number(), third.number()));
-        EXPECT_EQ(place(alone), std::pair(alone.number(), alone.number()));
-        EXPECT_EQ(place(fourth), std::pair(fourth.number(), fourth.number()));
-        using enum BuiltinTool;
         const auto own = [&](const char* name) { return desk.session().toolbox.findByName(name)->number; };
-        const Tool beside(Selection, DirectSelection, "Beside", "tip", 1, 2, ToolOptions::None);
-        const Tool near(DirectSelection, std::nullopt, "Near", "tip", 1, 2, ToolOptions::None);
-        EXPECT_EQ(place(beside), std::pair(own("Selection Tool"), own("Direct Selection Tool")));
-        EXPECT_EQ(place(near), std::pair(own("Direct Selection Tool"), near.number()));
+        const std::int16_t selection = own("Selection Tool");
+        const std::int16_t direct = own("Direct Selection Tool");
+        using enum BuiltinTool;
+        const Tool second(first, &first, "Second", "tip", 1, 2, ToolOptions::TrackCursor);
+        const Tool alone(Tool(), &first, "Alone", "tip", 1, 2, ToolOptions(0x1FF));
+        struct Place {
+            Tool tool;
+            std::int16_t group, toolset; // 0: its own
+        };
+        std::vector<Place> made = {
+            {second, first.number(), first.number()},
+            {{first, nullptr, "Third", "tip", 1, 2, ToolOptions::None}, first.number(), 0},
+            {alone, 0, 0},
+            {{-7, -2, "Fourth", "tip", 1, 2, ToolOptions::None}, 0, 0}, // any negative group is a new one
+            {{Selection, DirectSelection, "Beside", "tip", 1, 2, ToolOptions::None}, selection, direct},
+            {{DirectSelection, std::nullopt, "Near", "tip", 1, 2, ToolOptions::None}, direct, 0},
+        };
         for (const BuiltinTool lacking : {Zoom, BuiltinTool(15), BuiltinTool(0), BuiltinTool(-10), BuiltinTool(150)}) {
-            Tool apart(lacking, Selection, "Apart", "tip", 1, 2, ToolOptions::None);
-            EXPECT_EQ(place(apart), std::pair(apart.number(), apart.number()));
-            apart.destroy();
+            const std::string title = "Apart " + std::to_string(int(lacking));
+            made.push_back({{lacking, Selection, title, "tip", 1, 2, ToolOptions::None}, 0, 0});
+        }
+        const auto known = [&](const Tool& tool) { return desk.session().toolbox.find(tool.aiToolHandle()); };
+        for (const Place& row : made) {
+            EXPECT_EQ(known(row.tool)->group, row.group ? row.group : row.tool.number()) << row.tool.title();
+            EXPECT_EQ(known(row.tool)->toolset, row.toolset ? row.toolset : row.tool.number()) << row.tool.title();
         }
         EXPECT_EQ(known(second)->name, "Ortholine Tool Second");
         EXPECT_EQ(alone.options(), ToolOptions(0xFF)); // bits the host does not have are dropped

@@ -1,6 +1,4 @@
 // Transforms: composition order, deliberate signs, inversion.
-#include <limits>
-
 #include <gtest/gtest.h>
 
 #include "core/Angle.h"
@@ -63,17 +61,6 @@ TEST(TransformMatrix, DegenerateInvertsToTheIdentity) {
     EXPECT_FALSE(flat.invert(out));
     EXPECT_TRUE(out.isIdentity());
     EXPECT_FALSE(TransformMatrix(1e-6, 0, 0, 1, 0, 0).degenerate()) << "the limit itself is not within it";
-}
-
-TEST(TransformMatrix, WorksOnWhatItsMembersHold) {
-    TransformMatrix m;
-    const TransformMatrix copy = m;
-    m.tx = 5;
-    m.concatTranslate(1, 1);
-    EXPECT_EQ(m, TransformMatrix(1, 0, 0, 1, 6, -1));
-    EXPECT_TRUE(copy.isIdentity());
-    m.a = std::numeric_limits<double>::quiet_NaN();
-    EXPECT_FALSE(m == m) << "a NaN equals nothing";
 }
 
 } // namespace

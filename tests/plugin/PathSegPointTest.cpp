@@ -22,9 +22,6 @@ TEST(PathSegPoint, PointsAndRectsKeepTheHostsAxes) {
     point = host;
     EXPECT_EQ(point, ArtboardPoint(3, -4));
     EXPECT_EQ(kzo::core::ArtboardPoint(host), kzo::core::ArtboardPoint(3, -4));
-    EXPECT_EQ(point.toAIRealPoint().h, 3);
-    EXPECT_EQ(point.toAIRealPoint().v, -4);
-
     const ArtboardRect rect(AIRealRect{1, 2, 3, 4}); // left, top, right, bottom
     EXPECT_EQ(rect, ArtboardRect(1, 2, 3, 4));
     EXPECT_EQ(rect.toAIRealRect().top, 2);
@@ -46,9 +43,7 @@ TEST(PathSegPoint, EqualsInEveryMember) {
     const ArtboardSegPoint point({1, 2}, true);
     EXPECT_EQ(point, ArtboardSegPoint({1, 2}, {1, 2}, {1, 2}, true)) << "both handles start retracted";
     EXPECT_NE(point, ArtboardSegPoint({1, 2}, false));
-    ArtboardSegPoint other = point;
-    other.out.setX(9);
-    EXPECT_NE(point, other);
+    EXPECT_NE(point, ArtboardSegPoint({1, 2}, {1, 2}, {9, 2}, true));
     EXPECT_EQ(ArtboardSegPoint(), ArtboardSegPoint({0, 0}, false));
 }
 

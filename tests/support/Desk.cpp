@@ -5,6 +5,7 @@
 
 #include "core/Dispatcher.h"
 #include "core/Plugin.h"
+#include "support/Drawing.h"
 #include "svg/Writer.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
@@ -32,14 +33,8 @@ std::string Desk::svg() { return svg::write(document()); }
 
 std::vector<model::Node*> Desk::paths() {
     std::vector<model::Node*> found;
-    std::vector<model::Node*> open{&document().root()};
-    while (!open.empty()) {
-        model::Node* const node = open.back();
-        open.pop_back();
+    for (model::Node* const node : model::allNodes(document()))
         if (node->type() == model::NodeType::Path) found.push_back(node);
-        if (!node->isContainer()) continue;
-        for (model::Node* child = node->lastChild(); child; child = child->previous()) open.push_back(child);
-    }
     return found;
 }
 
@@ -49,13 +44,12 @@ std::vector<Point> Desk::anchors(const model::Node& path) {
     return anchors;
 }
 
-model::Node& Desk::addPath(std::initializer_list<Point> points, bool closed) {
-    model::PathData data{.points = {}, .closed = closed};
-    for (const Point point : points) data.points.push_back({point, point, point, true});
+model::Node& Desk::addPath(std::initializer_list<Point> points, bool closed, model::Node* container) {
+    std::vector<model::PathPoint> corners;
+    for (const Point point : points) corners.push_back(model::corner(point.x, point.y));
     model::Document& doc = document();
     doc.journal().begin();
-    model::Node& path = doc.create(model::NodeType::Path, model::Placement::OnTopInside, doc.currentLayer());
-    doc.setPath(path, std::move(data));
+    model::Node& path = model::addPath(doc, container ? *container : doc.currentLayer(), std::move(corners), closed);
     doc.journal().end();
     return path;
 }

@@ -30,7 +30,9 @@ class Desk {
     /// All paths, topmost first.
     [[nodiscard]] std::vector<easel::model::Node*> paths();
     [[nodiscard]] std::vector<Point> anchors(const easel::model::Node& path);
-    easel::model::Node& addPath(std::initializer_list<Point> points, bool closed = false);
+    /// Topmost in the container, or else in the current layer.
+    easel::model::Node& addPath(std::initializer_list<Point> points, bool closed = false,
+                                easel::model::Node* container = nullptr);
 
     void selectTool(const std::string& title = "Isometric Line Tool");
     /// Press on the first point, a drag to each other one, release at the last.
