@@ -191,29 +191,6 @@ TEST(Monitors, AreNotAddedWhereThePlatformTellsOfNoInput) {
     });
 }
 
-// Every key that a script can press can be monitored: the names of the one side have the codes of the other.
-TEST(Monitors, KnowTheKeysOfTheHost) {
-    using enum VirtualKey;
-    constexpr VirtualKey letters[] = {A, B, C, D, E, F, G, H, I, J, K, L, M, N, O, P, Q, R, S, T, U, V, W, X, Y, Z};
-    for (int i = 0; i < 26; ++i)
-        EXPECT_EQ(*easel::session::keyCode(std::string(1, static_cast<char>('A' + i))), int(letters[i]));
-    constexpr VirtualKey digits[] = {Digit0, Digit1, Digit2, Digit3, Digit4, Digit5, Digit6, Digit7, Digit8, Digit9};
-    for (int i = 0; i < 10; ++i) EXPECT_EQ(*easel::session::keyCode(std::to_string(i)), int(digits[i]));
-    constexpr VirtualKey functions[] = {F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12};
-    for (int i = 0; i < 12; ++i) EXPECT_EQ(*easel::session::keyCode("F" + std::to_string(i + 1)), int(functions[i]));
-    const std::map<std::string, VirtualKey> others{
-        {"=", Equal},        {"-", Minus},       {"[", LeftBracket},
-        {"]", RightBracket}, {"'", Quote},       {";", Semicolon},
-        {"\\", Backslash},   {",", Comma},       {".", Period},
-        {"/", Slash},        {"`", Grave},       {"Return", Return},
-        {"Tab", Tab},        {"Space", Space},   {"Delete", Delete},
-        {"Home", Home},      {"End", End},       {"ForwardDelete", ForwardDelete},
-        {"Escape", Escape},  {"PageUp", PageUp}, {"PageDown", PageDown},
-        {"Left", Left},      {"Right", Right},   {"Up", Up},
-        {"Down", Down}};
-    for (const auto& [name, key] : others) EXPECT_EQ(*easel::session::keyCode(name), int(key)) << name;
-}
-
 // Interface and messages of life
 
 TEST(PluginInterface, HearsOfBrightnessAndAbout) {
