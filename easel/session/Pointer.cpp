@@ -84,7 +84,7 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
 }
 
 void Pointer::rightClick(model::Point location, Modifiers modifiers) {
-    locate(location, modifiers);
+    if (!pressed_) locate(location, modifiers); // a gesture goes on where it was
     session_.tellInput(kSelectorStageMousePressed, kStageRightButton);
 }
 
