@@ -39,6 +39,17 @@ enum class Deed {
     Send      ///< sends `record` to another plug-in
 };
 constexpr int deedCount = static_cast<int>(Deed::Send) + 1;
+constexpr const char* deedNames[deedCount] = {"throw",          "add timer",
+                                              "activate timer", "deactivate timer",
+                                              "register timer", "unregister timer",
+                                              "destroy timer",  "schedule",
+                                              "add item",       "destroy item",
+                                              "add notifier",   "destroy notifier",
+                                              "add tool",       "destroy tool",
+                                              "add annotator",  "destroy annotator",
+                                              "add monitor",    "remove monitor",
+                                              "register",       "unregister",
+                                              "dispatch",       "send"};
 
 struct Order {
     Deed deed;

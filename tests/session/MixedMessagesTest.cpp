@@ -417,7 +417,7 @@ class Mixed {
         const int event = mail.toolEvent();
         if (heard.kind == "tool: own" && event >= 1 && event <= 4) said = locked_ ? 1000 : hidden_ ? 1001 : 0;
         bool whole = std::all_of(heard.bells.begin(), heard.bells.end(), [&](int bell) { return ring(p, bell); });
-        whole = whole && (!mail.from(caller) || obey(p, mail.order.order, "deed "));
+        whole = whole && (!mail.from(caller) || obey(p, mail.order.order, "deed: "));
         if (type) running.pop_back();
         if (whole) answer = said;
         return whole;
@@ -430,12 +430,12 @@ class Mixed {
         rings_.push_back({p, bell, running.empty() ? 0 : running.back(), tool == running.rend() ? 0 : *tool});
         for (const Slate::Armed& armed : slate_.armed)
             if (armed.plugin == p && armed.bell == bell && !done_.count(armed.order))
-                return obey(p, *armed.order, "deed in a callback ");
+                return obey(p, *armed.order, "deed in a callback: ");
         return true;
     }
 
     bool obey(int p, const Order& order, const char* how) {
-        ++counts[how + std::to_string(int(order.deed))];
+        ++counts[how + std::string(deedNames[int(order.deed)])];
         done_.insert(&order);
         Model& model = models_[p];
         const auto thing = [&](Sort sort) -> Model::Thing& { return model.things[sort][order.place]; };
@@ -524,8 +524,8 @@ TEST(MixedMessages, AreAnsweredAsTheTableSays) {
     }
     std::vector<std::string> expected = split(handled + std::string(", ") + notHandled, ',');
     for (const Kind& kind : kinds) expected.push_back("kind " + std::to_string(kind.type));
-    for (int deed = 0; deed < deedCount; ++deed)
-        for (const char* how : {"deed ", "deed in a callback "}) expected.push_back(how + std::to_string(deed));
+    for (const char* const deed : deedNames)
+        for (const char* how : {"deed: ", "deed in a callback: "}) expected.push_back(how + std::string(deed));
     for (const std::string& what : expected) EXPECT_GT(Mixed::counts[what], 0) << what;
     for (const auto& [what, count] : Mixed::counts) std::printf("%s: %d; ", what.c_str(), count);
     std::printf("\n");
