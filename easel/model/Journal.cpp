@@ -34,8 +34,14 @@ void Journal::begin() {
     if (depth_++ == 0) kind_ = UndoKind::Standard;
 }
 
+void Journal::beginUnrecorded() {
+    begin();
+    recording_ = false;
+}
+
 void Journal::end() {
     if (depth_ == 0 || --depth_ > 0) return;
+    recording_ = true;
     dropMark();
     Change change = netChange(outer_);
     if (change == Change::Order) change = restoreOrder(outer_) ? netChange(outer_) : Change::Real;
@@ -135,6 +141,7 @@ void Journal::requireWritable() const {
 
 void Journal::note(Node& node) {
     ++changeCount_;
+    if (!recording_) return;
     Record& record = top();
     if (node.record_ == record.id) return;
     record.notes.push_back({&node, node.record_, node.alive_, node.state_});

@@ -58,6 +58,8 @@ class Journal {
 
     // Transactions. An inner one joins the outer one; the outermost decides what is kept.
     void begin();
+    /// Begins a transaction of which nothing is noted, hence nothing can be taken back: for making a document.
+    void beginUnrecorded();
     void end();                  ///< a change of selection alone, or no net change, makes no step
     void setKind(UndoKind kind); ///< of the running transaction; Standard at its begin
     [[nodiscard]] bool running() const;
@@ -127,6 +129,7 @@ class Journal {
     int readers_ = 0;
     std::uint64_t changeCount_ = 0;
     bool marked_ = false;
+    bool recording_ = true;
     UndoKind kind_ = UndoKind::Standard;
     UndoKind kindAtMark_ = UndoKind::Standard;
     std::uint64_t lastId_ = 0;

@@ -257,8 +257,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
         throw std::range_error("the drawing's page lies too far out");
     }
     document_ = std::make_unique<Document>(width, height);
-    document_->journal().begin();
-    document_->journal().setKind(model::UndoKind::Silent);
+    document_->journal().beginUnrecorded();
     document_->setName(document_->currentLayer(), kFirstLayerTitle);
     toPage_ = attributes.transformInto(hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1])
                                               : Geom::Affine::identity());

@@ -59,6 +59,7 @@ class Reading {
             if (XML_Parse(parser_.get(), rest.data(), static_cast<int>(size), last) != XML_STATUS_OK) fail();
             rest.remove_prefix(size);
         }
+        parser_.reset(); // what it holds is not needed while the document is sorted
         return builder_.finish();
     }
 
