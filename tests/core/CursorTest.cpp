@@ -18,8 +18,6 @@ using testing::HasSubstr;
 
 class Cursors : public testing::Test {
   protected:
-    void showNothing() { desk.session().setCursor({}); }
-
     Desk desk;
 };
 
@@ -66,7 +64,7 @@ TEST_F(Cursors, ShowTheImageThatTheDisplayHasPixelsFor) {
         {2, {1, 0, 3}, 1, 1},    {3, {1, 0, 3}, 3, 3},    {1, {0, 2, 3}, 0, 1},
     };
     for (const Row& row : rows) {
-        showNothing();
+        desk.session().setCursor({});
         desk.session().displayScale = row.display;
         desk.inMessage([&] {
             const Cursor cursor(row.images[0], row.images[1], row.images[2], {3, 4});

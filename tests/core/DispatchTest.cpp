@@ -23,8 +23,6 @@ using kzo::core::Plugin;
 
 Dispatcher& dispatcher() { return *Plugin::instance()->dispatcher(); }
 
-easel::session::Plugin& product(Desk& desk) { return *desk.session().plugins.all().front(); }
-
 // Kinds
 
 // Which kind stands for which pair is seen where all of them are sent (MixedMessages).
@@ -65,9 +63,9 @@ TEST(Dispatch, KnowsWhatIsBeingHandledAndTheKeysAround) {
     outer.work = [&] {
         EXPECT_EQ(Dispatcher::lastToolMessage()->cursorLoc(), kzo::core::ArtboardPoint(30, 40));
         EXPECT_EQ(Plugin::instance()->currentTool().cursorLoc(), kzo::core::ArtboardPoint(30, 40));
-        EXPECT_EQ(Dispatcher::lastMessage()->spPluginRef(), product(desk).handle);
+        EXPECT_EQ(Dispatcher::lastMessage()->spPluginRef(), desk.product().handle);
         SPMessageData record{};
-        EXPECT_EQ(desk.session().messenger.send(product(desk), "AI Filter", "AI Go", record), 0);
+        EXPECT_EQ(desk.session().messenger.send(desk.product(), "AI Filter", "AI Go", record), 0);
         EXPECT_FALSE(Dispatcher::isExecuting(MessageType::FilterGo));
     };
     dispatcher().registerMessageCallback(MessageType::FilterGo, inner.callback());

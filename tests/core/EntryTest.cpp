@@ -6,6 +6,7 @@
 #include "maker/Globals.h"
 #include "plugin/HostMonitor.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 #include "tool/Plugin.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
@@ -13,6 +14,7 @@ extern "C" SPErr PluginMain(const char* caller, const char* selector, void* mess
 namespace {
 
 using desk::Desk;
+using desk::Receiver;
 using easel::session::Session;
 using kzo::core::Plugin;
 
@@ -55,21 +57,19 @@ TEST(Entry, StartsPostStartsAndEndsEachOnce) {
 }
 
 TEST(Entry, RunsTheClientsWorkAfterItsOwnOnTheWayUpAndBeforeItOnTheWayDown) {
-    struct Witness {
-        std::vector<std::string> seen;
-        void preShutdown() { seen.push_back(Plugin::instance()->preShuttingDown() ? "pre-shut-down" : "?"); }
-        void shutdown() {
-            const bool toolThere = ortho::Plugin::instance() && !ortho::Plugin::instance()->lineTool().isEmpty();
-            seen.push_back(Plugin::instance()->shuttingDown() && toolThere ? "shut-down" : "?");
-        }
-    } witness;
+    std::vector<std::string> seen;
+    Receiver preShutdown{[&] { seen.push_back(Plugin::instance()->preShuttingDown() ? "pre-shut-down" : "?"); }};
+    Receiver shutdown{[&] {
+        const bool toolThere = ortho::Plugin::instance() && !ortho::Plugin::instance()->lineTool().isEmpty();
+        seen.push_back(Plugin::instance()->shuttingDown() && toolThere ? "shut-down" : "?");
+    }};
     Desk desk;
-    Plugin::instance()->setPreShutdownCallback(kzo::core::__Callback<Witness>(&witness, &Witness::preShutdown));
-    Plugin::instance()->setShutdownCallback(kzo::core::__Callback<Witness>(&witness, &Witness::shutdown));
+    Plugin::instance()->setPreShutdownCallback(preShutdown.callback());
+    Plugin::instance()->setShutdownCallback(shutdown.callback());
     const kzo::core::Tool kept = ortho::Plugin::instance()->lineTool();
     EXPECT_FALSE(kept.isEmpty());
     desk.session().quit();
-    EXPECT_THAT(witness.seen, testing::ElementsAre("pre-shut-down", "shut-down"));
+    EXPECT_THAT(seen, testing::ElementsAre("pre-shut-down", "shut-down"));
     // A handle that lives on is empty, and asks the host nothing.
     const auto calls = kzo::plugin::host::monitor().calls();
     EXPECT_TRUE(kept.isEmpty());
@@ -95,21 +95,19 @@ TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
 // The plug-in was deleted under the message that led to its shut-down.
 TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
     Desk desk;
-    struct Ender {
-        Session& session;
-        bool stillThere = false;
-        void run() {
-            SPMessageData record{};
-            session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
-            stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
-            session.messenger.send(*session.plugins.all().front(), "Nobody", "Knows", record);
-        }
-    } ender{desk.session()};
+    bool stillThere = false;
+    Receiver ender{[&] {
+        Session& session = desk.session();
+        SPMessageData record{};
+        session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
+        stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
+        session.messenger.send(*session.plugins.all().front(), "Nobody", "Knows", record);
+    }};
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
     desk.selectTool();
-    tool.setMouseDownCallback(kzo::core::__Callback<Ender>(&ender, &Ender::run));
+    tool.setMouseDownCallback(ender.callback());
     desk.session().pointer.press({100, 100}, 0);
-    EXPECT_TRUE(ender.stillThere);
+    EXPECT_TRUE(stillThere);
     EXPECT_EQ(Plugin::instance(), nullptr);
     EXPECT_TRUE(tool.isEmpty());
     desk.session().pointer.release({100, 100}, 0);
@@ -118,15 +116,13 @@ TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
 
 TEST(Entry, StopsExceptionsOfCallbacks) {
     Desk desk;
-    struct Thrower {
-        void run() { throw std::runtime_error("callback"); }
-    } thrower;
+    Receiver thrower{[] { throw std::runtime_error("callback"); }};
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
     desk.selectTool();
-    tool.setDragCallback(kzo::core::__Callback<Thrower>(&thrower, &Thrower::run));
+    tool.setDragCallback(thrower.callback());
     desk.stroke({{100, 100}, {200, 100}});
     EXPECT_EQ(desk.paths().size(), 1u); // the release did its own
-    Plugin::instance()->setShutdownCallback(kzo::core::__Callback<Thrower>(&thrower, &Thrower::run));
+    Plugin::instance()->setShutdownCallback(thrower.callback());
     desk.session().quit();
     EXPECT_EQ(Plugin::instance(), nullptr);
 }

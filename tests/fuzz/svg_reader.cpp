@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <iostream>
 #include <string>
-#include <vector>
 
+#include "support/Drawing.h"
 #include "svg/Packing.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -20,24 +20,10 @@ void require(bool holds, const char* what) {
     std::abort();
 }
 
-std::vector<model::Node*> nodesOf(model::Document& document) {
-    std::vector<model::Node*> nodes;
-    for (model::Node* node = document.root().firstChild(); node;) {
-        nodes.push_back(node);
-        if (node->firstChild()) {
-            node = node->firstChild();
-            continue;
-        }
-        while (node && !node->next()) node = node->parent();
-        if (node) node = node->next();
-    }
-    return nodes;
-}
-
 /// Every third piece of art moves, every third goes, and everything that can hold a path gets one.
 void edit(model::Document& document) {
     std::size_t count = 0;
-    for (model::Node* const node : nodesOf(document)) {
+    for (model::Node* const node : allNodes(document)) {
         if (!node->alive()) continue;
         if (node->isContainer()) {
             model::Node& path = document.create(model::NodeType::Path, model::Placement::OnTopInside, *node);
@@ -80,7 +66,7 @@ extern "C" __attribute__((visibility("default"))) int LLVMFuzzerTestOneInput(con
     }
     try {
         const auto again = svg::read(changed, "fuzz.svg");
-        require(nodesOf(*again).size() + 1 >= again->layerCount(), "nodes are missing");
+        require(allNodes(*again).size() + 1 >= again->layerCount(), "nodes are missing");
     } catch (const svg::FileError& error) {
         std::cerr << changed << '\n';
         require(false, error.what());

@@ -101,8 +101,6 @@ TEST_F(DocumentTest, DeepNestingNeedsNoStack) {
     EXPECT_EQ(document.selection().size(), 100001U);
 }
 
-// Paths
-
 // Selection
 
 TEST_F(DocumentTest, SelectingReachesDownAndDeselectingUp) {

@@ -103,10 +103,12 @@ TEST_F(HitTest, HiddenAndLockedArtIsPassedOver) {
     for (Node* node : {&line, &group, &layer}) {
         document.setLocked(*node, true);
         EXPECT_EQ(at(10, 10).kind, HitKind::None);
+        EXPECT_EQ(document.topmostAt({10, 10}, 2), nullptr);
         EXPECT_TRUE(document.snapPoint({10, 10}, 2));
         document.setLocked(*node, false);
         document.setHidden(*node, true);
         EXPECT_EQ(at(10, 10).kind, HitKind::None);
+        EXPECT_EQ(document.topmostAt({10, 10}, 2), nullptr);
         EXPECT_FALSE(document.snapPoint({10, 10}, 2));
         document.setHidden(*node, false);
         EXPECT_EQ(at(10, 10).node, &line);

@@ -8,9 +8,9 @@ namespace {
 class PluginScripts : public desk::Playing {
   protected:
     PluginScripts() {
-        for (const char* name : {"Answering", "Asking", "Declining"})
+        for (const char* name : {"Declining", "Answering", "Asking"})
             session.load(std::string(TEST_BUILD_DIR) + "/" + name + ".aip");
-        session.start();
+        EXPECT_THAT(session.start(), testing::SizeIs(1)); // the first declines, and the others start all the same
     }
 };
 
@@ -41,18 +41,13 @@ TEST_F(PluginScripts, ListAndChooseMenuItems) {
 TEST_F(PluginScripts, LetTimersRun) {
     EXPECT_EQ(play(R"js(
         function result() { return app.menus[1].items[3].text; }
-        app.runFor(5);
-        print(result());
         app.chooseMenu("Answering: Count");
         app.runFor(0.49);
         print(result());
         app.runFor(1.01);
         print(result());
-        app.chooseMenu("Answering: Count");
-        app.runFor(100);
-        print(result());
     )js"),
-              "Answering: nothing yet\nAnswering: nothing yet\nAnswering: tick 3\nAnswering: tick 3\n");
+              "Answering: nothing yet\nAnswering: tick 3\n");
 }
 
 TEST_F(PluginScripts, KnowThePluginsAndTalkToThem) {
@@ -61,16 +56,16 @@ TEST_F(PluginScripts, KnowThePluginsAndTalkToThem) {
         print(app.sendMessage("Asking", "Test", "Double"), app.sendMessage("Asking", "Nobody", "Knows"));
         app.notify("AI Application Started Notifier");
         app.quit();
-        print(app.plugins[0].started, app.menus.length);
+        print(app.plugins[1].started, app.menus.length);
     )js"),
-              "Answering Answering.aip true false\nAsking Asking.aip true false\nDeclining Declining.aip false true\n"
+              "Declining Declining.aip false true\nAnswering Answering.aip true false\nAsking Asking.aip true false\n"
               "0 0\nfalse 0\n");
     EXPECT_THAT(session.reports(), testing::IsEmpty());
 }
 
 TEST_F(PluginScripts, SeeTheCursorAndSetTheDisplay) {
     session.setCursor(
-        {.number = 0, .plugin = session.plugins.all()[0]->handle, .resource = 5, .hotSpot = {3, 4}, .scale = 2});
+        {.number = 0, .plugin = session.plugins.all()[1]->handle, .resource = 5, .hotSpot = {3, 4}, .scale = 2});
     EXPECT_EQ(play("print(JSON.stringify(app.cursor), app.displayScale); app.displayScale = 2.5; app.quit();"
                    "print(app.cursor, app.displayScale); app.displayScale = -1;"),
               "{\"plugin\":\"Answering\",\"resource\":5,\"hotSpot\":[3,4],\"scale\":2} 1\n"

@@ -159,18 +159,14 @@ TEST_F(Annotations, AreDrawnWithGoodNumbersInTheContextOfTheMessageOnly) {
         const AIRealPoint at{0, 0};
         const AIRealRect endless{0, 0, INFINITY, 1};
         kept = message.context;
-        EXPECT_EQ(draw.SetColor(kept, &color), kBadParameterErr);
-        EXPECT_EQ(draw.SetColor(kept, nullptr), kBadParameterErr);
-        EXPECT_EQ(draw.SetOpacity(kept, 1.01), kBadParameterErr);
-        EXPECT_EQ(draw.SetLineWidth(kept, 0), kBadParameterErr);
-        EXPECT_EQ(draw.SetLineDash(kept, -1), kBadParameterErr);
-        EXPECT_EQ(draw.SetFontSize(kept, NAN), kBadParameterErr);
-        EXPECT_EQ(draw.DrawLine(kept, &at, &nowhere), kBadParameterErr);
-        EXPECT_EQ(draw.DrawRect(kept, &endless, 1), kBadParameterErr);
-        EXPECT_EQ(draw.DrawEllipse(kept, nullptr, 1), kBadParameterErr);
-        EXPECT_EQ(draw.DrawPolygon(kept, &at, 1, 0), kBadParameterErr);
-        EXPECT_EQ(draw.DrawText(kept, nullptr, &at), kBadParameterErr);
-        EXPECT_EQ(session.tables.annotator.table.InvalAnnotationRect(nullptr, &endless), kBadParameterErr);
+        const AIErr errors[] = {
+            draw.SetColor(kept, &color),        draw.SetColor(kept, nullptr),
+            draw.SetOpacity(kept, 1.01),        draw.SetLineWidth(kept, 0),
+            draw.SetLineDash(kept, -1),         draw.SetFontSize(kept, NAN),
+            draw.DrawLine(kept, &at, &nowhere), draw.DrawRect(kept, &endless, 1),
+            draw.DrawEllipse(kept, nullptr, 1), draw.DrawPolygon(kept, &at, 1, 0),
+            draw.DrawText(kept, nullptr, &at),  session.tables.annotator.table.InvalAnnotationRect(nullptr, &endless)};
+        EXPECT_THAT(errors, testing::Each(kBadParameterErr));
     };
     update();
     EXPECT_THAT(one.marks, IsEmpty());

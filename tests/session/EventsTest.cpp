@@ -1,9 +1,11 @@
 // What subscribers hear after each thing that a user or a plug-in does: every event once, and only when it happened.
 #include <gmock/gmock.h>
 
+#include <fstream>
 #include <functional>
 
 #include "session/Session.h"
+#include "support/Drawing.h"
 
 namespace {
 
@@ -18,37 +20,14 @@ struct Hearing {
 };
 Hearing* hearing = nullptr;
 
-constexpr const char* types[] = {kAIAllPluginsStartedNotifier,
-                                 kAIApplicationStartedNotifier,
-                                 kAIApplicationShutdownNotifier,
-                                 kAIAllPluginsStoppingNotifier,
-                                 kAIDocumentOpenedNotifier,
-                                 kAIDocumentAboutToCloseNotifier,
-                                 kAIDocumentNewNotifier,
-                                 kAIDocumentSavedNotifier,
-                                 kAIDocumentClosedNotifier,
-                                 kAIDocumentChangedNotifier,
-                                 kAIDocumentViewChangedNotifier,
-                                 kAIInvalidateByScrollNotifier,
-                                 kAIArtSelectionChangedNotifier,
-                                 kAIArtPropertiesChangedNotifier,
-                                 kAIUpdatePathStyleNotifier,
-                                 kAIXMLNameChangedNotifier,
-                                 kAICurrentLayerNotifier,
-                                 kAILayerSetNotifier,
-                                 kAILayerOptionsNotifier,
-                                 kAILayerDeletionNotifier,
-                                 kAIUserToolChangedNotifier,
-                                 kAIToolTitleChangedNotifier,
-                                 kAIToolTooltipChangedNotifier,
-                                 kAIToolChangedNotifier,
-                                 kAIToolWindowChangedNotifier,
-                                 kAIToolModifiersChangedNotifier,
-                                 kAIMenuChangedNotifier,
-                                 kAIToolSelectedNotifier,
-                                 kAIToolDeselectedNotifier,
-                                 kAIDocumentWritePreprocessNotifier,
-                                 kAIDocumentWritePostprocessNotifier};
+/// Every event that the interface names.
+std::vector<std::string> allTypes() {
+    std::ifstream header(PROJECT_DIR "/src/hostapi/AINotifierSuite.h");
+    std::vector<std::string> types;
+    for (std::string text; std::getline(header, text, '"');)
+        if (text.rfind("AI ", 0) == 0) types.push_back(text);
+    return types;
+}
 
 SPErr hear(const char* caller, const char* selector, void* message) {
     const auto& head = *static_cast<SPMessageData*>(message);
@@ -60,9 +39,9 @@ SPErr hear(const char* caller, const char* selector, void* message) {
     }
     if (selector != std::string(kSPInterfaceStartupSelector)) return kNoErr;
     auto& suite = session::Session::current().tables.notifier.table;
-    for (const char* type : types) {
+    for (const std::string& type : allTypes()) {
         AINotifierHandle handle = nullptr;
-        EXPECT_EQ(suite.AddNotifier(head.self, "hear", type, &handle), kNoErr);
+        EXPECT_EQ(suite.AddNotifier(head.self, "hear", type.c_str(), &handle), kNoErr);
     }
     return kNoErr;
 }
@@ -90,10 +69,7 @@ class EventsTest : public testing::Test {
         return std::exchange(own.heard, {});
     }
     model::Node& addPath() {
-        model::Document& document = *session.document();
-        model::Node& path =
-            document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());
-        document.setPath(path, {{{{10, 10}, {10, 10}, {10, 10}}, {{50, 10}, {50, 10}, {50, 10}}}, false});
+        model::Node& path = addLine(*session.document(), session.document()->currentLayer(), {10, 10}, {50, 10});
         session.messenger.settle();
         return path;
     }

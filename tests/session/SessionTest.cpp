@@ -11,24 +11,7 @@ using session::Session;
 
 const std::string buildDir = TEST_BUILD_DIR;
 
-const auto errorOf = desk::errorOf<session::Error>;
-
 // Plug-ins
-
-TEST(Session, KeepsAPluginThatDeclinesAsBrokenAndCallsItNoMore) {
-    Session session;
-    session.load(buildDir + "/Declining.aip");
-    session.load(buildDir + "/Ortholine.aip/"); // with a slash, as a shell completes it
-    EXPECT_THAT(session.start(),
-                testing::ElementsAre(buildDir + "/Declining.aip: the plug-in declined to start: error \"SUFE\""));
-    session::Plugin& declining = *session.plugins.all()[0];
-    EXPECT_TRUE(declining.broken && !declining.started);
-    SPMessageData record{};
-    EXPECT_EQ(session.messenger.send(declining, "SP Interface", "About", record), kRefusedErr);
-    EXPECT_TRUE(session.plugins.all()[1]->started);
-    EXPECT_THAT(session.start(), testing::IsEmpty()); // nothing is started twice
-    EXPECT_EQ(session.toolbox.all().size(), 3u);
-}
 
 // The stack ran over when a plug-in answered a message with the same message.
 TEST(Session, EndsAnExchangeOfMessagesThatHasNoEnd) {
@@ -67,9 +50,9 @@ TEST(Session, StartsAndEndsTheBundleAHundredTimes) {
 
 TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
     Session session;
-    session.load(buildDir + "/Ortholine.aip");
+    session.load(buildDir + "/Ortholine.aip/"); // with a slash, as a shell completes it
     for (int i = 0; i < 3; ++i) {
-        EXPECT_THAT(session.start(), testing::IsEmpty());
+        for (int again = 0; again < 2; ++again) EXPECT_THAT(session.start(), testing::IsEmpty());
         EXPECT_EQ(session.notifiers.all().size(), 3u);
         EXPECT_EQ(session.pluginGroups.all().size(), 1u);
         EXPECT_EQ(session.toolbox.all().size(), 3u);
@@ -78,7 +61,7 @@ TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
         EXPECT_EQ(session.toolbox.all().size(), 2u);
     }
     const std::string same = buildDir + "/tests/../Ortholine.aip";
-    EXPECT_EQ(errorOf([&] { session.load(same); }), same + ": is loaded already");
+    EXPECT_EQ(desk::errorOf<session::Error>([&] { session.load(same); }), same + ": is loaded already");
 }
 
 // Documents

@@ -6,6 +6,7 @@
 #include "core/Dispatcher.h"
 #include "core/Plugin.h"
 #include "support/Drawing.h"
+#include "support/Receiver.h"
 #include "svg/Writer.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
@@ -69,23 +70,20 @@ void Desk::stroke(std::initializer_list<Point> points, session::Modifiers modifi
 
 void Desk::inMessage(const std::function<void()>& work) {
     // What the work throws must fail the test; the plug-in's entry would swallow it.
-    struct Work {
-        const std::function<void()>& body;
-        std::exception_ptr thrown;
-        void run() {
-            try {
-                body();
-            } catch (...) {
-                thrown = std::current_exception();
-            }
+    std::exception_ptr thrown;
+    Receiver bound{[&] {
+        try {
+            work();
+        } catch (...) {
+            thrown = std::current_exception();
         }
-    } bound{work, nullptr};
+    }};
     kzo::core::Dispatcher* const dispatcher = kzo::core::Plugin::instance()->dispatcher();
-    dispatcher->registerMessageCallback("Test Desk", "Run", kzo::core::__Callback<Work>(&bound, &Work::run));
+    dispatcher->registerMessageCallback("Test Desk", "Run", bound.callback());
     SPMessageData message{};
     session_->messenger.send(*plugin_, "Test Desk", "Run", message);
     dispatcher->unregisterMessageCallback("Test Desk", "Run");
-    if (bound.thrown) std::rethrow_exception(bound.thrown);
+    if (thrown) std::rethrow_exception(thrown);
 }
 
 } // namespace desk

@@ -24,6 +24,7 @@ class Desk {
     ~Desk(); ///< fails the test when the host had anything to report, unless `expectReports` was called
 
     [[nodiscard]] easel::session::Session& session() { return *session_; }
+    [[nodiscard]] easel::session::Plugin& product() { return *plugin_; }
     [[nodiscard]] easel::session::Tables& tables() { return session_->tables; }
     [[nodiscard]] easel::model::Document& document() { return session_->needDocument(); }
     [[nodiscard]] std::string svg(); ///< the document as it would be saved

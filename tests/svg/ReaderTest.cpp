@@ -111,8 +111,6 @@ TEST(Reader, OutlinesOfPathsAndShapes) {
         {R"(<path d="M0 0 Q3 3 6 0"/>)", {{{0, 0}, {0, 0}, {2, 2}, true}, {{6, 0}, {4, 2}, {6, 0}, true}}, false},
         {R"(<path d="M1 0 A1 1 0 0 1 0 1"/>)", {{{1, 0}, {1, 0}, {1, k}, true}, {{0, 1}, {k, 1}, {0, 1}, true}}, false},
         {R"(<path d="M0 0 L5 0 L5 5 L0 0 Z"/>)", {corner(0, 0), corner(5, 0), corner(5, 5)}, true},
-        {R"(<path d="M0 0 L5 0 5"/>)", {corner(0, 0), corner(5, 0)}, false},
-        {R"(<path d="M0 0 L5 0 1 1 C 1 2 3 4 Z nonsense"/>)", {corner(0, 0), corner(5, 0), corner(1, 1)}, false},
         {R"(<path d="nonsense"/>)", {}, false},
         {R"(<line x1="1" y1="2" x2="3"/>)", {corner(1, 2), corner(3, 0)}, false},
         {R"(<polyline points="0,0 1,2, 3"/>)", {corner(0, 0), corner(1, 2)}, false},
@@ -193,7 +191,7 @@ TEST(Reader, ArtOfOneEntityIsOnePiece) {
 
 TEST(Reader, DamagedOutlinesKeepWhatIsCompleteAndWarnOnce) {
     for (const char* data :
-         {"M0 0 L5 0 L1e999 0", "M0 0 L5 0 L1e300 0", "M0 0 L5 0 L", "M0 0 L5 0 C 1 1 2", "M0 0 L5 0 nonsense"}) {
+         {"M0 0 L5 0 L1e999 0", "M0 0 L5 0 L1e300 0", "M0 0 L5 0 L", "M0 0 L5 0 5", "M0 0 L5 0 C 1 2 3 4 Z nonsense"}) {
         std::vector<std::string> warnings;
         const auto document = read(std::string("<svg>\n <path d='") + data + "'/></svg>", "t.svg",
                                    [&](const std::string& line) { warnings.push_back(line); });
@@ -251,7 +249,6 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
         {"yellowgreen", {154 / 255., 205 / 255., 50 / 255.}},
         {"rgb(300,-5,0)", {1, 0, 0}},
         {"#12", {1, 0, 1}},
-        {"no colour", {1, 0, 1}},
         {"url(#a) #00f", {0, 0, 1}},
     };
     for (const auto& row : colors) {
