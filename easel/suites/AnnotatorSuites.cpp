@@ -33,8 +33,12 @@ void getOptions(Annotator& annotator, std::int32_t& options) { options = annotat
 void setOptions(Annotator& annotator, std::int32_t options) { annotator.options = options; }
 
 void invalidate(AIDocumentViewHandle view, const AIRealRect* rect) {
-    // Only the view in front is shown; another one is drawn from nothing when its turn comes.
-    const bool isShown = &documentOfView(view) == Session::current().document();
+    // Besides the view in front the one that was drawn last counts: its marks are kept until another is drawn. Any
+    // other is drawn from nothing when its turn comes.
+    const Session& session = Session::current();
+    const model::Document& document = documentOfView(view);
+    const bool isShown =
+        &document == session.document() || session.numberOf(document) == session.annotations.shown().document;
     model::Box place;
     if (rect) {
         place.include(point({rect->left, rect->top}));

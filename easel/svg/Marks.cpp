@@ -8,6 +8,9 @@
 #include <cmath>
 #include <memory>
 #include <numbers>
+#include <utility>
+
+#include "svg/Limits.h"
 
 namespace easel::svg {
 
@@ -15,6 +18,46 @@ namespace {
 
 using model::Mark;
 using model::Point;
+
+// Pixels from the corner of the picture, in which places are below kMostPixels. The painter draws longer straight lines
+// askew, and some millions of pixels away it takes one place for another.
+constexpr double farthestCorner = 30'000;
+constexpr double farthestCurve = 4e6;
+static_assert(farthestCorner > kMostPixels);
+
+bool areNear(const std::vector<Point>& points, double farthest) {
+    return std::all_of(points.begin(), points.end(),
+                       [=](Point point) { return std::abs(point.x) <= farthest && std::abs(point.y) <= farthest; });
+}
+
+Point toPixels(Point point, double scale) {
+    constexpr double most = 1e12; // beyond that there are no fractions to tell places by
+    return {std::clamp(point.x * scale, -most, most), std::clamp(point.y * scale, -most, most)};
+}
+
+/// What of an outline is near. A closed one goes on along the limit, where nobody sees it.
+void keepNear(std::vector<Point>& points, bool closed) {
+    if (areNear(points, farthestCorner)) return;
+    for (double Point::*const axis : {&Point::x, &Point::y}) {
+        for (const double side : {-1, 1}) {
+            if (points.empty()) return;
+            const auto beyond = [&](Point point) { return side * point.*axis - farthestCorner; };
+            const std::vector<Point> all = std::exchange(points, {});
+            Point from = closed ? all.back() : all.front();
+            for (const Point to : all) {
+                const double before = beyond(from);
+                const double after = beyond(to);
+                if ((before > 0) != (after > 0)) {
+                    const double t = before / (before - after);
+                    points.push_back({from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)});
+                    points.back().*axis = side * farthestCorner;
+                }
+                if (after <= 0) points.push_back(to);
+                from = to;
+            }
+        }
+    }
+}
 
 void addEllipse(cairo_t* cairo, Point from, Point to) {
     cairo_matrix_t plain;
@@ -39,17 +82,17 @@ void addText(cairo_t* cairo, const Mark& mark, Point at) {
     cairo_text_path(cairo, text.get());
 }
 
-void addPath(cairo_t* cairo, const Mark& mark, const std::vector<Point>& points) {
-    switch (mark.kind) {
-    case Mark::Kind::Rectangle:
-        return cairo_rectangle(cairo, points[0].x, points[0].y, points[1].x - points[0].x, points[1].y - points[0].y);
-    case Mark::Kind::Ellipse: return addEllipse(cairo, points[0], points[1]);
-    case Mark::Kind::Text: return addText(cairo, mark, points[0]);
-    case Mark::Kind::Line:
-    case Mark::Kind::Polygon: break;
-    }
+void addPath(cairo_t* cairo, const Mark& mark, std::vector<Point> points) {
+    const bool hasCorners = mark.kind != Mark::Kind::Ellipse && mark.kind != Mark::Kind::Text;
+    if (!hasCorners && !areNear(points, farthestCurve)) return;
+    if (mark.kind == Mark::Kind::Ellipse) return addEllipse(cairo, points[0], points[1]);
+    if (mark.kind == Mark::Kind::Text) return addText(cairo, mark, points[0]);
+    if (mark.kind == Mark::Kind::Rectangle)
+        points = {points[0], {points[1].x, points[0].y}, points[1], {points[0].x, points[1].y}};
+    const bool closed = mark.kind != Mark::Kind::Line;
+    keepNear(points, closed);
     for (const Point point : points) cairo_line_to(cairo, point.x, point.y);
-    if (mark.kind == Mark::Kind::Polygon) cairo_close_path(cairo);
+    if (closed) cairo_close_path(cairo);
 }
 
 } // namespace
@@ -60,13 +103,13 @@ void drawMarks(_cairo_surface* surface, const std::vector<Mark>& marks, double s
     cairo_set_line_join(cairo, CAIRO_LINE_JOIN_ROUND);
     for (const Mark& mark : marks) {
         std::vector<Point> points;
-        for (const Point point : mark.points) points.push_back({point.x * scale, point.y * scale});
+        for (const Point point : mark.points) points.push_back(toPixels(point, scale));
         const model::Color& color = mark.pen.color;
         cairo_set_source_rgba(cairo, color.red, color.green, color.blue, mark.pen.opacity);
         cairo_set_line_width(cairo, mark.pen.lineWidth);
         cairo_set_dash(cairo, &mark.pen.dash, mark.pen.dash > 0 ? 1 : 0, 0);
         cairo_new_path(cairo);
-        addPath(cairo, mark, points);
+        addPath(cairo, mark, std::move(points));
         if (mark.filled)
             cairo_fill(cairo);
         else

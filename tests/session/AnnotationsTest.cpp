@@ -86,6 +86,14 @@ TEST_F(Annotations, AreDrawnWhenSomethingIsInvalid) {
     EXPECT_THAT(places, ElementsAre(Box{100, 50, 110, 60}, Box{9, 19, 31, 21}));
     EXPECT_EQ(one.marks.size(), 1u);
 
+    // Also the view behind, as long as the marks are the ones over it.
+    AIAnnotatorMessage behind{};
+    behind.view = session.viewOf(*session.document());
+    session.newDocument(1, 1);
+    session.messenger.send(plugin, kCallerAIAnnotation, kSelectorAIInvalAnnotation, behind.d);
+    session.close();
+    EXPECT_THAT(update(), ElementsAre("draw one"));
+
     session.newDocument(50, 40);
     places.clear();
     EXPECT_THAT(update(), ElementsAre("invalidate one", "draw one"));

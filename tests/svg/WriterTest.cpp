@@ -211,6 +211,9 @@ TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhiteAndMarksOverIt) {
         {.kind = Kind::Rectangle, .points = {{10, 10}, {2, 0}}, .pen = faint, .filled = true, .text = {}},
         {.kind = Kind::Ellipse, .points = {{30, 0}, {50, 20}}, .pen = thick, .filled = true, .text = {}},
         {.kind = Kind::Polygon, .points = {{10, 12}, {20, 12}, {10, 20}}, .pen = dashed, .filled = true, .text = {}},
+        // Far away, except that the line passes through the page.
+        {.kind = Kind::Rectangle, .points = {{1e7, -1e7}, {2e7, 1e7}}, .pen = dashed, .filled = true, .text = {}},
+        {.kind = Kind::Line, .points = {{-1e7, 1e7 + 68}, {1e7 + 68, -1e7}}, .pen = thick, .filled = false, .text = {}},
     };
     const std::uint32_t white = 0xFFFFFF, red = 0xFF0000, green = 0x00FF00, yellow = 0xFFFF00;
     const struct {
@@ -225,6 +228,7 @@ TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhiteAndMarksOverIt) {
         {4, 160, 40, red},     {4, 123, 3, white},    // the ellipse, and a corner of its box
         {4, 45, 52, green},    {4, 75, 75, white},    // in the triangle, and beyond its long side
         {4, 5, 88, green},     {4, 15, 88, white},    // a dash and a gap
+        {4, 190, 82, red},     {4, 190, 90, white},   // the line, on which x + y is 68 * 4
         {4, 140, 90, yellow},  {4, 140, 79, white},   {4, 119, 90, white}, {4, 160, 90, white} // the square
     };
     for (const auto& [scale, x, y, color] : rows) {
