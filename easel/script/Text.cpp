@@ -1,6 +1,7 @@
 // The two encodings differ only in characters beyond U+FFFF: four bytes here, two times three bytes there.
 #include "script/Text.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace easel::script {
@@ -21,20 +22,39 @@ std::uint32_t surrogateAt(std::string_view text, std::size_t at) {
     return is ? 0xd000U | low6(text[at + 1]) << 6 | low6(text[at + 2]) : 0;
 }
 
+/// The number of bytes of the character that starts at `at`, 0 when none does.
+std::size_t lengthAt(std::string_view text, std::size_t at) {
+    const auto byte = [&](std::size_t i) {
+        return static_cast<unsigned char>(at + i < text.size() ? text[at + i] : 0);
+    };
+    const unsigned char first = byte(0);
+    if (first < 0x80) return 1;
+    if (first < 0xc2 || first > 0xf4) return 0;
+    if ((first == 0xf0 && byte(1) < 0x90) || (first == 0xf4 && byte(1) > 0x8f)) return 0;
+    const std::size_t length = first < 0xe0 ? 2 : first < 0xf0 ? 3 : 4;
+    for (std::size_t i = 1; i < length; ++i)
+        if ((byte(i) & 0xc0) != 0x80) return 0;
+    return length;
+}
+
 } // namespace
 
 std::string toEngine(std::string_view text) {
     std::string out;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if ((text[i] & 0xf8) != 0xf0 || i + 3 >= text.size()) {
-            out += text[i];
-            continue;
+    for (std::size_t i = 0; i < text.size();) {
+        const std::size_t length = lengthAt(text, i);
+        if (length == 4) {
+            const std::uint32_t beyond =
+                ((text[i] & 7U) << 18 | low6(text[i + 1]) << 12 | low6(text[i + 2]) << 6 | low6(text[i + 3])) -
+                0x10000U;
+            append3(out, 0xd800U | beyond >> 10);
+            append3(out, 0xdc00U | (beyond & 0x3ffU));
+        } else if (length == 0) {
+            append3(out, 0xfffdU); // in place of the byte, so that what follows is read as it is
+        } else {
+            out += text.substr(i, length);
         }
-        const std::uint32_t beyond =
-            ((text[i] & 7U) << 18 | low6(text[i + 1]) << 12 | low6(text[i + 2]) << 6 | low6(text[i + 3])) - 0x10000U;
-        append3(out, 0xd800U | beyond >> 10);
-        append3(out, 0xdc00U | (beyond & 0x3ffU));
-        i += 3;
+        i += std::max<std::size_t>(length, 1);
     }
     return out;
 }

@@ -130,6 +130,14 @@ TEST_F(ScriptTest, EditsADocumentInUndoSteps) {
               "2 3,4 7 null\n");
 }
 
+TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
+    session.newDocument(9, 9).addLayer("a\xff\xf0\x9f\x9a\x80\xc3\xfc"
+                                       "b\xf0\x9f");
+    const std::string mark = "\xef\xbf\xbd";
+    EXPECT_EQ(play("print(app.document.layers[0].title)"),
+              "a" + mark + "\xf0\x9f\x9a\x80" + mark + mark + "b" + mark + mark + "\n");
+}
+
 TEST_F(ScriptTest, AnObjectWhoseThingIsGoneThrowsUntilUndoBringsItBack) {
     EXPECT_EQ(play(R"js(
         var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]), layer = doc.addLayer("L");
