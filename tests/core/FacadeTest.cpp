@@ -60,7 +60,7 @@ struct Nothing {
 
 template <auto neutral, auto query> bool isNeutral(const Handles& handles) {
     const auto answer = answerOf(handles, query);
-    if constexpr (!std::is_same_v<decltype(neutral), const Nothing>)
+    if constexpr (!std::is_same_v<std::remove_cv_t<decltype(neutral)>, Nothing>)
         return answer == neutral;
     else if constexpr (requires { answer.isEmpty(); })
         return answer.isEmpty();
@@ -469,7 +469,8 @@ TEST_F(Facade, HitDataSearchesAClipGroupThroughItsMask) {
 }
 
 TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
-    static const auto text = reinterpret_cast<AITextRangeRef>(std::uintptr_t{0x77});
+    static int range = 0;
+    static const auto text = reinterpret_cast<AITextRangeRef>(&range);
     auto& entry = desk.tables().hitTest.table.HitTest;
     desk.inMessage([&] {
         entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
