@@ -12,7 +12,6 @@ using model::Node;
 using model::Point;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::UnorderedElementsAre;
 
 class BuiltinToolsTest : public testing::Test {
   protected:

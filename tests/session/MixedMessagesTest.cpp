@@ -249,7 +249,7 @@ class Mixed {
         const int way = below(12);
         if (way < 7) return models_[owner].things[sort][below(places)].handle;
         if (way == 7) return models_[1 - owner].things[sort][below(places)].handle;
-        if (way == 8) return reinterpret_cast<void*>(std::uintptr_t(0x1230 + below(9)));
+        if (way == 8) return &neverMade_[below(9)];
         if (way == 9 && sort == Timers && !scheduled.empty()) return scheduled.back();
         return known_[sort].empty() ? nullptr : known_[sort][std::size_t(below(int(known_[sort].size())))];
     }
@@ -506,6 +506,7 @@ class Mixed {
     std::deque<Order> orders_;    ///< those for callbacks
     std::vector<Ring> rings_;     ///< that are to be expected
     std::set<const Order*> done_;
+    char neverMade_[9] = {}; ///< to be taken for handles
     bool locked_ = false;
     bool hidden_ = false;
 };
