@@ -1,4 +1,4 @@
-// The ordered children of a container, and the walk over all that a node holds. Private to this folder.
+// The ordered children of a container. Private to this folder.
 #pragma once
 
 #include <boost/intrusive/set.hpp>
@@ -16,14 +16,5 @@ struct Children {
 
     Set set;
 };
-
-/// The node after `node` in paint order among what `top` holds: a container comes before its contents. Null at the end.
-inline Node* nextWithin(const Node& top, const Node& node) {
-    if (Node* const child = node.firstChild()) return child;
-    for (const Node* at = &node; at != &top; at = at->parent()) {
-        if (Node* const sibling = at->next()) return sibling;
-    }
-    return nullptr;
-}
 
 } // namespace easel::model

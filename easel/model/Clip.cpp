@@ -42,8 +42,9 @@ Point movedWithMask(const Node& node, const Clip& clip) {
     return clip.outline ? commonMove(*clip.outline, node.path()).value_or(Point{}) : Point{};
 }
 
-/// Whether `holds` of the masks of the node and of all that it is in, each with the way from the document to its units.
-template <class Predicate> bool eachMask(const Node& node, Predicate holds) {
+/// Whether `accepts` returns true for the mask of the node and of each ancestor; it is given the mapping from the
+/// document to the mask's units as well.
+template <class Predicate> bool eachMask(const Node& node, Predicate accepts) {
     for (const Node* at = &node; at; at = at->parent()) {
         const Clip* const clip = at->clip();
         if (!clip) continue;
@@ -54,7 +55,7 @@ template <class Predicate> bool eachMask(const Node& node, Predicate holds) {
             const std::array<double, 6>& m = clip->toMask;
             return Point{m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]};
         };
-        if (!holds(*clip->mask, toMask)) return false;
+        if (!accepts(*clip->mask, toMask)) return false;
     }
     return true;
 }
@@ -89,11 +90,11 @@ bool Mask::meets(const Box& box) const {
     return false;
 }
 
-bool isShown(const Node& node, Point point) {
+bool passesClip(const Node& node, Point point) {
     return eachMask(node, [&](const Mask& mask, auto toMask) { return mask.contains(toMask(point)); });
 }
 
-bool isOpen(const Node& node, const Box& box) {
+bool mayPassClip(const Node& node, const Box& box) {
     return eachMask(node, [&](const Mask& mask, auto toMask) {
         Box inMask;
         for (const double x : {box.left, box.right})

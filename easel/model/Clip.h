@@ -1,4 +1,4 @@
-// What of art shows: masks, and how they lie on the art. Made by whoever reads a drawing; nothing changes them later.
+// Masks, and how they lie on the art. Made by whoever reads a drawing; nothing changes them later.
 #pragma once
 
 #include <array>
@@ -14,7 +14,7 @@ class Mask {
   public:
     struct Shape {
         std::vector<PathData> subpaths; ///< all closed
-        bool evenOdd = false;           ///< else what its subpaths go round is inside, however often
+        bool evenOdd = false;           ///< the even-odd fill rule, else nonzero
     };
 
     explicit Mask(std::vector<Shape> shapes);
@@ -38,9 +38,9 @@ struct Clip {
 
 class Node;
 
-/// Whether the masks of the node and of all that it is in let the point show.
-[[nodiscard]] bool isShown(const Node& node, Point point);
-/// Whether each of them leaves some place of the box open.
-[[nodiscard]] bool isOpen(const Node& node, const Box& box);
+/// Whether the point lies inside of the masks of the node and of its ancestors.
+[[nodiscard]] bool passesClip(const Node& node, Point point);
+/// Whether each of them has some place of the box inside; their common inside may still miss the box.
+[[nodiscard]] bool mayPassClip(const Node& node, const Box& box);
 
 } // namespace easel::model

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cassert>
 
-#include "model/Children.h"
 #include "model/DocumentImpl.h"
 #include "model/OrderLabels.h"
 
@@ -170,9 +169,8 @@ int Document::comparePaintOrder(const Node& a, const Node& b) {
 std::vector<Node*> Document::selection() {
     std::vector<Node*> nodes;
     if (impl_->tree.mostAreSelected()) {
-        for (Node* at = &root(); at; at = nextWithin(root(), *at)) {
+        for (Node* at = &root(); at; at = nextWithin(root(), *at))
             if (at->selected()) nodes.push_back(at);
-        }
         return nodes;
     }
     nodes = impl_->tree.selected();

@@ -92,11 +92,11 @@ class Document {
     void setClosed(Node& path, bool closed);
     void reverse(Node& path);
     void setStyle(Node& path, const Style& style);
-    /// Moves the node and all it holds.
+    /// Moves the node and its descendants.
     void offset(Node& node, double dx, double dy);
 
     // Selection
-    /// A container with all it holds. A group with something in it that is deselected is no longer selected itself;
+    /// A container with its descendants. A group with something in it that is deselected is no longer selected itself;
     /// layers never are.
     void select(Node& node, bool selected);
     void selectPoints(Node& path, PointSelection points); ///< one flag a point; none at all deselects the path
@@ -104,7 +104,7 @@ class Document {
     void deselectAll(Node& within);
 
     // Searching
-    /// The feature at `point` within `tolerance` points among `within` and all it holds; see HitTest.h.
+    /// The feature at `point` within `tolerance` points among `within` and its descendants; see HitTest.h.
     [[nodiscard]] Hit hitTest(Node& within, Point point, double tolerance, HitRequest request);
     /// The topmost path or opaque art at `point`: its fill, or within `tolerance` its outline. Not what is locked or
     /// hidden; nor is it in the next.
@@ -121,8 +121,8 @@ class Document {
     static void setOrigin(Node& node, std::uint32_t number);
     static void setClip(Node& node, std::shared_ptr<const Clip> clip);
 
-    /// Whether both hold the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view and
-    /// identities do not count.
+    /// Whether both contain the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view
+    /// and identities do not count.
     [[nodiscard]] static bool sameContent(const Document& a, const Document& b);
 
   private:

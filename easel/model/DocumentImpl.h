@@ -1,4 +1,4 @@
-// What a document holds. Private to this folder.
+// The parts of a document. Private to this folder.
 #pragma once
 
 #include <string>

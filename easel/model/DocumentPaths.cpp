@@ -1,14 +1,13 @@
 // Changes of paths: points, style, place.
 #include <algorithm>
 
-#include "model/Children.h"
 #include "model/DocumentImpl.h"
 
 namespace easel::model {
 
 PathData& Document::Impl::writablePath(Node& path) {
     journal.note(path);
-    tree.index.loosen(path);
+    tree.index.markDirty(path);
     std::shared_ptr<const PathData>& data = path.state_.path;
     if (data.use_count() > 1) data = std::make_shared<PathData>(*data);
     return const_cast<PathData&>(*data); // made just above, here or on an earlier call, as something writable
@@ -19,7 +18,7 @@ void Document::setPath(Node& path, PathData data) {
     const Transaction transaction(journal());
     const std::size_t count = data.points.size();
     journal().note(path);
-    impl_->tree.index.loosen(path);
+    impl_->tree.index.markDirty(path);
     path.state_.path = std::make_shared<PathData>(std::move(data));
     impl_->fitPointSelection(path, count);
 }
@@ -89,7 +88,7 @@ void Document::setBounds(Node& opaque, const Box& bounds) {
 
 void Document::Impl::setOpaque(Node& opaque, const OpaqueData& data) {
     journal.note(opaque);
-    tree.index.loosen(opaque);
+    tree.index.markDirty(opaque);
     opaque.state_.opaque = std::make_shared<const OpaqueData>(data);
 }
 

@@ -16,7 +16,7 @@ bool isFilledAt(const Node& node, Point point) {
     return node.style().fill && isInside(node.path(), point);
 }
 
-/// Calls `visit` with the points of each segment until it answers true; a lone anchor counts as one.
+/// Calls `visit` with the points of each segment until it returns true; a lone anchor counts as one.
 template <class Visit> bool anySegment(const PathData& path, Visit visit) {
     const std::vector<PathPoint>& points = path.points;
     if (points.size() == 1) return visit(points[0], points[0]);
@@ -39,11 +39,10 @@ class BestHit {
         if (distance > tolerance_ || !wants(kind)) return;
         if (kind == hit_.kind) {
             if (distance > distance_) return;
-            if (distance == distance_ && (&node == hit_.node || Document::comparePaintOrder(node, *hit_.node) > 0)) {
+            if (distance == distance_ && (&node == hit_.node || Document::comparePaintOrder(node, *hit_.node) > 0))
                 return;
-            }
         }
-        if (!isShown(node, at)) return;
+        if (!passesClip(node, at)) return;
         hit_ = {kind, &node, at, index, t};
         distance_ = distance;
     }
@@ -138,9 +137,9 @@ Node* Document::topmostAt(Point point, double tolerance) {
         if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
         const auto isNear = [&](const PathPoint& start, const PathPoint& end) {
             const NearestPoint nearest = nearestOnSegment(start, end, point);
-            return nearest.distanceSquared <= tolerance * tolerance && isShown(*node, nearest.point);
+            return nearest.distanceSquared <= tolerance * tolerance && passesClip(*node, nearest.point);
         };
-        const bool filled = isFilledAt(*node, point) && isShown(*node, point);
+        const bool filled = isFilledAt(*node, point) && passesClip(*node, point);
         if (filled || (node->type() == NodeType::Path && anySegment(node->path(), isNear))) topmost = node;
     }
     return topmost;
@@ -152,7 +151,7 @@ std::vector<Node*> Document::touching(const Box& box) {
     impl_->tree.index.find(box, impl_->found);
     const auto isTouched = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
     for (Node* const node : impl_->found) {
-        if (!isReachable(*node, root()) || !isOpen(*node, box)) continue;
+        if (!isReachable(*node, root()) || !mayPassClip(*node, box)) continue;
         if (node->type() == NodeType::Opaque || anySegment(node->path(), isTouched) ||
             isFilledAt(*node, {box.left, box.top}))
             touched.push_back(node);
@@ -165,7 +164,7 @@ std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo w
     impl_->findNear(point, tolerance);
     BestHit best(point, tolerance);
     for (Node* const node : impl_->found) {
-        if (node->effectivelyHidden() || journal().wasPutBack(*node)) continue;
+        if (node->effectivelyHidden() || journal().wasRolledBack(*node)) continue;
         if (what == SnapTo::Bounds) {
             best.offerBounds(*node);
             continue;

@@ -1,4 +1,4 @@
-// What a search for the feature under a point asks and answers. The search itself is Document::hitTest.
+// The request and the result of a hit test. The search itself is Document::hitTest.
 #pragma once
 
 #include <cstdint>
@@ -28,7 +28,7 @@ enum class HitRequest : std::uint32_t {
     return (std::uint32_t(request) & std::uint32_t(feature)) != 0;
 }
 
-/// What a location may be drawn to.
+/// What a location snaps to.
 enum class SnapTo : std::uint8_t {
     Anchors,
     Outlines, ///< anchors, else segments

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/Children.h"
 #include "model/Tree.h"
 
 namespace easel::model {
@@ -57,7 +56,7 @@ void Journal::end() {
     } else {
         forget(outer_);
     }
-    settle();
+    tidyUp();
 }
 
 void Journal::setKind(UndoKind kind) {
@@ -78,7 +77,7 @@ void Journal::mark() {
 void Journal::rollBackToMark() {
     if (!marked_) return;
     ++rollBack_;
-    for (const Note& note : inner_.notes) note.node->putBackBy_ = rollBack_;
+    for (const Note& note : inner_.notes) note.node->rolledBackBy_ = rollBack_;
     unwind(inner_);
     kind_ = kindAtMark_;
 }
@@ -90,7 +89,7 @@ void Journal::dropMark() {
     join(inner_, outer_);
 }
 
-void Journal::takeBack() { unwind(top()); }
+void Journal::rollBackTransaction() { unwind(top()); }
 
 void Journal::abandon() {
     if (depth_ == 0) return;
@@ -98,7 +97,7 @@ void Journal::abandon() {
     unwind(outer_);
     marked_ = false;
     depth_ = 0;
-    settle();
+    tidyUp();
 }
 
 // History
@@ -111,7 +110,7 @@ bool Journal::undo() {
     observe(step);
     for (const Note& note : step.notes) note.node->record_ = note.previous;
     redo_.push_back(std::move(step));
-    settle();
+    tidyUp();
     return true;
 }
 
@@ -123,7 +122,7 @@ bool Journal::redo() {
     observe(step);
     for (Note& note : step.notes) note.previous = std::exchange(note.node->record_, step.id);
     undo_.push_back(std::move(step));
-    settle();
+    tidyUp();
     return true;
 }
 
@@ -149,7 +148,7 @@ void Journal::note(Node& node) {
     ++node.noteCount_;
 }
 
-bool Journal::wasPutBack(const Node& node) const { return node.putBackBy_ == rollBack_; }
+bool Journal::wasRolledBack(const Node& node) const { return node.rolledBackBy_ == rollBack_; }
 
 // Records
 
@@ -162,7 +161,7 @@ void Journal::exchange(Record& record) {
     if (!record.notes.empty()) ++changeCount_;
     for (Note& note : record.notes) {
         Node& node = *note.node;
-        if (note.state.path != node.state_.path || note.state.opaque != node.state_.opaque) tree_.index.loosen(node);
+        if (note.state.path != node.state_.path || note.state.opaque != node.state_.opaque) tree_.index.markDirty(node);
         if (changesPlace(note)) tree_.detach(node);
         note.alive = node.alive_;
     }
@@ -210,20 +209,18 @@ void Journal::join(Record& upper, Record& lower) {
 }
 
 void Journal::forgetRedo() {
-    for (const Record& step : redo_) {
+    for (const Record& step : redo_)
         for (const Note& note : step.notes) release(*note.node);
-    }
     redo_.clear();
 }
 
 /// What can only be done when nothing is running: the index takes in what changed, what the gesture moved is forgotten,
 /// and storage that only a big change needs is given back.
-void Journal::settle() {
+void Journal::tidyUp() {
     ++rollBack_;
-    for (Record* const record : {&outer_, &inner_}) {
+    for (Record* const record : {&outer_, &inner_})
         if (record->notes.capacity() > kKeptNotes) record->notes = {};
-    }
-    tree_.index.settle();
+    tree_.index.reindex();
 }
 
 // Comparing with the present
@@ -276,17 +273,16 @@ void Journal::observe(const Note& note) {
         changes_.selection = was.selected != is.selected || !sameContents(was.pointSelection, is.pointSelection);
         return;
     }
-    // What it holds came or went with it, and need not be noted itself.
+    // Its descendants came or went with it, and need not be noted itself.
     for (const Node* at = &node; at && !changes_.selection; at = nextWithin(node, *at))
         changes_.selection = at->selected();
 }
 
-/// Labels may differ and still tell the same order. Then the old ones are put back, and nothing has happened.
+/// Labels may differ and still tell the same order. Then the old ones are restored, and nothing has happened.
 bool Journal::restoreOrder(Record& record) {
     const auto exchangeOrders = [&] {
-        for (const Note& note : record.notes) {
+        for (const Note& note : record.notes)
             if (note.alive) tree_.detach(*note.node);
-        }
         for (Note& note : record.notes) {
             if (!note.alive) continue;
             std::swap(note.state.order, note.node->state_.order);
@@ -305,7 +301,7 @@ bool Journal::restoreOrder(Record& record) {
 }
 
 /// Leaves out the nodes that are as they were. Later ones go first, so that a group made and removed is empty by the
-/// time it is looked at; one that still holds something is still somebody's parent, and stays.
+/// time it is looked at; one that is not empty is still somebody's parent, and stays.
 void Journal::dropUnchanged(Record& record) {
     for (std::size_t i = record.notes.size(); i-- > 0;) {
         Note& note = record.notes[i];

@@ -18,7 +18,7 @@ enum class UndoKind : std::uint8_t {
     Append    ///< part of the last step
 };
 
-/// What has happened to a document, for those who want to hear of it.
+/// What has happened to a document, one flag for each kind of event that is raised for it.
 struct Changes {
     bool selection = false;
     bool art = false;    ///< anything about art but its selection; art that came or went
@@ -58,7 +58,7 @@ class Journal {
 
     // Transactions. An inner one joins the outer one; the outermost decides what is kept.
     void begin();
-    /// Begins a transaction of which nothing is noted, hence nothing can be taken back: for making a document.
+    /// Begins a transaction of which nothing is noted, hence nothing can be undone: for making a document.
     void beginUnrecorded();
     void end();                  ///< a change of selection alone, or no net change, makes no step
     void setKind(UndoKind kind); ///< of the running transaction; Standard at its begin
@@ -67,14 +67,14 @@ class Journal {
     // Gestures, inside a running transaction
     /// Opens an inner record on top of what has been noted so far (what a press left). A second mark joins the first.
     void mark();
-    /// Puts the document back to where it stood at `mark`, and remembers which nodes were put back (see
+    /// Brings the document back to its state at `mark`, and remembers which nodes that changed (see
     /// Document::snapPoint). Nodes made since then are gone for good.
     void rollBackToMark();
     /// Joins the inner record to the outer one; forgets what the gesture moved.
     void dropMark();
-    /// Undoes what the running transaction has changed so far, or since the document was last put back to a mark. The
-    /// transaction goes on.
-    void takeBack();
+    /// Undoes what the running transaction has changed so far, or since the document was last rolled back to a mark.
+    /// The transaction goes on.
+    void rollBackTransaction();
     /// Ends the outermost transaction by undoing all of it; ends of inner ones that follow are ignored.
     void abandon();
 
@@ -93,7 +93,7 @@ class Journal {
     void requireWritable() const; ///< throws ReadOnlyError
     /// To be called before a node changes, inside a transaction.
     void note(Node& node);
-    [[nodiscard]] bool wasPutBack(const Node& node) const;
+    [[nodiscard]] bool wasRolledBack(const Node& node) const;
 
   private:
     struct Note {
@@ -115,7 +115,7 @@ class Journal {
     void release(Node& node);
     void join(Record& upper, Record& lower);
     void forgetRedo();
-    void settle();
+    void tidyUp();
     [[nodiscard]] static Change netChange(const Record& record);
     [[nodiscard]] static Change netChange(const Note& note);
     bool restoreOrder(Record& record);

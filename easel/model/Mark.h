@@ -28,7 +28,7 @@ struct Mark {
     bool filled = false; ///< not outlined
     std::string text;
 
-    /// Holds all of the mark at this zoom; of a text it is a guess on the large side.
+    /// Contains all of the mark at this zoom; of a text it is a guess on the large side.
     [[nodiscard]] Box bounds(double zoom) const;
 
     bool operator==(const Mark&) const = default;

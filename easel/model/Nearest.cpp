@@ -1,5 +1,5 @@
 // Straight segments are solved exactly. Curved ones are halved as long as the box of a piece's control points could
-// hold something nearer than what is known; short pieces are finished by Newton steps.
+// contain something nearer than what is known; short pieces are finished by Newton steps.
 #include "model/Nearest.h"
 
 #include <algorithm>
@@ -73,9 +73,8 @@ void newton(NearestPoint& best, const Cubic& c, double t, Point from) {
 
 NearestPoint nearestOnCurve(const Cubic& curve, Point from) {
     NearestPoint best{distanceSquared(curve[0], from), curve[0], 0};
-    if (const double squared = distanceSquared(curve[3], from); squared < best.distanceSquared) {
+    if (const double squared = distanceSquared(curve[3], from); squared < best.distanceSquared)
         best = {squared, curve[3], 1};
-    }
 
     struct Piece {
         Cubic cubic;
@@ -190,12 +189,12 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
     if (isIn(box, start.anchor) || isIn(box, end.anchor)) return true;
     if (start.out == start.anchor && end.in == end.anchor) return lineMeetsBox(start.anchor, end.anchor, box);
 
-    constexpr int fine = 10; // pieces of a thousandth of the curve are as good as straight
+    constexpr int kFinestDepth = 10; // pieces of a thousandth of the curve are as good as straight
     struct Piece {
         Cubic cubic;
         int depth;
     };
-    std::array<Piece, fine + 2> pieces; // each halving leaves one more to do
+    std::array<Piece, kFinestDepth + 2> pieces; // each halving leaves one more to do
     std::size_t count = 0;
     pieces[count++] = {cubicOf(start, end), 0};
     while (count > 0) {
@@ -204,7 +203,7 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
         for (const Point& control : piece.cubic) hull.include(control);
         if (!hull.meets(box)) continue;
         if (isIn(box, piece.cubic[3])) return true;
-        if (piece.depth == fine) {
+        if (piece.depth == kFinestDepth) {
             if (lineMeetsBox(piece.cubic[0], piece.cubic[3], box)) return true;
             continue;
         }
@@ -217,9 +216,8 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
 int windingNumber(const PathData& path, Point point) {
     int count = 0;
     const std::size_t segments = path.segmentCount();
-    for (std::size_t i = 0; i < segments; ++i) {
+    for (std::size_t i = 0; i < segments; ++i)
         count += crossings(cubicOf(path.points[i], path.points[i + 1 == path.points.size() ? 0 : i + 1]), point);
-    }
     if (!path.closed && segments > 0) {
         const Point first = path.points.front().anchor;
         const Point last = path.points.back().anchor;

@@ -1,4 +1,4 @@
-// What a node tells about itself and its relatives.
+// A node's queries, and the walk over its descendants.
 #include "model/Node.h"
 
 #include "model/Children.h"
@@ -71,6 +71,13 @@ bool Node::effectivelyLocked() const {
     const Node* at = this;
     while (at && !at->state_.locked) at = at->state_.parent;
     return at != nullptr;
+}
+
+Node* nextWithin(const Node& top, const Node& node) {
+    if (Node* const child = node.firstChild()) return child;
+    for (const Node* at = &node; at != &top; at = at->parent())
+        if (Node* const sibling = at->next()) return sibling;
+    return nullptr;
 }
 
 } // namespace easel::model

@@ -81,7 +81,7 @@ class Node {
     [[nodiscard]] const NodeState& state() const { return state_; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
-    /// What shows of the node and all it holds; null for all of it.
+    /// What shows of the node and its descendants; null for all of it.
     [[nodiscard]] const Clip* clip() const { return clip_.get(); }
     [[nodiscard]] bool pointSelected(std::size_t index) const;
     [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
@@ -93,7 +93,7 @@ class Node {
     [[nodiscard]] Node* next() const;
     [[nodiscard]] Node* previous() const;
     [[nodiscard]] std::size_t childCount() const;
-    /// The layer that holds this node; a layer answers itself.
+    /// The layer that contains this node; a layer returns itself.
     [[nodiscard]] const Node& layer() const;
     [[nodiscard]] bool isWithin(const Node& ancestor) const;
     /// Whether the node or anything around it is hidden (locked).
@@ -110,7 +110,7 @@ class Node {
 
     using Hook = boost::intrusive::set_member_hook<boost::intrusive::optimize_size<true>,
                                                    boost::intrusive::link_mode<boost::intrusive::normal_link>>;
-    enum class Indexed : std::uint8_t { No, Loose, InTree };
+    enum class Indexed : std::uint8_t { No, Dirty, InTree };
 
     NodeId id_;
     std::uint32_t origin_ = 0;         // for the node's life, so that undo need not know it
@@ -122,12 +122,16 @@ class Node {
     Hook hook_;                                 // in the parent's children
     std::unique_ptr<struct Children> children_; // containers only
 
-    static constexpr std::uint32_t nowhere = UINT32_MAX;
-    std::uint64_t record_ = 0;              // the newest record on the journal's stack that has a note of this node
-    std::uint32_t noteCount_ = 0;           // notes in all records, those to be redone included
-    std::uint32_t putBackBy_ = 0;           // the roll-back that last changed this node
-    std::uint32_t selectedPlace_ = nowhere; // in the tree's list of selected nodes
-    std::uint32_t loosePlace_ = nowhere;    // in the index's list of loose nodes
+    static constexpr std::uint32_t kNowhere = UINT32_MAX;
+    std::uint64_t record_ = 0;               // the newest record on the journal's stack that has a note of this node
+    std::uint32_t noteCount_ = 0;            // notes in all records, those to be redone included
+    std::uint32_t rolledBackBy_ = 0;         // the roll-back that last changed this node
+    std::uint32_t selectedPlace_ = kNowhere; // in the tree's list of selected nodes
+    std::uint32_t dirtyPlace_ = kNowhere;    // in the index's list of dirty nodes
 };
+
+/// The node after `node` in paint order among `top` and its descendants: a container comes before its contents. Null at
+/// the end.
+[[nodiscard]] Node* nextWithin(const Node& top, const Node& node);
 
 } // namespace easel::model

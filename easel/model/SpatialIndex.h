@@ -1,5 +1,5 @@
 // Finds the paths and the opaque art near a place, here all called paths. Paths that change while a transaction runs
-// are loose: they are searched one by one, so that a drag costs the index nothing; `settle` sorts them in. Knows
+// are dirty: they are searched one by one, so that a drag costs the index nothing; `reindex` sorts them in. Knows
 // nothing of visibility or order.
 #pragma once
 
@@ -21,14 +21,14 @@ class SpatialIndex {
     void find(const Box& box, std::vector<Node*>& found) const;
 
     /// To be called before a path changes its points, lives or dies.
-    void loosen(Node& path);
-    /// Sorts the loose paths in, one by one or, when they are many, by building the whole anew.
-    void settle();
+    void markDirty(Node& path);
+    /// Sorts the dirty paths in, one by one or, when they are many, by building the whole anew.
+    void reindex();
     /// Forgets a path whose slot is given back.
     void forget(Node& path);
 
   private:
-    struct Loose {
+    struct Dirty {
         Node* path;
         bool inTree;
         Box treeBox; // where the tree still has it
@@ -36,7 +36,7 @@ class SpatialIndex {
     struct BoxTree;
 
     std::unique_ptr<BoxTree> tree_;
-    std::vector<Loose> loose_;
+    std::vector<Dirty> dirty_;
 };
 
 } // namespace easel::model

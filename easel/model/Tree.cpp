@@ -74,7 +74,7 @@ void Tree::giveBack(Node& node) {
     node.state_ = {};
     node.record_ = 0;
     node.origin_ = 0;
-    node.putBackBy_ = 0;
+    node.rolledBackBy_ = 0;
     // A slot whose generations are used up stays empty for ever, so that no identity comes twice.
     if (node.id_.generation == kLastGeneration) return;
     freeSlots_.push_back(node.id_.slot);
@@ -105,12 +105,12 @@ void Tree::updateAlive(Node& node) {
 
 void Tree::setAlive(Node& node, bool alive) {
     node.alive_ = alive;
-    if (!node.isContainer()) index.loosen(node);
+    if (!node.isContainer()) index.markDirty(node);
     updateSelected(node);
 }
 
 void Tree::updateSelected(Node& node) {
-    const bool listed = node.selectedPlace_ != Node::nowhere;
+    const bool listed = node.selectedPlace_ != Node::kNowhere;
     if (listed == (node.alive_ && node.state_.selected)) return;
     if (!listed) {
         node.selectedPlace_ = static_cast<std::uint32_t>(selected_.size());
@@ -121,7 +121,7 @@ void Tree::updateSelected(Node& node) {
     selected_[node.selectedPlace_] = last;
     last->selectedPlace_ = node.selectedPlace_;
     selected_.pop_back();
-    node.selectedPlace_ = Node::nowhere;
+    node.selectedPlace_ = Node::kNowhere;
 }
 
 } // namespace easel::model

@@ -1,5 +1,5 @@
-// Where nodes are stored, how they hang together, and what is derived from that: who is alive, who is selected, who is
-// where. Notes nothing: only the journal and the document, which do, use it.
+// The storage of nodes, their links, and what is derived from these: the living, the selected, the spatial index.
+// Records no change: only the journal and the document, which do, use it.
 #pragma once
 
 #include <boost/container/deque.hpp>
@@ -32,7 +32,7 @@ class Tree {
     void attach(Node& node);
     void detach(Node& node);
     void attachNew(Node& node, Node* below); ///< an empty one to a living parent, right above `below` or last
-    /// Brings `alive` up to date for the node and, if that changes, for all it holds.
+    /// Brings `alive` up to date for the node and, if that changes, for its descendants.
     void updateAlive(Node& node);
 
     // Selection: the living selected nodes, in no order

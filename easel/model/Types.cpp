@@ -1,4 +1,4 @@
-// Boxes, and what path data says about itself.
+// Boxes, and the bounds and moves of path data.
 #include "model/Types.h"
 
 #include <algorithm>

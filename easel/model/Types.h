@@ -48,7 +48,7 @@ struct PathData {
 
     /// Number of curve pieces: one per pair of neighbours, and the closing one.
     [[nodiscard]] std::size_t segmentCount() const;
-    /// Holds all anchors and control points, hence the whole curve.
+    /// Contains all anchors and control points, hence the whole curve.
     [[nodiscard]] Box hull() const;
     /// Of the curve itself, without its control points.
     [[nodiscard]] Box bounds() const;

@@ -189,7 +189,7 @@ class DirectSelectionTool final : public SelectingTool {
             PointSelection points(pointCount(*node));
             for (std::size_t i = 0; i < points.size(); ++i) {
                 const Point at = node->path().points[i].anchor;
-                const bool inside = box.meets({at.x, at.y, at.x, at.y}) && model::isShown(*node, at);
+                const bool inside = box.meets({at.x, at.y, at.x, at.y}) && model::passesClip(*node, at);
                 points[i] = toggling ? node->pointSelected(i) != inside : node->pointSelected(i) || inside;
             }
             document.selectPoints(*node, std::move(points));

@@ -65,7 +65,7 @@ void setKind(std::int32_t kind) {
     currentDocument().journal().setKind(kinds[kind]);
 }
 
-void undoChanges() { currentDocument().journal().takeBack(); }
+void undoChanges() { currentDocument().journal().rollBackTransaction(); }
 
 } // namespace
 

@@ -147,7 +147,7 @@ TEST_F(HitTest, SnapPassesOverWhatTheGestureMoves) {
     journal.end();
 }
 
-// Against other ways to the answer
+// Against other ways to the result
 
 TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
     RandomEditor random(11);
@@ -164,7 +164,8 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
             const Point point = random.point();
             double nearest = 20;
             for (const Node* node : allNodes(document)) {
-                if (node->type() != NodeType::Path || node->effectivelyHidden() || journal.wasPutBack(*node)) continue;
+                if (node->type() != NodeType::Path || node->effectivelyHidden() || journal.wasRolledBack(*node))
+                    continue;
                 for (const PathPoint& p : node->path().points) {
                     nearest = std::min(nearest, std::hypot(p.anchor.x - point.x, p.anchor.y - point.y));
                 }
