@@ -1,4 +1,4 @@
-// The command line. Answers 0 when all went well, 1 after an error (one line on standard error), 2 when it was called
+// The command line. Returns 0 when all went well, 1 after an error (one line on standard error), 2 when it was called
 // in a way it does not know.
 #include <CLI/CLI.hpp>
 
@@ -35,10 +35,10 @@ struct Command {
 
 // Scripts and plug-ins
 
-ExitCode play(const Command& command) {
+ExitCode runScript(const Command& command) {
     easel::session::Session session;
     const char* const trace = std::getenv("EASEL_TRACE");
-    session.trace = trace != nullptr && std::string_view(trace) == "1";
+    session.trace = trace && std::string_view(trace) == "1";
     for (const std::string& bundle : command.plugins) session.load(bundle);
     ExitCode code = Done;
     for (const std::string& line : session.start()) code = fail(Failed, line);
@@ -71,7 +71,7 @@ ExitCode listPlugins(const Command& command) {
 
 // Drawings
 
-std::unique_ptr<easel::model::Document> opened(const Command& command) {
+std::unique_ptr<easel::model::Document> openDrawing(const Command& command) {
     return easel::svg::open(command.drawing,
                             [](const std::string& line) { std::cerr << "easel: user data: " << line << '\n'; });
 }
@@ -81,7 +81,7 @@ bool endsIn(const std::string& text, std::string_view end) {
 }
 
 ExitCode render(const Command& command) {
-    const auto document = opened(command);
+    const auto document = openDrawing(command);
     const std::string svg = easel::svg::write(*document);
     if (endsIn(command.picture, ".pdf")) {
         easel::svg::exportPdf(svg, command.picture, command.scale);
@@ -91,8 +91,8 @@ ExitCode render(const Command& command) {
     return Done;
 }
 
-ExitCode inform(const Command& command) {
-    const auto document = opened(command);
+ExitCode info(const Command& command) {
+    const auto document = openDrawing(command);
     easel::svg::summarize(*document, std::cout);
     return Done;
 }
@@ -106,13 +106,13 @@ void addPlugins(CLI::App& cli, Command& command) {
         ->allow_extra_args(false);
 }
 
-ExitCode obey(int argc, char** argv) {
+ExitCode run(int argc, char** argv) {
     Command command;
     CLI::App cli{"Easel, a drawing application that plays its part without a window", "easel"};
     cli.require_subcommand(1);
-    CLI::App& run = *cli.add_subcommand("run", "Plays a session script");
-    run.add_option("SCRIPT", command.script, "JavaScript; see docs/session-scripts.md")->required();
-    addPlugins(run, command);
+    CLI::App& runCommand = *cli.add_subcommand("run", "Plays a session script");
+    runCommand.add_option("SCRIPT", command.script, "JavaScript; see docs/session-scripts.md")->required();
+    addPlugins(runCommand, command);
     CLI::App& picture = *cli.add_subcommand("render", "Makes a picture of a drawing");
     picture.add_option("IN.svg", command.drawing, "The drawing")->required();
     picture.add_option("-o", command.picture, "The picture: OUT.png or OUT.pdf")
@@ -120,8 +120,8 @@ ExitCode obey(int argc, char** argv) {
         ->check(pictureName, "NAME");
     picture.add_option("--scale", command.scale, "Pixels (of a PDF: points) for each point of the drawing")
         ->check(CLI::PositiveNumber);
-    CLI::App& info = *cli.add_subcommand("info", "Tells what a drawing holds, and what of it is not edited");
-    info.add_option("FILE", command.drawing, "The drawing")->required();
+    CLI::App& infoCommand = *cli.add_subcommand("info", "Tells what a drawing holds, and what of it is not edited");
+    infoCommand.add_option("FILE", command.drawing, "The drawing")->required();
     CLI::App& plugins = *cli.add_subcommand("plugins", "Tells which plug-ins load and start, and their tools");
     addPlugins(plugins, command);
     const auto named = [&](const CLI::App* known) { return known->get_name() == argv[1]; };
@@ -136,15 +136,15 @@ ExitCode obey(int argc, char** argv) {
         return Done;
     }
     if (picture.parsed()) return render(command);
-    if (info.parsed()) return inform(command);
-    return plugins.parsed() ? listPlugins(command) : play(command);
+    if (infoCommand.parsed()) return info(command);
+    return plugins.parsed() ? listPlugins(command) : runScript(command);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     try {
-        return obey(argc, argv);
+        return run(argc, argv);
     } catch (const std::exception& error) {
         return fail(Failed, error.what());
     }

@@ -8,16 +8,16 @@ namespace easel::script {
 
 namespace {
 
-void print(Host& host, const Rest& rest) {
+void print(Host& host, const Variadic& rest) {
     const char* gap = "";
-    for (const Words& words : rest.values) {
-        host.out << gap << words.text;
+    for (const AnyAsText& value : rest.values) {
+        host.out << gap << value.text;
         gap = " ";
     }
     host.out << std::endl;
 }
 
-void assertThat(Host& /*host*/, Condition condition, const std::optional<Words>& text) {
+void assertThat(Host& /*host*/, Truthy condition, const std::optional<AnyAsText>& text) {
     if (!condition.holds) throw session::Error("failed" + (text ? ": " + text->text : ""));
 }
 
@@ -36,9 +36,9 @@ struct PictureOptions {
 };
 
 void read(const Value& value, PictureOptions& slot) {
-    static constexpr std::array<std::string_view, 1> names{"annotations"};
-    if (!duk_is_object(value.engine(), value.index())) value.mustBe("an object like {annotations: true}");
-    value.mustHaveOnly(names);
+    static constexpr std::array<std::string_view, 1> kNames{"annotations"};
+    if (!duk_is_object(value.engine(), value.index())) value.fail("an object like {annotations: true}");
+    value.mustHaveOnly(kNames);
     if (value.member<std::optional<bool>>("annotations").value_or(false)) slot.overlay = session::Overlay::Annotations;
 }
 
@@ -56,20 +56,20 @@ std::vector<AnnotationRecord> annotations(Host& host) {
 }
 
 void close(Host& host) {
-    (void)host.session.needDocument();
+    static_cast<void>(host.session.needDocument());
     host.session.close();
 }
 
 std::optional<Document> frontDocument(Host& host) {
     auto* const document = host.session.document();
-    return document != nullptr ? std::optional(Document{document}) : std::nullopt;
+    return document ? std::optional(Document{document}) : std::nullopt;
 }
 
 // Tools
 
 session::Tool& toolTitled(Host& host, const std::string& title) {
     auto* const tool = host.session.toolbox.findByTitle(title);
-    if (tool == nullptr) throw session::Error("no tool has the title \"" + title + '"');
+    if (!tool) throw session::Error("no tool has the title \"" + title + '"');
     return *tool;
 }
 
@@ -100,7 +100,7 @@ void editTool(Host& host, const std::string& title) { host.session.editTool(tool
 std::variant<std::int32_t, CursorImageRecord> cursor(Host& host) {
     const StageCursor& shown = host.session.cursor();
     const auto* const owner = host.session.plugins.find(shown.plugin);
-    if (owner == nullptr) return shown.number;
+    if (!owner) return shown.number;
     return CursorImageRecord{.plugin = owner->name,
                              .resource = shown.resource,
                              .hotSpot = {shown.hotSpot.h, shown.hotSpot.v},
@@ -118,7 +118,7 @@ MenuItemRecord itemRecord(const session::MenuItem& item) {
             .enabled = session::Menus::isEnabled(item),
             .checked = item.checked,
             .divider = item.isDivider(),
-            .opens = item.opens != nullptr ? std::optional(item.opens->name) : std::nullopt};
+            .opens = item.opens ? std::optional(item.opens->name) : std::nullopt};
 }
 
 std::vector<MenuGroupRecord> menus(Host& host) {
@@ -127,8 +127,8 @@ std::vector<MenuGroupRecord> menus(Host& host) {
     for (const auto* group : host.session.menus.groups()) {
         MenuGroupRecord record{.group = group->name, .items = {}};
         for (const session::MenuChild& child : group->children) {
-            const auto* const item = child.item != nullptr ? child.item : child.group->opener;
-            if (item != nullptr) record.items.push_back(itemRecord(*item));
+            const auto* const item = child.item ? child.item : child.group->opener;
+            if (item) record.items.push_back(itemRecord(*item));
         }
         if (!record.items.empty()) groups.push_back(record);
     }
@@ -149,7 +149,7 @@ void setBrightness(Host& host, double value) {
 }
 
 bool snapToPoint(Host& host) { return host.session.pointer.snapping.toPoint; }
-void setSnapToPoint(Host& host, Condition on) { host.session.pointer.snapping.toPoint = on.holds; }
+void setSnapToPoint(Host& host, Truthy on) { host.session.pointer.snapping.toPoint = on.holds; }
 double gridSpacing(Host& host) { return host.session.pointer.snapping.gridSpacing; }
 void setGridSpacing(Host& host, Positive spacing) { host.session.pointer.snapping.gridSpacing = spacing.value; }
 
@@ -196,12 +196,12 @@ void quit(Host& host) { host.session.quit(); }
 
 std::vector<std::string> reports(Host& host) { return host.session.reports(); }
 
-constexpr Row globals[] = {
+constexpr Row kGlobals[] = {
     method<print>("print", "values"),
     method<assertThat>("assert", "condition, text"),
 };
 
-constexpr Row app[] = {
+constexpr Row kApp[] = {
     method<newDocument>("app.newDocument", "width, height"),
     method<open>("app.open", "path"),
     method<save>("app.save", "path"),
@@ -233,8 +233,8 @@ constexpr Row app[] = {
 
 } // namespace
 
-std::span<const Row> globalRows() { return globals; }
+std::span<const Row> globalRows() { return kGlobals; }
 
-std::span<const Row> appRows() { return app; }
+std::span<const Row> appRows() { return kApp; }
 
 } // namespace easel::script

@@ -12,7 +12,7 @@ namespace easel::script {
 
 namespace {
 
-constexpr std::size_t quotedLength = 40;
+constexpr std::size_t kQuotedLength = 40;
 
 duk_ret_t getMember(duk_context* engine, void* /*unused*/) { // object, key -> value
     duk_get_prop(engine, -2);
@@ -44,8 +44,8 @@ std::string describe(duk_context* engine, duk_idx_t index) {
     duk_dup(engine, index);
     std::string text = duk_safe_to_string(engine, -1);
     duk_pop(engine);
-    if (text.size() > quotedLength) {
-        std::size_t end = quotedLength;
+    if (text.size() > kQuotedLength) {
+        std::size_t end = kQuotedLength;
         while ((text[end] & 0xc0) == 0x80) --end; // not inside a character
         text = text.substr(0, end) + "...";
     }
@@ -71,23 +71,22 @@ template <class... T> void pushRecord(duk_context* engine, const std::pair<const
 }
 
 template <class T> T found(const Value& value, const std::optional<T>& thing, std::string_view what) {
-    if (!thing) value.mustBe(what);
+    if (!thing) value.fail(what);
     return *thing;
 }
 
 void mustBeObject(const Value& value, std::string_view what) {
-    if (!duk_is_object(value.engine(), value.index()) || duk_is_array(value.engine(), value.index()))
-        value.mustBe(what);
+    if (!duk_is_object(value.engine(), value.index()) || duk_is_array(value.engine(), value.index())) value.fail(what);
 }
 
 } // namespace
 
 std::string Value::where() const {
-    if (outer_ == nullptr) return std::string(role_);
-    return outer_->where() + ", " + (key_ != nullptr ? key_ : "item " + std::to_string(at_));
+    if (!outer_) return std::string(role_);
+    return outer_->where() + ", " + (key_ ? key_ : "item " + std::to_string(at_));
 }
 
-void Value::mustBe(std::string_view what) const {
+void Value::fail(std::string_view what) const {
     throw BadArgument(where() + " must be " + std::string(what) + ", not " + describe(engine_, index_));
 }
 
@@ -95,7 +94,7 @@ void Value::refuse(std::string_view why) const { throw BadArgument(where() + ": 
 
 void Value::pushMember(const char* key, std::size_t at) const {
     duk_dup(engine_, index_);
-    if (key != nullptr)
+    if (key)
         duk_push_string(engine_, key);
     else
         duk_push_number(engine_, static_cast<double>(at));
@@ -103,7 +102,7 @@ void Value::pushMember(const char* key, std::size_t at) const {
 }
 
 std::size_t Value::itemCount() const {
-    if (!duk_is_array(engine_, index_)) mustBe("a list");
+    if (!duk_is_array(engine_, index_)) fail("a list");
     return member<std::size_t>("length");
 }
 
@@ -112,7 +111,7 @@ void Value::mustHaveOnly(std::span<const std::string_view> known) const {
     protect(engine_, listKeys, 1);
     const Value keys(engine_, duk_get_top_index(engine_), {});
     for (std::size_t i = 0, count = keys.itemCount(); i < count; ++i) {
-        const auto key = keys.item<Words>(i).text;
+        const auto key = keys.item<AnyAsText>(i).text;
         if (std::find(known.begin(), known.end(), key) == known.end()) refuse('"' + key + "\" means nothing here");
     }
     duk_pop(engine_);
@@ -120,34 +119,34 @@ void Value::mustHaveOnly(std::span<const std::string_view> known) const {
 
 void read(const Value& value, double& slot) {
     slot = duk_is_number(value.engine(), value.index()) ? duk_get_number(value.engine(), value.index()) : NAN;
-    if (!std::isfinite(slot)) value.mustBe("a finite number");
+    if (!std::isfinite(slot)) value.fail("a finite number");
 }
 
 void read(const Value& value, Positive& slot) {
     const double number = duk_get_number_default(value.engine(), value.index(), 0);
-    if (!std::isfinite(number) || number <= 0) value.mustBe("a number greater than 0");
+    if (!std::isfinite(number) || number <= 0) value.fail("a number greater than 0");
     slot.value = number;
 }
 
 void read(const Value& value, std::size_t& slot) {
-    constexpr double most = 1e15; // whole numbers are exact up to here
+    constexpr double kMost = 1e15; // whole numbers are exact up to here
     const double number = duk_get_number_default(value.engine(), value.index(), -1);
-    if (!(number >= 0 && number <= most) || number != std::floor(number)) value.mustBe("a whole number");
+    if (!(number >= 0 && number <= kMost) || number != std::floor(number)) value.fail("a whole number");
     slot = static_cast<std::size_t>(number);
 }
 
 void read(const Value& value, bool& slot) {
-    if (!duk_is_boolean(value.engine(), value.index())) value.mustBe("true or false");
+    if (!duk_is_boolean(value.engine(), value.index())) value.fail("true or false");
     slot = duk_get_boolean(value.engine(), value.index()) != 0;
 }
 
-void read(const Value& value, Condition& slot) {
+void read(const Value& value, Truthy& slot) {
     duk_dup(value.engine(), value.index());
     slot.holds = duk_to_boolean(value.engine(), -1) != 0;
     duk_pop(value.engine());
 }
 
-void read(const Value& value, Words& slot) {
+void read(const Value& value, AnyAsText& slot) {
     duk_dup(value.engine(), value.index());
     slot.text = duk_safe_to_string(value.engine(), -1);
     duk_pop(value.engine());
@@ -157,23 +156,23 @@ void read(const Value& value, Words& slot) {
 void read(const Value& value, std::string& slot) {
     duk_size_t size = 0;
     const char* const bytes = duk_get_lstring(value.engine(), value.index(), &size);
-    if (bytes == nullptr || duk_is_symbol(value.engine(), value.index())) value.mustBe("a text");
+    if (!bytes || duk_is_symbol(value.engine(), value.index())) value.fail("a text");
     auto text = fromEngine({bytes, size});
-    if (!text || !isStorable(*text)) value.mustBe("a text of one line in whole characters");
+    if (!text || !isStorable(*text)) value.fail("a text of one line in whole characters");
     slot = std::move(*text);
 }
 
 void read(const Value& value, ModifierKeys& slot) {
-    static constexpr std::array<std::string_view, 4> names{"shift", "option", "control", "command"};
-    static constexpr std::array<session::Modifiers, 4> bits{kAIShiftKey, kAIOptionKey, kAIControlKey, kAICommandKey};
+    static constexpr std::array<std::string_view, 4> kNames{"shift", "option", "control", "command"};
+    static constexpr std::array<session::Modifiers, 4> kBits{kAIShiftKey, kAIOptionKey, kAIControlKey, kAICommandKey};
     mustBeObject(value, "an object like {shift: true}");
-    value.mustHaveOnly(names);
-    for (std::size_t i = 0; i < names.size(); ++i)
-        if (value.member<std::optional<bool>>(names[i].data()).value_or(false)) slot.bits |= bits[i];
+    value.mustHaveOnly(kNames);
+    for (std::size_t i = 0; i < kNames.size(); ++i)
+        if (value.member<std::optional<bool>>(kNames[i].data()).value_or(false)) slot.bits |= kBits[i];
 }
 
 void read(const Value& value, model::Point& slot) {
-    if (value.itemCount() != 2) value.mustBe("[x, y]");
+    if (value.itemCount() != 2) value.fail("[x, y]");
     slot = {value.item<double>(0), value.item<double>(1)};
 }
 
@@ -184,10 +183,10 @@ void read(const Value& value, model::PathPoint& slot) {
         return;
     }
     // "selected" is taken, and passed over, so that the points of one path can be handed on to make another.
-    static constexpr std::array<std::string_view, 8> names{"x",    "y",    "inX",    "inY",
-                                                           "outX", "outY", "corner", "selected"};
+    static constexpr std::array<std::string_view, 8> kNames{"x",    "y",    "inX",    "inY",
+                                                            "outX", "outY", "corner", "selected"};
     mustBeObject(value, "[x, y] or an object like {x: 1, y: 2}");
-    value.mustHaveOnly(names);
+    value.mustHaveOnly(kNames);
     const auto optional = [&](const char* key, double missing) {
         return value.member<std::optional<double>>(key).value_or(missing);
     };
@@ -265,11 +264,11 @@ void push(duk_context* engine, const CursorImageRecord& record) {
 }
 
 void push(duk_context* engine, const AnnotationRecord& record) {
-    static constexpr std::array<std::string_view, 5> kinds{"line", "rectangle", "ellipse", "polygon", "text"};
+    static constexpr std::array<std::string_view, 5> kKinds{"line", "rectangle", "ellipse", "polygon", "text"};
     const model::Mark& mark = record.mark;
     const bool isText = mark.kind == model::Mark::Kind::Text;
     const auto given = [](bool applies, auto value) { return applies ? std::optional(value) : std::nullopt; };
-    pushRecord(engine, std::pair("kind", kinds[static_cast<std::size_t>(mark.kind)]),
+    pushRecord(engine, std::pair("kind", kKinds[static_cast<std::size_t>(mark.kind)]),
                std::pair("annotator", record.annotator), std::pair("points", mark.points),
                std::pair("filled", mark.filled), std::pair("color", mark.pen.color),
                std::pair("opacity", mark.pen.opacity), std::pair("width", given(!mark.filled, mark.pen.lineWidth)),

@@ -1,4 +1,4 @@
-// What a script passes to a call, checked and turned into plain values; and what the call answers, turned back.
+// What a script passes to a call, checked and turned into plain values; and what the call returns, turned back.
 // One reader a type: `read(value, slot)` fills the slot or throws BadArgument. Reading never lets the engine jump over
 // C++ objects: whatever can run code of the script goes through Value, which turns a jump into Thrown.
 #pragma once
@@ -34,7 +34,7 @@ class Value {
     [[nodiscard]] bool isMissing() const { return duk_is_undefined(engine_, index_) != 0; }
 
     /// Throws BadArgument "ROLE must be WHAT, not VALUE".
-    [[noreturn]] void mustBe(std::string_view what) const;
+    [[noreturn]] void fail(std::string_view what) const;
     [[noreturn]] void refuse(std::string_view why) const; ///< "ROLE: WHY"
 
     /// Reads one member of an object or list, which may be missing.
@@ -97,12 +97,12 @@ struct AnnotationRecord {
     std::string annotator;
     model::Mark mark;
 };
-/// Any value at all, as a condition.
-struct Condition {
+/// Any value at all: true, or what counts as true.
+struct Truthy {
     bool holds = false;
 };
-/// Any value at all, in words.
-struct Words {
+/// Any value at all, as the engine writes it.
+struct AnyAsText {
     std::string text;
 };
 /// {shift, option, control, command}, each true or false.
@@ -113,8 +113,8 @@ void read(const Value& value, double& slot);
 void read(const Value& value, Positive& slot);
 void read(const Value& value, std::size_t& slot);
 void read(const Value& value, bool& slot);
-void read(const Value& value, Condition& slot);
-void read(const Value& value, Words& slot);
+void read(const Value& value, Truthy& slot);
+void read(const Value& value, AnyAsText& slot);
 void read(const Value& value, std::string& slot);
 void read(const Value& value, ModifierKeys& slot);
 void read(const Value& value, model::Point& slot);     ///< [x, y]
@@ -154,7 +154,7 @@ template <class T> T Value::item(std::size_t at) const {
     return readTop<T>(nullptr, at);
 }
 
-/// The answer of a call, pushed on the stack.
+/// The result of a call, pushed on the stack.
 void push(duk_context* engine, double number);
 void push(duk_context* engine, bool flag);
 void push(duk_context* engine, const char* text) = delete; // would be taken for a flag

@@ -9,14 +9,14 @@ namespace easel::script {
 
 namespace {
 
-constexpr const char* rowKey = DUK_HIDDEN_SYMBOL("row");
-constexpr const char* errorKey = "Error";
-constexpr const char* typeErrorKey = "TypeError";
+constexpr const char* kRowKey = DUK_HIDDEN_SYMBOL("row");
+constexpr const char* kErrorKey = "Error";
+constexpr const char* kTypeErrorKey = "TypeError";
 
 /// The row of the native that is running.
 const Row& currentRow(duk_context* engine) {
     duk_push_current_function(engine);
-    duk_get_prop_string(engine, -1, rowKey);
+    duk_get_prop_string(engine, -1, kRowKey);
     const auto* const row = static_cast<const Row*>(duk_get_pointer(engine, -1));
     duk_pop_2(engine);
     return *row;
@@ -24,11 +24,11 @@ const Row& currentRow(duk_context* engine) {
 
 /// The name of the parameter at `index`, counted from 0; the last name stands for all that follow.
 std::string_view parameterName(std::string_view names, int index) {
-    constexpr std::string_view comma = ", ";
-    std::size_t end = names.find(comma);
+    constexpr std::string_view kComma = ", ";
+    std::size_t end = names.find(kComma);
     for (; index > 0 && end != std::string_view::npos; --index) {
-        names.remove_prefix(end + comma.size());
-        end = names.find(comma);
+        names.remove_prefix(end + kComma.size());
+        end = names.find(kComma);
     }
     return names.substr(0, end);
 }
@@ -36,7 +36,7 @@ std::string_view parameterName(std::string_view names, int index) {
 void pushNative(duk_context* engine, const Row& row, duk_c_function function, duk_idx_t arguments) {
     duk_push_c_function(engine, function, arguments);
     duk_push_pointer(engine, const_cast<Row*>(&row)); // NOLINT(cppcoreguidelines-pro-type-const-cast): only read
-    duk_put_prop_string(engine, -2, rowKey);
+    duk_put_prop_string(engine, -2, kRowKey);
 }
 
 } // namespace
@@ -83,7 +83,7 @@ Failure pushFailure(duk_context* engine) noexcept {
 duk_ret_t raise(duk_context* engine, Failure failure) {
     if (failure != Failure::Thrown) {
         duk_push_heap_stash(engine);
-        duk_get_prop_string(engine, -1, failure == Failure::TypeError ? typeErrorKey : errorKey);
+        duk_get_prop_string(engine, -1, failure == Failure::TypeError ? kTypeErrorKey : kErrorKey);
         duk_dup(engine, -3);
         duk_new(engine, 1);
     }
@@ -92,21 +92,21 @@ duk_ret_t raise(duk_context* engine, Failure failure) {
 
 void keepErrorConstructors(duk_context* engine) {
     duk_push_heap_stash(engine);
-    for (const char* key : {errorKey, typeErrorKey}) {
+    for (const char* key : {kErrorKey, kTypeErrorKey}) {
         duk_get_global_string(engine, key);
         duk_put_prop_string(engine, -2, key);
     }
     duk_pop(engine);
 }
 
-void refuseChange(Host& /*host*/, Condition /*value*/) { throw BadArgument("cannot be set"); }
+void refuseChange(Host& /*host*/, Truthy /*value*/) { throw BadArgument("cannot be set"); }
 
 void define(duk_context* engine, std::span<const Row> rows) {
     for (const Row& row : rows) {
         const char* const dot = std::strrchr(row.name, '.');
-        duk_push_string(engine, dot == nullptr ? row.name : dot + 1);
+        duk_push_string(engine, !dot ? row.name : dot + 1);
         duk_uint_t flags = DUK_DEFPROP_SET_ENUMERABLE;
-        if (row.call != nullptr) {
+        if (row.call) {
             pushNative(engine, row, row.call, DUK_VARARGS);
             flags |= DUK_DEFPROP_HAVE_VALUE;
         } else {
@@ -114,7 +114,7 @@ void define(duk_context* engine, std::span<const Row> rows) {
             pushNative(engine, row, row.set, 1);
             flags |= DUK_DEFPROP_HAVE_GETTER | DUK_DEFPROP_HAVE_SETTER;
         }
-        duk_def_prop(engine, row.call != nullptr ? -3 : -4, flags);
+        duk_def_prop(engine, row.call ? -3 : -4, flags);
     }
 }
 

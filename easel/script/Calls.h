@@ -1,5 +1,5 @@
 // How a function of ours becomes a call of the script: a row names it, and one shim reads its typed arguments, runs it
-// and pushes its answer. The engine leaves a native by a jump that skips destructors, so the shim throws into the
+// and pushes its result. The engine leaves a native by a jump that skips destructors, so the shim throws into the
 // script only after every C++ object is gone.
 #pragma once
 
@@ -31,8 +31,8 @@ struct Row {
 template <class T> struct This : T {};
 
 /// Takes all remaining arguments.
-struct Rest {
-    std::vector<Words> values;
+struct Variadic {
+    std::vector<AnyAsText> values;
 };
 
 /// The arguments of the running native, handed out from the first to the last.
@@ -54,7 +54,7 @@ class Arguments {
         read(Value(engine_, duk_get_top_index(engine_), "the object of the call"), static_cast<T&>(slot));
         duk_pop(engine_);
     }
-    void next(Rest& slot) {
+    void next(Variadic& slot) {
         while (used_ < count_) read(argument(false), slot.values.emplace_back());
     }
     [[nodiscard]] Value argument(bool mayBeMissing);
@@ -68,30 +68,30 @@ class Arguments {
 /// What the shim has to throw once it is alone.
 enum class Failure : duk_ret_t { Error = -3, TypeError = -2, Thrown = -1 };
 
-/// For a catch block: pushes what the exception says, "NAME: REASON", and answers how to throw it.
+/// For a catch block: pushes what the exception says, "NAME: REASON", and returns how to throw it.
 [[nodiscard]] Failure pushFailure(duk_context* engine) noexcept;
 /// Throws what is on top of the stack.
 duk_ret_t raise(duk_context* engine, Failure failure);
 /// Keeps the engine's own error constructors, which a script may replace.
 void keepErrorConstructors(duk_context* engine);
 
-template <class T> constexpr std::size_t mostArguments = 1;
-template <class T> constexpr std::size_t mostArguments<This<T>> = 0;
-template <> constexpr std::size_t mostArguments<Rest> = 1000;
+template <class T> constexpr std::size_t kMaxArguments = 1;
+template <class T> constexpr std::size_t kMaxArguments<This<T>> = 0;
+template <> constexpr std::size_t kMaxArguments<Variadic> = 1000;
 
 /// The half of the shim that owns C++ objects.
 template <class Answer, class... T> duk_ret_t perform(duk_context* engine, Answer (*function)(Host&, T...)) noexcept {
     try {
-        Arguments arguments(engine, (std::size_t{0} + ... + mostArguments<std::decay_t<T>>));
+        Arguments arguments(engine, (std::size_t{0} + ... + kMaxArguments<std::decay_t<T>>));
         std::tuple<std::decay_t<T>...> values{arguments.take<std::decay_t<T>>()...};
         const auto call = [&](const auto&... each) { return function(hostOf(engine), each...); };
         if constexpr (std::is_void_v<Answer>) {
             std::apply(call, values);
-            hostOf(engine).session.messenger.settle();
+            hostOf(engine).session.messenger.flush();
             return 0;
         } else {
             push(engine, std::apply(call, values));
-            hostOf(engine).session.messenger.settle();
+            hostOf(engine).session.messenger.flush();
             return 1;
         }
     } catch (...) {
@@ -108,7 +108,7 @@ template <auto function> constexpr Row method(const char* name, const char* para
     return {name, parameters, shim<function>};
 }
 /// What setting a property does that cannot be set; without it the engine's error would name nothing.
-[[noreturn]] void refuseChange(Host& host, Condition value);
+[[noreturn]] void refuseChange(Host& host, Truthy value);
 
 template <auto get, auto set = refuseChange> constexpr Row property(const char* name) {
     return {name, "value", nullptr, shim<get>, shim<set>};

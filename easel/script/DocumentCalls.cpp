@@ -26,9 +26,9 @@ struct PathOptions {
 };
 
 void read(const Value& value, PathOptions& slot) {
-    static constexpr std::array<std::string_view, 2> names{"closed", "layer"};
-    if (!duk_is_object(value.engine(), value.index())) value.mustBe("an object like {closed: true}");
-    value.mustHaveOnly(names);
+    static constexpr std::array<std::string_view, 2> kNames{"closed", "layer"};
+    if (!duk_is_object(value.engine(), value.index())) value.fail("an object like {closed: true}");
+    value.mustHaveOnly(kNames);
     slot.closed = value.member<std::optional<bool>>("closed").value_or(false);
     slot.layer = value.member<std::optional<Layer>>("layer");
 }
@@ -55,8 +55,8 @@ std::vector<model::Node*> outermost(const ArtList& list, const Document& documen
     std::vector<model::Node*> nodes;
     for (const Art& art : list.items) {
         const auto* around = art->parent();
-        while (around != nullptr && listed.count(around) == 0) around = around->parent();
-        if (around == nullptr && taken.insert(art.node).second) nodes.push_back(art.node);
+        while (around && listed.count(around) == 0) around = around->parent();
+        if (!around && taken.insert(art.node).second) nodes.push_back(art.node);
     }
     return nodes;
 }
@@ -73,21 +73,21 @@ std::vector<Object> layers(Host& /*host*/, const ThisDocument& doc) {
 
 std::vector<Object> paths(Host& /*host*/, const ThisDocument& doc) {
     std::vector<model::Node*> nodes;
-    for (model::Node* node = &doc->root(); node != nullptr;) {
+    for (model::Node* node = &doc->root(); node;) {
         if (node->type() == model::NodeType::Path) nodes.push_back(node);
-        if (node->firstChild() != nullptr) {
+        if (node->firstChild()) {
             node = node->firstChild();
             continue;
         }
-        while (node != nullptr && node->next() == nullptr) node = node->parent();
-        if (node != nullptr) node = node->next();
+        while (node && !node->next()) node = node->parent();
+        if (node) node = node->next();
     }
     return objects(doc, nodes);
 }
 
 std::optional<Object> find(Host& /*host*/, const ThisDocument& doc, const std::string& id) {
     auto* const node = doc->findByName(id);
-    return node != nullptr ? std::optional(Object{doc.open, node}) : std::nullopt;
+    return node ? std::optional(Object{doc.open, node}) : std::nullopt;
 }
 
 double width(Host& /*host*/, const ThisDocument& doc) { return doc->width(); }
@@ -191,7 +191,7 @@ model::Point center(Host& /*host*/, const This<View>& view) { return view.docume
 
 void setCenter(Host& /*host*/, const This<View>& view, model::Point center) { view.document->view.center = center; }
 
-constexpr Row documentCalls[] = {
+constexpr Row kDocumentCalls[] = {
     property<layers>("doc.layers"),
     property<paths>("doc.paths"),
     method<find>("doc.find", "id"),
@@ -212,15 +212,15 @@ constexpr Row documentCalls[] = {
     property<view>("doc.view"),
 };
 
-constexpr Row viewCalls[] = {
+constexpr Row kViewCalls[] = {
     property<zoom, setZoom>("view.zoom"),
     property<center, setCenter>("view.center"),
 };
 
 } // namespace
 
-std::span<const Row> documentRows() { return documentCalls; }
+std::span<const Row> documentRows() { return kDocumentCalls; }
 
-std::span<const Row> viewRows() { return viewCalls; }
+std::span<const Row> viewRows() { return kViewCalls; }
 
 } // namespace easel::script

@@ -61,19 +61,19 @@ bool artLocked(Host& /*host*/, const ThisArt& art) { return art->locked(); }
 
 bool hidden(Host& /*host*/, const ThisArt& art) { return art->hidden(); }
 
-bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip() != nullptr; }
+bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip(); }
 
 std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
     return isPath(art) ? std::optional(art->style()) : std::nullopt;
 }
 
-constexpr Row layerCalls[] = {
+constexpr Row kLayerCalls[] = {
     property<title, setTitle>("layer.title"),
     property<layerLocked, setLocked>("layer.locked"),
     property<visible, setVisible>("layer.visible"),
 };
 
-constexpr Row artCalls[] = {
+constexpr Row kArtCalls[] = {
     property<id>("path.id"),
     property<type>("path.type"),
     property<closed>("path.closed"),
@@ -88,8 +88,8 @@ constexpr Row artCalls[] = {
 
 } // namespace
 
-std::span<const Row> layerRows() { return layerCalls; }
+std::span<const Row> layerRows() { return kLayerCalls; }
 
-std::span<const Row> artRows() { return artCalls; }
+std::span<const Row> artRows() { return kArtCalls; }
 
 } // namespace easel::script

@@ -9,7 +9,7 @@ namespace easel::script {
 
 namespace {
 
-constexpr const char* identityKey = DUK_HIDDEN_SYMBOL("identity");
+constexpr const char* kIdentityKey = DUK_HIDDEN_SYMBOL("identity");
 
 struct Identity {
     Kind kind;
@@ -26,7 +26,7 @@ void push(duk_context* engine, const Identity& identity) {
         duk_pop(engine);
         duk_push_bare_object(engine);
         duk_push_lstring(engine, key.data(), key.size());
-        duk_put_prop_string(engine, -2, identityKey);
+        duk_put_prop_string(engine, -2, kIdentityKey);
         duk_get_prop_index(engine, -2, static_cast<duk_uarridx_t>(identity.kind));
         duk_set_prototype(engine, -2);
         duk_freeze(engine, -1);
@@ -37,7 +37,7 @@ void push(duk_context* engine, const Identity& identity) {
 }
 
 duk_ret_t getHidden(duk_context* engine, void* /*unused*/) {
-    duk_get_prop_string(engine, -1, identityKey);
+    duk_get_prop_string(engine, -1, kIdentityKey);
     return 1;
 }
 
@@ -45,7 +45,7 @@ duk_ret_t getHidden(duk_context* engine, void* /*unused*/) {
 std::optional<Identity> identityOf(duk_context* engine, duk_idx_t index, Kind kind) {
     if (!duk_is_object(engine, index)) return std::nullopt;
     duk_dup(engine, index);
-    // A stranger's prototype chain may hold a proxy, which answers by running the script.
+    // A stranger's prototype chain may hold a proxy, which runs the script when asked.
     duk_safe_call(engine, getHidden, nullptr, 1, 1);
     std::optional<Identity> found;
     duk_size_t size = 0;
@@ -62,7 +62,7 @@ std::optional<Identity> identityOf(duk_context* engine, duk_idx_t index, Kind ki
 
 model::Document& openDocument(const Identity& identity) {
     auto* const document = session::Session::current().documentByNumber(identity.document);
-    if (document == nullptr) throw Stale("this document is closed");
+    if (!document) throw Stale("this document is closed");
     return *document;
 }
 
@@ -95,7 +95,7 @@ std::optional<Object> findNode(duk_context* engine, duk_idx_t index, Kind kind) 
     if (!identity) return std::nullopt;
     auto& document = openDocument(*identity);
     auto* const node = document.find(identity->node);
-    if (node == nullptr)
+    if (!node)
         throw Stale(kind == Kind::Layer ? "this layer is no longer in the document"
                                         : "this path is no longer in the document");
     return Object{&document, node};

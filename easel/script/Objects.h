@@ -35,7 +35,7 @@ struct Object {
 struct Layer : Object {};
 struct Art : Object {};
 
-/// Keeps the object on top of the stack, and takes it off, as what objects of this kind inherit from.
+/// Pops the object and makes it the prototype of all objects of this kind.
 void setPrototype(duk_context* engine, Kind kind);
 
 /// Pushes the object that stands for a thing.

@@ -48,7 +48,7 @@ void pressKey(Host& host, const std::string& name, const Modifiers& modifiers) {
     host.session.pressKey(*code, bits(modifiers));
 }
 
-constexpr Row mouse[] = {
+constexpr Row kMouse[] = {
     method<move>("mouse.move", "x, y, modifiers"),
     method<press>("mouse.press", "x, y, modifiers"),
     method<drag>("mouse.drag", "x, y, modifiers"),
@@ -58,14 +58,14 @@ constexpr Row mouse[] = {
     property<location>("mouse.location"),
 };
 
-constexpr Row keys[] = {
+constexpr Row kKeys[] = {
     method<pressKey>("keys.press", "name, modifiers"),
 };
 
 } // namespace
 
-std::span<const Row> mouseRows() { return mouse; }
+std::span<const Row> mouseRows() { return kMouse; }
 
-std::span<const Row> keysRows() { return keys; }
+std::span<const Row> keysRows() { return kKeys; }
 
 } // namespace easel::script

@@ -39,7 +39,7 @@ std::string contentOf(const std::string& path) {
 bool isFromScript(duk_context* engine) {
     duk_get_prop_string(engine, -1, "fileName");
     const char* const file = duk_get_string(engine, -1);
-    const bool same = file != nullptr && static_cast<Running&>(hostOf(engine)).file == file;
+    const bool same = file && static_cast<Running&>(hostOf(engine)).file == file;
     duk_pop(engine);
     return same;
 }

@@ -1,4 +1,4 @@
-// What becomes of marks.
+// Invalidation and redrawing of annotators' marks.
 #include "session/Annotations.h"
 
 #include <utility>
@@ -7,12 +7,12 @@ namespace easel::session {
 
 namespace {
 
-/// A plug-in may go on telling of places although nobody looks.
-constexpr std::size_t mostPlaces = 64;
+/// A plug-in may go on invalidating although nothing is drawn.
+constexpr std::size_t kMaxPlaces = 64;
 
 void include(Places& places, const model::Box& place) {
     places.boxes.push_back(place);
-    if (places.boxes.size() <= mostPlaces) return;
+    if (places.boxes.size() <= kMaxPlaces) return;
     model::Box together;
     for (const model::Box& box : places.boxes) together.include(box);
     places.boxes = {together};
@@ -44,8 +44,8 @@ void Annotations::invalidateAll() {
     for (Annotator* annotator : annotators_.all()) annotator->invalid.all = true;
 }
 
-void Annotations::show(const Sight& sight) {
-    const bool another = sight.document != std::exchange(shown_, sight).document;
+void Annotations::setView(const ViewState& view) {
+    const bool another = view.document != std::exchange(view_, view).document;
     if (!another) return;
     for (Annotator* annotator : annotators_.all()) annotator->marks.clear();
     invalidateAll();
@@ -57,8 +57,8 @@ void Annotations::begin(Annotator& annotator, const model::Box& visible) {
     Places invalid = std::exchange(annotator.invalid, {});
     if (invalid.all) invalid.boxes = {visible};
     for (const model::Mark& mark : std::exchange(annotator.marks, {}))
-        invalid.boxes.push_back(mark.bounds(shown_.view.zoom));
-    lastDrawing_ = (lastDrawing_ + 1) % (1U << HandleParts::generationBits);
+        invalid.boxes.push_back(mark.bounds(view_.view.zoom));
+    lastDrawing_ = (lastDrawing_ + 1) % (1U << HandleParts::kGenerationBits);
     drawing_.emplace();
     drawing_->handle = makeHandle<AIDrawingContextHandle>(0, lastDrawing_, 0);
     drawing_->places = std::move(invalid.boxes);

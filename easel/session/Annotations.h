@@ -33,13 +33,13 @@ struct Annotator {
     std::vector<model::Mark> marks;
 };
 
-/// What a view shows: it is another sight when any of this differs.
-struct Sight {
+/// What a view shows. Annotators are asked what is invalid when any of it differs.
+struct ViewState {
     std::uint32_t document = 0; ///< number; 0 for none
     std::uint64_t changes = 0;  ///< of the document so far
     model::View view;
 
-    bool operator==(const Sight&) const = default;
+    bool operator==(const ViewState&) const = default;
 };
 
 /// What one annotator draws at the moment.
@@ -67,8 +67,8 @@ class Annotations {
     void invalidate(const model::Box& place);
     void invalidateAll();
     /// What the view shows from now on. The marks over another document are gone.
-    void show(const Sight& sight);
-    [[nodiscard]] const Sight& shown() const { return shown_; }
+    void setView(const ViewState& view);
+    [[nodiscard]] const ViewState& view() const { return view_; }
 
     // Drawing, one annotator at a time
     /// Takes the annotator's marks away, and gives it those that come to the drawing while `body` runs, unless it is
@@ -87,7 +87,7 @@ class Annotations {
     void end(AIAnnotatorHandle annotator);
 
     Registry<Annotator, AIAnnotatorHandle> annotators_;
-    Sight shown_;
+    ViewState view_;
     std::optional<Drawing> drawing_;
     std::uint32_t lastDrawing_ = 0;
 };

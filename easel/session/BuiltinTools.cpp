@@ -24,22 +24,22 @@ using model::Point;
 using model::PointSelection;
 
 /// How far from a feature the mouse still means it, in screen units.
-constexpr double reach = 2;
+constexpr double kReach = 2;
 
-double reachIn(const Document& document) { return reach / document.view.zoom; }
+double reachIn(const Document& document) { return kReach / document.view.zoom; }
 
 bool isEditable(const Node& node) { return !node.effectivelyLocked() && !node.effectivelyHidden(); }
 
 /// The nearest of the eight directions, as far as the mouse went along it.
 Point constrained(Point way) {
-    constexpr double steep = 2.414213562373095; // tan 67.5 degrees
-    if (std::fabs(way.x) > steep * std::fabs(way.y)) return {way.x, 0};
-    if (std::fabs(way.y) > steep * std::fabs(way.x)) return {0, way.y};
+    constexpr double kSteep = 2.414213562373095; // tan 67.5 degrees
+    if (std::fabs(way.x) > kSteep * std::fabs(way.y)) return {way.x, 0};
+    if (std::fabs(way.y) > kSteep * std::fabs(way.x)) return {0, way.y};
     const double along = (std::fabs(way.x) + std::fabs(way.y)) / 2;
     return {std::copysign(along, way.x), std::copysign(along, way.y)};
 }
 
-/// The course that both tools share: a press picks something or begins a marquee; a drag moves what is selected or
+/// The sequence that both tools share: a press picks something or begins a marquee; a drag moves what is selected or
 /// opens the marquee; a release without any drag is a click.
 class SelectingTool : public BuiltinTool {
   public:

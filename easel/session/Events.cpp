@@ -1,4 +1,4 @@
-// Looking and telling.
+// Compares the session with its last snapshot and raises one notifier per difference.
 #include "session/Events.h"
 
 #include <iterator>
@@ -9,26 +9,26 @@
 
 namespace easel::session {
 
-Events::Sight Events::look() const {
-    Sight sight{.document = 0,
-                .layer = {},
-                .view = {},
-                .tool = session_.toolbox.current()->handle,
-                .modifiers = session_.pointer.modifiers(),
-                .tools = session_.toolbox.changes(),
-                .menus = session_.menus.changes()};
+Events::Snapshot Events::take() const {
+    Snapshot snapshot{.document = 0,
+                      .layer = {},
+                      .view = {},
+                      .tool = session_.toolbox.current()->handle,
+                      .modifiers = session_.pointer.modifiers(),
+                      .tools = session_.toolbox.changes(),
+                      .menus = session_.menus.changes()};
     if (model::Document* const front = session_.document()) {
-        sight.document = session_.numberOf(*front);
-        sight.layer = front->currentLayer().id();
-        sight.view = front->view;
+        snapshot.document = session_.numberOf(*front);
+        snapshot.layer = front->currentLayer().id();
+        snapshot.view = front->view;
     }
-    return sight;
+    return snapshot;
 }
 
-bool Events::tell(Told& told) {
+bool Events::notify(Notified& notified) {
     if (session_.pointer.pressed()) return false;
-    const Sight now = look();
-    const Sight before = std::exchange(seen_, now);
+    const Snapshot now = take();
+    const Snapshot before = std::exchange(previous_, now);
     model::Document* const front = session_.document();
     const model::Changes taken = front ? front->journal().takeChanges() : model::Changes{};
     if (!session_.running()) return false;
@@ -64,11 +64,11 @@ bool Events::tell(Told& told) {
         {now.menus != before.menus, kAIMenuChangedNotifier},
         {now.modifiers != before.modifiers, kAIToolModifiersChangedNotifier},
     };
-    static_assert(std::size(events) <= most);
+    static_assert(std::size(events) <= kMaxTypes);
     bool any = false;
     for (std::size_t i = 0; i < std::size(events); ++i) {
-        if (!events[i].happened || told[i]) continue;
-        told.set(i);
+        if (!events[i].happened || notified[i]) continue;
+        notified.set(i);
         any = true;
         session_.notify(events[i].type);
     }

@@ -1,6 +1,6 @@
-// What has changed in the session, told to the plug-ins that asked to hear of it. Goes by comparing how things are with
-// how they were when it looked last, so that whoever changes something need not know. Events of a moment, such as a
-// document about to close, are raised where they happen (Session::notify).
+// Notifiers for what has changed in the session: compares it with a snapshot taken last time, so that whoever changes
+// something need not know. Events of a moment, such as a document about to close, are raised where they happen
+// (Session::notify).
 #pragma once
 
 #include <bitset>
@@ -17,17 +17,17 @@ class Session;
 
 class Events {
   public:
-    static constexpr std::size_t most = 32;
-    using Told = std::bitset<most>;
+    static constexpr std::size_t kMaxTypes = 32;
+    using Notified = std::bitset<kMaxTypes>;
 
     explicit Events(Session& session) : session_(session) {}
 
-    /// Raises each event that is due and not in `told`, and adds it there. Answers whether there was any. Nothing is
-    /// told while a mouse button is down, nor before the application has started or after it has ended.
-    bool tell(Told& told);
+    /// Raises each event that is due and not in `notified`, and adds it there. Returns whether there was any. Raises
+    /// none while a mouse button is down, nor before the application has started or after it has ended.
+    bool notify(Notified& notified);
 
   private:
-    struct Sight {
+    struct Snapshot {
         std::uint32_t document = 0; ///< in front; 0 for none
         model::NodeId layer;        ///< current
         model::View view;
@@ -37,10 +37,10 @@ class Events {
         unsigned menus = 0;
     };
 
-    [[nodiscard]] Sight look() const;
+    [[nodiscard]] Snapshot take() const;
 
     Session& session_;
-    Sight seen_;
+    Snapshot previous_;
 };
 
 } // namespace easel::session

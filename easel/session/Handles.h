@@ -5,37 +5,37 @@
 #include <bit>
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "hostapi/SPTypes.h"
 
 namespace easel::session {
 
-template <class Handle> struct KindOf;
-template <> struct KindOf<AIArtHandle> { static constexpr unsigned value = 1; };
-template <> struct KindOf<AILayerHandle> { static constexpr unsigned value = 2; };
-template <> struct KindOf<AIDocumentHandle> { static constexpr unsigned value = 3; };
-template <> struct KindOf<AIDocumentViewHandle> { static constexpr unsigned value = 4; };
-template <> struct KindOf<AIToolHandle> { static constexpr unsigned value = 5; };
-template <> struct KindOf<AINotifierHandle> { static constexpr unsigned value = 6; };
-template <> struct KindOf<AIPluginGroupHandle> { static constexpr unsigned value = 7; };
-template <> struct KindOf<SPPluginRef> { static constexpr unsigned value = 8; };
-template <> struct KindOf<AIMenuGroup> { static constexpr unsigned value = 9; };
-template <> struct KindOf<AIMenuItemHandle> { static constexpr unsigned value = 10; };
-template <> struct KindOf<AITimerHandle> { static constexpr unsigned value = 11; };
-template <> struct KindOf<AIAnnotatorHandle> { static constexpr unsigned value = 12; };
-template <> struct KindOf<AIDrawingContextHandle> { static constexpr unsigned value = 13; };
+template <class T> inline constexpr unsigned kKindOf = 0; ///< for what is no handle
+template <> inline constexpr unsigned kKindOf<AIArtHandle> = 1;
+template <> inline constexpr unsigned kKindOf<AILayerHandle> = 2;
+template <> inline constexpr unsigned kKindOf<AIDocumentHandle> = 3;
+template <> inline constexpr unsigned kKindOf<AIDocumentViewHandle> = 4;
+template <> inline constexpr unsigned kKindOf<AIToolHandle> = 5;
+template <> inline constexpr unsigned kKindOf<AINotifierHandle> = 6;
+template <> inline constexpr unsigned kKindOf<AIPluginGroupHandle> = 7;
+template <> inline constexpr unsigned kKindOf<SPPluginRef> = 8;
+template <> inline constexpr unsigned kKindOf<AIMenuGroup> = 9;
+template <> inline constexpr unsigned kKindOf<AIMenuItemHandle> = 10;
+template <> inline constexpr unsigned kKindOf<AITimerHandle> = 11;
+template <> inline constexpr unsigned kKindOf<AIAnnotatorHandle> = 12;
+template <> inline constexpr unsigned kKindOf<AIDrawingContextHandle> = 13;
 
 template <class T>
-concept Handle = requires {
-    KindOf<T>::value;
-};
+concept Handle = kKindOf<T>
+!= 0;
 
 /// What a handle says. The widths add up to 64 bits; the kind, 1 to 14, in the top four makes the value no address.
 struct HandleParts {
-    static constexpr unsigned documentBits = 12;
-    static constexpr unsigned generationBits = 20;
-    static constexpr unsigned slotBits = 28;
+    static constexpr unsigned kDocumentBits = 12;
+    static constexpr unsigned kGenerationBits = 20;
+    static constexpr unsigned kSlotBits = 28;
 
     unsigned kind = 0;
     std::uint32_t document = 0; ///< number of the document, 0 for what belongs to none
@@ -45,9 +45,8 @@ struct HandleParts {
 
 template <Handle H> [[nodiscard]] H makeHandle(std::uint32_t document, std::uint32_t generation, std::uint32_t slot) {
     using P = HandleParts;
-    const auto bits = std::uint64_t{KindOf<H>::value} << 60 |
-                      std::uint64_t{document} << (P::generationBits + P::slotBits) |
-                      std::uint64_t{generation} << P::slotBits | slot;
+    const auto bits = std::uint64_t{kKindOf<H>} << 60 | std::uint64_t{document} << (P::kGenerationBits + P::kSlotBits) |
+                      std::uint64_t{generation} << P::kSlotBits | slot;
     return std::bit_cast<H>(bits);
 }
 
@@ -58,9 +57,9 @@ template <Handle H> [[nodiscard]] HandleParts partsOf(H handle) {
         return static_cast<std::uint32_t>(bits >> shift & ((std::uint64_t{1} << width) - 1));
     };
     return {.kind = static_cast<unsigned>(bits >> 60),
-            .document = field(P::generationBits + P::slotBits, P::documentBits),
-            .generation = field(P::slotBits, P::generationBits),
-            .slot = field(0, P::slotBits)};
+            .document = field(P::kGenerationBits + P::kSlotBits, P::kDocumentBits),
+            .generation = field(P::kSlotBits, P::kGenerationBits),
+            .slot = field(0, P::kSlotBits)};
 }
 
 /// Owns the host's objects of one kind and gives each a handle that dies with it.
@@ -76,7 +75,7 @@ template <class T, Handle H> class Registry {
     /// The object of this handle, or null. Slots are not used twice: these objects are few.
     [[nodiscard]] T* find(H handle) const {
         const HandleParts parts = partsOf(handle);
-        const bool known = parts.kind == KindOf<H>::value && parts.slot < entries_.size() && entries_[parts.slot];
+        const bool known = parts.kind == kKindOf<H> && parts.slot < entries_.size() && entries_[parts.slot];
         return known && entries_[parts.slot]->handle == handle ? entries_[parts.slot].get() : nullptr;
     }
 

@@ -1,4 +1,4 @@
-// An error code on its way to a plug-in. Thrown inside the host, turned into the code at the door.
+// An error code on its way to a plug-in. Thrown inside the host, turned into the code at the entry point.
 #pragma once
 
 #include "hostapi/SPTypes.h"

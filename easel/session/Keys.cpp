@@ -13,7 +13,7 @@ struct Row {
     std::int32_t code;
 };
 
-constexpr Row rows[] = {
+constexpr Row kRows[] = {
     {"A", 0x00},      {"B", 0x0B},      {"C", 0x08},      {"D", 0x02},    {"E", 0x0E},    {"F", 0x03},
     {"G", 0x05},      {"H", 0x04},      {"I", 0x22},      {"J", 0x26},    {"K", 0x28},    {"L", 0x25},
     {"M", 0x2E},      {"N", 0x2D},      {"O", 0x1F},      {"P", 0x23},    {"Q", 0x0C},    {"R", 0x0F},
@@ -33,8 +33,8 @@ constexpr Row rows[] = {
 
 std::optional<std::int32_t> keyCode(std::string_view name) {
     const auto* const row =
-        std::find_if(std::begin(rows), std::end(rows), [&](const Row& r) { return r.name == name; });
-    return row != std::end(rows) ? std::optional(row->code) : std::nullopt;
+        std::find_if(std::begin(kRows), std::end(kRows), [&](const Row& r) { return r.name == name; });
+    return row != std::end(kRows) ? std::optional(row->code) : std::nullopt;
 }
 
 } // namespace easel::session

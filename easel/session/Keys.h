@@ -8,9 +8,9 @@
 namespace easel::session {
 
 namespace key {
-inline constexpr std::int32_t escape = 0x35;
-inline constexpr std::int32_t leftBracket = 0x21;
-inline constexpr std::int32_t rightBracket = 0x1E;
+inline constexpr std::int32_t kEscape = 0x35;
+inline constexpr std::int32_t kLeftBracket = 0x21;
+inline constexpr std::int32_t kRightBracket = 0x1E;
 } // namespace key
 
 /// The code of a key by what it says, such as "A", "7", "[", "Escape" or "F5".

@@ -10,8 +10,8 @@ namespace easel::session {
 
 namespace {
 
-constexpr std::int32_t partialOptions = kMenuGroupSubMenuOption | kMenuGroupOnTopOption;
-constexpr std::int32_t groupOptions = kMenuGroupSortedOption | kMenuGroupPartialOption | partialOptions;
+constexpr std::int32_t kPartialOptions = kMenuGroupSubMenuOption | kMenuGroupOnTopOption;
+constexpr std::int32_t kGroupOptions = kMenuGroupSortedOption | kMenuGroupPartialOption | kPartialOptions;
 
 void require(bool condition, SPErr otherwise = kBadParameterErr) {
     if (!condition) throw HostError{otherwise};
@@ -36,7 +36,7 @@ MenuGroup& Menus::addGroup(Plugin& owner, std::string_view name, std::string_vie
     MenuGroup* const near = findGroup(nearGroup);
     const bool partial = (options & kMenuGroupPartialOption) != 0;
     require(near && !name.empty() && !findGroup(name));
-    require((options & ~groupOptions) == 0 && (partial || (options & partialOptions) == 0));
+    require((options & ~kGroupOptions) == 0 && (partial || (options & kPartialOptions) == 0));
 
     auto made = std::make_unique<MenuGroup>();
     made->owner = &owner;
@@ -157,7 +157,7 @@ void Menus::forget(const Plugin& plugin) {
     }
 }
 
-/// All that a group holds, also inside of its groups, whose openers count.
+/// All that a group contains, also inside of its groups, whose openers count.
 std::vector<MenuChild> Menus::contents(const MenuGroup& group) {
     std::vector<MenuChild> held = group.children;
     for (std::size_t i = 0; i < held.size(); ++i) {

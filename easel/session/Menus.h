@@ -26,7 +26,7 @@ struct MenuItem {
     [[nodiscard]] bool isDivider() const { return (options & kMenuItemDividerOption) != 0; }
 };
 
-/// What a group holds at one place: an item or a group, the other is null.
+/// What a group contains at one place: an item or a group, the other is null.
 struct MenuChild {
     MenuItem* item = nullptr;
     MenuGroup* group = nullptr;
@@ -53,7 +53,7 @@ class Menus {
     // Groups. Wrong names and options, and removals that cannot be, throw HostError.
     MenuGroup& addGroup(Plugin& owner, std::string_view name, std::string_view text, std::string_view nearGroup,
                         std::int32_t options);
-    void removeGroup(MenuGroup& group); ///< with all that it holds
+    void removeGroup(MenuGroup& group); ///< with all that it contains
     void setText(MenuGroup& group, std::string_view text);
     void setOptions(MenuGroup& group, std::int32_t options);
     void setEnabled(MenuGroup& group, bool enabled) { change(group.enabled, enabled); }
@@ -77,7 +77,7 @@ class Menus {
     /// How often something has changed that the user could see, to be compared with an earlier count.
     [[nodiscard]] unsigned changes() const { return changes_; }
 
-    /// Drops what the plug-in had added. A group that holds something of another plug-in becomes that one's.
+    /// Drops what the plug-in had added. A group that contains something of another plug-in becomes that one's.
     void forget(const Plugin& plugin);
 
   private:

@@ -10,7 +10,7 @@ namespace easel::session {
 
 namespace {
 
-/// The document's transaction around one message. Changes of a message are kept whatever the plug-in answered.
+/// The document's transaction around one message. Changes of a message are kept whatever the plug-in returned.
 class MessageTransaction {
   public:
     explicit MessageTransaction(model::Document* document) : document_(document) {
@@ -47,7 +47,7 @@ SPErr Messenger::send(Plugin& plugin, const char* caller, const char* selector, 
 
 SPErr Messenger::pass(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
     if (!plugin.started) return kRefusedErr;
-    if (depth_ == maxDepth) {
+    if (depth_ == kMaxDepth) {
         session_.report(Blame::Plugin, plugin.name + " was not sent " + caller + "/" + selector +
                                            ": messages are nested " + std::to_string(depth_) + " deep");
         return kRefusedErr;
@@ -59,7 +59,7 @@ SPErr Messenger::pass(Plugin& plugin, const char* caller, const char* selector, 
     if (session_.trace) std::fprintf(stderr, "%*s%s: %s/%s\n", 2 * depth_, "", plugin.name.c_str(), caller, selector);
 
     SPErr answer = kNoErr;
-    whole([&] {
+    batch([&] {
         const MessageTransaction transaction(session_.document());
         ++depth_;
         answer = call(plugin, caller, selector, message);
@@ -80,21 +80,21 @@ void Messenger::address(const Plugin& plugin, SPMessageData& message) const {
                .basic = &session_.tables.basic};
 }
 
-void Messenger::runPutOff() {
+void Messenger::runDeferred() {
     int run = 0;
-    Events::Told told; // a subscriber that changes what it is told of shall not hear of it for ever
-    while (!putOff_.empty() || session_.events.tell(told)) {
-        if (putOff_.empty()) continue;
-        told.reset();
-        if (++run > mostPutOff) {
+    Events::Notified notified; // a subscriber that changes what it is told of shall not hear of it for ever
+    while (!deferred_.empty() || session_.events.notify(notified)) {
+        if (deferred_.empty()) continue;
+        notified.reset();
+        if (++run > kMaxDeferred) {
             session_.report(Blame::Plugin,
                             "what was put off until after a message led to more again and again; after " +
-                                std::to_string(mostPutOff) + " actions the rest is dropped");
-            putOff_.clear();
+                                std::to_string(kMaxDeferred) + " actions the rest is dropped");
+            deferred_.clear();
             break;
         }
-        const std::function<void()> action = std::move(putOff_.front());
-        putOff_.erase(putOff_.begin());
+        const std::function<void()> action = std::move(deferred_.front());
+        deferred_.erase(deferred_.begin());
         action();
     }
 }

@@ -13,14 +13,13 @@ class Session;
 
 class Messenger {
   public:
-    /// Plug-ins that keep answering a message with another one end here.
-    static constexpr int maxDepth = 100;
+    /// Plug-ins that reply to every message with another one end here.
+    static constexpr int kMaxDepth = 100;
 
     explicit Messenger(Session& session) : session_(session) {}
 
-    /// Sends a message and answers what the plug-in's entry answered. The document's changes are one transaction; a
-    /// nested message joins the outer one. kRefusedErr: the plug-in is broken, or messages are
-    /// nested too deep.
+    /// Sends a message and returns what the plug-in's entry returned. The document's changes are one transaction; a
+    /// nested message joins the outer one. kRefusedErr: the plug-in is broken, or messages are nested too deep.
     SPErr send(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
 
     /// Passes on what another plug-in sends: as `send`, but `globals` in the head is between sender and receiver.
@@ -28,45 +27,44 @@ class Messenger {
     /// Fills in the head of a message to `plugin`.
     void address(const Plugin& plugin, SPMessageData& message) const;
 
-    /// Does several things that belong together, such as a press with what surrounds its message. Actions that are put
-    /// off meanwhile wait for the end of the outermost whole, and then the plug-ins hear what has changed; every
-    /// message is one.
-    template <class Body> void whole(Body body) {
-        const Whole counted(wholes_);
+    /// Runs `body` as one batch. Deferred actions run, and changes are notified, when the outermost batch ends. Every
+    /// message is a batch.
+    template <class Body> void batch(Body body) {
+        const BatchScope scope(batches_);
         body();
-        if (wholes_ == 1) runPutOff();
+        if (batches_ == 1) runDeferred();
     }
-    /// Ends what the user did with no message around it.
-    void settle() {
-        whole([] {});
+    /// Runs deferred actions and notifies after a change made outside any message.
+    void flush() {
+        batch([] {});
     }
-    /// Runs `action` once nothing is under way any more. Actions may put off others; `mostPutOff` of them are run in
-    /// one go, so that plug-ins which answer every action with another come to an end, and the rest is dropped.
-    void afterwards(std::function<void()> action) { putOff_.push_back(std::move(action)); }
-    static constexpr int mostPutOff = 1000;
+    /// Runs `action` when the outermost batch ends. Actions may defer others; `kMaxDeferred` of them run in one go, so
+    /// that plug-ins which reply to every action with another come to an end, and the rest is dropped.
+    void defer(std::function<void()> action) { deferred_.push_back(std::move(action)); }
+    static constexpr int kMaxDeferred = 1000;
 
     /// How many messages are being handled, nested ones counted.
     [[nodiscard]] int depth() const { return depth_; }
 
   private:
-    class Whole {
+    class BatchScope {
       public:
-        explicit Whole(int& count) : count_(count) { ++count_; }
-        ~Whole() { --count_; }
-        Whole(const Whole&) = delete;
-        Whole& operator=(const Whole&) = delete;
+        explicit BatchScope(int& count) : count_(count) { ++count_; }
+        ~BatchScope() { --count_; }
+        BatchScope(const BatchScope&) = delete;
+        BatchScope& operator=(const BatchScope&) = delete;
 
       private:
         int& count_;
     };
 
     SPErr call(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message);
-    void runPutOff();
+    void runDeferred();
 
     Session& session_;
     int depth_ = 0;
-    int wholes_ = 0;
-    std::vector<std::function<void()>> putOff_;
+    int batches_ = 0;
+    std::vector<std::function<void()>> deferred_;
 };
 
 } // namespace easel::session

@@ -16,7 +16,7 @@ namespace easel::session {
 
 namespace {
 
-constexpr const char* bundleExtension = ".aip";
+constexpr const char* kBundleExtension = ".aip";
 
 } // namespace
 
@@ -34,7 +34,7 @@ Plugin& Plugins::load(const std::string& bundle) {
     std::error_code failure;
     if (!fs::exists(path, failure)) throw Error(bundle + ": no such plug-in");
     const fs::path library = path / "Contents" / "Linux" / path.stem();
-    if (path.extension() != bundleExtension || !fs::is_directory(path, failure) ||
+    if (path.extension() != kBundleExtension || !fs::is_directory(path, failure) ||
         !fs::is_regular_file(library, failure))
         throw Error(bundle + ": not a plug-in bundle (a folder NAME.aip with Contents/Linux/NAME in it)");
 

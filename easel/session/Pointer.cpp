@@ -10,7 +10,7 @@ namespace easel::session {
 
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     modifiers_ = modifiers;
-    hand_ = location_ = location;
+    rawLocation_ = location_ = location;
     model::Document* const document = session_.document();
     const Tool* const tool = session_.toolbox.current();
     if (document) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
@@ -48,7 +48,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     requireReleased();
     model::Document& document = session_.needDocument();
     locate(location, modifiers);
-    session_.tellInput(kSelectorStageMousePressed, kStageLeftButton);
+    session_.notifyInput(kSelectorStageMousePressed, kStageLeftButton);
     // A plug-in that heard of it may have pressed the button itself, or clicked elsewhere.
     requireReleased();
     locate(location, modifiers);
@@ -56,7 +56,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     const Tool& tool = *session_.toolbox.current();
     tool_ = tool.handle;
     buffered_ = (tool.options & kToolWantsBufferedDraggingOption) != 0;
-    session_.messenger.whole([&] {
+    session_.messenger.batch([&] {
         document.journal().begin();
         send(kSelectorAIToolMouseDown, &BuiltinTool::press);
         if (buffered_) document.journal().mark();
@@ -75,7 +75,7 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     model::Journal& journal = session_.document()->journal();
     if (buffered_) journal.rollBackToMark();
     locate(location, modifiers);
-    session_.messenger.whole([&] {
+    session_.messenger.batch([&] {
         pressed_ = false;
         send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         if (buffered_) journal.dropMark();
@@ -85,12 +85,12 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
 
 void Pointer::rightClick(model::Point location, Modifiers modifiers) {
     if (!pressed_) locate(location, modifiers); // a gesture goes on where it was
-    session_.tellInput(kSelectorStageMousePressed, kStageRightButton);
+    session_.notifyInput(kSelectorStageMousePressed, kStageRightButton);
 }
 
 void Pointer::cancel() {
     if (!pressed_) return;
-    session_.messenger.whole([&] {
+    session_.messenger.batch([&] {
         pressed_ = false;
         if (buffered_) session_.document()->journal().rollBackToMark();
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
@@ -99,10 +99,10 @@ void Pointer::cancel() {
     });
 }
 
-void Pointer::post(const char* name, Deed deed, model::Point place) {
-    session_.messenger.afterwards([this, name, deed, place] {
+void Pointer::post(const char* name, Handler handler, model::Point place) {
+    session_.messenger.defer([this, name, handler, place] {
         try {
-            (this->*deed)(session_.needDocument().fromScreen(place), modifiers_);
+            (this->*handler)(session_.needDocument().fromScreen(place), modifiers_);
         } catch (const Error& error) {
             session_.report(Blame::Plugin,
                             std::string("a posted ") + name + " of the mouse was dropped: " + error.what());

@@ -35,7 +35,7 @@ class Pointer {
     [[nodiscard]] bool pressed() const { return pressed_; }
     /// After snapping, and where the tool holds it.
     [[nodiscard]] model::Point location() const { return location_; }
-    [[nodiscard]] model::Point hand() const { return hand_; } ///< before snapping
+    [[nodiscard]] model::Point rawLocation() const { return rawLocation_; } ///< before snapping
     /// Takes over where a tool holds the pointer; a location that is none is not taken.
     void hold(model::Point location);
     void setModifiers(Modifiers modifiers) { modifiers_ = modifiers; }
@@ -44,10 +44,10 @@ class Pointer {
     Snapping snapping;
 
   private:
-    using Deed = void (Pointer::*)(model::Point, Modifiers);
+    using Handler = void (Pointer::*)(model::Point, Modifiers);
 
     void locate(model::Point location, Modifiers modifiers);
-    void post(const char* name, Deed deed, model::Point place);
+    void post(const char* name, Handler handler, model::Point place);
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
     void send(const char* selector, BuiltinTool::Handler handler);
     void requirePressed() const;
@@ -58,7 +58,7 @@ class Pointer {
     AIToolHandle tool_ = nullptr; ///< of the gesture
     bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
     model::Point location_;
-    model::Point hand_;
+    model::Point rawLocation_;
     Modifiers modifiers_ = 0;
 };
 

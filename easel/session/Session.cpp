@@ -126,8 +126,8 @@ void Session::notify(std::string_view type) {
     std::vector<AINotifierHandle> subscribed;
     for (const Notifier* notifier : notifiers.all())
         if (notifier->type == type) subscribed.push_back(notifier->handle);
-    // A whole, so that nothing else is told before all of them know.
-    messenger.whole([&] {
+    // One batch, so that nothing else is told before all of them know.
+    messenger.batch([&] {
         for (const AINotifierHandle handle : subscribed) {
             const Notifier* const notifier = notifiers.find(handle);
             if (!notifier) continue;
@@ -140,11 +140,11 @@ void Session::notify(std::string_view type) {
 // Documents
 
 model::Document& Session::adopt(std::unique_ptr<model::Document> document, const char* event) {
-    if (lastDocumentNumber_ + 1 >= 1U << HandleParts::documentBits)
+    if (lastDocumentNumber_ + 1 >= 1U << HandleParts::kDocumentBits)
         throw Error("too many documents have been opened; start Easel anew");
-    // A whole, so that no posted press begins a gesture in the document that goes behind.
+    // One batch, so that no posted press begins a gesture in the document that goes behind.
     model::Document& adopted = *document;
-    messenger.whole([&] {
+    messenger.batch([&] {
         pointer.cancel();
         documents_.push_back({++lastDocumentNumber_, std::move(document)});
         notify(event);
@@ -167,7 +167,7 @@ void Session::save(const std::string& path) {
     pointer.cancel();
     notify(kAIDocumentWritePreprocessNotifier);
     withFile([&] { svg::save(front, path); });
-    messenger.whole([&] {
+    messenger.batch([&] {
         notify(kAIDocumentWritePostprocessNotifier);
         notify(kAIDocumentSavedNotifier);
     });
@@ -188,8 +188,8 @@ void Session::exportPng(const std::string& path, double scale, Overlay overlay) 
 
 void Session::close() {
     static_cast<void>(needDocument());
-    // A whole, so that no posted press begins a gesture in the document that goes.
-    messenger.whole([&] {
+    // One batch, so that no posted press begins a gesture in the document that goes.
+    messenger.batch([&] {
         pointer.cancel();
         notify(kAIDocumentAboutToCloseNotifier);
         documents_.pop_back();
@@ -223,8 +223,8 @@ AIDocumentViewHandle Session::viewOf(const model::Document& document) const {
 // Tools
 
 void Session::selectTool(Tool& tool) {
-    // A whole, so that no posted press begins a gesture of one tool that another ends.
-    messenger.whole([&] {
+    // One batch, so that no posted press begins a gesture of one tool that another ends.
+    messenger.batch([&] {
         pointer.cancel();
         const AIToolHandle handle = tool.handle;
         if (&tool == toolbox.current()) return sendToTool(tool, kSelectorAIReselectTool);
@@ -249,7 +249,7 @@ void Session::sendToTool(Tool& tool, const char* selector) {
 
 // Keys
 
-void Session::tellInput(const char* selector, std::int32_t code) {
+void Session::notifyInput(const char* selector, std::int32_t code) {
     for (Plugin* plugin : plugins.all()) {
         if (!plugin->monitorsInput) continue;
         StageInputMessage message{.d = {}, .code = code};
@@ -259,10 +259,10 @@ void Session::tellInput(const char* selector, std::int32_t code) {
 
 void Session::pressKey(std::int32_t code, Modifiers modifiers) {
     pointer.setModifiers(modifiers);
-    tellInput(kSelectorStageKeyPressed, code);
-    if (code == key::escape) pointer.cancel();
-    if (code == key::leftBracket) sendToTool(*toolbox.current(), kSelectorAIDecreaseDiameter);
-    if (code == key::rightBracket) sendToTool(*toolbox.current(), kSelectorAIIncreaseDiameter);
+    notifyInput(kSelectorStageKeyPressed, code);
+    if (code == key::kEscape) pointer.cancel();
+    if (code == key::kLeftBracket) sendToTool(*toolbox.current(), kSelectorAIDecreaseDiameter);
+    if (code == key::kRightBracket) sendToTool(*toolbox.current(), kSelectorAIIncreaseDiameter);
 }
 
 // Menus and time
@@ -313,11 +313,12 @@ void Session::setBrightness(double brightness) {
 void Session::updateAnnotations() {
     if (annotations.drawing()) return;
     model::Document* const front = document();
-    const Sight before = annotations.shown();
-    const Sight now = front ? Sight{numberOf(*front), front->journal().changeCount(), front->view} : Sight{};
-    annotations.show(now);
+    const ViewState before = annotations.view();
+    const ViewState now =
+        front ? ViewState{numberOf(*front), front->journal().changeCount(), front->view} : ViewState{};
+    annotations.setView(now);
     if (!front) return;
-    messenger.whole([&] {
+    messenger.batch([&] {
         const model::Journal::ReadOnly whileDrawn(front->journal());
         AIAnnotatorMessage common{};
         common.view = viewOf(*front);
@@ -359,8 +360,8 @@ void Session::updateAnnotations() {
 // Diagnostics
 
 void Session::report(Blame blame, const std::string& text) {
-    static constexpr const char* names[] = {"host", "plug-in", "user data"};
-    reports_.push_back(std::string(names[static_cast<int>(blame)]) + ": " + text);
+    static constexpr const char* kNames[] = {"host", "plug-in", "user data"};
+    reports_.push_back(std::string(kNames[static_cast<int>(blame)]) + ": " + text);
     std::fprintf(stderr, "easel: %s\n", reports_.back().c_str());
 }
 

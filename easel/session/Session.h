@@ -45,7 +45,7 @@ class Session {
     // Plug-ins
     Plugin& attach(const std::string& name, SPEntry entry) { return plugins.attach(name, entry); }
     Plugin& load(const std::string& bundle) { return plugins.load(bundle); }
-    /// Starts every plug-in not started yet, then tells them that the application has started. Answers one line for
+    /// Starts every plug-in not started yet, then tells them that the application has started. Returns one line for
     /// each that declined.
     std::vector<std::string> start();
     /// Tells plug-ins that the application ends, shuts them down in reverse order and closes the documents.
@@ -86,8 +86,8 @@ class Session {
     /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
     /// gesture, and the brackets ask the current tool for another diameter.
     void pressKey(std::int32_t code, Modifiers modifiers);
-    /// Tells the plug-ins that monitor input of a key or a mouse button.
-    void tellInput(const char* selector, std::int32_t code);
+    /// Notifies the plug-ins that monitor input of a key or a mouse button.
+    void notifyInput(const char* selector, std::int32_t code);
 
     // Menus and time
     /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.

@@ -19,11 +19,11 @@ Found within(Point location, Point candidate, double reach) {
     return distance <= reach ? Found(candidate) : std::nullopt;
 }
 
-/// The nearest of 0, half and whole.
-double toPart(double value, double whole) { return std::clamp(std::round(2 * value / whole), 0.0, 2.0) * whole / 2; }
+/// The nearest of 0, half and all of `length`.
+double toPart(double value, double length) { return std::clamp(std::round(2 * value / length), 0.0, 2.0) * length / 2; }
 
-/// The nearest of 0 and whole.
-double toEnd(double value, double whole) { return value < whole / 2 ? 0 : whole; }
+/// The nearer of 0 and all of `length`.
+double toEnd(double value, double length) { return value < length / 2 ? 0 : length; }
 
 Found onPage(const model::Document& page, Point location, double reach) {
     const Point mark{toPart(location.x, page.width()), toPart(location.y, page.height())};

@@ -1,4 +1,4 @@
-// What a location is drawn to: anchors when the user wants it, and what a plug-in asks for its tools. Changes nothing.
+// What a location snaps to: anchors when the user wants it, and what a plug-in asks for its tools. Changes nothing.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ struct Snapping {
     double tolerance = 2;    ///< screen units
     double gridSpacing = 10; ///< points; the grid starts at the page's corner
 
-    /// Where `location` is drawn to: an anchor first, then what `kinds` (kSnapToArt ...) says; itself when nothing is
+    /// Where `location` snaps to: an anchor first, then what `kinds` (kSnapToArt ...) says; itself when nothing is
     /// near enough.
     [[nodiscard]] model::Point snapped(model::Document& document, model::Point location, std::int32_t kinds) const;
 };

@@ -10,7 +10,7 @@ namespace easel::session {
 namespace {
 
 /// Seconds that add up to a whole tick may miss it by a rounding.
-constexpr double sameTick = 1e-6;
+constexpr double kSameTick = 1e-6;
 
 } // namespace
 
@@ -38,7 +38,7 @@ void Timers::setActive(Timer& timer, bool active) {
 Timer* Timers::takeDue(double until) {
     Timer* next = nullptr;
     for (Timer* timer : timers_.all())
-        if (timer->active && timer->due <= until + sameTick && (!next || timer->due < next->due)) next = timer;
+        if (timer->active && timer->due <= until + kSameTick && (!next || timer->due < next->due)) next = timer;
     if (!next) return nullptr;
     // What fell due during a gesture is late; its period begins now, so that it comes once and not in a burst.
     now_ = std::max(now_, next->due);

@@ -38,7 +38,7 @@ void invalidate(AIDocumentViewHandle view, const AIRealRect* rect) {
     const Session& session = Session::current();
     const model::Document& document = documentOfView(view);
     const bool isShown =
-        &document == session.document() || session.numberOf(document) == session.annotations.shown().document;
+        &document == session.document() || session.numberOf(document) == session.annotations.view().document;
     model::Box place;
     if (rect) {
         place.include(point({rect->left, rect->top}));

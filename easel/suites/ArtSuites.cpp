@@ -43,9 +43,9 @@ Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
     require(prep.has_value() && paintOrder >= kPlaceAbove && paintOrder <= kPlaceInsideOnBottom);
     const bool inside = paintOrder == kPlaceInsideOnTop || paintOrder == kPlaceInsideOnBottom;
     require(inside ? prep->node.isContainer() : prep->node.type() != NodeType::Layer);
-    static constexpr Placement placements[] = {Placement::Above, Placement::Below, Placement::OnTopInside,
-                                               Placement::AtBottomInside};
-    return {document, prep->node, placements[paintOrder - kPlaceAbove]};
+    static constexpr Placement kPlacements[] = {Placement::Above, Placement::Below, Placement::OnTopInside,
+                                                Placement::AtBottomInside};
+    return {document, prep->node, kPlacements[paintOrder - kPlaceAbove]};
 }
 
 void newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep, AIArtHandle& art) {
@@ -128,9 +128,9 @@ void hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance,
     model::Document& document = art ? art->document : currentDocument();
     const model::Hit hit = document.hitTest(art ? art->node : document.root(), {point.h, point.v}, tolerance,
                                             static_cast<model::HitRequest>(request));
-    static constexpr std::int32_t types[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
-                                             kAIOutHandleHit, kAISegmentHit, kAIFillHit};
-    record = {.type = types[static_cast<int>(hit.kind)],
+    static constexpr std::int32_t kTypes[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
+                                              kAIOutHandleHit, kAISegmentHit, kAIFillHit};
+    record = {.type = kTypes[static_cast<int>(hit.kind)],
               .art = artHandle(document, hit.node),
               .point = {hit.point.x, hit.point.y},
               .t = hit.t,

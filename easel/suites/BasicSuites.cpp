@@ -147,7 +147,7 @@ void getDisplayScale(AIReal& scale) {
 }
 
 void getPointerLocation(AIRealPoint& location) {
-    const model::Point place = currentDocument().toScreen(host().pointer.hand());
+    const model::Point place = currentDocument().toScreen(host().pointer.rawLocation());
     location = {place.x, place.y};
 }
 

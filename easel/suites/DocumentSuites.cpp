@@ -38,7 +38,7 @@ void countLayers(std::int32_t& count) { count = static_cast<std::int32_t>(curren
 void getNthLayer(std::int32_t index, AILayerHandle& layer) {
     model::Document& document = currentDocument();
     const model::Node* node = index < 0 ? nullptr : document.layerAt(static_cast<std::size_t>(index));
-    require(node != nullptr);
+    require(node);
     layer = layerHandle(document, node);
 }
 
@@ -60,9 +60,9 @@ void deselectArt(Layer layer) { layer.document.deselectAll(layer.node); }
 
 void setKind(std::int32_t kind) {
     require(kind >= kAIStandardUndoContext && kind <= kAIAppendUndoContext);
-    static constexpr model::UndoKind kinds[] = {model::UndoKind::Standard, model::UndoKind::Silent,
-                                                model::UndoKind::Append};
-    currentDocument().journal().setKind(kinds[kind]);
+    static constexpr model::UndoKind kKinds[] = {model::UndoKind::Standard, model::UndoKind::Silent,
+                                                 model::UndoKind::Append};
+    currentDocument().journal().setKind(kKinds[kind]);
 }
 
 void undoChanges() { currentDocument().journal().rollBackTransaction(); }

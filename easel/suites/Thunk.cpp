@@ -28,26 +28,24 @@ std::string fourCharacters(AIErr code) {
 
 } // namespace
 
-Art resolveArt(AIArtHandle handle) {
-    return resolveNode(session::partsOf(handle), session::KindOf<AIArtHandle>::value);
-}
+Art resolveArt(AIArtHandle handle) { return resolveNode(session::partsOf(handle), session::kKindOf<AIArtHandle>); }
 
 Layer resolveLayer(AILayerHandle handle) {
-    const Art art = resolveNode(session::partsOf(handle), session::KindOf<AILayerHandle>::value);
+    const Art art = resolveNode(session::partsOf(handle), session::kKindOf<AILayerHandle>);
     require(art.node.type() == model::NodeType::Layer, kUnknownHandleErr);
     return {art};
 }
 
 model::Document& currentDocument() {
     model::Document* document = Session::current().document();
-    require(document != nullptr, kNoDocumentErr);
+    require(document, kNoDocumentErr);
     return *document;
 }
 
 model::Document& documentOfView(AIDocumentViewHandle view) {
     if (!view) return currentDocument();
     const session::HandleParts parts = session::partsOf(view);
-    require(parts.kind == session::KindOf<AIDocumentViewHandle>::value, kUnknownHandleErr);
+    require(parts.kind == session::kKindOf<AIDocumentViewHandle>, kUnknownHandleErr);
     return found(Session::current().documentByNumber(parts.document));
 }
 
@@ -73,7 +71,7 @@ std::string traced(const AIRealPoint* point) {
     return point ? "(" + traced(point->h) + ", " + traced(point->v) + ")" : "null";
 }
 
-// Where an answer goes says nothing to a reader; whether there is a place does.
+// Where a result goes says nothing to a reader; whether there is a place does.
 std::string traced(const void* address) { return address ? "*" : "null"; }
 
 void traceCall(std::string_view entry, const std::string& arguments, AIErr answer) {

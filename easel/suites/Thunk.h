@@ -1,4 +1,4 @@
-// The door through which a plug-in's calls enter the host. One template makes the C function of every table entry: it
+// The entry point of a plug-in's calls into the host. One template makes the C function of every table entry: it
 // resolves handles to objects, runs a plain C++ function on them, and turns whatever is thrown into an error code.
 #pragma once
 
@@ -102,9 +102,9 @@ template <class T> struct Argument<std::optional<T>> {
 
 /// "AIArtSuite::GetArtType" for &AIArtSuite::GetArtType.
 template <auto Entry> [[nodiscard]] constexpr std::string_view entryName() {
-    constexpr std::string_view text = __PRETTY_FUNCTION__;
-    constexpr std::size_t start = text.find('&', text.find("Entry")) + 1;
-    return text.substr(start, text.find_first_of(";]", start) - start);
+    constexpr std::string_view kText = __PRETTY_FUNCTION__;
+    constexpr std::size_t kStart = kText.find('&', kText.find("Entry")) + 1;
+    return kText.substr(kStart, kText.find_first_of(";]", kStart) - kStart);
 }
 
 // Tracing: how arguments look on paper
@@ -128,7 +128,7 @@ template <class T> [[nodiscard]] std::string tracedArgument(const T& argument) {
 }
 void traceCall(std::string_view entry, const std::string& arguments, AIErr answer);
 
-/// Answers a refusal and, where it shows a fault of the plug-in, reports it.
+/// Returns `code` and, where it shows a fault of the plug-in, reports it.
 AIErr refuse(std::string_view entry, AIErr code);
 
 /// Runs a body with nothing thrown past it.
@@ -156,12 +156,12 @@ template <auto Entry, auto Operation, class EntryType, class OperationType> stru
 template <auto Entry, auto Operation, class Suite, class... Arguments, class... Parameters>
 struct Thunk<Entry, Operation, AIErr (*Suite::*)(Arguments...), void (*)(Parameters...)> {
     static AIErr call(Arguments... arguments) {
-        static constexpr std::string_view name = entryName<Entry>();
-        const AIErr answer = guarded(name, [&] { Operation(Argument<Parameters>::from(arguments)...); });
+        static constexpr std::string_view kName = entryName<Entry>();
+        const AIErr answer = guarded(kName, [&] { Operation(Argument<Parameters>::from(arguments)...); });
         if (Session::current().trace) {
             std::string text;
             ((text += (text.empty() ? "" : ", ") + tracedArgument(arguments)), ...);
-            traceCall(name, text, answer);
+            traceCall(kName, text, answer);
         }
         return answer;
     }

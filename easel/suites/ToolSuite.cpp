@@ -24,7 +24,7 @@ void addTool(session::Plugin& self, std::string_view name, const AIAddToolData& 
 }
 
 /// What can be changed is the tools of plug-ins.
-void requirePlugins(const Tool& tool) { require(tool.owner != nullptr, kRefusedErr); }
+void requirePlugins(const Tool& tool) { require(tool.owner, kRefusedErr); }
 
 void removeTool(Tool& tool) {
     requirePlugins(tool);
@@ -70,7 +70,7 @@ void getSelected(AIToolHandle& handle) { handle = Session::current().toolbox.cur
 void setSelected(Tool& tool) {
     if (&tool == Session::current().toolbox.current()) return;
     // By handle: the tool may be gone by then.
-    Session::current().messenger.afterwards([handle = tool.handle] {
+    Session::current().messenger.defer([handle = tool.handle] {
         Session& session = Session::current();
         if (Tool* const chosen = session.toolbox.find(handle)) session.selectTool(*chosen);
     });

@@ -107,7 +107,7 @@ TEST_F(Cursors, ClickAfterTheMessageAsTheUserWould) {
         Cursor::click({20, 30});
     });
     EXPECT_FALSE(pointer.pressed());
-    EXPECT_EQ(pointer.hand(), (desk::Point{210, 165}));
+    EXPECT_EQ(pointer.rawLocation(), (desk::Point{210, 165}));
     EXPECT_EQ(desk.paths().size(), 2u); // a line from the first press; a click draws none
 }
 
@@ -126,7 +126,7 @@ TEST_F(Cursors, CannotClickForEverNorWhereNothingIs) {
     desk.inMessage([&] { Plugin::instance()->setToolPostMouseUpCallback(answer.callback()); });
     desk.session().pointer.press({1, 1}, 0);
     desk.session().pointer.release({1, 1}, 0);
-    EXPECT_EQ(answer.runs, 1 + easel::session::Messenger::mostPutOff / 2);
+    EXPECT_EQ(answer.runs, 1 + easel::session::Messenger::kMaxDeferred / 2);
     EXPECT_THAT(desk.session().reports().back(), HasSubstr("the rest is dropped"));
     // The click that a closing document's gesture leads to finds none any more.
     desk.session().pointer.press({1, 1}, 0);

@@ -65,12 +65,12 @@ class EventsTest : public testing::Test {
         session.document()->journal().begin();
         work(*session.document());
         session.document()->journal().end();
-        session.messenger.settle();
+        session.messenger.flush();
         return std::exchange(own.heard, {});
     }
     model::Node& addPath() {
         model::Node& path = addLine(*session.document(), session.document()->currentLayer(), {10, 10}, {50, 10});
-        session.messenger.settle();
+        session.messenger.flush();
         return path;
     }
 
@@ -110,7 +110,7 @@ TEST_F(EventsTest, TellOfArtAndLayersByTheNetEffect) {
                             kAIArtPropertiesChangedNotifier, kAIArtSelectionChangedNotifier));
     own.heard.clear();
     session.document()->journal().undo();
-    session.messenger.settle();
+    session.messenger.flush();
     EXPECT_THAT(own.heard, ElementsAre(kAILayerSetNotifier, kAICurrentLayerNotifier, kAIArtPropertiesChangedNotifier,
                                        kAIArtSelectionChangedNotifier));
 }

@@ -10,7 +10,7 @@ namespace {
 using namespace easel::session;
 using testing::ElementsAre;
 
-constexpr std::int32_t partial = kMenuGroupPartialOption;
+constexpr std::int32_t kPartial = kMenuGroupPartialOption;
 
 std::vector<std::string> textsIn(const MenuGroup& group) {
     std::vector<std::string> texts;
@@ -41,14 +41,14 @@ TEST_F(MenusTest, PlaceGroupsBelowOrInsideAndSortThem) {
     EXPECT_EQ(below.parent, nullptr);
     EXPECT_EQ(menus.groups()[17], &below); // "Edit" is the 17th
     menus.addItem(one, "Edit", "First", 0);
-    menus.addGroup(one, "Last", "last", "Edit", partial);
-    menus.addGroup(one, "Top", "top", "Edit", partial | kMenuGroupOnTopOption);
+    menus.addGroup(one, "Last", "last", "Edit", kPartial);
+    menus.addGroup(one, "Top", "top", "Edit", kPartial | kMenuGroupOnTopOption);
     EXPECT_THAT(textsIn(edit), ElementsAre("<top", "First", "<last"));
 
     MenuItem& pear = menus.addItem(one, "Below", "Pear", 0);
     menus.addItem(one, "Below", "Apple", 0);
     menus.addItem(one, "Below", "unseen", kMenuItemDividerOption);
-    menus.addGroup(one, "Sub", "Nuts", "Below", partial | kMenuGroupSubMenuOption);
+    menus.addGroup(one, "Sub", "Nuts", "Below", kPartial | kMenuGroupSubMenuOption);
     EXPECT_THAT(textsIn(below), ElementsAre("", "Apple", "<Nuts", "Pear"));
     menus.setText(pear, "Lemon");
     EXPECT_THAT(textsIn(below), ElementsAre("", "Apple", "Lemon", "<Nuts"));
@@ -60,7 +60,7 @@ TEST_F(MenusTest, PlaceGroupsBelowOrInsideAndSortThem) {
 }
 
 TEST_F(MenusTest, RefuseWhatCannotBe) {
-    menus.addGroup(one, "Mine", "Mine", "Edit", partial | kMenuGroupSubMenuOption);
+    menus.addGroup(one, "Mine", "Mine", "Edit", kPartial | kMenuGroupSubMenuOption);
     struct Wrong {
         const char* name;
         const char* near;
@@ -73,7 +73,7 @@ TEST_F(MenusTest, RefuseWhatCannotBe) {
     }
     EXPECT_EQ(errorOf([&] { menus.addItem(one, "Nowhere", "x", 0); }), kBadParameterErr);
     EXPECT_EQ(errorOf([&] { menus.addItem(one, "Mine", "x", 2); }), kBadParameterErr);
-    EXPECT_EQ(errorOf([&] { menus.setOptions(edit, partial); }), kBadParameterErr);
+    EXPECT_EQ(errorOf([&] { menus.setOptions(edit, kPartial); }), kBadParameterErr);
     EXPECT_EQ(errorOf([&] { menus.removeItem(*menus.findItem("Mine")); }), kRefusedErr); // it opens the group
     EXPECT_EQ(errorOf([&] { menus.removeGroup(edit); }), kRefusedErr);                   // the host's own
     EXPECT_EQ(errorOf([&] { menus.setText(edit, "Mine"); }), kRefusedErr);
@@ -81,8 +81,8 @@ TEST_F(MenusTest, RefuseWhatCannotBe) {
 }
 
 TEST_F(MenusTest, EnableAnItemOnlyWithAllThatIsAroundIt) {
-    MenuGroup& outer = menus.addGroup(one, "Outer", "Outer", "Edit", partial | kMenuGroupSubMenuOption);
-    MenuGroup& inner = menus.addGroup(one, "Inner", "Inner", "Outer", partial);
+    MenuGroup& outer = menus.addGroup(one, "Outer", "Outer", "Edit", kPartial | kMenuGroupSubMenuOption);
+    MenuGroup& inner = menus.addGroup(one, "Inner", "Inner", "Outer", kPartial);
     MenuItem& item = menus.addItem(one, "Inner", "Deep", 0);
     EXPECT_TRUE(Menus::isEnabled(item));
     for (bool* part : {&item.enabled, &inner.enabled, &outer.enabled, &outer.opener->enabled, &edit.enabled}) {
@@ -94,10 +94,10 @@ TEST_F(MenusTest, EnableAnItemOnlyWithAllThatIsAroundIt) {
 }
 
 TEST_F(MenusTest, AGroupSharedByPluginsOutlivesTheOneThatMadeIt) {
-    MenuGroup& shared = menus.addGroup(one, "Shared", "Shared", "Edit", partial | kMenuGroupSubMenuOption);
+    MenuGroup& shared = menus.addGroup(one, "Shared", "Shared", "Edit", kPartial | kMenuGroupSubMenuOption);
     menus.addItem(one, "Shared", "Of one", 0);
     menus.addItem(two, "Shared", "Of two", 0);
-    menus.addGroup(one, "Alone", "Alone", "Shared", partial);
+    menus.addGroup(one, "Alone", "Alone", "Shared", kPartial);
     menus.forget(one);
     EXPECT_THAT(textsIn(shared), ElementsAre("Of two"));
     EXPECT_EQ(shared.owner, &two);
