@@ -6,7 +6,7 @@
 #include <memory>
 #include <random>
 
-#include "plugin/HostMonitor.h"
+#include "plugin/host/HostMonitor.h"
 #include "session/Session.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);

@@ -2,8 +2,8 @@
 // a tool whose callback does nothing. The limits are 200 ns and 1 µs; the peer is the bare call of a function.
 #include <benchmark/benchmark.h>
 
-#include "core/Plugin.h"
-#include "core/Tool.h"
+#include "core/app/Plugin.h"
+#include "core/frame/Tool.h"
 #include "session/Session.h"
 #include "tool/Plugin.h"
 

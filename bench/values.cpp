@@ -8,7 +8,7 @@
 #include <2geom/bezier-curve.h>
 #include <benchmark/benchmark.h>
 
-#include "core/Bezier.h"
+#include "core/values/Bezier.h"
 
 namespace {
 

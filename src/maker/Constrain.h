@@ -2,7 +2,7 @@
 // Nothing here keeps state; only constrainToAxo looks further than its arguments, at the axes of the drawing globals.
 #pragma once
 
-#include "core/Angle.h"
+#include "core/values/Angle.h"
 
 /// Angles run counter-clockwise on screen, 0 to the right. Plain numbers are degrees.
 namespace vl::constrain {

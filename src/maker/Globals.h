@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "core/Angle.h"
-#include "core/ArtboardPoint.h"
-#include "core/HitData.h"
+#include "core/document/HitData.h"
+#include "core/values/Angle.h"
+#include "core/values/ArtboardPoint.h"
 
 struct ArtObject;
 

@@ -1,8 +1,8 @@
 // Directions at the ends of paths.
 #pragma once
 
-#include "core/Angle.h"
-#include "core/PathArt.h"
+#include "core/document/PathArt.h"
+#include "core/values/Angle.h"
 
 namespace vl::geo {
 

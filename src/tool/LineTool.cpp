@@ -1,8 +1,8 @@
 // The line tool's handlers: press, drag, release. Each drag and the release find the document as the press left it (the
 // tool asks the host for buffered dragging), so nothing here takes the feedback line away again.
-#include "core/Draw.h"
-#include "core/Illustrator.h"
-#include "core/Keys.h"
+#include "core/app/Illustrator.h"
+#include "core/document/Draw.h"
+#include "core/frame/Keys.h"
 #include "maker/Constrain.h"
 #include "maker/Globals.h"
 #include "maker/PathGeometry.h"

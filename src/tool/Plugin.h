@@ -3,10 +3,10 @@
 
 #include <memory>
 
-#include "core/Art.h"
-#include "core/Cursor.h"
-#include "core/Plugin.h"
-#include "core/Tool.h"
+#include "core/app/Plugin.h"
+#include "core/document/Art.h"
+#include "core/frame/Cursor.h"
+#include "core/frame/Tool.h"
 
 namespace ortho {
 

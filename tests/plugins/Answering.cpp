@@ -6,15 +6,15 @@
 #include <memory>
 #include <string>
 
-#include "core/AnnotationDrawer.h"
-#include "core/Annotator.h"
-#include "core/Dispatcher.h"
-#include "core/Illustrator.h"
-#include "core/MenuGroup.h"
-#include "core/Messages.h"
-#include "core/Plugin.h"
-#include "core/Timer.h"
-#include "core/Tool.h"
+#include "core/app/Illustrator.h"
+#include "core/app/Plugin.h"
+#include "core/frame/AnnotationDrawer.h"
+#include "core/frame/Annotator.h"
+#include "core/frame/Dispatcher.h"
+#include "core/frame/MenuGroup.h"
+#include "core/frame/Messages.h"
+#include "core/frame/Timer.h"
+#include "core/frame/Tool.h"
 #include "plugins/Question.h"
 
 namespace answering {

@@ -4,12 +4,12 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/Dispatcher.h"
-#include "core/Illustrator.h"
-#include "core/Messages.h"
-#include "core/Plugin.h"
-#include "core/Timer.h"
-#include "core/Tool.h"
+#include "core/app/Illustrator.h"
+#include "core/app/Plugin.h"
+#include "core/frame/Dispatcher.h"
+#include "core/frame/Messages.h"
+#include "core/frame/Timer.h"
+#include "core/frame/Tool.h"
 #include "plugins/Orders.h"
 
 namespace obeying {

@@ -3,8 +3,8 @@
 
 #include <gmock/gmock.h>
 
-#include "core/Dispatcher.h"
-#include "core/Plugin.h"
+#include "core/app/Plugin.h"
+#include "core/frame/Dispatcher.h"
 #include "support/Drawing.h"
 #include "support/Receiver.h"
 #include "svg/Writer.h"

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-#include "core/Callback.h"
+#include "core/values/Callback.h"
 
 namespace desk {
 

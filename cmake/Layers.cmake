@@ -1,0 +1,118 @@
+# How the folders become layers, and what may include what. A layer's headers are reachable only through its own
+# include root (a folder of links in the build tree), so an include across a forbidden wall finds no file.
+
+add_library(project_flags INTERFACE)
+target_compile_features(project_flags INTERFACE cxx_std_20)
+target_compile_options(project_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+# g++ 12 sees overruns in std::string's own operator+, depending on how long a literal is; the sanitizer run finds real ones.
+target_compile_options(project_flags INTERFACE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
+
+# layer_include_root(NAME PREFIX DIR [HEADERS...]): the include root `NAME_root`, in which DIR (or just HEADERS of it) is
+# reachable as "PREFIX/...".
+function(layer_include_root name prefix dir)
+    set(root ${CMAKE_BINARY_DIR}/roots/${name})
+    if(ARGN)
+        file(REMOVE_RECURSE ${root})
+        foreach(header ${ARGN})
+            get_filename_component(folder ${root}/${prefix}/${header} DIRECTORY)
+            file(MAKE_DIRECTORY ${folder})
+            file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${dir}/${header} ${root}/${prefix}/${header} SYMBOLIC)
+        endforeach()
+    else()
+        get_filename_component(folder ${root}/${prefix} DIRECTORY)
+        file(MAKE_DIRECTORY ${folder})
+        file(CREATE_LINK ${PROJECT_SOURCE_DIR}/${dir} ${root}/${prefix} SYMBOLIC)
+    endif()
+    add_library(${name}_root INTERFACE)
+    target_include_directories(${name}_root INTERFACE ${root})
+endfunction()
+
+# layer_group(NAME names...): several layers under one name, for those who may know all of them: their include roots as
+# `NAME_root`, their objects as `NAME`.
+function(layer_group name)
+    add_library(${name}_root INTERFACE)
+    add_library(${name} INTERFACE)
+    foreach(member ${ARGN})
+        target_link_libraries(${name}_root INTERFACE ${member}_root)
+        if(TARGET ${member})
+            target_sources(${name} INTERFACE $<TARGET_OBJECTS:${member}>)
+        endif()
+    endforeach()
+endfunction()
+
+# layer(NAME DIR DEPENDS names... LIBRARIES targets... HEADERS_DEPEND names...): the object library of one folder. It sees
+# its own headers, those of the layers it depends on, and the named libraries; nothing passes on. Where its headers may
+# know less than its sources, HEADERS_DEPEND says what.
+function(layer name dir)
+    cmake_parse_arguments(ARG "" "" "DEPENDS;LIBRARIES;HEADERS_DEPEND" ${ARGN})
+    if(NOT ARG_HEADERS_DEPEND)
+        set(ARG_HEADERS_DEPEND ${ARG_DEPENDS})
+    endif()
+    # "src/core/values" is included as "core/values/...", "easel/svg" as "svg/..."
+    string(REGEX REPLACE "^[^/]+/(.+)$" "\\1" prefix ${dir})
+    if(NOT TARGET ${name}_root)
+        layer_include_root(${name} ${prefix} ${dir})
+    endif()
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${dir}/*.cpp)
+    file(GLOB_RECURSE headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/${dir} ${PROJECT_SOURCE_DIR}/${dir}/*.h)
+    set(roots ${name}_root)
+    foreach(known ${ARG_DEPENDS})
+        list(APPEND roots ${known}_root)
+    endforeach()
+    if(sources)
+        add_library(${name} OBJECT ${sources})
+        target_link_libraries(${name} PRIVATE project_flags ${roots} ${ARG_LIBRARIES})
+    endif()
+    if(HOUSE_CHECK_HEADERS AND headers)
+        set(header_roots ${name}_root)
+        foreach(known ${ARG_HEADERS_DEPEND})
+            list(APPEND header_roots ${known}_root)
+        endforeach()
+        layer_check_headers(${name} ${prefix} "${headers}" "${header_roots};${ARG_LIBRARIES}")
+    endif()
+endfunction()
+
+# Compiles every header alone, with exactly what its layer may see.
+function(layer_check_headers name prefix headers uses)
+    foreach(header ${headers})
+        string(REPLACE "/" "_" stem ${prefix}/${header})
+        set(unit ${CMAKE_BINARY_DIR}/headers/${stem}.cpp)
+        file(CONFIGURE OUTPUT ${unit} CONTENT "#include \"${prefix}/${header}\" // IWYU pragma: keep\n")
+        list(APPEND units ${unit})
+    endforeach()
+    add_library(${name}_headers OBJECT ${units})
+    target_link_libraries(${name}_headers PRIVATE project_flags ${uses})
+    target_compile_options(${name}_headers PRIVATE -O0 -g0)
+endfunction()
+
+# kzo_add_plugin(NAME name PLIST file SOURCES files... CODE targets... RESOURCES files...): a plug-in bundle NAME.aip on
+# the framework, of sources compiled here and targets compiled elsewhere. Its library exports the entry alone.
+function(kzo_add_plugin)
+    cmake_parse_arguments(ARG "" "NAME;PLIST" "SOURCES;CODE;RESOURCES" ${ARGN})
+    set(contents ${CMAKE_BINARY_DIR}/${ARG_NAME}.aip/Contents)
+    add_library(${ARG_NAME} MODULE ${ARG_SOURCES})
+    target_link_libraries(${ARG_NAME} PRIVATE project_flags kzo ${ARG_CODE} core_root)
+    target_link_options(${ARG_NAME} PRIVATE -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/entry.map)
+    set_target_properties(${ARG_NAME} PROPERTIES
+        PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${contents}/Linux
+        LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/entry.map)
+    set(PLUGIN_NAME ${ARG_NAME})
+    configure_file(${ARG_PLIST} ${contents}/Info.plist @ONLY)
+    # Icons are drawn once, as SVG, and shipped as PNG in normal and double resolution.
+    foreach(resource ${ARG_RESOURCES})
+        get_filename_component(stem ${resource} NAME_WE)
+        foreach(scale 1 2)
+            set(png ${contents}/Resources/${stem}.png)
+            if(scale EQUAL 2)
+                set(png ${contents}/Resources/${stem}@2x.png)
+            endif()
+            add_custom_command(OUTPUT ${png}
+                COMMAND ${CMAKE_COMMAND} -E make_directory ${contents}/Resources
+                COMMAND rsvg-convert --zoom=${scale} --output=${png} ${PROJECT_SOURCE_DIR}/${resource}
+                DEPENDS ${PROJECT_SOURCE_DIR}/${resource} VERBATIM)
+            list(APPEND pngs ${png})
+        endforeach()
+    endforeach()
+    add_custom_target(${ARG_NAME}_resources ALL DEPENDS ${pngs})
+    add_dependencies(${ARG_NAME} ${ARG_NAME}_resources)
+endfunction()

@@ -1,0 +1,45 @@
+// The one Illustrator object.
+#include "core/app/Illustrator.h"
+
+#include <memory>
+
+#include "plugin/document/CurrentDocument.h"
+#include "plugin/frame/MenuGroup.h"
+#include "plugin/frame/ThirdPartyPlugin.h"
+
+namespace kzo::core {
+
+namespace {
+
+std::unique_ptr<Illustrator> theInstance;
+
+} // namespace
+
+Illustrator* Illustrator::instance() {
+    if (!theInstance) theInstance.reset(new Illustrator);
+    return theInstance.get();
+}
+
+void Illustrator::__destroy() { theInstance.reset(); }
+
+CurrentDocument* Illustrator::currentDocument() {
+    return plugin::CurrentDocument().exists() ? &currentDocument_ : nullptr;
+}
+
+// Menus
+
+std::size_t Illustrator::menuGroupCount() const { return plugin::menuGroupCount(); }
+MenuGroup Illustrator::menuGroupAtIndex(std::size_t index) const { return MenuGroup(plugin::menuGroupAt(index)); }
+
+// Plug-ins
+
+std::map<std::string, ThirdPartyPlugin> Illustrator::allPlugins() const {
+    std::map<std::string, ThirdPartyPlugin> plugins;
+    for (SPPlugin* const plugin : plugin::ThirdPartyPlugin::all()) {
+        const ThirdPartyPlugin handle(plugin);
+        plugins.emplace(handle.name(), handle);
+    }
+    return plugins;
+}
+
+} // namespace kzo::core

@@ -1,0 +1,38 @@
+// The running host application.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "core/document/CurrentDocument.h"
+#include "core/frame/MenuGroup.h"
+#include "core/frame/ThirdPartyPlugin.h"
+
+namespace kzo::core {
+
+class Illustrator {
+  public:
+    /// Made on first use, gone with the plug-in's shut-down.
+    [[nodiscard]] static Illustrator* instance();
+
+    /// Null when no document is open.
+    [[nodiscard]] CurrentDocument* currentDocument();
+
+    // Menus
+    [[nodiscard]] std::size_t menuGroupCount() const;                  ///< those of the host and of all plug-ins
+    [[nodiscard]] MenuGroup menuGroupAtIndex(std::size_t index) const; ///< from 0; an empty handle where there is none
+
+    // Plug-ins
+    /// All plug-ins that are loaded, by name, also those that are not running. Of several with one name the first is
+    /// told.
+    [[nodiscard]] std::map<std::string, ThirdPartyPlugin> allPlugins() const;
+
+    static void __destroy(); ///< for the plug-in object
+
+  private:
+    Illustrator() = default;
+
+    CurrentDocument currentDocument_;
+};
+
+} // namespace kzo::core

@@ -1,0 +1,86 @@
+// A handle on one object of the document's art tree.
+#pragma once
+
+#include <memory>
+
+#include "core/document/PathArt.h"
+#include "core/values/Enumerations.h"
+
+struct ArtObject;
+
+namespace kzo::plugin {
+class Art;
+}
+
+namespace kzo::core {
+
+class __IntArtData;
+
+/// All handles on one host object share its implementation, however they were made: they compare equal, and become
+/// empty together when the object is disposed of through any of them. The object itself stays when a handle goes.
+/// Operations on an empty handle do nothing and answer false, 0, an empty handle or null; relatives are new handles,
+/// null where there is none. The first child is the topmost.
+class Art {
+  public:
+    class Iterator;
+
+    // Construction
+    Art(); ///< empty
+    explicit Art(ArtObject* handle);
+    /// Makes a new object in the document. Empty when the host refuses.
+    Art(ArtType type, PaintOrder order, const Art* prep = nullptr);
+    Art(const Art& other);
+    Art& operator=(const Art& other);
+    ~Art();
+
+    // Identity
+    [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] bool operator==(const Art& other) const;
+    [[nodiscard]] ArtObject* aiArtHandle() const;
+    [[nodiscard]] bool valid() const; ///< whether the host still knows the object
+    [[nodiscard]] ArtType artType() const;
+
+    // Views by type; each does nothing when the art is of another type
+    [[nodiscard]] PathArt* path() const;
+
+    // Attributes
+    [[nodiscard]] bool attribute(ArtAttribute which) const;
+    [[nodiscard]] bool selected() const;
+    [[nodiscard]] bool locked() const;
+    [[nodiscard]] bool hidden() const;
+    void select(); ///< with all its points
+    void deselect();
+
+    // Tree
+    [[nodiscard]] std::unique_ptr<Art> parent() const;
+    [[nodiscard]] std::unique_ptr<Art> firstChild() const;
+    [[nodiscard]] std::unique_ptr<Art> sibling() const;
+    [[nodiscard]] std::unique_ptr<Art> priorSibling() const;
+    [[nodiscard]] Iterator begin() const;
+
+    // Removal
+    bool dispose(); ///< takes the object out of the document
+
+    [[nodiscard]] plugin::Art* impl() const; ///< null when empty
+
+  private:
+    void share(ArtObject* handle);
+
+    std::unique_ptr<__IntArtData> data_;
+};
+
+/// Walks the children of a group, topmost first.
+class Art::Iterator {
+  public:
+    explicit Iterator(std::unique_ptr<Art> child) : child_(std::move(child)) {}
+
+    [[nodiscard]] bool atEnd() const { return !child_; }
+    [[nodiscard]] std::unique_ptr<Art> art() const;
+    Iterator& operator++();
+    Iterator& operator--();
+
+  private:
+    std::unique_ptr<Art> child_;
+};
+
+} // namespace kzo::core

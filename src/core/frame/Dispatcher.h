@@ -1,0 +1,87 @@
+// The public face of message dispatch: what a client registers for itself, and the message that is being handled.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/frame/Annotator.h"
+#include "core/frame/MessageType.h"
+#include "core/frame/Notifier.h"
+#include "core/frame/Timer.h"
+#include "core/values/Callback.h"
+#include "core/values/VirtualKey.h"
+
+namespace kzo::plugin {
+class Dispatcher;
+}
+
+namespace kzo::core {
+
+class Message;
+class ToolMessage;
+
+class Dispatcher {
+  public:
+    explicit Dispatcher(plugin::Dispatcher& impl) : impl_(impl) {}
+
+    // Dispatch
+    /// Answers 1 when nothing is registered for the message, else what its handler answers, 0 as a rule.
+    std::int32_t message(std::string_view caller, std::string_view selector, void* record);
+    std::int32_t message(MessageType type, void* record); ///< with a typed message object; 1 for an unknown type
+
+    // Registration; a second callback for the same message replaces the first
+    void registerMessageCallback(std::string_view caller, std::string_view selector, const Callback& callback);
+    void registerMessageCallback(MessageType type, const Callback& callback); ///< nothing for an unknown type
+    void unregisterMessageCallback(std::string_view caller, std::string_view selector);
+    void unregisterMessageCallback(MessageType type);
+
+    // Notifiers
+    /// An empty handle when the host refuses.
+    Notifier registerNotifier(const std::string& name, NotifierType type, const Callback& callback);
+    void unregisterNotifier(Notifier notifier);
+    [[nodiscard]] std::vector<Notifier> registeredNotifiersOfType(NotifierType type) const;
+
+    // Timers
+    /// A timer is registered from its construction on. One that is not is no longer run, though the host keeps it.
+    void registerTimer(const Timer& timer);
+    void unregisterTimer(const Timer& timer);
+    /// Runs the callback once, when `delay` seconds have passed. False when the host refuses.
+    bool scheduleCallback(const Callback& callback, double delay);
+
+    // Annotators
+    /// As timers: registered from its construction on, and without it not asked to draw, though the host keeps it.
+    void registerAnnotator(const Annotator& annotator);
+    void unregisterAnnotator(const Annotator& annotator);
+
+    // Keys and mouse buttons, wherever in the application they are pressed
+    /// Answers the monitor's number, or 0 when the platform tells of none.
+    std::uint32_t addKeypressMonitor(VirtualKey key, const Callback& callback);
+    [[nodiscard]] Callback* getKeypressMonitor(std::uint32_t id) const; ///< null when there is none
+    void removeKeypressMonitor(std::uint32_t id);
+    std::uint32_t addMouseMonitor(MouseButton button, const Callback& callback);
+    [[nodiscard]] Callback* getMouseMonitor(std::uint32_t id) const;
+    void removeMouseMonitor(std::uint32_t id);
+
+    // The message being handled; null outside of any. A nested one hides the outer one until it returns, unless it is
+    // of no kind.
+    [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }
+    [[nodiscard]] static const ToolMessage* lastToolMessage() { return executing_ ? executing_->toolMessage : nullptr; }
+    /// The host's record, also of a message that has no kind.
+    [[nodiscard]] void* lastRecord() const;
+    [[nodiscard]] static bool isExecuting(MessageType type); ///< also as an outer one
+
+  private:
+    struct Executing {
+        const Message* message;
+        const ToolMessage* toolMessage; // the innermost one
+        const Executing* outer;
+    };
+    class Scope;
+
+    plugin::Dispatcher& impl_;
+    // Of the process, not of the object: a message may outlive its dispatcher, when it leads to shut-down.
+    static inline const Executing* executing_ = nullptr;
+};
+
+} // namespace kzo::core

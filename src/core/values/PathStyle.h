@@ -1,0 +1,55 @@
+// The paint of a path: fill and stroke. Plain values; lengths in points.
+#pragma once
+
+#include <array>
+#include <cstddef>
+
+#include "core/values/Enumerations.h"
+
+namespace kzo::core {
+
+/// Red, green, blue, 0 to 1; black by default.
+struct RgbColor {
+    double red = 0;
+    double green = 0;
+    double blue = 0;
+
+    bool operator==(const RgbColor&) const = default;
+};
+
+/// Lengths of dashes and gaps in turn. The default is a solid line.
+struct DashStyle {
+    std::array<double, 6> lengths{};
+    std::size_t count = 0;
+    double offset = 0;
+
+    bool operator==(const DashStyle&) const = default;
+};
+
+struct StrokeStyle {
+    bool painted = true;
+    RgbColor color;
+    double width = 1;
+    double miterLimit = 10;
+    StrokeCap cap = StrokeCap::Butt;
+    StrokeJoin join = StrokeJoin::Miter;
+    DashStyle dash;
+
+    bool operator==(const StrokeStyle&) const = default;
+};
+
+struct FillStyle {
+    bool painted = false;
+    RgbColor color;
+
+    bool operator==(const FillStyle&) const = default;
+};
+
+struct PathStyle {
+    FillStyle fill;
+    StrokeStyle stroke;
+
+    bool operator==(const PathStyle&) const = default;
+};
+
+} // namespace kzo::core

@@ -1,0 +1,53 @@
+// The document, layer, view and matching art suites' calls.
+#include "plugin/document/CurrentDocument.h"
+
+#include "plugin/document/Layer.h"
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin {
+
+bool CurrentDocument::exists() const { return host::ask<&AIDocumentSuite::GetDocument>(AIDocumentHandle{}) != nullptr; }
+
+// Layers
+
+int CurrentDocument::layerCount() const { return host::ask<&AILayerSuite::CountLayers>(std::int32_t{0}); }
+
+AILayer* CurrentDocument::layerAtIndex(int index) const {
+    return host::ask<&AILayerSuite::GetNthLayer>(AILayerHandle{}, std::int32_t{index});
+}
+
+AILayer* CurrentDocument::currentLayer() const { return host::ask<&AILayerSuite::GetCurrentLayer>(AILayerHandle{}); }
+
+// Selection
+
+std::vector<ArtObject*> CurrentDocument::selectedArt() const {
+    AIArtHandle** list = nullptr;
+    std::int32_t count = 0;
+    std::vector<ArtObject*> selected;
+    if (!host::call<&AIMatchingArtSuite::GetSelectedArt>(&list, &count) || !list) return selected;
+    for (std::int32_t i = 0; i < count; ++i)
+        if ((*list)[i]) selected.push_back((*list)[i]);
+    host::call<&AIMdMemorySuite::MdMemoryDisposeHandle>(reinterpret_cast<AIMdMemoryHandle>(list));
+    return selected;
+}
+
+bool CurrentDocument::anyArtSelected() const {
+    const int count = layerCount();
+    for (int i = 0; i < count; ++i)
+        if (Layer(layerAtIndex(i)).hasSelectedArt()) return true;
+    return false;
+}
+
+void CurrentDocument::deselectAllArt() {
+    host::call<&AIMatchingArtSuite::DeselectAll>();
+    for (AILayer* layer = firstLayer(); layer; layer = Layer(layer).next()) Layer(layer).deselectArt();
+}
+
+// View
+
+double CurrentDocument::zoom() const {
+    const double zoom = host::ask<&AIDocumentViewSuite::GetDocumentViewZoom>(1.0, AIDocumentViewHandle{});
+    return zoom > 0 ? zoom : 1.0;
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,83 @@
+// The hit test suite's call, and what follows from where a path was hit.
+#include "plugin/document/HitData.h"
+
+#include <cmath>
+
+#include "plugin/document/Convert.h"
+#include "plugin/document/CurrentDocument.h"
+#include "plugin/document/Layer.h"
+#include "plugin/document/PathArt.h"
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+// Near, but never on, the ends of a path: a split there leaves no empty piece.
+constexpr double justAfterStart = 9.999999999999999e-05;
+constexpr double justBeforeEnd = 0.9999;
+
+} // namespace
+
+HitData::HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest request, double tolerance,
+                 bool inViewUnits)
+    : request_(request), point_(point) {
+    const CurrentDocument document;
+    if (!document.exists()) return;
+    tested_ = true;
+    const double inPoints = std::abs(tolerance) / (inViewUnits ? document.zoom() : 1.0);
+    if (art) {
+        static_cast<void>(test(art, inPoints));
+        return;
+    }
+    const int layers = document.layerCount();
+    for (int i = 0; i < layers; ++i)
+        if (test(Layer(document.layerAtIndex(i)).group(), inPoints)) return;
+}
+
+bool HitData::test(ArtObject* art, double tolerance) {
+    const AIRealPoint point = point_.toAIRealPoint();
+    AIHitRecord record{};
+    // Without its group a layer would stand for the whole document.
+    if (!art || !host::call<&AIHitTestSuite::HitTest>(art, &point, tolerance, bits(request_), &record)) return false;
+    type_ = fromHost(hitTypes, record.type, core::HitType::None);
+    if (type_ == core::HitType::None) return false;
+    art_ = record.art;
+    textRange_ = record.textRange;
+    inGroup_ = record.inGroup != 0;
+    featurePoint_ = record.point;
+    if (type_ == core::HitType::Fill) return true;
+    if (type_ == core::HitType::Segment) {
+        segPointIndex_ = segIndex_ = record.segment;
+        t_ = record.t;
+    } else {
+        noteSegPoint(record.segment);
+    }
+    if (segIndex_ < 0) return true;
+    bezier_ = PathArt(art_).bezier(segIndex_);
+    if (!bezier_) { // no path after all
+        segPointIndex_ = segIndex_ = -1;
+        t_ = 0;
+    }
+    return true;
+}
+
+void HitData::noteSegPoint(std::int16_t index) {
+    const PathArt path(art_);
+    segPointIndex_ = segIndex_ = index;
+    if (path.closed()) return;
+    const bool last = index == path.segPointCount() - 1;
+    if (last) --segIndex_; // no segment starts there
+    if (index == 0)
+        t_ = justAfterStart;
+    else if (last)
+        t_ = justBeforeEnd;
+}
+
+std::optional<ArtboardPoint> HitData::snapped() const { return hit() ? std::optional(featurePoint_) : std::nullopt; }
+
+std::optional<ArtboardPoint> HitData::snappedTo(core::HitType type) const {
+    return type_ == type ? snapped() : std::nullopt;
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,118 @@
+// The plug-in towards the host: what the framework registers for itself, and the registries. The phases of life and the
+// client's callbacks are known above (core::Plugin).
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/values/Enumerations.h"
+#include "plugin/frame/Annotator.h"
+#include "plugin/frame/BaseTool.h"
+#include "plugin/frame/Dispatcher.h"
+#include "plugin/frame/MenuItem.h"
+#include "plugin/frame/Monitors.h"
+#include "plugin/frame/Notifier.h"
+#include "plugin/frame/ThirdPartyPlugin.h"
+#include "plugin/frame/Timer.h"
+
+struct AIPluginGroup;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+/// Sets the way to the host for all calls that follow. A message that shows none leaves the one there is.
+void useHost(const void* record);
+/// Gives every suite back. No call reaches the host from here on, until it is to be used again.
+void leaveHost();
+
+/// The name that the host knows the plug-in of this message by; empty when it tells none.
+[[nodiscard]] std::string pluginName(const void* record);
+
+class BasePlugin {
+  public:
+    BasePlugin(SPPlugin* plugin, std::string name);
+    BasePlugin(const BasePlugin&) = delete;
+    BasePlugin& operator=(const BasePlugin&) = delete;
+
+    [[nodiscard]] SPPlugin* spPluginRef() const { return plugin_; }
+    [[nodiscard]] const std::string& name() const { return name_; }
+    void setName(const std::string& name); ///< also in the host's lists
+    [[nodiscard]] Dispatcher& dispatcher() { return dispatcher_; }
+    /// Our own place in the host's list of plug-ins.
+    [[nodiscard]] ThirdPartyPlugin listing() const { return ThirdPartyPlugin(plugin_); }
+
+    // Life
+    /// Registers the framework's notifiers and messages. Answers 0, 1000 when the host refuses a notifier, 1001
+    /// when it has no undo suite.
+    std::int32_t startup();
+    /// Registers the kind of custom art that belongs to the plug-in, once.
+    void addPluginGroup();
+    /// Lets go of all that was registered and gives every suite back. Answers 0.
+    std::int32_t shutdown();
+
+    // Notifiers
+    /// A subscription that lasts until shut-down; null when the host refuses.
+    std::shared_ptr<Notifier> addNotifier(const std::string& name, std::string_view type,
+                                          const core::CallbackSlot& callback);
+    [[nodiscard]] NotifierRegistry& notifiers() { return notifiers_; }
+
+    // Menus, timers and annotators
+    [[nodiscard]] MenuRegistry& menus() { return menus_; }
+    [[nodiscard]] TimerRegistry& timers() { return timers_; }
+    [[nodiscard]] AnnotatorRegistry& annotators() { return annotators_; }
+
+    // Keys, mouse buttons, and the interface
+    [[nodiscard]] Monitors& monitors() { return monitors_; }
+    core::CallbackSlot brightnessAdjusted;
+
+    // Tools
+    /// What the client wants done around an event, whichever tool it happens to.
+    struct AroundTool {
+        core::CallbackSlot before;
+        core::CallbackSlot after;
+    };
+    [[nodiscard]] AroundTool& around(ToolEvent event) { return aroundTools_[static_cast<std::size_t>(event)]; }
+    /// Takes part in owning a tool, so that it is there while a message to it is handled.
+    void addTool(const std::shared_ptr<BaseTool>& tool);
+    void removeTool(const BaseTool& tool);
+    /// The tool of the last select, track or mouse message; null before the first.
+    [[nodiscard]] std::shared_ptr<BaseTool> currentTool() const { return currentTool_.lock(); }
+
+    [[nodiscard]] bool toolsSnapTo(core::ToolSnapping kind) const;
+    void setToolsSnapTo(core::ToolSnapping kind, bool snap);
+
+    // Undo
+    static bool undo(); ///< false when the host refuses or `startup` has not run
+    /// False for a value that is no context, and when the host refuses or `startup` has not run.
+    static bool setUndoKind(core::UndoContext context);
+
+  private:
+    [[nodiscard]] bool hear(const std::string& label, std::string_view type, const core::CallbackSlot& callback = {});
+    void handleBrightness();
+    void handleKey();
+    void handleButton();
+    void handleNotifyMessage();
+    void handleMenuChoice();
+    void handleMenuUpdate();
+    void handleTimerMessage();
+    void handleAnnotatorMessage();
+    void handleToolMessage();
+
+    SPPlugin* plugin_;
+    std::string name_;
+    AnnotatorRegistry annotators_;
+    Dispatcher dispatcher_{annotators_};
+    NotifierRegistry notifiers_;
+    MenuRegistry menus_;
+    TimerRegistry timers_;
+    Monitors monitors_;
+    std::array<AroundTool, toolEventCount> aroundTools_;
+    std::vector<std::shared_ptr<BaseTool>> tools_;
+    std::weak_ptr<BaseTool> currentTool_;
+    AIPluginGroup* group_ = nullptr;
+};
+
+} // namespace kzo::plugin

@@ -1,0 +1,116 @@
+// One tool of the host's toolbox: its registration, and the framework's share of each tool event. What the client's
+// callbacks are is known above (core::Tool).
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "core/values/BuiltinTool.h"
+#include "core/values/Enumerations.h"
+#include "plugin/document/HitData.h"
+#include "plugin/values/ArtboardPoint.h"
+
+struct AITool;
+struct SPPlugin;
+
+namespace kzo::plugin {
+
+/// What can happen to a tool, in the order of the host's selectors.
+enum class ToolEvent : std::uint8_t {
+    Edit,
+    Track,
+    MouseDown,
+    Drag,
+    MouseUp,
+    Select,
+    Reselect,
+    Deselect,
+    DecreaseDiameter,
+    IncreaseDiameter
+};
+inline constexpr std::size_t toolEventCount = 10;
+
+class BaseTool {
+  public:
+    static constexpr std::int16_t noNumber = -2;
+
+    /// How a tool presents itself. A group or tool set is named by the number of a tool in it.
+    struct Description {
+        std::int16_t group = noNumber;
+        std::int16_t toolset = noNumber;
+        std::string title;
+        std::string tip;
+        std::int16_t lightIconID = 0;
+        std::int16_t darkIconID = 0;
+        core::ToolOptions options = core::ToolOptions::None;
+    };
+
+    /// Adds the tool to the toolbox under the name "PLUGIN Tool TITLE". Without a handle afterwards: the host refused.
+    BaseTool(SPPlugin* plugin, const std::string& pluginName, const Description& description);
+    virtual ~BaseTool() = default;
+    BaseTool(const BaseTool&) = delete;
+    BaseTool& operator=(const BaseTool&) = delete;
+
+    // Identity
+    [[nodiscard]] AITool* toolHandle() const { return handle_; }
+    [[nodiscard]] std::int16_t number() const;
+    [[nodiscard]] std::string name() const;
+    [[nodiscard]] std::string title() const;
+    void setTitle(const std::string& title);
+    [[nodiscard]] std::string tip() const;
+    void setTip(const std::string& tip);
+    [[nodiscard]] std::int16_t lightIconID() const { return lightIconID_; }
+    void setLightIconID(std::int16_t id);
+    [[nodiscard]] std::int16_t darkIconID() const { return darkIconID_; }
+    void setDarkIconID(std::int16_t id);
+    [[nodiscard]] core::ToolOptions options() const;
+    void setOptions(core::ToolOptions options);
+    [[nodiscard]] bool selected() const;
+    void setSelected();
+    void destroy(); ///< takes the tool out of the toolbox; no handle is left
+
+    // Events
+    /// Does the framework's share, at the cursor's location, and runs the client's callback whatever came of it.
+    /// Answers what the host shall be told: 0, or the layer check's 1000 or 1001.
+    std::int32_t handle(ToolEvent event);
+
+    // The gesture
+    [[nodiscard]] const ArtboardPoint& cursorLoc() const { return cursorLoc_; }
+    void setCursorLoc(const ArtboardPoint& location) { cursorLoc_ = location; }
+    [[nodiscard]] const std::vector<ArtboardPoint>& mouseDownLocs() const { return mouseDownLocs_; }
+    [[nodiscard]] const std::vector<ArtboardPoint>& mouseUpLocs() const { return mouseUpLocs_; }
+    void resetCursorLocs(); ///< empties both lists, and nothing was dragged
+    [[nodiscard]] bool wasDragged() const { return wasDragged_; }
+    /// 0; 1000 when the current layer is not editable, else 1001 when it is not visible.
+    std::int32_t trackCursor();
+
+    // Hit tests at recorded locations, tolerance in screen units; null for an index that is not there
+    [[nodiscard]] std::unique_ptr<HitData> mouseDownHitData(std::size_t index, core::HitRequest request,
+                                                            double tolerance) const;
+    [[nodiscard]] std::unique_ptr<HitData> mouseUpHitData(std::size_t index, core::HitRequest request,
+                                                          double tolerance) const;
+    [[nodiscard]] std::unique_ptr<HitData> cursorHitData(core::HitRequest request, double tolerance) const;
+
+  protected:
+    virtual void runCallback(ToolEvent event) = 0;
+
+  private:
+    std::int32_t mouseDown();
+    std::int32_t mouseDrag();
+    std::int32_t mouseUp();
+
+    ArtboardPoint cursorLoc_;
+    std::vector<ArtboardPoint> mouseDownLocs_;
+    std::vector<ArtboardPoint> mouseUpLocs_;
+    bool wasDragged_ = false;
+    AITool* handle_ = nullptr;
+    std::int16_t lightIconID_;
+    std::int16_t darkIconID_;
+};
+
+/// The number of the host's own tool; BaseTool::noNumber when the host lacks it.
+[[nodiscard]] std::int16_t builtinToolNumber(core::BuiltinTool tool);
+
+} // namespace kzo::plugin

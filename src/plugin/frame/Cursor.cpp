@@ -1,0 +1,60 @@
+// The choice of an image, and the numbers of cursors.
+#include "plugin/frame/Cursor.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+// Displays tell their scale with some noise, so one of exactly 1 or 2 stays on its own side.
+constexpr double moreThanNormal = 1.01;
+constexpr double moreThanDouble = 2.01;
+
+/// The number of the first living cursor that fits; 0 when none does.
+template <class Predicate> unsigned findLiving(Predicate fits) {
+    unsigned number = 0;
+    SharedCursor::Map::each([&](const auto& shared) {
+        const bool first = number == 0 || shared.key < number;
+        if (shared.impl.handle() && first && fits(shared.impl.cursor())) number = shared.key;
+    });
+    return number;
+}
+
+} // namespace
+
+CursorImage Cursor::imageAt(int scale) const {
+    const std::int16_t resource = scale == 3 ? images_.tripled : scale == 2 ? images_.doubled : images_.normal;
+    return {.plugin = plugin_, .resource = resource, .hotSpot = hotSpot_, .scale = scale};
+}
+
+void Cursor::enable() const {
+    Platform& shower = platform();
+    if (hostNumber_ != 0) return shower.showCursor(hostNumber_);
+    const double display = shower.displayScale().value_or(1.0);
+    int scale = 1;
+    if (display > moreThanDouble && images_.tripled != 0)
+        scale = 3;
+    else if (display > moreThanNormal && images_.doubled != 0)
+        scale = 2;
+    const CursorImage image = imageAt(scale);
+    if (image.resource != 0) shower.showCursor(image);
+}
+
+bool Cursor::has(const CursorImage& image) const {
+    return image.resource != 0 && (image == imageAt(1) || image == imageAt(2) || image == imageAt(3));
+}
+
+unsigned numberFor(const Cursor& cursor) {
+    unsigned number = findLiving([&](const Cursor& other) { return other == cursor; });
+    if (number != 0) return number;
+    number = firstImageCursor;
+    while (SharedCursor::Map::find(number)) ++number;
+    return number;
+}
+
+unsigned shownCursorNumber() {
+    const ShownCursor shown = platform().shownCursor();
+    if (shown.number != 0) return shown.number < firstImageCursor ? shown.number : 0;
+    return findLiving([&](const Cursor& cursor) { return cursor.has(shown.image); });
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,108 @@
+// What the host's message records say, as plain records of our own: read once on arrival, valid while the message is
+// being handled.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/values/Enumerations.h"
+#include "plugin/values/ArtboardPoint.h"
+#include "plugin/values/ArtboardRect.h"
+
+struct AIAnnotator;
+struct AIDocumentView;
+struct AIDrawingContext;
+struct AINotifier;
+struct AIRealRect;
+struct AITimer;
+struct AITool;
+struct SPBasicSuite;
+struct SPPlugin;
+struct _t_MenuItemOpaque;
+
+namespace kzo::plugin {
+
+/// The head of every message.
+struct MessageHead {
+    explicit MessageHead(const void* record);
+
+    SPPlugin* self;
+    const SPBasicSuite* basic;
+};
+
+struct NotifyMessage {
+    explicit NotifyMessage(const void* record);
+
+    AINotifier* notifier;
+    std::string_view type;
+};
+
+struct MenuMessage {
+    explicit MenuMessage(const void* record);
+
+    _t_MenuItemOpaque* item; ///< null when all items are meant
+};
+
+struct TimerMessage {
+    explicit TimerMessage(const void* record);
+
+    AITimer* timer;
+};
+
+struct AnnotatorMessage {
+    explicit AnnotatorMessage(const void* record);
+
+    AIAnnotator* annotator;
+    AIDrawingContext* context; ///< null when the message is not about drawing
+    AIDocumentView* view;
+    bool triggeredByDragScroll;
+    bool showEdges;
+    [[nodiscard]] std::vector<ArtboardRect> invalidationRects() const;
+
+  private:
+    const AIRealRect* rects_;
+    std::int32_t rectCount_;
+};
+
+struct InputMessage {
+    explicit InputMessage(const void* record);
+
+    std::int32_t code; ///< of the key or the button
+};
+
+struct ToolMessage {
+    explicit ToolMessage(const void* record);
+
+    /// Gives the host what a tool may change: where it holds the cursor.
+    void copyBack(void* record) const;
+
+    AITool* tool;
+    ArtboardPoint cursor;
+    core::ModifierKeys modifiers;
+};
+
+/// Callers, selectors and notifier types that the framework itself acts on.
+namespace message {
+inline constexpr std::string_view access = "SP Access";
+inline constexpr std::string_view interface = "SP Interface";
+inline constexpr std::string_view startup = "Startup";
+inline constexpr std::string_view shutdown = "Shutdown";
+inline constexpr std::string_view about = "About";
+inline constexpr std::string_view notifier = "AI Notifier";
+inline constexpr std::string_view notify = "AI Notify";
+inline constexpr std::string_view menu = "AI Menu";
+inline constexpr std::string_view timer = "AI Timer";
+inline constexpr std::string_view annotation = "AI Annotation";
+inline constexpr std::string_view go = "AI Go";
+inline constexpr std::string_view update = "AI Update";
+inline constexpr std::string_view tool = "AI Tool";
+inline constexpr std::string_view stage = "Stage";
+inline constexpr std::string_view keyPressed = "Key Pressed";
+inline constexpr std::string_view mousePressed = "Mouse Pressed";
+inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
+inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";
+inline constexpr std::string_view brightnessChanged = "AI UI Brightness Changed Notifier";
+} // namespace message
+
+} // namespace kzo::plugin

@@ -1,0 +1,250 @@
+// The entry: what is answered before start-up, in which order a life runs, and what stays behind.
+#include <gmock/gmock.h>
+
+#include "core/app/Plugin.h"
+#include "hostapi/AINotifierSuite.h"
+#include "maker/Globals.h"
+#include "plugin/host/HostMonitor.h"
+#include "support/Desk.h"
+#include "support/Receiver.h"
+#include "tool/Plugin.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace {
+
+using desk::Desk;
+using desk::Receiver;
+using easel::session::Session;
+using kzo::core::Plugin;
+
+TEST(Entry, AnswersNothingWithoutTextsRecordOrStart) {
+    SPMessageData record{};
+    EXPECT_EQ(PluginMain(nullptr, "Startup", &record), 0);
+    EXPECT_EQ(PluginMain("SP Interface", nullptr, &record), 0);
+    EXPECT_EQ(PluginMain("SP Interface", "Startup", nullptr), 0);
+    for (const char* selector : {"Shutdown", "About", "startup"})
+        EXPECT_EQ(PluginMain("SP Interface", selector, &record), 0);
+    EXPECT_EQ(PluginMain("AI Tool", "AI Mouse Down", &record), 0);
+    EXPECT_EQ(PluginMain("SP Access", "Reload", &record), 0);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+TEST(Entry, StartsPostStartsAndEndsEachOnce) {
+    Desk desk({.openDocument = false});
+    Plugin* const plugin = Plugin::instance();
+    ASSERT_NE(plugin, nullptr);
+    EXPECT_TRUE(plugin->hasStartedUp() && plugin->hasPostStartedUp());
+    EXPECT_FALSE(plugin->startingUp() || plugin->postStartingUp() || plugin->hasPreShutdown() || plugin->hasShutdown());
+    EXPECT_EQ(plugin->name(), "Ortholine");
+    ASSERT_EQ(desk.session().plugins.all().size(), 1u);
+    easel::session::Plugin& known = *desk.session().plugins.all().front();
+    EXPECT_EQ(known.name, "Ortholine");
+
+    // Again: nothing runs twice, so no second tool.
+    SPMessageData record{};
+    EXPECT_EQ(desk.session().messenger.send(known, "SP Interface", "Startup", record), 0);
+    EXPECT_EQ(desk.session().toolbox.all().size(), 3u);
+    EXPECT_EQ(desk.session().messenger.send(known, "SP Access", "Unload", record), 0);
+    EXPECT_EQ(desk.session().messenger.send(known, "Nobody", "Knows", record), 0);
+    EXPECT_EQ(Plugin::instance(), plugin);
+
+    desk.session().quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+    EXPECT_EQ(ortho::Plugin::instance(), nullptr);
+    EXPECT_EQ(vlGlobals::instance(), nullptr);
+    EXPECT_EQ(desk.session().toolbox.all().size(), 2u); // the host's own
+}
+
+TEST(Entry, RunsTheClientsWorkAfterItsOwnOnTheWayUpAndBeforeItOnTheWayDown) {
+    std::vector<std::string> seen;
+    Receiver preShutdown{[&] { seen.push_back(Plugin::instance()->preShuttingDown() ? "pre-shut-down" : "?"); }};
+    Receiver shutdown{[&] {
+        const bool toolThere = ortho::Plugin::instance() && !ortho::Plugin::instance()->lineTool().isEmpty();
+        seen.push_back(Plugin::instance()->shuttingDown() && toolThere ? "shut-down" : "?");
+    }};
+    Desk desk;
+    Plugin::instance()->setPreShutdownCallback(preShutdown.callback());
+    Plugin::instance()->setShutdownCallback(shutdown.callback());
+    const kzo::core::Tool kept = ortho::Plugin::instance()->lineTool();
+    EXPECT_FALSE(kept.isEmpty());
+    desk.session().quit();
+    EXPECT_THAT(seen, testing::ElementsAre("pre-shut-down", "shut-down"));
+    // A handle that lives on is empty, and asks the host nothing.
+    const auto calls = kzo::plugin::host::monitor().calls();
+    EXPECT_TRUE(kept.isEmpty());
+    EXPECT_EQ(kept.number(), -2);
+    EXPECT_EQ(kept.title(), "");
+    EXPECT_EQ(kzo::plugin::host::monitor().calls(), calls);
+}
+
+TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
+    Session session;
+    easel::session::Plugin& plugin = session.attach("", PluginMain);
+    testing::internal::CaptureStderr();
+    const auto lines = session.start();
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "ERROR: Could not acquire plugin name during startup, which is required! Bailing out.\n");
+    EXPECT_THAT(lines, testing::ElementsAre(": the plug-in declined to start: error \"SUFE\""));
+    EXPECT_TRUE(plugin.broken);
+    SPMessageData record{};
+    EXPECT_EQ(session.messenger.send(plugin, "SP Interface", "Startup", record), kRefusedErr);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+// The plug-in was deleted under the message that led to its shut-down.
+TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
+    Desk desk;
+    bool stillThere = false;
+    Receiver ender{[&] {
+        Session& session = desk.session();
+        SPMessageData record{};
+        session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
+        stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
+        session.messenger.send(*session.plugins.all().front(), "Nobody", "Knows", record);
+    }};
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    desk.selectTool();
+    tool.setMouseDownCallback(ender.callback());
+    desk.session().pointer.press({100, 100}, 0);
+    EXPECT_TRUE(stillThere);
+    EXPECT_EQ(Plugin::instance(), nullptr);
+    EXPECT_TRUE(tool.isEmpty());
+    desk.session().pointer.release({100, 100}, 0);
+    EXPECT_TRUE(desk.paths().empty());
+}
+
+TEST(Entry, StopsExceptionsOfCallbacks) {
+    Desk desk;
+    Receiver thrower{[] { throw std::runtime_error("callback"); }};
+    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
+    desk.selectTool();
+    tool.setDragCallback(thrower.callback());
+    desk.stroke({{100, 100}, {200, 100}});
+    EXPECT_EQ(desk.paths().size(), 1u); // the release did its own
+    Plugin::instance()->setShutdownCallback(thrower.callback());
+    desk.session().quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
+    Session session;
+    session.attach("Product", PluginMain);
+    const desk::Refusing no(session.tables.notifier, &AINotifierSuite::AddNotifier);
+    EXPECT_THAT(session.start(), testing::IsEmpty());
+    EXPECT_NE(session.toolbox.findByTitle("Isometric Line Tool"), nullptr);
+    EXPECT_EQ(session.tables.undo.acquired, 1);
+}
+
+TEST(Entry, AnswersGarbageWithNothing) {
+    Desk desk;
+    const std::string endless(1 << 16, 'A');
+    const char* const texts[] = {
+        "",          " ",     "AI Tool",       "AI Menu",  "AI Timer", "AI Notifier",  "AI Annotation", "SP Interface",
+        "SP Access", "AI Go", "AI Mouse Down", "\xff\x80", "%s%n",     endless.c_str()};
+    struct {
+        SPMessageData d;
+        std::uint64_t fields[32];
+    } record{};
+    for (const std::int32_t check : {0, -1, int(kSPValidMessageData)}) {
+        for (const char* caller : texts) {
+            for (const char* selector : texts) {
+                record.d.SPCheck = check;
+                EXPECT_EQ(PluginMain(caller, selector, &record), 0);
+            }
+        }
+    }
+    // Messages that showed no way to the host have not taken the one that there was.
+    desk.selectTool();
+    desk.stroke({{100, 100}, {200, 100}});
+    EXPECT_EQ(desk.paths().size(), 1u);
+}
+
+/// A whole life with a line in it, in a host of which something may be amiss: nothing crashes, and the document is
+/// never left with half a line. `meddle` is called at its moments, of which there are five.
+void live(const std::function<void(Session&, int moment)>& meddle) {
+    Session session;
+    session.checkLevel = easel::session::CheckLevel::Refuse;
+    session.pointer.snapping.toPoint = false;
+    session.attach("Product", PluginMain);
+    meddle(session, 0);
+    const bool started = session.start().empty();
+    auto& document = session.newDocument(400, 400);
+    meddle(session, 1);
+    auto* const tool = session.toolbox.findByTitle("Isometric Line Tool");
+    EXPECT_TRUE(!tool || started);
+    if (tool) {
+        session.selectTool(*tool);
+        meddle(session, 2);
+        session.pointer.press({100, 100}, 0);
+        session.pointer.drag({200, 100}, 0);
+        meddle(session, 3);
+        session.pointer.drag({200, 90}, 0);
+        session.pointer.release({200, 90}, 0);
+    }
+    for (const auto* path = document.currentLayer().firstChild(); path; path = path->next()) {
+        EXPECT_EQ(path->path().points.size(), 2u);
+    }
+    meddle(session, 4);
+    session.quit();
+    EXPECT_EQ(Plugin::instance(), nullptr);
+}
+
+// The n-th call of the host refused, for every n.
+TEST(Entry, SurvivesTheRefusalOfAnyHostCall) {
+    auto& monitor = kzo::plugin::host::monitor();
+    const auto refuse = [&](std::uint64_t n) {
+        SCOPED_TRACE(n);
+        live([&](Session&, int moment) { moment == 0 ? monitor.reset(n) : void(); });
+        return monitor.calls();
+    };
+    const std::uint64_t calls = refuse(0);
+    ASSERT_GT(calls, 50u);
+    testing::internal::CaptureStderr();
+    for (std::uint64_t n = 1; n <= calls; ++n) refuse(n);
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_THAT(log, testing::HasSubstr("Could not acquire plugin name"));
+    EXPECT_THAT(log, testing::Not(testing::HasSubstr("threw")));
+    monitor.reset();
+}
+
+// Every suite, the basic one and all of them: gone, of another version, or with no functions, from any moment on.
+TEST(Entry, SurvivesTheLossOfAnySuiteAtAnyMoment) {
+    int suites = 0;
+    Session().tables.each([&](auto&) { ++suites; });
+    testing::internal::CaptureStderr();
+    for (int lost = -2; lost < suites; ++lost) {
+        for (int moment = 0; moment < 5; ++moment) {
+            for (int way = 0; way < 3; ++way) {
+                SCOPED_TRACE(std::to_string(lost) + ", " + std::to_string(moment) + ", " + std::to_string(way));
+                live([&](Session& session, int now) {
+                    if (now != moment) return;
+                    int number = 0;
+                    session.tables.each([&](auto& suite) {
+                        if (lost != -2 && number++ != lost) return;
+                        if (way == 0) suite.available = false;
+                        if (way == 1) ++suite.version;
+                        if (way == 2) suite.table = {};
+                    });
+                    if (lost == -1) session.tables.basic = {};
+                });
+            }
+        }
+    }
+    EXPECT_THAT(testing::internal::GetCapturedStderr(), testing::Not(testing::HasSubstr("threw")));
+}
+
+TEST(Entry, NamesTheRefusedOperation) {
+    Desk desk;
+    auto& monitor = kzo::plugin::host::monitor();
+    desk.selectTool();
+    const desk::Refusing no(desk.tables().art, &AIArtSuite::NewArt);
+    monitor.reset();
+    desk.session().pointer.press({100, 100}, 0);
+    desk.session().pointer.drag({200, 100}, 0);
+    EXPECT_EQ(monitor.refusedOperation(), "AIArtSuite::NewArt");
+    EXPECT_EQ(monitor.refusedError(), kRefusedErr);
+    desk.session().pointer.cancel();
+}
+
+} // namespace
