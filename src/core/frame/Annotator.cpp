@@ -2,17 +2,16 @@
 #include "core/frame/Annotator.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "plugin/frame/BasePlugin.h"
 
 namespace kzo::core {
 
 Annotator::Annotator(const std::string& name, const Callback& callback) {
-    Plugin* const plugin = Plugin::instance();
-    if (!plugin) return;
-    const auto made = std::make_shared<plugin::Annotator>(plugin->spPluginRef(), name, CallbackSlot(callback));
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame) return;
+    const auto made = std::make_shared<plugin::Annotator>(frame->spPluginRef(), name, CallbackSlot(callback));
     if (!made->handle()) return;
-    plugin->impl().annotators().add(made);
+    frame->annotators().add(made);
     impl_ = made;
 }
 
@@ -32,7 +31,7 @@ void Annotator::setCallback(const Callback& callback) {
 
 void Annotator::destroy() {
     if (isEmpty()) return;
-    if (Plugin* const plugin = Plugin::instance()) plugin->impl().annotators().remove(*impl_);
+    if (plugin::BasePlugin* const frame = plugin::frame()) frame->annotators().remove(*impl_);
     impl_->destroy();
 }
 

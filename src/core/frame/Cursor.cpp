@@ -2,7 +2,7 @@
 #include "core/frame/Cursor.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
+#include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Cursor.h"
 
 namespace kzo::core {
@@ -21,14 +21,14 @@ const plugin::Cursor* implOf(const std::shared_ptr<__IntCursorContainer>& data) 
 }
 
 std::shared_ptr<__IntCursorContainer> hostCursor(unsigned number) {
-    const bool known = number != 0 && number < plugin::firstImageCursor && Plugin::instance();
+    const bool known = number != 0 && number < plugin::firstImageCursor && plugin::frame();
     return known ? std::make_shared<__IntCursorContainer>(number) : nullptr;
 }
 
 std::shared_ptr<__IntCursorContainer> imageCursor(const plugin::CursorImages& images, const Point& hotSpot) {
-    const Plugin* const plugin = Plugin::instance();
-    if (!plugin || !images.any()) return nullptr;
-    const plugin::Cursor cursor(plugin->spPluginRef(), images, hotSpot.impl());
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame || !images.any()) return nullptr;
+    const plugin::Cursor cursor(frame->spPluginRef(), images, hotSpot.impl());
     const unsigned number = plugin::numberFor(cursor);
     return std::make_shared<__IntCursorContainer>(number, [&] { return plugin::__CursorContainerID(number, cursor); });
 }
@@ -46,12 +46,12 @@ Point Cursor::hotSpot() const { return Point(ask(implOf(data_), &plugin::Cursor:
 void Cursor::enable() const { ask(implOf(data_), &plugin::Cursor::enable); }
 
 Cursor Cursor::CurrentCursor() {
-    const unsigned number = Plugin::instance() ? plugin::shownCursorNumber() : 0;
+    const unsigned number = plugin::frame() ? plugin::shownCursorNumber() : 0;
     if (number < plugin::firstImageCursor) return Cursor(AdobeCursor{number});
     return Cursor(std::make_shared<__IntCursorContainer>(number));
 }
 
-Point Cursor::screenLoc() { return Plugin::instance() ? Point(plugin::platform().pointerLocation()) : Point(); }
+Point Cursor::screenLoc() { return plugin::frame() ? Point(plugin::platform().pointerLocation()) : Point(); }
 
 void Cursor::click(const Point& place) {
     mouseDown(place);
@@ -59,11 +59,11 @@ void Cursor::click(const Point& place) {
 }
 
 void Cursor::mouseDown(const Point& place) {
-    if (Plugin::instance()) plugin::platform().pressMouse(place.impl());
+    if (plugin::frame()) plugin::platform().pressMouse(place.impl());
 }
 
 void Cursor::mouseUp(const Point& place) {
-    if (Plugin::instance()) plugin::platform().releaseMouse(place.impl());
+    if (plugin::frame()) plugin::platform().releaseMouse(place.impl());
 }
 
 } // namespace kzo::core

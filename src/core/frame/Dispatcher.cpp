@@ -2,7 +2,6 @@
 #include "core/frame/Dispatcher.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "core/frame/Messages.h"
 #include "plugin/frame/BasePlugin.h"
 
@@ -121,8 +120,7 @@ void Dispatcher::unregisterNotifier(Notifier notifier) { notifier.destroy(); }
 
 std::vector<Notifier> Dispatcher::registeredNotifiersOfType(NotifierType type) const {
     std::vector<Notifier> found;
-    for (const auto& notifier : Plugin::instance()->impl().notifiers().ofType(notifierName(type)))
-        found.emplace_back(notifier);
+    for (const auto& notifier : plugin::frame()->notifiers().ofType(notifierName(type))) found.emplace_back(notifier);
     return found;
 }
 
@@ -132,11 +130,11 @@ void Dispatcher::registerTimer(const Timer& timer) { ask(timer.__impl(), &plugin
 void Dispatcher::unregisterTimer(const Timer& timer) { ask(timer.__impl(), &plugin::Timer::setRegistered, false); }
 
 bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
-    const Plugin& plugin = *Plugin::instance();
-    const auto timer = std::make_shared<plugin::Timer>(plugin.spPluginRef(), plugin.name() + " Scheduled", delay,
+    plugin::BasePlugin& frame = *plugin::frame();
+    const auto timer = std::make_shared<plugin::Timer>(frame.spPluginRef(), frame.name() + " Scheduled", delay,
                                                        CallbackSlot(callback), plugin::Timer::Repeats::Once);
     if (!timer->handle()) return false;
-    plugin.impl().timers().add(timer);
+    frame.timers().add(timer);
     return true;
 }
 
@@ -154,7 +152,7 @@ void Dispatcher::unregisterAnnotator(const Annotator& annotator) {
 
 namespace {
 
-plugin::Monitors& monitors() { return Plugin::instance()->impl().monitors(); }
+plugin::Monitors& monitors() { return plugin::frame()->monitors(); }
 
 } // namespace
 

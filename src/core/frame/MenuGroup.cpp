@@ -2,7 +2,6 @@
 #include "core/frame/MenuGroup.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/MenuGroup.h"
 
@@ -22,8 +21,8 @@ Data* implOf(const std::shared_ptr<__IntMenuGroupContainer>& data) { return data
 
 _t_MenuGroupOpaque* newGroup(const std::string& nearGroup, const std::string& text,
                              const plugin::MenuGroupPlace& place) {
-    const Plugin* const plugin = Plugin::instance();
-    return plugin ? Data::create(plugin->spPluginRef(), nearGroup, text, place) : nullptr;
+    plugin::BasePlugin* const frame = plugin::frame();
+    return frame ? Data::create(frame->spPluginRef(), nearGroup, text, place) : nullptr;
 }
 
 } // namespace
@@ -39,7 +38,7 @@ MenuGroup::MenuGroup(const MenuGroup& parent, const std::string& text, bool sort
     : MenuGroup(newGroup(parent.__name(), text, {sorted, merged, subMenu, onTop})) {}
 
 MenuGroup::MenuGroup(_t_MenuGroupOpaque* handle)
-    : data_(handle && Plugin::instance() ? std::make_shared<__IntMenuGroupContainer>(handle) : nullptr) {}
+    : data_(handle && plugin::frame() ? std::make_shared<__IntMenuGroupContainer>(handle) : nullptr) {}
 
 // Identity
 
@@ -70,8 +69,8 @@ std::vector<MenuGroup::Child> MenuGroup::children() const {
 }
 
 void MenuGroup::destroy() {
-    Plugin* const plugin = Plugin::instance();
-    if (plugin && !isEmpty()) data_->get()->destroy(plugin->impl().menus());
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (frame && !isEmpty()) data_->get()->destroy(frame->menus());
 }
 
 } // namespace kzo::core

@@ -2,7 +2,6 @@
 #include "core/frame/MenuItem.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "core/frame/MenuGroup.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/MenuGroup.h"
@@ -12,17 +11,16 @@ namespace kzo::core {
 namespace {
 
 /// Registers what the host took; null else.
-std::shared_ptr<plugin::MenuItem> added(Plugin* plugin, std::shared_ptr<plugin::MenuItem> item) {
+std::shared_ptr<plugin::MenuItem> added(plugin::BasePlugin* frame, std::shared_ptr<plugin::MenuItem> item) {
     if (!item->handle()) return nullptr;
-    plugin->impl().menus().add(item);
+    frame->menus().add(item);
     return item;
 }
 
 std::shared_ptr<plugin::MenuItem> newItem(const std::string& group, const std::string& text, const Callback& callback) {
-    Plugin* const plugin = Plugin::instance();
-    if (!plugin) return nullptr;
-    return added(plugin,
-                 std::make_shared<plugin::MenuItem>(plugin->spPluginRef(), group, text, CallbackSlot(callback)));
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame) return nullptr;
+    return added(frame, std::make_shared<plugin::MenuItem>(frame->spPluginRef(), group, text, CallbackSlot(callback)));
 }
 
 } // namespace
@@ -38,13 +36,13 @@ MenuItem::MenuItem(BuiltinMenuGroup group, const std::string& text, const Callba
     : impl_(newItem(plugin::builtinGroupName(group), text, callback)) {}
 
 MenuItem::MenuItem(_t_MenuItemOpaque* handle) {
-    if (Plugin* const plugin = Plugin::instance()) impl_ = plugin->impl().menus().share(handle);
+    if (plugin::BasePlugin* const frame = plugin::frame()) impl_ = frame->menus().share(handle);
 }
 
 MenuItem MenuItem::Divider(const MenuGroup& group) {
-    Plugin* const plugin = Plugin::instance();
-    if (!plugin) return {};
-    return MenuItem(added(plugin, plugin::MenuItem::divider(plugin->spPluginRef(), group.__name())));
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame) return {};
+    return MenuItem(added(frame, plugin::MenuItem::divider(frame->spPluginRef(), group.__name())));
 }
 
 // Identity
@@ -72,7 +70,7 @@ void MenuItem::setCallback(const Callback& callback) {
 
 void MenuItem::destroy() {
     if (isEmpty()) return;
-    if (Plugin* const plugin = Plugin::instance()) plugin->impl().menus().remove(*impl_);
+    if (plugin::BasePlugin* const frame = plugin::frame()) frame->menus().remove(*impl_);
     impl_->destroy();
 }
 

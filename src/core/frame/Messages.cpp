@@ -1,7 +1,6 @@
 // What the typed messages read from the host's records.
 #include "core/frame/Messages.h"
 
-#include "core/app/Plugin.h"
 #include "core/frame/Annotator.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Messages.h"
@@ -14,9 +13,8 @@ _t_MenuItemOpaque* MenuMessage::aiMenuItemHandle() const { return plugin::MenuMe
 AITimer* TimerMessage::aiTimerHandle() const { return plugin::TimerMessage(record()).timer; }
 
 Annotator AnnotatorMessage::annotator() const {
-    Plugin* const plugin = Plugin::instance();
-    return plugin ? Annotator(plugin->impl().annotators().find(plugin::AnnotatorMessage(record()).annotator))
-                  : Annotator();
+    plugin::BasePlugin* const frame = plugin::frame();
+    return frame ? Annotator(frame->annotators().find(plugin::AnnotatorMessage(record()).annotator)) : Annotator();
 }
 
 AIDrawingContext* AnnotatorMessage::context() const { return plugin::AnnotatorMessage(record()).context; }

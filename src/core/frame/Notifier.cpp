@@ -2,16 +2,15 @@
 #include "core/frame/Notifier.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Notifier.h"
 
 namespace kzo::core {
 
 Notifier::Notifier(const std::string& name, NotifierType type, const Callback& callback) {
-    Plugin* const plugin = Plugin::instance();
-    if (plugin && type != NotifierType::None)
-        impl_ = plugin->impl().addNotifier(name, notifierName(type), CallbackSlot(callback));
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (frame && type != NotifierType::None)
+        impl_ = frame->addNotifier(name, notifierName(type), CallbackSlot(callback));
 }
 
 plugin::Notifier* Notifier::impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
@@ -27,7 +26,7 @@ void Notifier::setCallback(const Callback& callback) {
 
 void Notifier::destroy() {
     if (isEmpty()) return;
-    if (Plugin* const plugin = Plugin::instance()) plugin->impl().notifiers().remove(*impl_);
+    if (plugin::BasePlugin* const frame = plugin::frame()) frame->notifiers().remove(*impl_);
     impl_->destroy();
 }
 

@@ -2,7 +2,7 @@
 #include "core/frame/ThirdPartyPlugin.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
+#include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 
 namespace kzo::core {
@@ -25,7 +25,7 @@ Impl* implOf(const std::shared_ptr<__IntThirdPartyPluginData>& data) { return da
 } // namespace
 
 ThirdPartyPlugin::ThirdPartyPlugin(SPPlugin* plugin)
-    : data_(plugin && Plugin::instance() ? std::make_shared<__IntThirdPartyPluginData>(plugin) : nullptr) {}
+    : data_(plugin && plugin::frame() ? std::make_shared<__IntThirdPartyPluginData>(plugin) : nullptr) {}
 
 bool ThirdPartyPlugin::isEmpty() const { return !implOf(data_); }
 SPPlugin* ThirdPartyPlugin::spPluginRef() const { return ask(implOf(data_), &Impl::handle); }

@@ -2,17 +2,16 @@
 #include "core/frame/Timer.h"
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "plugin/frame/BasePlugin.h"
 
 namespace kzo::core {
 
 Timer::Timer(const std::string& name, double delay, const Callback& callback) {
-    Plugin* const plugin = Plugin::instance();
-    if (!plugin) return;
-    const auto made = std::make_shared<plugin::Timer>(plugin->spPluginRef(), name, delay, CallbackSlot(callback));
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame) return;
+    const auto made = std::make_shared<plugin::Timer>(frame->spPluginRef(), name, delay, CallbackSlot(callback));
     if (!made->handle()) return;
-    plugin->impl().timers().add(made);
+    frame->timers().add(made);
     impl_ = made;
 }
 
@@ -32,7 +31,7 @@ void Timer::setCallback(const Callback& callback) {
 
 void Timer::destroy() {
     if (isEmpty()) return;
-    if (Plugin* const plugin = Plugin::instance()) plugin->impl().timers().remove(*impl_);
+    if (plugin::BasePlugin* const frame = plugin::frame()) frame->timers().remove(*impl_);
     impl_->destroy();
 }
 

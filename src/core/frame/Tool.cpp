@@ -4,7 +4,6 @@
 #include <array>
 
 #include "core/Forward.h"
-#include "core/app/Plugin.h"
 #include "core/frame/Keys.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/BaseTool.h"
@@ -45,8 +44,8 @@ std::unique_ptr<HitData> facade(std::unique_ptr<plugin::HitData> found) {
 
 Tool::Tool(std::int16_t group, std::int16_t toolset, const std::string& title, const std::string& tip,
            std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options) {
-    Plugin* const plugin = Plugin::instance();
-    if (!plugin) return;
+    plugin::BasePlugin* const frame = plugin::frame();
+    if (!frame) return;
     const BaseTool::Description description{.group = group,
                                             .toolset = toolset,
                                             .title = title,
@@ -54,9 +53,9 @@ Tool::Tool(std::int16_t group, std::int16_t toolset, const std::string& title, c
                                             .lightIconID = lightIconID,
                                             .darkIconID = darkIconID,
                                             .options = options};
-    const auto made = std::make_shared<__IntToolSubclass>(plugin->spPluginRef(), plugin->name(), description);
+    const auto made = std::make_shared<__IntToolSubclass>(frame->spPluginRef(), frame->name(), description);
     if (!made->toolHandle()) return;
-    plugin->impl().addTool(made);
+    frame->addTool(made);
     impl_ = made;
 }
 
@@ -95,7 +94,7 @@ void Tool::setSelected() { ask(impl(), &BaseTool::setSelected); }
 
 void Tool::destroy() {
     if (isEmpty()) return;
-    if (Plugin* const plugin = Plugin::instance()) plugin->impl().removeTool(*impl_);
+    if (plugin::BasePlugin* const frame = plugin::frame()) frame->removeTool(*impl_);
     impl_->destroy();
 }
 

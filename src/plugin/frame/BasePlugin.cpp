@@ -13,6 +13,8 @@ namespace kzo::plugin {
 
 namespace {
 
+BasePlugin* theFrame = nullptr;
+
 constexpr std::int32_t notifierRefused = 1000;
 constexpr std::int32_t noUndoSuite = 1001;
 constexpr std::int32_t pluginGroupOptions = 4096;
@@ -42,7 +44,13 @@ std::string pluginName(const void* record) {
 }
 
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
-    : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {}
+    : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {
+    theFrame = this;
+}
+
+BasePlugin::~BasePlugin() { theFrame = nullptr; }
+
+BasePlugin* frame() { return theFrame; }
 
 void BasePlugin::setName(const std::string& name) {
     name_ = name;

@@ -34,6 +34,7 @@ void leaveHost();
 class BasePlugin {
   public:
     BasePlugin(SPPlugin* plugin, std::string name);
+    ~BasePlugin();
     BasePlugin(const BasePlugin&) = delete;
     BasePlugin& operator=(const BasePlugin&) = delete;
 
@@ -114,5 +115,8 @@ class BasePlugin {
     std::weak_ptr<BaseTool> currentTool_;
     AIPluginGroup* group_ = nullptr;
 };
+
+/// The one plug-in, as long as it exists; null before start-up and after shut-down. Handles register with it.
+[[nodiscard]] BasePlugin* frame();
 
 } // namespace kzo::plugin
