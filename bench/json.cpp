@@ -1,0 +1,70 @@
+// JSON: a large text in the shape of preferences, read and written; against nlohmann::json, and RapidJSON as the limit.
+#include <benchmark/benchmark.h>
+#include <nlohmann/json.hpp>
+#include <rapidjson/document.h>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+
+#include "json/Text.h"
+
+namespace {
+
+namespace json = kzo::json;
+
+/// About 10 MB: sections of switches, counts, angles, texts and points, laid out as a preferences file is.
+const std::string& preferences() {
+    static const std::string made = [] {
+        nlohmann::json sections;
+        for (int i = 0; i < 40000; ++i) {
+            sections["section " + std::to_string(i)] = {
+                {"autoVCheck", i % 2 == 0},
+                {"vCheckFreq", i % 90},
+                {"zAxis", 30 + i % 60 * 0.25},
+                {"xAxis", 150.0 - i % 7},
+                {"vCheckDue", "2017-03-09"},
+                {"origin", {{"x", i * 0.125}, {"y", -i}}},
+                {"title", "a \"quoted\" title of section " + std::to_string(i)}};
+        }
+        const nlohmann::json root{{"Prefs", sections}};
+        const json::Owned tree(json::parse(root.dump()));
+        return json::serialize(tree.get(), true, 0);
+    }();
+    return made;
+}
+
+/// Runs `copy`, which reads the text and returns it written without blanks.
+template <class Copy> void copies(benchmark::State& state, const Copy& copy) {
+    const std::string& text = preferences();
+    std::size_t written = 0;
+    for ([[maybe_unused]] auto _ : state) written = copy(text).size();
+    state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * text.size()));
+    state.counters["MB read"] = static_cast<double>(text.size()) / 1e6;
+    state.counters["MB written"] = static_cast<double>(written) / 1e6;
+}
+
+void jsonReadAndWrite(benchmark::State& state) {
+    copies(state, [](const std::string& text) {
+        const json::Owned root(json::parse(text));
+        return json::serialize(root.get(), false, 0);
+    });
+}
+BENCHMARK(jsonReadAndWrite)->Unit(benchmark::kMillisecond);
+
+void jsonReadAndWriteOfPeer(benchmark::State& state) {
+    copies(state, [](const std::string& text) { return nlohmann::json::parse(text).dump(); });
+}
+BENCHMARK(jsonReadAndWriteOfPeer)->Unit(benchmark::kMillisecond);
+
+void jsonReadAndWriteOfLimit(benchmark::State& state) {
+    copies(state, [](const std::string& text) {
+        rapidjson::Document root;
+        root.Parse(text.c_str(), text.size());
+        rapidjson::StringBuffer buffer;
+        rapidjson::Writer<rapidjson::StringBuffer> writer(buffer);
+        root.Accept(writer);
+        return std::string(buffer.GetString(), buffer.GetSize());
+    });
+}
+BENCHMARK(jsonReadAndWriteOfLimit)->Unit(benchmark::kMillisecond);
+
+} // namespace
