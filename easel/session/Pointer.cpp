@@ -20,13 +20,13 @@ void Pointer::hold(model::Point location) {
     if (std::isfinite(location.x) && std::isfinite(location.y)) location_ = location;
 }
 
-void Pointer::send(const char* selector, BuiltinTool::Handler handler) {
+void Pointer::send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags) {
     Tool* const tool = session_.toolbox.find(tool_);
     if (!tool) return;
     if (tool->builtin)
         (*tool->builtin.*handler)(*session_.document(), location_, modifiers_);
     else
-        session_.sendToTool(*tool, selector);
+        session_.sendToTool(*tool, selector, flags);
 }
 
 void Pointer::requirePressed() const {
@@ -53,6 +53,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     requireReleased();
     locate(location, modifiers);
     pressed_ = true;
+    takenBack_ = false;
     const Tool& tool = *session_.toolbox.current();
     tool_ = tool.handle;
     buffered_ = (tool.options & kToolWantsBufferedDraggingOption) != 0;
@@ -92,9 +93,10 @@ void Pointer::cancel() {
     if (!pressed_) return;
     session_.messenger.batch([&] {
         pressed_ = false;
+        takenBack_ = true;
         if (buffered_) session_.document()->journal().rollBackToMark();
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
-        send(kSelectorAIToolMouseUp, &BuiltinTool::release);
+        send(kSelectorAIToolMouseUp, &BuiltinTool::release, kAIGestureTakenBack);
         session_.document()->journal().abandon();
     });
 }

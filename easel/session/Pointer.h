@@ -33,6 +33,8 @@ class Pointer {
     void postRelease(model::Point place) { post("release", &Pointer::release, place); }
 
     [[nodiscard]] bool pressed() const { return pressed_; }
+    /// Whether the last gesture was cancelled; false from the next press on.
+    [[nodiscard]] bool takenBack() const { return takenBack_; }
     /// After snapping, and where the tool holds it.
     [[nodiscard]] model::Point location() const { return location_; }
     [[nodiscard]] model::Point rawLocation() const { return rawLocation_; } ///< before snapping
@@ -49,12 +51,13 @@ class Pointer {
     void locate(model::Point location, Modifiers modifiers);
     void post(const char* name, Handler handler, model::Point place);
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
-    void send(const char* selector, BuiltinTool::Handler handler);
+    void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);
     void requirePressed() const;
     void requireReleased() const;
 
     Session& session_;
     bool pressed_ = false;
+    bool takenBack_ = false;
     AIToolHandle tool_ = nullptr; ///< of the gesture
     bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
     model::Point location_;

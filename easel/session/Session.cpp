@@ -238,11 +238,14 @@ void Session::selectTool(Tool& tool) {
 
 void Session::editTool(Tool& tool) { sendToTool(tool, kSelectorAIEditToolOptions); }
 
-void Session::sendToTool(Tool& tool, const char* selector) {
+void Session::sendToTool(Tool& tool, const char* selector, std::uint32_t flags) {
     if (!tool.owner) return;
     const model::Point location = pointer.location();
-    AIToolMessage message{
-        .d = {}, .tool = tool.handle, .cursor = {location.x, location.y}, .modifiers = pointer.modifiers()};
+    AIToolMessage message{.d = {},
+                          .tool = tool.handle,
+                          .cursor = {location.x, location.y},
+                          .modifiers = pointer.modifiers(),
+                          .flags = flags};
     messenger.send(*tool.owner, kCallerAITool, selector, message.d);
     pointer.hold({message.cursor.h, message.cursor.v});
 }

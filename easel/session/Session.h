@@ -75,7 +75,7 @@ class Session {
     void selectTool(Tool& tool);
     void editTool(Tool& tool); ///< double-click on the tool
     /// Sends the tool's plug-in, if it has one, a message with the pointer's location and modifiers.
-    void sendToTool(Tool& tool, const char* selector);
+    void sendToTool(Tool& tool, const char* selector, std::uint32_t flags = 0);
 
     // The screen
     [[nodiscard]] const StageCursor& cursor() const { return cursor_; }

@@ -160,6 +160,11 @@ void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
 
 void monitorInput(session::Plugin& self, AIBoolean monitor) { self.monitorsInput = monitor != 0; }
 
+void log(session::Plugin& self, std::string_view line) {
+    const std::string name = self.name.empty() ? "a plug-in without a name" : self.name;
+    host().report(session::Blame::Plugin, name + ": " + std::string(line));
+}
+
 // Real math
 
 void pointLength(const AIRealPoint& from, const AIRealPoint& to, AIReal& length) {
@@ -218,6 +223,7 @@ void fill(StageSuite& suite) {
     enter<&StageSuite::GetPointerLocation, getPointerLocation>(suite);
     enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
     enter<&StageSuite::MonitorInput, monitorInput>(suite);
+    enter<&StageSuite::Log, log>(suite);
 }
 
 void fill(AIRealMathSuite& suite) { enter<&AIRealMathSuite::RealPointLength, pointLength>(suite); }

@@ -30,12 +30,20 @@ enum {
 /* In a group or tool set number: open a new one. */
 enum { kNoToolNumber = -2 };
 
+/* Flags of "AI Mouse Up". */
+enum {
+    /* The gesture is taken back instead of ended: by Escape, by the choice of another tool, with its document. The
+     * document goes back to before the press, with whatever the plug-in does in this message. */
+    kAIGestureTakenBack = 1
+};
+
 /* Every tool message. An answer other than 0 is a remark that the host may log, never a failure. */
 typedef struct AIToolMessage {
     SPMessageData d;
     AIToolHandle tool;
     AIRealPoint cursor; /* where the pointer is, after snapping; on return, where the tool holds it */
     uint32_t modifiers; /* kAIShiftKey ... */
+    uint32_t flags;     /* kAIGestureTakenBack; 0 in all messages but "AI Mouse Up" */
 } AIToolMessage;
 
 typedef struct AIAddToolData {

@@ -56,6 +56,8 @@ typedef struct StageSuite {
     AIErr (*PostMouseEvent)(int32_t event, const AIRealPoint* location);
     /* Whether the plug-in is sent input messages; at first it is not. */
     AIErr (*MonitorInput)(SPPluginRef self, AIBoolean monitor);
+    /* Has the host note a line under the plug-in's name where it notes what goes wrong. */
+    AIErr (*Log)(SPPluginRef self, const char* line);
 } StageSuite;
 
 #endif

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "session/Keys.h"
 #include "session/Session.h"
 
 namespace {
@@ -272,6 +273,48 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
         tables.tool.table.RemoveTool(second);
     });
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
+}
+
+TEST_F(Suites, TellATakenBackGestureFromAReleaseAndNoteLines) {
+    inMessage([&] {
+        AIToolHandle tool = nullptr;
+        const AIAddToolData data{
+            .title = "T", .tooltip = "", .groupNumber = -2, .toolsetNumber = -2, .lightIconID = 0, .darkIconID = 0};
+        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "T", &data, 0, &tool), kNoErr);
+        ASSERT_EQ(tables.tool.table.SetSelectedTool(tool), kNoErr);
+        EXPECT_EQ(tables.stage.table.Log(plugin.handle, "a line"), kNoErr);
+        EXPECT_EQ(tables.stage.table.Log(nullptr, "a line"), kUnknownHandleErr);
+    });
+    EXPECT_THAT(session.reports(), testing::Contains("plug-in: Test: a line").Times(1));
+    session::Pointer& pointer = session.pointer;
+    const struct {
+        std::function<void()> end;
+        bool takenBack;
+    } ends[] = {
+        {[&] {
+             pointer.release({20, 20}, 0);
+         },
+         false},
+        {[&] { session.pressKey(session::key::kEscape, 0); }, true},
+        {[&] {
+             pointer.release({20, 20}, 0);
+         },
+         false}, // after one that was taken back
+        {[&] { session.selectTool(*session.toolbox.current()); }, true},
+        {[&] { session.close(); }, true},
+    };
+    for (const auto& each : ends) {
+        std::vector<std::uint32_t> flags;
+        pointer.press({10, 10}, 0);
+        EXPECT_FALSE(pointer.takenBack());
+        work = [&](SPMessageData& record) { flags.push_back(reinterpret_cast<AIToolMessage&>(record).flags); };
+        each.end();
+        work = nullptr;
+        ASSERT_FALSE(flags.empty());
+        EXPECT_EQ(flags.front(), each.takenBack ? std::uint32_t{kAIGestureTakenBack} : 0U);
+        EXPECT_EQ(pointer.takenBack(), each.takenBack);
+        for (std::size_t i = 1; i < flags.size(); ++i) EXPECT_EQ(flags[i], 0U); // what follows is no mouse-up
+    }
 }
 
 TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
