@@ -42,15 +42,6 @@ bool isForeign(std::string_view element) {
     return std::find(kinds.begin(), kinds.end(), element) != kinds.end();
 }
 
-/// What SVG starts from; it differs from what a new path gets.
-Style initialStyle() {
-    Style style;
-    style.fill = true;
-    style.stroke = false;
-    style.miterLimit = 4;
-    return style;
-}
-
 /// Stroke lengths under a transform that need not keep angles: scaled by the root of the area.
 Style scaled(Style style, double scale) {
     style.strokeWidth *= scale;
@@ -231,8 +222,7 @@ void Builder::endPassedOver() {
 std::unique_ptr<Document> Builder::finish() {
     document_->journal().end();
     clipPaths_.finish();
-    if (strayLayer_) source_->strayLayer = strayLayer_->id();
-    if (!firstLayerTaken_) source_->strayLayer = document_->currentLayer().id();
+    if (!firstLayerTaken_) newImplicitLayer();
     document_->origin = std::move(source_);
     return std::move(document_);
 }
@@ -258,7 +248,6 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
     }
     document_ = std::make_unique<Document>(width, height);
     document_->journal().beginUnrecorded();
-    document_->setName(document_->currentLayer(), kFirstLayerTitle);
     toPage_ = attributes.transformInto(hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1])
                                               : Geom::Affine::identity());
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
@@ -376,17 +365,15 @@ void Builder::measureInside(std::string_view element, const Attributes& attribut
 
 Node& Builder::newLayer(const Attributes& attributes) {
     const std::string_view title = attributes.find(kLabel).value_or(attributes.get("id"));
-    // The document came with one layer.
-    Node& layer = firstLayerTaken_ ? document_->addLayer(title) : document_->currentLayer();
-    firstLayerTaken_ = true;
-    document_->setName(layer, title);
+    Node& layer = nextLayer(title);
+    implicitLayer_ = nullptr; // art that follows lies above this one
     setFlags(layer, attributes);
     return layer;
 }
 
 Node& Builder::add(NodeType type, const Attributes& attributes) {
     Node* container = open_.back().node;
-    if (!container) container = &layerOfStrayArt();
+    if (!container) container = implicitLayer_ ? implicitLayer_ : &newImplicitLayer();
     Node& node = document_->create(type, Placement::OnTopInside, *container);
     document_->setName(node, attributes.find("id").value_or(attributes.get(kLabel)));
     setFlags(node, attributes);
@@ -405,12 +392,20 @@ Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box&
     return node;
 }
 
-Node& Builder::layerOfStrayArt() {
-    if (!strayLayer_) {
-        strayLayer_ = firstLayerTaken_ ? &document_->addLayer(kFirstLayerTitle) : &document_->currentLayer();
-        firstLayerTaken_ = true;
-    }
-    return *strayLayer_;
+Node& Builder::nextLayer(std::string_view title) {
+    // The document came with one layer.
+    Node& layer = firstLayerTaken_ ? document_->addLayer(title) : document_->currentLayer();
+    firstLayerTaken_ = true;
+    document_->setName(layer, title);
+    return layer;
+}
+
+Node& Builder::newImplicitLayer() {
+    std::string title(kLayerTitle);
+    title += std::to_string(source_->implicitLayers.size() + 1);
+    implicitLayer_ = &nextLayer(title);
+    source_->implicitLayers.emplace(implicitLayer_->id().slot, std::move(title));
+    return *implicitLayer_;
 }
 
 void Builder::setFlags(Node& node, const Attributes& attributes) {

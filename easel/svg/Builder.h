@@ -59,7 +59,8 @@ class Builder {
     model::Node& newLayer(const Attributes& attributes);
     model::Node& add(model::NodeType type, const Attributes& attributes);
     model::Node& addOpaque(const Attributes& attributes, Reason reason, const model::Box& bounds);
-    model::Node& layerOfStrayArt();
+    model::Node& nextLayer(std::string_view title);
+    model::Node& newImplicitLayer();
     void setFlags(model::Node& node, const Attributes& attributes);
     void keep(model::Node* node);
     void openContainer(const Attributes& attributes, model::Node* node);
@@ -82,7 +83,7 @@ class Builder {
     std::vector<std::optional<Geom::Affine>> inside_; // transforms in measured art; none where nothing is shown
     std::uint32_t lastReference_ = 0;                 // where the latest art from an entity is referred to
     bool firstLayerTaken_ = false;
-    model::Node* strayLayer_ = nullptr;
+    model::Node* implicitLayer_ = nullptr; // takes the art at the root, until a layer begins
 };
 
 } // namespace easel::svg

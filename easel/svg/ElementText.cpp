@@ -11,6 +11,7 @@
 #include "svg/Limits.h"
 #include "svg/Names.h"
 #include "svg/Outlines.h"
+#include "svg/Values.h"
 
 namespace easel::svg {
 
@@ -22,8 +23,6 @@ using model::PathData;
 using model::PathPoint;
 using model::Point;
 using model::Style;
-
-constexpr std::string_view kSpace = " \t\r\n";
 
 template <class T> bool same(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
     return a == b || (a && b && *a == *b);
@@ -168,21 +167,6 @@ std::string ElementText::startTag(const Node& node, const Element& element, cons
     return tag.text();
 }
 
-std::string ElementText::whole(const Node& node, const Element& element, const Place& place) {
-    if (element.wrapped) return wrapped(node, element, place);
-    Tag tag(source_.startTag(element));
-    const std::string before(tag.name());
-    change(tag, node, element, place);
-    std::string text = tag.text();
-    std::string_view rest(source_.text);
-    rest = rest.substr(element.tagEnd, element.end - element.tagEnd);
-    if (rest.empty() || before == tag.name()) return text += rest;
-    const std::size_t endTag = rest.rfind("</");
-    text += rest.substr(0, endTag + 2);
-    text += tag.name();
-    return text += rest.substr(endTag + 2 + before.size());
-}
-
 void ElementText::change(Tag& tag, const Node& node, const Element& element, const Place& place) {
     if (!same(node.state().name, element.name)) setName(tag, node);
     if (node.hidden() != element.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
@@ -260,16 +244,14 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
     tag.remove(tag.find(source_.inkscapePrefixes, "path-effect"));
 }
 
-std::string ElementText::wrapped(const Node& node, const Element& element, const Place& place) const {
+std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) const {
     Tag tag('<' + place.prefix + 'g');
     if (const std::optional<Geom::Affine> moved = displacement(node, element, place)) prefixTransform(tag, *moved);
     if (node.hidden() && !element.hidden) tag.set("style", "display:none");
     if (node.locked() && !element.locked) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
-    std::string text = tag.text() + '>';
-    text.append(source_.text, element.begin, element.end - element.begin);
-    return text += "</" + place.prefix + "g>";
+    return tag.text();
 }
 
 // Attributes

@@ -18,8 +18,8 @@ namespace easel::svg {
 
 /// Where an element is written.
 struct Place {
-    std::uint32_t container;
-    const std::string& prefix; ///< of SVG's names, with its colon
+    std::uint32_t container = 0; ///< whose style and transform hold
+    std::string prefix;          ///< of SVG's names, with its colon
 };
 
 /// Every operation that writes throws FileError for what could not be read again.
@@ -31,10 +31,10 @@ class ElementText {
     [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
 
     [[nodiscard]] bool isChanged(const model::Node& node, const Element& element, const Place& place) const;
-    /// The start tag of a container that was read.
+    /// The start tag of an element that was read.
     [[nodiscard]] std::string startTag(const model::Node& node, const Element& element, const Place& place);
-    /// All of a changed element that is no container.
-    [[nodiscard]] std::string whole(const model::Node& node, const Element& element, const Place& place);
+    /// The start tag of a group around an element that takes no attributes itself.
+    [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place) const;
 
   private:
     [[nodiscard]] std::optional<Geom::Affine> displacement(const model::Node& node, const Element& element,
@@ -48,7 +48,6 @@ class ElementText {
     void setOwnFeatures(Tag& tag, const model::PathData& path) const;
     [[nodiscard]] bool takeId(const std::string& name);
     [[nodiscard]] std::string escaped(std::string_view text) const;
-    [[nodiscard]] std::string wrapped(const model::Node& node, const Element& element, const Place& place) const;
 
     const Source& source_;
     std::optional<std::unordered_set<std::string_view>> ids_;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "svg/Outlines.h"
+#include "svg/Values.h"
 
 namespace easel::svg {
 
@@ -17,8 +18,6 @@ using model::PathData;
 using model::PathPoint;
 using model::Point;
 using model::Style;
-
-constexpr std::string_view kSpace = " \t\r\n";
 
 void append(std::string& out, Point point) {
     appendNumber(out, point.x);

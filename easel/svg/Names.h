@@ -18,6 +18,6 @@ constexpr std::string_view kInsensitive = "http://sodipodi.sourceforge.net/DTD/s
 constexpr std::string_view kNodeTypes = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd|nodetypes";
 constexpr std::string_view kEnds = "urn:easel:drawing|ends";
 
-constexpr std::string_view kFirstLayerTitle = "Layer 1"; ///< of art that is in no layer
+constexpr std::string_view kLayerTitle = "Layer "; ///< of art that is in no layer; a number follows
 
 } // namespace easel::svg

@@ -96,14 +96,13 @@ class Reading {
         self.source_->encoding = Encoding::OtherAscii;
     }
 
-    /// The tag at hand. What stands in an entity is told at the place of the reference to it.
+    /// The tag at hand. What stands in an entity is reported at the place of the reference to it. The end of an element
+    /// that ends itself has no bytes: a reference may follow right there, and is none of its business.
     [[nodiscard]] TagBytes bytes() const {
-        const std::string_view text = source_->text;
         const auto begin = static_cast<std::size_t>(XML_GetCurrentByteIndex(parser_.get()));
-        const bool inEntity = begin < text.size() && text[begin] == '&';
-        const std::size_t end = inEntity ? text.find(';', begin) + 1
-                                         : begin + static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
-        return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end), inEntity};
+        const auto count = static_cast<std::size_t>(XML_GetCurrentByteCount(parser_.get()));
+        const bool inEntity = count > 0 && source_->text[begin] == '&';
+        return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(begin + count), inEntity};
     }
 
     [[nodiscard]] std::string currentPlace() const {

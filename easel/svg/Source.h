@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -74,7 +75,8 @@ class Source : public model::Origin {
     std::size_t elementCount = 0;        ///< those that no node came from included
     bool hasStyleSheet = false;
 
-    model::NodeId strayLayer; ///< of art outside of all layers; it has no element
+    /// Of art outside of all layers, by their nodes' slots: the names they were given. They have no elements.
+    std::map<std::uint32_t, std::string> implicitLayers;
     std::vector<std::string> inkscapePrefixes, sodipodiPrefixes, easelPrefixes; ///< bound anywhere in the file
     bool prefixesAtRoot = true; ///< no element but the root binds any of them
 

@@ -14,7 +14,6 @@ namespace easel::svg {
 
 namespace {
 
-bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
@@ -223,6 +222,14 @@ std::optional<model::Color> color(std::string_view text) {
     if (open == std::string_view::npos) return colorByName(lowered(text));
     const std::string_view function = text.substr(0, open);
     return function == "rgb" || function == "rgba" ? rgbColor(text.substr(open + 1)) : std::nullopt;
+}
+
+model::Style initialStyle() {
+    model::Style style;
+    style.fill = true;
+    style.stroke = false;
+    style.miterLimit = 4;
+    return style;
 }
 
 void applyProperty(model::Style& style, std::string_view name, std::string_view value) {

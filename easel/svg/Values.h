@@ -31,6 +31,8 @@ class Scanner {
     std::string_view rest_;
 };
 
+constexpr std::string_view kSpace = " \t\r\n"; ///< as XML has it
+[[nodiscard]] inline bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 /// Numbers up to the first thing that is none.
 [[nodiscard]] std::vector<double> numbers(std::string_view text);
@@ -41,6 +43,8 @@ class Scanner {
 [[nodiscard]] std::optional<model::Color> color(std::string_view text);
 [[nodiscard]] std::optional<model::Color> colorByName(std::string_view name);
 
+/// What SVG starts from; it differs from what a new path gets.
+[[nodiscard]] model::Style initialStyle();
 /// Applies one property of paint, given as presentation attribute or in a style; lengths stay in user units.
 void applyProperty(model::Style& style, std::string_view name, std::string_view value);
 

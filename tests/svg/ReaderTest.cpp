@@ -57,16 +57,17 @@ TEST(Reader, LayersGroupsAndStrayArtFindTheirPlace) {
         <text>nothing <tspan>for</tspan> us</text><defs><path id="no" d="M0 0"/></defs>
         <g inkscape:groupmode="layer" inkscape:label="Front" display="none"/>
         <path id="stray too" d="M0 0 L1 1"/>)");
-    ASSERT_EQ(document->layerCount(), 3U);
+    ASSERT_EQ(document->layerCount(), 4U); // art in no layer lies above and below real ones, as it did in the file
     const auto told = [](const Node& node) {
         return node.name() + (node.hidden() ? " hidden" : "") + (node.locked() ? " locked" : "") + " of " +
                std::to_string(node.childCount());
     };
-    EXPECT_EQ(told(*document->layerAt(0)), "Front hidden of 0");
-    EXPECT_EQ(told(*document->layerAt(1)), "Layer 1 of 3"); // the text among them
-    EXPECT_EQ(told(*document->layerAt(2)), "Back locked of 1");
-    EXPECT_EQ(document->layerAt(1)->firstChild()->name(), "stray too"); // drawn later, so it lies above
-    const Node* const pair = document->layerAt(2)->firstChild();
+    EXPECT_EQ(told(*document->layerAt(0)), "Layer 2 of 1");
+    EXPECT_EQ(document->layerAt(0)->firstChild()->name(), "stray too");
+    EXPECT_EQ(told(*document->layerAt(1)), "Front hidden of 0");
+    EXPECT_EQ(told(*document->layerAt(2)), "Layer 1 of 2"); // the text among them
+    EXPECT_EQ(told(*document->layerAt(3)), "Back locked of 1");
+    const Node* const pair = document->layerAt(3)->firstChild();
     EXPECT_EQ(pair->type(), NodeType::Group);
     EXPECT_EQ(told(*pair), "pair hidden of 2");
     EXPECT_EQ(pair->firstChild()->name(), "b");

@@ -167,6 +167,46 @@ TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
     }
 }
 
+// Art in no layer was once all one layer, and pictures of what was saved had it in the wrong order.
+TEST(Splice, ArtInNoLayerKeepsItsPlaceInPaintOrder) {
+    const std::string i = "xmlns:i='http://www.inkscape.org/namespaces/inkscape' i:groupmode='layer'";
+    const std::string bytes = "<svg><path id='a'/><path id='b'/><g " + i +
+                              " id='L'><path id='c'/></g><path id='d'/><g " + i + " id='M'/><path id='e'/></svg>";
+    const auto order = [](Document& document) {
+        std::string ids;
+        for (const Node* node : model::allNodes(document)) {
+            if (node->type() == NodeType::Layer)
+                ids += '|' + node->name() + ':';
+            else
+                ids += node->name();
+        }
+        return ids;
+    };
+    const struct {
+        const char* what;
+        std::function<void(Document&)> edit;
+        const char* order; // from the top, as it is when the drawing is read again
+    } rows[] = {
+        {"nothing", [](Document&) {}, "|Layer 3:e|M:|Layer 2:d|L:c|Layer 1:ba"},
+        {"new art below", [](Document& d) { d.setName(addLine(d, *d.layerAt(4), {}, {}), "n"); },
+         "|Layer 3:e|M:|Layer 2:d|L:c|Layer 1:nba"},
+        {"the layer between goes", [](Document& d) { d.remove(*d.layerAt(3)); }, "|Layer 2:e|M:|Layer 2:d|Layer 1:ba"},
+        {"art moves between", [](Document& d) { d.place(*d.findByName("a"), Placement::Above, *d.findByName("e")); },
+         "|Layer 3:ae|M:|Layer 2:d|L:c|Layer 1:b"},
+        {"a layer moves to the top", [](Document& d) { d.place(*d.layerAt(4), Placement::Above, *d.layerAt(1)); },
+         "|Layer 3:e|Layer 2:ba|M:|Layer 1:d|L:c"},
+        {"one is renamed", [](Document& d) { d.setName(*d.layerAt(2), "D"); }, "|Layer 2:e|M:|D:d|L:c|Layer 1:ba"},
+    };
+    for (const auto& row : rows) {
+        const auto document = read(bytes, "t.svg");
+        row.edit(*document);
+        const std::string text = write(*document);
+        EXPECT_EQ(order(*read(text, "t.svg")), row.order) << row.what << '\n' << text;
+        while (document->journal().undo()) continue;
+        EXPECT_EQ(write(*document), bytes) << row.what;
+    }
+}
+
 TEST(Splice, OtherEncodingsAreKept) {
     const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>\n<svg><!-- \xE9 --></svg>";
     auto document = read(latin, "t.svg");

@@ -1,0 +1,158 @@
+// Parsing all of a large drawing takes four times as long as storing it. Elements that were copied where they stood
+// were parsed when they were read, so the parser is given a comment in place of each.
+#include "svg/SaveCheck.h"
+
+#define XML_DTD // for the limit on entities, which the header else keeps to itself
+#include <expat.h>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <new>
+#include <optional>
+#include <string>
+
+#include "svg/Names.h"
+#include "svg/Values.h"
+
+namespace easel::svg {
+
+namespace {
+
+constexpr std::size_t kParsedAtOnce = std::size_t{1} << 24;
+
+[[noreturn]] void refuse(const std::string& what) {
+    throw DamageError("nothing was saved, because saving would damage the drawing: " + what);
+}
+
+std::string placeIn(std::string_view text, std::size_t at) {
+    const std::string_view before = text.substr(0, at);
+    const std::size_t lineStart = before.rfind('\n') + 1; // 0 in the first line
+    return std::to_string(std::count(before.begin(), before.end(), '\n') + 1) + ':' +
+           std::to_string(at - lineStart + 1);
+}
+
+class Check {
+  public:
+    Check(std::string_view text, const std::vector<CopiedBytes>& copies, const std::vector<Fate>& fates,
+          const Source& source)
+        : text_(text), copies_(copies), fates_(fates), source_(source), old_(source.text) {}
+
+    void run() const {
+        for (const CopiedBytes& copy : copies_) {
+            if (text_.substr(copy.at, copy.to - copy.from) != old_.substr(copy.from, copy.to - copy.from))
+                refuse("bytes changed at " + placeIn(old_, copy.from));
+        }
+        requireAllThere();
+        requireWellFormed(skeleton());
+    }
+
+  private:
+    /// The first element that begins at `at` or behind.
+    [[nodiscard]] std::size_t firstElementFrom(std::size_t at) const {
+        const auto beginsBefore = [](const Element& element, std::size_t place) { return element.begin < place; };
+        const auto found = std::lower_bound(source_.elements.begin(), source_.elements.end(), at, beginsBefore);
+        return static_cast<std::size_t>(found - source_.elements.begin());
+    }
+
+    void requireAllThere() const {
+        std::vector<CopiedBytes> inSource(copies_);
+        std::sort(inSource.begin(), inSource.end(), [](const auto& a, const auto& b) { return a.from < b.from; });
+        std::size_t covered = 0;
+        for (const CopiedBytes& copy : inSource) {
+            if (copy.from < covered) refuse("bytes written twice at " + placeIn(old_, copy.from));
+            requireMayBeMissing(covered, copy.from);
+            covered = copy.to;
+        }
+        requireMayBeMissing(covered, old_.size());
+    }
+
+    void requireMayBeMissing(std::size_t from, std::size_t to) const {
+        for (std::size_t at = from; at < to;) {
+            const std::size_t behind = behindChange(at);
+            if (behind == at && !isSpace(old_[at])) refuse("bytes lost at " + placeIn(old_, at));
+            at = std::max(behind, at + 1);
+        }
+    }
+
+    /// The innermost element around a byte; none outside of the root.
+    [[nodiscard]] std::optional<std::size_t> elementAround(std::size_t at) const {
+        const std::size_t behind = firstElementFrom(at + 1);
+        if (behind == 0) return std::nullopt;
+        std::size_t index = behind - 1;
+        while (index > 0 && source_.elements[index].end <= at)
+            index = source_.containers[source_.elements[index].container].element;
+        if (source_.elements[index].end <= at) return std::nullopt;
+        return index;
+    }
+
+    /// The end of what may be missing from `at` on, in one piece.
+    [[nodiscard]] std::size_t behindChange(std::size_t at) const {
+        const std::optional<std::size_t> index = elementAround(at);
+        if (!index || fates_[*index] == Fate::Kept) return at;
+        const Element& element = source_.elements[*index];
+        if (fates_[*index] == Fate::Removed) {
+            const std::size_t next = firstElementFrom(at + 1); // it may be kept elsewhere
+            return next < fates_.size() ? std::min(element.end, source_.elements[next].begin) : element.end;
+        }
+        if (at < element.tagEnd) return element.tagEnd;
+        const bool inEndTag = old_.find('>', at) + 1 == element.end && old_.rfind('<', element.end - 1) <= at;
+        return inEndTag && element.after == *index + 1 ? element.end : at;
+    }
+
+    [[nodiscard]] std::string skeleton() const {
+        constexpr std::string_view standIn = "<!---->"; // brackets on either side must not come together
+        std::string skeleton;
+        std::size_t at = 0;
+        for (const CopiedBytes& copy : copies_) {
+            skeleton += text_.substr(at, copy.at - at);
+            std::size_t rest = copy.from;
+            for (std::size_t i = firstElementFrom(copy.from); !copy.elsewhere && i < fates_.size();) {
+                const Element& element = source_.elements[i];
+                if (element.begin >= copy.to) break;
+                if (i == 0 || element.end > copy.to) { // the root is never left out
+                    ++i;
+                    continue;
+                }
+                skeleton.append(old_.substr(rest, element.begin - rest)).append(standIn);
+                rest = element.end;
+                i = element.after;
+            }
+            skeleton += old_.substr(rest, copy.to - rest);
+            at = copy.at + (copy.to - copy.from);
+        }
+        return skeleton += text_.substr(at);
+    }
+
+    void requireWellFormed(std::string_view text) const {
+        const bool recoded = source_.encoding == Encoding::Utf16Little || source_.encoding == Encoding::Utf16Big;
+        const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(
+            XML_ParserCreateNS(recoded ? "UTF-8" : nullptr, kNamespaceEnd), XML_ParserFree);
+        if (!parser) throw std::bad_alloc();
+        // Next to the little that is left of the text the entities in it may look like an attack.
+        XML_SetBillionLaughsAttackProtectionMaximumAmplification(parser.get(), std::numeric_limits<float>::max());
+        bool last = false;
+        while (!last) {
+            const std::size_t size = std::min(text.size(), kParsedAtOnce);
+            last = size == text.size();
+            if (XML_Parse(parser.get(), text.data(), static_cast<int>(size), last) != XML_STATUS_OK)
+                refuse(XML_ErrorString(XML_GetErrorCode(parser.get())));
+            text.remove_prefix(size);
+        }
+    }
+
+    std::string_view text_;
+    const std::vector<CopiedBytes>& copies_;
+    const std::vector<Fate>& fates_;
+    const Source& source_;
+    std::string_view old_;
+};
+
+} // namespace
+
+void checkBeforeSaving(std::string_view text, const std::vector<CopiedBytes>& copies, const std::vector<Fate>& fates,
+                       const Source& source) {
+    Check(text, copies, fates, source).run();
+}
+
+} // namespace easel::svg

@@ -1,0 +1,354 @@
+// One walk over the nodes in paint order, from the bottom, with a cursor in the text of each element that is open: what
+// lies between the nodes is copied on the way. Nothing recurses.
+#include "svg/Splicer.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "svg/ElementText.h"
+#include "svg/FileError.h"
+#include "svg/Limits.h"
+#include "svg/SaveCheck.h"
+#include "svg/SplicedText.h"
+#include "svg/Values.h"
+
+namespace easel::svg {
+
+namespace {
+
+using model::Document;
+using model::Node;
+using model::NodeType;
+
+/// An object to be written.
+struct Item {
+    const Node* node;
+    const Element* element; ///< null: made here
+    bool inPlace = false;   ///< stands where it was read
+};
+
+/// Line breaks with the indentation that follows.
+struct Layout {
+    std::string ownBreak;   ///< before the element
+    std::string childBreak; ///< before what is in it
+    std::string tail;       ///< before its end tag
+};
+
+/// An element whose contents are being written.
+struct Level {
+    const Element* element = nullptr; ///< null: made here
+    Place place;                      ///< of what is inside
+    bool elsewhere = false;           ///< the element, or one around it, has been put elsewhere
+    std::size_t depth = 0;
+    std::vector<Item> items;
+    std::size_t next = 0;
+    const Element* firstInPlace = nullptr;
+    bool passedFirst = false;
+    Layout layout;
+    std::string closing; ///< the end tag, where the text has none
+    std::string behind;  ///< to be written after the end tag
+
+    // In the text that was read
+    std::size_t cursor = 0;
+    std::size_t contentEnd = 0;
+    std::size_t nextElement = 0; ///< index of the one that comes next
+    bool atEnd = false;          ///< all of the text inside has been copied
+};
+
+/// Marks the longest row of items that follow one another in the file, of those that have stayed in their element.
+void markInPlace(std::vector<Item>& items, std::uint32_t container) {
+    std::vector<std::size_t> candidates;
+    for (std::size_t i = 0; i < items.size(); ++i)
+        if (items[i].element && items[i].element->container == container) candidates.push_back(i);
+    const auto begin = [&](std::size_t index) { return items[candidates[index]].element->begin; };
+    std::vector<std::size_t> ends;     // of the best row of each length
+    std::vector<std::size_t> previous; // in the row that ends at a candidate
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        const auto at = std::lower_bound(ends.begin(), ends.end(), begin(i),
+                                         [&](std::size_t end, std::uint32_t value) { return begin(end) < value; });
+        previous.push_back(at == ends.begin() ? candidates.size() : *(at - 1));
+        if (at == ends.end())
+            ends.push_back(i);
+        else
+            *at = i;
+    }
+    if (ends.empty()) return;
+    for (std::size_t i = ends.back(); i != candidates.size(); i = previous[i]) items[candidates[i]].inPlace = true;
+}
+
+class Splicer {
+  public:
+    Splicer(Document& document, const Source& source)
+        : document_(document),
+          source_(source),
+          text_(source.text),
+          elements_(source),
+          elementCount_(source.elementCount),
+          out_(source.text) {}
+
+    std::string run() {
+        for (const Node* node = &document_.root(); node; node = nextWithin(document_.root(), *node))
+            if (node->origin() != 0) fates_[node->origin() - 1] = Fate::Kept;
+        const Element& root = source_.elements.front();
+        out_.copy(0, root.begin, false);
+        openElement(document_.root(), root, std::string(source_.startTag(root)), Place{}, 1, false);
+        while (!open_.empty()) {
+            if (open_.back().next == open_.back().items.size())
+                close();
+            else
+                step();
+        }
+        out_.copy(root.end, text_.size(), false);
+        std::string text = out_.take();
+        checkBeforeSaving(text, out_.copies(), fates_, source_);
+        return text;
+    }
+
+  private:
+    // The walk
+
+    void step() {
+        Level& level = open_.back();
+        const Item item = level.items[level.next++];
+        std::string behind;
+        if (item.inPlace) {
+            copyTo(level, item.element->begin);
+            level.cursor = item.element->end;
+            level.nextElement = item.element->after;
+            level.passedFirst = true;
+        } else if (level.passedFirst) {
+            out_.add(level.layout.childBreak);
+        } else if (level.firstInPlace) {
+            copyTo(level, level.firstInPlace->begin);
+            behind = level.layout.childBreak;
+        } else {
+            copyToEnd(level);
+            out_.add(level.layout.childBreak);
+        }
+        write(item, std::move(behind));
+    }
+
+    void write(const Item& item, std::string behind) {
+        const Level& parent = open_.back();
+        if (!item.inPlace) requireRoom(item);
+        if (!item.element) {
+            out_.add(elements_.newTag(*item.node, parent.place));
+            if (item.node->firstChild()) return openNew(*item.node, std::move(behind));
+            out_.add("/>");
+        } else if (item.node->isContainer()) {
+            const Place inside{item.element->inner, parent.place.prefix};
+            const bool elsewhere = parent.elsewhere || !item.inPlace;
+            std::string tag = elements_.startTag(*item.node, *item.element, parent.place);
+            openElement(*item.node, *item.element, std::move(tag), inside, parent.depth + 1, elsewhere);
+            open_.back().behind = std::move(behind);
+            return;
+        } else {
+            writeLeaf(item);
+        }
+        out_.add(behind);
+    }
+
+    void requireRoom(const Item& item) {
+        if (!item.element) ++elementCount_;
+        if (elementCount_ > kMostElements)
+            throw FileError("more than " + std::to_string(kMostElements) + " objects cannot be saved");
+        if (open_.back().depth + 1 + (item.element ? item.element->height : 0) > kDeepestElement)
+            throw FileError("groups nest too deeply to be saved");
+    }
+
+    void writeLeaf(const Item& item) {
+        const Place& place = open_.back().place;
+        const Element& element = *item.element;
+        const bool elsewhere = open_.back().elsewhere || !item.inPlace;
+        if (!elements_.isChanged(*item.node, element, place)) return out_.copy(element.begin, element.end, elsewhere);
+        if (element.wrapped) {
+            out_.add(elements_.wrapper(*item.node, element, place) + '>');
+            out_.copy(element.begin, element.end, elsewhere);
+            return out_.add("</" + place.prefix + "g>");
+        }
+        const std::string tag = elements_.startTag(*item.node, element, place);
+        noteChange(element);
+        out_.add(tag);
+        const std::string_view before = source_.tagName(element);
+        const std::string after(Tag(tag).name());
+        if (element.tagEnd == element.end || before == after) return out_.copy(element.tagEnd, element.end, elsewhere);
+        const std::size_t endTag = text_.rfind('<', element.end - 1);
+        out_.copy(element.tagEnd, endTag, elsewhere);
+        out_.add("</" + after + '>');
+    }
+
+    void openNew(const Node& node, std::string behind) {
+        const Level& parent = open_.back();
+        Level level;
+        level.place = parent.place;
+        level.elsewhere = parent.elsewhere;
+        level.depth = parent.depth + 1;
+        const std::string& own = parent.layout.childBreak;
+        level.layout = {own, own.empty() ? "" : own + "  ", own};
+        level.closing = "</" + level.place.prefix + "g>";
+        level.behind = std::move(behind);
+        level.atEnd = true;
+        collect(node, level);
+        out_.add(">");
+        open_.push_back(std::move(level));
+    }
+
+    void openElement(const Node& node, const Element& element, std::string tag, Place inside, std::size_t depth,
+                     bool elsewhere) {
+        Level level;
+        level.element = &element;
+        level.place = std::move(inside);
+        level.elsewhere = elsewhere;
+        level.depth = depth;
+        const std::string_view name = source_.tagName(element);
+        const std::size_t colon = name.find(':');
+        level.place.prefix = colon == std::string_view::npos ? "" : name.substr(0, colon + 1);
+        level.cursor = element.tagEnd;
+        level.nextElement = &element == &source_.elements.front() ? 1 : node.origin(); // the index behind its own
+        collect(node, level);
+        if (element.tagEnd == element.end) {
+            level.contentEnd = element.end;
+            if (!level.items.empty()) {
+                Tag opened(tag);
+                opened.openUp();
+                tag = opened.text();
+                level.closing = "</" + std::string(name) + '>';
+            }
+        } else {
+            level.contentEnd = text_.rfind('<', element.end - 1);
+        }
+        level.layout = layoutOf(element, level.nextElement);
+        if (tag == source_.startTag(element)) {
+            out_.copy(element.begin, element.tagEnd, elsewhere);
+        } else {
+            noteChange(element);
+            out_.add(tag);
+        }
+        open_.push_back(std::move(level));
+    }
+
+    void close() {
+        Level& level = open_.back();
+        if (level.element && !level.atEnd) copyTo(level, level.contentEnd);
+        out_.add(level.layout.tail);
+        if (level.closing.empty())
+            out_.copy(level.contentEnd, level.element->end, level.elsewhere);
+        else
+            out_.add(level.closing);
+        out_.add(level.behind);
+        open_.pop_back();
+    }
+
+    void noteChange(const Element& element) {
+        const auto at = std::lower_bound(source_.elements.begin(), source_.elements.end(), element.begin,
+                                         [](const Element& e, std::uint32_t begin) { return e.begin < begin; });
+        fates_[static_cast<std::size_t>(at - source_.elements.begin())] = Fate::Changed;
+    }
+
+    // The text between
+
+    /// Copies up to `to`, without the elements that are no longer there.
+    void copyTo(Level& level, std::size_t to) {
+        while (level.nextElement < level.element->after && source_.elements[level.nextElement].begin < to) {
+            const Element& gone = source_.elements[level.nextElement];
+            const auto [from, until] = lineOf(gone);
+            out_.copy(level.cursor, std::max(from, level.cursor), level.elsewhere);
+            level.cursor = std::max(until, level.cursor);
+            level.nextElement = gone.after;
+        }
+        out_.copy(level.cursor, to, level.elsewhere);
+        level.cursor = to;
+    }
+
+    /// Copies the rest, but keeps back the white space before the end tag.
+    void copyToEnd(Level& level) {
+        if (level.atEnd) return;
+        const std::size_t start = out_.size();
+        copyTo(level, level.contentEnd);
+        level.atEnd = true;
+        level.layout.tail = out_.cutSpace(start);
+        if (level.layout.tail.find('\n') == std::string::npos) level.layout.tail = level.layout.ownBreak;
+    }
+
+    /// The element's bytes, and those of its lines when it has them for itself.
+    [[nodiscard]] std::pair<std::size_t, std::size_t> lineOf(const Element& element) const {
+        const std::string indent = breakBefore(element.begin);
+        std::size_t behind = text_.find_first_not_of(" \t", element.end);
+        if (behind == std::string::npos) behind = text_.size();
+        if (behind < text_.size() && text_[behind] == '\r') ++behind;
+        const bool lineEnds = behind < text_.size() && text_[behind] == '\n';
+        if (indent.empty() || !lineEnds) return {element.begin, element.end};
+        const std::size_t spaces = indent.size() - indent.find('\n') - 1;
+        return {element.begin - spaces, behind + 1};
+    }
+
+    /// The line break and indentation before a place in the text; empty when something else stands before it.
+    [[nodiscard]] std::string breakBefore(std::size_t at) const {
+        std::size_t start = at;
+        while (start > 0 && (text_[start - 1] == ' ' || text_[start - 1] == '\t')) --start;
+        if (start == 0 || text_[start - 1] != '\n') return "";
+        --start;
+        if (start > 0 && text_[start - 1] == '\r') --start;
+        return text_.substr(start, at - start);
+    }
+
+    [[nodiscard]] Layout layoutOf(const Element& element, std::size_t firstInside) const {
+        Layout layout;
+        layout.ownBreak = breakBefore(element.begin);
+        if (layout.ownBreak.empty() && element.begin == 0 && text_.find('\n') != std::string::npos)
+            layout.ownBreak = "\n";
+        if (!layout.ownBreak.empty()) layout.childBreak = layout.ownBreak + "  ";
+        if (firstInside >= element.after) return layout;
+        const std::string first = breakBefore(source_.elements[firstInside].begin);
+        if (!first.empty()) layout.childBreak = first;
+        return layout;
+    }
+
+    // What is in an element
+
+    [[nodiscard]] const Element* elementOf(const Node& node) const {
+        return node.origin() == 0 ? nullptr : &source_.elements[node.origin() - 1];
+    }
+
+    /// Whether this is a layer of art that is in none, as it was read.
+    [[nodiscard]] bool isImplicit(const Node& layer) const {
+        const auto known = source_.implicitLayers.find(layer.id().slot);
+        return known != source_.implicitLayers.end() && known->second == layer.name() && !layer.hidden() &&
+               !layer.locked();
+    }
+
+    void collect(const Node& node, Level& level) const {
+        bool endsImplicit = false; // art of two layers in a row would be read as that of one
+        for (const Node* child = node.lastChild(); child; child = child->previous()) {
+            const bool implicit = child->type() == NodeType::Layer && !endsImplicit && isImplicit(*child);
+            if (!implicit) level.items.push_back({child, elementOf(*child)});
+            if (!implicit) endsImplicit = false;
+            if (!implicit || !child->firstChild()) continue;
+            for (const Node* art = child->lastChild(); art; art = art->previous())
+                level.items.push_back({art, elementOf(*art)});
+            endsImplicit = true;
+        }
+        if (!level.element) return;
+        markInPlace(level.items, level.place.container);
+        const auto first =
+            std::find_if(level.items.begin(), level.items.end(), [](const Item& i) { return i.inPlace; });
+        if (first != level.items.end()) level.firstInPlace = first->element;
+    }
+
+    Document& document_;
+    const Source& source_;
+    const std::string& text_;
+    ElementText elements_;
+    std::size_t elementCount_;
+    SplicedText out_;
+    std::vector<Fate> fates_ = std::vector<Fate>(source_.elements.size(), Fate::Removed);
+    std::vector<Level> open_;
+};
+
+} // namespace
+
+std::string spliced(Document& document, const Source& source) { return Splicer(document, source).run(); }
+
+} // namespace easel::svg

@@ -1,0 +1,15 @@
+// Puts the text of a document together: what was read and has not changed is copied from its source, in the order of
+// the document; what has changed or is new is written in between.
+#pragma once
+
+#include <string>
+
+#include "model/Document.h"
+#include "svg/Source.h"
+
+namespace easel::svg {
+
+/// The text, checked. Throws FileError for what could not be read again; DamageError, see SaveCheck.h.
+[[nodiscard]] std::string spliced(model::Document& document, const Source& source);
+
+} // namespace easel::svg
