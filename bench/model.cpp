@@ -99,11 +99,11 @@ void hitTestThroughMask(benchmark::State& state) {
         ring.points.push_back(corner(document.width() * (0.5 + 0.4 * std::cos(angle)),
                                      document.height() * (0.5 + 0.4 * std::sin(angle))));
     }
-    auto clip = std::make_shared<Clip>();
-    clip->mask = std::make_shared<const Mask>(std::vector<Mask::Shape>{{{ring}, false}});
-    Document::setClip(document.currentLayer(), clip);
+    Clip clip;
+    clip.mask = std::make_shared<const Mask>(std::vector<Mask::Shape>{{{ring}, false}});
+    Document::setClip(document.currentLayer(), Shared(clip));
     hitTestAnywhere(state);
-    Document::setClip(document.currentLayer(), nullptr);
+    Document::setClip(document.currentLayer(), {});
 }
 
 /// The peer of the hit test.

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cassert>
 
+#include "model/Clip.h"
 #include "model/DocumentImpl.h"
 #include "model/OrderLabels.h"
 
@@ -11,23 +12,8 @@ namespace easel::model {
 
 namespace {
 
-const std::shared_ptr<const PathData>& emptyPath() {
-    static const std::shared_ptr<const PathData> empty = std::make_shared<PathData>();
-    return empty;
-}
-
-const std::shared_ptr<const OpaqueData>& emptyOpaque() {
-    static const std::shared_ptr<const OpaqueData> empty = std::make_shared<OpaqueData>();
-    return empty;
-}
-
-const std::shared_ptr<const Style>& defaultStyle() {
-    static const std::shared_ptr<const Style> style = std::make_shared<Style>();
-    return style;
-}
-
-std::shared_ptr<const std::string> sharedText(std::string_view text) {
-    return text.empty() ? nullptr : std::make_shared<const std::string>(text);
+Shared<std::string> sharedText(std::string_view text) {
+    return text.empty() ? Shared<std::string>() : Shared(std::string(text));
 }
 
 /// What cannot be seen does not count: colours that paint nothing, dashes of a solid line.
@@ -39,15 +25,16 @@ Style visiblePart(Style style) {
     return style;
 }
 
+/// The content as far as it shows.
+Content visiblePart(Content content) {
+    if (content.style) content.style = Shared(visiblePart(*content.style));
+    if (content.path && content.path->points.empty()) content.path = Shared(PathData{});
+    return content;
+}
+
 bool looksSame(const Node& a, const Node& b) {
-    if (a.type() != b.type() || a.childCount() != b.childCount() || a.name() != b.name() || a.locked() != b.locked() ||
-        a.hidden() != b.hidden()) {
-        return false;
-    }
-    if (a.type() == NodeType::Opaque) return a.opaque() == b.opaque();
-    if (a.type() != NodeType::Path) return true;
-    const bool bothEmpty = a.path().points.empty() && b.path().points.empty();
-    return (bothEmpty || a.path() == b.path()) && visiblePart(a.style()) == visiblePart(b.style());
+    return a.type() == b.type() && a.childCount() == b.childCount() &&
+           visiblePart(a.content()) == visiblePart(b.content());
 }
 
 int depthOf(const Node& node) {
@@ -135,7 +122,7 @@ void Document::setCurrentLayer(Node& layer) {
 Node& Document::addLayer(std::string_view title) {
     const Transaction transaction(journal());
     Node& layer = create(NodeType::Layer, Placement::OnTopInside, root());
-    layer.state_.name = sharedText(title);
+    impl_->change(layer).name = sharedText(title);
     setCurrentLayer(layer);
     return layer;
 }
@@ -207,11 +194,7 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
     journal().note(node);
     node.state_.parent = spot.parent;
     node.state_.order = order;
-    if (type == NodeType::Path) {
-        node.state_.path = emptyPath();
-        node.state_.style = defaultStyle();
-    }
-    if (type == NodeType::Opaque) node.state_.opaque = emptyOpaque();
+    node.state_.content = impl_->newContent(type);
     impl_->tree.attachNew(node, spot.below);
     return node;
 }
@@ -240,29 +223,26 @@ void Document::place(Node& node, Placement placement, Node& anchor) {
 void Document::setName(Node& node, std::string_view name) {
     if (node.name() == name) return;
     const Transaction transaction(journal());
-    journal().note(node);
-    node.state_.name = sharedText(name);
+    impl_->change(node).name = sharedText(name);
 }
 
 void Document::setLocked(Node& node, bool locked) {
     if (node.locked() == locked) return;
     const Transaction transaction(journal());
-    journal().note(node);
-    node.state_.locked = locked;
+    impl_->change(node).locked = locked;
 }
 
 void Document::setHidden(Node& node, bool hidden) {
     if (node.hidden() == hidden) return;
     const Transaction transaction(journal());
-    journal().note(node);
-    node.state_.hidden = hidden;
+    impl_->change(node).hidden = hidden;
 }
 
 // Selection
 
 void Document::select(Node& node, bool selected) {
     const Transaction transaction(journal());
-    for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->setSelected(*at, selected, nullptr);
+    for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->setSelected(*at, selected, {});
     if (!selected) impl_->deselectAround(node);
 }
 
@@ -271,7 +251,7 @@ void Document::selectPoints(Node& path, PointSelection points) {
     const bool any = std::find(points.begin(), points.end(), true) != points.end();
     const bool all = std::find(points.begin(), points.end(), false) == points.end();
     const Transaction transaction(journal());
-    impl_->setSelected(path, any, any && !all ? std::make_shared<const PointSelection>(std::move(points)) : nullptr);
+    impl_->setSelected(path, any, any && !all ? Shared(std::move(points)) : Shared<PointSelection>());
     if (!any || !all) impl_->deselectAround(path);
 }
 
@@ -283,15 +263,15 @@ void Document::deselectAll(Node& within) {
     for (std::size_t i = impl_->tree.selected().size(); i-- > 0;) {
         Node& node = *impl_->tree.selected()[i];
         if (!node.isWithin(within)) continue;
-        impl_->setSelected(node, false, nullptr);
+        impl_->setSelected(node, false, {});
     }
     impl_->deselectAround(within);
 }
 
-void Document::Impl::setSelected(Node& node, bool selected, std::shared_ptr<const PointSelection> points) {
+void Document::Impl::setSelected(Node& node, bool selected, Shared<PointSelection> points) {
     NodeState& state = node.state_;
     if (node.type_ == NodeType::Root || node.type_ == NodeType::Layer) return;
-    if (state.selected == selected && state.pointSelection == points) return;
+    if (state.selected == selected && state.pointSelection.isSameAs(points)) return;
     journal.note(node);
     state.selected = selected;
     state.pointSelection = std::move(points);
@@ -299,12 +279,33 @@ void Document::Impl::setSelected(Node& node, bool selected, std::shared_ptr<cons
 }
 
 void Document::Impl::deselectAround(const Node& node) {
-    for (Node* at = node.parent(); at; at = at->parent()) setSelected(*at, false, nullptr);
+    for (Node* at = node.parent(); at; at = at->parent()) setSelected(*at, false, {});
+}
+
+Content Document::Impl::newContent(NodeType type) const {
+    Content content;
+    if (type == NodeType::Path) {
+        content.path = emptyPath;
+        content.style = defaultStyle;
+    }
+    if (type == NodeType::Opaque) content.opaque = emptyOpaque;
+    return content;
+}
+
+Content& Document::Impl::change(Node& node) {
+    journal.note(node);
+    if (node.origin_ != 0 && journal.isRecording()) originals.try_emplace(node.origin_, node.state_.content);
+    return node.state_.content;
+}
+
+const Content& Document::original(const Node& node) const {
+    const auto found = impl_->originals.find(node.origin_);
+    return found == impl_->originals.end() ? node.state_.content : found->second;
 }
 
 void Document::setOrigin(Node& node, std::uint32_t number) { node.origin_ = number; }
 
-void Document::setClip(Node& node, std::shared_ptr<const Clip> clip) { node.clip_ = std::move(clip); }
+void Document::setClip(Node& node, Shared<Clip> clip) { node.clip_ = std::move(clip); }
 
 Journal& Document::journal() { return impl_->journal; }
 

@@ -119,7 +119,9 @@ class Document {
     // Where it came from; not part of undo
     std::shared_ptr<const Origin> origin; ///< null for a document that was made here
     static void setOrigin(Node& node, std::uint32_t number);
-    static void setClip(Node& node, std::shared_ptr<const Clip> clip);
+    /// The node's content as it was when the node got its origin.
+    [[nodiscard]] const Content& original(const Node& node) const;
+    static void setClip(Node& node, Shared<Clip> clip);
 
     /// Whether both contain the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view
     /// and identities do not count.

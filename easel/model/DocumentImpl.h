@@ -1,7 +1,8 @@
 // The parts of a document. Private to this folder.
 #pragma once
 
-#include <string>
+#include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "model/Document.h"
@@ -32,11 +33,18 @@ struct Document::Impl {
     double width = 0;
     double height = 0;
     NodeId currentLayer;
-    std::shared_ptr<const Style> lastStyle; // neighbours often look alike: they share one payload
-    std::vector<Node*> found;               // of the last search, kept for its storage
+    Shared<Style> lastStyle;                              // neighbours often look alike: they share one
+    std::unordered_map<std::uint32_t, Content> originals; // of nodes that have been changed, by their origin
+    const Shared<PathData> emptyPath{PathData{}};
+    const Shared<Style> defaultStyle{Style{}};
+    const Shared<OpaqueData> emptyOpaque{OpaqueData{}};
+    std::vector<Node*> found; // of the last search, kept for its storage
 
-    void setSelected(Node& node, bool selected, std::shared_ptr<const PointSelection> points);
+    void setSelected(Node& node, bool selected, Shared<PointSelection> points);
     void deselectAround(const Node& node);
+    [[nodiscard]] Content newContent(NodeType type) const;
+    /// The node's content for writing, noted. Nothing else changes a content, so that no change of it is lost.
+    Content& change(Node& node);
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.
     PathData& writablePath(Node& path);
     void setOpaque(Node& opaque, const OpaqueData& data);

@@ -6,20 +6,16 @@
 namespace easel::model {
 
 PathData& Document::Impl::writablePath(Node& path) {
-    journal.note(path);
     tree.index.markDirty(path);
-    std::shared_ptr<const PathData>& data = path.state_.path;
-    if (data.use_count() > 1) data = std::make_shared<PathData>(*data);
-    return const_cast<PathData&>(*data); // made just above, here or on an earlier call, as something writable
+    return change(path).path.writable();
 }
 
 void Document::setPath(Node& path, PathData data) {
     if (path.path() == data) return;
     const Transaction transaction(journal());
     const std::size_t count = data.points.size();
-    journal().note(path);
     impl_->tree.index.markDirty(path);
-    path.state_.path = std::make_shared<PathData>(std::move(data));
+    impl_->change(path).path = Shared(std::move(data));
     impl_->fitPointSelection(path, count);
 }
 
@@ -51,15 +47,14 @@ void Document::reverse(Node& path) {
     if (!path.state_.pointSelection) return;
     PointSelection flags = *path.state_.pointSelection;
     std::reverse(flags.begin(), flags.end());
-    path.state_.pointSelection = std::make_shared<const PointSelection>(std::move(flags));
+    path.state_.pointSelection = Shared(std::move(flags));
 }
 
 void Document::setStyle(Node& path, const Style& style) {
     if (path.style() == style) return;
     const Transaction transaction(journal());
-    journal().note(path);
-    if (!impl_->lastStyle || *impl_->lastStyle != style) impl_->lastStyle = std::make_shared<const Style>(style);
-    path.state_.style = impl_->lastStyle;
+    if (!impl_->lastStyle || *impl_->lastStyle != style) impl_->lastStyle = Shared(style);
+    impl_->change(path).style = impl_->lastStyle;
 }
 
 void Document::offset(Node& node, double dx, double dy) {
@@ -87,9 +82,8 @@ void Document::setBounds(Node& opaque, const Box& bounds) {
 }
 
 void Document::Impl::setOpaque(Node& opaque, const OpaqueData& data) {
-    journal.note(opaque);
     tree.index.markDirty(opaque);
-    opaque.state_.opaque = std::make_shared<const OpaqueData>(data);
+    change(opaque).opaque = Shared(data);
 }
 
 /// Keeps the flags of the points that are left; points that are added are not selected.
@@ -98,9 +92,9 @@ void Document::Impl::fitPointSelection(Node& path, std::size_t count) {
     PointSelection flags = *path.state_.pointSelection;
     flags.resize(count);
     if (std::find(flags.begin(), flags.end(), true) == flags.end()) {
-        setSelected(path, false, nullptr);
+        setSelected(path, false, {});
     } else {
-        path.state_.pointSelection = std::make_shared<const PointSelection>(std::move(flags));
+        path.state_.pointSelection = Shared(std::move(flags));
     }
 }
 

@@ -14,8 +14,13 @@ namespace {
 
 constexpr std::size_t kKeptNotes = 1024;
 
-template <class T> bool sameContents(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
-    return a == b || (a && b && *a == *b);
+/// Whether the place of the art may differ; it certainly does not where both share their geometry.
+bool mayMove(const Content& was, const Content& is) {
+    return !was.path.isSameAs(is.path) || !was.opaque.isSameAs(is.opaque);
+}
+
+bool sameSelection(const NodeState& was, const NodeState& is) {
+    return was.selected == is.selected && was.pointSelection == is.pointSelection;
 }
 
 } // namespace
@@ -161,7 +166,7 @@ void Journal::exchange(Record& record) {
     if (!record.notes.empty()) ++changeCount_;
     for (Note& note : record.notes) {
         Node& node = *note.node;
-        if (note.state.path != node.state_.path || note.state.opaque != node.state_.opaque) tree_.index.markDirty(node);
+        if (mayMove(note.state.content, node.state_.content)) tree_.index.markDirty(node);
         if (changesPlace(note)) tree_.detach(node);
         note.alive = node.alive_;
     }
@@ -236,14 +241,9 @@ Journal::Change Journal::netChange(const Note& note) {
     const NodeState& is = note.node->state_;
     if (note.alive != note.node->alive_) return Change::Real;
     if (!note.alive) return Change::None;
-    if (was.parent != is.parent || was.locked != is.locked || was.hidden != is.hidden ||
-        !sameContents(was.path, is.path) || !sameContents(was.opaque, is.opaque) ||
-        !sameContents(was.style, is.style) || !sameContents(was.name, is.name)) {
-        return Change::Real;
-    }
+    if (was.parent != is.parent || was.content != is.content) return Change::Real;
     if (was.order != is.order) return Change::Order;
-    return was.selected == is.selected && sameContents(was.pointSelection, is.pointSelection) ? Change::None
-                                                                                              : Change::Selection;
+    return sameSelection(was, is) ? Change::None : Change::Selection;
 }
 
 void Journal::observe(const Record& record) {
@@ -260,17 +260,16 @@ void Journal::observe(const Note& note) {
     if (node.type() == NodeType::Layer) {
         changes_.layers |= !stayed || was.order != is.order || was.parent != is.parent;
         changes_.layerRemoved |= !node.alive_;
-        changes_.layerOptions |=
-            stayed && (was.locked != is.locked || was.hidden != is.hidden || !sameContents(was.name, is.name));
+        changes_.layerOptions |= stayed && was.content != is.content;
         changes_.art |= !stayed && node.firstChild();
     } else {
         changes_.art = changes_.art || netChange(note) >= Change::Order;
-        changes_.styles = changes_.styles || (stayed && !sameContents(was.style, is.style));
-        changes_.names = changes_.names || (stayed && !sameContents(was.name, is.name));
+        changes_.styles = changes_.styles || (stayed && was.content.style != is.content.style);
+        changes_.names = changes_.names || (stayed && was.content.name != is.content.name);
     }
     if (changes_.selection) return;
     if (stayed) {
-        changes_.selection = was.selected != is.selected || !sameContents(was.pointSelection, is.pointSelection);
+        changes_.selection = !sameSelection(was, is);
         return;
     }
     // Its descendants came or went with it, and need not be noted itself.

@@ -93,6 +93,7 @@ class Journal {
     void requireWritable() const; ///< throws ReadOnlyError
     /// To be called before a node changes, inside a transaction.
     void note(Node& node);
+    [[nodiscard]] bool isRecording() const { return recording_; }
     [[nodiscard]] bool wasRolledBack(const Node& node) const;
 
   private:

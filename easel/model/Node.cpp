@@ -2,13 +2,9 @@
 #include "model/Node.h"
 
 #include "model/Children.h"
+#include "model/Clip.h"
 
 namespace easel::model {
-
-Box OpaqueData::hull() const {
-    if (bounds.isEmpty()) return bounds;
-    return {bounds.left + moved.x, bounds.top + moved.y, bounds.right + moved.x, bounds.bottom + moved.y};
-}
 
 Node::Node(NodeId id, NodeType type) : id_(id), type_(type) {}
 
@@ -16,13 +12,15 @@ Node::~Node() = default;
 
 const std::string& Node::name() const {
     static const std::string none;
-    return state_.name ? *state_.name : none;
+    return state_.content.name ? *state_.content.name : none;
 }
 
 Box Node::hull() const {
-    if (type_ == NodeType::Path) return state_.path->hull();
-    return type_ == NodeType::Opaque ? state_.opaque->hull() : Box{};
+    if (type_ == NodeType::Path) return path().hull();
+    return type_ == NodeType::Opaque ? opaque().hull() : Box{};
 }
+
+const Clip* Node::clip() const { return clip_ ? &*clip_ : nullptr; }
 
 bool Node::pointSelected(std::size_t index) const {
     if (!state_.selected) return false;
@@ -63,13 +61,13 @@ bool Node::isWithin(const Node& ancestor) const {
 
 bool Node::effectivelyHidden() const {
     const Node* at = this;
-    while (at && !at->state_.hidden) at = at->state_.parent;
+    while (at && !at->state_.content.hidden) at = at->state_.parent;
     return at != nullptr;
 }
 
 bool Node::effectivelyLocked() const {
     const Node* at = this;
-    while (at && !at->state_.locked) at = at->state_.parent;
+    while (at && !at->state_.content.locked) at = at->state_.parent;
     return at != nullptr;
 }
 

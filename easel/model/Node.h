@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "model/Shared.h"
 #include "model/Types.h"
 
 namespace easel::model {
@@ -25,36 +26,31 @@ struct NodeId {
 
 enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque };
 
-/// Art that is shown and moved as a whole, never edited: a text, an image.
-struct OpaqueData {
-    Box bounds;  ///< where it lay at first; empty when nobody knows
-    Point moved; ///< how far it has been moved since
-
-    [[nodiscard]] Box hull() const; ///< where it lies now
-
-    bool operator==(const OpaqueData&) const = default;
-};
-
 /// Which points of a selected path are selected, one flag a point.
 using PointSelection = std::vector<bool>;
 
 struct Clip;
 
-/// What the journal keeps of a node and undo brings back. Payloads are shared and never changed in place once a second
-/// holder exists, so a copy of a state costs a few pointers.
+/// What an object is like, whatever it stands in and whether it is selected. An attribute of art is declared here once:
+/// from then on undo restores it, a change of it makes a step and raises an event, and saving notices it.
+struct Content {
+    Shared<PathData> path;     ///< paths only
+    Shared<Style> style;       ///< paths only
+    Shared<OpaqueData> opaque; ///< opaque art only
+    Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
+    bool locked = false;
+    bool hidden = false;
+
+    bool operator==(const Content&) const = default;
+};
+
+/// What the journal keeps of a node and undo brings back; a copy costs a few pointers.
 struct NodeState {
     class Node* parent = nullptr; ///< null: not in the document
     std::uint64_t order = 0;      ///< place among the siblings; the smaller is nearer to the viewer
+    Content content;
+    Shared<PointSelection> pointSelection; ///< nothing: all points, if the path is selected
     bool selected = false;
-    bool locked = false;
-    bool hidden = false;
-    std::shared_ptr<const PathData> path;                 ///< paths only
-    std::shared_ptr<const Style> style;                   ///< paths only
-    std::shared_ptr<const OpaqueData> opaque;             ///< opaque art only
-    std::shared_ptr<const PointSelection> pointSelection; ///< null: all points, if the path is selected
-    std::shared_ptr<const std::string> name;              ///< a layer's title, an object's id; may be null
-
-    bool operator==(const NodeState&) const = default;
 };
 
 class Node {
@@ -71,18 +67,18 @@ class Node {
     [[nodiscard]] bool alive() const { return alive_; }
 
     [[nodiscard]] bool selected() const { return state_.selected; }
-    [[nodiscard]] bool locked() const { return state_.locked; }
-    [[nodiscard]] bool hidden() const { return state_.hidden; }
+    [[nodiscard]] bool locked() const { return state_.content.locked; }
+    [[nodiscard]] bool hidden() const { return state_.content.hidden; }
     [[nodiscard]] const std::string& name() const;
-    [[nodiscard]] const PathData& path() const { return *state_.path; }
-    [[nodiscard]] const Style& style() const { return *state_.style; }
-    [[nodiscard]] const OpaqueData& opaque() const { return *state_.opaque; }
+    [[nodiscard]] const PathData& path() const { return *state_.content.path; }
+    [[nodiscard]] const Style& style() const { return *state_.content.style; }
+    [[nodiscard]] const OpaqueData& opaque() const { return *state_.content.opaque; }
     [[nodiscard]] Box hull() const; ///< of a path or opaque art; empty for containers
-    [[nodiscard]] const NodeState& state() const { return state_; }
+    [[nodiscard]] const Content& content() const { return state_.content; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
     /// What shows of the node and its descendants; null for all of it.
-    [[nodiscard]] const Clip* clip() const { return clip_.get(); }
+    [[nodiscard]] const Clip* clip() const;
     [[nodiscard]] bool pointSelected(std::size_t index) const;
     [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
 
@@ -113,8 +109,8 @@ class Node {
     enum class Indexed : std::uint8_t { No, Dirty, InTree };
 
     NodeId id_;
-    std::uint32_t origin_ = 0;         // for the node's life, so that undo need not know it
-    std::shared_ptr<const Clip> clip_; // the same
+    std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it
+    Shared<Clip> clip_;        // the same
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;

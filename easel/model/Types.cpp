@@ -96,4 +96,9 @@ Box PathData::bounds() const {
     return box;
 }
 
+Box OpaqueData::hull() const {
+    if (bounds.isEmpty()) return bounds;
+    return {bounds.left + moved.x, bounds.top + moved.y, bounds.right + moved.x, bounds.bottom + moved.y};
+}
+
 } // namespace easel::model

@@ -68,6 +68,16 @@ struct Color {
     bool operator==(const Color&) const = default;
 };
 
+/// Art that is shown and moved as a whole, never edited: a text, an image.
+struct OpaqueData {
+    Box bounds;  ///< where it lay at first; empty when nobody knows
+    Point moved; ///< how far it has been moved since
+
+    [[nodiscard]] Box hull() const; ///< where it lies now
+
+    bool operator==(const OpaqueData&) const = default;
+};
+
 enum class Cap : std::uint8_t { Butt, Round, Projecting };
 enum class Join : std::uint8_t { Miter, Round, Bevel };
 

@@ -417,7 +417,7 @@ void Builder::setFlags(Node& node, const Attributes& attributes) {
     document_->setLocked(node, attributes.find(kInsensitive) == "true");
 }
 
-/// Notes where the latest element stands, and for a node what it is like.
+/// Notes where the latest element stands.
 void Builder::keep(Node* node) {
     const bool isContainer = !node || node->isContainer();
     if (!isContainer) {
@@ -434,11 +434,6 @@ void Builder::keep(Node* node) {
     element.begin = tag_.begin;
     element.tagEnd = tag_.end;
     if (!node) return;
-    element.locked = node->locked();
-    element.hidden = node->hidden();
-    element.path = node->state().path;
-    element.style = node->state().style;
-    element.name = node->state().name;
     Document::setOrigin(*node, static_cast<std::uint32_t>(source_->elements.size()));
 }
 

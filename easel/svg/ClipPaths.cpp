@@ -95,11 +95,11 @@ void ClipPaths::finish() {
         const auto mask = masks_.find(use.id);
         if (mask == masks_.end() || !mask->second) continue;
         const Geom::Affine toMask = use.toPage.inverse();
-        auto clip = std::make_shared<model::Clip>();
-        clip->mask = mask->second;
-        for (unsigned i = 0; i < 6; ++i) clip->toMask[i] = toMask[i];
-        clip->outline = use.node->state().path;
-        model::Document::setClip(*use.node, std::move(clip));
+        model::Clip clip;
+        clip.mask = mask->second;
+        for (unsigned i = 0; i < 6; ++i) clip.toMask[i] = toMask[i];
+        clip.outline = use.node->content().path;
+        model::Document::setClip(*use.node, model::Shared(std::move(clip)));
     }
 }
 

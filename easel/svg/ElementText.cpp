@@ -24,10 +24,6 @@ using model::PathPoint;
 using model::Point;
 using model::Style;
 
-template <class T> bool same(const std::shared_ptr<const T>& a, const std::shared_ptr<const T>& b) {
-    return a == b || (a && b && *a == *b);
-}
-
 bool isUsable(double value) { return std::fabs(value) <= kFarthestCoordinate; }
 
 void requireInReach(const PathData& path) {
@@ -152,11 +148,7 @@ std::string ElementText::newTag(const Node& node, const Place& place) {
 // Changed elements
 
 bool ElementText::isChanged(const Node& node, const Element& element, const Place& place) const {
-    const model::NodeState& state = node.state();
-    const bool moved = node.type() == NodeType::Opaque && node.opaque().moved != Point{};
-    return moved || state.hidden != element.hidden || state.locked != element.locked ||
-           !same(state.name, element.name) || !same(state.path, element.path) || !same(state.style, element.style) ||
-           element.container != place.container;
+    return node.content() != document_.original(node) || element.container != place.container;
 }
 
 std::string ElementText::startTag(const Node& node, const Element& element, const Place& place) {
@@ -168,9 +160,11 @@ std::string ElementText::startTag(const Node& node, const Element& element, cons
 }
 
 void ElementText::change(Tag& tag, const Node& node, const Element& element, const Place& place) {
-    if (!same(node.state().name, element.name)) setName(tag, node);
-    if (node.hidden() != element.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
-    if (node.locked() != element.locked) {
+    const model::Content& is = node.content();
+    const model::Content& was = document_.original(node);
+    if (is.name != was.name) setName(tag, node);
+    if (is.hidden != was.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
+    if (is.locked != was.locked) {
         const std::string name = tag.find(source_.sodipodiPrefixes, "insensitive");
         if (!node.locked() && !name.empty()) {
             tag.remove(name);
@@ -181,12 +175,12 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     }
     const std::optional<Geom::Affine> displaced = displacement(node, element, place);
     const bool outlineMoves = displaced && element.container == place.container;
-    if (!same(node.state().path, element.path) && !outlineMoves) changeOutline(tag, node, element);
-    if (!same(node.state().style, element.style)) {
+    if (is.path != was.path && !outlineMoves) changeOutline(tag, node, element);
+    if (is.style != was.style) {
         requireUsable(node.style());
         const double scale = scaleOf(source_.transforms[element.toPage]);
-        const Style was = inUnits(*element.style, scale);
-        for (const auto& [name, value] : properties(inUnits(node.style(), scale), &was)) setProperty(tag, name, value);
+        const Style before = inUnits(*was.style, scale);
+        for (const auto& [name, value] : properties(inUnits(*is.style, scale), &before)) setProperty(tag, name, value);
     }
     if (displaced) prefixTransform(tag, *displaced);
     if (element.container == place.container) return;
@@ -208,13 +202,13 @@ std::optional<Geom::Affine> ElementText::displacement(const Node& node, const El
     if (node.type() == NodeType::Opaque) {
         move = node.opaque().moved;
     } else if (node.type() == NodeType::Path && element.container == place.container &&
-               !same(node.state().path, element.path)) {
+               node.content().path != document_.original(node).path) {
         const std::string_view tag = source_.startTag(element);
         const bool byTransform = localName(source_.tagName(element)) != "path" || element.damaged ||
                                  tag.find("url(") != std::string_view::npos ||
                                  tag.find("sodipodi:type") != std::string_view::npos;
         if (!byTransform) return std::nullopt;
-        const std::optional<Point> common = commonMove(*element.path, node.path());
+        const std::optional<Point> common = commonMove(*document_.original(node).path, node.path());
         if (!common) return std::nullopt;
         requireInReach(node.path());
         move = *common;
@@ -247,8 +241,9 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
 std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) const {
     Tag tag('<' + place.prefix + 'g');
     if (const std::optional<Geom::Affine> moved = displacement(node, element, place)) prefixTransform(tag, *moved);
-    if (node.hidden() && !element.hidden) tag.set("style", "display:none");
-    if (node.locked() && !element.locked) {
+    const model::Content& was = document_.original(node);
+    if (node.hidden() && !was.hidden) tag.set("style", "display:none");
+    if (node.locked() && !was.locked) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
     return tag.text();

@@ -25,7 +25,7 @@ struct Place {
 /// Every operation that writes throws FileError for what could not be read again.
 class ElementText {
   public:
-    explicit ElementText(const Source& source) : source_(source) {}
+    ElementText(const model::Document& document, const Source& source) : document_(document), source_(source) {}
 
     /// The start tag of a node that was made here, without its end.
     [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
@@ -49,6 +49,7 @@ class ElementText {
     [[nodiscard]] bool takeId(const std::string& name);
     [[nodiscard]] std::string escaped(std::string_view text) const;
 
+    const model::Document& document_;
     const Source& source_;
     std::optional<std::unordered_set<std::string_view>> ids_;
 };

@@ -31,7 +31,8 @@ enum class Reason : std::uint8_t {
     Entity     ///< stands elsewhere in the file
 };
 
-/// An element that a node came from, and the node as it was then. Offsets are bytes of the source's text.
+/// An element that a node came from; what the node was like then, its document knows. Offsets are bytes of the source's
+/// text.
 struct Element {
     std::uint32_t begin = 0;     ///< of the start tag
     std::uint32_t tagEnd = 0;    ///< behind the start tag
@@ -44,11 +45,6 @@ struct Element {
     Reason reason = Reason::None;
     bool damaged = false; ///< only the beginning of its outline could be read
     bool wrapped = false; ///< takes no attribute itself: what changes goes to a group around it
-    bool locked = false;
-    bool hidden = false;
-    std::shared_ptr<const model::PathData> path;
-    std::shared_ptr<const model::Style> style;
-    std::shared_ptr<const std::string> name;
 };
 
 /// What an element passes on to those inside it.

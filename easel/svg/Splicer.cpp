@@ -84,7 +84,7 @@ class Splicer {
         : document_(document),
           source_(source),
           text_(source.text),
-          elements_(source),
+          elements_(document, source),
           elementCount_(source.elementCount),
           out_(source.text) {}
 

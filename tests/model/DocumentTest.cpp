@@ -58,7 +58,7 @@ TEST_F(DocumentTest, OrderHoldsUnderManyInsertionsAtOnePlace) {
         expected.insert(expected.end() - 1, &document.create(NodeType::Path, Placement::Above, fixed));
     }
     document.journal().end();
-    const std::string beforeLast = listing(document);
+    const Listing beforeLast = listing(document);
     for (int i = 0; i < 100; ++i) {
         Node& node = document.create(NodeType::Path, Placement::Below, *expected.front());
         expected.insert(expected.begin() + 1, &node);

@@ -31,15 +31,15 @@ TEST_P(History, IsWalkedBackAndForthExactly) {
     RandomEditor random(GetParam());
     Document document(100, 100);
     Journal& journal = document.journal();
-    std::vector<std::string> states; // states[i]: with i steps done, just before the next one begins
+    std::vector<Listing> states; // states[i]: with i steps done, just before the next one begins
     for (int round = 0; round < 120; ++round) {
-        const std::string before = listing(document);
+        const Listing before = listing(document);
         const std::size_t depth = journal.undoDepth();
         journal.begin();
         for (std::size_t i = random.below(4); i-- > 0;) random.edit(document);
         if (random.below(3) == 0) {
             journal.mark();
-            const std::string marked = listing(document);
+            const Listing marked = listing(document);
             for (int drag = 0; drag < 3; ++drag) {
                 for (std::size_t i = random.below(6); i-- > 0;) random.edit(document);
                 journal.rollBackToMark();
@@ -95,7 +95,7 @@ TEST_F(JournalTest, KindDecidesWhatBecomesOfAChange) {
     const auto draw = [&] { addLine(document, layer, {0, 0}, {1, 1}); };
     changeAs(UndoKind::Append, draw);
     EXPECT_EQ(journal.undoDepth(), 0U); // nothing to append to
-    const std::string first = listing(document);
+    const Listing first = listing(document);
     // What the kind was set to since a mark is rolled back too.
     journal.begin();
     journal.mark();
@@ -119,7 +119,7 @@ TEST_F(JournalTest, NoNetChangeMakesNoStepAndKeepsRedo) {
     Node& other = addLine(document, layer, {5, 5}, {6, 6});
     document.setName(line, "redone");
     journal.undo();
-    const std::string before = listing(document);
+    const Listing before = listing(document);
     const std::size_t depth = journal.undoDepth();
 
     journal.begin();

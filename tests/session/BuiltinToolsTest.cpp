@@ -74,7 +74,7 @@ TEST_F(BuiltinToolsTest, SelectionMovesWhatIsSelectedInOneStep) {
     Node& b = line({10, 50}, {50, 50});
     const auto depth = document.journal().undoDepth();
     click({20, 10});
-    const std::string before = listing(document);
+    const auto before = listing(document);
     stroke({{20, 50}, {25, 60}, {30, 70}}, kAIShiftKey); // shift takes b as well and keeps to a diagonal
     EXPECT_EQ(anchor(a, 0), (Point{25, 25}));
     EXPECT_EQ(anchor(b, 1), (Point{65, 65}));

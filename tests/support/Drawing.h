@@ -42,11 +42,22 @@ inline std::vector<Node*> allNodes(Document& document) {
     return nodes;
 }
 
-/// Everything that undo must bring back, identities included.
-inline std::string listing(Document& document) {
+/// Everything that undo must bring back, identities included. The contents also tell apart what the text leaves out;
+/// the text is a copy that nothing in the document shares.
+struct Listing {
+    std::string text;
+    std::vector<Content> contents;
+
+    bool operator==(const Listing&) const = default;
+    friend void PrintTo(const Listing& listing, std::ostream* out) { *out << listing.text; }
+};
+
+inline Listing listing(Document& document) {
     std::ostringstream out;
+    std::vector<Content> contents;
     out.precision(17);
     for (const Node* node : allNodes(document)) {
+        contents.push_back(node->content());
         out << node->id().slot << '.' << node->id().generation << " in " << node->parent()->id().slot << " type "
             << int(node->type()) << " '" << node->name() << "' " << node->selected() << node->locked()
             << node->hidden();
@@ -60,7 +71,7 @@ inline std::string listing(Document& document) {
         }
         out << '\n';
     }
-    return out.str();
+    return {out.str(), std::move(contents)};
 }
 
 /// Changes documents at random, but only as its operations allow.
