@@ -36,4 +36,6 @@ typedef struct AIAnnotatorDrawerSuite {
     AIErr (*DrawText)(AIDrawingContextHandle context, const char* text, const AIRealPoint* position);
 } AIAnnotatorDrawerSuite;
 
+DESCRIBE_SUITE(AIAnnotatorDrawerSuite)
+
 #endif

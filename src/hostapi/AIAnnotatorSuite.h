@@ -47,4 +47,6 @@ typedef struct AIAnnotatorSuite {
     AIErr (*InvalAnnotationRect)(AIDocumentViewHandle view, const AIRealRect* rect);
 } AIAnnotatorSuite;
 
+DESCRIBE_SUITE(AIAnnotatorSuite)
+
 #endif

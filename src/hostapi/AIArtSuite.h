@@ -64,4 +64,6 @@ typedef struct AIArtSuite {
     AIErr (*GetFirstArtOfLayer)(AILayerHandle layer, AIArtHandle* group);
 } AIArtSuite;
 
+DESCRIBE_SUITE(AIArtSuite)
+
 #endif

@@ -23,4 +23,6 @@ typedef struct AICursorSnapSuite {
     AIErr (*SetToolSnapping)(SPPluginRef self, int32_t kinds);
 } AICursorSnapSuite;
 
+DESCRIBE_SUITE(AICursorSnapSuite)
+
 #endif

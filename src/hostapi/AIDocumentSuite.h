@@ -12,4 +12,6 @@ typedef struct AIDocumentSuite {
     AIErr (*GetDocument)(AIDocumentHandle* document);
 } AIDocumentSuite;
 
+DESCRIBE_SUITE(AIDocumentSuite)
+
 #endif

@@ -17,4 +17,6 @@ typedef struct AIDocumentViewSuite {
     AIErr (*GetDocumentViewZoom)(AIDocumentViewHandle view, AIReal* zoom);
 } AIDocumentViewSuite;
 
+DESCRIBE_SUITE(AIDocumentViewSuite)
+
 #endif

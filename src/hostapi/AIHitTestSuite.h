@@ -37,4 +37,6 @@ typedef struct AIHitTestSuite {
     AIErr (*HitTest)(AIArtHandle art, const AIRealPoint* point, AIReal tolerance, int32_t request, AIHitRecord* hit);
 } AIHitTestSuite;
 
+DESCRIBE_SUITE(AIHitTestSuite)
+
 #endif

@@ -22,4 +22,6 @@ typedef struct AILayerSuite {
     AIErr (*DeselectLayerArt)(AILayerHandle layer);
 } AILayerSuite;
 
+DESCRIBE_SUITE(AILayerSuite)
+
 #endif

@@ -14,4 +14,6 @@ typedef struct AIMatchingArtSuite {
     AIErr (*DeselectAll)(void);
 } AIMatchingArtSuite;
 
+DESCRIBE_SUITE(AIMatchingArtSuite)
+
 #endif

@@ -17,4 +17,6 @@ typedef struct AIMdMemorySuite {
     AIErr (*MdMemoryDisposeHandle)(AIMdMemoryHandle handle);
 } AIMdMemorySuite;
 
+DESCRIBE_SUITE(AIMdMemorySuite)
+
 #endif

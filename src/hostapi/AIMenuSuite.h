@@ -85,4 +85,6 @@ typedef struct AIMenuSuite {
     AIErr (*GetMenuItemSubGroup)(AIMenuItemHandle item, AIMenuGroup* group);
 } AIMenuSuite;
 
+DESCRIBE_SUITE(AIMenuSuite)
+
 #endif

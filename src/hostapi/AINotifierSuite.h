@@ -57,4 +57,6 @@ typedef struct AINotifierSuite {
     AIErr (*RemoveNotifier)(AINotifierHandle notifier);
 } AINotifierSuite;
 
+DESCRIBE_SUITE(AINotifierSuite)
+
 #endif

@@ -43,4 +43,6 @@ typedef struct AIPathStyleSuite {
     AIErr (*SetPathStyle)(AIArtHandle path, const AIPathStyle* style);
 } AIPathStyleSuite;
 
+DESCRIBE_SUITE(AIPathStyleSuite)
+
 #endif

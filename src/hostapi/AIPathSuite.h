@@ -33,4 +33,6 @@ typedef struct AIPathSuite {
     AIErr (*GetPathLength)(AIArtHandle path, AIReal* length, AIReal flatness);
 } AIPathSuite;
 
+DESCRIBE_SUITE(AIPathSuite)
+
 #endif

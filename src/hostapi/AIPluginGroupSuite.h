@@ -12,4 +12,6 @@ typedef struct AIPluginGroupSuite {
     AIErr (*AddAIPluginGroup)(SPPluginRef self, const char* name, int32_t options, AIPluginGroupHandle* group);
 } AIPluginGroupSuite;
 
+DESCRIBE_SUITE(AIPluginGroupSuite)
+
 #endif

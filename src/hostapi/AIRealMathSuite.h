@@ -11,4 +11,6 @@ typedef struct AIRealMathSuite {
     AIErr (*RealPointLength)(const AIRealPoint* from, const AIRealPoint* to, AIReal* length);
 } AIRealMathSuite;
 
+DESCRIBE_SUITE(AIRealMathSuite)
+
 #endif

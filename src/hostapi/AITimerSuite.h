@@ -33,4 +33,6 @@ typedef struct AITimerSuite {
     AIErr (*SetTimerPeriod)(AITimerHandle timer, int32_t period);
 } AITimerSuite;
 
+DESCRIBE_SUITE(AITimerSuite)
+
 #endif

@@ -81,4 +81,6 @@ typedef struct AIToolSuite {
     AIErr (*SetSelectedTool)(AIToolHandle tool);
 } AIToolSuite;
 
+DESCRIBE_SUITE(AIToolSuite)
+
 #endif

@@ -20,4 +20,6 @@ typedef struct AIUndoSuite {
     AIErr (*UndoChanges)(void);
 } AIUndoSuite;
 
+DESCRIBE_SUITE(AIUndoSuite)
+
 #endif

@@ -20,4 +20,6 @@ typedef struct SPInterfaceSuite {
                          SPErr* result);
 } SPInterfaceSuite;
 
+DESCRIBE_SUITE(SPInterfaceSuite)
+
 #endif

@@ -35,4 +35,6 @@ typedef struct SPPluginsSuite {
     SPErr (*GetPluginResource)(SPPluginRef plugin, const char* type, int16_t number, int32_t capacity, void* bytes);
 } SPPluginsSuite;
 
+DESCRIBE_SUITE(SPPluginsSuite)
+
 #endif

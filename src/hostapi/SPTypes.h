@@ -58,4 +58,16 @@ enum {
 /* Modifier keys of an event, a bit set. */
 enum { kAIShiftKey = 1, kAIOptionKey = 2, kAIControlKey = 4, kAICommandKey = 8 };
 
+/* Tells both sides, in C++, the name and version by which a suite's table is acquired. Stands once, below the table. */
+#ifdef __cplusplus
+template <class Table> struct SuiteTraits;
+#define DESCRIBE_SUITE(Table)                                                                                          \
+    template <> struct SuiteTraits<Table> {                                                                            \
+        static constexpr const char* name = k##Table;                                                                  \
+        static constexpr int32_t version = k##Table##Version;                                                          \
+    };
+#else
+#define DESCRIBE_SUITE(Table)
+#endif
+
 #endif

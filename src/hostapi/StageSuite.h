@@ -60,4 +60,6 @@ typedef struct StageSuite {
     AIErr (*Log)(SPPluginRef self, const char* line);
 } StageSuite;
 
+DESCRIBE_SUITE(StageSuite)
+
 #endif

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "hostapi/AIArtSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/HostCall.h"
 

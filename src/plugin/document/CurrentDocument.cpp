@@ -1,6 +1,11 @@
 // The document, layer, view and matching art suites' calls.
 #include "plugin/document/CurrentDocument.h"
 
+#include "hostapi/AIDocumentSuite.h"
+#include "hostapi/AIDocumentViewSuite.h"
+#include "hostapi/AILayerSuite.h"
+#include "hostapi/AIMatchingArtSuite.h"
+#include "hostapi/AIMdMemorySuite.h"
 #include "plugin/document/Layer.h"
 #include "plugin/host/HostCall.h"
 

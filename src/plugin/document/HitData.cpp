@@ -3,6 +3,7 @@
 
 #include <cmath>
 
+#include "hostapi/AIHitTestSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/Layer.h"

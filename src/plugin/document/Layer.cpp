@@ -1,6 +1,8 @@
 // The layer suite's calls.
 #include "plugin/document/Layer.h"
 
+#include "hostapi/AIArtSuite.h"
+#include "hostapi/AILayerSuite.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "hostapi/AIPathStyleSuite.h"
+#include "hostapi/AIPathSuite.h"
+#include "hostapi/AIRealMathSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/values/PathSegPoint.h"

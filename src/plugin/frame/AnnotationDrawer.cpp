@@ -1,6 +1,7 @@
 // The annotator drawer suite's calls.
 #include "plugin/frame/AnnotationDrawer.h"
 
+#include "hostapi/AIAnnotatorDrawerSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/HostCall.h"
 

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <utility>
 
+#include "hostapi/AIAnnotatorSuite.h"
+#include "hostapi/AIDocumentViewSuite.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {

@@ -4,6 +4,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "hostapi/AICursorSnapSuite.h"
+#include "hostapi/AIPluginGroupSuite.h"
+#include "hostapi/AIToolSuite.h"
+#include "hostapi/AIUndoSuite.h"
+#include "hostapi/SPPluginsSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"

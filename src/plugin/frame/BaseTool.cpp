@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "hostapi/AIToolNames.h"
+#include "hostapi/AIToolSuite.h"
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/Layer.h"
 #include "plugin/host/HostCall.h"

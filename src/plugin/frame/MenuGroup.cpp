@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "hostapi/AIMenuGroups.h"
+#include "hostapi/AIMenuSuite.h"
 #include "plugin/frame/MenuItem.h"
 #include "plugin/host/HostCall.h"
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hostapi/AIMenuSuite.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
 

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "hostapi/AINotifierSuite.h"
 #include "plugin/frame/Messages.h"
 #include "plugin/host/HostCall.h"
 

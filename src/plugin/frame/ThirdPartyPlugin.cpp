@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "hostapi/SPInterfaceSuite.h"
+#include "hostapi/SPPluginsSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/HostCall.h"
 

@@ -6,6 +6,7 @@
 #include <limits>
 #include <utility>
 
+#include "hostapi/AITimerSuite.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {

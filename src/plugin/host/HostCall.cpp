@@ -1,14 +1,32 @@
-// Release of the suites.
+// Acquisition and release of suites.
 #include "plugin/host/HostCall.h"
+
+#include <utility>
 
 namespace kzo::plugin::host {
 
+namespace {
+
+constinit Suite* lastAcquired = nullptr;
+
+} // namespace
+
+bool acquire(Suite& suite) {
+    const void* table = nullptr;
+    if (!basic || !basic->AcquireSuite || basic->AcquireSuite(suite.name, suite.version, &table) != kNoErr)
+        return false;
+    if (!table) return false;
+    suite.table = table;
+    suite.acquiredBefore = std::exchange(lastAcquired, &suite);
+    return true;
+}
+
 void releaseAll() {
-    const auto release = [](auto& suite) {
-        if (suite.table && basic && basic->ReleaseSuite) basic->ReleaseSuite(suite.name, suite.version);
-        suite.table = nullptr;
-    };
-    std::apply([&](auto&... suite) { (release(suite), ...); }, suites);
+    while (Suite* const suite = lastAcquired) {
+        if (basic && basic->ReleaseSuite) basic->ReleaseSuite(suite->name, suite->version);
+        suite->table = nullptr;
+        lastAcquired = std::exchange(suite->acquiredBefore, nullptr);
+    }
 }
 
 } // namespace kzo::plugin::host

@@ -2,6 +2,7 @@
 // error. Where the host has no such suite, no key is held and cursors stay as they are.
 #include <cstdio>
 
+#include "hostapi/StageSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/platform/Platform.h"
 
