@@ -1,4 +1,5 @@
-// Geometry values: arc length against an independent library, its inverse against itself, and points on the move.
+// Geometry values: arc length, area and crossings against an independent library, the inverse of length against itself,
+// and points on the move.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -6,9 +7,13 @@
 #include <vector>
 
 #include <2geom/bezier-curve.h>
+#include <2geom/path.h>
+#include <2geom/sbasis-geometric.h>
 #include <benchmark/benchmark.h>
 
 #include "core/values/Bezier.h"
+#include "geo/Crossings.h"
+#include "geo/Path.h"
 
 namespace {
 
@@ -81,6 +86,80 @@ void tAtLength(benchmark::State& state) {
     forEachCurve(state, [&](std::size_t i) { return curves()[i].tAtLength(targets[i]); });
 }
 BENCHMARK(tAtLength);
+
+// Crossings of each curve with the next, and the area of a closed path through four of them.
+
+std::vector<kzo::geo::Bezier> plainCurves() {
+    const auto point = [](const ArtboardPoint& p) { return kzo::geo::Point{p.x(), p.y()}; };
+    std::vector<kzo::geo::Bezier> list;
+    for (const Bezier& b : curves()) list.push_back({point(b.p0), point(b.p1), point(b.p2), point(b.p3)});
+    return list;
+}
+
+void curveCrossings(benchmark::State& state) {
+    const auto plain = plainCurves();
+    std::size_t met = 0;
+    for (std::size_t i = 0; i < plain.size(); ++i)
+        met += kzo::geo::crossings(plain[i], plain[(i + 1) % plain.size()]).size();
+    forEachCurve(state, [&](std::size_t i) { return kzo::geo::crossings(plain[i], plain[(i + 1) % plain.size()]); });
+    state.counters["found"] = static_cast<double>(met);
+}
+BENCHMARK(curveCrossings);
+
+/// At its finest tolerance the peer's points are a hundred thousandth of a point apart; ours, a millionth of that.
+void curveCrossingsOfPeer(benchmark::State& state) {
+    std::size_t met = 0;
+    for (std::size_t i = 0; i < peers().size(); ++i)
+        met += peers()[i].intersect(peers()[(i + 1) % peers().size()], 1e-9).size();
+    forEachCurve(state, [&](std::size_t i) { return peers()[i].intersect(peers()[(i + 1) % peers().size()], 1e-9); });
+    state.counters["found"] = static_cast<double>(met);
+}
+BENCHMARK(curveCrossingsOfPeer);
+
+std::vector<kzo::geo::Path> closedPaths() {
+    std::vector<kzo::geo::Path> list;
+    const auto plain = plainCurves();
+    for (std::size_t i = 0; i < plain.size(); ++i) {
+        kzo::geo::Path path{{}, true};
+        for (std::size_t k = i; k < i + 4; ++k) {
+            const kzo::geo::Bezier& b = plain[k % plain.size()];
+            path.anchors.emplace_back(b.p0, b.p1, b.p2, true);
+        }
+        list.push_back(path);
+    }
+    return list;
+}
+
+void pathArea(benchmark::State& state) {
+    const auto paths = closedPaths();
+    forEachCurve(state, [&](std::size_t i) { return paths[i].signedArea(); });
+}
+BENCHMARK(pathArea);
+
+void pathAreaOfPeer(benchmark::State& state) {
+    std::vector<Geom::Path> list;
+    double worst = 0;
+    const auto area = [](const Geom::Path& path) {
+        Geom::Point center;
+        double found = 0;
+        Geom::centroid(path.toPwSb(), center, found);
+        return found;
+    };
+    for (const kzo::geo::Path& path : closedPaths()) {
+        const auto point = [](kzo::geo::Point p) { return Geom::Point(p.x, p.y); };
+        Geom::Path made(point(path.anchors.front().p));
+        for (std::size_t i = 0; i < 4; ++i) {
+            const kzo::geo::Bezier b = path.seg(i);
+            made.append(Geom::CubicBezier(point(b.p0), point(b.p1), point(b.p2), point(b.p3)));
+        }
+        made.close();
+        worst = std::max(worst, std::abs(std::abs(area(made)) - std::abs(path.signedArea())));
+        list.push_back(made);
+    }
+    forEachCurve(state, [&](std::size_t i) { return area(list[i]); });
+    state.counters["worst difference"] = worst;
+}
+BENCHMARK(pathAreaOfPeer);
 
 void movePoint(benchmark::State& state) {
     ArtboardPoint point;

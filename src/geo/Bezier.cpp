@@ -52,6 +52,8 @@ std::array<double, 2> roots(double a, double b, double c) {
     return {q / a, c / q};
 }
 
+} // namespace
+
 std::optional<Circle> circleThrough(Point a, Point b, Point c) {
     const Point ab = b - a;
     const Point ac = c - a;
@@ -61,8 +63,6 @@ std::optional<Circle> circleThrough(Point a, Point b, Point c) {
                             (ab.x * dot(ac, ac) - ac.x * dot(ab, ab)) / twice};
     return Circle{a + toCenter, norm(toCenter)};
 }
-
-} // namespace
 
 // Points and pieces
 

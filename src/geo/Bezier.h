@@ -14,6 +14,9 @@ struct Circle {
     double radius = 0.0;
 };
 
+/// None where the points lie on a line.
+[[nodiscard]] std::optional<Circle> circleThrough(Point a, Point b, Point c);
+
 /// A cubic from p0 (t = 0) to p3 (t = 1) with the control points p1 and p2. A `t` outside 0 to 1 continues the curve.
 struct Bezier {
     Point p0;

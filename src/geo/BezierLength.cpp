@@ -71,7 +71,8 @@ class ArcLength {
     };
 
     [[nodiscard]] static double apart(const Stop& stop, double t) {
-        return std::sqrt((stop.at - t) * (stop.at - t) + stop.off * stop.off);
+        // Squares of short distances vanish, and a stop at no distance at all would be cut off for ever.
+        return std::hypot(stop.at - t, stop.off);
     }
 
     [[nodiscard]] double speed(double t) const {
@@ -150,24 +151,41 @@ double solve(const ArcLength& arc, double t1, double t2, double whole, double ta
     return t;
 }
 
+struct Scaled {
+    Bezier curve;
+    double size = 1.0; // of the curve, in units of the scaled one
+};
+
+/// The curve at a size at which the squares of its coordinates neither overflow nor vanish.
+Scaled usableSize(const Bezier& b) {
+    constexpr double kUsable = 1e100;
+    const double extent = std::max({largest(b.p1 - b.p0), largest(b.p2 - b.p0), largest(b.p3 - b.p0)});
+    if (!(extent > kUsable || (extent > 0.0 && extent < 1.0 / kUsable)) || !std::isfinite(extent)) return {b};
+    const double size = std::exp2(std::ilogb(extent)); // a power of 2 changes no digit
+    const auto at = [&](Point p) { return Point{(p.x - b.p0.x) / size, (p.y - b.p0.y) / size}; };
+    return {{Point(), at(b.p1), at(b.p2), at(b.p3)}, size};
+}
+
 } // namespace
 
 double Bezier::sublength(double t1, double t2) const {
     if (t1 > t2) std::swap(t1, t2);
-    const ArcLength arc(*this);
+    const auto [curve, size] = usableSize(*this);
+    const ArcLength arc(curve);
     double sum = 0.0;
     arc.walk(t1, t2, [&](double from, double to) {
         sum += arc.panel(from, to);
         return true;
     });
-    return sum;
+    return sum * size;
 }
 
 double Bezier::tAtLength(double length) const {
     if (!(length > 0.0)) return 0.0;
-    const ArcLength arc(*this);
+    const auto [curve, size] = usableSize(*this);
+    const ArcLength arc(curve);
     double t = 1.0;
-    double left = length;
+    double left = length / size;
     arc.walk(0.0, 1.0, [&](double from, double to) {
         const double panel = arc.panel(from, to);
         if (left > panel) {
