@@ -1,0 +1,74 @@
+#include "core/services/Pref.h"
+
+#include "core/Forward.h"
+#include "plugin/services/PersistentData.h"
+
+namespace kzo::core {
+
+using plugin::PersistentData;
+
+bool PrefData::isEmpty() const { return !ask(impl_, &PersistentData::node); }
+PrefType PrefData::type() const { return isEmpty() ? PrefType::None : impl_->type(); }
+std::string PrefData::key() const { return ask(impl_, &PersistentData::key); }
+
+bool PrefData::operator==(const PrefData& other) const {
+    return ask(impl_, &PersistentData::node) == ask(other.impl_, &PersistentData::node);
+}
+
+void PrefData::take(const PrefData& other, PrefType type) { impl_ = other.type() == type ? other.impl() : nullptr; }
+
+// Single values
+
+template <class Kind>
+Pref<Kind>::Pref(const std::string& key, const Kind& value)
+    : PrefData(std::make_shared<PersistentData>(plugin::Codec<Kind>::encode(key, value), kType)) {}
+
+template <class Kind> Kind Pref<Kind>::value() const { return impl_ ? impl_->template value<Kind>() : Kind{}; }
+template <class Kind> bool Pref<Kind>::setValue(const Kind& value) { return impl_ && impl_->setValue(value); }
+
+template <class Kind> long long Pref<Kind>::intValue() const requires std::is_same_v<Kind, double> {
+    return ask(ask(impl_, &PersistentData::node), &json::Node::intValue);
+}
+
+template <class Kind> bool Pref<Kind>::setIntValue(long long number) requires std::is_same_v<Kind, double> {
+    return ask(ask(impl_, &PersistentData::node), &json::Node::setIntValue, number);
+}
+
+template class Pref<bool>;
+template class Pref<double>;
+template class Pref<std::string>;
+template class Pref<ArtboardPoint>;
+template class Pref<ArtboardRect>;
+template class Pref<RgbColor>;
+template class Pref<Color>;
+template class Pref<Point>;
+template class Pref<Rect>;
+template class Pref<Size>;
+template class Pref<Font>;
+template class Pref<TransformMatrix>;
+template class Pref<DashStyle>;
+template class Pref<FillStyle>;
+template class Pref<StrokeStyle>;
+template class Pref<DashStyleMap>;
+template class Pref<FillStyleMap>;
+template class Pref<StrokeStyleMap>;
+
+// Arrays
+
+ArrayPref::ArrayPref(const std::string& key)
+    : PrefData(std::make_shared<PersistentData>(json::Owned(json::Node::create(json::Node::Type::Array, key)), kType)) {
+}
+
+std::size_t ArrayPref::count() const { return ask(ask(impl_, &PersistentData::node), &json::Node::elementsCount); }
+
+PrefData ArrayPref::fetch(std::size_t index, PrefType type) const {
+    return PrefData(PersistentData::element(impl_, index, type));
+}
+
+bool ArrayPref::add(const PrefData& value) { return PersistentData::add(impl_, value.impl()); }
+
+bool ArrayPref::remove(std::size_t index) {
+    return PersistentData::remove(impl_, PersistentData::element(impl_, index, PrefType::None));
+}
+
+} // namespace kzo::core

@@ -1,0 +1,114 @@
+// Handles on single preferences: values that a store keeps under a key.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <type_traits>
+
+#include "core/values/PrefValues.h"
+
+namespace kzo::plugin {
+class PersistentData;
+}
+
+namespace kzo::core {
+
+/// A value of any kind. Copies denote the same value. A handle made with a key
+/// and a value is its own until a store or a dictionary takes it; one that was
+/// fetched stands for its key, also after the store was reloaded, and is empty
+/// when nothing of its kind is there. Operations on an empty handle return
+/// false, 0 or an empty value.
+class PrefData {
+  public:
+    static constexpr PrefType kType = PrefType::None; ///< any
+
+    PrefData() = default; ///< empty
+    explicit PrefData(std::shared_ptr<plugin::PersistentData> impl) : impl_(std::move(impl)) {}
+
+    [[nodiscard]] bool isEmpty() const;
+    [[nodiscard]] PrefType type() const; ///< None when empty
+    [[nodiscard]] std::string key() const;
+    [[nodiscard]] bool operator==(const PrefData& other) const; ///< the same value in the same place
+    [[nodiscard]] const std::shared_ptr<plugin::PersistentData>& impl() const { return impl_; }
+
+  protected:
+    /// The other's value when it is of that type, else nothing.
+    void take(const PrefData& other, PrefType type);
+    std::shared_ptr<plugin::PersistentData> impl_;
+};
+
+/// A value of one kind. A change stays in memory until the store is saved.
+template <class Kind> class Pref : public PrefData {
+  public:
+    static constexpr PrefType kType = kPrefType<Kind>;
+
+    Pref() = default;
+    Pref(const std::string& key, const Kind& value);
+    explicit Pref(const PrefData& other) { take(other, kType); } ///< empty when the other is of another kind
+
+    [[nodiscard]] Kind value() const;
+    bool setValue(const Kind& value);
+
+    // Switches
+    [[nodiscard]] bool boolValue() const requires std::is_same_v<Kind, bool> { return value(); }
+    bool setBoolValue(bool on) requires std::is_same_v<Kind, bool> { return setValue(on); }
+
+    // Numbers. Whole ones and fractions are one kind; a fraction is read as a
+    // whole number by rounding.
+    [[nodiscard]] double floatValue() const requires std::is_same_v<Kind, double> { return value(); }
+    bool setFloatValue(double number) requires std::is_same_v<Kind, double> { return setValue(number); }
+    [[nodiscard]] long long intValue() const requires std::is_same_v<Kind, double>;
+    bool setIntValue(long long number) requires std::is_same_v<Kind, double>;
+
+    // Texts. Backslashes at the end are left out, since the file could not be
+    // read with them.
+    [[nodiscard]] std::string stringValue() const requires std::is_same_v<Kind, std::string> { return value(); }
+    bool setStringValue(const std::string& text) requires std::is_same_v<Kind, std::string> { return setValue(text); }
+};
+
+using BoolPref = Pref<bool>;
+using NumberPref = Pref<double>;
+using StringPref = Pref<std::string>;
+using ArtboardPointPref = Pref<ArtboardPoint>;
+using ArtboardRectPref = Pref<ArtboardRect>;
+using ArtColorPref = Pref<RgbColor>;
+using ColorPref = Pref<Color>;
+using PointPref = Pref<Point>;
+using RectPref = Pref<Rect>;
+using SizePref = Pref<Size>;
+using FontPref = Pref<Font>;
+using TransformMatrixPref = Pref<TransformMatrix>;
+using DashStylePref = Pref<DashStyle>;
+using FillStylePref = Pref<FillStyle>;
+using StrokeStylePref = Pref<StrokeStyle>;
+using DashStyleMapPref = Pref<DashStyleMap>;
+using FillStyleMapPref = Pref<FillStyleMap>;
+using StrokeStyleMapPref = Pref<StrokeStyleMap>;
+
+/// Values of any kind in a row.
+class ArrayPref : public PrefData {
+  public:
+    static constexpr PrefType kType = PrefType::Array;
+
+    ArrayPref() = default;
+    explicit ArrayPref(const std::string& key); ///< without elements
+    explicit ArrayPref(const PrefData& other) { take(other, kType); }
+
+    [[nodiscard]] std::size_t count() const;
+    /// The element; false and an empty handle past the end, and where it is of
+    /// another kind than the handle's. A plain `PrefData` takes any.
+    template <class Handle> bool get(std::size_t index, Handle& out) const {
+        out = Handle(fetch(index, Handle::kType));
+        return !out.isEmpty();
+    }
+    /// The handle stands for the element from then on, which has no key. Refused
+    /// when it has another place already.
+    bool add(const PrefData& value);
+    bool remove(std::size_t index);
+
+  private:
+    [[nodiscard]] PrefData fetch(std::size_t index, PrefType type) const;
+};
+
+} // namespace kzo::core

@@ -1,0 +1,28 @@
+#include "core/services/Preferences.h"
+
+#include "core/Forward.h"
+#include "plugin/services/Preferences.h"
+
+namespace kzo::core {
+
+bool Preferences::load(const std::string& path, Preferences& out) {
+    const auto store = std::make_shared<plugin::Preferences>();
+    store->load(path);
+    out.store_ = store;
+    out.impl_ = store->dictionary();
+    return true;
+}
+
+bool Preferences::reload(const std::string& path) { return ask(store_, &plugin::Preferences::reload, path); }
+bool Preferences::save(const std::string& path) { return ask(store_, &plugin::Preferences::save, path); }
+bool Preferences::unreadable() const { return ask(store_, &plugin::Preferences::unreadable); }
+
+long long Preferences::saveCount() const { return ask(store_, &plugin::Preferences::saveCount); }
+int Preferences::versionNumber() const { return ask(store_, &plugin::Preferences::versionNumber); }
+void Preferences::setVersionNumber(int number) { ask(store_, &plugin::Preferences::setVersionNumber, number); }
+std::string Preferences::versionString() const { return ask(store_, &plugin::Preferences::versionString); }
+void Preferences::setVersionString(const std::string& text) {
+    ask(store_, &plugin::Preferences::setVersionString, text);
+}
+
+} // namespace kzo::core
