@@ -1,61 +1,107 @@
-// The attributes of one element as the parser tells them, and what several readers look up in them.
+// The attributes of one element as the parser reports them, and the properties in its style. Names that nothing here
+// asks for are passed over.
 #pragma once
 
 #include <2geom/affine.h>
 
+#include <array>
+#include <bitset>
+#include <boost/container/small_vector.hpp>
 #include <optional>
 #include <string_view>
 
-#include "svg/Values.h"
+#include "svg/Units.h"
 
 namespace easel::svg {
 
-/// Names and values in turn, ended by null. Names as in Names.h.
+/// Attributes and properties that are read.
+enum class Name : std::uint8_t {
+    // Outlines
+    D,
+    Points,
+    X,
+    Y,
+    Width,
+    Height,
+    Rx,
+    Ry,
+    Cx,
+    Cy,
+    R,
+    X1,
+    Y1,
+    X2,
+    Y2,
+    // What elements are
+    Id,
+    Label,
+    GroupMode,
+    Insensitive,
+    NodeTypes,
+    Ends,
+    Style,
+    ViewBox,
+    ClipPathUnits,
+    // Properties; those of paint lie between Fill and StrokeDashOffset
+    Transform,
+    Display,
+    Visibility,
+    Fill,
+    Stroke,
+    StrokeWidth,
+    StrokeLineCap,
+    StrokeLineJoin,
+    StrokeMiterLimit,
+    StrokeDashArray,
+    StrokeDashOffset,
+    FillOpacity,
+    StrokeOpacity,
+    Marker,
+    MarkerStart,
+    MarkerMid,
+    MarkerEnd,
+    ClipPath,
+    ClipRule,
+    FontSize,
+    Font,
+    Unknown
+};
+
 class Attributes {
   public:
-    explicit Attributes(const char** pairs) : pairs_(pairs) {}
+    /// Names and values in turn, ended by null. Names of other namespaces than SVG's come with theirs (see Names.h).
+    explicit Attributes(const char** pairs);
 
-    [[nodiscard]] std::optional<std::string_view> find(std::string_view name) const {
-        for (const char** pair = pairs_; *pair; pair += 2) {
-            if (name == pair[0]) return pair[1];
-        }
-        return std::nullopt;
+    [[nodiscard]] std::optional<std::string_view> find(Name name) const {
+        const auto index = static_cast<std::size_t>(name);
+        return present_[index] ? std::optional(values_[index]) : std::nullopt;
     }
-    [[nodiscard]] std::string_view get(std::string_view name) const { return find(name).value_or(""); }
-    template <class Use> void forEach(Use use) const {
-        for (const char** pair = pairs_; *pair; pair += 2) use(pair[0], pair[1]);
-    }
+    [[nodiscard]] std::string_view get(Name name) const { return find(name).value_or(""); }
+    [[nodiscard]] bool has(Name name) const { return present_[static_cast<std::size_t>(name)]; }
+
     /// Calls `use(name, value)` for each property, attributes first, as later ones win.
     template <class Use> void forEachProperty(Use use) const {
-        forEach([&](std::string_view name, std::string_view value) { use(name, trimmed(value)); });
-        forEachDeclaration(get("style"), use);
+        for (const auto& [name, value] : properties_) use(name, value);
     }
     /// The value that wins; empty when there is none.
-    [[nodiscard]] std::string_view property(std::string_view name) const {
-        std::string_view found;
-        forEachProperty([&](std::string_view known, std::string_view value) {
-            if (known == name) found = value;
-        });
-        return found;
-    }
+    [[nodiscard]] std::string_view property(Name name) const;
 
     /// The element's own transform, then `around`.
-    [[nodiscard]] Geom::Affine transformInto(const Geom::Affine& around) const {
-        const std::string_view text = get("transform");
-        if (text.empty()) return around;
-        return transform(text).value_or(Geom::Affine::identity()) * around;
-    }
-    /// Whether the style holds a transform too, which is not evaluated.
-    [[nodiscard]] bool transformsInStyle() const {
-        bool transforms = false;
-        forEachDeclaration(get("style"), [&](std::string_view name, std::string_view value) {
-            if (name == "transform" && value != "none") transforms = true;
-        });
-        return transforms;
-    }
+    [[nodiscard]] Geom::Affine transformInto(const Geom::Affine& around) const;
+    /// Whether there is a transform that says nothing: "none", or nothing that can be read.
+    [[nodiscard]] bool hasVoidTransform() const;
+    /// Whether the style has a transform too, which is not evaluated.
+    [[nodiscard]] bool transformsInStyle() const;
+    /// What lengths are measured by on the element, if it is in something where `around` holds.
+    [[nodiscard]] Units units(const Units& around) const;
 
   private:
-    const char** pairs_;
+    static constexpr std::size_t kCount = static_cast<std::size_t>(Name::Unknown);
+
+    std::bitset<kCount> present_;
+    std::array<std::string_view, kCount> values_;
+    boost::container::small_vector<std::pair<Name, std::string_view>, 16> properties_;
+    bool transformsInStyle_ = false;
 };
 
 } // namespace easel::svg

@@ -24,8 +24,6 @@ using model::PathData;
 using model::Placement;
 using model::Style;
 
-constexpr double kDefaultWidth = 300; ///< of a drawing without any size, as in browsers
-constexpr double kDefaultHeight = 150;
 constexpr double kFlat = 1e-12; ///< area under a transform that nothing comes back from
 
 /// The name of an element of SVG; empty for a foreign one. Drawings without any namespace are taken for SVG.
@@ -51,10 +49,10 @@ Style scaled(Style style, double scale) {
 }
 
 /// Properties that go wrong count as absent.
-Style styleOf(const Attributes& attributes, Style style) {
-    attributes.forEachProperty([&](std::string_view name, std::string_view value) {
+Style styleOf(const Attributes& attributes, Style style, const Units& units) {
+    attributes.forEachProperty([&](Name name, std::string_view value) {
         try {
-            applyProperty(style, name, value);
+            applyProperty(style, name, value, units);
         } catch (const std::range_error&) { // as absent
         }
     });
@@ -63,14 +61,20 @@ Style styleOf(const Attributes& attributes, Style style) {
 
 /// Whether what is inherited can be said in a style of the model.
 bool isPlain(const Attributes& attributes) {
-    static constexpr std::array<std::string_view, 7> others{
-        "fill-opacity", "stroke-opacity", "marker", "marker-start", "marker-mid", "marker-end", "visibility"};
     bool plain = true;
-    attributes.forEachProperty([&](std::string_view name, std::string_view value) {
-        if (std::find(others.begin(), others.end(), name) != others.end()) plain = false;
-        if ((name == "fill" || name == "stroke") && value != "none" && !color(value)) plain = false;
+    attributes.forEachProperty([&](Name name, std::string_view value) {
+        if (name == Name::Visibility || (name >= Name::FillOpacity && name <= Name::MarkerEnd)) plain = false;
+        if ((name == Name::Fill || name == Name::Stroke) && value != "none" && !color(value)) plain = false;
     });
     return plain;
+}
+
+/// Whether what is inside inherits a gradient or a pattern, which lies in its own units.
+bool passesOnPaintServer(const Attributes& attributes, bool inherited) {
+    attributes.forEachProperty([&](Name name, std::string_view value) {
+        if ((name == Name::Fill || name == Name::Stroke) && value.substr(0, 4) == "url(") inherited = true;
+    });
+    return inherited;
 }
 
 bool isFlat(const Geom::Affine& transform) {
@@ -79,14 +83,14 @@ bool isFlat(const Geom::Affine& transform) {
 }
 
 bool isInReach(const Box& box) {
-    return box.isEmpty() || (box.left >= -kFarthestCoordinate && box.top >= -kFarthestCoordinate &&
-                             box.right <= kFarthestCoordinate && box.bottom <= kFarthestCoordinate);
+    return box.isEmpty() ||
+           (withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom));
 }
 
-bool isFinite(const Geom::Affine& transform) {
-    bool finite = true;
-    for (unsigned i = 0; i < 6; ++i) finite = finite && std::fabs(transform[i]) <= kFarthestCoordinate;
-    return finite;
+bool isInReach(const Geom::Affine& transform) {
+    bool reaches = true;
+    for (unsigned i = 0; i < 6; ++i) reaches = reaches && withinReach(transform[i]);
+    return reaches;
 }
 
 /// Only where all of it lies where coordinates are trusted.
@@ -99,12 +103,18 @@ Box hullOf(const std::vector<PathData>& subpaths) {
 }
 
 /// The box that x, y, width and height tell.
-Box boxOf(const Attributes& attributes, const Geom::Affine& toPage) {
-    const auto get = [&](std::string_view name) { return length(attributes.get(name)); };
-    const double x = get("x").value_or(0);
-    const double y = get("y").value_or(0);
-    const std::optional<double> width = get("width");
-    const std::optional<double> height = get("height");
+Box boxOf(const Attributes& attributes, const Units& units, const Geom::Affine& toPage) {
+    const auto get = [&](Name name, Along along) -> std::optional<double> {
+        try {
+            return units.length(attributes.get(name), along);
+        } catch (const UnknownUnit&) {
+            return std::nullopt;
+        }
+    };
+    const double x = get(Name::X, Along::X).value_or(0);
+    const double y = get(Name::Y, Along::Y).value_or(0);
+    const std::optional<double> width = get(Name::Width, Along::X);
+    const std::optional<double> height = get(Name::Height, Along::Y);
     Box box;
     if (!width || !height) return box;
     for (const Geom::Point corner : {Geom::Point(x, y), Geom::Point(x + *width, y), Geom::Point(x, y + *height),
@@ -115,12 +125,22 @@ Box boxOf(const Attributes& attributes, const Geom::Affine& toPage) {
     return trusted(box);
 }
 
-/// What SVG has no place for, and the writer puts into attributes of its own or its neighbours.
+/// A side of a drawing without a viewBox: what it says itself, or else that of the window.
+double sizeIn(const Units& window, const Attributes& attributes, Name name, Along along) {
+    const double all = *window.length("100%", along);
+    try {
+        return attributes.has(name) ? window.length(attributes.get(name), along).value_or(all) : all;
+    } catch (const UnknownUnit&) {
+        return all;
+    }
+}
+
+/// What SVG has no place for, and the writer puts into attributes of its own or its neighbours: in the element's units.
 void applyOwnFeatures(PathData& path, const Attributes& attributes) {
     std::vector<model::PathPoint>& points = path.points;
-    const std::string_view types = attributes.get(kNodeTypes);
+    const std::string_view types = attributes.get(Name::NodeTypes);
     for (std::size_t i = 0; i < std::min(types.size(), points.size()); ++i) points[i].corner = types[i] == 'c';
-    const std::optional<std::string_view> text = attributes.find(kEnds);
+    const std::optional<std::string_view> text = attributes.find(Name::Ends);
     if (!text || points.empty()) return;
     const std::vector<double> ends = numbers(*text);
     if (ends.size() != 4) return;
@@ -134,7 +154,7 @@ template <class Prefixes> bool has(const Prefixes& prefixes, std::string_view pr
 
 } // namespace
 
-// The course of the text
+// Elements begin and end
 
 void Builder::bindPrefix(std::string_view prefix, std::string_view uri) {
     std::vector<std::string>* const known = uri == kInkscapeNamespace   ? &source_->inkscapePrefixes
@@ -157,22 +177,22 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
     }
     const std::string_view element = svgName(name);
     if (element == "style") source_->hasStyleSheet = true;
-    clipPaths_.startElement(element, attributes);
-    if (passedOver_ > 0) {
-        ++passedOver_;
-        leafDeepest_ = std::max(leafDeepest_, depth_);
-        if (measured_) measureInside(element, attributes);
+    clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
+    if (skipped_.open > 0) {
+        ++skipped_.open;
+        skipped_.deepest = std::max(skipped_.deepest, depth_);
+        if (measuring_.node) measureInside(element, attributes);
         return;
     }
     tag_ = tag;
-    leafDeepest_ = depth_;
+    skipped_.deepest = depth_;
     if (open_.empty()) return startRoot(element, attributes);
     const bool isArt = element == "g" || isShape(element) || isForeign(element);
     try {
         toPage_ = around();
         if (isArt) toPage_ = attributes.transformInto(around());
         if (!isArt) {
-            ++passedOver_;
+            ++skipped_.open;
         } else if (tag.inEntity) {
             addReference(attributes);
         } else if (element == "g") {
@@ -182,20 +202,19 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
         } else {
             addForeign(element, attributes);
         }
-    } catch (const std::range_error& error) {
-        // In a transform or in a measure: what the element looks like is anybody's guess.
+    } catch (const std::range_error& error) { // in a transform or a measure: its geometry is unknown
         warn_(error.what());
         toPage_ = around();
-        addOpaque(attributes, Reason::Transform, {});
+        addOpaque(attributes, dynamic_cast<const UnknownUnit*>(&error) ? Reason::Unit : Reason::Transform, {});
     }
 }
 
 void Builder::endElement(TagBytes tag) {
     clipPaths_.endElement();
-    if (passedOver_ > 0) {
-        if (measured_) inside_.pop_back();
-        if (--passedOver_ == 0) {
-            if (inLeaf_) latest().end = tag.end;
+    if (skipped_.open > 0) {
+        if (measuring_.node) measuring_.transforms.pop_back();
+        if (--skipped_.open == 0) {
+            if (skipped_.isLatest) latest().end = tag.end;
             endPassedOver();
         }
     } else {
@@ -212,11 +231,11 @@ void Builder::endElement(TagBytes tag) {
 }
 
 void Builder::endPassedOver() {
-    open_.back().deepest = std::max(open_.back().deepest, leafDeepest_);
-    if (measured_) document_->setBounds(*std::exchange(measured_, nullptr), trusted(bounds_));
-    if (!std::exchange(inLeaf_, false)) return;
+    open_.back().deepest = std::max(open_.back().deepest, skipped_.deepest);
+    if (measuring_.node) document_->setBounds(*std::exchange(measuring_.node, nullptr), trusted(measuring_.box));
+    if (!std::exchange(skipped_.isLatest, false)) return;
     latest().after = static_cast<std::uint32_t>(source_->elements.size());
-    latest().height = static_cast<std::uint16_t>(leafDeepest_ - depth_);
+    latest().height = static_cast<std::uint16_t>(skipped_.deepest - depth_);
 }
 
 std::unique_ptr<Document> Builder::finish() {
@@ -231,18 +250,18 @@ std::unique_ptr<Document> Builder::finish() {
 
 void Builder::startRoot(std::string_view element, const Attributes& attributes) {
     if (element != "svg") throw std::runtime_error("not an SVG drawing");
-    const std::vector<double> viewBox = numbers(attributes.get("viewBox"));
+    const std::vector<double> viewBox = numbers(attributes.get(Name::ViewBox));
     const bool hasBox = viewBox.size() == 4;
-    const auto size = [&](std::string_view name, double inBox, double byDefault) {
-        const std::optional<std::string_view> text = attributes.find(name);
-        const double value = hasBox ? inBox : text ? length(*text).value_or(byDefault) : byDefault;
-        if (!(value > 0) || value > kFarthestCoordinate) {
-            throw std::range_error("the drawing's " + std::string(name) + " is no usable size");
-        }
-        return value;
+    // In a window without a size of its own, which is where pictures are drawn as well.
+    const Units window = attributes.units(Units{});
+    const auto requireUsable = [](double size, const char* name) {
+        if (size > 0 && withinReach(size)) return size;
+        throw std::range_error("the drawing's " + std::string(name) + " is no usable size");
     };
-    const double width = size("width", hasBox ? viewBox[2] : 0, kDefaultWidth);
-    const double height = size("height", hasBox ? viewBox[3] : 0, kDefaultHeight);
+    const double width =
+        requireUsable(hasBox ? viewBox[2] : sizeIn(window, attributes, Name::Width, Along::X), "width");
+    const double height =
+        requireUsable(hasBox ? viewBox[3] : sizeIn(window, attributes, Name::Height, Along::Y), "height");
     if (hasBox && !isInReach({viewBox[0], viewBox[1], viewBox[0], viewBox[1]})) {
         throw std::range_error("the drawing's page lies too far out");
     }
@@ -252,7 +271,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
                                               : Geom::Affine::identity());
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
     source_->transforms.push_back(toPage_);
-    source_->containers.push_back({initialStyle(), 0, 0, 0, true});
+    source_->containers.push_back({.style = initialStyle(), .units = Units(width, height)});
     openContainer(attributes, nullptr);
     Document::setOrigin(document_->root(), 1);
 }
@@ -263,12 +282,12 @@ void Builder::startGroup(const Attributes& attributes) {
         return;
     }
     const bool otherTransform = attributes.transformsInStyle();
-    if (otherTransform || !isFinite(toPage_)) {
+    if (otherTransform || !isInReach(toPage_)) {
         addOpaque(attributes, otherTransform ? Reason::Transform : Reason::TooFar, {});
         latest().wrapped = otherTransform;
         return;
     }
-    const bool isLayer = !open_.back().node && attributes.find(kGroupMode) == "layer";
+    const bool isLayer = !open_.back().node && attributes.find(Name::GroupMode) == "layer";
     Node& group = isLayer ? newLayer(attributes) : add(NodeType::Group, attributes);
     openContainer(attributes, &group);
     keep(&group);
@@ -276,21 +295,22 @@ void Builder::startGroup(const Attributes& attributes) {
 }
 
 void Builder::addShape(std::string_view element, const Attributes& attributes) {
-    Outline outline = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); });
+    const Units units = attributes.units(container().units);
+    Outline outline = shapeOutline(element, attributes, units);
     std::vector<PathData>& subpaths = outline.subpaths;
     if (outline.damaged) warn_("the outline is damaged; what comes before that is kept");
     if (subpaths.empty() && element == "path") subpaths.emplace_back(); // a path without points is still one
     if (subpaths.empty()) {                                             // nothing is shown
-        ++passedOver_;
+        ++skipped_.open;
         return;
     }
     Reason reason = subpaths.size() > 1 ? Reason::Subpaths : Reason::None;
+    if (subpaths.size() == 1) applyOwnFeatures(subpaths.front(), attributes);
     std::size_t anchors = 0;
     for (PathData& subpath : subpaths) {
         anchors += subpath.points.size();
         transformBy(subpath, toPage_);
     }
-    if (subpaths.size() == 1 && !isFlat(toPage_)) applyOwnFeatures(subpaths.front(), attributes);
     const Box hull = hullOf(subpaths);
     if (anchors > kMostAnchors) reason = Reason::Anchors;
     bool finite = isInReach(hull); // also false for a hull that is no number
@@ -305,28 +325,27 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         latest().wrapped = otherTransform;
         return;
     }
-    const Style own = styleOf(attributes, source_->containers[open_.back().container].style);
+    const Style own = styleOf(attributes, container().style, units);
     Node& path = add(NodeType::Path, attributes);
-    subpaths.front().points.shrink_to_fit();
     document_->setPath(path, std::move(subpaths.front()));
     document_->setStyle(path, scaled(own, std::sqrt(std::fabs(toPage_.det()))));
     keep(&path);
     clipPaths_.putOn(path, attributes, toPage_);
     latest().damaged = outline.damaged;
-    inLeaf_ = true;
-    ++passedOver_;
+    skipped_.isLatest = true;
+    ++skipped_.open;
 }
 
 void Builder::addForeign(std::string_view element, const Attributes& attributes) {
     const bool isBox = element == "image" || element == "foreignObject" || element == "svg";
     Node& node = addOpaque(attributes, isFlat(toPage_) ? Reason::Singular : Reason::Kind,
-                           isBox ? boxOf(attributes, toPage_) : Box{});
+                           isBox ? boxOf(attributes, attributes.units(container().units), toPage_) : Box{});
     // Renderers disagree on whether a nested drawing may have a transform.
     latest().wrapped = element == "svg" || attributes.transformsInStyle();
     if (element != "a" && element != "switch") return;
-    measured_ = &node;
-    bounds_ = {};
-    inside_.assign(1, toPage_);
+    measuring_.node = &node;
+    measuring_.box = {};
+    measuring_.transforms.assign(1, toPage_);
 }
 
 /// All the art of one reference is one piece, for it can only be moved together.
@@ -336,27 +355,27 @@ void Builder::addReference(const Attributes& attributes) {
         latest().end = tag_.end;
         latest().wrapped = true;
         latest().after = static_cast<std::uint32_t>(source_->elements.size());
-        inLeaf_ = false;
+        skipped_.isLatest = false;
         lastReference_ = tag_.begin;
     } else {
-        ++passedOver_;
+        ++skipped_.open;
     }
 }
 
 void Builder::measureInside(std::string_view element, const Attributes& attributes) {
-    inside_.push_back(std::nullopt);
-    const std::optional<Geom::Affine> parent = inside_[inside_.size() - 2];
+    measuring_.transforms.push_back(std::nullopt);
+    const std::optional<Geom::Affine> parent = measuring_.transforms[measuring_.transforms.size() - 2];
     const bool holds = element == "g" || element == "a" || element == "switch";
     if (!parent || !(holds || isShape(element))) return;
     try {
         const Geom::Affine transform = attributes.transformInto(*parent);
         if (holds) {
-            inside_.back() = transform;
+            measuring_.transforms.back() = transform;
             return;
         }
-        Outline outline = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); });
+        Outline outline = shapeOutline(element, attributes, attributes.units(container().units));
         for (PathData& subpath : outline.subpaths) transformBy(subpath, transform);
-        bounds_.include(hullOf(outline.subpaths));
+        measuring_.box.include(hullOf(outline.subpaths));
     } catch (const std::range_error&) { // what cannot be measured does not count
     }
 }
@@ -364,7 +383,7 @@ void Builder::measureInside(std::string_view element, const Attributes& attribut
 // Parts of them
 
 Node& Builder::newLayer(const Attributes& attributes) {
-    const std::string_view title = attributes.find(kLabel).value_or(attributes.get("id"));
+    const std::string_view title = attributes.find(Name::Label).value_or(attributes.get(Name::Id));
     Node& layer = nextLayer(title);
     implicitLayer_ = nullptr; // art that follows lies above this one
     setFlags(layer, attributes);
@@ -375,7 +394,7 @@ Node& Builder::add(NodeType type, const Attributes& attributes) {
     Node* container = open_.back().node;
     if (!container) container = implicitLayer_ ? implicitLayer_ : &newImplicitLayer();
     Node& node = document_->create(type, Placement::OnTopInside, *container);
-    document_->setName(node, attributes.find("id").value_or(attributes.get(kLabel)));
+    document_->setName(node, attributes.find(Name::Id).value_or(attributes.get(Name::Label)));
     setFlags(node, attributes);
     return node;
 }
@@ -385,10 +404,10 @@ Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box&
     document_->setBounds(node, bounds);
     keep(&node);
     latest().reason = reason;
-    // Where the transform is a riddle, so is where a mask lies.
+    // Without a transform the mask cannot be placed.
     if (!isFlat(toPage_) && reason != Reason::Transform) clipPaths_.putOn(node, attributes, toPage_);
-    inLeaf_ = true;
-    ++passedOver_;
+    skipped_.isLatest = true;
+    ++skipped_.open;
     return node;
 }
 
@@ -409,12 +428,8 @@ Node& Builder::newImplicitLayer() {
 }
 
 void Builder::setFlags(Node& node, const Attributes& attributes) {
-    bool hidden = attributes.find("display") == "none";
-    forEachDeclaration(attributes.get("style"), [&](std::string_view name, std::string_view value) {
-        if (name == "display") hidden = value == "none";
-    });
-    document_->setHidden(node, hidden);
-    document_->setLocked(node, attributes.find(kInsensitive) == "true");
+    document_->setHidden(node, attributes.property(Name::Display) == "none");
+    document_->setLocked(node, attributes.find(Name::Insensitive) == "true");
 }
 
 /// Notes where the latest element stands.
@@ -449,8 +464,10 @@ void Builder::openContainer(const Attributes& attributes, Node* node) {
         }
     }
     Container inner = source_->containers[outer];
-    inner.style = styleOf(attributes, inner.style);
+    inner.units = attributes.units(inner.units);
+    inner.style = styleOf(attributes, inner.style, inner.units);
     inner.plain = inner.plain && isPlain(attributes);
+    inner.paintServer = passesOnPaintServer(attributes, inner.paintServer);
     inner.toPage = element.toPage;
     inner.element = static_cast<std::uint32_t>(source_->elements.size());
     element.inner = static_cast<std::uint32_t>(open_.empty() ? 0 : source_->containers.size());
@@ -466,8 +483,8 @@ void Builder::openContainer(const Attributes& attributes, Node* node) {
     if (!node) keep(nullptr);
 }
 
-const Geom::Affine& Builder::around() const {
-    return source_->transforms[source_->containers[open_.back().container].toPage];
-}
+const Container& Builder::container() const { return source_->containers[open_.back().container]; }
+
+const Geom::Affine& Builder::around() const { return source_->transforms[container().toPage]; }
 
 } // namespace easel::svg

@@ -1,4 +1,5 @@
-// Builds a document element by element. Knows no parser: it is told of tags, their attributes and where they stand.
+// Builds a document element by element. Knows no parser: its caller reports tags, their attributes and where they
+// stand.
 #pragma once
 
 #include <2geom/affine.h>
@@ -64,6 +65,7 @@ class Builder {
     void setFlags(model::Node& node, const Attributes& attributes);
     void keep(model::Node* node);
     void openContainer(const Attributes& attributes, model::Node* node);
+    [[nodiscard]] const Container& container() const; ///< the innermost that is open
     [[nodiscard]] const Geom::Affine& around() const;
     [[nodiscard]] Element& latest() { return source_->elements.back(); }
 
@@ -75,13 +77,19 @@ class Builder {
     TagBytes tag_{};
     Geom::Affine toPage_; // of the element that has just started
     std::size_t depth_ = 0;
-    std::size_t passedOver_ = 0; // open elements that are not read, nor anything in them
-    bool inLeaf_ = false;        // the outermost of these is the latest element
-    std::size_t leafDeepest_ = 0;
-    model::Node* measured_ = nullptr; // opaque art whose contents tell its bounds
-    model::Box bounds_;
-    std::vector<std::optional<Geom::Affine>> inside_; // transforms in measured art; none where nothing is shown
-    std::uint32_t lastReference_ = 0;                 // where the latest art from an entity is referred to
+    /// Elements that are not read, nor anything in them.
+    struct Skipped {
+        std::size_t open = 0;
+        bool isLatest = false; ///< the outermost is the latest element
+        std::size_t deepest = 0;
+    } skipped_;
+    /// Opaque art that is as large as what is in it.
+    struct Measuring {
+        model::Node* node = nullptr;
+        model::Box box;
+        std::vector<std::optional<Geom::Affine>> transforms; ///< of open elements; none where nothing is shown
+    } measuring_;
+    std::uint32_t lastReference_ = 0; // where the latest art from an entity is referred to
     bool firstLayerTaken_ = false;
     model::Node* implicitLayer_ = nullptr; // takes the art at the root, until a layer begins
 };

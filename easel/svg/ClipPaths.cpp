@@ -8,6 +8,7 @@
 #include "model/Document.h"
 #include "svg/Limits.h"
 #include "svg/Outlines.h"
+#include "svg/Values.h"
 
 namespace easel::svg {
 
@@ -27,30 +28,28 @@ std::string_view referredId(std::string_view value) {
     return inside.substr(0, 1) == "#" ? inside.substr(1) : std::string_view{};
 }
 
-bool isUsable(double number) { return std::fabs(number) <= kFarthestCoordinate; }
-
 bool isUsable(const PathData& path) {
     for (const model::PathPoint& point : path.points)
         for (const model::Point at : {point.anchor, point.in, point.out})
-            if (!isUsable(at.x) || !isUsable(at.y)) return false;
+            if (!withinReach(at.x) || !withinReach(at.y)) return false;
     return true;
 }
 
 } // namespace
 
-void ClipPaths::startElement(std::string_view element, const Attributes& attributes) {
+void ClipPaths::startElement(std::string_view element, const Attributes& attributes, const Units& units) {
     if (depth_ == 0 && element != "clipPath") return;
     if (++depth_ > 2) return;
     if (depth_ == 2) {
         if (isShape(element))
-            addShape(element, attributes);
+            addShape(element, attributes, units);
         else if (element == "text" || element == "use")
             understood_ = false;
         return;
     }
-    id_ = attributes.get("id");
-    evenOdd_ = attributes.property("clip-rule") == "evenodd";
-    understood_ = attributes.get("clipPathUnits") != "objectBoundingBox" && !attributes.transformsInStyle();
+    id_ = attributes.get(Name::Id);
+    evenOdd_ = attributes.property(Name::ClipRule) == "evenodd";
+    understood_ = attributes.get(Name::ClipPathUnits) != "objectBoundingBox" && !attributes.transformsInStyle();
     try {
         transform_ = attributes.transformInto(Geom::Affine::identity());
     } catch (const std::range_error&) { // a number beyond all numbers
@@ -66,12 +65,12 @@ void ClipPaths::endElement() {
     masks_.emplace(std::move(id_), std::move(mask)); // of several with one id the first counts
 }
 
-void ClipPaths::addShape(std::string_view element, const Attributes& attributes) {
-    if (attributes.property("display") == "none") return;
-    const std::string_view rule = attributes.property("clip-rule");
+void ClipPaths::addShape(std::string_view element, const Attributes& attributes, const Units& units) {
+    if (attributes.property(Name::Display) == "none") return;
+    const std::string_view rule = attributes.property(Name::ClipRule);
     Mask::Shape shape{.subpaths = {}, .evenOdd = rule.empty() ? evenOdd_ : rule == "evenodd"};
     try {
-        shape.subpaths = shapeOutline(element, [&](std::string_view name) { return attributes.find(name); }).subpaths;
+        shape.subpaths = shapeOutline(element, attributes, attributes.units(units)).subpaths;
         const Geom::Affine transform = attributes.transformInto(transform_);
         for (PathData& subpath : shape.subpaths) {
             transformBy(subpath, transform);
@@ -86,7 +85,7 @@ void ClipPaths::addShape(std::string_view element, const Attributes& attributes)
 }
 
 void ClipPaths::putOn(model::Node& node, const Attributes& attributes, const Geom::Affine& toPage) {
-    const std::string_view id = referredId(attributes.property("clip-path"));
+    const std::string_view id = referredId(attributes.property(Name::ClipPath));
     if (!id.empty()) uses_.push_back({&node, std::string(id), toPage});
 }
 

@@ -18,8 +18,9 @@ namespace easel::svg {
 
 class ClipPaths {
   public:
-    // To be told of every element, whether it becomes art or not
-    void startElement(std::string_view element, const Attributes& attributes);
+    // To be called for every element, whether it becomes art or not
+    /// `units`: of the nearest container that is read.
+    void startElement(std::string_view element, const Attributes& attributes, const Units& units);
     void endElement();
 
     /// Notes what is put on a node, if anything; `toPage` leads from its units to the document's.
@@ -34,7 +35,7 @@ class ClipPaths {
         Geom::Affine toPage;
     };
 
-    void addShape(std::string_view element, const Attributes& attributes);
+    void addShape(std::string_view element, const Attributes& attributes, const Units& units);
 
     std::map<std::string, std::shared_ptr<const model::Mask>, std::less<>> masks_; // null: not understood
     std::vector<Use> uses_;

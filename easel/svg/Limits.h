@@ -1,6 +1,7 @@
 // How much a drawing may ask for. The first two are those of the renderer, so that what can be read can be drawn.
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 
 namespace easel::svg {
@@ -11,5 +12,8 @@ constexpr std::size_t kMostBytes = std::size_t{1} << 30;
 constexpr std::size_t kMostAnchors = 32'000; ///< of one path; plug-ins count them in 16 bits
 constexpr double kFarthestCoordinate = 1e9;  ///< points
 constexpr int kMostPixels = 16'384;          ///< of a picture, along each side
+
+/// Whether a coordinate, or a length, is one that can be computed with. False for what is no number.
+[[nodiscard]] inline bool withinReach(double value) { return std::fabs(value) <= kFarthestCoordinate; }
 
 } // namespace easel::svg

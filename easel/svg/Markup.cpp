@@ -128,9 +128,10 @@ std::string pathData(const PathData& path) {
     append(out, first.anchor);
     for (std::size_t i = 1; i < path.points.size(); ++i) appendSegment(out, path.points[i - 1], path.points[i]);
     if (!path.closed) return out;
-    // A straight way back goes without saying, unless it has no length: then "Z" alone would join the two anchors.
+    // A straight way back goes without saying, unless it has no length: then "Z" alone would join the two anchors. Of a
+    // single anchor the way back is a loop, when it has handles.
     const bool straight = last.out == last.anchor && first.in == first.anchor;
-    if (path.points.size() > 1 && (!straight || last.anchor == first.anchor)) appendSegment(out, last, first);
+    if (!straight || (path.points.size() > 1 && last.anchor == first.anchor)) appendSegment(out, last, first);
     return out += " Z";
 }
 
@@ -145,7 +146,7 @@ std::string nodeTypes(const PathData& path) {
 
 std::string outerHandles(const PathData& path) {
     std::string ends;
-    if (path.points.empty() || (path.closed && path.points.size() > 1)) return ends;
+    if (path.points.empty() || path.closed) return ends;
     const PathPoint& first = path.points.front();
     const PathPoint& last = path.points.back();
     if (first.in == first.anchor && last.out == last.anchor) return ends;

@@ -3,12 +3,11 @@
 
 #include <2geom/affine.h>
 
-#include <functional>
-#include <optional>
 #include <string_view>
 #include <vector>
 
 #include "model/Types.h"
+#include "svg/Attributes.h"
 
 namespace easel::svg {
 
@@ -17,18 +16,16 @@ struct Outline {
     bool damaged = false; ///< the data goes wrong, and only the segments before that are here
 };
 
-[[nodiscard]] Outline pathOutline(std::string_view data);
-
-/// Answers the value of an attribute, or none.
-using AttributeOf = std::function<std::optional<std::string_view>(std::string_view name)>;
-
 [[nodiscard]] bool isShape(std::string_view element); ///< a path among them
-/// Empty when the shape has no extent or lacks what it needs.
-[[nodiscard]] Outline shapeOutline(std::string_view element, const AttributeOf& attribute);
+/// Empty when the shape has no extent or lacks what it needs. Throws UnknownUnit.
+[[nodiscard]] Outline shapeOutline(std::string_view element, const Attributes& attributes, const Units& units);
 
 void transformBy(model::PathData& path, const Geom::Affine& transform);
 
 /// Marks a point as smooth when both its handles are drawn out, in opposite directions.
 [[nodiscard]] bool looksSmooth(const model::PathPoint& point);
+[[nodiscard]] model::PathPoint cornerAt(model::Point at);
+/// How far the handles of an arc of this angle reach, against the radius.
+[[nodiscard]] double handleReach(double angle);
 
 } // namespace easel::svg

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "model/Document.h"
+#include "svg/Units.h"
 
 namespace easel::svg {
 
@@ -25,8 +26,9 @@ enum class Reason : std::uint8_t {
     Kind,      ///< a text, an image, ...: the element's name tells
     Subpaths,  ///< a document holds paths of one piece
     Anchors,   ///< more than plug-ins can count
-    Singular,  ///< its transform takes it out of the plane, and no way leads back
+    Singular,  ///< its transform is not invertible
     Transform, ///< has one that is no attribute, or is not understood
+    Unit,      ///< has a length in units that are not known
     TooFar,    ///< some of it lies beyond the farthest coordinate
     Entity     ///< stands elsewhere in the file
 };
@@ -52,8 +54,10 @@ struct Container {
     model::Style style;        ///< inherited; lengths in the units of what is inside
     std::uint32_t element = 0; ///< index of its element
     std::uint32_t toPage = 0;
-    std::uint16_t depth = 0; ///< 1 for the root
-    bool plain = true;       ///< nothing is inherited that `style` cannot say
+    std::uint16_t depth = 0;  ///< 1 for the root
+    bool plain = true;        ///< nothing is inherited that `style` cannot say
+    bool paintServer = false; ///< a gradient or a pattern may be inherited
+    Units units;              ///< what lengths inside are measured by
 };
 
 class Source : public model::Origin {

@@ -24,6 +24,7 @@ std::string reasonText(Reason reason) {
     case Reason::Anchors: return "more than " + std::to_string(kMostAnchors) + " anchors";
     case Reason::Singular: return "a transform that cannot be inverted";
     case Reason::Transform: return "a transform in a style, or numbers that cannot be used";
+    case Reason::Unit: return "a length in units that are not known";
     case Reason::TooFar: return "coordinates beyond 1e9 points";
     case Reason::Entity: return "stands in an entity";
     }

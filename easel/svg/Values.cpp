@@ -10,11 +10,12 @@
 #include <string>
 #include <utility>
 
+#include "svg/Attributes.h"
+
 namespace easel::svg {
 
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 double radians(double degrees) { return degrees * (M_PI / 180); }
@@ -100,16 +101,16 @@ constexpr std::array<std::pair<std::string_view, model::Join>, 5> kJoins{{{"mite
                                                                           {"round", model::Join::Round},
                                                                           {"bevel", model::Join::Bevel}}};
 
-void applyDashes(model::Style& style, std::string_view value) {
+void applyDashes(model::Style& style, std::string_view value, const Units& units) {
     std::vector<double> dashes;
-    if (value != "none") {
-        Scanner scanner(value);
-        for (scanner.skipSpace(); !scanner.atEnd(); scanner.skipSeparator()) {
-            const std::optional<double> dash = scanner.number();
-            scanner.word(); // px, or no unit
-            if (!dash || *dash < 0) return;
-            dashes.push_back(*dash);
-        }
+    while (value != "none" && !value.empty()) {
+        const std::size_t end = std::min(value.find_first_of(", \t\r\n\f"), value.size());
+        const std::optional<double> dash = units.length(value.substr(0, end), Along::Diagonal);
+        if (!dash || *dash < 0) return;
+        dashes.push_back(*dash);
+        Scanner scanner(value.substr(end));
+        scanner.skipSeparator();
+        value = scanner.rest();
     }
     if (dashes.size() % 2 != 0) dashes.insert(dashes.end(), dashes.begin(), dashes.end());
     if (std::all_of(dashes.begin(), dashes.end(), [](double dash) { return dash == 0; })) dashes.clear();
@@ -123,34 +124,43 @@ void applyDashes(model::Style& style, std::string_view value) {
 
 // Scanner
 
-void Scanner::skipSpace() {
-    while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);
-}
-
-void Scanner::skipSeparator() {
-    skipSpace();
-    if (take(',')) skipSpace();
-}
-
-bool Scanner::take(char c) {
-    if (rest_.empty() || rest_.front() != c) return false;
-    rest_.remove_prefix(1);
-    return true;
-}
-
 std::string_view Scanner::word() {
     const std::string_view whole = rest_;
     while (!rest_.empty() && isLetter(rest_.front())) rest_.remove_prefix(1);
     return whole.substr(0, whole.size() - rest_.size());
 }
 
+/// Up to 15 digits without an exponent are exact, and so is the power of ten: one division rounds once.
 std::optional<double> Scanner::number() {
+    constexpr std::ptrdiff_t mostDigits = 15;
+    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const char* at = rest_.data();
+    const char* const end = at + rest_.size();
+    const bool negative = at < end && *at == '-';
+    if (at < end && (negative || *at == '+')) ++at;
+    const char* const first = at;
+    std::uint64_t digits = 0;
+    for (; at < end && isDigit(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+    std::ptrdiff_t count = at - first;
+    std::ptrdiff_t fraction = 0;
+    if (at < end && *at == '.') {
+        const char* const point = at++;
+        for (; at < end && isDigit(*at); ++at) digits = digits * 10 + static_cast<std::uint64_t>(*at - '0');
+        fraction = at - point - 1;
+        count += fraction;
+    }
+    if (count == 0) return std::nullopt;
+    if (count > mostDigits || (at < end && (*at | 0x20) == 'e')) return longNumber();
+    const double value = static_cast<double>(digits) / powers[fraction];
+    rest_.remove_prefix(static_cast<std::size_t>(at - rest_.data()));
+    return negative ? -value : value;
+}
+
+/// Begins with a digit or a point, behind a sign.
+std::optional<double> Scanner::longNumber() {
     std::string_view text = rest_;
-    if (!text.empty() && text.front() == '+') text.remove_prefix(1);
-    const std::string_view digits =
-        !text.empty() && text.front() == '-' && text.size() == rest_.size() ? text.substr(1) : text;
-    if (digits.empty() || (!isDigit(digits.front()) && digits.front() != '.'))
-        return std::nullopt; // from_chars knows "inf"
+    if (text.front() == '+') text.remove_prefix(1);
     double value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error == std::errc::result_out_of_range) {
@@ -180,20 +190,6 @@ std::vector<double> numbers(std::string_view text) {
         scanner.skipSeparator();
     }
     return values;
-}
-
-std::optional<double> length(std::string_view text) {
-    static constexpr std::array<std::pair<std::string_view, double>, 7> units{
-        {{"", 1}, {"px", 1}, {"pt", 96.0 / 72}, {"pc", 16}, {"mm", 96 / 25.4}, {"cm", 96 / 2.54}, {"in", 96}}};
-    Scanner scanner(trimmed(text));
-    const std::optional<double> value = scanner.number();
-    if (!value) return std::nullopt;
-    const std::string_view unit = scanner.word();
-    if (!scanner.atEnd()) return std::nullopt;
-    for (const auto& [name, size] : units) {
-        if (name == unit) return *value * size;
-    }
-    return std::nullopt;
 }
 
 std::optional<Geom::Affine> transform(std::string_view text) {
@@ -232,23 +228,24 @@ model::Style initialStyle() {
     return style;
 }
 
-void applyProperty(model::Style& style, std::string_view name, std::string_view value) {
-    if (name == "fill") {
-        applyPaint(style.fill, style.fillColor, value);
-    } else if (name == "stroke") {
-        applyPaint(style.stroke, style.strokeColor, value);
-    } else if (name == "stroke-linecap") {
-        applyChoice(style.cap, kCaps, value);
-    } else if (name == "stroke-linejoin") {
-        applyChoice(style.join, kJoins, value);
-    } else if (name == "stroke-dasharray" && value != "inherit") {
-        applyDashes(style, value);
-    } else if (name == "stroke-width" || name == "stroke-miterlimit" || name == "stroke-dashoffset") {
-        const std::optional<double> number = length(value);
-        if (!number) return;
-        if (name == "stroke-width" && *number >= 0) style.strokeWidth = *number;
-        if (name == "stroke-miterlimit" && *number >= 1) style.miterLimit = *number;
-        if (name == "stroke-dashoffset") style.dashOffset = *number;
+void applyProperty(model::Style& style, Name name, std::string_view value, const Units& units) {
+    const auto diagonal = [&] { return units.length(value, Along::Diagonal); };
+    switch (name) {
+    case Name::Fill: return applyPaint(style.fill, style.fillColor, value);
+    case Name::Stroke: return applyPaint(style.stroke, style.strokeColor, value);
+    case Name::StrokeLineCap: return applyChoice(style.cap, kCaps, value);
+    case Name::StrokeLineJoin: return applyChoice(style.join, kJoins, value);
+    case Name::StrokeDashArray:
+        if (value != "inherit") applyDashes(style, value, units);
+        return;
+    case Name::StrokeWidth:
+        if (const auto width = diagonal(); width && *width >= 0) style.strokeWidth = *width;
+        return;
+    case Name::StrokeMiterLimit:
+        if (const auto limit = diagonal(); limit && *limit >= 1) style.miterLimit = *limit;
+        return;
+    case Name::StrokeDashOffset: style.dashOffset = diagonal().value_or(style.dashOffset); return;
+    default: return;
     }
 }
 

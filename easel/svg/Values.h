@@ -4,6 +4,7 @@
 
 #include <2geom/affine.h>
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -12,6 +13,13 @@
 
 namespace easel::svg {
 
+enum class Name : std::uint8_t;
+class Units;
+
+constexpr std::string_view kSpace = " \t\r\n"; ///< as XML has it
+[[nodiscard]] inline bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
+[[nodiscard]] inline bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 /// Walks through a value. Throws std::range_error for a number that is not finite.
 class Scanner {
   public:
@@ -19,25 +27,34 @@ class Scanner {
 
     [[nodiscard]] bool atEnd() const { return rest_.empty(); }
     [[nodiscard]] char peek() const { return rest_.empty() ? '\0' : rest_.front(); }
-    [[nodiscard]] std::size_t left() const { return rest_.size(); }
+    [[nodiscard]] bool atNumber() const { return isDigit(peek()) || peek() == '.' || peek() == '-' || peek() == '+'; }
 
-    void skipSpace();
-    void skipSeparator(); ///< space with at most one comma in it
-    bool take(char c);
+    [[nodiscard]] std::string_view rest() const { return rest_; }
+
+    void skipSpace() {
+        while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);
+    }
+    void skipSeparator() { ///< space with at most one comma in it
+        skipSpace();
+        if (take(',')) skipSpace();
+    }
+    bool take(char c) {
+        if (peek() != c || rest_.empty()) return false;
+        rest_.remove_prefix(1);
+        return true;
+    }
     std::string_view word(); ///< letters
     std::optional<double> number();
 
   private:
+    std::optional<double> longNumber();
+
     std::string_view rest_;
 };
 
-constexpr std::string_view kSpace = " \t\r\n"; ///< as XML has it
-[[nodiscard]] inline bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f'; }
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 /// Numbers up to the first thing that is none.
 [[nodiscard]] std::vector<double> numbers(std::string_view text);
-/// A length in user units (1/96 inch where it has a unit). None for a percentage.
-[[nodiscard]] std::optional<double> length(std::string_view text);
 /// None when any part of it is malformed.
 [[nodiscard]] std::optional<Geom::Affine> transform(std::string_view text);
 [[nodiscard]] std::optional<model::Color> color(std::string_view text);
@@ -46,7 +63,7 @@ constexpr std::string_view kSpace = " \t\r\n"; ///< as XML has it
 /// What SVG starts from; it differs from what a new path gets.
 [[nodiscard]] model::Style initialStyle();
 /// Applies one property of paint, given as presentation attribute or in a style; lengths stay in user units.
-void applyProperty(model::Style& style, std::string_view name, std::string_view value);
+void applyProperty(model::Style& style, Name name, std::string_view value, const Units& units);
 
 /// Calls `use(name, value)` for each declaration of a style attribute.
 template <class Use> void forEachDeclaration(std::string_view text, Use use) {

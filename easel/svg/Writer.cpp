@@ -53,7 +53,7 @@ std::shared_ptr<const Source> emptyDrawing(const Document& document) {
     root.end = static_cast<std::uint32_t>(text.size());
     text += '\n';
     root.after = 1;
-    source->containers.push_back({.style = initialStyle(), .depth = 1});
+    source->containers.push_back({.style = initialStyle(), .depth = 1, .units = {}});
     source->elements.push_back(root);
     source->transforms.emplace_back();
     source->elementCount = 1;

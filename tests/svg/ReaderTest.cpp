@@ -87,6 +87,10 @@ TEST(Reader, PageIsTheViewBoxOrElseTheSize) {
         {R"(width="2in" height="72pt")", 192, 96, {10, 10}},
         {R"(width="25.4mm" height="6pc")", 96, 96, {10, 10}},
         {R"(width="120px" height="100%")", 120, 150, {10, 10}},
+        {R"(width="100%" height="50%")", 300, 75, {10, 10}},
+        {R"(width="10em" height="20ex" style="font-size:10px")", 100, 100, {10, 10}},
+        {R"(width="10vw")", 300, 150, {10, 10}},
+        {"", 300, 150, {10, 10}},
     };
     for (const auto& row : rows) {
         const auto document = read(std::string("<svg ") + row.attributes + "><path d='M10 10'/></svg>", "t.svg");
@@ -134,6 +138,39 @@ TEST(Reader, OutlinesOfPathsAndShapes) {
     }
 }
 
+// Such lengths once counted as 0.
+TEST(Reader, LengthsAreMeasuredByTheViewportAndTheFont) {
+    const double diagonal = std::sqrt((200. * 200 + 100 * 100) / 2);
+    const struct {
+        const char* element;
+        model::Box bounds;
+    } rows[] = {
+        {R"(<rect x="10%" y="10%" width="50%" height="50%"/>)", {20, 10, 120, 60}},
+        {R"(<circle cx="50%" cy="50%" r="10%"/>)",
+         {100 - diagonal / 10, 50 - diagonal / 10, 100 + diagonal / 10, 50 + diagonal / 10}},
+        {R"(<g font-size="20px"><line x1="1em" y1="1ex" x2="2em" style="font-size:50%"/></g>)", {10, 0, 20, 5}},
+        {R"(<g font-size="large"><rect width="1em" height="1em" font-size="larger"/></g>)",
+         {0, 0, 16 * 1.44, 16 * 1.44}},
+        {R"(<g font-size="2em"><rect width="1em" height="1mm"/></g>)", {0, 0, 32, 96 / 25.4}},
+    };
+    for (const auto& row : rows) {
+        const auto document = readInside(row.element);
+        const Node* node = document->currentLayer().firstChild();
+        if (node->isContainer()) node = node->firstChild();
+        ASSERT_EQ(node->type(), NodeType::Path) << row.element;
+        const model::Box hull = node->hull();
+        EXPECT_NEAR(hull.left, row.bounds.left, 1e-9) << row.element;
+        EXPECT_NEAR(hull.top, row.bounds.top, 1e-9) << row.element;
+        EXPECT_NEAR(hull.right, row.bounds.right, 1e-9) << row.element;
+        EXPECT_NEAR(hull.bottom, row.bounds.bottom, 1e-9) << row.element;
+    }
+    const auto document =
+        readInside("<path d='M0 0' font-size='10' style='stroke-width:.5em;stroke-dasharray:1em, 10% 2'/>");
+    const Style& style = document->currentLayer().firstChild()->style();
+    EXPECT_EQ(style.strokeWidth, 5);
+    EXPECT_EQ(style.dashes, (std::array<double, 6>{10, diagonal / 10, 2, 10, diagonal / 10, 2}));
+}
+
 TEST(Reader, RoundedRectangleTouchesItsSidesAtTheRadii) {
     const auto document = readInside(R"(<rect x="0" y="0" width="40" height="20" rx="4" ry="100"/>)");
     const PathData& path = document->currentLayer().firstChild()->path();
@@ -169,6 +206,9 @@ TEST(Reader, WhatADocumentCannotHoldIsOpaque) {
         {R"x(<path d="M0 0 L1 1" style="transform:rotate(10deg)"/>)x", {0, 0, 1, 1}},
         {R"x(<path d="M0 0 L1e20 0"/>)x", {}},
         {R"x(<rect width="1e999" height="1"/>)x", {}},
+        {R"x(<rect width="3vmin" height="1"/>)x", {}},
+        {R"x(<rect width="3em" height="1" style="font:12px sans"/>)x", {}},
+        {R"x(<image width="50%" height="1em"/>)x", {0, 0, 100, 16}},
     };
     for (const auto& row : rows) {
         const auto document = readInside(row.element);

@@ -167,6 +167,21 @@ TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
     }
 }
 
+// Its handles were once left out, and all that was left was a dot.
+TEST(Splice, LoopOfOneAnchorKeepsItsHandles) {
+    const auto document = read("<svg><path d='M50 50 C90 10 90 90 50 50 Z'/></svg>", "t.svg");
+    document->offset(*document->currentLayer().firstChild(), 1, 0);
+    EXPECT_EQ(write(*document), "<svg><path d='M51 50 C91 10 91 90 51 50 Z'/></svg>");
+}
+
+// They were once written in the element's units and read in the page's.
+TEST(Splice, OuterHandlesStayUnderATransform) {
+    const auto document = read("<svg><g transform='translate(30 5) scale(2)'><path id='p'/></g></svg>", "t.svg");
+    const model::PathData path{{{{1, 2}, {3, 4}, {5, 6}, true}, {{7, 8}, {9, 10}, {11, 12}, true}}, false};
+    document->setPath(*document->findByName("p"), path);
+    EXPECT_EQ(read(write(*document), "t.svg")->findByName("p")->path(), path);
+}
+
 // Art in no layer was once all one layer, and pictures of what was saved had it in the wrong order.
 TEST(Splice, ArtInNoLayerKeepsItsPlaceInPaintOrder) {
     const std::string i = "xmlns:i='http://www.inkscape.org/namespaces/inkscape' i:groupmode='layer'";
