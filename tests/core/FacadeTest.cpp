@@ -17,6 +17,7 @@
 #include "core/frame/MenuGroup.h"
 #include "core/frame/Timer.h"
 #include "core/frame/Tool.h"
+#include "places/Places.h"
 #include "plugin/document/Art.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/MenuGroup.h"

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 
+#include "places/Places.h"
 #include "support/Folder.h"
 
 namespace {

@@ -1,6 +1,7 @@
 // Scripts with plug-ins in play: menus that are chosen, timers, and two bundles that talk to each other.
 #include <gmock/gmock.h>
 
+#include "places/Places.h"
 #include "support/Playing.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <functional>
 
+#include "places/Places.h"
 #include "session/Session.h"
 #include "support/Drawing.h"
 

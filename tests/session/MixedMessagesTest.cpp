@@ -9,6 +9,7 @@
 #include <set>
 #include <sstream>
 
+#include "places/Places.h"
 #include "plugins/Orders.h"
 #include "session/Session.h"
 

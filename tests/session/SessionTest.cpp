@@ -1,6 +1,7 @@
 // The session: loading, starting and ending plug-ins, tools and documents, as the faces of the application use it.
 #include <gmock/gmock.h>
 
+#include "places/Places.h"
 #include "session/Session.h"
 #include "support/Folder.h"
 

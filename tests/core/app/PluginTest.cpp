@@ -5,6 +5,7 @@
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Keys.h"
 #include "hostapi/AICursorSnapSuite.h"
+#include "places/Places.h"
 #include "session/Keys.h"
 #include "support/Desk.h"
 #include "support/Folder.h"

@@ -9,6 +9,7 @@
 #include "core/frame/Dispatcher.h"
 #include "core/frame/MenuGroup.h"
 #include "core/frame/Timer.h"
+#include "places/Places.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
 #include "plugins/Question.h"
