@@ -1,5 +1,4 @@
-// A plug-in on the framework that does what it is told, and notes which callbacks run. Built as several bundles.
-#include <map>
+// A plug-in on the framework that does what it is told, also in its callbacks. Built as several bundles.
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -7,7 +6,6 @@
 #include "core/app/Illustrator.h"
 #include "core/app/Plugin.h"
 #include "core/frame/Dispatcher.h"
-#include "core/frame/Messages.h"
 #include "core/frame/Timer.h"
 #include "core/frame/Tool.h"
 #include "plugins/Orders.h"
@@ -16,17 +14,12 @@ namespace obeying {
 
 using namespace kzo::core;
 
-using Around = void (Plugin::*)(const Callback&);
-using Own = void (Tool::*)(const Callback&);
-
-struct Event {
-    Around before;
-    Own own;
-    Around after;
-};
-
-/// In the order of the host's selectors.
-const Event events[] = {
+/// In the order of the host's selectors: before the event, the tool's own, after it.
+const struct {
+    void (Plugin::*before)(const Callback&);
+    void (Tool::*own)(const Callback&);
+    void (Plugin::*after)(const Callback&);
+} events[] = {
     {&Plugin::setToolPreEditedCallback, &Tool::setEditCallback, &Plugin::setToolPostEditedCallback},
     {&Plugin::setToolPreTrackedCallback, &Tool::setTrackCallback, &Plugin::setToolPostTrackedCallback},
     {&Plugin::setToolPreMouseDownCallback, &Tool::setMouseDownCallback, &Plugin::setToolPostMouseDownCallback},
@@ -44,131 +37,129 @@ const Event events[] = {
 class Obeying {
   public:
     explicit Obeying(Plugin* plugin) : plugin_(*plugin) {
-        plugin_.dispatcher()->registerMessageCallback(caller, selector, __Callback<Obeying>(this, &Obeying::receive));
-        plugin_.setMenuItemSelectedCallback(bell(Selected));
-        plugin_.setMenuItemsUpdateCallback(bell(Updating));
-        plugin_.setPreShutdownCallback(bell(PreShutdown));
-        int number = 0;
-        for (const Event& event : events) {
-            (plugin_.*event.before)(bell(Before + number));
-            (plugin_.*event.after)(bell(After + number++));
+        plugin_.dispatcher()->registerMessageCallback(caller, selector, callback([this] { receive(); }));
+        plugin_.setMenuItemSelectedCallback(next_);
+        plugin_.setMenuItemsUpdateCallback(next_);
+        plugin_.setPreShutdownCallback(next_);
+        for (const auto& event : events) {
+            (plugin_.*event.before)(next_);
+            (plugin_.*event.after)(next_);
         }
     }
 
-  private:
-    struct Ringer {
-        Obeying& owner;
-        int bell;
-        void ring() { owner.rang(bell); }
-    };
-
-    __Callback<Ringer> bell(int number) {
-        return {&ringers_.try_emplace(number, Ringer{*this, number}).first->second, &Ringer::ring};
+    [[nodiscard]] std::set<const void*> handles() const {
+        std::set<const void*> all;
+        for (int i = 0; i < places; ++i) {
+            all.insert({timers_[i].aiTimerHandle(), items_[i].aiMenuItemHandle(), notifiers_[i].aiNotifierHandle(),
+                        tools_[i].aiToolHandle(), annotators_[i].aiAnnotatorHandle()});
+        }
+        all.erase(nullptr);
+        return all;
     }
 
+    static inline std::unique_ptr<Obeying> theOne;
+
+  private:
     void receive() {
-        auto* const message = static_cast<OrderMessage*>(plugin_.dispatcher()->lastRecord());
+        const auto* const message = static_cast<OrderMessage*>(Dispatcher::lastRecord());
         slate_ = message->slate;
         number_ = message->plugin;
         slate_->idle[number_] = [] { return !Dispatcher::lastMessage() && !Dispatcher::lastToolMessage(); };
-        rang(Obeyed);
-        obey(message->order);
+        slate_->handles[number_] = [] { return theOne ? theOne->handles() : std::set<const void*>(); };
+        const Order order = message->order;
+        ++slate_->done[0][int(order.deed)];
+        obey(order);
     }
 
-    void rang(int bell) {
-        if (!slate_) return; // not told yet where to write
-        const auto kind = [](const Message* message) { return message ? int(message->type()) : 0; };
-        slate_->rings.push_back({number_, bell, kind(Dispatcher::lastMessage()), kind(Dispatcher::lastToolMessage())});
-        for (const Slate::Armed& armed : slate_->armed)
-            if (armed.plugin == number_ && armed.bell == bell && !armed.order->done) return obey(*armed.order);
+    /// What all its callbacks do.
+    void obeyNext() {
+        if (!slate_ || slate_->laidDown[number_].empty()) return;
+        const Order order = slate_->laidDown[number_].front();
+        slate_->laidDown[number_].pop_front();
+        ++slate_->done[1][int(order.deed)];
+        obey(order);
     }
 
-    void obey(Order& order) {
-        order.done = true;
+    void obey(const Order& order) {
         Timer& timer = timers_[order.place];
         MenuItem& item = items_[order.place];
         Notifier& notifier = notifiers_[order.place];
         Tool& tool = tools_[order.place];
         Annotator& annotator = annotators_[order.place];
         Dispatcher& dispatcher = *plugin_.dispatcher();
-        const auto type = MessageType(order.type);
         switch (order.deed) {
         case Deed::Throw: throw std::runtime_error("as ordered");
         case Deed::AddTimer:
             timer.destroy();
-            timer = Timer("Timer", 1, bell(OfTimer + order.place));
-            order.handle = timer.aiTimerHandle();
+            timer = Timer("Timer", 1, next_);
             break;
         case Deed::ActivateTimer: timer.activate(); break;
         case Deed::DeactivateTimer: timer.deactivate(); break;
         case Deed::RegisterTimer: dispatcher.registerTimer(timer); break;
         case Deed::UnregisterTimer: dispatcher.unregisterTimer(timer); break;
         case Deed::DestroyTimer: timer.destroy(); break;
-        case Deed::Schedule: dispatcher.scheduleCallback(bell(Scheduled), 1); break;
+        case Deed::Schedule: dispatcher.scheduleCallback(next_, 1); break;
         case Deed::AddItem:
             item.destroy();
-            item = MenuItem(BuiltinMenuGroup::Edit, "Item", bell(OfItem + order.place));
-            order.handle = item.aiMenuItemHandle();
+            item = MenuItem(BuiltinMenuGroup::Edit, "Item", next_);
             break;
         case Deed::DestroyItem: item.destroy(); break;
         case Deed::AddNotifier:
             notifier.destroy();
-            notifier = dispatcher.registerNotifier("N", NotifierType::DocumentSaved, bell(OfNotifier + order.place));
-            order.handle = notifier.aiNotifierHandle();
+            notifier = dispatcher.registerNotifier("N", NotifierType::DocumentSaved, next_);
             break;
         case Deed::DestroyNotifier: dispatcher.unregisterNotifier(notifier); break;
         case Deed::AddTool:
             tool.destroy();
             tool = Tool(-2, -2, "Tool " + std::to_string(order.place), "", 0, 0, ToolOptions::None);
-            bindTool(tool, OfTool + 10 * order.place);
-            order.handle = tool.aiToolHandle();
+            for (const auto& event : events) (tool.*event.own)(next_);
             break;
         case Deed::DestroyTool: tool.destroy(); break;
+        case Deed::HoldCursor: tool.setCursorLoc({double(order.place), 0}); break;
         case Deed::AddAnnotator:
             annotator.destroy();
-            annotator = Annotator("Marks", bell(OfAnnotator + order.place));
-            order.handle = annotator.aiAnnotatorHandle();
+            annotator = Annotator("Marks", next_);
             break;
         case Deed::DestroyAnnotator: annotator.destroy(); break;
         case Deed::AddMonitor:
             dispatcher.removeKeypressMonitor(monitors_[order.place]);
-            monitors_[order.place] =
-                dispatcher.addKeypressMonitor(VirtualKey(order.place), bell(OfMonitor + order.place));
+            monitors_[order.place] = dispatcher.addKeypressMonitor(VirtualKey(order.place), next_);
             break;
         case Deed::RemoveMonitor: dispatcher.removeKeypressMonitor(monitors_[order.place]); break;
         case Deed::Register:
             if (order.type)
-                dispatcher.registerMessageCallback(type, bell(OfMessage + order.type));
+                dispatcher.registerMessageCallback(MessageType(order.type), next_);
             else
-                dispatcher.registerMessageCallback(order.caller, order.selector, bell(OfMessage + order.place));
+                dispatcher.registerMessageCallback(order.caller, order.selector, next_);
             break;
         case Deed::Unregister:
-            order.type ? dispatcher.unregisterMessageCallback(type)
-                       : dispatcher.unregisterMessageCallback(order.caller, order.selector);
+            if (order.type)
+                dispatcher.unregisterMessageCallback(MessageType(order.type));
+            else
+                dispatcher.unregisterMessageCallback(order.caller, order.selector);
             break;
         case Deed::Dispatch:
-            order.answer = order.type ? dispatcher.message(type, order.record)
-                                      : dispatcher.message(order.caller, order.selector, order.record);
+            if (order.type)
+                dispatcher.message(MessageType(order.type), order.record);
+            else
+                dispatcher.message(order.caller, order.selector, order.record);
             break;
         case Deed::Send: send(order); break;
         }
     }
 
-    void bindTool(Tool& tool, int first) {
-        for (const Event& event : events) (tool.*event.own)(bell(first++));
-    }
-
-    void send(Order& order) {
+    void send(const Order& order) const {
         const ThirdPartyPlugin receiver = Illustrator::instance()->allPlugins()[slate_->names[order.place]];
+        int result = 0;
         if (!receiver.started() || receiver.broken() || !receiver.prepMessageData(*order.record)) return;
-        order.answer = receiver.message(order.caller, order.selector, order.record, order.result);
+        receiver.message(order.caller, order.selector, order.record, result);
         receiver.cleanMessageData(*order.record);
     }
 
     Plugin& plugin_;
     Slate* slate_ = nullptr;
     int number_ = 0;
-    std::map<int, Ringer> ringers_;
+    __Callback<Obeying> next_{this, &Obeying::obeyNext};
     Timer timers_[places];
     MenuItem items_[places];
     Notifier notifiers_[places];
@@ -177,13 +168,11 @@ class Obeying {
     std::uint32_t monitors_[places] = {};
 };
 
-std::unique_ptr<Obeying> theOne;
-
 } // namespace obeying
 
 bool kzo::core::pluginSetup(Plugin* plugin) {
-    obeying::theOne = std::make_unique<obeying::Obeying>(plugin);
+    obeying::Obeying::theOne = std::make_unique<obeying::Obeying>(plugin);
     return true;
 }
 
-void kzo::core::pluginDestroy(Plugin*) { obeying::theOne.reset(); }
+void kzo::core::pluginDestroy(Plugin*) { obeying::Obeying::theOne.reset(); }

@@ -1,9 +1,10 @@
-// What the test plug-in "Obeying" understands: orders about its own timers, items and so on, given in a message or put
-// down for a callback, and the slate on which it notes every callback that runs.
+// What the test plug-in "Obeying" understands: orders about its own timers, items and so on, given in a message or laid
+// down for whichever of its callbacks runs next.
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <deque>
+#include <set>
 
 #include "hostapi/SPMessages.h"
 
@@ -29,6 +30,7 @@ enum class Deed {
     DestroyNotifier,
     AddTool,
     DestroyTool,
+    HoldCursor,
     AddAnnotator,
     DestroyAnnotator,
     AddMonitor, ///< of the key that has the place's number
@@ -39,17 +41,6 @@ enum class Deed {
     Send      ///< sends `record` to another plug-in
 };
 constexpr int deedCount = static_cast<int>(Deed::Send) + 1;
-constexpr const char* deedNames[deedCount] = {"throw",          "add timer",
-                                              "activate timer", "deactivate timer",
-                                              "register timer", "unregister timer",
-                                              "destroy timer",  "schedule",
-                                              "add item",       "destroy item",
-                                              "add notifier",   "destroy notifier",
-                                              "add tool",       "destroy tool",
-                                              "add annotator",  "destroy annotator",
-                                              "add monitor",    "remove monitor",
-                                              "register",       "unregister",
-                                              "dispatch",       "send"};
 
 struct Order {
     Deed deed;
@@ -58,52 +49,16 @@ struct Order {
     const char* caller = "";
     const char* selector = "";
     SPMessageData* record = nullptr;
-    bool done = false;
-    // The reply
-    void* handle = nullptr;
-    std::int32_t answer = -1;
-    int result = -1;
-};
-
-/// What a callback is known by.
-enum Bell {
-    Selected = 1,
-    Updating,
-    PreShutdown,
-    Obeyed,
-    Before = 10, ///< a tool's event, added
-    After = 20,
-    OfTool = 30, ///< ten times the place added, and the event
-    OfTimer = 100,
-    Scheduled = 110,
-    OfItem = 120,
-    OfNotifier = 130,
-    OfAnnotator = 140,
-    OfMonitor = 150,
-    OfMessage = 200 ///< the place added
-};
-
-struct Ring {
-    int plugin;
-    int bell;
-    int message;     ///< kind of the last message, 0 for none
-    int toolMessage; ///< the same of the last tool message
-
-    bool operator==(const Ring&) const = default;
 };
 
 /// Shared by those who give orders and those who obey.
 struct Slate {
-    /// To be done when this callback runs.
-    struct Armed {
-        int plugin;
-        int bell;
-        Order* order;
-    };
-    std::vector<Ring> rings;
-    std::vector<Armed> armed;
+    std::deque<Order> laidDown[2]; ///< for the callbacks of each
+    int done[2][deedCount] = {};   ///< by order of a message, and in a callback
     const char* names[2];
-    bool (*idle[2])(); ///< whether the plug-in knows of no message; to be asked outside of any
+    // Of each, to be asked outside of any message
+    bool (*idle[2])();                     ///< whether it knows of no message
+    std::set<const void*> (*handles[2])(); ///< of all it has
 };
 
 struct OrderMessage {

@@ -16,12 +16,13 @@ Plugin* Plugin::instance_ = nullptr;
 
 namespace {
 
-constexpr std::int32_t firstStatus = 1000;
-constexpr std::int32_t lastStatus = 1009;
+constexpr std::int32_t kFirstStatus = 1000;
+constexpr std::int32_t kLastStatus = 1009;
+constexpr std::int32_t kShutdownFailed = 4000;
 
 /// The framework's own failures are numbered in ones inside and in tens outside.
 std::int32_t phaseAnswer(std::int32_t status) {
-    return status >= firstStatus && status <= lastStatus ? firstStatus + (status - firstStatus) * 10 : 0;
+    return status >= kFirstStatus && status <= kLastStatus ? kFirstStatus + (status - kFirstStatus) * 10 : 0;
 }
 
 /// Does its work on the way out, also by an exception. The work must not throw.
@@ -180,18 +181,23 @@ void Plugin::__preShutdown() {
 }
 
 std::int32_t Plugin::__shutdown() {
-    constexpr std::int32_t shutdownFailed = 4000;
     std::int32_t status = 0;
     shutdown_.run([&] {
         // The framework's own shut-down follows also when the client's work throws.
-        const Finally own([&] {
-            dispatcher_.reset();
-            Illustrator::__destroy();
-            status = impl_->shutdown();
-        });
+        const Finally own([&] { status = shutDownOwn(); });
         shutdownCallback_.run();
     });
-    return status == shutdownFailed ? shutdownFailed : 0;
+    return status == kShutdownFailed ? kShutdownFailed : 0;
+}
+
+void Plugin::__decline() {
+    shutdown_.run([this] { static_cast<void>(shutDownOwn()); });
+}
+
+std::int32_t Plugin::shutDownOwn() {
+    dispatcher_.reset();
+    Illustrator::__destroy();
+    return impl_->shutdown();
 }
 
 } // namespace kzo::core

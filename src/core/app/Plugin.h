@@ -157,10 +157,13 @@ class Plugin {
     void __preShutdown();
     /// 4000 when the framework's own shut-down failed, else 0.
     std::int32_t __shutdown();
+    /// The framework's own shut-down alone, of a plug-in that has declined to start.
+    void __decline();
 
     [[nodiscard]] plugin::BasePlugin& impl() const { return *impl_; }
 
   private:
+    [[nodiscard]] std::int32_t shutDownOwn();
     [[nodiscard]] Callback* before(plugin::ToolEvent event) const;
     [[nodiscard]] Callback* after(plugin::ToolEvent event) const;
     void setBefore(plugin::ToolEvent event, const Callback& callback);

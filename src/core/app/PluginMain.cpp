@@ -1,7 +1,7 @@
 // The entry: every message from the host comes in here. Decides between the phases of life and dispatch; no exception
-// leaves.
+// leaves, and what client code throws is logged.
 #include <cstdint>
-#include <memory>
+#include <exception>
 #include <string>
 #include <string_view>
 
@@ -9,99 +9,160 @@
 #include "core/frame/Dispatcher.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Messages.h"
-#include "plugin/host/HostMonitor.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::core {
 
 namespace {
 
-using namespace plugin::message;
+namespace message = plugin::message;
 
-constexpr std::int32_t done = 0;
-constexpr std::int32_t setupFailed = 0x53554645; // "SUFE"
+constexpr std::int32_t kDone = 0;
+constexpr std::int32_t kSetupFailed = 0x53554645; // "SUFE"
 
-void destroy(Plugin* plugin) {
-    try {
-        pluginDestroy(plugin);
-    } catch (...) {
-        // The rest goes all the same.
-    }
-    delete plugin;
-    plugin::leaveHost(); // whatever the client did last
-}
-
-/// One message on its way through the entry. The plug-in object goes when the outermost is through, since a shut-down
-/// may come while another message is being handled; it goes also when its last work throws, for nothing is sent after
-/// that.
-class Passage {
+/// What the host says, with texts that stay as they were on arrival: a host may use its own again.
+class Arrived {
   public:
-    Passage() { ++depth_; }
-    ~Passage() {
-        Plugin* const plugin = Plugin::instance();
-        if (--depth_ == 0 && plugin && plugin->hasShutdown()) destroy(plugin);
+    Arrived(std::string_view caller, std::string_view selector, void* hostRecord)
+        : record(hostRecord), row(messageRow(caller, selector)) {
+        if (row) return;
+        caller_ = caller;
+        selector_ = selector;
     }
-    Passage(const Passage&) = delete;
-    Passage& operator=(const Passage&) = delete;
+
+    [[nodiscard]] std::string_view caller() const { return row ? row->caller : caller_; }
+    [[nodiscard]] std::string_view selector() const { return row ? row->selector : selector_; }
+    [[nodiscard]] bool isStart() const { return caller() == message::kInterface && selector() == message::kStartup; }
+
+    void* const record;
+    const MessageRow* const row; ///< null for a pair that the table lacks
 
   private:
+    std::string caller_;
+    std::string selector_;
+};
+
+// What client code throws
+
+void logThrown(const Arrived& arrived, std::string_view where, std::string_view what) noexcept {
+    try {
+        const std::string pair = std::string(arrived.caller()) + "/" + std::string(arrived.selector());
+        plugin::attachHost(arrived.record); // a shut-down has released it
+        plugin::log("exception in " + std::string(where) + " (" + pair + "): " + std::string(what));
+        if (const Plugin* const plugin = Plugin::instance(); plugin && plugin->hasShutdown()) plugin::releaseHost();
+    } catch (...) {
+        // There is no memory left to say it in.
+    }
+}
+
+/// Runs `work`, which leads to code of the client's. What that throws is logged, and the result is 0 then.
+template <class Work> std::int32_t guarded(const Arrived& arrived, std::string_view where, Work work) noexcept {
+    try {
+        return work();
+    } catch (const std::exception& error) {
+        logThrown(arrived, where, error.what());
+    } catch (...) {
+        logThrown(arrived, where, "no std::exception");
+    }
+    return 0;
+}
+
+// Life
+
+/// Counts nested entries. After shut-down the outermost one deletes the plug-in object, also when leaving by an
+/// exception. Until that is done the messages that it leads to count as nested.
+class EntryScope {
+  public:
+    explicit EntryScope(const Arrived& arrived) : arrived_(arrived) { ++depth_; }
+    ~EntryScope() {
+        Plugin* const plugin = Plugin::instance();
+        if (depth_ == 1 && plugin && plugin->hasShutdown()) destroy(plugin);
+        --depth_;
+    }
+    EntryScope(const EntryScope&) = delete;
+    EntryScope& operator=(const EntryScope&) = delete;
+
+    [[nodiscard]] static bool nested() { return depth_ > 1; }
+
+  private:
+    void destroy(Plugin* plugin) {
+        guarded(arrived_, "pluginDestroy", [plugin] {
+            pluginDestroy(plugin);
+            return kDone;
+        });
+        delete plugin;
+        plugin::releaseHost(); // whatever the client did last
+    }
+
+    const Arrived& arrived_;
     static inline int depth_ = 0;
 };
 
-/// Makes the plug-in object and lets the client set itself up. Answers 0 or why there is no plug-in.
-std::int32_t setUp(void* record) {
-    const std::string name = plugin::pluginName(record);
+bool settingUp = false;
+
+/// Makes the plug-in object and lets the client set itself up. Returns 0 or why there is no plug-in; what was made of
+/// it by then is shut down.
+std::int32_t setUp(const Arrived& arrived) {
+    plugin::choosePlatform();
+    const std::string name = plugin::pluginName(arrived.record);
+    SPPlugin* const self = plugin::MessageHead(arrived.record).self;
     if (name.empty()) {
-        plugin::platform().log("ERROR: Could not acquire plugin name during startup, which is required! Bailing out.");
-        plugin::leaveHost();
-        return setupFailed;
+        plugin::platform().log().write(
+            self, name, "ERROR: Could not acquire plugin name during startup, which is required! Bailing out.");
+        plugin::releaseHost();
+        return kSetupFailed;
     }
-    auto made = std::make_unique<Plugin>(plugin::MessageHead(record).self, name);
-    bool accepted = false;
-    try {
-        accepted = pluginSetup(made.get());
-    } catch (...) {
-        // A client that fails half-way has declined.
-    }
-    if (!accepted) {
-        destroy(made.release());
-        return setupFailed;
-    }
-    static_cast<void>(made.release()); // lives until the shut-down message
-    return done;
+    auto* const plugin = new Plugin(self, name); // deleted by the outermost entry after its shut-down
+    settingUp = true;
+    const bool accepted = guarded(arrived, "pluginSetup", [plugin] { return std::int32_t{pluginSetup(plugin)}; }) != 0;
+    settingUp = false;
+    if (!accepted) plugin->__decline();
+    return plugin->hasShutdown() ? kSetupFailed : kDone;
 }
 
-std::int32_t life(Plugin* plugin, std::string_view selector, void* record) {
-    if (selector == startup) plugin->__startup();
-    if (selector == shutdown) plugin->__shutdown();
-    if (selector == about && plugin->dispatcher()) plugin->dispatcher()->message(interface, about, record);
-    return done;
+void handleLifecycle(Plugin& plugin, const Arrived& arrived) {
+    if (arrived.selector() == message::kStartup) plugin.__startup();
+    if (arrived.selector() == message::kShutdown) plugin.__shutdown();
+    if (arrived.selector() == message::kAbout && plugin.dispatcher())
+        plugin.dispatcher()->message(message::kInterface, message::kAbout, arrived.record);
 }
 
-std::int32_t route(std::string_view caller, std::string_view selector, void* record) {
-    const Passage passage;
-    if (Plugin::instance() && Plugin::instance()->hasShutdown()) return done; // only not deleted yet
-    const bool begins = !Plugin::instance();
-    if (begins && (caller != interface || selector != startup)) return done; // nobody is there who would use the host
-    plugin::useHost(record);
-    if (begins) {
-        if (const std::int32_t failure = setUp(record)) return failure;
+/// Whether the event is one that drives a phase of life, which then has run.
+bool handleApplicationEvent(Plugin& plugin, const Arrived& arrived) {
+    const plugin::NotifyMessage event(arrived.record);
+    const bool started = event.type == message::kApplicationStarted;
+    const bool ends = event.type == message::kApplicationShutdown;
+    if (started) plugin.__postStartup();
+    if (ends) plugin.__preShutdown();
+    return started || ends;
+}
+
+// The way in
+
+std::int32_t dispatch(const Arrived& arrived) {
+    const Plugin* const known = Plugin::instance();
+    // One life ends before the next begins, and each begins once.
+    const bool over = known && known->hasShutdown();
+    const bool underWay = known ? over || settingUp || known->shuttingDown() : EntryScope::nested();
+    if (arrived.isStart() && underWay) return kSetupFailed;
+    if (over || (!known && !arrived.isStart())) return kDone; // nobody is there who would use the host
+    plugin::attachHost(arrived.record);
+    if (!known) {
+        if (const std::int32_t failure = setUp(arrived)) return failure;
     }
-    Plugin* const plugin = Plugin::instance();
-    if (caller == access) return done;
-    if (caller == interface) return life(plugin, selector, record);
-    if (caller == notifier) {
-        const plugin::NotifyMessage event(record);
-        if (event.type == applicationStarted) return plugin->__postStartup(), done;
-        if (event.type == applicationShutdown) return plugin->__preShutdown(), done;
+    Plugin& plugin = *Plugin::instance();
+    if (arrived.caller() == message::kAccess) return kDone;
+    if (arrived.caller() == message::kInterface) {
+        handleLifecycle(plugin, arrived);
+        return kDone;
     }
-    if (!plugin->dispatcher()) return done; // shutting down
-    const MessageRow* const row = messageRow(caller, selector);
-    Dispatcher& dispatcher = *plugin->dispatcher();
-    const std::int32_t answer =
-        row ? dispatcher.message(row->type, record) : dispatcher.message(caller, selector, record);
+    if (arrived.caller() == message::kNotifier && handleApplicationEvent(plugin, arrived)) return kDone;
+    Dispatcher* const dispatcher = plugin.dispatcher();
+    if (!dispatcher) return kDone; // shutting down
+    const std::int32_t answer = arrived.row ? dispatcher->message(*arrived.row, arrived.record)
+                                            : dispatcher->message(arrived.caller(), arrived.selector(), arrived.record);
     // The layer check's remark is the one answer that the host gets to see.
-    return caller == tool && answer != plugin::Dispatcher::notHandled ? answer : done;
+    return arrived.caller() == message::kTool && answer != plugin::Dispatcher::kNotHandled ? answer : kDone;
 }
 
 } // namespace
@@ -110,10 +171,13 @@ std::int32_t route(std::string_view caller, std::string_view selector, void* rec
 
 extern "C" __attribute__((visibility("default"))) std::int32_t PluginMain(const char* caller, const char* selector,
                                                                           void* message) {
-    if (!caller || !selector || !message) return 0;
+    using namespace kzo::core;
+    if (!caller || !selector || !message) return kDone;
     try {
-        return kzo::core::route(caller, selector, message);
+        const Arrived arrived(caller, selector, message);
+        const EntryScope scope(arrived);
+        return guarded(arrived, "a callback", [&] { return dispatch(arrived); });
     } catch (...) {
-        return 0;
+        return kDone; // no memory for the texts
     }
 }

@@ -29,6 +29,8 @@ void Annotator::setCallback(const Callback& callback) {
     if (__impl()) __impl()->callback().set(callback);
 }
 
+void Annotator::invalidate() { ask(__impl(), &plugin::Annotator::invalidate); }
+
 void Annotator::destroy() {
     if (isEmpty()) return;
     if (plugin::BasePlugin* const frame = plugin::frame()) frame->annotators().remove(*impl_);

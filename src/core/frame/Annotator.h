@@ -44,6 +44,7 @@ class Annotator {
     [[nodiscard]] Callback* callback() const;
     void setCallback(const Callback& callback);
 
+    void invalidate(); ///< has the host ask for its marks anew, say because what they show has changed
     void destroy();
 
     [[nodiscard]] plugin::Annotator* __impl() const; ///< null when empty

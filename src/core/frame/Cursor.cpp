@@ -51,7 +51,7 @@ Cursor Cursor::CurrentCursor() {
     return Cursor(std::make_shared<__IntCursorContainer>(number));
 }
 
-Point Cursor::screenLoc() { return plugin::frame() ? Point(plugin::platform().pointerLocation()) : Point(); }
+Point Cursor::screenLoc() { return plugin::frame() ? Point(plugin::platform().mouse().location()) : Point(); }
 
 void Cursor::click(const Point& place) {
     mouseDown(place);
@@ -59,11 +59,11 @@ void Cursor::click(const Point& place) {
 }
 
 void Cursor::mouseDown(const Point& place) {
-    if (plugin::frame()) plugin::platform().pressMouse(place.impl());
+    if (plugin::frame()) plugin::platform().mouse().press(place.impl());
 }
 
 void Cursor::mouseUp(const Point& place) {
-    if (plugin::frame()) plugin::platform().releaseMouse(place.impl());
+    if (plugin::frame()) plugin::platform().mouse().release(place.impl());
 }
 
 } // namespace kzo::core

@@ -1,4 +1,4 @@
-// Typed dispatch over the implementation's dispatch by texts.
+// Typed objects for the messages of the table, over the implementation's dispatch.
 #include "core/frame/Dispatcher.h"
 
 #include "core/Forward.h"
@@ -9,86 +9,82 @@ namespace kzo::core {
 
 namespace {
 
-template <class Visit> auto visitLiveEffect(const MessageRow& row, void* record, Visit visit) {
-    switch (row.type) {
-    case MessageType::LiveEffectEditParameters: return visit(LiveEffectEditParametersMessage(row, record));
-    case MessageType::LiveEffectGoLive: return visit(LiveEffectGoLiveMessage(row, record));
-    case MessageType::LiveEffectInterpolateParameters:
-        return visit(LiveEffectInterpolateParametersMessage(row, record));
-    case MessageType::LiveEffectInputType: return visit(LiveEffectInputTypeMessage(row, record));
-    case MessageType::LiveEffectConvertColorSpace: return visit(LiveEffectConvertColorSpaceMessage(row, record));
-    case MessageType::LiveEffectScaleParameters: return visit(LiveEffectScaleParametersMessage(row, record));
-    case MessageType::LiveEffectHandleMerge: return visit(LiveEffectHandleMergeMessage(row, record));
-    case MessageType::LiveEffectGetSVGFilter: return visit(LiveEffectGetSVGFilterMessage(row, record));
-    case MessageType::LiveEffectAdjustColors: return visit(LiveEffectAdjustColorsMessage(row, record));
-    case MessageType::LiveEffectIsCompatible: return visit(LiveEffectIsCompatibleMessage(row, record));
-    default: return visit(Message(row, record));
-    }
+bool isOf(const MessageRow& row, MessageFamily family) { return row.family == family; }
+bool isOf(const MessageRow& row, MessageType type) { return row.type == type; }
+
+/// Calls `visit` with a MessageOf the first family or kind that the row is of.
+template <auto First, auto... Others, class Visit>
+std::int32_t visitPlain(const MessageRow& row, void* record, Visit visit) {
+    if (isOf(row, First)) return visit(MessageOf<First>(row, record));
+    if constexpr (sizeof...(Others) > 0)
+        return visitPlain<Others...>(row, record, visit);
+    else
+        return visit(Message(row, record));
+}
+
+template <class Visit> std::int32_t visitLiveEffect(const MessageRow& row, void* record, Visit visit) {
+    using enum MessageType;
+    return visitPlain<LiveEffectEditParameters, LiveEffectGoLive, LiveEffectInterpolateParameters, LiveEffectInputType,
+                      LiveEffectConvertColorSpace, LiveEffectScaleParameters, LiveEffectHandleMerge,
+                      LiveEffectGetSVGFilter, LiveEffectAdjustColors, LiveEffectIsCompatible>(row, record, visit);
 }
 
 /// Calls `visit` with the typed object of a message, which lives that long.
-template <class Visit> auto visitTyped(const MessageRow& row, void* record, Visit visit) {
+template <class Visit> std::int32_t visitTyped(const MessageRow& row, void* record, Visit visit) {
+    using enum MessageFamily;
     switch (row.family) {
-    case MessageFamily::Action: return visit(ActionMessage(row, record));
-    case MessageFamily::Annotator: return visit(AnnotatorMessage(row, record));
-    case MessageFamily::Clipboard: return visit(ClipboardMessage(row, record));
-    case MessageFamily::FileFormat: return visit(FileFormatMessage(row, record));
-    case MessageFamily::Filter: return visit(FilterMessage(row, record));
-    case MessageFamily::LayerList: return visit(LayerListMessage(row, record));
-    case MessageFamily::Menu: return visit(MenuMessage(row, record));
-    case MessageFamily::ObjectSet: return visit(ObjectSetMessage(row, record));
-    case MessageFamily::CustomArt: return visit(CustomArtMessage(row, record));
-    case MessageFamily::Preferences: return visit(PreferencesMessage(row, record));
-    case MessageFamily::Timer: return visit(TimerMessage(row, record));
-    case MessageFamily::Toolbox: return visit(ToolboxMessage(row, record));
-    case MessageFamily::TransformAgain: return visit(TransformAgainMessage(row, record));
-    case MessageFamily::Workspace: return visit(WorkspaceMessage(row, record));
-    case MessageFamily::Plugin: return visit(PluginMessage(row, record));
-    case MessageFamily::Adapter: return visit(AdapterMessage(row, record));
-    case MessageFamily::Notify: return visit(NotifyMessage(row, record));
-    case MessageFamily::Tool: return visit(ToolMessage(row, record));
-    case MessageFamily::LiveEffect: return visitLiveEffect(row, record, visit);
+    case Tool: return visit(ToolMessage(row, record));
+    case Notify: return visit(NotifyMessage(row, record));
+    case Menu: return visit(MenuMessage(row, record));
+    case Timer: return visit(TimerMessage(row, record));
+    case Annotator: return visit(AnnotatorMessage(row, record));
+    case LiveEffect: return visitLiveEffect(row, record, visit);
+    default:
+        return visitPlain<Action, Clipboard, FileFormat, Filter, LayerList, ObjectSet, CustomArt, Preferences, Toolbox,
+                          TransformAgain, Workspace, MessageFamily::Plugin, Adapter>(row, record, visit);
     }
-    return visit(Message(row, record));
 }
 
 } // namespace
 
-/// One typed message on the stack of those being handled.
-class Dispatcher::Scope {
-  public:
-    explicit Scope(const Message& message) : here_{&message, toolMessage(message), executing_} { executing_ = &here_; }
-    ~Scope() { executing_ = here_.outer; }
-    Scope(const Scope&) = delete;
-    Scope& operator=(const Scope&) = delete;
-
-  private:
-    [[nodiscard]] static const ToolMessage* toolMessage(const Message& message) {
-        const auto* const own = dynamic_cast<const ToolMessage*>(&message);
-        return own ? own : lastToolMessage();
-    }
-
-    Executing here_;
-};
-
 // Dispatch
 
+std::int32_t Dispatcher::message(const MessageRow& row, void* record) {
+    if (!record) return impl_.message(row, nullptr, nullptr);
+    return visitTyped(row, record, [&](const Message& typed) { return impl_.message(row, record, &typed); });
+}
+
 std::int32_t Dispatcher::message(std::string_view caller, std::string_view selector, void* record) {
-    return impl_.message(caller, selector, record);
+    const MessageRow* const row = messageRow(caller, selector);
+    return row ? message(*row, record) : impl_.message(caller, selector, record);
 }
 
 std::int32_t Dispatcher::message(MessageType type, void* record) {
     const MessageRow* const row = messageRow(type);
-    if (!row || !record) return plugin::Dispatcher::notHandled;
-    return visitTyped(*row, record, [&impl = impl_, row, record](const Message& typed) {
-        const Scope scope(typed);
-        return impl.message(row->caller, row->selector, record);
-    });
+    return row && record ? message(*row, record) : plugin::Dispatcher::kNotHandled;
+}
+
+// The message being handled
+
+const Message* Dispatcher::lastMessage() {
+    const plugin::Executing* at = plugin::Dispatcher::executing();
+    while (at && !at->typed) at = at->outer;
+    return at ? at->typed : nullptr;
+}
+
+const ToolMessage* Dispatcher::lastToolMessage() {
+    const plugin::Executing* const tool = plugin::Dispatcher::executingTool();
+    return tool ? static_cast<const ToolMessage*>(tool->typed) : nullptr;
+}
+
+void* Dispatcher::lastRecord() {
+    const plugin::Executing* const here = plugin::Dispatcher::executing();
+    return here ? here->record : nullptr;
 }
 
 bool Dispatcher::isExecuting(MessageType type) {
-    const Executing* at = executing_;
-    while (at && at->message->type() != type) at = at->outer;
+    const plugin::Executing* at = plugin::Dispatcher::executing();
+    while (at && !(at->row && at->row->type == type)) at = at->outer;
     return at != nullptr;
 }
 
@@ -175,7 +171,5 @@ Callback* Dispatcher::getMouseMonitor(std::uint32_t id) const {
 }
 
 void Dispatcher::removeMouseMonitor(std::uint32_t id) { monitors().remove(plugin::Input::Kind::Button, id); }
-
-void* Dispatcher::lastRecord() const { return impl_.lastRecord(); }
 
 } // namespace kzo::core

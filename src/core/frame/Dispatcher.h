@@ -2,14 +2,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/frame/Annotator.h"
-#include "core/frame/MessageType.h"
 #include "core/frame/Notifier.h"
 #include "core/frame/Timer.h"
 #include "core/values/Callback.h"
+#include "core/values/MessageType.h"
 #include "core/values/VirtualKey.h"
 
 namespace kzo::plugin {
@@ -26,11 +27,15 @@ class Dispatcher {
     explicit Dispatcher(plugin::Dispatcher& impl) : impl_(impl) {}
 
     // Dispatch
-    /// Answers 1 when nothing is registered for the message, else what its handler answers, 0 as a rule.
+    /// Returns 1 when nothing is registered for the message, else what its handler returns, 0 as a rule. Messages of
+    /// the table get a typed object.
     std::int32_t message(std::string_view caller, std::string_view selector, void* record);
-    std::int32_t message(MessageType type, void* record); ///< with a typed message object; 1 for an unknown type
+    std::int32_t message(MessageType type, void* record); ///< 1 for an unknown type, and without a record
+    std::int32_t message(const MessageRow& row, void* record);
 
-    // Registration; a second callback for the same message replaces the first
+    // Registration. A second callback for the same message replaces the first. One for a message that the framework
+    // handles itself takes the framework's place until it is unregistered; timers, notifiers and annotators are found
+    // by their handles whatever is registered here.
     void registerMessageCallback(std::string_view caller, std::string_view selector, const Callback& callback);
     void registerMessageCallback(MessageType type, const Callback& callback); ///< nothing for an unknown type
     void unregisterMessageCallback(std::string_view caller, std::string_view selector);
@@ -65,23 +70,14 @@ class Dispatcher {
 
     // The message being handled; null outside of any. A nested one hides the outer one until it returns, unless it is
     // of no kind.
-    [[nodiscard]] static const Message* lastMessage() { return executing_ ? executing_->message : nullptr; }
-    [[nodiscard]] static const ToolMessage* lastToolMessage() { return executing_ ? executing_->toolMessage : nullptr; }
+    [[nodiscard]] static const Message* lastMessage();
+    [[nodiscard]] static const ToolMessage* lastToolMessage();
     /// The host's record, also of a message that has no kind.
-    [[nodiscard]] void* lastRecord() const;
+    [[nodiscard]] static void* lastRecord();
     [[nodiscard]] static bool isExecuting(MessageType type); ///< also as an outer one
 
   private:
-    struct Executing {
-        const Message* message;
-        const ToolMessage* toolMessage; // the innermost one
-        const Executing* outer;
-    };
-    class Scope;
-
     plugin::Dispatcher& impl_;
-    // Of the process, not of the object: a message may outlive its dispatcher, when it leads to shut-down.
-    static inline const Executing* executing_ = nullptr;
 };
 
 } // namespace kzo::core

@@ -1,15 +1,14 @@
 // Modifier keys: the message's come first, so that a host that maps keys anew is followed.
 #include "core/frame/Keys.h"
 
-#include "plugin/frame/BasePlugin.h"
+#include "plugin/frame/Dispatcher.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::core {
 
 ModifierKeys modifierKeysPressed() {
-    plugin::BasePlugin* const frame = plugin::frame();
-    const plugin::ToolMessage* const message = frame ? frame->dispatcher().lastToolMessage() : nullptr;
-    return message ? message->modifiers : plugin::platform().modifierKeys();
+    const plugin::Executing* const tool = plugin::Dispatcher::executingTool();
+    return tool ? tool->toolMessage->modifiers : plugin::platform().keys().held();
 }
 
 } // namespace kzo::core

@@ -1,4 +1,4 @@
-// What the typed messages read from the host's records.
+// What the typed messages read from the host's records, on arrival.
 #include "core/frame/Messages.h"
 
 #include "core/frame/Annotator.h"
@@ -7,35 +7,42 @@
 
 namespace kzo::core {
 
-SPPlugin* Message::spPluginRef() const { return plugin::MessageHead(record_).self; }
+Message::Message(const MessageRow& row, void* record)
+    : row_(row), record_(record), self_(plugin::MessageHead(record).self) {}
 
-_t_MenuItemOpaque* MenuMessage::aiMenuItemHandle() const { return plugin::MenuMessage(record()).item; }
-AITimer* TimerMessage::aiTimerHandle() const { return plugin::TimerMessage(record()).timer; }
+MenuMessage::MenuMessage(const MessageRow& row, void* record)
+    : Message(row, record), item_(plugin::MenuMessage(record).item) {}
+
+TimerMessage::TimerMessage(const MessageRow& row, void* record)
+    : Message(row, record), timer_(plugin::TimerMessage(record).timer) {}
+
+AnnotatorMessage::AnnotatorMessage(const MessageRow& row, void* record) : Message(row, record) {
+    const plugin::AnnotatorMessage said(record);
+    annotator_ = said.annotator;
+    context_ = said.context;
+    view_ = said.view;
+    triggeredByDragScroll_ = said.triggeredByDragScroll;
+    showEdges_ = said.showEdges;
+    for (const plugin::ArtboardRect& rect : said.invalidationRects()) rects_.emplace_back(rect);
+}
 
 Annotator AnnotatorMessage::annotator() const {
     plugin::BasePlugin* const frame = plugin::frame();
-    return frame ? Annotator(frame->annotators().find(plugin::AnnotatorMessage(record()).annotator)) : Annotator();
+    return frame ? Annotator(frame->annotators().find(annotator_)) : Annotator();
 }
 
-AIDrawingContext* AnnotatorMessage::context() const { return plugin::AnnotatorMessage(record()).context; }
-AIDocumentView* AnnotatorMessage::docView() const { return plugin::AnnotatorMessage(record()).view; }
-bool AnnotatorMessage::triggeredByDragScroll() const {
-    return plugin::AnnotatorMessage(record()).triggeredByDragScroll;
-}
-bool AnnotatorMessage::showEdges() const { return plugin::AnnotatorMessage(record()).showEdges; }
-
-std::vector<ArtboardRect> AnnotatorMessage::invalidationRects() const {
-    std::vector<ArtboardRect> rects;
-    for (const plugin::ArtboardRect& rect : plugin::AnnotatorMessage(record()).invalidationRects())
-        rects.emplace_back(rect);
-    return rects;
+NotifyMessage::NotifyMessage(const MessageRow& row, void* record) : Message(row, record) {
+    const plugin::NotifyMessage said(record);
+    notifier_ = said.notifier;
+    type_ = core::notifierType(said.type);
 }
 
-AINotifier* NotifyMessage::aiNotifierHandle() const { return plugin::NotifyMessage(record()).notifier; }
-NotifierType NotifyMessage::notifierType() const { return core::notifierType(plugin::NotifyMessage(record()).type); }
-
-AITool* ToolMessage::aiToolHandle() const { return plugin::ToolMessage(record()).tool; }
-ArtboardPoint ToolMessage::cursorLoc() const { return ArtboardPoint(plugin::ToolMessage(record()).cursor); }
-ModifierKeys ToolMessage::modifierKeys() const { return plugin::ToolMessage(record()).modifiers; }
+ToolMessage::ToolMessage(const MessageRow& row, void* record) : Message(row, record) {
+    const plugin::ToolMessage said(record);
+    tool_ = said.tool;
+    cursor_ = ArtboardPoint(said.cursor);
+    modifiers_ = said.modifiers;
+    takenBack_ = said.takenBack;
+}
 
 } // namespace kzo::core

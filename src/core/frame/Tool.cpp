@@ -144,6 +144,11 @@ std::vector<ArtboardPoint> Tool::mouseUpLocs() const {
 
 void Tool::resetCursorLocs() { ask(impl(), &BaseTool::resetCursorLocs); }
 bool Tool::wasDragged() const { return ask(impl(), &BaseTool::wasDragged); }
+bool Tool::gestureTakenBack() const {
+    const plugin::Executing* const message = plugin::Dispatcher::executingTool();
+    return message && !isEmpty() && message->toolMessage->takenBack && message->toolMessage->tool == aiToolHandle();
+}
+
 bool Tool::keyDown(ModifierKeys key) const { return !isEmpty() && any(modifierKeysPressed() & key); }
 bool Tool::shiftKeyDown() const { return keyDown(ModifierKeys::Shift); }
 bool Tool::optionKeyDown() const { return keyDown(ModifierKeys::Option); }

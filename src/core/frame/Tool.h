@@ -92,6 +92,9 @@ class Tool {
     [[nodiscard]] std::vector<ArtboardPoint> mouseUpLocs() const;
     void resetCursorLocs(); ///< empties both lists, and nothing was dragged
     [[nodiscard]] bool wasDragged() const;
+    /// During a mouse-up: the gesture is taken back, say by Escape, instead of ended. The host takes back what is done
+    /// then.
+    [[nodiscard]] bool gestureTakenBack() const;
     [[nodiscard]] bool shiftKeyDown() const;
     [[nodiscard]] bool optionKeyDown() const;
     [[nodiscard]] bool controlKeyDown() const;

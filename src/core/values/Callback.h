@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <type_traits>
+#include <utility>
 
 namespace kzo::core {
 
@@ -44,6 +46,23 @@ template <class T> class __Callback : public Callback {
     Method method_ = nullptr;
     ConstMethod constMethod_ = nullptr;
 };
+
+/// Any call without arguments; what it captures is copied with it.
+template <class Work> class WorkCallback final : public Callback {
+  public:
+    explicit WorkCallback(Work work) : work_(std::move(work)) {}
+
+    void execute() override { work_(); }
+    [[nodiscard]] std::unique_ptr<Callback> clone() const override { return std::make_unique<WorkCallback>(*this); }
+
+  private:
+    Work work_;
+};
+
+/// A callback made of a lambda: `tool.setDragCallback(callback([this] { drag(); }))`.
+template <class Work> [[nodiscard]] WorkCallback<std::decay_t<Work>> callback(Work&& work) {
+    return WorkCallback<std::decay_t<Work>>(std::forward<Work>(work));
+}
 
 /// A place for one stored callback, empty at first.
 class CallbackSlot {

@@ -47,7 +47,7 @@ bool HitData::test(ArtObject* art, double tolerance) {
     textRange_ = record.textRange;
     inGroup_ = record.inGroup != 0;
     featurePoint_ = record.point;
-    if (type_ == core::HitType::Fill) return true;
+    if (type_ == core::HitType::Fill || record.segment < 0) return true; // text has anchors, but no segments
     if (type_ == core::HitType::Segment) {
         segPointIndex_ = segIndex_ = record.segment;
         t_ = record.t;

@@ -21,6 +21,11 @@ bool isFurtherThan(double tol, const ArtboardPoint& a, const ArtboardPoint& b) {
     return std::abs(a.x - b.x) > tol || std::abs(a.y - b.y) > tol;
 }
 
+/// Of all annotators, since the host tells no single one's apart.
+void invalidateMarks() {
+    host::call<&AIAnnotatorSuite::InvalAnnotationRect>(AIDocumentViewHandle{}, static_cast<const AIRealRect*>(nullptr));
+}
+
 } // namespace
 
 Annotator::Annotator(SPPlugin* plugin, const std::string& name, const core::CallbackSlot& callback)
@@ -41,6 +46,10 @@ std::int32_t Annotator::options() const {
 
 void Annotator::setOptions(std::int32_t options) {
     host::call<&AIAnnotatorSuite::SetAnnotatorOptions>(handle_, options);
+}
+
+void Annotator::invalidate() const {
+    if (handle_) invalidateMarks();
 }
 
 void Annotator::destroy() {
@@ -75,9 +84,7 @@ bool AnnotatorRegistry::run(AIAnnotator* handle) const {
 // Invalidation
 
 void AnnotatorRegistry::invalidateAll() const {
-    if (!annotators_.empty())
-        host::call<&AIAnnotatorSuite::InvalAnnotationRect>(AIDocumentViewHandle{},
-                                                           static_cast<const AIRealRect*>(nullptr));
+    if (!annotators_.empty()) invalidateMarks();
 }
 
 void AnnotatorRegistry::follow(const ToolMessage* message) {

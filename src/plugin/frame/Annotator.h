@@ -31,6 +31,7 @@ class Annotator {
     void setActive(bool active);
     [[nodiscard]] std::int32_t options() const; ///< the host's bits, as they are
     void setOptions(std::int32_t options);
+    void invalidate() const; ///< has the marks drawn anew
     void destroy();
 
   private:

@@ -2,6 +2,7 @@
 #include "plugin/frame/BasePlugin.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "hostapi/AICursorSnapSuite.h"
@@ -13,6 +14,7 @@
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
+#include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
 
@@ -20,26 +22,33 @@ namespace {
 
 BasePlugin* theFrame = nullptr;
 
-constexpr std::int32_t notifierRefused = 1000;
-constexpr std::int32_t noUndoSuite = 1001;
-constexpr std::int32_t pluginGroupOptions = 4096;
+constexpr std::int32_t kNotifierRefused = 1000;
+constexpr std::int32_t kNoUndoSuite = 1001;
+constexpr std::int32_t kPluginGroupOptions = 4096;
 
-/// Selectors of the caller "AI Tool", in the order of ToolEvent.
-constexpr std::string_view toolSelectors[toolEventCount] = {
-    kSelectorAIEditToolOptions,  kSelectorAITrackToolCursor,  kSelectorAIToolMouseDown, kSelectorAIToolMouseDrag,
-    kSelectorAIToolMouseUp,      kSelectorAISelectTool,       kSelectorAIReselectTool,  kSelectorAIDeselectTool,
-    kSelectorAIDecreaseDiameter, kSelectorAIIncreaseDiameter,
+/// In the order of ToolEvent.
+constexpr core::MessageType kToolMessages[toolEventCount] = {
+    core::MessageType::ToolEditOptions,      core::MessageType::ToolTrackCursor,
+    core::MessageType::ToolMouseDown,        core::MessageType::ToolMouseDrag,
+    core::MessageType::ToolMouseUp,          core::MessageType::ToolSelect,
+    core::MessageType::ToolReselect,         core::MessageType::ToolDeselect,
+    core::MessageType::ToolDecreaseDiameter, core::MessageType::ToolIncreaseDiameter,
 };
+
+ToolEvent toolEvent(core::MessageType type) {
+    return static_cast<ToolEvent>(std::find(std::begin(kToolMessages), std::end(kToolMessages), type) -
+                                  std::begin(kToolMessages));
+}
 
 bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <= ToolEvent::Reselect; }
 
 } // namespace
 
-void useHost(const void* record) {
+void attachHost(const void* record) {
     if (const SPBasicSuite* const basic = MessageHead(record).basic) host::basic = basic;
 }
 
-void leaveHost() {
+void releaseHost() {
     host::releaseAll();
     host::basic = nullptr;
 }
@@ -51,11 +60,17 @@ std::string pluginName(const void* record) {
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
     : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {
     theFrame = this;
+    dispatcher_.setBeforeEach(core::__Callback<BasePlugin>(this, &BasePlugin::followMarks));
 }
 
 BasePlugin::~BasePlugin() { theFrame = nullptr; }
 
 BasePlugin* frame() { return theFrame; }
+
+void log(std::string_view line) {
+    platform().log().write(theFrame ? theFrame->spPluginRef() : nullptr,
+                           theFrame ? std::string_view(theFrame->name()) : std::string_view(), line);
+}
 
 void BasePlugin::setName(const std::string& name) {
     name_ = name;
@@ -65,47 +80,60 @@ void BasePlugin::setName(const std::string& name) {
 // Life
 
 /// Subscribes the framework itself. Without a callback it is the entry that acts on the event.
-bool BasePlugin::hear(const std::string& label, std::string_view type, const core::CallbackSlot& callback) {
+bool BasePlugin::subscribe(const std::string& label, std::string_view type, const core::CallbackSlot& callback) {
     std::string name = label + name_;
     std::replace(name.begin(), name.end(), ' ', '_');
-    return addNotifier(name, type, callback) != nullptr;
+    const auto notifier = std::make_shared<Notifier>(plugin_, name, type, callback);
+    if (notifier->handle()) ownNotifiers_.add(notifier);
+    return notifier->handle() != nullptr;
 }
 
 std::int32_t BasePlugin::startup() {
     using Bound = core::__Callback<BasePlugin>;
     // What the host refuses keeps nothing else from being set up.
     const core::CallbackSlot brightness(Bound(this, &BasePlugin::handleBrightness));
-    const bool hearsStart = hear("KZOAppStartedNotifier", message::applicationStarted);
-    const bool hearsEnd = hear("KZOAppShutdownNotifier", message::applicationShutdown);
-    const bool hearsBrightness = hear("KZOBrightnessNotifier", message::brightnessChanged, brightness);
+    const bool hearsStart = subscribe("KZOAppStartedNotifier", message::kApplicationStarted);
+    const bool hearsEnd = subscribe("KZOAppShutdownNotifier", message::kApplicationShutdown);
+    const bool hearsBrightness = subscribe("KZOBrightnessNotifier", message::kBrightnessChanged, brightness);
     const bool canUndo = host::acquire<AIUndoSuite>() != nullptr;
     const auto handle = [this](std::string_view caller, std::string_view selector, void (BasePlugin::*handler)()) {
-        dispatcher_.registerMessageCallback(caller, selector, Bound(this, handler));
+        dispatcher_.handle(caller, selector, Bound(this, handler));
     };
-    handle(message::menu, message::go, &BasePlugin::handleMenuChoice);
-    handle(message::menu, message::update, &BasePlugin::handleMenuUpdate);
-    handle(message::stage, message::keyPressed, &BasePlugin::handleKey);
-    handle(message::stage, message::mousePressed, &BasePlugin::handleButton);
-    for (const std::string_view selector : toolSelectors)
-        handle(message::tool, selector, &BasePlugin::handleToolMessage);
-    dispatcher_.take(message::notifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
-    dispatcher_.take(message::timer, message::go, Bound(this, &BasePlugin::handleTimerMessage));
-    dispatcher_.take(message::annotation, {}, Bound(this, &BasePlugin::handleAnnotatorMessage));
-    if (!hearsStart || !hearsEnd || !hearsBrightness) return notifierRefused;
-    return canUndo ? 0 : noUndoSuite;
+    handle(message::kMenu, message::kGo, &BasePlugin::handleMenuChoice);
+    handle(message::kMenu, message::kUpdate, &BasePlugin::handleMenuUpdate);
+    handle(message::kStage, message::kKeyPressed, &BasePlugin::handleKey);
+    handle(message::kStage, message::kMousePressed, &BasePlugin::handleButton);
+    for (const core::MessageType type : kToolMessages)
+        handle(message::kTool, core::messageRow(type)->selector, &BasePlugin::handleToolMessage);
+    dispatcher_.reserve(message::kNotifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
+    dispatcher_.reserve(message::kTimer, message::kGo, Bound(this, &BasePlugin::handleTimerMessage));
+    dispatcher_.reserve(message::kAnnotation, {}, Bound(this, &BasePlugin::handleAnnotatorMessage));
+    if (!hearsStart || !hearsEnd || !hearsBrightness) {
+        log("start-up: the host refused a notifier");
+        return kNotifierRefused;
+    }
+    if (!canUndo) log("start-up: the host has no undo suite");
+    return canUndo ? 0 : kNoUndoSuite;
 }
 
 void BasePlugin::addPluginGroup() {
     if (group_) return;
     const std::string name = name_ + " Custom Art";
     group_ = host::ask<&AIPluginGroupSuite::AddAIPluginGroup>(AIPluginGroupHandle{}, plugin_, name.c_str(),
-                                                              pluginGroupOptions);
+                                                              kPluginGroupOptions);
 }
 
 std::int32_t BasePlugin::shutdown() {
-    // Handles that outlive the plug-in are empty from here on.
+    // No callback of the client's runs from here on, not even the rest of those of a message that led here.
+    dispatcher_.clear();
+    aroundTools_ = {};
+    brightnessAdjusted = {};
+    menus_.selected = {};
+    menus_.updating = {};
+    // Handles that outlive the plug-in are empty.
     for (const std::shared_ptr<BaseTool>& tool : tools_) tool->destroy();
     tools_.clear();
+    ownNotifiers_.clear();
     notifiers_.clear();
     menus_.clear();
     SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
@@ -114,7 +142,7 @@ std::int32_t BasePlugin::shutdown() {
     monitors_.clear();
     SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
     SharedCursor::Map::each([](auto& shared) { shared.impl.forget(); });
-    leaveHost();
+    releaseHost();
     return 0;
 }
 
@@ -129,42 +157,46 @@ std::shared_ptr<Notifier> BasePlugin::addNotifier(const std::string& name, std::
 }
 
 void BasePlugin::handleNotifyMessage() {
-    if (!dispatcher_.lastRecord()) return;
-    const bool known = notifiers_.notify(NotifyMessage(dispatcher_.lastRecord()));
-    dispatcher_.setAnswer(known ? Dispatcher::handled : Dispatcher::notHandled);
+    const void* const record = Dispatcher::executing()->record;
+    if (!record) return;
+    const NotifyMessage message(record);
+    const bool known = ownNotifiers_.notify(message) || notifiers_.notify(message);
+    Dispatcher::setAnswer(known ? Dispatcher::kHandled : Dispatcher::kNotHandled);
 }
 
 // Menus, timers and annotators
 
 void BasePlugin::handleMenuChoice() {
-    if (dispatcher_.lastRecord()) menus_.choose(MenuMessage(dispatcher_.lastRecord()).item);
+    if (const void* const record = Dispatcher::executing()->record) menus_.choose(MenuMessage(record).item);
 }
 
 void BasePlugin::handleMenuUpdate() { menus_.update(); }
 
 void BasePlugin::handleTimerMessage() {
-    const void* const record = dispatcher_.lastRecord();
+    const void* const record = Dispatcher::executing()->record;
     const bool ran = record && timers_.fire(TimerMessage(record).timer);
-    dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
+    Dispatcher::setAnswer(ran ? Dispatcher::kHandled : Dispatcher::kNotHandled);
 }
 
 void BasePlugin::handleAnnotatorMessage() {
-    const void* const record = dispatcher_.lastRecord();
+    const void* const record = Dispatcher::executing()->record;
     const bool ran = record && annotators_.run(AnnotatorMessage(record).annotator);
-    dispatcher_.setAnswer(ran ? Dispatcher::handled : Dispatcher::notHandled);
+    Dispatcher::setAnswer(ran ? Dispatcher::kHandled : Dispatcher::kNotHandled);
 }
 
 // Keys, mouse buttons, and the interface
 
 void BasePlugin::handleKey() {
-    if (const void* const record = dispatcher_.lastRecord())
+    if (const void* const record = Dispatcher::executing()->record)
         monitors_.pressed(Input(static_cast<core::VirtualKey>(InputMessage(record).code)));
 }
 
 void BasePlugin::handleButton() {
-    if (const void* const record = dispatcher_.lastRecord())
+    if (const void* const record = Dispatcher::executing()->record)
         monitors_.pressed(Input(static_cast<core::MouseButton>(InputMessage(record).code)));
 }
+
+void BasePlugin::followMarks() { annotators_.follow(Dispatcher::executing()->toolMessage); }
 
 void BasePlugin::handleBrightness() { brightnessAdjusted.run(); }
 
@@ -176,22 +208,49 @@ void BasePlugin::removeTool(const BaseTool& tool) {
     std::erase_if(tools_, [&](const std::shared_ptr<BaseTool>& known) { return known.get() == &tool; });
 }
 
+/// A tool message on its way to its tool. A nested one gives the outer one its current tool back, and if it is to the
+/// same tool, where the cursor is.
+class BasePlugin::ToolScope {
+  public:
+    ToolScope(BasePlugin& owner, BaseTool& tool) : owner_(owner), tool_(tool) {
+        for (const Executing* at = Dispatcher::executing()->outer; at; at = at->outer) {
+            if (!at->toolMessage) continue;
+            outerTool_ = owner.currentTool_;
+            if (at->toolMessage->tool == tool.toolHandle()) outerCursor_ = tool.cursor();
+        }
+    }
+    ~ToolScope() {
+        if (outerTool_) owner_.currentTool_ = *outerTool_;
+        if (outerCursor_) tool_.setCursor(*outerCursor_);
+    }
+    ToolScope(const ToolScope&) = delete;
+    ToolScope& operator=(const ToolScope&) = delete;
+
+  private:
+    BasePlugin& owner_;
+    BaseTool& tool_;
+    std::optional<std::weak_ptr<BaseTool>> outerTool_;
+    std::optional<BaseTool::Cursor> outerCursor_;
+};
+
 void BasePlugin::handleToolMessage() {
-    if (!dispatcher_.lastRecord()) return;
-    const ToolMessage message = *dispatcher_.lastToolMessage();
-    const auto selector = std::find(std::begin(toolSelectors), std::end(toolSelectors), dispatcher_.lastSelector());
-    const auto event = static_cast<ToolEvent>(selector - std::begin(toolSelectors));
+    const Executing& here = *Dispatcher::executing();
+    if (!here.toolMessage) return;
+    const ToolMessage& message = *here.toolMessage;
+    const ToolEvent event = toolEvent(here.row->type);
     const auto known =
         std::find_if(tools_.begin(), tools_.end(), [&](const auto& t) { return t->toolHandle() == message.tool; });
     if (known == tools_.end()) return;
     // Held while it works: a callback may destroy its own tool.
     const std::shared_ptr<BaseTool> tool = *known;
+    const ToolScope scope(*this, *tool);
     if (makesCurrent(event)) currentTool_ = tool;
-    tool->setCursorLoc(message.cursor); // what comes before the event knows it too, as it knows the keys
+    // What comes before the event knows the location too, as it knows the keys.
+    tool->setCursor({.location = message.cursor, .held = false});
     around(event).before.run();
-    dispatcher_.setAnswer(tool->handle(event));
+    if (tool->toolHandle()) Dispatcher::setAnswer(tool->handle(event));
     around(event).after.run();
-    dispatcher_.setCursorLoc(tool->cursorLoc());
+    if (tool->cursor().held) ToolMessage::holdCursor(here.record, tool->cursorLoc());
 }
 
 bool BasePlugin::toolsSnapTo(core::ToolSnapping kind) const {

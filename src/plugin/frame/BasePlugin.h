@@ -24,9 +24,9 @@ struct SPPlugin;
 namespace kzo::plugin {
 
 /// Sets the way to the host for all calls that follow. A message that shows none leaves the one there is.
-void useHost(const void* record);
-/// Gives every suite back. No call reaches the host from here on, until it is to be used again.
-void leaveHost();
+void attachHost(const void* record);
+/// Gives every suite back. No call reaches the host from here on, until it is attached again.
+void releaseHost();
 
 /// The name that the host knows the plug-in of this message by; empty when it tells none.
 [[nodiscard]] std::string pluginName(const void* record);
@@ -46,12 +46,12 @@ class BasePlugin {
     [[nodiscard]] ThirdPartyPlugin listing() const { return ThirdPartyPlugin(plugin_); }
 
     // Life
-    /// Registers the framework's notifiers and messages. Answers 0, 1000 when the host refuses a notifier, 1001
-    /// when it has no undo suite.
+    /// Registers the framework's notifiers and messages. Returns 0, 1000 when the host refuses a notifier, 1001
+    /// when it has no undo suite; a failure is logged.
     std::int32_t startup();
     /// Registers the kind of custom art that belongs to the plug-in, once.
     void addPluginGroup();
-    /// Lets go of all that was registered and gives every suite back. Answers 0.
+    /// Lets go of all that was registered, callbacks too, and gives every suite back. Returns 0.
     std::int32_t shutdown();
 
     // Notifiers
@@ -91,7 +91,11 @@ class BasePlugin {
     static bool setUndoKind(core::UndoContext context);
 
   private:
-    [[nodiscard]] bool hear(const std::string& label, std::string_view type, const core::CallbackSlot& callback = {});
+    class ToolScope;
+
+    [[nodiscard]] bool subscribe(const std::string& label, std::string_view type,
+                                 const core::CallbackSlot& callback = {});
+    void followMarks();
     void handleBrightness();
     void handleKey();
     void handleButton();
@@ -105,7 +109,8 @@ class BasePlugin {
     SPPlugin* plugin_;
     std::string name_;
     AnnotatorRegistry annotators_;
-    Dispatcher dispatcher_{annotators_};
+    Dispatcher dispatcher_;
+    NotifierRegistry ownNotifiers_; ///< the framework's, of which a client knows nothing
     NotifierRegistry notifiers_;
     MenuRegistry menus_;
     TimerRegistry timers_;
@@ -118,5 +123,8 @@ class BasePlugin {
 
 /// The one plug-in, as long as it exists; null before start-up and after shut-down. Handles register with it.
 [[nodiscard]] BasePlugin* frame();
+
+/// Notes a line in the platform's log, under the plug-in's name if there is one.
+void log(std::string_view line);
 
 } // namespace kzo::plugin

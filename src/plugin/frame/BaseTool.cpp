@@ -30,11 +30,12 @@ std::unique_ptr<HitData> hitDataAt(const std::vector<ArtboardPoint>& locations, 
 BaseTool::BaseTool(SPPlugin* plugin, const std::string& pluginName, const Description& description)
     : lightIconID_(description.lightIconID), darkIconID_(description.darkIconID) {
     const std::string uniqueName = pluginName + " Tool " + description.title;
-    // Only -2 means a new group; other negative numbers are taken for it.
+    // Only -2 means a new group or set; other negative numbers are taken for it.
+    const auto joined = [](std::int16_t number) { return number < 0 ? noNumber : number; };
     const AIAddToolData data{.title = description.title.c_str(),
                              .tooltip = description.tip.c_str(),
-                             .groupNumber = description.group < 0 ? noNumber : description.group,
-                             .toolsetNumber = description.toolset,
+                             .groupNumber = joined(description.group),
+                             .toolsetNumber = joined(description.toolset),
                              .lightIconID = description.lightIconID,
                              .darkIconID = description.darkIconID};
     handle_ = host::ask<&AIToolSuite::AddTool>(AIToolHandle{}, plugin, uniqueName.c_str(), &data,
@@ -101,7 +102,7 @@ std::int32_t BaseTool::trackCursor() {
 
 std::int32_t BaseTool::mouseDown() {
     wasDragged_ = false;
-    mouseDownLocs_.push_back(cursorLoc_);
+    mouseDownLocs_.push_back(cursor_.location);
     return trackCursor();
 }
 
@@ -111,7 +112,7 @@ std::int32_t BaseTool::mouseDrag() {
 }
 
 std::int32_t BaseTool::mouseUp() {
-    mouseUpLocs_.push_back(cursorLoc_);
+    mouseUpLocs_.push_back(cursor_.location);
     return trackCursor();
 }
 
@@ -133,7 +134,7 @@ std::unique_ptr<HitData> BaseTool::mouseUpHitData(std::size_t index, core::HitRe
 }
 
 std::unique_ptr<HitData> BaseTool::cursorHitData(core::HitRequest request, double tolerance) const {
-    return std::make_unique<HitData>(nullptr, cursorLoc_, request, tolerance, true);
+    return std::make_unique<HitData>(nullptr, cursor_.location, request, tolerance, true);
 }
 
 // The host's own tools

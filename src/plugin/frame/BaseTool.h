@@ -72,13 +72,20 @@ class BaseTool {
     void destroy(); ///< takes the tool out of the toolbox; no handle is left
 
     // Events
-    /// Does the framework's share, at the cursor's location, and runs the client's callback whatever came of it.
-    /// Answers what the host shall be told: 0, or the layer check's 1000 or 1001.
+    /// Checks the current layer, records the gesture, then always runs the client's callback. Returns 0, 1000 (layer
+    /// not editable) or 1001 (not visible).
     std::int32_t handle(ToolEvent event);
 
     // The gesture
-    [[nodiscard]] const ArtboardPoint& cursorLoc() const { return cursorLoc_; }
-    void setCursorLoc(const ArtboardPoint& location) { cursorLoc_ = location; }
+    struct Cursor {
+        ArtboardPoint location;
+        bool held = false; ///< the client put it there
+    };
+    [[nodiscard]] const Cursor& cursor() const { return cursor_; }
+    void setCursor(const Cursor& cursor) { cursor_ = cursor; } ///< as a message says, or said before
+    [[nodiscard]] const ArtboardPoint& cursorLoc() const { return cursor_.location; }
+    /// Holds the cursor there; the host hears of it when the message has been handled.
+    void setCursorLoc(const ArtboardPoint& location) { cursor_ = {.location = location, .held = true}; }
     [[nodiscard]] const std::vector<ArtboardPoint>& mouseDownLocs() const { return mouseDownLocs_; }
     [[nodiscard]] const std::vector<ArtboardPoint>& mouseUpLocs() const { return mouseUpLocs_; }
     void resetCursorLocs(); ///< empties both lists, and nothing was dragged
@@ -101,7 +108,7 @@ class BaseTool {
     std::int32_t mouseDrag();
     std::int32_t mouseUp();
 
-    ArtboardPoint cursorLoc_;
+    Cursor cursor_;
     std::vector<ArtboardPoint> mouseDownLocs_;
     std::vector<ArtboardPoint> mouseUpLocs_;
     bool wasDragged_ = false;

@@ -27,16 +27,16 @@ CursorImage Cursor::imageAt(int scale) const {
 }
 
 void Cursor::enable() const {
-    Platform& shower = platform();
-    if (hostNumber_ != 0) return shower.showCursor(hostNumber_);
-    const double display = shower.displayScale().value_or(1.0);
+    Cursors& cursors = platform().cursors();
+    if (hostNumber_ != 0) return cursors.show(hostNumber_);
+    const double display = cursors.displayScale().value_or(1.0);
     int scale = 1;
     if (display > moreThanDouble && images_.tripled != 0)
         scale = 3;
     else if (display > moreThanNormal && images_.doubled != 0)
         scale = 2;
     const CursorImage image = imageAt(scale);
-    if (image.resource != 0) shower.showCursor(image);
+    if (image.resource != 0) cursors.show(image);
 }
 
 bool Cursor::has(const CursorImage& image) const {
@@ -52,7 +52,7 @@ unsigned numberFor(const Cursor& cursor) {
 }
 
 unsigned shownCursorNumber() {
-    const ShownCursor shown = platform().shownCursor();
+    const ShownCursor shown = platform().cursors().shown();
     if (shown.number != 0) return shown.number < firstImageCursor ? shown.number : 0;
     return findLiving([&](const Cursor& cursor) { return cursor.has(shown.image); });
 }

@@ -1,71 +1,83 @@
-// Where messages meet what is registered for them. Holds the registrations and the message being handled; what a
-// message means is the business of whoever registered.
+// Callbacks by caller and selector, and the stack of messages being handled.
 #pragma once
 
 #include <cstdint>
 #include <map>
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/values/Callback.h"
-#include "plugin/frame/Annotator.h"
+#include "core/values/MessageType.h"
 #include "plugin/frame/Messages.h"
+
+namespace kzo::core {
+class Message;
+}
 
 namespace kzo::plugin {
 
+/// A message being handled. What it says is copied on arrival, since a host may use its texts and its record again
+/// while nested messages are handled.
+struct Executing {
+    const core::MessageRow* row; ///< null for a pair that the table lacks
+    std::string_view caller;
+    std::string_view selector;
+    void* record;                   ///< the host's own
+    const core::Message* typed;     ///< the facade's object for it, or null
+    const ToolMessage* toolMessage; ///< null unless it is one of a tool's
+    std::int32_t answer;
+    Executing* outer;
+};
+
+/// Messages nest: what is known of the outer one is there again when the inner one returns, also by an exception.
 class Dispatcher {
   public:
-    static constexpr std::int32_t handled = 0;
-    static constexpr std::int32_t notHandled = 1;
+    static constexpr std::int32_t kHandled = 0;
+    static constexpr std::int32_t kNotHandled = 1;
 
-    explicit Dispatcher(AnnotatorRegistry& annotators) : annotators_(annotators) {}
+    Dispatcher();
 
-    /// Has annotations drawn anew where the view or the tool's cursor has moved since the last message, then runs the
-    /// callback that is there for caller and selector. Answers `notHandled` when there is none, else what
-    /// the callback left with `setAnswer`, `handled` by default. Messages nest: what the queries below say of the outer
-    /// one is there again when the inner one returns, also by an exception.
-    std::int32_t message(std::string_view caller, std::string_view selector, void* record);
+    // Dispatch
+    /// Runs the callback that is there for the message. Returns `kNotHandled` when there is none, else what the
+    /// callback left with `setAnswer`, `kHandled` by default.
+    std::int32_t message(const core::MessageRow& row, void* record, const core::Message* typed);
+    std::int32_t message(std::string_view caller, std::string_view selector, void* record); ///< not in the table
+    /// Runs before each message's callback, whether or not there is one.
+    void setBeforeEach(const core::Callback& callback) { beforeEach_.set(callback); }
 
-    /// Takes messages for good, whatever a client registers: those of a caller, with no selector all of them.
-    void take(std::string_view caller, std::string_view selector, const core::Callback& callback);
+    // Registration
+    /// The framework's own callback. A client's takes its place until that is unregistered.
+    void handle(std::string_view caller, std::string_view selector, const core::Callback& callback);
+    /// A callback of the framework's that no client's replaces, for messages of a caller, without a selector for all.
+    void reserve(std::string_view caller, std::string_view selector, const core::Callback& callback);
     void registerMessageCallback(std::string_view caller, std::string_view selector, const core::Callback& callback);
     void unregisterMessageCallback(std::string_view caller, std::string_view selector);
+    void clear(); ///< forgets all callbacks
 
     // The message being handled
-    [[nodiscard]] std::string_view lastCaller() const { return executing_ ? executing_->caller : std::string_view(); }
-    [[nodiscard]] std::string_view lastSelector() const {
-        return executing_ ? executing_->selector : std::string_view();
-    }
-    /// The host's record of the message, null outside of any.
-    [[nodiscard]] void* lastRecord() const { return executing_ ? executing_->record : nullptr; }
-    /// The innermost tool message that is being handled, or null.
-    [[nodiscard]] const ToolMessage* lastToolMessage() const { return executing_ ? executing_->toolMessage : nullptr; }
-
-    // Results of the message being handled; they are the host's once its callback has returned
-    void setAnswer(std::int32_t answer);
-    void setCursorLoc(const ArtboardPoint& location); ///< where the tool holds the cursor; of tool messages only
+    /// The innermost one; null outside of any. Of the process, since a message may outlive the dispatcher, when it
+    /// leads to shut-down.
+    [[nodiscard]] static const Executing* executing() { return executing_; }
+    /// The innermost one of a tool, or null.
+    [[nodiscard]] static const Executing* executingTool();
+    static void setAnswer(std::int32_t answer);
 
   private:
-    struct Executing {
-        std::string_view caller;
-        std::string_view selector;
-        void* record;
-        ToolMessage* toolMessage;
-        std::int32_t answer;
-    };
-    class Scope;
+    struct Callbacks {
+        core::CallbackSlot reserved;
+        core::CallbackSlot client;
+        core::CallbackSlot own;
 
-    struct Taken {
+        [[nodiscard]] const core::CallbackSlot& first() const {
+            return reserved.get() ? reserved : client.get() ? client : own;
+        }
+    };
+    struct ReservedCaller {
         std::string_view caller;
-        std::string_view selector;
         core::CallbackSlot callback;
     };
-
-    /// What runs for a message; empty for nothing.
-    [[nodiscard]] core::CallbackSlot callbackOf(std::string_view caller, std::string_view selector) const;
-
     /// Compares pairs of texts without copying the texts that are looked for.
     struct ByTexts {
         using is_transparent = void;
@@ -75,10 +87,17 @@ class Dispatcher {
         }
     };
 
-    std::vector<Taken> taken_;
-    AnnotatorRegistry& annotators_;
-    std::map<std::pair<std::string, std::string>, core::CallbackSlot, ByTexts> callbacks_;
-    Executing* executing_ = nullptr;
+    [[nodiscard]] Callbacks& callbacksFor(std::string_view caller, std::string_view selector);
+    /// Of a message that the table lacks.
+    [[nodiscard]] core::CallbackSlot callbackFor(std::string_view caller, std::string_view selector) const;
+    template <class Find> std::int32_t run(Executing here, Find find);
+
+    std::vector<Callbacks> byRow_; ///< in the order of the table
+    std::map<std::pair<std::string, std::string>, Callbacks, ByTexts> others_;
+    std::vector<ReservedCaller> reservedCallers_;
+    core::CallbackSlot beforeEach_;
+
+    static inline Executing* executing_ = nullptr;
 };
 
 } // namespace kzo::plugin

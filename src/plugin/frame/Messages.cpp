@@ -9,6 +9,7 @@
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/StageSuite.h"
+#include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
 
@@ -44,8 +45,11 @@ InputMessage::InputMessage(const void* record) : code(static_cast<const StageInp
 ToolMessage::ToolMessage(const void* record)
     : tool(static_cast<const AIToolMessage*>(record)->tool),
       cursor(static_cast<const AIToolMessage*>(record)->cursor),
-      modifiers(core::ModifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)) {}
+      modifiers(modifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)),
+      takenBack((static_cast<const AIToolMessage*>(record)->flags & kAIGestureTakenBack) != 0) {}
 
-void ToolMessage::copyBack(void* record) const { static_cast<AIToolMessage*>(record)->cursor = cursor.toAIRealPoint(); }
+void ToolMessage::holdCursor(void* record, const ArtboardPoint& at) {
+    static_cast<AIToolMessage*>(record)->cursor = at.toAIRealPoint();
+}
 
 } // namespace kzo::plugin

@@ -74,35 +74,35 @@ struct InputMessage {
 struct ToolMessage {
     explicit ToolMessage(const void* record);
 
-    /// Gives the host what a tool may change: where it holds the cursor.
-    void copyBack(void* record) const;
+    /// Tells the host where the tool holds the cursor, in its record.
+    static void holdCursor(void* record, const ArtboardPoint& at);
 
     AITool* tool;
     ArtboardPoint cursor;
     core::ModifierKeys modifiers;
+    bool takenBack; ///< the gesture is, instead of ended
 };
 
 /// Callers, selectors and notifier types that the framework itself acts on.
 namespace message {
-inline constexpr std::string_view access = "SP Access";
-inline constexpr std::string_view interface = "SP Interface";
-inline constexpr std::string_view startup = "Startup";
-inline constexpr std::string_view shutdown = "Shutdown";
-inline constexpr std::string_view about = "About";
-inline constexpr std::string_view notifier = "AI Notifier";
-inline constexpr std::string_view notify = "AI Notify";
-inline constexpr std::string_view menu = "AI Menu";
-inline constexpr std::string_view timer = "AI Timer";
-inline constexpr std::string_view annotation = "AI Annotation";
-inline constexpr std::string_view go = "AI Go";
-inline constexpr std::string_view update = "AI Update";
-inline constexpr std::string_view tool = "AI Tool";
-inline constexpr std::string_view stage = "Stage";
-inline constexpr std::string_view keyPressed = "Key Pressed";
-inline constexpr std::string_view mousePressed = "Mouse Pressed";
-inline constexpr std::string_view applicationStarted = "AI Application Started Notifier";
-inline constexpr std::string_view applicationShutdown = "AI Application Shutdown Notifier";
-inline constexpr std::string_view brightnessChanged = "AI UI Brightness Changed Notifier";
+inline constexpr std::string_view kAccess = "SP Access";
+inline constexpr std::string_view kInterface = "SP Interface";
+inline constexpr std::string_view kStartup = "Startup";
+inline constexpr std::string_view kShutdown = "Shutdown";
+inline constexpr std::string_view kAbout = "About";
+inline constexpr std::string_view kNotifier = "AI Notifier";
+inline constexpr std::string_view kMenu = "AI Menu";
+inline constexpr std::string_view kTimer = "AI Timer";
+inline constexpr std::string_view kAnnotation = "AI Annotation";
+inline constexpr std::string_view kGo = "AI Go";
+inline constexpr std::string_view kUpdate = "AI Update";
+inline constexpr std::string_view kTool = "AI Tool";
+inline constexpr std::string_view kStage = "Stage";
+inline constexpr std::string_view kKeyPressed = "Key Pressed";
+inline constexpr std::string_view kMousePressed = "Mouse Pressed";
+inline constexpr std::string_view kApplicationStarted = "AI Application Started Notifier";
+inline constexpr std::string_view kApplicationShutdown = "AI Application Shutdown Notifier";
+inline constexpr std::string_view kBrightnessChanged = "AI UI Brightness Changed Notifier";
 } // namespace message
 
 } // namespace kzo::plugin

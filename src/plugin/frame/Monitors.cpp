@@ -6,7 +6,7 @@
 namespace kzo::plugin {
 
 std::uint32_t Monitors::add(const Input& input, const core::CallbackSlot& callback) {
-    if (monitors_.empty() && !platform().monitorInput(plugin_, true)) return 0;
+    if (monitors_.empty() && !platform().keys().monitorInput(plugin_, true)) return 0;
     monitors_.emplace(++lastId_, Monitor{input, callback});
     return lastId_;
 }
@@ -20,13 +20,13 @@ void Monitors::remove(Input::Kind kind, std::uint32_t id) {
     const auto at = monitors_.find(id);
     if (at == monitors_.end() || at->second.input.kind != kind) return;
     monitors_.erase(at);
-    if (monitors_.empty()) platform().monitorInput(plugin_, false);
+    if (monitors_.empty()) platform().keys().monitorInput(plugin_, false);
 }
 
 void Monitors::clear() {
     if (monitors_.empty()) return;
     monitors_.clear();
-    platform().monitorInput(plugin_, false);
+    platform().keys().monitorInput(plugin_, false);
 }
 
 void Monitors::pressed(const Input& input) const {

@@ -1,5 +1,4 @@
-// Callbacks for keys and mouse buttons, wherever in the application they are pressed. What is pressed, the platform
-// tells.
+// Callbacks for key and mouse presses anywhere in the application, as the platform reports them.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// The one seam to everything that is not the host: keys, cursors, the mouse, the system log.
+// What the plug-in needs that is not the host's document: the log, keys, cursors and the mouse, as small services. A
+// platform provides all of them; which one does is decided when the plug-in starts.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +12,26 @@
 struct SPPlugin;
 
 namespace kzo::plugin {
+
+/// Lines for whoever looks into what went wrong.
+class Log {
+  public:
+    /// `plugin` and its `name` say whose line it is; the name may be empty before it is known.
+    virtual void write(SPPlugin* plugin, std::string_view name, std::string_view line) = 0;
+
+  protected:
+    ~Log() = default;
+};
+
+class Keys {
+  public:
+    [[nodiscard]] virtual core::ModifierKeys held() const = 0; ///< the modifier keys held now
+    /// Whether presses of keys and mouse buttons are told to the plug-in (see Monitors). False when they cannot be.
+    virtual bool monitorInput(SPPlugin* plugin, bool monitor) = 0;
+
+  protected:
+    ~Keys() = default;
+};
 
 /// An image among a plug-in's resources, as a cursor.
 struct CursorImage {
@@ -28,31 +49,68 @@ struct ShownCursor {
     CursorImage image;
 };
 
-/// Places on the screen are in screen units, x right, y down.
-class Platform {
+class Cursors {
   public:
-    virtual ~Platform() = default;
-
-    [[nodiscard]] virtual core::ModifierKeys modifierKeys() const = 0; ///< held now
-    /// Whether keys and mouse buttons are told to the plug-in (see Monitors). False when the platform cannot.
-    virtual bool monitorInput(SPPlugin* plugin, bool monitor) = 0;
-    virtual void log(std::string_view line) = 0;
-
-    // Cursors
-    virtual void showCursor(unsigned number) = 0; ///< one of the host's
-    virtual void showCursor(const CursorImage& image) = 0;
-    [[nodiscard]] virtual ShownCursor shownCursor() const = 0;
+    virtual void show(unsigned number) = 0; ///< one of the host's
+    virtual void show(const CursorImage& image) = 0;
+    [[nodiscard]] virtual ShownCursor shown() const = 0;
     /// Pixels for a screen unit where the document is shown; nothing when there is no document frame to measure.
     [[nodiscard]] virtual std::optional<double> displayScale() const = 0;
 
-    // The mouse
-    [[nodiscard]] virtual geo::Point pointerLocation() const = 0; ///< the origin where nobody knows
-    /// Does as if the user did it, after the message being handled.
-    virtual void pressMouse(const geo::Point& at) = 0;
-    virtual void releaseMouse(const geo::Point& at) = 0;
+  protected:
+    ~Cursors() = default;
 };
 
-/// The platform that the plug-in runs on.
+/// Places are in screen units, x right, y down.
+class Mouse {
+  public:
+    [[nodiscard]] virtual geo::Point location() const = 0; ///< the origin where nobody knows
+    /// Does as if the user did it, after the message being handled.
+    virtual void press(const geo::Point& at) = 0;
+    virtual void release(const geo::Point& at) = 0;
+
+  protected:
+    ~Mouse() = default;
+};
+
+/// The services, and whether they can be had here. One object of each class lives as long as the process; it lists
+/// itself, so that what is compiled in can be chosen.
+class Platform {
+  public:
+    /// Where several are usable, the one of the lowest rank is chosen.
+    explicit Platform(int rank);
+    Platform(const Platform&) = delete;
+    Platform& operator=(const Platform&) = delete;
+
+    [[nodiscard]] virtual bool usable() const = 0;
+    [[nodiscard]] virtual Log& log() = 0;
+    [[nodiscard]] virtual Keys& keys() = 0;
+    [[nodiscard]] virtual Cursors& cursors() = 0;
+    [[nodiscard]] virtual Mouse& mouse() = 0;
+
+  protected:
+    ~Platform(); ///< takes itself off the list
+
+  private:
+    friend void choosePlatform();
+    friend Platform& platform();
+
+    int rank_;
+    Platform* next_;
+    static Platform* first_;
+    static Platform* chosen_;
+};
+
+/// Chooses among the platforms compiled in. Where none is usable, that of the lowest rank does what it can.
+void choosePlatform();
+/// The platform that was chosen last.
 [[nodiscard]] Platform& platform();
+
+/// Of a bit set that came from outside; bits that are no key are dropped.
+[[nodiscard]] constexpr core::ModifierKeys modifierKeys(std::uint32_t keys) {
+    using core::ModifierKeys;
+    return ModifierKeys(keys) &
+           (ModifierKeys::Shift | ModifierKeys::Option | ModifierKeys::Control | ModifierKeys::Command);
+}
 
 } // namespace kzo::plugin

@@ -2,8 +2,10 @@
 #include <gmock/gmock.h>
 
 #include "core/app/Plugin.h"
+#include "core/frame/Dispatcher.h"
 #include "hostapi/AINotifierSuite.h"
 #include "maker/Globals.h"
+#include "places/Places.h"
 #include "plugin/host/HostMonitor.h"
 #include "support/Desk.h"
 #include "support/Receiver.h"
@@ -17,6 +19,8 @@ using desk::Desk;
 using desk::Receiver;
 using easel::session::Session;
 using kzo::core::Plugin;
+
+constexpr std::int32_t kSetupFailed = 0x53554645; // "SUFE"
 
 TEST(Entry, AnswersNothingWithoutTextsRecordOrStart) {
     SPMessageData record{};
@@ -83,8 +87,9 @@ TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
     easel::session::Plugin& plugin = session.attach("", PluginMain);
     testing::internal::CaptureStderr();
     const auto lines = session.start();
-    EXPECT_EQ(testing::internal::GetCapturedStderr(),
-              "ERROR: Could not acquire plugin name during startup, which is required! Bailing out.\n");
+    EXPECT_THAT(
+        testing::internal::GetCapturedStderr(),
+        testing::HasSubstr("ERROR: Could not acquire plugin name during startup, which is required! Bailing out.\n"));
     EXPECT_THAT(lines, testing::ElementsAre(": the plug-in declined to start: error \"SUFE\""));
     EXPECT_TRUE(plugin.broken);
     SPMessageData record{};
@@ -96,35 +101,79 @@ TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
 TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
     Desk desk;
     bool stillThere = false;
+    std::int32_t startAgain = 0;
     Receiver ender{[&] {
         Session& session = desk.session();
         SPMessageData record{};
         session.messenger.send(*session.plugins.all().front(), "SP Interface", "Shutdown", record);
         stillThere = Plugin::instance() && Plugin::instance()->hasShutdown();
+        startAgain = session.messenger.send(*session.plugins.all().front(), "SP Interface", "Startup", record);
         session.messenger.send(*session.plugins.all().front(), "Nobody", "Knows", record);
     }};
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
     desk.selectTool();
-    tool.setMouseDownCallback(ender.callback());
+    Plugin::instance()->setToolPreMouseDownCallback(ender.callback());
+    Receiver later;
+    tool.setMouseDownCallback(later.callback());
+    Plugin::instance()->setToolPostMouseDownCallback(later.callback());
     desk.session().pointer.press({100, 100}, 0);
     EXPECT_TRUE(stillThere);
+    EXPECT_EQ(startAgain, kSetupFailed);
+    EXPECT_EQ(later.runs, 0); // nothing of the client's runs after its shut-down
     EXPECT_EQ(Plugin::instance(), nullptr);
     EXPECT_TRUE(tool.isEmpty());
     desk.session().pointer.release({100, 100}, 0);
     EXPECT_TRUE(desk.paths().empty());
 }
 
-TEST(Entry, StopsExceptionsOfCallbacks) {
+// An exception of the client's was swallowed without a word.
+TEST(Entry, StopsExceptionsOfCallbacksAndSaysWhoseTheyAre) {
     Desk desk;
-    Receiver thrower{[] { throw std::runtime_error("callback"); }};
+    desk.expectReports();
+    Receiver thrower{[] { throw std::runtime_error("no reason"); }};
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
     desk.selectTool();
     tool.setDragCallback(thrower.callback());
     desk.stroke({{100, 100}, {200, 100}});
     EXPECT_EQ(desk.paths().size(), 1u); // the release did its own
+    Plugin::instance()->dispatcher()->registerMessageCallback("Some", "Message", kzo::core::callback([] { throw 1; }));
+    SPMessageData record{};
+    EXPECT_EQ(desk.session().messenger.send(desk.product(), "Some", "Message", record), 0);
     Plugin::instance()->setShutdownCallback(thrower.callback());
     desk.session().quit();
     EXPECT_EQ(Plugin::instance(), nullptr);
+    const std::string from = "plug-in: Ortholine: exception in a callback ";
+    EXPECT_THAT(desk.session().reports(), testing::ElementsAre(from + "(AI Tool/AI Mouse Drag): no reason",
+                                                               from + "(Some/Message): no std::exception",
+                                                               from + "(SP Interface/Shutdown): no reason"));
+}
+
+// A declined start left what had been made by then, and a message during the destruction deleted the plug-in twice.
+TEST(Entry, LeavesNothingOfAStartThatFails) {
+    const struct {
+        const char* name;
+        std::vector<std::string> reports;
+    } cases[] = {
+        {"Declining", {}},
+        {"Throwing",
+         {"plug-in: Throwing: exception in pluginSetup (SP Interface/Startup): set-up failed",
+          "plug-in: Throwing: exception in pluginDestroy (SP Interface/Startup): destruction failed"}},
+        {"Starting", {"plug-in: Starting: a start in set-up: " + std::to_string(kSetupFailed)}},
+        {"Ending", {}},
+    };
+    for (const auto& each : cases) {
+        Session session;
+        session.load(std::string(TEST_BUILD_DIR) + "/Failing.aip").name = each.name;
+        testing::internal::CaptureStderr();
+        EXPECT_THAT(session.start(), testing::ElementsAre(testing::HasSubstr("declined to start: error \"SUFE\"")));
+        const std::string said = testing::internal::GetCapturedStderr();
+        EXPECT_THAT(said, testing::HasSubstr("destroyed 1, left 0, start " + std::to_string(kSetupFailed) + "\n"));
+        EXPECT_THAT(said, testing::Not(testing::HasSubstr("destroyed 2")));
+        EXPECT_THAT(said, testing::Not(testing::HasSubstr("ran"))) << each.name;
+        session.newDocument(100, 100);
+        session.quit(); // reports suites that were not released
+        EXPECT_THAT(session.reports(), testing::ElementsAreArray(each.reports));
+    }
 }
 
 TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
@@ -134,6 +183,7 @@ TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
     EXPECT_THAT(session.start(), testing::IsEmpty());
     EXPECT_NE(session.toolbox.findByTitle("Isometric Line Tool"), nullptr);
     EXPECT_EQ(session.tables.undo.acquired, 1);
+    EXPECT_THAT(session.reports(), testing::ElementsAre("plug-in: Ortholine: start-up: the host refused a notifier"));
 }
 
 TEST(Entry, AnswersGarbageWithNothing) {

@@ -193,25 +193,9 @@ TEST(PluginInterface, HearsOfBrightnessAndAbout) {
     SPMessageData record{};
     EXPECT_EQ(desk.session().messenger.send(desk.product(), "SP Interface", "About", record), 0);
     EXPECT_EQ(about.runs, 1);
-    about.work = [] { throw 1; };
-    EXPECT_EQ(desk.session().messenger.send(desk.product(), "SP Interface", "About", record), 0);
     EXPECT_EQ(desk.session().messenger.send(desk.product(), "SP Interface", "Anything", record), 0);
     desk.session().reload(desk.product());
     EXPECT_FALSE(ortho::Plugin::instance()->lineTool().isEmpty()); // it stays as it is
-}
-
-TEST(ToolMessages, GiveTheHostWhereTheToolHoldsTheCursor) {
-    Desk desk;
-    desk.selectTool();
-    kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
-    Receiver receiver;
-    receiver.work = [&] { tool.setCursorLoc(kzo::core::ArtboardPoint(12, 34)); };
-    tool.setTrackCallback(receiver.callback());
-    desk.session().pointer.move({10, 30}, 0);
-    EXPECT_EQ(desk.session().pointer.location(), (Point{12, 34}));
-    receiver.work = [&] { tool.setCursorLoc(kzo::core::ArtboardPoint(NAN, 0)); };
-    desk.session().pointer.move({10, 30}, 0);
-    EXPECT_EQ(desk.session().pointer.location(), (Point{10, 30}));
 }
 
 } // namespace

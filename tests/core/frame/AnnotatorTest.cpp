@@ -45,7 +45,11 @@ TEST_F(Annotators, TellTheHostAndRunWhileTheyAreRegistered) {
             EXPECT_EQ(dispatcher.message(MessageType::AnnotationDraw, &record), registered ? 0 : 1);
             EXPECT_EQ(receiver.runs, registered ? 1 : 0);
         }
+        host().invalid = {};
+        live.invalidate();
+        EXPECT_TRUE(host().invalid.all);
         copy.destroy();
+        live.invalidate();
         EXPECT_TRUE(live.isEmpty());
         EXPECT_THAT(desk.session().annotations.all(), testing::IsEmpty());
     });

@@ -1,6 +1,7 @@
-// The platform as a host plays it that runs without a display: everything through its stage suite, the log to standard
-// error. Where the host has no such suite, no key is held and cursors stay as they are.
+// The platform as a host plays it that runs without a display: everything through its stage suite. Where the host has
+// no such suite, lines go to standard error, no key is held and cursors stay as they are.
 #include <cstdio>
+#include <string>
 
 #include "hostapi/StageSuite.h"
 #include "plugin/host/HostCall.h"
@@ -12,30 +13,37 @@ namespace {
 
 AIRealPoint toHost(const geo::Point& point) { return {point.x, point.y}; }
 
-class StagePlatform : public Platform {
+class StageLog final : public Log {
   public:
-    [[nodiscard]] core::ModifierKeys modifierKeys() const override {
-        return core::ModifierKeys(host::ask<&StageSuite::GetModifiers>(std::uint32_t{0}));
+    void write(SPPlugin* plugin, std::string_view name, std::string_view line) override {
+        const std::string text(line);
+        if (host::call<&StageSuite::Log>(plugin, text.c_str())) return;
+        const std::string prefix = name.empty() ? "" : std::string(name) + ": ";
+        std::fprintf(stderr, "%s%s\n", prefix.c_str(), text.c_str());
+    }
+};
+
+class StageKeys final : public Keys {
+  public:
+    [[nodiscard]] core::ModifierKeys held() const override {
+        return modifierKeys(host::ask<&StageSuite::GetModifiers>(std::uint32_t{0}));
     }
 
     bool monitorInput(SPPlugin* plugin, bool monitor) override {
         return host::call<&StageSuite::MonitorInput>(plugin, AIBoolean{monitor});
     }
+};
 
-    void log(std::string_view line) override {
-        std::fprintf(stderr, "%.*s\n", static_cast<int>(line.size()), line.data());
-    }
+class StageCursors final : public Cursors {
+  public:
+    void show(unsigned number) override { host::call<&StageSuite::SetCursor>(static_cast<std::int32_t>(number)); }
 
-    // Cursors
-
-    void showCursor(unsigned number) override { host::call<&StageSuite::SetCursor>(static_cast<std::int32_t>(number)); }
-
-    void showCursor(const CursorImage& image) override {
+    void show(const CursorImage& image) override {
         const AIRealPoint hotSpot = toHost(image.hotSpot);
         host::call<&StageSuite::SetCursorImage>(image.plugin, image.resource, &hotSpot, AIReal(image.scale));
     }
 
-    [[nodiscard]] ShownCursor shownCursor() const override {
+    [[nodiscard]] ShownCursor shown() const override {
         const auto shown = host::ask<&StageSuite::GetCursor>(StageCursor{});
         return {.number = static_cast<unsigned>(shown.number),
                 .image = {.plugin = shown.plugin,
@@ -48,16 +56,17 @@ class StagePlatform : public Platform {
         AIReal scale = 0;
         return host::call<&StageSuite::GetDisplayScale>(&scale) ? std::optional(scale) : std::nullopt;
     }
+};
 
-    // The mouse
-
-    [[nodiscard]] geo::Point pointerLocation() const override {
+class StageMouse final : public Mouse {
+  public:
+    [[nodiscard]] geo::Point location() const override {
         const auto location = host::ask<&StageSuite::GetPointerLocation>(AIRealPoint{});
         return {location.h, location.v};
     }
 
-    void pressMouse(const geo::Point& at) override { post(kStageMouseDown, at); }
-    void releaseMouse(const geo::Point& at) override { post(kStageMouseUp, at); }
+    void press(const geo::Point& at) override { post(kStageMouseDown, at); }
+    void release(const geo::Point& at) override { post(kStageMouseUp, at); }
 
   private:
     static void post(std::int32_t event, const geo::Point& at) {
@@ -66,11 +75,25 @@ class StagePlatform : public Platform {
     }
 };
 
-} // namespace
+class StagePlatform final : public Platform {
+  public:
+    StagePlatform() : Platform(0) {}
 
-Platform& platform() {
-    static StagePlatform stage;
-    return stage;
-}
+    [[nodiscard]] bool usable() const override { return host::acquire<StageSuite>() != nullptr; }
+    [[nodiscard]] Log& log() override { return log_; }
+    [[nodiscard]] Keys& keys() override { return keys_; }
+    [[nodiscard]] Cursors& cursors() override { return cursors_; }
+    [[nodiscard]] Mouse& mouse() override { return mouse_; }
+
+  private:
+    StageLog log_;
+    StageKeys keys_;
+    StageCursors cursors_;
+    StageMouse mouse_;
+};
+
+StagePlatform stage;
+
+} // namespace
 
 } // namespace kzo::plugin

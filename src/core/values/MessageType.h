@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace kzo::core {
@@ -183,6 +184,8 @@ struct MessageRow {
     std::string_view caller;
     std::string_view selector;
 };
+
+[[nodiscard]] std::span<const MessageRow> messageRows();
 
 /// The row of a kind, or of a pair of texts; null when the table has none.
 [[nodiscard]] const MessageRow* messageRow(MessageType type);

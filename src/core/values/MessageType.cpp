@@ -1,5 +1,5 @@
 // The table of messages. It is written once, here; its look-ups are built on first use.
-#include "core/frame/MessageType.h"
+#include "core/values/MessageType.h"
 
 #include <array>
 #include <unordered_map>
@@ -10,7 +10,7 @@ namespace {
 
 using enum MessageType;
 
-constexpr std::array table{
+constexpr std::array kTable{
     MessageRow{ActionDo, MessageFamily::Action, "Action Manager", "Do Action"},
     MessageRow{AnnotationDraw, MessageFamily::Annotator, "AI Annotation", "AI Draw"},
     MessageRow{AnnotationInvalidate, MessageFamily::Annotator, "AI Annotation", "AI Invalidate"},
@@ -140,7 +140,7 @@ template <class Key, class... Hash> using Index = std::unordered_map<Key, const 
 
 template <class Lookup, class KeyOf> Lookup built(KeyOf keyOf) {
     Lookup lookup;
-    for (const MessageRow& row : table) lookup.emplace(keyOf(row), &row);
+    for (const MessageRow& row : kTable) lookup.emplace(keyOf(row), &row);
     return lookup;
 }
 
@@ -150,6 +150,8 @@ template <class Lookup, class Key> const MessageRow* found(const Lookup& lookup,
 }
 
 } // namespace
+
+std::span<const MessageRow> messageRows() { return kTable; }
 
 const MessageRow* messageRow(MessageType type) {
     static const auto byType = built<Index<MessageType>>([](const MessageRow& row) { return row.type; });
