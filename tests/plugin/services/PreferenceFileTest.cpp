@@ -13,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include "places/Places.h"
 #include "support/Folder.h"
 #include "json/Text.h"
 
@@ -125,7 +126,7 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
     const std::string large = preferences(40, 2);
     const std::string trace = folder.path("trace");
     const auto rewrite = [&](const std::string& options) {
-        const std::string command = "strace -qq -o " + trace + " " + options + " '" REWRITE_BINARY "' " +
+        const std::string command = "strace -qq -o " + trace + " " + options + " '" TEST_BUILD_DIR "/tests/rewrite' " +
                                     folder.path("Preferences") + " " + folder.path("new") + " >/dev/null 2>&1";
         return std::system(command.c_str());
     };
