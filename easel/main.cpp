@@ -76,18 +76,10 @@ std::unique_ptr<easel::model::Document> openDrawing(const Command& command) {
                             [](const std::string& line) { std::cerr << "easel: user data: " << line << '\n'; });
 }
 
-bool endsIn(const std::string& text, std::string_view end) {
-    return text.size() > end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 ExitCode render(const Command& command) {
     const auto document = openDrawing(command);
-    const std::string svg = easel::svg::write(*document);
-    if (endsIn(command.picture, ".pdf")) {
-        easel::svg::exportPdf(svg, command.picture, command.scale);
-    } else {
-        easel::svg::exportPng(svg, command.picture, command.scale);
-    }
+    const easel::svg::PictureOptions options{.scale = command.scale};
+    easel::svg::exportPicture(*document, *easel::svg::formatOf(command.picture), options, command.picture);
     return Done;
 }
 
@@ -98,7 +90,7 @@ ExitCode info(const Command& command) {
 }
 
 std::string pictureName(const std::string& name) {
-    return endsIn(name, ".png") || endsIn(name, ".pdf") ? "" : "the name of a picture ends in .png or .pdf";
+    return easel::svg::formatOf(name) ? "" : "the name of a picture ends in .png or .pdf";
 }
 
 void addPlugins(CLI::App& cli, Command& command) {

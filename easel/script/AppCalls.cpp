@@ -47,6 +47,10 @@ void exportPng(Host& host, const std::string& path, std::optional<Positive> scal
     host.session.exportPng(path, scale.value_or(Positive{}).value, options.value_or(PictureOptions{}).overlay);
 }
 
+void exportPdf(Host& host, const std::string& path, std::optional<Positive> scale) {
+    host.session.exportPdf(path, scale.value_or(Positive{}).value);
+}
+
 std::vector<AnnotationRecord> annotations(Host& host) {
     host.session.updateAnnotations();
     std::vector<AnnotationRecord> records;
@@ -206,6 +210,7 @@ constexpr Row kApp[] = {
     method<open>("app.open", "path"),
     method<save>("app.save", "path"),
     method<exportPng>("app.exportPNG", "path, scale, options"),
+    method<exportPdf>("app.exportPDF", "path, scale"),
     method<close>("app.close", ""),
     property<frontDocument>("app.document"),
     property<annotations>("app.annotations"),

@@ -175,15 +175,22 @@ void Session::save(const std::string& path) {
 
 void Session::exportPng(const std::string& path, double scale, Overlay overlay) {
     model::Document& front = needDocument();
-    std::vector<model::Mark> marks;
+    svg::PictureOptions options{.scale = scale, .waiting = whileDrawing};
     if (overlay == Overlay::None) {
         pointer.cancel();
     } else {
         updateAnnotations();
         for (const Annotator* annotator : annotations.all())
-            marks.insert(marks.end(), annotator->marks.begin(), annotator->marks.end());
+            options.marks.insert(options.marks.end(), annotator->marks.begin(), annotator->marks.end());
     }
-    withFile([&] { svg::exportPng(svg::write(front), path, scale, marks); });
+    withFile([&] { svg::exportPicture(front, svg::PictureFormat::Png, options, path); });
+}
+
+void Session::exportPdf(const std::string& path, double scale) {
+    model::Document& front = needDocument();
+    pointer.cancel();
+    const svg::PictureOptions options{.scale = scale, .waiting = whileDrawing};
+    withFile([&] { svg::exportPicture(front, svg::PictureFormat::Pdf, options, path); });
 }
 
 void Session::close() {

@@ -2,6 +2,7 @@
 // it. One session at a time lives in a process, since a suite's functions carry no session of their own.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -63,6 +64,8 @@ class Session {
     /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
     void save(const std::string& path);
     void exportPng(const std::string& path, double scale, Overlay overlay = Overlay::None);
+    void exportPdf(const std::string& path, double scale);
+    std::function<void(int seconds)> whileDrawing;       ///< called as svg::Waiting while a picture is made
     void close();                                        ///< the document in front, with its unsaved changes
     [[nodiscard]] model::Document* document() const;     ///< in front, or null
     [[nodiscard]] model::Document& needDocument() const; ///< throws Error when none is open

@@ -12,6 +12,7 @@
 #include <system_error>
 #include <utility>
 
+#include "svg/Descriptor.h"
 #include "svg/FileError.h"
 #include "svg/Limits.h"
 
@@ -20,22 +21,6 @@ namespace easel::svg {
 namespace {
 
 [[noreturn]] void fail(const std::string& path, int error) { throw FileError(path + ": " + std::strerror(error)); }
-
-/// An open file, closed at the end of the scope.
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor() {
-        if (number_ >= 0) ::close(number_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    [[nodiscard]] int get() const { return number_; }
-
-  private:
-    int number_;
-};
 
 /// What a name stands for once all links are followed; a link may lead to what does not exist yet.
 std::string linkedFile(const std::string& path) {

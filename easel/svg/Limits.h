@@ -12,6 +12,7 @@ constexpr std::size_t kMostBytes = std::size_t{1} << 30;
 constexpr std::size_t kMostAnchors = 32'000; ///< of one path; plug-ins count them in 16 bits
 constexpr double kFarthestCoordinate = 1e9;  ///< points
 constexpr int kMostPixels = 16'384;          ///< of a picture, along each side
+constexpr int kMostPdfPoints = 14'400;       ///< of a PDF page, along each side; readers refuse larger ones
 
 /// Whether a coordinate, or a length, is one that can be computed with. False for what is no number.
 [[nodiscard]] inline bool withinReach(double value) { return std::fabs(value) <= kFarthestCoordinate; }

@@ -1,116 +1,94 @@
-// The renderer's own notion of a drawing's size is ignored where there is a viewBox: a user unit is a point.
 #include "svg/Picture.h"
 
-#include <cairo-pdf.h>
-#include <cairo.h>
-#include <librsvg/rsvg.h>
-
-#include <cmath>
-#include <memory>
+#include <sstream>
 
 #include "svg/Files.h"
 #include "svg/Limits.h"
-#include "svg/Marks.h"
+#include "svg/Source.h"
+#include "svg/Writer.h"
 
 namespace easel::svg {
 
 namespace {
 
-template <auto release> struct Releasing {
-    template <class T> void operator()(T* object) const { release(object); }
-};
-using Handle = std::unique_ptr<RsvgHandle, Releasing<g_object_unref>>;
-using Error = std::unique_ptr<GError, Releasing<g_error_free>>;
-using Surface = std::unique_ptr<cairo_surface_t, Releasing<cairo_surface_destroy>>;
-using Context = std::unique_ptr<cairo_t, Releasing<cairo_destroy>>;
+using render::PictureRequest;
+using render::Request;
 
-struct Size {
-    double width = 0;
-    double height = 0;
-};
+constexpr double kPointsAnInch = 72;
+constexpr const char* kEndings[] = {".png", ".pdf"}; ///< by PictureFormat
 
-Size sizeInUnits(RsvgHandle* handle) {
-    gboolean hasWidth = FALSE;
-    gboolean hasHeight = FALSE;
-    gboolean hasBox = FALSE;
-    RsvgLength width{};
-    RsvgLength height{};
-    RsvgRectangle box{};
-    rsvg_handle_get_intrinsic_dimensions(handle, &hasWidth, &width, &hasHeight, &height, &hasBox, &box);
-    if (hasBox) return {box.width, box.height};
-    Size size;
-    rsvg_handle_get_intrinsic_size_in_pixels(handle, &size.width, &size.height);
-    return size;
+const Source* sourceOf(const model::Document& document) { return dynamic_cast<const Source*>(document.origin.get()); }
+
+bool endsIn(std::string_view path, std::string_view ending) {
+    if (path.size() <= ending.size()) return false;
+    path.remove_prefix(path.size() - ending.size());
+    return std::equal(path.begin(), path.end(), ending.begin(),
+                      [](char a, char b) { return (a >= 'A' && a <= 'Z' ? a | 0x20 : a) == b; });
 }
 
-cairo_status_t appendBytes(void* closure, const unsigned char* data, unsigned length) {
-    static_cast<std::string*>(closure)->append(reinterpret_cast<const char*>(data), length);
-    return CAIRO_STATUS_SUCCESS;
-}
-
-void require(cairo_status_t status, const std::string& path) {
-    if (status != CAIRO_STATUS_SUCCESS) throw FileError(path + ": " + cairo_status_to_string(status));
-}
-
-void require(GError* error, const std::string& path) {
-    const Error owned(error);
-    if (owned) throw FileError(path + ": " + owned->message);
-}
-
-/// A drawing ready to be drawn, and the size of its picture.
-struct Drawing {
-    Drawing(std::string_view svg, const std::string& path, double scale) {
-        GError* error = nullptr;
-        handle.reset(rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), &error));
-        require(error, path);
-        rsvg_handle_set_dpi(handle.get(), 96);
-        size = sizeInUnits(handle.get());
-        size.width *= scale;
-        size.height *= scale;
-        if (!(size.width > 0 && size.height > 0 && size.width <= kMostPixels && size.height <= kMostPixels)) {
-            throw FileError(path + ": a picture has 1 to " + std::to_string(kMostPixels) + " pixels along each side");
-        }
+/// The page to draw on and how large.
+PictureRequest requestFor(const model::Document& document, PictureFormat format, const PictureOptions& options) {
+    PictureRequest request{.format = format, .scale = options.scale, .marks = options.marks};
+    if (format == PictureFormat::Png && options.dpi == 0) {
+        request.width = document.width();
+        request.height = document.height();
+        return request;
     }
+    const Sheet sheet = sheetOf(document);
+    request.width = sheet.width;
+    request.height = sheet.height;
+    if (format == PictureFormat::Png) request.scale = options.dpi / kPointsAnInch;
+    return request;
+}
 
-    void draw(cairo_surface_t* surface, const std::string& path) const {
-        require(cairo_surface_status(surface), path);
-        const Context context(cairo_create(surface));
-        cairo_set_source_rgb(context.get(), 1, 1, 1);
-        cairo_paint(context.get());
-        const RsvgRectangle page{0, 0, size.width, size.height};
-        GError* error = nullptr;
-        rsvg_handle_render_document(handle.get(), context.get(), &page, &error);
-        require(error, path);
-        require(cairo_status(context.get()), path);
-    }
-
-    Handle handle;
-    Size size;
-};
+void requireUsable(const PictureRequest& request, const std::string& path) {
+    const bool isPng = request.format == PictureFormat::Png;
+    const double most = isPng ? kMostPixels : kMostPdfPoints;
+    const double width = request.width * request.scale;
+    const double height = request.height * request.scale;
+    if (width > 0 && height > 0 && width <= most && height <= most) return;
+    std::ostringstream why;
+    why << path << ": a " << (isPng ? "picture has 1 to " : "PDF page has up to ") << most
+        << (isPng ? " pixels" : " points") << " along each side, not " << width << " x " << height;
+    throw FileError(why.str());
+}
 
 } // namespace
 
-void exportPng(std::string_view svg, const std::string& path, double scale, const std::vector<model::Mark>& marks) {
-    const Drawing drawing(svg, path, scale);
-    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24,
-                                                     static_cast<int>(std::ceil(drawing.size.width)),
-                                                     static_cast<int>(std::ceil(drawing.size.height))));
-    drawing.draw(surface.get(), path);
-    drawMarks(surface.get(), marks, scale);
-    std::string png;
-    require(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &png), path);
-    replaceFile(path, png);
+std::optional<PictureFormat> formatOf(std::string_view path) {
+    for (const PictureFormat format : {PictureFormat::Png, PictureFormat::Pdf})
+        if (endsIn(path, kEndings[static_cast<std::size_t>(format)])) return format;
+    return std::nullopt;
 }
 
-void exportPdf(std::string_view svg, const std::string& path, double scale) {
-    const Drawing drawing(svg, path, scale);
-    std::string pdf;
-    const Surface surface(
-        cairo_pdf_surface_create_for_stream(appendBytes, &pdf, drawing.size.width, drawing.size.height));
-    drawing.draw(surface.get(), path);
-    cairo_surface_finish(surface.get());
-    require(cairo_surface_status(surface.get()), path);
-    replaceFile(path, pdf);
+Sheet sheetOf(const model::Document& document) {
+    const Source* const source = sourceOf(document);
+    if (source && source->sheetWidth > 0) return {source->sheetWidth, source->sheetHeight};
+    return {document.width(), document.height(), !source};
+}
+
+std::string picture(model::Document& document, PictureFormat format, const PictureOptions& options,
+                    const std::string& path) {
+    const PictureRequest request = requestFor(document, format, options);
+    requireUsable(request, path);
+    const Source* const source = sourceOf(document);
+    const std::string svg = write(document);
+    try {
+        RenderProcess renderer(options.waiting);
+        renderer.ask(Request::Load, svg);
+        render::Packer packed;
+        packed << request;
+        return renderer.ask(Request::Picture, packed.bytes);
+    } catch (const RenderError& error) {
+        throw FileError((source ? source->fileName : path) + ": cannot be drawn: " + error.what());
+    }
+}
+
+void exportPicture(model::Document& document, PictureFormat format, const PictureOptions& options,
+                   const std::string& path) {
+    const char* const ending = kEndings[static_cast<std::size_t>(format)];
+    if (!endsIn(path, ending)) throw FileError(path + ": the name of such a picture ends in " + ending);
+    replaceFile(path, picture(document, format, options, path));
 }
 
 } // namespace easel::svg

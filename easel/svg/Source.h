@@ -67,6 +67,8 @@ class Source : public model::Origin {
     bool packed = false; ///< the file was compressed
     Encoding encoding = Encoding::Utf8;
     std::string text;
+    double sheetWidth = 0; ///< of the page on paper, in points of 1/72 inch; 0 where the file leaves that open
+    double sheetHeight = 0;
 
     /// In the order of the text; the root comes first. A node's origin is the index of its element plus one.
     std::deque<Element> elements;

@@ -2,11 +2,13 @@
 #include "svg/Summary.h"
 
 #include <array>
+#include <cmath>
 #include <map>
 #include <ostream>
 #include <string>
 
 #include "svg/Limits.h"
+#include "svg/Picture.h"
 #include "svg/Source.h"
 
 namespace easel::svg {
@@ -64,6 +66,10 @@ void count(const Node& layer, const Source* source, Counts& counts) {
 void summarize(model::Document& document, std::ostream& out) {
     const auto* const source = dynamic_cast<const Source*>(document.origin.get());
     out << "page: " << document.width() << " x " << document.height() << " points\n";
+    const auto millimetres = [](double points) { return std::round(points / 72 * 25.4 * 100) / 100; };
+    const Sheet sheet = sheetOf(document);
+    out << "sheet: " << millimetres(sheet.width) << " x " << millimetres(sheet.height) << " mm"
+        << (sheet.told ? "" : " (a point for each unit, since the file leaves it open)") << '\n';
     Counts counts;
     for (std::size_t i = 0; i < document.layerCount(); ++i) {
         const Node& layer = *document.layerAt(i);

@@ -7,7 +7,7 @@
 
 namespace easel::svg {
 
-/// Tells the page, the layers, the objects by kind, and what is opaque and why, a line each.
+/// Tells the page and its size on paper, the layers, the objects by kind, and what is opaque and why, a line each.
 void summarize(model::Document& document, std::ostream& out);
 
 } // namespace easel::svg

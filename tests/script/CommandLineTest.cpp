@@ -72,7 +72,8 @@ TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
         "easel: user data: d.svg:2:15: the outline is damaged; what comes before that is kept\n";
     const Ended info = easel("info d.svg");
     EXPECT_EQ(info.code, 0);
-    EXPECT_EQ(info.output, warning + "page: 20 x 10 points\nlayer: Layer 1, 3 objects\n"
+    EXPECT_EQ(info.output, warning + "page: 20 x 10 points\nsheet: 7.06 x 3.53 mm (a point for each unit, since the "
+                                     "file leaves it open)\nlayer: Layer 1, 3 objects\n"
                                      "objects: 0 groups, 1 path, 2 opaque\n"
                                      "opaque: 1 <path>: several subpaths\nopaque: 1 <text>: shown, not edited\n");
     EXPECT_EQ(easel("render d.svg -o d.png --scale 3").output, warning);

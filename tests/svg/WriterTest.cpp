@@ -1,7 +1,6 @@
-// What is written: readable text that reads back as the same document; files that are whole or untouched; pictures.
+// What is written: readable text that reads back as the same document; files that are whole or untouched.
 #include "svg/Writer.h"
 
-#include <cairo.h>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,7 +8,6 @@
 #include "support/Drawing.h"
 #include "support/Folder.h"
 #include "svg/Limits.h"
-#include "svg/Picture.h"
 #include "svg/Reader.h"
 
 namespace easel::svg {
@@ -19,21 +17,10 @@ using model::addLine;
 using model::addPath;
 using model::corner;
 using model::Document;
-using model::Mark;
 using model::Node;
 using model::NodeType;
 using model::Placement;
 using model::Style;
-
-/// Red, green and blue, a byte each, of a picture that is read back.
-std::uint32_t pixelOf(const std::string& path, int x, int y) {
-    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
-        cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy);
-    EXPECT_EQ(cairo_surface_status(surface.get()), CAIRO_STATUS_SUCCESS);
-    const unsigned char* const row =
-        cairo_image_surface_get_data(surface.get()) + std::ptrdiff_t{y} * cairo_image_surface_get_stride(surface.get());
-    return reinterpret_cast<const std::uint32_t*>(row)[x] & 0xFFFFFF;
-}
 
 class DrawingFiles : public testing::Test {
   protected:
@@ -191,63 +178,6 @@ TEST_F(DrawingFiles, RefusedSavingLeavesTheFileAsItWas) {
               path("drawing.svg") + ": groups nest too deeply to be saved");
     EXPECT_EQ(folder.content("drawing.svg"), before);
     EXPECT_EQ(folder.fileCount(), 1);
-}
-
-// Pictures
-
-TEST_F(DrawingFiles, PictureShowsTheDrawingOnWhiteAndMarksOverIt) {
-    Document document(50, 25);
-    Node& square = addPath(document, document.currentLayer(),
-                           {corner(30, 20), corner(40, 20), corner(40, 25), corner(30, 25)}, true);
-    document.setStyle(square, {.fill = true, .stroke = false, .fillColor = {1, 1, 0}, .strokeColor = {}});
-    const easel::model::Pen thick{.color = {1, 0, 0}, .lineWidth = 6};
-    const easel::model::Pen faint{.color = {0, 0, 1}, .opacity = 0.2};
-    const easel::model::Pen dashed{.color = {0, 1, 0}, .lineWidth = 4, .dash = 10};
-    using Kind = Mark::Kind;
-    const std::vector<Mark> marks{
-        {.kind = Kind::Text, .points = {{25, 14}}, .pen = thick, .filled = true, .text = "no \xff text"},
-        {.kind = Kind::Line, .points = {{0, 5}, {20, 5}}, .pen = thick, .filled = false, .text = {}},
-        {.kind = Kind::Line, .points = {{0, 22}, {25, 22}}, .pen = dashed, .filled = false, .text = {}},
-        {.kind = Kind::Rectangle, .points = {{10, 10}, {2, 0}}, .pen = faint, .filled = true, .text = {}},
-        {.kind = Kind::Ellipse, .points = {{30, 0}, {50, 20}}, .pen = thick, .filled = true, .text = {}},
-        {.kind = Kind::Polygon, .points = {{10, 12}, {20, 12}, {10, 20}}, .pen = dashed, .filled = true, .text = {}},
-        // Far away, except that the line passes through the page.
-        {.kind = Kind::Rectangle, .points = {{1e7, -1e7}, {2e7, 1e7}}, .pen = dashed, .filled = true, .text = {}},
-        {.kind = Kind::Line, .points = {{-1e7, 1e7 + 68}, {1e7 + 68, -1e7}}, .pen = thick, .filled = false, .text = {}},
-    };
-    const std::uint32_t white = 0xFFFFFF, red = 0xFF0000, green = 0x00FF00, yellow = 0xFFFF00;
-    const struct {
-        double scale;
-        int x, y;
-        std::uint32_t color;
-    } rows[] = {
-        // The line keeps its 6 pixels at any scale: 17 to 22 of the rows, since it runs along 5 * 4.
-        {4, 70, 16, white},    {4, 70, 17, red},      {4, 70, 22, red},    {4, 70, 23, white},
-        {2, 35, 6, white},     {2, 35, 7, red},       {2, 35, 12, red},    {2, 35, 13, white},
-        {4, 20, 30, 0xCCCCFF}, {4, 20, 20, 0xCC0033}, // 0.2 of blue on white, and on red
-        {4, 160, 40, red},     {4, 123, 3, white},    // the ellipse, and a corner of its box
-        {4, 45, 52, green},    {4, 75, 75, white},    // in the triangle, and beyond its long side
-        {4, 5, 88, green},     {4, 15, 88, white},    // a dash and a gap
-        {4, 190, 82, red},     {4, 190, 90, white},   // the line, on which x + y is 68 * 4
-        {4, 140, 90, yellow},  {4, 140, 79, white},   {4, 119, 90, white}, {4, 160, 90, white} // the square
-    };
-    for (const auto& [scale, x, y, color] : rows) {
-        exportPng(write(document), path("picture.png"), scale, marks);
-        EXPECT_EQ(pixelOf(path("picture.png"), x, y), color) << x << ' ' << y;
-    }
-}
-
-TEST_F(DrawingFiles, PictureThatCannotBeMadeIsAnError) {
-    Document document(20, 10);
-    const std::string picture = path("picture.png");
-    for (const double scale : {0.0, -1.0, 1e9}) {
-        EXPECT_EQ(errorOf([&] { exportPng(write(document), picture, scale); }),
-                  picture + ": a picture has 1 to 16384 pixels along each side");
-    }
-    EXPECT_NE(errorOf([&] { exportPng("<svg", picture, 1); }), "");
-    EXPECT_EQ(errorOf([&] { exportPng(write(document), path("missing/p.png"), 1); }),
-              path("missing/p.png") + ": No such file or directory");
-    EXPECT_EQ(folder.fileCount(), 0);
 }
 
 } // namespace

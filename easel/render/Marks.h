@@ -7,9 +7,9 @@
 
 struct _cairo_surface;
 
-namespace easel::svg {
+namespace easel::render {
 
 /// Draws on what is there. `scale` is pixels a point of the document; a screen unit is a pixel.
 void drawMarks(_cairo_surface* surface, const std::vector<model::Mark>& marks, double scale);
 
-} // namespace easel::svg
+} // namespace easel::render

@@ -1,5 +1,5 @@
 // Marks as the painter's paths, in pixels.
-#include "svg/Marks.h"
+#include "render/Marks.h"
 
 #include <cairo.h>
 #include <glib.h>
@@ -12,7 +12,7 @@
 
 #include "svg/Limits.h"
 
-namespace easel::svg {
+namespace easel::render {
 
 namespace {
 
@@ -21,9 +21,9 @@ using model::Point;
 
 // Pixels from the corner of the picture, in which places are below kMostPixels. The painter draws longer straight lines
 // askew, and some millions of pixels away it takes one place for another.
-constexpr double farthestCorner = 30'000;
-constexpr double farthestCurve = 4e6;
-static_assert(farthestCorner > kMostPixels);
+constexpr double kFarthestCorner = 30'000;
+constexpr double kFarthestCurve = 4e6;
+static_assert(kFarthestCorner > svg::kMostPixels);
 
 bool areNear(const std::vector<Point>& points, double farthest) {
     return std::all_of(points.begin(), points.end(),
@@ -37,11 +37,11 @@ Point toPixels(Point point, double scale) {
 
 /// What of an outline is near. A closed one goes on along the limit, where nobody sees it.
 void keepNear(std::vector<Point>& points, bool closed) {
-    if (areNear(points, farthestCorner)) return;
+    if (areNear(points, kFarthestCorner)) return;
     for (double Point::*const axis : {&Point::x, &Point::y}) {
         for (const double side : {-1, 1}) {
             if (points.empty()) return;
-            const auto beyond = [&](Point point) { return side * point.*axis - farthestCorner; };
+            const auto beyond = [&](Point point) { return side * point.*axis - kFarthestCorner; };
             const std::vector<Point> all = std::exchange(points, {});
             Point from = closed ? all.back() : all.front();
             for (const Point to : all) {
@@ -50,7 +50,7 @@ void keepNear(std::vector<Point>& points, bool closed) {
                 if ((before > 0) != (after > 0)) {
                     const double t = before / (before - after);
                     points.push_back({from.x + t * (to.x - from.x), from.y + t * (to.y - from.y)});
-                    points.back().*axis = side * farthestCorner;
+                    points.back().*axis = side * kFarthestCorner;
                 }
                 if (after <= 0) points.push_back(to);
                 from = to;
@@ -84,7 +84,7 @@ void addText(cairo_t* cairo, const Mark& mark, Point at) {
 
 void addPath(cairo_t* cairo, const Mark& mark, std::vector<Point> points) {
     const bool hasCorners = mark.kind != Mark::Kind::Ellipse && mark.kind != Mark::Kind::Text;
-    if (!hasCorners && !areNear(points, farthestCurve)) return;
+    if (!hasCorners && !areNear(points, kFarthestCurve)) return;
     if (mark.kind == Mark::Kind::Ellipse) return addEllipse(cairo, points[0], points[1]);
     if (mark.kind == Mark::Kind::Text) return addText(cairo, mark, points[0]);
     if (mark.kind == Mark::Kind::Rectangle)
@@ -117,4 +117,4 @@ void drawMarks(_cairo_surface* surface, const std::vector<Mark>& marks, double s
     }
 }
 
-} // namespace easel::svg
+} // namespace easel::render

@@ -1,0 +1,87 @@
+// The drawing's own notion of its size is ignored: it is fitted to the page that the host asks for.
+#include "render/Renderer.h"
+
+#include <cairo-pdf.h>
+#include <cairo.h>
+#include <librsvg/rsvg.h>
+
+#include <cmath>
+#include <new>
+#include <stdexcept>
+
+#include "render/Marks.h"
+
+namespace easel::render {
+
+namespace {
+
+template <auto release> struct Releasing {
+    template <class T> void operator()(T* object) const { release(object); }
+};
+using Error = std::unique_ptr<GError, Releasing<g_error_free>>;
+using Surface = std::unique_ptr<cairo_surface_t, Releasing<cairo_surface_destroy>>;
+using Context = std::unique_ptr<cairo_t, Releasing<cairo_destroy>>;
+
+cairo_status_t appendBytes(void* closure, const unsigned char* data, unsigned length) {
+    static_cast<std::string*>(closure)->append(reinterpret_cast<const char*>(data), length);
+    return CAIRO_STATUS_SUCCESS;
+}
+
+void require(cairo_status_t status) {
+    if (status == CAIRO_STATUS_NO_MEMORY) throw std::bad_alloc();
+    if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(cairo_status_to_string(status));
+}
+
+void require(GError* error) {
+    const Error owned(error);
+    if (owned) throw std::runtime_error(owned->message);
+}
+
+void draw(RsvgHandle* drawing, cairo_surface_t* surface, const PictureRequest& request) {
+    require(cairo_surface_status(surface));
+    const Context context(cairo_create(surface));
+    cairo_set_source_rgb(context.get(), 1, 1, 1);
+    cairo_paint(context.get());
+    // Scaled here and not by a larger page, which would leave lengths in the drawing's own units as they are.
+    cairo_scale(context.get(), request.scale, request.scale);
+    const RsvgRectangle page{0, 0, request.width, request.height};
+    GError* error = nullptr;
+    rsvg_handle_render_document(drawing, context.get(), &page, &error);
+    require(error);
+    require(cairo_status(context.get()));
+}
+
+} // namespace
+
+Renderer::Renderer() : drawing_(nullptr, g_object_unref) {}
+
+Renderer::~Renderer() = default;
+
+void Renderer::load(std::string_view svg) {
+    GError* error = nullptr;
+    drawing_.reset(rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), &error));
+    require(error);
+    rsvg_handle_set_dpi(drawing_.get(), 96);
+}
+
+std::string Renderer::picture(const PictureRequest& request) const {
+    if (!drawing_) throw std::runtime_error("there is no drawing");
+    const double width = request.width * request.scale;
+    const double height = request.height * request.scale;
+    std::string bytes;
+    if (request.format == PictureFormat::Pdf) {
+        const Surface surface(cairo_pdf_surface_create_for_stream(appendBytes, &bytes, width, height));
+        draw(drawing_.get(), surface.get(), request);
+        cairo_surface_finish(surface.get());
+        require(cairo_surface_status(surface.get()));
+        return bytes;
+    }
+    const Surface surface(cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(std::ceil(width)),
+                                                     static_cast<int>(std::ceil(height))));
+    draw(drawing_.get(), surface.get(), request);
+    drawMarks(surface.get(), request.marks, request.scale);
+    require(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes));
+    return bytes;
+}
+
+} // namespace easel::render

@@ -1,0 +1,186 @@
+// Pictures of drawings: what they show, how large they are, and what becomes of those that the renderer dies of.
+#include "svg/Picture.h"
+
+#include <cairo.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <memory>
+
+#include "support/Drawing.h"
+#include "support/Folder.h"
+#include "svg/Reader.h"
+
+namespace easel::svg {
+namespace {
+
+using desk::errorOf;
+using model::addPath;
+using model::corner;
+using model::Document;
+using model::Mark;
+using model::Node;
+
+struct Image {
+    int width = 0;
+    std::vector<std::uint32_t> pixels;
+};
+
+Image imageOf(const std::string& path) {
+    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+        cairo_image_surface_create_from_png(path.c_str()), cairo_surface_destroy);
+    EXPECT_EQ(cairo_surface_status(surface.get()), CAIRO_STATUS_SUCCESS);
+    const auto* const first = reinterpret_cast<const std::uint32_t*>(cairo_image_surface_get_data(surface.get()));
+    const int width = cairo_image_surface_get_width(surface.get());
+    EXPECT_EQ(cairo_image_surface_get_stride(surface.get()), 4 * width);
+    return {width, {first, first + std::ptrdiff_t{width} * cairo_image_surface_get_height(surface.get())}};
+}
+
+/// Red, green and blue, a byte each, of a picture that is read back.
+std::uint32_t pixelOf(const std::string& path, int x, int y) {
+    const Image image = imageOf(path);
+    return image.pixels[static_cast<std::size_t>(y * image.width + x)] & 0xFFFFFF;
+}
+
+class Pictures : public testing::Test {
+  protected:
+    [[nodiscard]] std::string path(const std::string& name) const { return folder.path(name); }
+
+    desk::Folder folder;
+};
+
+TEST_F(Pictures, ShowsTheDrawingOnWhiteAndMarksOverIt) {
+    Document document(50, 25);
+    Node& square = addPath(document, document.currentLayer(),
+                           {corner(30, 20), corner(40, 20), corner(40, 25), corner(30, 25)}, true);
+    document.setStyle(square, {.fill = true, .stroke = false, .fillColor = {1, 1, 0}, .strokeColor = {}});
+    const easel::model::Pen thick{.color = {1, 0, 0}, .lineWidth = 6};
+    const easel::model::Pen faint{.color = {0, 0, 1}, .opacity = 0.2};
+    const easel::model::Pen dashed{.color = {0, 1, 0}, .lineWidth = 4, .dash = 10};
+    using Kind = Mark::Kind;
+    const std::vector<Mark> marks{
+        {.kind = Kind::Text, .points = {{25, 14}}, .pen = thick, .filled = true, .text = "no \xff text"},
+        {.kind = Kind::Line, .points = {{0, 5}, {20, 5}}, .pen = thick, .filled = false, .text = {}},
+        {.kind = Kind::Line, .points = {{0, 22}, {25, 22}}, .pen = dashed, .filled = false, .text = {}},
+        {.kind = Kind::Rectangle, .points = {{10, 10}, {2, 0}}, .pen = faint, .filled = true, .text = {}},
+        {.kind = Kind::Ellipse, .points = {{30, 0}, {50, 20}}, .pen = thick, .filled = true, .text = {}},
+        {.kind = Kind::Polygon, .points = {{10, 12}, {20, 12}, {10, 20}}, .pen = dashed, .filled = true, .text = {}},
+        // Far away, except that the line passes through the page.
+        {.kind = Kind::Rectangle, .points = {{1e7, -1e7}, {2e7, 1e7}}, .pen = dashed, .filled = true, .text = {}},
+        {.kind = Kind::Line, .points = {{-1e7, 1e7 + 68}, {1e7 + 68, -1e7}}, .pen = thick, .filled = false, .text = {}},
+    };
+    const std::uint32_t white = 0xFFFFFF, red = 0xFF0000, green = 0x00FF00, yellow = 0xFFFF00;
+    const struct {
+        double scale;
+        int x, y;
+        std::uint32_t color;
+    } rows[] = {
+        // The line keeps its 6 pixels at any scale: 17 to 22 of the rows, since it runs along 5 * 4.
+        {4, 70, 16, white},    {4, 70, 17, red},      {4, 70, 22, red},    {4, 70, 23, white},
+        {2, 35, 6, white},     {2, 35, 7, red},       {2, 35, 12, red},    {2, 35, 13, white},
+        {4, 20, 30, 0xCCCCFF}, {4, 20, 20, 0xCC0033}, // 0.2 of blue on white, and on red
+        {4, 160, 40, red},     {4, 123, 3, white},    // the ellipse, and a corner of its box
+        {4, 45, 52, green},    {4, 75, 75, white},    // in the triangle, and beyond its long side
+        {4, 5, 88, green},     {4, 15, 88, white},    // a dash and a gap
+        {4, 190, 82, red},     {4, 190, 90, white},   // the line, on which x + y is 68 * 4
+        {4, 140, 90, yellow},  {4, 140, 79, white},   {4, 119, 90, white}, {4, 160, 90, white} // the square
+    };
+    for (const auto& [scale, x, y, color] : rows) {
+        exportPicture(document, PictureFormat::Png, {.scale = scale, .marks = marks}, path("picture.png"));
+        EXPECT_EQ(pixelOf(path("picture.png"), x, y), color) << x << ' ' << y;
+    }
+}
+
+/// The page of a PDF in points, as the file says it.
+std::string pageOf(const std::string& pdf) {
+    const std::size_t box = pdf.find("/MediaBox [ 0 0 ");
+    return box == pdf.npos ? "" : pdf.substr(box + 16, pdf.find(" ]", box) - box - 16);
+}
+
+TEST_F(Pictures, HaveTheSizeThatTheFileTells) {
+    const struct {
+        const char* root;
+        const char* page; // of the PDF, points
+        int width;        // of a PNG of 144 pixels an inch
+    } rows[] = {
+        {"width='210mm' height='297mm' viewBox='0 0 70 99'", "595.275591 841.889764", 1191}, // 8.27 by 11.69 inches
+        {"width='100mm' viewBox='0 0 20 10'", "283.464567 141.732283", 567},
+        {"height='1in' viewBox='0 0 20 10'", "144 72", 288},
+        {"width='96' height='48'", "72 36", 144}, // 96 units an inch
+        {"viewBox='0 0 20 10'", "20 10", 40},     // does not tell
+        {"width='100%' height='100%' viewBox='0 0 20 10'", "20 10", 40},
+    };
+    for (const auto& row : rows) {
+        const std::string name = folder.write("d.svg", std::string("<svg xmlns='http://www.w3.org/2000/svg' ") +
+                                                           row.root + "><rect width='3' height='3'/></svg>");
+        const auto document = open(name);
+        EXPECT_EQ(pageOf(picture(*document, PictureFormat::Pdf, {}, "")), row.page) << row.root;
+        exportPicture(*document, PictureFormat::Png, {.dpi = 144}, path("P.PNG"));
+        EXPECT_EQ(imageOf(path("P.PNG")).width, row.width) << row.root;
+    }
+}
+
+TEST_F(Pictures, ThatCannotBeMadeAreErrors) {
+    Document document(20, 10);
+    const std::string name = path("picture.png");
+    const auto failure = [&](double scale, const std::string& to) {
+        return errorOf<FileError>([&] { exportPicture(document, PictureFormat::Png, {.scale = scale}, to); });
+    };
+    const std::string limit = ": a picture has 1 to 16384 pixels along each side, not ";
+    EXPECT_EQ(failure(0, name), name + limit + "0 x 0");
+    EXPECT_EQ(failure(1000, name), name + limit + "20000 x 10000");
+    EXPECT_EQ(failure(1, path("missing/p.png")), path("missing/p.png") + ": No such file or directory");
+    EXPECT_EQ(failure(1, path("p.pdf")), path("p.pdf") + ": the name of such a picture ends in .png");
+    EXPECT_EQ(folder.fileCount(), 0);
+}
+
+/// Sets a variable of the environment until the end of the scope.
+class Environment {
+  public:
+    Environment(const char* name, const char* value) : name_(name) { ::setenv(name, value, 1); }
+    ~Environment() { ::unsetenv(name_); }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+  private:
+    const char* name_;
+};
+
+// The renderer asserts that a tile is no empty one, draws a noise of a hundred million layers for hours, and has no
+// memory for a page and its filters of a gigabyte. Each takes its own process along and nothing else.
+TEST_F(Pictures, RendererThatDiesHarmsNobody) {
+    const auto filesOpen = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    const auto failure = [&](const std::string& filter, double scale = 0.1) {
+        const std::string name =
+            folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='5000' height='5000'><filter id='f'>" +
+                                      filter + "</filter><rect width='5000' height='5000' filter='url(#f)'/></svg>");
+        const auto document = open(name);
+        const std::string error =
+            errorOf<FileError>([&] { exportPicture(*document, PictureFormat::Png, {.scale = scale}, path("p.png")); });
+        EXPECT_EQ(error.rfind(name + ": cannot be drawn: ", 0), 0U) << error;
+        return error.substr(std::min(error.size(), name.size() + 19));
+    };
+    const auto before = filesOpen();
+    EXPECT_EQ(failure("<feFlood width='0' height='0'/><feTile/>"),
+              "the renderer gave up: assertion failed: width > 0 && height > 0");
+    {
+        const Environment hurry("EASEL_RENDER_SECONDS", "1");
+        EXPECT_EQ(failure("<feTurbulence baseFrequency='0.1' numOctaves='100000000'/>"),
+                  "that takes longer than 1 s (EASEL_RENDER_SECONDS)");
+    }
+    {
+        const Environment wrong("EASEL_RENDER_SECONDS", "soon");
+        EXPECT_EQ(failure(""), "EASEL_RENDER_SECONDS must be a whole number from 1 to 1000000, not \"soon\"");
+    }
+#ifndef __SANITIZE_ADDRESS__ // under which no process is limited
+    const Environment small("EASEL_RENDER_MEGABYTES", "300");
+    EXPECT_EQ(failure("", 3.2), "that takes more than 300 MB of memory (EASEL_RENDER_MEGABYTES)"); // a gigabyte
+#endif
+    EXPECT_EQ(filesOpen(), before);
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1); // no process is left, not even a dead one
+    EXPECT_EQ(folder.fileCount(), 1);
+}
+
+} // namespace
+} // namespace easel::svg
