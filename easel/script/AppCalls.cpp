@@ -1,5 +1,7 @@
 // print and assert, and the app object: documents, tools, menus and time, plug-ins, start and end.
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <map>
 
 #include "script/Calls.h"
@@ -14,7 +16,8 @@ void print(Host& host, const Variadic& rest) {
         host.out << gap << value.text;
         gap = " ";
     }
-    host.out << std::endl;
+    errno = 0;
+    if (!(host.out << std::endl)) throw session::Error(std::strerror(errno != 0 ? errno : EIO));
 }
 
 void assertThat(Host& /*host*/, Truthy condition, const std::optional<AnyAsText>& text) {

@@ -2,6 +2,7 @@
 #include "script/Step.h"
 
 #include <array>
+#include <sstream>
 #include <unordered_set>
 
 namespace easel::script {
@@ -191,6 +192,22 @@ model::Point center(Host& /*host*/, const This<View>& view) { return view.docume
 
 void setCenter(Host& /*host*/, const This<View>& view, model::Point center) { view.document->view.center = center; }
 
+// In words
+
+std::string inPoints(double length) {
+    std::ostringstream text;
+    text << length;
+    return text.str();
+}
+
+std::string documentText(Host& /*host*/, const ThisDocument& doc) {
+    return "document of " + inPoints(doc->width()) + " x " + inPoints(doc->height()) + " points";
+}
+
+std::string viewText(Host& /*host*/, const This<View>& view) {
+    return "view at zoom " + inPoints(view.document->view.zoom);
+}
+
 constexpr Row kDocumentCalls[] = {
     property<layers>("doc.layers"),
     property<paths>("doc.paths"),
@@ -210,11 +227,13 @@ constexpr Row kDocumentCalls[] = {
     method<redo>("doc.redo", ""),
     property<undoDepth>("doc.undoDepth"),
     property<view>("doc.view"),
+    method<documentText>("doc.toString", ""),
 };
 
 constexpr Row kViewCalls[] = {
     property<zoom, setZoom>("view.zoom"),
     property<center, setCenter>("view.center"),
+    method<viewText>("view.toString", ""),
 };
 
 } // namespace

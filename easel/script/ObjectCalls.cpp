@@ -67,10 +67,34 @@ std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
     return isPath(art) ? std::optional(art->style()) : std::nullopt;
 }
 
+// In words
+
+std::string counted(std::size_t count, const char* noun) {
+    return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
+}
+
+std::string state(const Object& object) {
+    return std::string(object->locked() ? ", locked" : "") + (object->hidden() ? ", hidden" : "");
+}
+
+std::string layerText(Host& /*host*/, const ThisLayer& layer) {
+    return "layer \"" + layer->name() + "\" of " + counted(layer->childCount(), "object") + state(layer);
+}
+
+std::string artText(Host& host, const ThisArt& art) {
+    std::string text(type(host, art));
+    if (isPath(art) && art->path().closed) text = "closed path";
+    if (!art->name().empty()) text += " \"" + art->name() + '"';
+    if (isPath(art)) text += " of " + counted(art->path().points.size(), "point");
+    if (art->type() == model::NodeType::Group) text += " of " + counted(art->childCount(), "object");
+    return text + state(art);
+}
+
 constexpr Row kLayerCalls[] = {
     property<title, setTitle>("layer.title"),
     property<layerLocked, setLocked>("layer.locked"),
     property<visible, setVisible>("layer.visible"),
+    method<layerText>("layer.toString", ""),
 };
 
 constexpr Row kArtCalls[] = {
@@ -84,6 +108,7 @@ constexpr Row kArtCalls[] = {
     property<hidden>("path.hidden"),
     property<clipped>("path.clipped"),
     property<style>("path.style"),
+    method<artText>("path.toString", ""),
 };
 
 } // namespace

@@ -43,7 +43,9 @@ model::Point location(Host& host) { return host.session.pointer.location(); }
 void pressKey(Host& host, const std::string& name, const Modifiers& modifiers) {
     const auto code = session::keyCode(name);
     if (!code) {
-        throw BadArgument("argument 1 (name) must be a key, such as \"A\", \"[\" or \"Escape\", not \"" + name + '"');
+        const std::string similar(session::similarKey(name));
+        throw BadArgument("argument 1 (name) must be the name of a key, not \"" + name + "\"; " +
+                          (similar.empty() ? "docs/session-scripts.md lists them" : "is it \"" + similar + "\"?"));
     }
     host.session.pressKey(*code, bits(modifiers));
 }

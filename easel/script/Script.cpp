@@ -8,6 +8,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <utility>
 
 #include "script/Calls.h"
 #include "script/Text.h"
@@ -22,6 +23,7 @@ struct Running : Host {
     std::string source;
     bool compiled = false;
     int throwLine = 0; ///< of the script, where something was thrown last; 0: nowhere
+    int callLine = 0;  ///< ... and where the function was called that threw; 0: it was no function
 };
 
 std::string contentOf(const std::string& path) {
@@ -46,18 +48,21 @@ bool isFromScript(duk_context* engine) {
 
 /// Called by the engine with all that is thrown. Errors know their line, but a script may throw anything.
 duk_ret_t noteThrow(duk_context* engine) {
-    int line = 0;
-    for (duk_int_t level = -2; line == 0; --level) {
+    std::array<int, 2> lines{};
+    std::size_t found = 0;
+    for (duk_int_t level = -2; found < lines.size(); --level) {
         duk_inspect_callstack_entry(engine, level);
         if (!duk_is_object(engine, -1)) break;
         duk_get_prop_string(engine, -1, "function");
         const bool fromScript = duk_is_ecmascript_function(engine, -1) && isFromScript(engine);
         duk_pop(engine);
         duk_get_prop_string(engine, -1, "lineNumber");
-        if (fromScript) line = duk_get_int(engine, -1);
+        if (fromScript) lines[found++] = duk_get_int(engine, -1);
         duk_pop_2(engine);
     }
-    static_cast<Running&>(hostOf(engine)).throwLine = line;
+    auto& running = static_cast<Running&>(hostOf(engine));
+    running.throwLine = lines[0];
+    running.callLine = lines[1];
     duk_dup(engine, 0);
     return 1;
 }
@@ -130,7 +135,11 @@ std::string lineAbout(duk_context* engine, const std::string& path) {
         text = fromEngine(said).value_or(said);
     }
     if (line == 0) line = running.throwLine;
-    if (!running.compiled) text = text.substr(0, text.rfind(" (line ")); // said already
+    if (!running.compiled)
+        text = text.substr(0, text.rfind(" (line ")) + " (scripts are JavaScript ES5: no let, const, => or class)";
+    // An error may have been made elsewhere than it was thrown.
+    else if (line == running.throwLine && running.callLine != 0)
+        text += " (called from " + path + ':' + std::to_string(running.callLine) + ')';
     std::replace_if(
         text.begin(), text.end(), [](unsigned char c) { return c < 0x20; }, ' ');
     return path + (line == 0 ? "" : ":" + std::to_string(line)) + ": " + text;
@@ -138,13 +147,18 @@ std::string lineAbout(duk_context* engine, const std::string& path) {
 
 } // namespace
 
-void run(session::Session& session, const std::string& path, std::ostream& out) {
-    Running running{{session, out}, toEngine(path), contentOf(path)};
+void runSource(session::Session& session, std::string source, const std::string& name, std::ostream& out) {
+    if (source.compare(0, 2, "#!") == 0) source.replace(0, 2, "//"); // for the shell
+    Running running{{session, out}, toEngine(name), std::move(source)};
     const std::unique_ptr<duk_context, void (*)(duk_context*)> engine(
         duk_create_heap(nullptr, nullptr, nullptr, static_cast<Host*>(&running), nullptr), duk_destroy_heap);
     if (!engine) throw std::bad_alloc();
     if (duk_safe_call(engine.get(), play, nullptr, 0, 1) != DUK_EXEC_SUCCESS)
-        throw ScriptError(lineAbout(engine.get(), path));
+        throw ScriptError(lineAbout(engine.get(), name));
+}
+
+void run(session::Session& session, const std::string& path, std::ostream& out) {
+    runSource(session, contentOf(path), path, out);
 }
 
 } // namespace easel::script

@@ -3,6 +3,10 @@
 
 #include <algorithm>
 #include <iterator>
+#include <numeric>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace easel::session {
 
@@ -29,12 +33,58 @@ constexpr Row kRows[] = {
     {"F12", 0x6F},
 };
 
+/// Names that other keyboards and programs have for keys.
+constexpr std::pair<std::string_view, std::string_view> kOtherNames[] = {
+    {"enter", "Return"}, {"backspace", "Delete"}, {"del", "ForwardDelete"},
+    {"pgup", "PageUp"},  {"pgdn", "PageDown"},    {" ", "Space"}};
+
+std::string lowered(std::string_view text) {
+    std::string low(text);
+    for (char& c : low)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c | 0x20);
+    return low;
+}
+
+/// How many characters must be changed, added or left out to make one of the other.
+std::size_t difference(std::string_view a, std::string_view b) {
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        std::size_t diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < b.size(); ++j) {
+            const std::size_t changed = diagonal + (a[i] == b[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({changed, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.back();
+}
+
 } // namespace
 
 std::optional<std::int32_t> keyCode(std::string_view name) {
     const auto* const row =
         std::find_if(std::begin(kRows), std::end(kRows), [&](const Row& r) { return r.name == name; });
     return row != std::end(kRows) ? std::optional(row->code) : std::nullopt;
+}
+
+std::string_view similarKey(std::string_view name) {
+    const std::string meant = lowered(name);
+    for (const auto& [other, key] : kOtherNames)
+        if (meant == other) return key;
+    std::string_view nearest;
+    std::size_t least = 3; // characters; beyond that it is another word
+    for (const Row& row : kRows) {
+        const std::string key = lowered(row.name);
+        const bool isPart =
+            meant.size() > 2 && (key.rfind(meant, 0) == 0 || (key.size() > 1 && meant.find(key) != key.npos));
+        const std::size_t far = isPart ? 1 : difference(meant, key);
+        // A key of one character is like no other but itself, written small.
+        if (far >= least || (far > 0 && std::min(key.size(), meant.size()) < 2)) continue;
+        least = far;
+        nearest = row.name;
+    }
+    return nearest;
 }
 
 } // namespace easel::session

@@ -15,5 +15,7 @@ inline constexpr std::int32_t kRightBracket = 0x1E;
 
 /// The code of a key by what it says, such as "A", "7", "[", "Escape" or "F5".
 [[nodiscard]] std::optional<std::int32_t> keyCode(std::string_view name);
+/// The name of a key that somebody may have meant by another; empty when none is like it.
+[[nodiscard]] std::string_view similarKey(std::string_view name);
 
 } // namespace easel::session

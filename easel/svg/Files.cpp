@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -110,6 +111,20 @@ std::string readFile(const std::string& path) {
     }
     bytes.resize(size);
     return bytes;
+}
+
+std::string readAll(int file, const std::string& name) {
+    std::string bytes;
+    for (;;) {
+        constexpr std::size_t step = std::size_t{1} << 16;
+        const std::size_t size = bytes.size();
+        bytes.resize(size + step);
+        const ssize_t count = ::read(file, bytes.data() + size, step);
+        if (count < 0 && errno != EINTR) fail(name, errno);
+        bytes.resize(size + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+        if (count == 0) return bytes;
+        if (bytes.size() > kMostBytes) fail(name, EFBIG);
+    }
 }
 
 void replaceFile(const std::string& path, std::string_view bytes) {

@@ -53,15 +53,75 @@ TEST_F(CommandLine, PlaysAScriptAndSavesWhatItDrew) {
     EXPECT_EQ(folder.content("drawn.png").substr(1, 3), "PNG");
 }
 
-TEST_F(CommandLine, AnswersTwoWhenItIsCalledWrongly) {
-    for (const char* arguments : {"", "draw x.js", "run", "run x.js y.js", "run x.js --plugin", "run x.js --speed 5",
-                                  "render a.svg", "render a.svg -o b.gif", "render a.svg -o b.png --scale 0", "info"}) {
+TEST_F(CommandLine, WhatItDoesNotKnowIsNamed) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "A subcommand is required"},
+        {"draw x.js", "there is no command \"draw\""},
+        {"--sped", "there is no option --sped"},
+        {"run", "SCRIPT is required"},
+        {"run x.js y.js", "\"y.js\" is one argument too many"},
+        {"run x.js --plugin", "--plugin: 1 required TEXT missing"},
+        {"run --speed 5", "there is no option --speed"},
+        {"info", "FILE is required"},
+        {"render a.svg", "-o is required"},
+        {"render a.svg -o b.gif", "-o: the name of a picture ends in .png or .pdf"},
+        {"render a.svg -o -", "-o -: which format? --format png or --format pdf"},
+        {"render a.svg -o b.png --format pdf", "-o and --format differ"},
+        {"render a.svg -o b --format gif", "--format: must be png or pdf, not \"gif\""},
+        {"render a.svg -o b.pdf --dpi 72", "--dpi is for PNG: a PDF has no pixels"},
+        {"render a.svg -o b.png --scale 0", "--scale: must be a number greater than 0, not \"0\""},
+        {"render a.svg -o b.png --scale inf", "--scale: must be a number greater than 0, not \"inf\""},
+        {"render a.svg -o b.png --dpi 9x", "--dpi: must be a number greater than 0, not \"9x\""},
+        {"render a.svg -o b.png --dpi 9 --scale 2", "--dpi excludes --scale"},
+    };
+    for (const auto& [arguments, what] : rows) {
         const Ended ended = easel(arguments);
         EXPECT_EQ(ended.code, 2) << arguments;
-        EXPECT_EQ(ended.output.rfind("easel: ", 0), 0U) << ended.output;
+        EXPECT_EQ(ended.output.rfind(std::string("easel: ") + what + "; see easel ", 0), 0U) << ended.output;
         EXPECT_EQ(ended.output.find('\n'), ended.output.size() - 1) << ended.output;
     }
-    EXPECT_EQ(easel("draw x.js").output, "easel: there is no command \"draw\"; see easel --help\n");
+}
+
+TEST_F(CommandLine, TellsOfItself) {
+    EXPECT_EQ(easel("--version").output, "Easel 16.0.0\n");
+    const std::string help = easel("--help").output;
+    for (const char* word : {"run", "render", "info", "plugins", "Exit codes", "EASEL_PLUGINS", "EASEL_RENDER_SECONDS"})
+        EXPECT_NE(help.find(word), help.npos) << word;
+}
+
+TEST_F(CommandLine, ReadsStandardInputAndWritesStandardOutput) {
+    folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='4'/>");
+    folder.write("s.js", "#!/usr/bin/easel\nprint('here');\nthrow 1;\n");
+    EXPECT_EQ(easel("info - < d.svg").output, easel("info d.svg").output);
+    expectFailure(easel("run - < s.js"), 1, "here\neasel: standard input:3: 1");
+    EXPECT_EQ(easel("render - -o - --format png < d.svg > p.png").code, 0);
+    EXPECT_EQ(folder.content("p.png").substr(16, 8), std::string("\0\0\0\x08\0\0\0\x04", 8));
+    EXPECT_EQ(easel("render d.svg -o - --format pdf").output.substr(0, 5), "%PDF-");
+    expectFailure(easel("info - < s.js"), 1, "easel: standard input:1:1: not well-formed (invalid token)");
+}
+
+TEST_F(CommandLine, AnOutputThatIsFullIsAnError) {
+    folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='4'/>");
+    folder.write("s.js", "\nprint('here');\n");
+    const std::string full = "standard output: No space left on device";
+    for (const char* arguments : {"--help", "--version", "info d.svg", "render d.svg -o - --format png", "plugins"})
+        expectFailure(easel(arguments + std::string(" > /dev/full")), 1, "easel: " + full);
+    expectFailure(easel("run s.js > /dev/full"), 1, "easel: s.js:2: print: No space left on device");
+}
+
+TEST_F(CommandLine, ADrawingThatTheRendererDiesOfIsOneLine) {
+    folder.write("d.svg",
+                 "<svg xmlns='http://www.w3.org/2000/svg' width='8' height='4'><filter id='f'><feFlood width='0' "
+                 "height='0'/><feTile/></filter><rect width='8' height='4' filter='url(#f)'/></svg>");
+    const std::string why = "d.svg: cannot be drawn: the renderer gave up: assertion failed: width > 0 && height > 0";
+    expectFailure(easel("render d.svg -o d.PDF"), 1, "easel: " + why);
+    folder.write("s.js", "app.open('d.svg');\ntry { app.exportPNG('d.png'); } catch (e) { print(e.message); }\n"
+                         "app.newDocument(72, 36);\napp.exportPDF('e.Pdf', 2);\napp.exportPDF('e.png');\n");
+    expectFailure(easel("run s.js"), 1,
+                  "app.exportPNG: " + why +
+                      "\neasel: s.js:5: app.exportPDF: e.png: the name of such a picture ends in .pdf");
+    EXPECT_NE(folder.content("e.Pdf").find("/MediaBox [ 0 0 144 72 ]"), std::string::npos);
+    EXPECT_EQ(folder.fileCount(), 3);
 }
 
 TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
@@ -80,15 +140,31 @@ TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
     EXPECT_EQ(easel("render d.svg -o d.pdf").code, 0);
     EXPECT_EQ(folder.content("d.png").substr(16, 8), std::string("\0\0\0\x3c\0\0\0\x1e", 8)); // 60 by 30
     EXPECT_EQ(folder.content("d.pdf").substr(0, 5), "%PDF-");
-    EXPECT_NE(easel("info --help").output.find("FILE"), std::string::npos);
     expectFailure(easel("info none.svg"), 1, "easel: none.svg: No such file or directory");
 }
 
-TEST_F(CommandLine, ListsPluginsThatStartAndNamesThoseThatDoNot) {
-    const Ended ended = easel("plugins --plugin " ORTHOLINE_BUNDLE " --plugin None.aip");
-    EXPECT_EQ(ended.code, 1);
-    EXPECT_NE(ended.output.find("easel: None.aip: no such plug-in\n"), std::string::npos) << ended.output;
-    EXPECT_NE(ended.output.find("Ortholine\n  tool: Isometric Line Tool\n"), std::string::npos) << ended.output;
+TEST_F(CommandLine, FindsPluginsByNameAndInFolders) {
+    const std::string tools = "Ortholine\n  tool: Isometric Line Tool\n";
+    const Ended named = easel("plugins None.aip " ORTHOLINE_BUNDLE);
+    EXPECT_EQ(named.code, 1);
+    EXPECT_EQ(named.output.rfind("easel: None.aip: no such plug-in\n" + tools, 0), 0U) << named.output;
+
+    // The one that was named comes before the one that was found.
+    folder.write("own/Text.aip/Contents/Linux/Text", "no library");
+    std::filesystem::create_directory_symlink(ORTHOLINE_BUNDLE, folder.path("own/Ortholine.aip"));
+    const std::string folders = "export EASEL_PLUGINS=none::own";
+    for (const char* arguments : {"plugins", "plugins --plugin " ORTHOLINE_BUNDLE}) {
+        const Ended found = easel(arguments, folders);
+        EXPECT_EQ(found.code, 1);
+        EXPECT_EQ(found.output.rfind("easel: plug-in: own/Text.aip: cannot be loaded: ", 0), 0U) << found.output;
+        EXPECT_NE(found.output.find(tools), found.output.npos) << found.output;
+    }
+    folder.write("s.js", "print(app.plugins.length, app.reports.length)");
+    EXPECT_NE(easel("run s.js", folders).output.find("\n1 1\n"), std::string::npos); // what does not load is told
+
+    const std::string usual = "unset EASEL_PLUGINS && export HOME=/h XDG_DATA_HOME=";
+    EXPECT_NE(easel("plugins", usual).output.find("\n  /h/.local/share/easel/plug-ins\n"), std::string::npos);
+    EXPECT_NE(easel("plugins", usual + "/d").output.find("\n  /d/easel/plug-ins\n"), std::string::npos);
 }
 
 TEST_F(CommandLine, WhatIsNoFileOfADrawingIsRefusedAtOnce) {
@@ -138,9 +214,9 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
                             "for (var i = 0; i < 500; i++) doc.addPath([[i, 2], [3, 4]]);\n"
                             "app.save('drawing.svg');\n");
     // No file may grow beyond some kilobytes; that is as good as a full disk.
-    const Ended ended = easel("run fill.js", "trap '' XFSZ && ulimit -f 8");
-    EXPECT_EQ(ended.code, 1);
-    EXPECT_EQ(ended.output, "easel: fill.js:3: app.save: drawing.svg: File too large\n");
+    const std::string small = "ulimit -c 0 && ulimit -f 8";
+    expectFailure(easel("run fill.js", small), 1, "easel: fill.js:3: app.save: drawing.svg: File too large");
+    expectFailure(easel("render drawing.svg -o p.png --scale 800", small), 1, "easel: p.png: File too large");
     EXPECT_EQ(folder.content("drawing.svg"), drawing);
     EXPECT_EQ(folder.fileCount(), 2);
 }
@@ -148,7 +224,7 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));
-    for (const std::string name : {"cube", "shift-and-option", "select"}) {
+    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool"}) {
         const Ended ended = easel("run examples/" + name + ".js --plugin " ORTHOLINE_BUNDLE);
         EXPECT_EQ(ended.code, 0) << ended.output;
     }

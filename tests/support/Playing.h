@@ -1,6 +1,8 @@
 // Tests that play scripts in a session of their own.
 #pragma once
 
+#include <boost/algorithm/string/erase.hpp>
+
 #include <sstream>
 
 #include "script/Script.h"
@@ -17,7 +19,7 @@ class Playing : public testing::Test {
         std::ostringstream out;
         const std::string error = errorOf<easel::script::ScriptError>([&] { easel::script::run(session, file, out); });
         EXPECT_EQ(error.rfind(error.empty() ? "" : file + ":", 0), 0U) << error;
-        return out.str() + (error.empty() ? "" : error.substr(file.size() + 1));
+        return boost::erase_all_copy(out.str() + error, file + ":");
     }
 
     Folder folder;
