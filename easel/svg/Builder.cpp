@@ -102,20 +102,6 @@ Box hullOf(const std::vector<PathData>& subpaths) {
     return hull;
 }
 
-/// Takes the page's size on paper from the root's width and height; one of them implies the other.
-void measureSheet(Source& source, const Attributes& attributes, const Document& page) {
-    const auto points = [&](std::string_view name) {
-        const std::optional<std::string_view> text = attributes.find(name);
-        const double value = text ? length(*text).value_or(0) * 72 / 96 : 0;
-        return value > 0 && value <= kFarthestCoordinate ? value : 0;
-    };
-    source.sheetWidth = points("width");
-    source.sheetHeight = points("height");
-    const double ratio = page.width() / page.height();
-    if (source.sheetWidth == 0) source.sheetWidth = source.sheetHeight * ratio;
-    if (source.sheetHeight == 0) source.sheetHeight = source.sheetWidth / ratio;
-}
-
 /// The box that x, y, width and height tell.
 Box boxOf(const Attributes& attributes, const Units& units, const Geom::Affine& toPage) {
     const auto get = [&](Name name, Along along) -> std::optional<double> {
@@ -147,6 +133,21 @@ double sizeIn(const Units& window, const Attributes& attributes, Name name, Alon
     } catch (const UnknownUnit&) {
         return all;
     }
+}
+
+/// Takes the page's size on paper from the root's width and height; one of them implies the other. A percentage of the
+/// window is no size.
+void measureSheet(Source& source, const Units& window, const Attributes& attributes, const Document& page) {
+    const auto points = [&](Name name, Along along) {
+        const bool told = attributes.has(name) && attributes.get(name).find('%') == std::string_view::npos;
+        const double size = told ? sizeIn(window, attributes, name, along) * 72 / 96 : 0;
+        return size > 0 && withinReach(size) ? size : 0;
+    };
+    source.sheetWidth = points(Name::Width, Along::X);
+    source.sheetHeight = points(Name::Height, Along::Y);
+    const double ratio = page.width() / page.height();
+    if (source.sheetWidth == 0) source.sheetWidth = source.sheetHeight * ratio;
+    if (source.sheetHeight == 0) source.sheetHeight = source.sheetWidth / ratio;
 }
 
 /// What SVG has no place for, and the writer puts into attributes of its own or its neighbours: in the element's units.
@@ -280,7 +281,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
         throw std::range_error("the drawing's page lies too far out");
     }
     document_ = std::make_unique<Document>(width, height);
-    measureSheet(*source_, attributes, *document_);
+    measureSheet(*source_, window, attributes, *document_);
     document_->journal().beginUnrecorded();
     toPage_ = attributes.transformInto(hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1])
                                               : Geom::Affine::identity());
