@@ -251,7 +251,9 @@ ExitCode run(int argc, char** argv) {
         commands.cli.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) { // help or the version was asked for
-            commands.cli.exit(error, std::cout, std::cerr);
+            std::ostringstream text;
+            commands.cli.exit(error, text, text);
+            print(text.str());
             return Done;
         }
         misuse = error.what();

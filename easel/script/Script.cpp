@@ -135,8 +135,11 @@ std::string lineAbout(duk_context* engine, const std::string& path) {
         text = fromEngine(said).value_or(said);
     }
     if (line == 0) line = running.throwLine;
-    if (!running.compiled)
-        text = text.substr(0, text.rfind(" (line ")) + " (scripts are JavaScript ES5: no let, const, => or class)";
+    const std::size_t said = text.rfind(" (line ");
+    if (!running.compiled && said != text.npos) {
+        const bool isText = text.rfind("source decode", 0) != 0;
+        text = text.substr(0, said) + (isText ? " (scripts are JavaScript ES5: no let, const, => or class)" : "");
+    }
     // An error may have been made elsewhere than it was thrown.
     else if (line == running.throwLine && running.callLine != 0)
         text += " (called from " + path + ':' + std::to_string(running.callLine) + ')';

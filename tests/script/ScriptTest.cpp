@@ -25,7 +25,7 @@ TEST_F(ScriptTest, AnUncaughtErrorNamesItsLineAndReason) {
         {"#!/usr/bin/easel\nfunction f() {\n  assert(0);\n}\n\nf();", "3: assert: failed (called from 6)"},
         {"function f() {\n  keys.press(5); }\n[1].forEach(f);",
          "2: keys.press: argument 1 (name) must be a text, not 5 (called from 3)"},
-        {"\nlet a = 1;", "2: unterminated statement (scripts are JavaScript ES5: no let, const, => or class)"},
+        {"\nlet a = 1;", "2: parse error (scripts are JavaScript ES5: no let, const, => or class)"},
         {"\nassert(1 > 2, 'one is less');", "2: assert: failed: one is less"},
         {"assert(0);", "1: assert: failed"},
         {"TypeError = Error = null;\nkeys.press(5);", "2: keys.press: argument 1 (name) must be a text, not 5"},
