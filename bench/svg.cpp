@@ -1,5 +1,5 @@
-// Files: reading against the bare parsers that it rests on, in time and in memory, and saving one change against
-// copying the file. All on one drawing of 100,000 paths and some 50 MB.
+// Files: reading against bare parsers, in time and in memory, and saving one change against copying the file. On a
+// drawing of 100,000 paths and some 50 MB, and on one of as many short lines.
 #include <2geom/path-sink.h>
 #include <2geom/svg-path-parser.h>
 #include <benchmark/benchmark.h>
@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -26,29 +27,32 @@ using namespace easel;
 constexpr int kPaths = 100'000;
 constexpr int kCurves = 9; ///< of each path; as many as make half a kilobyte
 
-const std::string& drawing() {
-    static const std::string text = [] {
-        std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\">\n";
-        std::mt19937 engine(1);
-        std::uniform_int_distribution<int> coordinate(0, 999'999);
-        const auto point = [&] {
-            const auto part = [&] {
-                const int value = coordinate(engine);
-                return std::to_string(value / 1000) + '.' + std::to_string(value % 1000);
-            };
-            svg += ' ' + part() + ',' + part();
+/// Paths of that many curves; of none, straight lines.
+std::string drawingOf(int curves) {
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\">\n";
+    std::mt19937 engine(1);
+    std::uniform_int_distribution<int> coordinate(0, 999'999);
+    const auto point = [&] {
+        const auto part = [&] {
+            const int value = coordinate(engine);
+            return std::to_string(value / 1000) + '.' + std::to_string(value % 1000);
         };
-        for (int i = 0; i < kPaths; ++i) {
-            svg += "  <path id=\"path" + std::to_string(i) + "\" style=\"fill:none;stroke:#12" +
-                   std::to_string(1000 + i % 9000) + ";stroke-width:1.5\" d=\"M";
-            point();
-            svg += " C";
-            for (int j = 0; j < 3 * kCurves; ++j) point();
-            svg += "\"/>\n";
-        }
-        return svg + "</svg>\n";
-    }();
-    return text;
+        svg += ' ' + part() + ',' + part();
+    };
+    for (int i = 0; i < kPaths; ++i) {
+        svg += "  <path id=\"path" + std::to_string(i) + "\" style=\"fill:none;stroke:#12" +
+               std::to_string(1000 + i % 9000) + ";stroke-width:1.5;stroke-linecap:round\" d=\"M";
+        point();
+        svg += curves > 0 ? " C" : " L";
+        for (int j = 0; j < std::max(3 * curves, 1); ++j) point();
+        svg += "\"/>\n";
+    }
+    return svg + "</svg>\n";
+}
+
+const std::string& drawing(bool lines) {
+    static const std::string texts[] = {drawingOf(kCurves), drawingOf(0)};
+    return texts[lines ? 1 : 0];
 }
 
 /// What the drawing is put into, gone at the end of the program.
@@ -62,27 +66,41 @@ struct Folder {
         (std::filesystem::temp_directory_path() / ("easel-bench-" + std::to_string(::getpid()))).string();
 };
 
-const std::string& file() {
+const std::string& file(bool lines = false) {
     static const Folder folder;
-    static const std::string path = [] {
-        std::string name = folder.path + "/drawing.svg";
-        std::ofstream(name, std::ios::binary) << drawing();
+    static const auto written = [](bool ofLines) {
+        std::string name = folder.path + (ofLines ? "/lines.svg" : "/drawing.svg");
+        std::ofstream(name, std::ios::binary) << drawing(ofLines);
         return name;
-    }();
-    return path;
+    };
+    static const std::string paths[] = {written(false), written(true)};
+    return paths[lines ? 1 : 0];
 }
+
+/// Takes what the peer's parser says, and does nothing with it.
+class NoSink : public Geom::PathSink {
+  public:
+    void moveTo(const Geom::Point&) override {}
+    void lineTo(const Geom::Point&) override {}
+    void curveTo(const Geom::Point&, const Geom::Point&, const Geom::Point&) override {}
+    void quadTo(const Geom::Point&, const Geom::Point&) override {}
+    void arcTo(Geom::Coord, Geom::Coord, Geom::Coord, bool, bool, const Geom::Point&) override {}
+    void closePath() override {}
+    void flush() override {}
+};
 
 void parsePath(void*, const XML_Char*, const XML_Char** attributes) {
     for (; *attributes; attributes += 2) {
         if (std::string_view(attributes[0]) != "d") continue;
-        Geom::PathBuilder builder;
-        Geom::SVGPathParser(builder).parse(std::string(attributes[1]));
-        benchmark::DoNotOptimize(builder.peek().size());
+        NoSink sink;
+        Geom::SVGPathParser(sink).parse(std::string(attributes[1]));
     }
 }
 
+// Each with a drawing of curves (0) and one of lines (1).
+
 void bareParsers(benchmark::State& state) {
-    const std::string& text = drawing();
+    const std::string& text = drawing(state.range(0) != 0);
     for (auto _ : state) {
         const std::unique_ptr<XML_ParserStruct, void (*)(XML_Parser)> parser(XML_ParserCreateNS(nullptr, '|'),
                                                                              XML_ParserFree);
@@ -93,14 +111,19 @@ void bareParsers(benchmark::State& state) {
     }
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
-BENCHMARK(bareParsers)->Unit(benchmark::kMillisecond);
+BENCHMARK(bareParsers)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void read(benchmark::State& state) {
-    const std::string& path = file();
-    for (auto _ : state) benchmark::DoNotOptimize(svg::open(path));
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(drawing().size()));
+    const std::string& path = file(state.range(0) != 0);
+    for (auto _ : state) {
+        auto document = svg::open(path);
+        state.PauseTiming(); // what was read goes when it is no longer needed
+        document.reset();
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(std::filesystem::file_size(path)));
 }
-BENCHMARK(read)->Unit(benchmark::kMillisecond);
+BENCHMARK(read)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 /// What the system says of this process's memory, in kilobytes: "VmRSS:" now, "VmHWM:" at most.
 double memoryInUse(const std::string& field) {
@@ -131,14 +154,14 @@ template <class Work> double peakOf(Work work) {
 }
 
 void readMemory(benchmark::State& state) {
-    const std::string& path = file();
+    const std::string& path = file(state.range(0) != 0);
     double peak = 0;
     for (auto _ : state) {
         peak = peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); });
     }
     state.counters["peak/file"] = peak / static_cast<double>(std::filesystem::file_size(path));
 }
-BENCHMARK(readMemory)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(readMemory)->Arg(0)->Arg(1)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void copyFile(benchmark::State& state) {
     const std::string copy = file() + ".copy";

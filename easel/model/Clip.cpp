@@ -38,7 +38,7 @@ bool isOnOutline(const Mask::Shape& shape, Point point, const Box& around, doubl
 
 /// How far the art has been moved since it got its mask, as far as the mask goes along.
 Point movedWithMask(const Node& node, const Clip& clip) {
-    if (node.type() == NodeType::Opaque) return node.opaque().moved;
+    if (node.type() != NodeType::Path) return node.moved();
     return clip.outline ? commonMove(*clip.outline, node.path()).value_or(Point{}) : Point{};
 }
 

@@ -28,8 +28,8 @@ class Mask {
     std::vector<Box> hulls_; // of each shape
 };
 
-/// A mask on some art. It stays where it is when the art is a group; on a path or opaque art it moves along, until the
-/// path's outline is changed in another way.
+/// A mask on some art. It moves along with the art, on a path until its outline is changed in another way; with a group
+/// when that is moved as a whole.
 struct Clip {
     std::shared_ptr<const Mask> mask;
     /// From the document's units to the mask's: x' = a x + c y + e, y' = b x + d y + f.

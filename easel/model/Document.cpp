@@ -25,16 +25,17 @@ Style visiblePart(Style style) {
     return style;
 }
 
-/// The content as far as it shows.
-Content visiblePart(Content content) {
+/// The content as far as it shows. How far a group has been moved shows in what it holds.
+Content visiblePart(const Node& node) {
+    Content content = node.content();
+    if (node.isContainer()) content.opaque = {};
     if (content.style) content.style = Shared(visiblePart(*content.style));
     if (content.path && content.path->points.empty()) content.path = Shared(PathData{});
     return content;
 }
 
 bool looksSame(const Node& a, const Node& b) {
-    return a.type() == b.type() && a.childCount() == b.childCount() &&
-           visiblePart(a.content()) == visiblePart(b.content());
+    return a.type() == b.type() && a.childCount() == b.childCount() && visiblePart(a) == visiblePart(b);
 }
 
 int depthOf(const Node& node) {

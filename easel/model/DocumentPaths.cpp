@@ -61,15 +61,15 @@ void Document::offset(Node& node, double dx, double dy) {
     if (dx == 0 && dy == 0) return;
     const Transaction transaction(journal());
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
-        if (at->type() == NodeType::Opaque) {
-            const OpaqueData& data = at->opaque();
-            impl_->setOpaque(*at, {data.bounds, {data.moved.x + dx, data.moved.y + dy}});
-        }
+        const Point moved{at->moved().x + dx, at->moved().y + dy};
+        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, {at->opaque().bounds, moved});
+        if (at->isContainer() && at->type() != NodeType::Root)
+            impl_->change(*at).opaque = moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{{}, moved});
         if (at->type() != NodeType::Path || at->path().points.empty()) continue;
         for (PathPoint& point : impl_->writablePath(*at).points) {
-            for (Point* const moved : {&point.anchor, &point.in, &point.out}) {
-                moved->x += dx;
-                moved->y += dy;
+            for (Point* const place : {&point.anchor, &point.in, &point.out}) {
+                place->x += dx;
+                place->y += dy;
             }
         }
     }

@@ -36,7 +36,7 @@ struct Clip;
 struct Content {
     Shared<PathData> path;     ///< paths only
     Shared<Style> style;       ///< paths only
-    Shared<OpaqueData> opaque; ///< opaque art only
+    Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
     bool locked = false;
     bool hidden = false;
@@ -73,6 +73,8 @@ class Node {
     [[nodiscard]] const PathData& path() const { return *state_.content.path; }
     [[nodiscard]] const Style& style() const { return *state_.content.style; }
     [[nodiscard]] const OpaqueData& opaque() const { return *state_.content.opaque; }
+    /// How far opaque art, a group or a layer has been moved as a whole; of a path its points tell.
+    [[nodiscard]] Point moved() const { return state_.content.opaque ? state_.content.opaque->moved : Point{}; }
     [[nodiscard]] Box hull() const; ///< of a path or opaque art; empty for containers
     [[nodiscard]] const Content& content() const { return state_.content; }
     /// What the document's origin calls this node; 0 for one that was made here.

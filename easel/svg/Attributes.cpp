@@ -49,6 +49,8 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{"stroke-dasharray", Name::StrokeDashArray},
                             Known{"stroke-dashoffset", Name::StrokeDashOffset},
                             Known{"fill-opacity", Name::FillOpacity},
+                            Known{"fill-rule", Name::FillRule},
+                            Known{"paint-order", Name::PaintOrder},
                             Known{"stroke-opacity", Name::StrokeOpacity},
                             Known{"marker", Name::Marker},
                             Known{"marker-start", Name::MarkerStart},
@@ -90,6 +92,26 @@ bool isPresentation(Name name) {
 }
 
 } // namespace
+
+std::string_view textOf(Name name) {
+    for (const Known& known : kNames)
+        if (known.name == name) return known.text;
+    return {};
+}
+
+std::string_view initialValue(Name name) {
+    switch (name) {
+    case Name::FillOpacity:
+    case Name::StrokeOpacity: return "1";
+    case Name::MarkerStart:
+    case Name::MarkerMid:
+    case Name::MarkerEnd: return "none";
+    case Name::FillRule: return "nonzero";
+    case Name::PaintOrder: return "normal";
+    case Name::Visibility: return "visible";
+    default: return {};
+    }
+}
 
 Attributes::Attributes(const char** pairs) {
     for (; *pairs; pairs += 2) {

@@ -55,6 +55,8 @@ enum class Name : std::uint8_t {
     StrokeDashArray,
     StrokeDashOffset,
     FillOpacity,
+    FillRule,
+    PaintOrder,
     StrokeOpacity,
     Marker,
     MarkerStart,
@@ -66,6 +68,11 @@ enum class Name : std::uint8_t {
     Font,
     Unknown
 };
+
+/// Its text; only for properties.
+[[nodiscard]] std::string_view textOf(Name name);
+/// Of a property that a style of the model does not have: what SVG starts from. Empty for others.
+[[nodiscard]] std::string_view initialValue(Name name);
 
 class Attributes {
   public:

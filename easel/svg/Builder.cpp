@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "svg/Limits.h"
+#include "svg/Markup.h"
 #include "svg/Names.h"
 #include "svg/Outlines.h"
 #include "svg/Values.h"
@@ -59,22 +60,25 @@ Style styleOf(const Attributes& attributes, Style style, const Units& units) {
     return style;
 }
 
-/// Whether what is inherited can be said in a style of the model.
-bool isPlain(const Attributes& attributes) {
-    bool plain = true;
-    attributes.forEachProperty([&](Name name, std::string_view value) {
-        if (name == Name::Visibility || (name >= Name::FillOpacity && name <= Name::MarkerEnd)) plain = false;
-        if ((name == Name::Fill || name == Name::Stroke) && value != "none" && !color(value)) plain = false;
-    });
-    return plain;
+/// Adds what is passed on to those inside and no style of the model can say.
+void inherit(std::vector<std::pair<Name, std::string>>& inherited, Name name, std::string_view value) {
+    const auto known =
+        std::find_if(inherited.begin(), inherited.end(), [&](const auto& has) { return has.first == name; });
+    if (known != inherited.end()) inherited.erase(known);
+    if (!value.empty()) inherited.emplace_back(name, value);
 }
 
-/// Whether what is inside inherits a gradient or a pattern, which lies in its own units.
-bool passesOnPaintServer(const Attributes& attributes, bool inherited) {
+void inherit(std::vector<std::pair<Name, std::string>>& inherited, const Attributes& attributes) {
     attributes.forEachProperty([&](Name name, std::string_view value) {
-        if ((name == Name::Fill || name == Name::Stroke) && value.substr(0, 4) == "url(") inherited = true;
+        if (value == "inherit") return;
+        const bool isPaint = name == Name::Fill || name == Name::Stroke;
+        if (isPaint) inherit(inherited, name, value == "none" || color(value) ? "" : value);
+        if (name == Name::Marker)
+            for (const Name each : {Name::MarkerStart, Name::MarkerMid, Name::MarkerEnd})
+                inherit(inherited, each, value == "none" ? "" : value);
+        else if (!initialValue(name).empty())
+            inherit(inherited, name, value == initialValue(name) ? "" : value);
     });
-    return inherited;
 }
 
 bool isFlat(const Geom::Affine& transform) {
@@ -191,7 +195,7 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
         throw std::length_error("elements nest deeper than " + std::to_string(kDeepestElement));
     }
     const std::string_view element = svgName(name);
-    if (element == "style") source_->hasStyleSheet = true;
+    if (element == "style") startSheet(tag);
     clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
     if (skipped_.open > 0) {
         ++skipped_.open;
@@ -226,11 +230,12 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
 
 void Builder::endElement(TagBytes tag) {
     clipPaths_.endElement();
+    if (depth_ == sheet_.depth) endSheet(tag);
     if (skipped_.open > 0) {
         if (measuring_.node) measuring_.transforms.pop_back();
         if (--skipped_.open == 0) {
             if (skipped_.isLatest) latest().end = tag.end;
-            endPassedOver();
+            endSkipped();
         }
     } else {
         const Open& open = open_.back();
@@ -245,7 +250,42 @@ void Builder::endElement(TagBytes tag) {
     --depth_;
 }
 
-void Builder::endPassedOver() {
+// Style sheets are not evaluated, but looked through for what would matter.
+
+void Builder::startSheet(TagBytes tag) {
+    source_->hasStyleSheet = true;
+    if (sheet_.depth == 0) sheet_ = {depth_, tag.end, tag.inEntity};
+}
+
+void Builder::endSheet(TagBytes tag) {
+    const std::string_view text = std::string_view(source_->text).substr(sheet_.begin, tag.begin - sheet_.begin);
+    const bool isElsewhere =
+        sheet_.inEntity || text.find('&') != std::string_view::npos || text.find("@import") != std::string_view::npos;
+    const auto has = [&](std::string_view what) { return isElsewhere || text.find(what) != std::string_view::npos; };
+    source_->sheetHasServers = source_->sheetHasServers || has("url(");
+    source_->sheetInsists = source_->sheetInsists || has("!important");
+    fontsAreKnown_ = fontsAreKnown_ && !has("font");
+    sheet_ = {};
+}
+
+void Builder::linkSheet() {
+    source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = true;
+    fontsAreKnown_ = false;
+}
+
+void Builder::addDefault(std::string_view tagName, std::string_view attribute, std::string_view value) {
+    std::string text;
+    appendEscaped(text, value, true);
+    source_->defaults[std::string(tagName)].emplace(attribute, std::move(text)); // the first one counts
+}
+
+Units Builder::units(const Attributes& attributes) const {
+    Units units = attributes.units(container().units);
+    if (!fontsAreKnown_) units.forgetFontSize();
+    return units;
+}
+
+void Builder::endSkipped() {
     open_.back().deepest = std::max(open_.back().deepest, skipped_.deepest);
     if (measuring_.node) document_->setBounds(*std::exchange(measuring_.node, nullptr), trusted(measuring_.box));
     if (!std::exchange(skipped_.isLatest, false)) return;
@@ -287,7 +327,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
                                               : Geom::Affine::identity());
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
     source_->transforms.push_back(toPage_);
-    source_->containers.push_back({.style = initialStyle(), .units = Units(width, height)});
+    source_->containers.push_back({.style = initialStyle(), .units = Units(width, height), .inherited = {}});
     openContainer(attributes, nullptr);
     Document::setOrigin(document_->root(), 1);
 }
@@ -307,12 +347,13 @@ void Builder::startGroup(const Attributes& attributes) {
     Node& group = isLayer ? newLayer(attributes) : add(NodeType::Group, attributes);
     openContainer(attributes, &group);
     keep(&group);
+    noteTransform(attributes);
     clipPaths_.putOn(group, attributes, toPage_);
 }
 
 void Builder::addShape(std::string_view element, const Attributes& attributes) {
-    const Units units = attributes.units(container().units);
-    Outline outline = shapeOutline(element, attributes, units);
+    const Units measured = units(attributes);
+    Outline outline = shapeOutline(element, attributes, measured);
     std::vector<PathData>& subpaths = outline.subpaths;
     if (outline.damaged) warn_("the outline is damaged; what comes before that is kept");
     if (subpaths.empty() && element == "path") subpaths.emplace_back(); // a path without points is still one
@@ -341,11 +382,12 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         latest().wrapped = otherTransform;
         return;
     }
-    const Style own = styleOf(attributes, container().style, units);
+    const Style own = styleOf(attributes, container().style, measured);
     Node& path = add(NodeType::Path, attributes);
     document_->setPath(path, std::move(subpaths.front()));
     document_->setStyle(path, scaled(own, std::sqrt(std::fabs(toPage_.det()))));
     keep(&path);
+    noteTransform(attributes);
     clipPaths_.putOn(path, attributes, toPage_);
     latest().damaged = outline.damaged;
     skipped_.isLatest = true;
@@ -355,7 +397,7 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
 void Builder::addForeign(std::string_view element, const Attributes& attributes) {
     const bool isBox = element == "image" || element == "foreignObject" || element == "svg";
     Node& node = addOpaque(attributes, isFlat(toPage_) ? Reason::Singular : Reason::Kind,
-                           isBox ? boxOf(attributes, attributes.units(container().units), toPage_) : Box{});
+                           isBox ? boxOf(attributes, units(attributes), toPage_) : Box{});
     // Renderers disagree on whether a nested drawing may have a transform.
     latest().wrapped = element == "svg" || attributes.transformsInStyle();
     if (element != "a" && element != "switch") return;
@@ -389,7 +431,7 @@ void Builder::measureInside(std::string_view element, const Attributes& attribut
             measuring_.transforms.back() = transform;
             return;
         }
-        Outline outline = shapeOutline(element, attributes, attributes.units(container().units));
+        Outline outline = shapeOutline(element, attributes, units(attributes));
         for (PathData& subpath : outline.subpaths) transformBy(subpath, transform);
         measuring_.box.include(hullOf(outline.subpaths));
     } catch (const std::range_error&) { // what cannot be measured does not count
@@ -419,6 +461,7 @@ Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box&
     Node& node = add(NodeType::Opaque, attributes);
     document_->setBounds(node, bounds);
     keep(&node);
+    noteTransform(attributes);
     latest().reason = reason;
     // Without a transform the mask cannot be placed.
     if (!isFlat(toPage_) && reason != Reason::Transform) clipPaths_.putOn(node, attributes, toPage_);
@@ -468,6 +511,9 @@ void Builder::keep(Node* node) {
     Document::setOrigin(*node, static_cast<std::uint32_t>(source_->elements.size()));
 }
 
+/// Whether the latest element has a transform that comes to nothing.
+void Builder::noteTransform(const Attributes& attributes) { latest().voidTransform = attributes.hasVoidTransform(); }
+
 void Builder::openContainer(const Attributes& attributes, Node* node) {
     const std::uint32_t outer = open_.empty() ? 0 : open_.back().container;
     Element element;
@@ -482,8 +528,7 @@ void Builder::openContainer(const Attributes& attributes, Node* node) {
     Container inner = source_->containers[outer];
     inner.units = attributes.units(inner.units);
     inner.style = styleOf(attributes, inner.style, inner.units);
-    inner.plain = inner.plain && isPlain(attributes);
-    inner.paintServer = passesOnPaintServer(attributes, inner.paintServer);
+    inherit(inner.inherited, attributes);
     inner.toPage = element.toPage;
     inner.element = static_cast<std::uint32_t>(source_->elements.size());
     element.inner = static_cast<std::uint32_t>(open_.empty() ? 0 : source_->containers.size());

@@ -35,6 +35,9 @@ class Builder {
     void bindPrefix(std::string_view prefix, std::string_view uri); ///< on the element that starts next
     void startElement(std::string_view name, const Attributes& attributes, TagBytes tag);
     void endElement(TagBytes tag);
+    void linkSheet(); ///< a style sheet that is a file of its own
+    /// What elements of this name have where they do not say otherwise. Names as they are written.
+    void addDefault(std::string_view tagName, std::string_view attribute, std::string_view value);
     /// The document, complete and with its origin.
     std::unique_ptr<model::Document> finish();
 
@@ -54,7 +57,9 @@ class Builder {
     void addForeign(std::string_view element, const Attributes& attributes);
     void addReference(const Attributes& attributes);
     void measureInside(std::string_view element, const Attributes& attributes);
-    void endPassedOver();
+    void endSkipped();
+    void startSheet(TagBytes tag);
+    void endSheet(TagBytes tag);
 
     // Parts of them
     model::Node& newLayer(const Attributes& attributes);
@@ -64,8 +69,10 @@ class Builder {
     model::Node& newImplicitLayer();
     void setFlags(model::Node& node, const Attributes& attributes);
     void keep(model::Node* node);
+    void noteTransform(const Attributes& attributes);
     void openContainer(const Attributes& attributes, model::Node* node);
-    [[nodiscard]] const Container& container() const; ///< the innermost that is open
+    [[nodiscard]] Units units(const Attributes& attributes) const; ///< of an element in the innermost container
+    [[nodiscard]] const Container& container() const;              ///< the innermost that is open
     [[nodiscard]] const Geom::Affine& around() const;
     [[nodiscard]] Element& latest() { return source_->elements.back(); }
 
@@ -89,6 +96,13 @@ class Builder {
         model::Box box;
         std::vector<std::optional<Geom::Affine>> transforms; ///< of open elements; none where nothing is shown
     } measuring_;
+    /// A style element that is open.
+    struct Sheet {
+        std::size_t depth = 0; ///< 0: none is
+        std::uint32_t begin = 0;
+        bool inEntity = false;
+    } sheet_;
+    bool fontsAreKnown_ = true;       // no style sheet has to do with them
     std::uint32_t lastReference_ = 0; // where the latest art from an entity is referred to
     bool firstLayerTaken_ = false;
     model::Node* implicitLayer_ = nullptr; // takes the art at the root, until a layer begins

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <utility>
 
 #include "svg/FileError.h"
@@ -24,26 +25,26 @@ using model::PathPoint;
 using model::Point;
 using model::Style;
 
-bool isUsable(double value) { return std::fabs(value) <= kFarthestCoordinate; }
-
 void requireInReach(const PathData& path) {
     for (const PathPoint& point : path.points) {
         for (const Point& at : {point.anchor, point.in, point.out}) {
-            if (!isUsable(at.x) || !isUsable(at.y)) {
-                throw FileError("a path that reaches beyond 1e9 points cannot be saved");
+            if (!withinReach(at.x) || !withinReach(at.y)) {
+                throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
             }
         }
     }
 }
 
 void requireUsable(const Style& style) {
-    bool usable = isUsable(style.strokeWidth) && isUsable(style.miterLimit) && isUsable(style.dashOffset);
-    for (const double dash : style.dashes) usable = usable && isUsable(dash);
+    bool usable = withinReach(style.strokeWidth) && withinReach(style.miterLimit) && withinReach(style.dashOffset);
+    for (const double dash : style.dashes) usable = usable && withinReach(dash);
     for (const model::Color& color : {style.fillColor, style.strokeColor}) {
         for (const double channel : {color.red, color.green, color.blue}) usable = usable && std::isfinite(channel);
     }
-    if (!usable) throw FileError("a stroke with lengths beyond 1e9 points cannot be saved");
+    if (!usable) throw UnsavableError("a stroke with lengths beyond 1e9 points cannot be saved");
 }
+
+constexpr double kSameMove = 1e-9; ///< against the moves themselves
 
 double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(transform.det())); }
 
@@ -96,16 +97,11 @@ std::string transformText(const Geom::Affine& transform) {
                        std::fabs(transform[2]) < almost && std::fabs(transform[3] - 1) < almost;
     std::string text = moves ? "translate(" : "matrix(";
     for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
-        if (!isUsable(transform[i])) throw FileError("an object beyond 1e9 points cannot be saved");
+        if (!withinReach(transform[i])) throw UnsavableError("an object beyond 1e9 points cannot be saved");
         appendNumber(text, transform[i]);
         text += i < 5 ? ' ' : ')';
     }
     return text;
-}
-
-void prefixTransform(Tag& tag, const Geom::Affine& transform) {
-    const std::string_view old = tag.find("transform").value_or("");
-    tag.set("transform", transformText(transform) + (old.empty() ? "" : ' ' + std::string(old)));
 }
 
 std::string_view localName(std::string_view name) {
@@ -118,9 +114,7 @@ std::string_view localName(std::string_view name) {
 // New elements
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
-    const Container& container = source_.containers[place.container];
-    const Geom::Affine& toPage = source_.transforms[container.toPage];
-    Tag tag('<' + place.prefix + (node.isContainer() ? "g" : "path"));
+    Tag tag = tagOf('<' + place.prefix + (node.isContainer() ? "g" : "path"));
     if (node.type() == NodeType::Layer) {
         setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "groupmode", "layer");
         setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "label", node.name());
@@ -131,30 +125,61 @@ std::string ElementText::newTag(const Node& node, const Place& place) {
     if (node.locked()) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
+    if (tag.find("transform")) tag.set("transform", "translate(0)"); // one that all elements of this name have
     if (node.type() != NodeType::Path) return tag.text();
     requireUsable(node.style());
+    const Geom::Affine toPage = toPageIn(place);
     const PathData outline = inUnits(node.path(), toPage);
     tag.set("d", pathData(outline));
     setOwnFeatures(tag, outline);
-    const Style style = inUnits(node.style(), scaleOf(toPage));
-    for (auto& [name, value] : properties(style, container.plain ? &container.style : nullptr)) tag.set(name, value);
-    if (container.plain) return tag.text();
-    for (const char* const name : {"fill-opacity", "stroke-opacity"}) tag.set(name, "1");
-    tag.set("marker", "none");
-    tag.set("visibility", "visible");
+    setPaint(tag, node, inUnits(node.style(), scaleOf(toPage)), source_.containers[place.container]);
     return tag.text();
+}
+
+/// Whatever could make the art look otherwise is ruled out: what it would inherit, and what a style sheet may say of
+/// elements of its kind.
+void ElementText::setPaint(Tag& tag, const Node& node, const Style& style, const Container& container) const {
+    static constexpr std::pair<std::string_view, std::string_view> others[] = {
+        {"opacity", "1"},          {"fill-opacity", "1"},    {"stroke-opacity", "1"}, {"fill-rule", "nonzero"},
+        {"marker", "none"},        {"clip-path", "none"},    {"mask", "none"},        {"filter", "none"},
+        {"paint-order", "normal"}, {"visibility", "visible"}};
+    const bool byDefault = source_.defaults.count(std::string(tag.name())) > 0;
+    if (!source_.hasStyleSheet && !byDefault) {
+        const bool isServed = container.passesOnServers();
+        for (auto& [name, value] : properties(style, isServed ? nullptr : &container.style)) tag.set(name, value);
+        for (const auto& [name, value] : container.inherited)
+            if (const std::string_view initial = initialValue(name); !initial.empty())
+                tag.set(textOf(name), std::string(initial));
+        return;
+    }
+    const std::string_view end = source_.sheetInsists ? " !important;" : ";";
+    std::string text = node.hidden() ? "display:none;" : "";
+    const auto say = [&](std::string_view name, std::string_view value) {
+        text.append(name).append(":").append(value).append(end);
+    };
+    if (!node.hidden()) say("display", "inline");
+    for (const auto& [name, value] : properties(style, nullptr)) say(name, value);
+    for (const auto& [name, value] : others) say(name, value);
+    text.pop_back();
+    tag.set("style", std::move(text));
 }
 
 // Changed elements
 
 bool ElementText::isChanged(const Node& node, const Element& element, const Place& place) const {
-    return node.content() != document_.original(node) || element.container != place.container;
+    const model::Content& was = document_.original(node);
+    const model::Content& is = node.content();
+    if (element.container != place.container) return true;
+    if (place.moved == Point{}) return is != was;
+    const bool sameOtherwise =
+        is.style == was.style && is.name == was.name && is.locked == was.locked && is.hidden == was.hidden;
+    return !sameOtherwise || !goesAlong(node, place);
 }
 
 std::string ElementText::startTag(const Node& node, const Element& element, const Place& place) {
     const std::string_view text = source_.startTag(element);
     if (!isChanged(node, element, place)) return std::string(text);
-    Tag tag(text);
+    Tag tag = tagOf(text);
     change(tag, node, element, place);
     return tag.text();
 }
@@ -164,64 +189,92 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     const model::Content& was = document_.original(node);
     if (is.name != was.name) setName(tag, node);
     if (is.hidden != was.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
-    if (is.locked != was.locked) {
-        const std::string name = tag.find(source_.sodipodiPrefixes, "insensitive");
-        if (!node.locked() && !name.empty()) {
-            tag.remove(name);
-        } else {
-            setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive",
-                       node.locked() ? "true" : "false");
-        }
-    }
-    const std::optional<Geom::Affine> displaced = displacement(node, element, place);
-    const bool outlineMoves = displaced && element.container == place.container;
-    if (is.path != was.path && !outlineMoves) changeOutline(tag, node, element);
+    if (is.locked != was.locked) setLocked(tag, node.locked());
+    const bool staysInside = element.container == place.container;
+    const std::optional<Point> move = moveOf(node);
+    const bool outlineTells = staysInside && node.type() == NodeType::Path && !needsTransform(element);
+    if (!move || (outlineTells && !goesAlong(node, place)))
+        changeOutline(tag, node, element, staysInside ? place.moved : Point{});
     if (is.style != was.style) {
         requireUsable(node.style());
         const double scale = scaleOf(source_.transforms[element.toPage]);
         const Style before = inUnits(*was.style, scale);
         for (const auto& [name, value] : properties(inUnits(*is.style, scale), &before)) setProperty(tag, name, value);
     }
-    if (displaced) prefixTransform(tag, *displaced);
-    if (element.container == place.container) return;
-    // What it inherited where it was, unless it says so itself.
-    const Style& here = source_.containers[place.container].style;
-    for (const auto& [name, value] : properties(source_.containers[element.container].style, &here)) {
-        if (!tag.find(name) && !declaration(tag.find("style").value_or(""), name)) setProperty(tag, name, value);
-    }
+    const bool moves = staysInside ? move && !goesAlong(node, place) : true;
+    if (!outlineTells && moves) prefixTransform(tag, element, displacement(node, element, place));
+    if (!staysInside) bringInherited(tag, source_.containers[element.container], source_.containers[place.container]);
 }
 
-/// The transform that is to be put before the element's own. Besides opaque art it moves what would not follow its
-/// outline or would lose something by writing that anew: basic shapes, paint and clips that lie in the element's own
-/// space, data that is damaged.
-std::optional<Geom::Affine> ElementText::displacement(const Node& node, const Element& element,
-                                                      const Place& place) const {
+/// What the element inherited where it was, unless it says so itself.
+void ElementText::bringInherited(Tag& tag, const Container& from, const Container& to) const {
+    const auto bring = [&](std::string_view name, std::string_view value) {
+        const bool saysSo = tag.find(name) || declaration(tag.find("style").value_or(""), name);
+        if (!saysSo && !value.empty()) setProperty(tag, name, escaped(value));
+    };
+    for (const auto& [name, value] : from.inherited)
+        if (to.inherits(name) != value) bring(textOf(name), value);
+    for (const auto& [name, value] : to.inherited)
+        if (from.inherits(name).empty()) bring(textOf(name), initialValue(name));
+    const bool isServed = to.passesOnServers();
+    for (const auto& [name, value] : properties(from.style, isServed ? nullptr : &to.style)) bring(name, value);
+}
+
+/// How far a node has been moved since it was read; none when its outline was changed in another way.
+std::optional<Point> ElementText::moveOf(const Node& node) const {
+    if (node.type() != NodeType::Path) return node.moved();
+    const PathData& was = *document_.original(node).path;
+    return node.path() == was ? Point{} : commonMove(was, node.path());
+}
+
+/// Whether the node has been moved as far as what it is in, and not changed in another way.
+bool ElementText::goesAlong(const Node& node, const Place& place) const {
+    const bool isDrawn = node.type() != NodeType::Path || !node.path().points.empty();
+    if (place.moved == Point{} || !isDrawn)
+        return document_.original(node).path == node.content().path && node.moved() == Point{};
+    const std::optional<Point> move = moveOf(node);
+    const auto same = [](double a, double b) {
+        return std::fabs(a - b) <= kSameMove * (1 + std::fabs(a) + std::fabs(b));
+    };
+    return move && same(move->x, place.moved.x) && same(move->y, place.moved.y);
+}
+
+/// Whether the element is moved by a transform, since it would not follow its outline or would lose something by
+/// writing that anew: basic shapes, paint and clips that lie in the element's own space, data that is damaged.
+bool ElementText::needsTransform(const Element& element) const {
+    const std::string_view tag = source_.startTag(element);
+    return localName(source_.tagName(element)) != "path" || element.damaged || source_.sheetHasServers ||
+           source_.containers[element.container].passesOnServers() || tag.find("url(") != std::string_view::npos ||
+           tag.find("sodipodi:type") != std::string_view::npos;
+}
+
+/// The way from where an element was read to where it is, in the units that hold around it.
+Geom::Affine ElementText::displacement(const Node& node, const Element& element, const Place& place) const {
     const Geom::Affine& from = source_.transforms[source_.containers[element.container].toPage];
-    const Geom::Affine& to = source_.transforms[source_.containers[place.container].toPage];
-    Point move;
-    if (node.type() == NodeType::Opaque) {
-        move = node.opaque().moved;
-    } else if (node.type() == NodeType::Path && element.container == place.container &&
-               node.content().path != document_.original(node).path) {
-        const std::string_view tag = source_.startTag(element);
-        const bool byTransform = localName(source_.tagName(element)) != "path" || element.damaged ||
-                                 tag.find("url(") != std::string_view::npos ||
-                                 tag.find("sodipodi:type") != std::string_view::npos;
-        if (!byTransform) return std::nullopt;
-        const std::optional<Point> common = commonMove(*document_.original(node).path, node.path());
-        if (!common) return std::nullopt;
-        requireInReach(node.path());
-        move = *common;
-    }
-    if (move == Point{} && from == to) return std::nullopt;
-    if (from == to) { // in these units, without rounding what is nought
-        const Geom::Affine back = to.withoutTranslation().inverse();
-        return Geom::Affine(Geom::Translate(Geom::Point(move.x, move.y) * back));
+    const Geom::Affine to = toPageIn(place);
+    if (node.type() == NodeType::Path) requireInReach(node.path());
+    const Point move = moveOf(node).value_or(Point{});
+    if (element.container == place.container) { // in these units, without rounding what is nought
+        const Geom::Point on(move.x - place.moved.x, move.y - place.moved.y);
+        return Geom::Affine(Geom::Translate(on * to.withoutTranslation().inverse()));
     }
     return from * Geom::Affine(Geom::Translate(move.x, move.y)) * to.inverse();
 }
 
-void ElementText::changeOutline(Tag& tag, const Node& node, const Element& element) const {
+void ElementText::prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const {
+    if (transform.isIdentity(0)) return;
+    const std::string_view old = element.voidTransform ? "" : tag.find("transform").value_or("");
+    tag.set("transform", transformText(transform) + (old.empty() ? "" : ' ' + std::string(old)));
+}
+
+/// From the units inside of what is written to the page.
+Geom::Affine ElementText::toPageIn(const Place& place) const {
+    return source_.transforms[source_.containers[place.container].toPage] *
+           Geom::Affine(Geom::Translate(place.moved.x, place.moved.y));
+}
+
+/// `moved`: how far the element goes along with what it is in.
+void ElementText::changeOutline(Tag& tag, const Node& node, const Element& element, Point moved) const {
     static constexpr std::string_view measures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
                                                     "cy", "r", "x1",    "y1",     "x2", "y2", "points"};
     const std::string name(tag.name());
@@ -229,7 +282,8 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
         for (const std::string_view measure : measures) tag.remove(measure);
         tag.rename(name.substr(0, name.size() - localName(name).size()) + "path");
     }
-    const PathData outline = inUnits(node.path(), source_.transforms[element.toPage]);
+    const Geom::Affine along(Geom::Translate(moved.x, moved.y));
+    const PathData outline = inUnits(node.path(), source_.transforms[element.toPage] * along);
     tag.set("d", pathData(outline));
     setOwnFeatures(tag, outline);
     // Others would make the outline anew from these.
@@ -240,7 +294,8 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
 
 std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) const {
     Tag tag('<' + place.prefix + 'g');
-    if (const std::optional<Geom::Affine> moved = displacement(node, element, place)) prefixTransform(tag, *moved);
+    const Geom::Affine displaced = displacement(node, element, place);
+    if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
     const model::Content& was = document_.original(node);
     if (node.hidden() && !was.hidden) tag.set("style", "display:none");
     if (node.locked() && !was.locked) {
@@ -263,10 +318,17 @@ void ElementText::setProperty(Tag& tag, std::string_view name, const std::string
         std::string changed(style.value_or(""));
         const std::size_t end = changed.find_last_not_of(kSpace);
         if (end != std::string::npos && changed[end] != ';') changed += ';';
-        tag.set("style", changed.append(name) + ':' + value);
+        tag.set("style", changed.append(name) + ':' + value + (source_.sheetInsists ? " !important" : ""));
     } else {
         tag.set(name, value);
     }
+}
+
+void ElementText::setLocked(Tag& tag, bool locked) const {
+    if (!locked) tag.remove(tag.find(source_.sodipodiPrefixes, "insensitive"));
+    const bool says = !tag.find(source_.sodipodiPrefixes, "insensitive").empty(); // as all of this name may
+    if (!locked && !says) return;
+    setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", locked ? "true" : "false");
 }
 
 void ElementText::setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
@@ -321,6 +383,12 @@ bool ElementText::takeId(const std::string& name) {
         }
     }
     return ids_->insert(name).second;
+}
+
+Tag ElementText::tagOf(std::string_view text) const {
+    const std::string name(text.substr(1, text.find_first_of(" \t\r\n/>") - 1));
+    const auto defaults = source_.defaults.find(name);
+    return defaults == source_.defaults.end() ? Tag(text) : Tag(text, defaults->second);
 }
 
 std::string ElementText::escaped(std::string_view text) const {

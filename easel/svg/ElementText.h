@@ -20,6 +20,7 @@ namespace easel::svg {
 struct Place {
     std::uint32_t container = 0; ///< whose style and transform hold
     std::string prefix;          ///< of SVG's names, with its colon
+    model::Point moved;          ///< how far what holds has been moved as a whole, on the page
 };
 
 /// Every operation that writes throws FileError for what could not be read again.
@@ -37,16 +38,27 @@ class ElementText {
     [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place) const;
 
   private:
-    [[nodiscard]] std::optional<Geom::Affine> displacement(const model::Node& node, const Element& element,
-                                                           const Place& place) const;
-    void changeOutline(Tag& tag, const model::Node& node, const Element& element) const;
+    // What moves how
+    [[nodiscard]] std::optional<model::Point> moveOf(const model::Node& node) const;
+    [[nodiscard]] bool goesAlong(const model::Node& node, const Place& place) const;
+    [[nodiscard]] bool needsTransform(const Element& element) const;
+    [[nodiscard]] Geom::Affine displacement(const model::Node& node, const Element& element, const Place& place) const;
+    [[nodiscard]] Geom::Affine toPageIn(const Place& place) const;
+
+    // Attributes
     void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
+    void changeOutline(Tag& tag, const model::Node& node, const Element& element, model::Point moved) const;
+    void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;
+    void setPaint(Tag& tag, const model::Node& node, const model::Style& style, const Container& container) const;
+    void bringInherited(Tag& tag, const Container& from, const Container& to) const;
+    void setLocked(Tag& tag, bool locked) const;
     void setProperty(Tag& tag, std::string_view name, const std::string& value) const;
     void setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
                     std::string_view uri, std::string_view local, std::string_view value) const;
     void setName(Tag& tag, const model::Node& node);
     void setOwnFeatures(Tag& tag, const model::PathData& path) const;
     [[nodiscard]] bool takeId(const std::string& name);
+    [[nodiscard]] Tag tagOf(std::string_view text) const;
     [[nodiscard]] std::string escaped(std::string_view text) const;
 
     const model::Document& document_;

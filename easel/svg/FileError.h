@@ -11,4 +11,10 @@ class FileError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// A document that cannot be written to any file. One line without a file's name.
+class UnsavableError : public FileError {
+  public:
+    using FileError::FileError;
+};
+
 } // namespace easel::svg

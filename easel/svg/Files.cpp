@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
@@ -22,6 +23,26 @@ namespace easel::svg {
 namespace {
 
 [[noreturn]] void fail(const std::string& path, int error) { throw FileError(path + ": " + std::strerror(error)); }
+
+/// Where a limit on the size of files is passed, writing fails; without this the system would end the program.
+class UnlimitedBySignal {
+  public:
+    UnlimitedBySignal() {
+        struct sigaction ignore {};
+        ignore.sa_handler = SIG_IGN;
+        ::sigaction(SIGXFSZ, &ignore, &before_);
+    }
+    ~UnlimitedBySignal() { ::sigaction(SIGXFSZ, &before_, nullptr); }
+    UnlimitedBySignal(const UnlimitedBySignal&) = delete;
+    UnlimitedBySignal& operator=(const UnlimitedBySignal&) = delete;
+
+  private:
+    struct sigaction before_ {};
+};
+
+FileStamp stampOf(const struct stat& status) {
+    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+}
 
 /// What a name stands for once all links are followed; a link may lead to what does not exist yet.
 std::string linkedFile(const std::string& path) {
@@ -53,12 +74,20 @@ class Successor {
     Successor(const Successor&) = delete;
     Successor& operator=(const Successor&) = delete;
 
-    void write(std::string_view bytes) {
-        while (!bytes.empty()) {
-            const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
-            if (count < 0 && errno != EINTR) fail(shown_, errno);
-            if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+    void write(const std::vector<std::string_view>& pieces) {
+        constexpr std::size_t atOnce = std::size_t{1} << 16;
+        const UnlimitedBySignal unlimited;
+        std::string small;
+        for (const std::string_view piece : pieces) {
+            if (small.size() + piece.size() < atOnce) {
+                small += piece;
+                continue;
+            }
+            write(small);
+            small.clear();
+            write(piece);
         }
+        write(small);
     }
 
     void takePlace() {
@@ -79,6 +108,14 @@ class Successor {
     }
 
   private:
+    void write(std::string_view bytes) {
+        while (!bytes.empty()) {
+            const ssize_t count = ::write(file_.get(), bytes.data(), bytes.size());
+            if (count < 0 && errno != EINTR) fail(shown_, errno);
+            if (count > 0) bytes.remove_prefix(static_cast<std::size_t>(count));
+        }
+    }
+
     [[nodiscard]] static mode_t usualMode() {
         const mode_t mask = ::umask(0);
         ::umask(mask);
@@ -93,7 +130,13 @@ class Successor {
 
 } // namespace
 
-std::string readFile(const std::string& path) {
+std::optional<FileStamp> stampOf(const std::string& path) {
+    struct stat status {};
+    if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+    return stampOf(status);
+}
+
+std::string readFile(const std::string& path, FileStamp* stamp) {
     const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file.get() < 0) fail(path, errno);
     struct stat status {};
@@ -101,6 +144,7 @@ std::string readFile(const std::string& path) {
     if (S_ISDIR(status.st_mode)) fail(path, EISDIR);
     if (!S_ISREG(status.st_mode)) throw FileError(path + ": Not a regular file");
     if (static_cast<std::size_t>(status.st_size) > kMostBytes) fail(path, EFBIG);
+    if (stamp) *stamp = stampOf(status);
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
     std::size_t size = 0;
     while (size < bytes.size()) {
@@ -128,6 +172,10 @@ std::string readAll(int file, const std::string& name) {
 }
 
 void replaceFile(const std::string& path, std::string_view bytes) {
+    replaceFile(path, std::vector<std::string_view>{bytes});
+}
+
+void replaceFile(const std::string& path, const std::vector<std::string_view>& pieces) {
     const std::string target = linkedFile(path);
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0) {
@@ -136,7 +184,7 @@ void replaceFile(const std::string& path, std::string_view bytes) {
         if (::access(target.c_str(), W_OK) != 0) fail(path, errno); // a file can be protected in an open folder
     }
     Successor successor(path, target);
-    successor.write(bytes);
+    successor.write(pieces);
     successor.takePlace();
 }
 

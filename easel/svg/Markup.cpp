@@ -185,7 +185,7 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
 
 // Tags
 
-Tag::Tag(std::string_view text) {
+Tag::Tag(std::string_view text, Defaults defaults) : defaults_(std::move(defaults)) {
     std::size_t at = 1;
     const auto span = [&](std::size_t end) {
         const std::string_view part = text.substr(at, end - at);
@@ -213,7 +213,8 @@ std::optional<std::string_view> Tag::find(std::string_view attribute) const {
     for (const Attribute& has : attributes_) {
         if (has.name == attribute) return has.value;
     }
-    return std::nullopt;
+    const auto found = defaults_.find(attribute);
+    return found == defaults_.end() ? std::nullopt : std::optional<std::string_view>(found->second);
 }
 
 std::string Tag::find(const std::vector<std::string>& prefixes, std::string_view local) const {

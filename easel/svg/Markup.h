@@ -1,6 +1,7 @@
 // Values as SVG writes them, numbers as short as they can be without changing; and start tags, changed in place.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,11 +29,12 @@ using Property = std::pair<std::string_view, std::string>;
 /// A start tag as it stands in a file. What is not set, removed or renamed keeps its bytes.
 class Tag {
   public:
-    /// `text` is well-formed.
-    explicit Tag(std::string_view text);
+    using Defaults = std::map<std::string, std::string, std::less<>>;
+
+    /// `text` is well-formed. `defaults` hold for attributes that it does not have; they stay when these are removed.
+    explicit Tag(std::string_view text, Defaults defaults = {});
 
     [[nodiscard]] std::string_view name() const { return name_; }
-    [[nodiscard]] bool endsItself() const { return tail_.size() > 1 && tail_[tail_.size() - 2] == '/'; }
     /// A value as it is written, references unresolved.
     [[nodiscard]] std::optional<std::string_view> find(std::string_view attribute) const;
     /// The name of the attribute `local` with one of the prefixes; empty when there is none.
@@ -57,6 +59,7 @@ class Tag {
 
     std::string name_;
     std::vector<Attribute> attributes_;
+    Defaults defaults_;
     std::string tail_;
 };
 

@@ -48,6 +48,8 @@ class Reading {
         XML_SetElementHandler(parser_.get(), start, end);
         XML_SetStartNamespaceDeclHandler(parser_.get(), bindPrefix);
         XML_SetXmlDeclHandler(parser_.get(), declare);
+        XML_SetAttlistDeclHandler(parser_.get(), addDefault);
+        XML_SetProcessingInstructionHandler(parser_.get(), process);
     }
 
     std::unique_ptr<model::Document> run() {
@@ -96,6 +98,15 @@ class Reading {
         self.source_->encoding = Encoding::OtherAscii;
     }
 
+    static void XMLCALL addDefault(void* data, const XML_Char* tag, const XML_Char* attribute, const XML_Char*,
+                                   const XML_Char* value, int) {
+        if (value) guarded(data, [&](Reading& self) { self.builder_.addDefault(tag, attribute, value); });
+    }
+    static void XMLCALL process(void* data, const XML_Char* target, const XML_Char*) {
+        if (std::string_view(target) != "xml-stylesheet") return;
+        guarded(data, [](Reading& self) { self.builder_.linkSheet(); });
+    }
+
     /// The tag at hand. What stands in an entity is reported at the place of the reference to it. The end of an element
     /// that ends itself has no bytes: a reference may follow right there, and is none of its business.
     [[nodiscard]] TagBytes bytes() const {
@@ -131,7 +142,11 @@ class Reading {
 } // namespace
 
 std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn) {
-    return read(readFile(path), path, warn);
+    FileStamp stamp;
+    std::string bytes = readFile(path, &stamp);
+    auto document = read(std::move(bytes), path, warn);
+    dynamic_cast<const KnownFiles&>(*document->origin).note(path, stamp);
+    return document;
 }
 
 std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn) {

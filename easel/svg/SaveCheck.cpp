@@ -34,15 +34,10 @@ std::string placeIn(std::string_view text, std::size_t at) {
 
 class Check {
   public:
-    Check(std::string_view text, const std::vector<CopiedBytes>& copies, const std::vector<Fate>& fates,
-          const Source& source)
-        : text_(text), copies_(copies), fates_(fates), source_(source), old_(source.text) {}
+    Check(const SplicedText& text, const std::vector<Fate>& fates, const Source& source)
+        : text_(text), fates_(fates), source_(source), old_(source.text) {}
 
     void run() const {
-        for (const CopiedBytes& copy : copies_) {
-            if (text_.substr(copy.at, copy.to - copy.from) != old_.substr(copy.from, copy.to - copy.from))
-                refuse("bytes changed at " + placeIn(old_, copy.from));
-        }
         requireAllThere();
         requireWellFormed(skeleton());
     }
@@ -56,10 +51,12 @@ class Check {
     }
 
     void requireAllThere() const {
-        std::vector<CopiedBytes> inSource(copies_);
-        std::sort(inSource.begin(), inSource.end(), [](const auto& a, const auto& b) { return a.from < b.from; });
+        std::vector<SplicedText::Piece> copies;
+        for (const SplicedText::Piece& piece : text_.pieces())
+            if (piece.copied) copies.push_back(piece);
+        std::sort(copies.begin(), copies.end(), [](const auto& a, const auto& b) { return a.from < b.from; });
         std::size_t covered = 0;
-        for (const CopiedBytes& copy : inSource) {
+        for (const SplicedText::Piece& copy : copies) {
             if (copy.from < covered) refuse("bytes written twice at " + placeIn(old_, copy.from));
             requireMayBeMissing(covered, copy.from);
             covered = copy.to;
@@ -103,14 +100,16 @@ class Check {
     [[nodiscard]] std::string skeleton() const {
         constexpr std::string_view standIn = "<!---->"; // brackets on either side must not come together
         std::string skeleton;
-        std::size_t at = 0;
-        for (const CopiedBytes& copy : copies_) {
-            skeleton += text_.substr(at, copy.at - at);
-            std::size_t rest = copy.from;
-            for (std::size_t i = firstElementFrom(copy.from); !copy.elsewhere && i < fates_.size();) {
+        for (const SplicedText::Piece& piece : text_.pieces()) {
+            if (!piece.copied || piece.elsewhere) {
+                skeleton += text_.textOf(piece);
+                continue;
+            }
+            std::size_t rest = piece.from;
+            for (std::size_t i = firstElementFrom(piece.from); i < fates_.size();) {
                 const Element& element = source_.elements[i];
-                if (element.begin >= copy.to) break;
-                if (i == 0 || element.end > copy.to) { // the root is never left out
+                if (element.begin >= piece.to) break;
+                if (i == 0 || element.end > piece.to) { // the root is never left out
                     ++i;
                     continue;
                 }
@@ -118,10 +117,9 @@ class Check {
                 rest = element.end;
                 i = element.after;
             }
-            skeleton += old_.substr(rest, copy.to - rest);
-            at = copy.at + (copy.to - copy.from);
+            skeleton += old_.substr(rest, piece.to - rest);
         }
-        return skeleton += text_.substr(at);
+        return skeleton;
     }
 
     void requireWellFormed(std::string_view text) const {
@@ -141,8 +139,7 @@ class Check {
         }
     }
 
-    std::string_view text_;
-    const std::vector<CopiedBytes>& copies_;
+    const SplicedText& text_;
     const std::vector<Fate>& fates_;
     const Source& source_;
     std::string_view old_;
@@ -150,9 +147,8 @@ class Check {
 
 } // namespace
 
-void checkBeforeSaving(std::string_view text, const std::vector<CopiedBytes>& copies, const std::vector<Fate>& fates,
-                       const Source& source) {
-    Check(text, copies, fates, source).run();
+void checkBeforeSaving(const SplicedText& text, const std::vector<Fate>& fates, const Source& source) {
+    Check(text, fates, source).run();
 }
 
 } // namespace easel::svg

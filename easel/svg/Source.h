@@ -13,6 +13,9 @@
 #include <vector>
 
 #include "model/Document.h"
+#include "svg/Attributes.h"
+#include "svg/KnownFiles.h"
+#include "svg/Markup.h"
 #include "svg/Units.h"
 
 namespace easel::svg {
@@ -45,8 +48,9 @@ struct Element {
     std::uint32_t toPage = 0;    ///< index of its transform
     std::uint16_t height = 0;    ///< how deeply elements nest in it, understood or not
     Reason reason = Reason::None;
-    bool damaged = false; ///< only the beginning of its outline could be read
-    bool wrapped = false; ///< takes no attribute itself: what changes goes to a group around it
+    bool damaged = false;       ///< only the beginning of its outline could be read
+    bool voidTransform = false; ///< its transform is "none", or cannot be read
+    bool wrapped = false;       ///< takes no attribute itself: what changes goes to a group around it
 };
 
 /// What an element passes on to those inside it.
@@ -54,13 +58,24 @@ struct Container {
     model::Style style;        ///< inherited; lengths in the units of what is inside
     std::uint32_t element = 0; ///< index of its element
     std::uint32_t toPage = 0;
-    std::uint16_t depth = 0;  ///< 1 for the root
-    bool plain = true;        ///< nothing is inherited that `style` cannot say
-    bool paintServer = false; ///< a gradient or a pattern may be inherited
-    Units units;              ///< what lengths inside are measured by
+    std::uint16_t depth = 0; ///< 1 for the root
+    Units units;             ///< what lengths inside are measured by
+    /// What is inherited besides, as it is written: gradients and patterns, opacity, markers.
+    std::vector<std::pair<Name, std::string>> inherited;
+
+    /// Empty when nothing is.
+    [[nodiscard]] std::string_view inherits(Name name) const {
+        for (const auto& [known, value] : inherited)
+            if (known == name) return value;
+        return {};
+    }
+    /// Whether art inside may be painted with what lies in its own units.
+    [[nodiscard]] bool passesOnServers() const {
+        return !inherits(Name::Fill).empty() || !inherits(Name::Stroke).empty();
+    }
 };
 
-class Source : public model::Origin {
+class Source : public KnownFiles {
   public:
     std::string fileName;
     std::string raw;     ///< the file, where it is not the text itself
@@ -76,11 +91,19 @@ class Source : public model::Origin {
     std::deque<Geom::Affine> transforms; ///< the first is the root's, for what is in it
     std::size_t elementCount = 0;        ///< those that no node came from included
     bool hasStyleSheet = false;
+    bool sheetHasServers = false; ///< gradients, markers, clips, anything that lies in the units of what it is put on
+    bool sheetInsists = false;    ///< with "!important"
+    std::map<std::string, Tag::Defaults>
+        defaults; ///< attributes that elements have by the file's own grammar, by tag name
 
     /// Of art outside of all layers, by their nodes' slots: the names they were given. They have no elements.
     std::map<std::uint32_t, std::string> implicitLayers;
     std::vector<std::string> inkscapePrefixes, sodipodiPrefixes, easelPrefixes; ///< bound anywhere in the file
     bool prefixesAtRoot = true; ///< no element but the root binds any of them
+
+    [[nodiscard]] bool isWhatWasRead(std::string_view bytes) const override {
+        return bytes == (raw.empty() ? text : raw);
+    }
 
     [[nodiscard]] std::string_view startTag(const Element& element) const {
         return std::string_view(text).substr(element.begin, element.tagEnd - element.begin);

@@ -1,4 +1,4 @@
-// Copies of neighbouring pieces are one copy, made when something else follows.
+// Copies of neighbouring pieces are one piece. Bytes are copied when somebody asks for the whole text, if ever.
 #include "svg/SplicedText.h"
 
 #include <algorithm>
@@ -7,60 +7,66 @@
 
 namespace easel::svg {
 
-SplicedText::SplicedText(const std::string& source) : source_(source) {
-    text_.reserve(source_.size() + source_.size() / 64 + 4096);
-}
-
 void SplicedText::add(std::string_view text) {
-    flush();
-    text_ += text;
+    if (text.empty()) return;
+    if (!pieces_.empty() && !pieces_.back().copied)
+        pieces_.back().to += text.size();
+    else
+        pieces_.push_back({added_.size(), added_.size() + text.size(), false, false});
+    added_ += text;
+    size_ += text.size();
 }
 
 void SplicedText::copy(std::size_t from, std::size_t to, bool elsewhere) {
     if (from == to) return;
-    const bool goesOn = !copies_.empty() && copies_.back().to == from && copies_.back().elsewhere == elsewhere &&
-                        copies_.back().at + (copied_ - copies_.back().from) == text_.size();
-    if (goesOn) {
-        copies_.back().to = to;
-        return;
+    if (!pieces_.empty() && pieces_.back().copied && pieces_.back().to == from &&
+        pieces_.back().elsewhere == elsewhere) {
+        pieces_.back().to = to;
+    } else {
+        // What stood between two brackets and a third one may be gone, but text must not close a section that is not
+        // open.
+        const std::string_view start = std::string_view(source_).substr(from, std::min<std::size_t>(to - from, 2));
+        if (seamWith(start).find("]]>") != std::string::npos) add("<!-- -->");
+        pieces_.push_back({from, to, true, elsewhere});
     }
-    flush();
-    // What stood between two brackets and a third one may be gone, but text must not close a section that is not open.
-    const std::string_view joint = std::string_view(source_).substr(from, std::min<std::size_t>(to - from, 2));
-    std::string seam = text_.substr(text_.size() - std::min<std::size_t>(text_.size(), 2));
-    if (seam.append(joint).find("]]>") != std::string::npos) text_ += "<!-- -->";
-    copies_.push_back({from, to, text_.size(), elsewhere});
-    copied_ = from;
+    size_ += to - from;
 }
 
-std::size_t SplicedText::size() {
-    flush();
-    return text_.size();
+std::string SplicedText::seamWith(std::string_view text) const {
+    std::string seam(text);
+    for (auto piece = pieces_.rbegin(); piece != pieces_.rend() && seam.size() < text.size() + 2; ++piece) {
+        const std::string_view before = textOf(*piece);
+        seam.insert(0, before.substr(before.size() - std::min<std::size_t>(before.size(), 2)));
+    }
+    return seam;
 }
 
 std::string SplicedText::cutSpace(std::size_t start) {
-    flush();
-    const std::size_t keep = std::max(text_.find_last_not_of(kSpace) + 1, start); // 0 for nothing but space
-    std::string cut = text_.substr(keep);
-    text_.resize(keep);
-    while (!copies_.empty() && copies_.back().at >= keep) copies_.pop_back();
-    if (!copies_.empty()) {
-        CopiedBytes& last = copies_.back();
-        last.to = std::min(last.to, last.from + (keep - last.at));
-        copied_ = last.to;
+    std::string cut;
+    while (size_ > start && isSpace(textOf(pieces_.back()).back())) {
+        Piece& last = pieces_.back();
+        cut += textOf(last).back();
+        if (!last.copied) added_.pop_back();
+        if (--last.to == last.from) pieces_.pop_back();
+        --size_;
     }
+    std::reverse(cut.begin(), cut.end());
     return cut;
 }
 
-std::string SplicedText::take() {
-    flush();
-    return std::move(text_);
+std::string_view SplicedText::textOf(const Piece& piece) const {
+    return std::string_view(piece.copied ? source_ : added_).substr(piece.from, piece.to - piece.from);
 }
 
-void SplicedText::flush() {
-    if (copies_.empty() || copied_ == copies_.back().to) return;
-    text_.append(source_, copied_, copies_.back().to - copied_);
-    copied_ = copies_.back().to;
+bool SplicedText::isSource() const {
+    return pieces_.size() == 1 && pieces_[0].copied && pieces_[0].to - pieces_[0].from == source_.size();
+}
+
+std::string SplicedText::joined() const {
+    std::string text;
+    text.reserve(size_);
+    for (const Piece& piece : pieces_) text += textOf(piece);
+    return text;
 }
 
 } // namespace easel::svg

@@ -1,36 +1,42 @@
-// A text that is put together from pieces of another one and from new ones, and knows which is which.
+// A text that is put together from pieces of another one, which stays where it is, and from new ones.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
-
-#include "svg/SaveCheck.h"
 
 namespace easel::svg {
 
 class SplicedText {
   public:
-    explicit SplicedText(const std::string& source);
+    struct Piece {
+        std::size_t from; ///< in the source, or in what was added
+        std::size_t to;
+        bool copied;
+        bool elsewhere; ///< copied below another element than it was read in
+    };
+
+    explicit SplicedText(const std::string& source) : source_(source) {}
 
     void add(std::string_view text);
-    /// `elsewhere`: below another element than it was read in.
-    void copy(std::size_t from, std::size_t to, bool elsewhere);
-    [[nodiscard]] std::size_t size();
+    void copy(std::size_t from, std::size_t to, bool elsewhere = false);
+    [[nodiscard]] std::size_t size() const { return size_; }
     /// Takes the white space off the end, as far back as `start`.
     std::string cutSpace(std::size_t start);
 
-    [[nodiscard]] std::string take();
-    [[nodiscard]] const std::vector<CopiedBytes>& copies() const { return copies_; }
+    [[nodiscard]] const std::vector<Piece>& pieces() const { return pieces_; }
+    [[nodiscard]] std::string_view textOf(const Piece& piece) const;
+    [[nodiscard]] bool isSource() const; ///< whether all of the source was copied, and nothing else
+    [[nodiscard]] std::string joined() const;
 
   private:
-    void flush();
+    [[nodiscard]] std::string seamWith(std::string_view text) const;
 
     const std::string& source_;
-    std::string text_;
-    std::vector<CopiedBytes> copies_;
-    std::size_t copied_ = 0; // how far into the source the last of these has been appended
+    std::string added_;
+    std::vector<Piece> pieces_;
+    std::size_t size_ = 0;
 };
 
 } // namespace easel::svg

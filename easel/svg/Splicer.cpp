@@ -62,6 +62,13 @@ void markInPlace(std::vector<Item>& items, std::uint32_t container) {
     std::vector<std::size_t> candidates;
     for (std::size_t i = 0; i < items.size(); ++i)
         if (items[i].element && items[i].element->container == container) candidates.push_back(i);
+    const auto comesBefore = [&](std::size_t a, std::size_t b) {
+        return items[a].element->begin < items[b].element->begin;
+    };
+    if (std::is_sorted(candidates.begin(), candidates.end(), comesBefore)) { // as nearly always
+        for (const std::size_t candidate : candidates) items[candidate].inPlace = true;
+        return;
+    }
     const auto begin = [&](std::size_t index) { return items[candidates[index]].element->begin; };
     std::vector<std::size_t> ends;     // of the best row of each length
     std::vector<std::size_t> previous; // in the row that ends at a candidate
@@ -88,7 +95,7 @@ class Splicer {
           elementCount_(source.elementCount),
           out_(source.text) {}
 
-    std::string run() {
+    SplicedText run() {
         for (const Node* node = &document_.root(); node; node = nextWithin(document_.root(), *node))
             if (node->origin() != 0) fates_[node->origin() - 1] = Fate::Kept;
         const Element& root = source_.elements.front();
@@ -101,9 +108,8 @@ class Splicer {
                 step();
         }
         out_.copy(root.end, text_.size(), false);
-        std::string text = out_.take();
-        checkBeforeSaving(text, out_.copies(), fates_, source_);
-        return text;
+        checkBeforeSaving(out_, fates_, source_);
+        return std::move(out_);
     }
 
   private:
@@ -138,7 +144,7 @@ class Splicer {
             if (item.node->firstChild()) return openNew(*item.node, std::move(behind));
             out_.add("/>");
         } else if (item.node->isContainer()) {
-            const Place inside{item.element->inner, parent.place.prefix};
+            const Place inside{item.element->inner, parent.place.prefix, item.node->moved()};
             const bool elsewhere = parent.elsewhere || !item.inPlace;
             std::string tag = elements_.startTag(*item.node, *item.element, parent.place);
             openElement(*item.node, *item.element, std::move(tag), inside, parent.depth + 1, elsewhere);
@@ -153,9 +159,9 @@ class Splicer {
     void requireRoom(const Item& item) {
         if (!item.element) ++elementCount_;
         if (elementCount_ > kMostElements)
-            throw FileError("more than " + std::to_string(kMostElements) + " objects cannot be saved");
+            throw UnsavableError("more than " + std::to_string(kMostElements) + " objects cannot be saved");
         if (open_.back().depth + 1 + (item.element ? item.element->height : 0) > kDeepestElement)
-            throw FileError("groups nest too deeply to be saved");
+            throw UnsavableError("groups nest too deeply to be saved");
     }
 
     void writeLeaf(const Item& item) {
@@ -349,6 +355,6 @@ class Splicer {
 
 } // namespace
 
-std::string spliced(Document& document, const Source& source) { return Splicer(document, source).run(); }
+SplicedText spliced(Document& document, const Source& source) { return Splicer(document, source).run(); }
 
 } // namespace easel::svg

@@ -2,14 +2,14 @@
 // the document; what has changed or is new is written in between.
 #pragma once
 
-#include <string>
-
 #include "model/Document.h"
 #include "svg/Source.h"
+#include "svg/SplicedText.h"
 
 namespace easel::svg {
 
-/// The text, checked. Throws FileError for what could not be read again; DamageError, see SaveCheck.h.
-[[nodiscard]] std::string spliced(model::Document& document, const Source& source);
+/// The text, checked; it needs the source. Throws FileError for what could not be read again; DamageError, see
+/// SaveCheck.h.
+[[nodiscard]] SplicedText spliced(model::Document& document, const Source& source);
 
 } // namespace easel::svg

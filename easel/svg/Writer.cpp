@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "svg/Files.h"
+#include "svg/KnownFiles.h"
 #include "svg/Limits.h"
 #include "svg/Markup.h"
 #include "svg/Names.h"
@@ -53,7 +54,7 @@ std::shared_ptr<const Source> emptyDrawing(const Document& document) {
     root.end = static_cast<std::uint32_t>(text.size());
     text += '\n';
     root.after = 1;
-    source->containers.push_back({.style = initialStyle(), .depth = 1, .units = {}});
+    source->containers.push_back({.style = initialStyle(), .depth = 1, .units = {}, .inherited = {}});
     source->elements.push_back(root);
     source->transforms.emplace_back();
     source->elementCount = 1;
@@ -66,22 +67,34 @@ std::shared_ptr<const Source> emptyDrawing(const Document& document) {
 void requireUsablePage(const Document& document) {
     for (const double size : {document.width(), document.height()}) {
         if (size > 0 && size <= kFarthestCoordinate) continue;
-        throw FileError("a page of this size cannot be saved");
+        throw UnsavableError("a page of this size cannot be saved");
     }
 }
 
 const Source* sourceOf(const Document& document) { return dynamic_cast<const Source*>(document.origin.get()); }
 
-/// The text; `source` is null for a document that was made here.
-std::string textOf(Document& document, const Source* source) {
+/// A document's text with the source that it is made of.
+struct Text {
+    std::shared_ptr<const Source> made; ///< for a document that was made here
+    const Source& source;
+    SplicedText spliced;
+};
+
+Text textOf(Document& document) {
     requireUsablePage(document);
-    const std::shared_ptr<const Source> made = source ? nullptr : emptyDrawing(document);
-    return spliced(document, source ? *source : *made);
+    const Source* const read = sourceOf(document);
+    std::shared_ptr<const Source> made = read ? nullptr : emptyDrawing(document);
+    const Source& source = read ? *read : *made;
+    return {std::move(made), source, spliced(document, source)};
 }
 
-std::string encoded(std::string text, const Source* source) {
-    if (!source || source->encoding == Encoding::Utf8 || source->encoding == Encoding::OtherAscii) return text;
-    return toUtf16(text, source->encoding == Encoding::Utf16Big);
+bool isRecoded(const Source& source) {
+    return source.encoding == Encoding::Utf16Little || source.encoding == Encoding::Utf16Big;
+}
+
+std::string encoded(const Text& text) {
+    std::string joined = text.spliced.joined();
+    return isRecoded(text.source) ? toUtf16(joined, text.source.encoding == Encoding::Utf16Big) : joined;
 }
 
 bool asksForPacking(std::string_view path) {
@@ -94,28 +107,33 @@ bool asksForPacking(std::string_view path) {
 
 } // namespace
 
-std::string write(Document& document) {
-    const Source* const source = sourceOf(document);
-    return encoded(textOf(document, source), source);
-}
+std::string write(Document& document) { return encoded(textOf(document)); }
 
-void save(Document& document, const std::string& path) {
-    const Source* const source = sourceOf(document);
-    std::string text;
+void save(Document& document, const std::string& path, Overwrite overwrite) {
+    if (!document.origin) document.origin = std::make_shared<KnownFiles>();
+    const auto& known = dynamic_cast<const KnownFiles&>(*document.origin);
+    if (overwrite == Overwrite::IfUnchanged) known.requireUnchanged(path);
     try {
-        text = textOf(document, source);
-    } catch (const FileError& error) {
+        const Text text = textOf(document);
+        const Source& source = text.source;
+        const bool sameFile = source.fileName == path;
+        const bool packs = asksForPacking(path) || (sameFile && source.packed);
+        if (packs == source.packed && text.spliced.isSource()) {
+            // Packing again need not give the same bytes, so those that were read are kept.
+            replaceFile(path, source.raw.empty() ? source.text : source.raw);
+        } else if (packs) {
+            replaceFile(path, pack(encoded(text)));
+        } else if (isRecoded(source)) {
+            replaceFile(path, encoded(text));
+        } else {
+            std::vector<std::string_view> pieces;
+            for (const SplicedText::Piece& piece : text.spliced.pieces()) pieces.push_back(text.spliced.textOf(piece));
+            replaceFile(path, pieces);
+        }
+    } catch (const UnsavableError& error) {
         throw FileError(path + ": " + error.what());
     }
-    const bool sameFile = source && source->fileName == path;
-    const bool packs = asksForPacking(path) || (sameFile && source->packed);
-    // Packing again need not give the same bytes, so those that were read are kept.
-    if (source && packs == source->packed && text == source->text) {
-        replaceFile(path, source->raw.empty() ? source->text : source->raw);
-        return;
-    }
-    text = encoded(std::move(text), source);
-    replaceFile(path, packs ? pack(text) : text);
+    known.note(path);
 }
 
 } // namespace easel::svg

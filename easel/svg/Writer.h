@@ -3,6 +3,7 @@
 // changes nothing in the document.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "model/Document.h"
@@ -11,12 +12,15 @@
 namespace easel::svg {
 
 /// The document as SVG, in the encoding that it was read from. Reading it again gives a document with the same content.
-/// Throws FileError without a file's name when it could not be read again: too large, nested too deeply, or with
+/// Throws UnsavableError when it could not be read again: too large, nested too deeply, or with
 /// coordinates out of reach.
 [[nodiscard]] std::string write(model::Document& document);
 
-/// Replaces the file at `path`, or leaves it as it was and throws FileError. Compresses when the name ends in ".svgz",
-/// or when the drawing was read from this very file and that was compressed.
-void save(model::Document& document, const std::string& path);
+enum class Overwrite : std::uint8_t { IfUnchanged, Always };
+
+/// Replaces the file at `path`, or leaves it as it was and throws FileError: also when another program has changed it
+/// since this document was opened from it or saved to it, unless told to overwrite it always. Compresses when the name
+/// ends in ".svgz", or when the drawing was read from this very file and that was compressed.
+void save(model::Document& document, const std::string& path, Overwrite overwrite = Overwrite::IfUnchanged);
 
 } // namespace easel::svg

@@ -1,44 +1,138 @@
-// Any bytes at all as a drawing: reading answers or throws FileError; what was read is written back byte for byte; and
-// what was changed can be read again. Runs under libFuzzer (tests/fuzz/run) and over the corpus in every test run.
+// Any bytes at all as a drawing: reading returns or throws FileError; what was read is written back byte for byte; what
+// was changed, saved and opened again is what it was; undo brings the bytes back. Runs under libFuzzer (tests/fuzz/run)
+// and over the corpus in every test run.
+#include <unistd.h>
+
+#include <cmath>
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 
 #include "support/Drawing.h"
+#include "svg/Files.h"
 #include "svg/Packing.h"
 #include "svg/Reader.h"
+#include "svg/SaveCheck.h"
+#include "svg/Source.h"
 #include "svg/Writer.h"
 
 namespace {
 
 using namespace easel;
+using model::Node;
+using model::NodeType;
+using model::Placement;
 
-void require(bool holds, const char* what) {
+void require(bool holds, const std::string& what) {
     if (holds) return;
     std::cerr << "svg_reader: " << what << '\n';
     std::abort();
 }
 
-/// Every third piece of art moves, every third goes, and everything that can hold a path gets one.
-void edit(model::Document& document) {
-    std::size_t count = 0;
-    for (model::Node* const node : allNodes(document)) {
+/// The file of this run; several may run at once.
+const std::string& path() {
+    static const struct File {
+        std::string path = "/tmp/easel-fuzz-" + std::to_string(::getpid()) + ".svg";
+        ~File() { ::unlink(path.c_str()); }
+    } file;
+    return file.path;
+}
+
+/// Numbers that follow from the bytes, so that the fuzzer can choose the edits.
+class Choice {
+  public:
+    explicit Choice(const std::string& bytes) {
+        for (const char c : bytes) state_ = (state_ ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+    }
+    std::uint64_t below(std::uint64_t limit) {
+        state_ = state_ * 6364136223846793005U + 1442695040888963407U;
+        return (state_ >> 33U) % limit;
+    }
+
+  private:
+    std::uint64_t state_ = 0xCBF29CE484222325U;
+};
+
+void editContainer(model::Document& document, Node& node, Choice& choice) {
+    const bool isRoot = &node == &document.root();
+    if (!isRoot && choice.below(2)) {
+        Node& path = document.create(NodeType::Path, Placement::OnTopInside, node);
+        document.setPath(path, {{{}, {{1, 2}, {1, 2}, {3, 4}, true}}, choice.below(2) != 0});
+        document.setName(path, "new");
+    }
+    if (!isRoot && choice.below(3) == 0) document.offset(node, 3, -1);
+    if (!isRoot && choice.below(3) == 0) document.setLocked(node, !node.locked());
+    if (choice.below(5) == 0) document.addLayer("one more");
+}
+
+void editLeaf(model::Document& document, Node& node, Node& other, Choice& choice) {
+    switch (choice.below(6)) {
+    case 0: return document.remove(node);
+    case 1: return document.offset(node, 1, 2);
+    case 2: return document.setHidden(node, !node.hidden());
+    case 3: return document.place(node, other.isContainer() ? Placement::AtBottomInside : Placement::Below, other);
+    case 4:
+        if (node.type() != NodeType::Path) return;
+        document.setClosed(node, !node.path().closed);
+        return document.setStyle(node, model::Style{});
+    default: return;
+    }
+}
+
+void edit(model::Document& document, Choice& choice) {
+    const std::vector<Node*> nodes = allNodes(document);
+    for (Node* const node : nodes) {
+        Node& other = *nodes[choice.below(nodes.size())];
         if (!node->alive()) continue;
-        if (node->isContainer()) {
-            model::Node& path = document.create(model::NodeType::Path, model::Placement::OnTopInside, *node);
-            document.setPath(path, {{{}, {{1, 2}, {1, 2}, {3, 4}, true}}, false});
-            document.setName(path, "new");
-            document.setLocked(*node, !node->locked());
-        } else if (++count % 3 == 0) {
-            document.remove(*node);
-        } else if (count % 3 == 1) {
-            document.offset(*node, 1, 2);
-            document.setHidden(*node, !node->hidden());
-        } else if (node->type() == model::NodeType::Path) {
-            document.setClosed(*node, !node->path().closed);
-            document.setStyle(*node, model::Style{});
+        if (node->isContainer())
+            editContainer(document, *node, choice);
+        else if (other.alive() && &other != node && (other.type() != NodeType::Layer || choice.below(2)))
+            editLeaf(document, *node, other, choice);
+    }
+}
+
+/// Whether what an element came under can be taken back without losing all accuracy.
+bool isAccurate(const svg::Source* source, const Node& node) {
+    if (!source) return true;
+    for (const Node* at = &node; at; at = at->parent()) {
+        if (at->origin() == 0) continue;
+        const Geom::Affine& transform = source->transforms[source->elements[at->origin() - 1].toPage];
+        const double size =
+            std::fabs(transform[0]) + std::fabs(transform[1]) + std::fabs(transform[2]) + std::fabs(transform[3]);
+        const double shift = std::fabs(transform[4]) + std::fabs(transform[5]);
+        if (size * size > 1e4 * std::fabs(transform.det()) || size > 1e4 || shift > 1e6) return false;
+    }
+    return true;
+}
+
+void requireNear(const model::PathData& was, const model::PathData& is) {
+    require(was.closed == is.closed || was.points.empty(), "a path is closed, or is no longer");
+    require(was.points.size() == is.points.size(), "a path has lost or gained points");
+    for (std::size_t i = 0; i < was.points.size(); ++i) {
+        for (const auto part : {&model::PathPoint::anchor, &model::PathPoint::in, &model::PathPoint::out}) {
+            const model::Point a = was.points[i].*part;
+            const model::Point b = is.points[i].*part;
+            const double tolerance = 1e-3 * (1 + std::fabs(a.x) + std::fabs(a.y));
+            require(std::fabs(a.x - b.x) <= tolerance && std::fabs(a.y - b.y) <= tolerance, "a point is elsewhere");
         }
+    }
+}
+
+/// The art of two documents in the same order, without groups and layers: some are put around what takes no attributes.
+void requireSame(model::Document& was, model::Document& is) {
+    std::vector<Node*> before;
+    std::vector<Node*> after;
+    for (Node* const node : allNodes(was))
+        if (!node->isContainer()) before.push_back(node);
+    for (Node* const node : allNodes(is))
+        if (!node->isContainer()) after.push_back(node);
+    require(before.size() == after.size(), "art was lost or came from nowhere");
+    const auto* const source = dynamic_cast<const svg::Source*>(was.origin.get());
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        if (!isAccurate(source, *before[i])) continue;
+        require(before[i]->type() == after[i]->type(), "art has become something else");
+        if (before[i]->type() == NodeType::Path) requireNear(before[i]->path(), after[i]->path());
     }
 }
 
@@ -51,28 +145,29 @@ extern "C" __attribute__((visibility("default"))) int LLVMFuzzerTestOneInput(con
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     std::unique_ptr<model::Document> document;
     try {
-        document = svg::read(bytes, "fuzz.svg");
+        document = svg::read(bytes, path());
     } catch (const svg::FileError&) {
         return 0;
     }
-    const std::string text = svg::isPacked(bytes) ? svg::write(*document) : bytes;
-    require(svg::write(*document) == text, "an untouched drawing differs");
-    std::string changed;
+    svg::save(*document, path());
+    require(svg::readFile(path()) == bytes, "an untouched drawing differs");
+    Choice choice(bytes);
     try {
-        edit(*document);
-        changed = svg::write(*document);
-    } catch (const svg::FileError&) {
-        return 0;
-    }
-    try {
-        const auto again = svg::read(changed, "fuzz.svg");
-        require(allNodes(*again).size() + 1 >= again->layerCount(), "nodes are missing");
+        edit(*document, choice);
+        svg::save(*document, path());
     } catch (const svg::FileError& error) {
-        std::cerr << changed << '\n';
+        require(std::string(error.what()).find("damage") == std::string::npos, error.what());
+        return 0;
+    }
+    try {
+        const auto again = svg::open(path());
+        requireSame(*document, *again);
+    } catch (const svg::FileError& error) {
+        std::cerr << svg::write(*document) << '\n';
         require(false, error.what());
     }
-    while (document->journal().undo()) {
-    }
-    require(svg::write(*document) == text, "undo does not bring the bytes back");
+    while (document->journal().undo()) continue;
+    svg::save(*document, path());
+    require(svg::readFile(path()) == bytes, "undo does not bring the bytes back");
     return 0;
 }

@@ -261,13 +261,14 @@ TEST(Icons, TakeANewPathAsOneElement) {
 }
 
 TEST(Icons, ComeBackByteForByteAndChangeInsideOfWhatWasMoved) {
+    std::size_t count = 0;
     for (const fs::path& icon : icons()) {
         SCOPED_TRACE(icon);
         const std::string bytes = desk::contents(icon);
         const auto document = open(icon);
         EXPECT_TRUE(write(*document) == bytes);
         for (Node* const node : model::allNodes(*document)) {
-            if (node->isContainer() || node->origin() == 0) continue;
+            if (node->isContainer() || ++count % 5 != 0) continue; // in all the icons together these are of every kind
             if (node->type() == NodeType::Path && node->path().points.empty()) continue;
             document->offset(*node, 3, 5);
             const std::string moved = write(*document);

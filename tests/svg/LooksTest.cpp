@@ -1,0 +1,186 @@
+// What new and moved art looks like in pictures that the renderer makes of the saved drawing.
+#include <cairo.h>
+#include <gtest/gtest.h>
+#include <librsvg/rsvg.h>
+
+#include <cmath>
+
+#include "support/Drawing.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::svg {
+namespace {
+
+using model::addLine;
+using model::corner;
+using model::Document;
+using model::Node;
+using model::NodeType;
+using model::Placement;
+
+constexpr int kSide = 100;
+
+constexpr const char* kDefinitions = R"(<defs>
+  <marker id="m" markerWidth="9" markerHeight="9"><rect width="9" height="9" fill="red"/></marker>
+  <linearGradient id="u" gradientUnits="userSpaceOnUse" x2="60"><stop stop-color="red"/><stop offset="1"/></linearGradient>
+  <clipPath id="c"><circle cx="30" cy="30" r="15"/></clipPath>
+  <mask id="k" maskUnits="userSpaceOnUse" x="12" y="12" width="20" height="20"><rect width="99" height="99" fill="white"/></mask>
+  <filter id="f" filterUnits="userSpaceOnUse" x="15" y="15" width="20" height="20"><feFlood flood-color="lime"/></filter>
+</defs>)";
+
+std::string drawing(const std::string& content, const std::string& before = "") {
+    return before + R"(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">)" + kDefinitions + content +
+           "</svg>";
+}
+
+/// The bytes of a picture.
+std::vector<unsigned char> pixels(const std::string& svg) {
+    const auto* const data = reinterpret_cast<const guint8*>(svg.data());
+    const std::unique_ptr<RsvgHandle, void (*)(void*)> handle(rsvg_handle_new_from_data(data, svg.size(), nullptr),
+                                                              g_object_unref);
+    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+        cairo_image_surface_create(CAIRO_FORMAT_RGB24, kSide, kSide), cairo_surface_destroy);
+    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context(cairo_create(surface.get()), cairo_destroy);
+    cairo_set_source_rgb(context.get(), 1, 1, 1);
+    cairo_paint(context.get());
+    const RsvgRectangle page{0, 0, kSide, kSide};
+    EXPECT_TRUE(handle && rsvg_handle_render_document(handle.get(), context.get(), &page, nullptr)) << svg;
+    cairo_surface_flush(surface.get());
+    const unsigned char* const begin = cairo_image_surface_get_data(surface.get());
+    return {begin, begin + std::ptrdiff_t{cairo_image_surface_get_stride(surface.get())} * kSide};
+}
+
+void expectSamePicture(const std::string& actual, const std::string& expected) {
+    const std::vector<unsigned char> a = pixels(actual);
+    const std::vector<unsigned char> b = pixels(expected);
+    std::size_t differing = 0;
+    for (std::size_t i = 0; i < a.size(); ++i) differing += std::abs(a[i] - b[i]) > 3 ? 1 : 0;
+    EXPECT_EQ(differing, 0U) << actual << "\nshould look like\n" << expected;
+}
+
+TEST(Looks, NewArtLooksAsItWasDrawnWhateverTheFileSays) {
+    const struct {
+        const char* content;
+        const char* before = "";
+    } rows[] = {
+        {"<g id='g'/>"},
+        {"<style>path{fill:red;stroke:lime;stroke-width:20;opacity:.3;marker:url(#m)}</style><g id='g'/>"},
+        {"<style>path{stroke:red !important;stroke-dasharray:3}</style><g id='g'/>"},
+        {"<style>g *{visibility:hidden;clip-path:url(#c);filter:url(#f);stroke-linecap:square}</style><g id='g'/>"},
+        {"<style>path{display:none;mask:url(#k)}</style><g id='g' stroke='url(#u)'/>"},
+        {"<g id='g' marker-start='url(#m)' style='marker:url(#m)'/>"},
+        {"<g id='g' fill='url(#u)' stroke='url(#u)'/>"},
+        {"<g fill='url(#u) red'><g id='g' fill-opacity='.1' stroke-opacity='.5' visibility='hidden'/></g>"},
+        {"<g id='g' stroke-linecap='round' stroke-dasharray='10%' stroke='currentColor' color='red'/>"},
+        {"<g id='g' transform='scale(2) rotate(20)' style='stroke-width:3'/>"},
+        {"<g id='g'/>", "<!DOCTYPE svg [<!ATTLIST path transform CDATA 'scale(2)' style CDATA 'stroke:red'>]>"},
+    };
+    const std::string expected =
+        drawing("<path d='M10 50 L80 20' stroke='#0000ff' stroke-width='4' fill='none' stroke-miterlimit='10'/>");
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.content);
+        const auto document = read(drawing(row.content, row.before), "t.svg");
+        Node& line = addLine(*document, *document->findByName("g"), {10, 50}, {80, 20});
+        document->setStyle(line, {.fill = false, .fillColor = {}, .strokeColor = {0, 0, 1}, .strokeWidth = 4});
+        const std::string text = write(*document);
+        expectSamePicture(text, expected);
+        const auto again = read(text, "t.svg");
+        EXPECT_NEAR(again->findByName("g")->firstChild()->path().points[1].anchor.x, 80, 1e-9) << text;
+    }
+}
+
+// Clips, masks, filters and gradients in the units of what they are put on once stayed behind.
+TEST(Looks, WhatIsMovedTakesAlongWhatItIsPaintedAndClippedWith) {
+    const char* const contents[] = {
+        // What is moved stands in brackets; it is called "o".
+        "[<g id='o' clip-path='url(#c)'><rect width='50' height='50'/><text x='20' y='40'>A</text></g>]",
+        "[<g id='o' mask='url(#k)' filter='url(#f)'><path d='M0 0h50v50h-50z'/></g>]",
+        "[<g id='o' fill='url(#u)'><path d='M0 0h50v50h-50z'/><g><path d='M60 0h9v50z'/></g></g>]",
+        "<g fill='url(#u)'>[<path id='o' d='M0 0h50v50h-50z'/>]</g>",
+        "<g style='stroke:url(#u);stroke-width:9'>[<path id='o' d='M0 20h50'/>]</g>",
+        "<style>.u{fill:url(#u)}</style>[<path id='o' class='u' d='M0 0h50v50h-50z'/>]",
+        "[<path id='o' transform='none' d='M0 0h50v50h-50z' fill='url(#u)'/>]",
+        "[<rect id='o' transform='upwards' width='40' height='9'/>]",
+        "[<g id='o' transform='spin(20)'><g transform='scale(2)'><circle r='20'/></g></g>]",
+        "<g transform='scale(.5)'>[<g id='o' transform='rotate(30)'><use href='#p'/><path id='p' d='M0 "
+        "0h50v50z'/></g>]</g>",
+    };
+    for (const std::string content : contents) {
+        SCOPED_TRACE(content);
+        std::string plain = content;
+        std::string moved = content;
+        const double scale = content.find("scale(.5)") == std::string::npos ? 1 : 2;
+        const std::size_t open = content.find('[');
+        const std::size_t close = content.find(']');
+        plain.erase(close, 1).erase(open, 1);
+        moved.replace(close, 1, "</g>");
+        moved.replace(open, 1,
+                      "<g transform='translate(" + std::to_string(20 * scale) + " " + std::to_string(10 * scale) +
+                          ")'>");
+        const auto document = read(drawing(plain), "t.svg");
+        document->offset(*document->findByName("o"), 20, 10);
+        const std::string text = write(*document);
+        expectSamePicture(text, drawing(moved));
+        // All of the change is in the one start tag.
+        const std::string object = plain.substr(open, close - open - 1);
+        EXPECT_NE(text.find(object.substr(object.find('>'))), std::string::npos) << text;
+        document->journal().undo();
+        EXPECT_EQ(write(*document), drawing(plain));
+    }
+}
+
+/// Everything that is drawn, by where it is.
+std::string places(Document& document) {
+    std::string text;
+    for (const Node* node : model::allNodes(document)) {
+        if (node->isContainer()) continue;
+        const model::Box hull = node->hull();
+        text += node->name();
+        for (const double side : {hull.left, hull.top, hull.right, hull.bottom})
+            text += ' ' + std::to_string(std::round(side * 1e6) / 1e6 + 0.0);
+        text += '\n';
+    }
+    return text;
+}
+
+TEST(Looks, MovedGroupsCanBeEditedFurther) {
+    const std::string bytes =
+        drawing("<g id='a' transform='scale(2)'><path id='p' d='M1 1h5v5z'/><g id='b' transform='rotate(90)'>"
+                "<rect id='r' width='4' height='2'/><image id='i' width='4' height='5'/></g></g>"
+                "<g id='c'><path id='q' d='M9 9v9h2z'/></g>");
+    using Edit = std::function<void(Document&)>;
+    const auto move = [](const char* name, double x, double y) {
+        return [=](Document& d) { d.offset(*d.findByName(name), x, y); };
+    };
+    const auto put = [](const char* name, const char* into) {
+        return [=](Document& d) { d.place(*d.findByName(name), Placement::OnTopInside, *d.findByName(into)); };
+    };
+    const Edit close = [](Document& d) {
+        d.setClosed(*d.findByName("p"), true), d.setClosed(*d.findByName("r"), false);
+    };
+    const Edit draw = [](Document& d) { d.setName(addLine(d, *d.findByName("b"), {1, 2}, {3, 4}), "n"); };
+    const Edit layer = [](Document& d) { d.offset(d.currentLayer(), 7, -3); };
+    const std::vector<Edit> rows[] = {
+        {move("a", 10, 5)},
+        {move("a", 10, 5), move("p", 1, 1), move("i", 2, 0)},
+        {move("b", 3, 3), move("a", 10, 5), close},
+        {move("a", 10, 5), draw, move("b", -4, 1)},
+        {move("a", 10, 5), put("p", "c"), put("i", "c"), move("c", 1, 1)},
+        {move("c", 10, 5), put("q", "b"), move("b", 1, 0), put("r", "c")},
+        {move("b", 10, 5), put("b", "c"), move("c", 1, 0), close},
+        {layer, move("a", 1, 0), put("q", "a"), layer},
+        {move("p", 10, 5), move("b", 10, 5)},
+    };
+    for (const std::vector<Edit>& row : rows) {
+        const auto document = read(bytes, "t.svg");
+        for (const Edit& edit : row) edit(*document);
+        const std::string text = write(*document);
+        EXPECT_EQ(places(*read(text, "t.svg")), places(*document)) << text;
+        while (document->journal().undo()) continue;
+        EXPECT_EQ(write(*document), bytes);
+    }
+}
+
+} // namespace
+} // namespace easel::svg
