@@ -9,7 +9,7 @@
 
 #include "core/frame/MenuItem.h"
 #include "core/values/Callback.h"
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 
 struct SPPlugin;
 

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "core/document/PathArt.h"
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
 
 struct ArtObject;
 

@@ -10,8 +10,8 @@ namespace kzo::core {
 
 namespace {
 
-bool moveTo(const std::optional<plugin::ArtboardPoint>& place, ArtboardPoint& point) {
-    if (place) point = ArtboardPoint(*place);
+bool moveTo(const std::optional<ArtboardPoint>& place, ArtboardPoint& point) {
+    if (place) point = *place;
     return place.has_value();
 }
 
@@ -20,8 +20,8 @@ bool moveTo(const std::optional<plugin::ArtboardPoint>& place, ArtboardPoint& po
 HitData::HitData(const Art* art, const ArtboardPoint& point, HitRequest request, double tolerance, bool inViewUnits) {
     // An empty handle is no art; it does not stand for all of it.
     if (art && art->isEmpty()) return;
-    impl_ = std::make_shared<plugin::HitData>(art ? art->aiArtHandle() : nullptr, point.impl(), request, tolerance,
-                                              inViewUnits);
+    impl_ =
+        std::make_shared<plugin::HitData>(art ? art->aiArtHandle() : nullptr, point, request, tolerance, inViewUnits);
 }
 
 HitData::HitData(std::unique_ptr<plugin::HitData> impl) : impl_(std::move(impl)) {}
@@ -30,7 +30,7 @@ bool HitData::isEmpty() const { return !ask(impl_, &plugin::HitData::tested); }
 bool HitData::hit() const { return ask(impl_, &plugin::HitData::hit); }
 HitType HitData::hitType() const { return ask(impl_, &plugin::HitData::hitType); }
 HitRequest HitData::request() const { return ask(impl_, &plugin::HitData::request); }
-ArtboardPoint HitData::point() const { return ArtboardPoint(ask(impl_, &plugin::HitData::point)); }
+ArtboardPoint HitData::point() const { return ask(impl_, &plugin::HitData::point); }
 std::unique_ptr<Art> HitData::art() const { return newHandle<Art>(ask(impl_, &plugin::HitData::art)); }
 bool HitData::inGroup() const { return ask(impl_, &plugin::HitData::inGroup); }
 

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "core/values/ArtboardPoint.h"
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
 
 struct AITextRange;
 

@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "core/values/BitSets.h"
 #include "core/values/Callback.h"
-#include "core/values/Enumerations.h"
 
 struct AIAnnotator;
 

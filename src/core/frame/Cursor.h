@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "core/values/Point.h"
 
 namespace kzo::core {

@@ -1,7 +1,7 @@
 // The modifier keys.
 #pragma once
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 
 namespace kzo::core {
 

@@ -6,7 +6,7 @@
 #include "core/frame/NotifierType.h"
 #include "core/values/ArtboardPoint.h"
 #include "core/values/ArtboardRect.h"
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "core/values/MessageType.h"
 
 struct AIAnnotator;

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 
 struct SPMessageData;
 struct SPPlugin;

@@ -11,7 +11,8 @@
 #include "core/values/ArtboardPoint.h"
 #include "core/values/BuiltinTool.h"
 #include "core/values/Callback.h"
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
+#include "core/values/FrameEnumerations.h"
 
 struct AITool;
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <cstddef>
 
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
 
 namespace kzo::core {
 

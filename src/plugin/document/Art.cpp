@@ -1,54 +1,53 @@
-// The art suite's calls, one body each.
+// The art suite's calls.
 #include "plugin/document/Art.h"
-
-#include <utility>
 
 #include "hostapi/AIArtSuite.h"
 #include "plugin/document/Convert.h"
-#include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {
 
+namespace {
+
+constexpr auto kWholeSelection = core::ArtAttribute::Selected | core::ArtAttribute::FullySelected;
+
+} // namespace
+
 ArtObject* Art::create(core::ArtType type, core::PaintOrder order, ArtObject* prep) {
-    return host::ask<&AIArtSuite::NewArt>(AIArtHandle{}, toHost(type), toHost(order), prep);
+    return host::get<&AIArtSuite::NewArt>(type, order, prep);
 }
 
 // Identity
 
-bool Art::valid() const { return host::ask<&AIArtSuite::ValidArt>(AIBoolean{0}, handle_) != 0; }
-
-core::ArtType Art::artType() const {
-    const std::int16_t type = host::ask<&AIArtSuite::GetArtType>(std::int16_t{kUnknownArt}, handle_);
-    return fromHost(artTypes, type, core::ArtType::Unknown);
-}
+bool Art::valid() const { return get<&AIArtSuite::ValidArt>(); }
+core::ArtType Art::artType() const { return get<&AIArtSuite::GetArtType, core::ArtType>(); }
 
 std::optional<PathArt> Art::path() const {
     if (type_ == core::ArtType::Unknown) type_ = artType();
-    return type_ == core::ArtType::Path && handle_ ? std::optional(PathArt(handle_)) : std::nullopt;
+    return type_ == core::ArtType::Path && handle() ? std::optional(PathArt(handle())) : std::nullopt;
 }
 
 // Attributes
 
 bool Art::attribute(core::ArtAttribute which) const {
-    return host::ask<&AIArtSuite::GetArtUserAttr>(std::int32_t{0}, handle_, bits(which)) == bits(which);
+    return get<&AIArtSuite::GetArtUserAttr, core::ArtAttribute>(which) == which;
 }
 
-bool Art::setAttributes(core::ArtAttribute which, bool on) {
-    return host::call<&AIArtSuite::SetArtUserAttr>(handle_, bits(which), on ? bits(which) : 0);
+bool Art::setAttribute(core::ArtAttribute which, bool on) {
+    return call<&AIArtSuite::SetArtUserAttr>(which, on ? which : core::ArtAttribute());
 }
 
-bool Art::select() { return setAttributes(core::ArtAttribute::Selected | core::ArtAttribute::FullySelected, true); }
-bool Art::deselect() { return setAttributes(core::ArtAttribute::Selected | core::ArtAttribute::FullySelected, false); }
+bool Art::select() { return setAttribute(kWholeSelection, true); }
+bool Art::deselect() { return setAttribute(kWholeSelection, false); }
 
 // Tree
 
-ArtObject* Art::parent() const { return host::ask<&AIArtSuite::GetArtParent>(AIArtHandle{}, handle_); }
-ArtObject* Art::firstChild() const { return host::ask<&AIArtSuite::GetArtFirstChild>(AIArtHandle{}, handle_); }
-ArtObject* Art::sibling() const { return host::ask<&AIArtSuite::GetArtSibling>(AIArtHandle{}, handle_); }
-ArtObject* Art::priorSibling() const { return host::ask<&AIArtSuite::GetArtPriorSibling>(AIArtHandle{}, handle_); }
+ArtObject* Art::parent() const { return get<&AIArtSuite::GetArtParent>(); }
+ArtObject* Art::firstChild() const { return get<&AIArtSuite::GetArtFirstChild>(); }
+ArtObject* Art::sibling() const { return get<&AIArtSuite::GetArtSibling>(); }
+ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSibling>(); }
 
 bool Art::dispose() {
-    ArtObject* const handle = std::exchange(handle_, nullptr);
+    ArtObject* const handle = release();
     return handle && host::call<&AIArtSuite::DisposeArt>(handle);
 }
 

@@ -3,36 +3,34 @@
 
 #include <optional>
 
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
 #include "plugin/document/PathArt.h"
+#include "plugin/host/Object.h"
 #include "plugin/host/RefCountMap.h"
 
 struct ArtObject;
 
 namespace kzo::plugin {
 
-/// Without a host handle (after `dispose`, or refused creation) every query answers its neutral value.
-class Art {
+class Art : public host::Object<ArtObject> {
   public:
-    explicit Art(ArtObject* handle) : handle_(handle) {}
+    using Object::Object;
     virtual ~Art() = default;
 
     /// Makes an object in the document; null when the host refuses.
     [[nodiscard]] static ArtObject* create(core::ArtType type, core::PaintOrder order, ArtObject* prep);
 
     // Identity
-    [[nodiscard]] ArtObject* handle() const { return handle_; }
-    [[nodiscard]] bool sameAs(const Art& other) const { return handle_ == other.handle_; }
     [[nodiscard]] bool valid() const;
     [[nodiscard]] core::ArtType artType() const;
     [[nodiscard]] std::optional<PathArt> path() const; ///< none when the art is of another type
 
     // Attributes
     [[nodiscard]] bool attribute(core::ArtAttribute which) const;
+    bool setAttribute(core::ArtAttribute which, bool on);
     [[nodiscard]] bool selected() const { return attribute(core::ArtAttribute::Selected); }
     [[nodiscard]] bool locked() const { return attribute(core::ArtAttribute::Locked); }
     [[nodiscard]] bool hidden() const { return attribute(core::ArtAttribute::Hidden); }
-    bool setAttributes(core::ArtAttribute which, bool on);
     bool select();
     bool deselect();
 
@@ -47,7 +45,6 @@ class Art {
     bool dispose();
 
   private:
-    ArtObject* handle_;
     mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
 };
 

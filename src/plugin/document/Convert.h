@@ -1,25 +1,43 @@
-// Every conversion between our enumerations and records and the host's. The host's y grows downward, as ours does, and
-// its bit sets have our values, so that those pass as numbers.
+// How the document's values, enumerations and records stand in the host's calls. The host's y grows downward, as ours
+// does, so nothing is flipped.
 #pragma once
 
-#include <cstdint>
-
-#include "core/values/Enumerations.h"
+#include "core/values/ArtboardPoint.h"
+#include "core/values/ArtboardRect.h"
+#include "core/values/ArtboardSegPoint.h"
+#include "core/values/DocumentEnumerations.h"
 #include "core/values/PathStyle.h"
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
-#include "hostapi/AIUndoSuite.h"
+#include "hostapi/AIPathSuite.h"
+#include "plugin/host/HostCall.h"
+#include "plugin/values/ArtboardPoint.h"
+#include "plugin/values/ArtboardRect.h"
+#include "plugin/values/PathSegPoint.h"
 
-namespace kzo::plugin {
+namespace kzo::plugin::host {
 
-/// One row of a table that pairs our value with the host's.
-template <class Ours> struct Pair {
-    Ours ours;
-    std::int32_t host;
+// Values
+
+template <> struct HostForm<core::ArtboardPoint> {
+    static AIRealPoint toHost(const core::ArtboardPoint& point) { return point.impl().toAIRealPoint(); }
+    static core::ArtboardPoint fromHost(const AIRealPoint& point) { return core::ArtboardPoint(ArtboardPoint(point)); }
+};
+template <> struct HostForm<core::ArtboardRect> {
+    static AIRealRect toHost(const core::ArtboardRect& rect) { return rect.impl().toAIRealRect(); }
+    static core::ArtboardRect fromHost(const AIRealRect& rect) { return core::ArtboardRect(ArtboardRect(rect)); }
+};
+template <> struct HostForm<core::ArtboardSegPoint> {
+    static AIPathSegment toHost(const core::ArtboardSegPoint& point) { return point.impl().toAIPathSegment(); }
+    static core::ArtboardSegPoint fromHost(const AIPathSegment& record) {
+        return core::ArtboardSegPoint(PathSegPoint(record));
+    }
 };
 
-inline constexpr Pair<core::ArtType> artTypes[] = {
+// Art
+
+inline constexpr Pair<core::ArtType> kArtTypes[] = {
     {core::ArtType::Group, kGroupArt},
     {core::ArtType::Path, kPathArt},
     {core::ArtType::CompoundPath, kCompoundPathArt},
@@ -32,74 +50,39 @@ inline constexpr Pair<core::ArtType> artTypes[] = {
     {core::ArtType::ForeignObject, kForeignArt},
     {core::ArtType::LegacyText, kLegacyTextArt},
 };
+template <> struct HostForm<core::ArtType> : Paired<kArtTypes, core::ArtType::Unknown> {};
+template <> struct HostForm<core::PaintOrder> : SameNumbers<core::PaintOrder> {};
 
-inline constexpr Pair<core::HitType> hitTypes[] = {
+// Hit tests
+
+inline constexpr Pair<core::HitType> kHitTypes[] = {
     {core::HitType::Anchor, kAIAnchorHit},
     {core::HitType::InControl, kAIInHandleHit},
     {core::HitType::OutControl, kAIOutHandleHit},
     {core::HitType::Segment, kAISegmentHit},
     {core::HitType::Fill, kAIFillHit},
 };
+template <> struct HostForm<core::HitType> : Paired<kHitTypes, core::HitType::None> {};
 
-inline constexpr Pair<core::StrokeCap> strokeCaps[] = {
+// Styles
+
+inline constexpr Pair<core::StrokeCap> kStrokeCaps[] = {
     {core::StrokeCap::Butt, kAIButtCap},
     {core::StrokeCap::Round, kAIRoundCap},
     {core::StrokeCap::Projecting, kAIProjectingCap},
 };
+template <> struct HostForm<core::StrokeCap> : Paired<kStrokeCaps, core::StrokeCap::Butt> {};
 
-inline constexpr Pair<core::StrokeJoin> strokeJoins[] = {
+inline constexpr Pair<core::StrokeJoin> kStrokeJoins[] = {
     {core::StrokeJoin::Miter, kAIMiterJoin},
     {core::StrokeJoin::Round, kAIRoundJoin},
     {core::StrokeJoin::Bevel, kAIBevelJoin},
 };
+template <> struct HostForm<core::StrokeJoin> : Paired<kStrokeJoins, core::StrokeJoin::Miter> {};
 
-inline constexpr Pair<core::UndoContext> undoContexts[] = {
-    {core::UndoContext::Standard, kAIStandardUndoContext},
-    {core::UndoContext::Silent, kAISilentUndoContext},
-    {core::UndoContext::Append, kAIAppendUndoContext},
+template <> struct HostForm<core::RgbColor> {
+    static AIColor toHost(const core::RgbColor& color) { return {color.red, color.green, color.blue}; }
 };
+template <> struct HostForm<core::PathStyle> { static AIPathStyle toHost(const core::PathStyle& style); };
 
-/// The host's value, or `otherwise` for a value that is not in the table.
-template <class Ours, std::size_t n>
-[[nodiscard]] constexpr std::int16_t toHost(const Pair<Ours> (&table)[n], Ours ours, std::int16_t otherwise = 0) {
-    for (const Pair<Ours>& row : table)
-        if (row.ours == ours) return static_cast<std::int16_t>(row.host);
-    return otherwise;
-}
-
-template <class Ours, std::size_t n>
-[[nodiscard]] constexpr Ours fromHost(const Pair<Ours> (&table)[n], std::int32_t host, Ours otherwise) {
-    for (const Pair<Ours>& row : table)
-        if (row.host == host) return row.ours;
-    return otherwise;
-}
-
-/// The host's bits of a plug-in's options lie one higher; others than these two are dropped.
-inline constexpr core::PluginOptions pluginOptions = core::PluginOptions::First | core::PluginOptions::Second;
-[[nodiscard]] constexpr core::PluginOptions pluginOptionsFromHost(std::int32_t host) {
-    return core::PluginOptions(host >> 1) & pluginOptions;
-}
-[[nodiscard]] constexpr std::int32_t toHost(core::PluginOptions options) { return bits(options & pluginOptions) << 1; }
-
-[[nodiscard]] constexpr std::int16_t toHost(core::ArtType type) { return toHost(artTypes, type); }
-[[nodiscard]] constexpr std::int16_t toHost(core::PaintOrder order) { return static_cast<std::int16_t>(order); }
-
-[[nodiscard]] inline AIColor toHost(const core::RgbColor& color) { return {color.red, color.green, color.blue}; }
-
-[[nodiscard]] inline AIPathStyle toHost(const core::PathStyle& style) {
-    const core::StrokeStyle& stroke = style.stroke;
-    AIPathStyle host{
-        .fillPaint = style.fill.painted,
-        .strokePaint = stroke.painted,
-        .fillColor = toHost(style.fill.color),
-        .strokeColor = toHost(stroke.color),
-        .strokeWidth = stroke.width,
-        .miterLimit = stroke.miterLimit,
-        .cap = toHost(strokeCaps, stroke.cap),
-        .join = toHost(strokeJoins, stroke.join),
-        .dash = {.length = static_cast<std::int16_t>(stroke.dash.count), .offset = stroke.dash.offset, .array = {}}};
-    for (std::size_t i = 0; i < stroke.dash.lengths.size(); ++i) host.dash.array[i] = stroke.dash.lengths[i];
-    return host;
-}
-
-} // namespace kzo::plugin
+} // namespace kzo::plugin::host

@@ -11,17 +11,13 @@
 
 namespace kzo::plugin {
 
-bool CurrentDocument::exists() const { return host::ask<&AIDocumentSuite::GetDocument>(AIDocumentHandle{}) != nullptr; }
+bool CurrentDocument::exists() const { return host::get<&AIDocumentSuite::GetDocument>() != nullptr; }
 
 // Layers
 
-int CurrentDocument::layerCount() const { return host::ask<&AILayerSuite::CountLayers>(std::int32_t{0}); }
-
-AILayer* CurrentDocument::layerAtIndex(int index) const {
-    return host::ask<&AILayerSuite::GetNthLayer>(AILayerHandle{}, std::int32_t{index});
-}
-
-AILayer* CurrentDocument::currentLayer() const { return host::ask<&AILayerSuite::GetCurrentLayer>(AILayerHandle{}); }
+int CurrentDocument::layerCount() const { return host::get<&AILayerSuite::CountLayers>(); }
+AILayer* CurrentDocument::layerAtIndex(int index) const { return host::get<&AILayerSuite::GetNthLayer>(index); }
+AILayer* CurrentDocument::currentLayer() const { return host::get<&AILayerSuite::GetCurrentLayer>(); }
 
 // Selection
 
@@ -51,7 +47,7 @@ void CurrentDocument::deselectAllArt() {
 // View
 
 double CurrentDocument::zoom() const {
-    const double zoom = host::ask<&AIDocumentViewSuite::GetDocumentViewZoom>(1.0, AIDocumentViewHandle{});
+    const double zoom = host::get<&AIDocumentViewSuite::GetDocumentViewZoom>(AIDocumentViewHandle{});
     return zoom > 0 ? zoom : 1.0;
 }
 

@@ -8,19 +8,18 @@
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/Layer.h"
 #include "plugin/document/PathArt.h"
-#include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {
 
 namespace {
 
 // Near, but never on, the ends of a path: a split there leaves no empty piece.
-constexpr double justAfterStart = 9.999999999999999e-05;
-constexpr double justBeforeEnd = 0.9999;
+constexpr double kJustAfterStart = 9.999999999999999e-05;
+constexpr double kJustBeforeEnd = 0.9999;
 
 } // namespace
 
-HitData::HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest request, double tolerance,
+HitData::HitData(ArtObject* art, const core::ArtboardPoint& point, core::HitRequest request, double tolerance,
                  bool inViewUnits)
     : request_(request), point_(point) {
     const CurrentDocument document;
@@ -37,16 +36,15 @@ HitData::HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest re
 }
 
 bool HitData::test(ArtObject* art, double tolerance) {
-    const AIRealPoint point = point_.toAIRealPoint();
-    AIHitRecord record{};
     // Without its group a layer would stand for the whole document.
-    if (!art || !host::call<&AIHitTestSuite::HitTest>(art, &point, tolerance, bits(request_), &record)) return false;
-    type_ = fromHost(hitTypes, record.type, core::HitType::None);
+    if (!art) return false;
+    const auto record = host::get<&AIHitTestSuite::HitTest>(art, point_, tolerance, request_);
+    type_ = host::fromHost<core::HitType>(record.type);
     if (type_ == core::HitType::None) return false;
     art_ = record.art;
     textRange_ = record.textRange;
     inGroup_ = record.inGroup != 0;
-    featurePoint_ = record.point;
+    featurePoint_ = host::fromHost<core::ArtboardPoint>(record.point);
     if (type_ == core::HitType::Fill || record.segment < 0) return true; // text has anchors, but no segments
     if (type_ == core::HitType::Segment) {
         segPointIndex_ = segIndex_ = record.segment;
@@ -70,14 +68,16 @@ void HitData::noteSegPoint(std::int16_t index) {
     const bool last = index == path.segPointCount() - 1;
     if (last) --segIndex_; // no segment starts there
     if (index == 0)
-        t_ = justAfterStart;
+        t_ = kJustAfterStart;
     else if (last)
-        t_ = justBeforeEnd;
+        t_ = kJustBeforeEnd;
 }
 
-std::optional<ArtboardPoint> HitData::snapped() const { return hit() ? std::optional(featurePoint_) : std::nullopt; }
+std::optional<core::ArtboardPoint> HitData::snapped() const {
+    return hit() ? std::optional(featurePoint_) : std::nullopt;
+}
 
-std::optional<ArtboardPoint> HitData::snappedTo(core::HitType type) const {
+std::optional<core::ArtboardPoint> HitData::snappedTo(core::HitType type) const {
     return type_ == type ? snapped() : std::nullopt;
 }
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/values/ArtboardPoint.h"
 #include "core/values/Bezier.h"
-#include "core/values/Enumerations.h"
-#include "plugin/values/ArtboardPoint.h"
+#include "core/values/DocumentEnumerations.h"
 
 struct AITextRange;
 struct ArtObject;
@@ -19,13 +19,14 @@ class HitData {
     HitData() = default;
     /// Tests `point` against `art`, or against every layer from the topmost down when it is null. The sign of
     /// `tolerance` is dropped; it is in points, or in screen units when `inViewUnits`.
-    HitData(ArtObject* art, const ArtboardPoint& point, core::HitRequest request, double tolerance, bool inViewUnits);
+    HitData(ArtObject* art, const core::ArtboardPoint& point, core::HitRequest request, double tolerance,
+            bool inViewUnits);
 
     [[nodiscard]] bool tested() const { return tested_; } ///< false where no document was open
     [[nodiscard]] bool hit() const { return tested_ && type_ != core::HitType::None; }
     [[nodiscard]] core::HitType hitType() const { return type_; }
     [[nodiscard]] core::HitRequest request() const { return request_; }
-    [[nodiscard]] ArtboardPoint point() const { return point_; } ///< the point tested
+    [[nodiscard]] core::ArtboardPoint point() const { return point_; } ///< the point tested
     [[nodiscard]] ArtObject* art() const { return art_; }
     [[nodiscard]] bool inGroup() const { return inGroup_; }
     [[nodiscard]] std::int16_t segPointIndex() const { return segPointIndex_; }
@@ -35,8 +36,8 @@ class HitData {
     /// The segment that was hit; none without a path hit.
     [[nodiscard]] std::optional<core::Bezier> bezier() const { return bezier_; }
     /// The feature's point nearest to the point tested; none without a hit, or where the hit is of another type.
-    [[nodiscard]] std::optional<ArtboardPoint> snapped() const;
-    [[nodiscard]] std::optional<ArtboardPoint> snappedTo(core::HitType type) const;
+    [[nodiscard]] std::optional<core::ArtboardPoint> snapped() const;
+    [[nodiscard]] std::optional<core::ArtboardPoint> snappedTo(core::HitType type) const;
 
   private:
     [[nodiscard]] bool test(ArtObject* art, double tolerance);
@@ -45,14 +46,14 @@ class HitData {
     bool tested_ = false;
     core::HitRequest request_{};
     core::HitType type_ = core::HitType::None;
-    ArtboardPoint point_;
+    core::ArtboardPoint point_;
     ArtObject* art_ = nullptr;
     std::int16_t segPointIndex_ = -1; // of the one hit, or of the one that starts the segment
     std::int16_t segIndex_ = -1;
     double t_ = 0;
     AITextRange* textRange_ = nullptr;
     bool inGroup_ = false;
-    ArtboardPoint featurePoint_;
+    core::ArtboardPoint featurePoint_;
     std::optional<core::Bezier> bezier_;
 };
 

@@ -7,14 +7,13 @@
 
 namespace kzo::plugin {
 
-std::string Layer::title() const { return host::ask<&AILayerSuite::GetLayerTitle>("", handle_); }
-bool Layer::visible() const { return host::ask<&AILayerSuite::GetLayerVisible>(AIBoolean{0}, handle_) != 0; }
-bool Layer::editable() const { return host::ask<&AILayerSuite::GetLayerEditable>(AIBoolean{0}, handle_) != 0; }
-bool Layer::hasSelectedArt() const { return host::ask<&AILayerSuite::LayerHasSelectedArt>(AIBoolean{0}, handle_) != 0; }
-void Layer::deselectArt() { host::call<&AILayerSuite::DeselectLayerArt>(handle_); }
+std::string Layer::title() const { return get<&AILayerSuite::GetLayerTitle>(); }
+bool Layer::visible() const { return get<&AILayerSuite::GetLayerVisible>(); }
+bool Layer::editable() const { return get<&AILayerSuite::GetLayerEditable>(); }
+bool Layer::hasSelectedArt() const { return get<&AILayerSuite::LayerHasSelectedArt>(); }
+void Layer::deselectArt() { call<&AILayerSuite::DeselectLayerArt>(); }
 
-AILayer* Layer::next() const { return host::ask<&AILayerSuite::GetNextLayer>(AILayerHandle{}, handle_); }
-
-ArtObject* Layer::group() const { return host::ask<&AIArtSuite::GetFirstArtOfLayer>(AIArtHandle{}, handle_); }
+AILayer* Layer::next() const { return get<&AILayerSuite::GetNextLayer>(); }
+ArtObject* Layer::group() const { return get<&AIArtSuite::GetFirstArtOfLayer>(); }
 
 } // namespace kzo::plugin

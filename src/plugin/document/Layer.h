@@ -3,17 +3,17 @@
 
 #include <string>
 
+#include "plugin/host/Object.h"
+
 struct AILayer;
 struct ArtObject;
 
 namespace kzo::plugin {
 
-class Layer {
+class Layer : public host::Object<AILayer> {
   public:
-    explicit Layer(AILayer* handle) : handle_(handle) {}
+    using Object::Object;
 
-    [[nodiscard]] AILayer* handle() const { return handle_; }
-    [[nodiscard]] bool sameAs(const Layer& other) const { return handle_ == other.handle_; }
     [[nodiscard]] std::string title() const;
     [[nodiscard]] bool visible() const;
     [[nodiscard]] bool editable() const;
@@ -22,9 +22,6 @@ class Layer {
 
     [[nodiscard]] AILayer* next() const;    ///< null after the last
     [[nodiscard]] ArtObject* group() const; ///< holds all art of the layer
-
-  private:
-    AILayer* handle_;
 };
 
 } // namespace kzo::plugin

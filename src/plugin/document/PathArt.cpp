@@ -2,19 +2,18 @@
 #include "plugin/document/PathArt.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "plugin/document/Convert.h"
-#include "plugin/host/HostCall.h"
-#include "plugin/values/PathSegPoint.h"
 
 namespace kzo::plugin {
 
 namespace {
 
-constexpr double lengthFlatness = 0.01; // points
+constexpr double kLengthFlatness = 0.01; // points
 
 std::int16_t clamped(int value, int low, int high) {
     return static_cast<std::int16_t>(std::clamp(value, low, std::max(low, high)));
@@ -24,11 +23,8 @@ std::int16_t clamped(int value, int low, int high) {
 
 // Counts
 
-std::int16_t PathArt::segPointCount() const {
-    return host::ask<&AIPathSuite::GetPathSegmentCount>(std::int16_t{0}, handle_);
-}
-
-void PathArt::setSegPointCount(std::int16_t count) { host::call<&AIPathSuite::SetPathSegmentCount>(handle_, count); }
+std::int16_t PathArt::segPointCount() const { return get<&AIPathSuite::GetPathSegmentCount>(); }
+void PathArt::setSegPointCount(std::int16_t count) { call<&AIPathSuite::SetPathSegmentCount>(count); }
 
 std::int16_t PathArt::segCount() const {
     const std::int16_t points = segPointCount();
@@ -39,26 +35,21 @@ void PathArt::setSegCount(std::int16_t count) {
     setSegPointCount(static_cast<std::int16_t>(closed() ? count : count + 1));
 }
 
-bool PathArt::closed() const { return host::ask<&AIPathSuite::GetPathClosed>(AIBoolean{0}, handle_) != 0; }
-void PathArt::setClosed(bool closed) { host::call<&AIPathSuite::SetPathClosed>(handle_, AIBoolean{closed}); }
+bool PathArt::closed() const { return get<&AIPathSuite::GetPathClosed>(); }
+void PathArt::setClosed(bool closed) { call<&AIPathSuite::SetPathClosed>(closed); }
 
 // Points
 
 PathArt::SegPoints PathArt::read(std::int16_t index, std::int16_t count) const {
     std::vector<AIPathSegment> records(static_cast<std::size_t>(count));
-    if (records.empty() || !host::call<&AIPathSuite::GetPathSegments>(handle_, index, count, records.data())) return {};
-    SegPoints points;
-    points.reserve(records.size());
-    for (const AIPathSegment& record : records) points.emplace_back(PathSegPoint(record));
-    return points;
+    if (records.empty() || !call<&AIPathSuite::GetPathSegments>(index, count, records.data())) return {};
+    return host::fromHost<core::ArtboardSegPoint>(records);
 }
 
 void PathArt::write(std::int16_t index, std::int16_t count, const SegPoints& points) {
-    std::vector<AIPathSegment> records;
-    records.reserve(points.size());
-    for (const core::ArtboardSegPoint& point : points) records.push_back(point.impl().toAIPathSegment());
+    const std::vector<AIPathSegment> records = host::toHost(points);
     const auto given = clamped(count, 0, static_cast<int>(records.size()));
-    if (given > 0) host::call<&AIPathSuite::SetPathSegments>(handle_, index, given, records.data());
+    if (given > 0) call<&AIPathSuite::SetPathSegments>(index, given, records.data());
 }
 
 PathArt::SegPoints PathArt::segPoints(std::int16_t index, std::int16_t count) const {
@@ -79,16 +70,14 @@ void PathArt::setSegs(std::int16_t index, const SegPoints& points) {
     write(index, wholeClosedPath ? segCount() : count, points);
 }
 
-void PathArt::reverseSegs() { host::call<&AIPathSuite::ReversePathSegments>(handle_); }
+void PathArt::reverseSegs() { call<&AIPathSuite::ReversePathSegments>(); }
 
 std::int16_t PathArt::segPointClosestToPoint(const core::ArtboardPoint& point) const {
-    const AIRealPoint to = point.impl().toAIRealPoint();
     const SegPoints points = segPoints(0, segPointCount());
-    double nearest = 3.4028234663852886e38;
+    double nearest = std::numeric_limits<float>::max(); // what is further is as far as anything
     std::int16_t best = 0;
     for (std::size_t i = 0; i < points.size(); ++i) {
-        const AIRealPoint from = points[i].p.impl().toAIRealPoint();
-        const double distance = host::ask<&AIRealMathSuite::RealPointLength>(nearest, &from, &to);
+        const double distance = host::getOr<&AIRealMathSuite::RealPointLength>(nearest, points[i].p, point);
         if (distance >= nearest) continue;
         nearest = distance;
         best = static_cast<std::int16_t>(i);
@@ -107,7 +96,7 @@ void PathArt::endPoints(core::ArtboardPoint& first, core::ArtboardPoint& last) c
 
 double PathArt::length() const {
     double length = 0;
-    return host::call<&AIPathSuite::GetPathLength>(handle_, &length, lengthFlatness) ? length : 0;
+    return call<&AIPathSuite::GetPathLength>(&length, kLengthFlatness) ? length : 0;
 }
 
 std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
@@ -121,9 +110,6 @@ std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
     return a.empty() || b.empty() ? std::nullopt : std::optional(core::Bezier(a[0], b[0]));
 }
 
-bool PathArt::setStyle(const core::PathStyle& style) {
-    const AIPathStyle record = toHost(style);
-    return host::call<&AIPathStyleSuite::SetPathStyle>(handle_, &record);
-}
+bool PathArt::setStyle(const core::PathStyle& style) { return call<&AIPathStyleSuite::SetPathStyle>(style); }
 
 } // namespace kzo::plugin

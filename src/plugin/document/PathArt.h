@@ -9,17 +9,18 @@
 #include "core/values/ArtboardSegPoint.h"
 #include "core/values/Bezier.h"
 #include "core/values/PathStyle.h"
+#include "plugin/host/Object.h"
 
 struct ArtObject;
 
 namespace kzo::plugin {
 
 /// Counts and indices are the host's 16-bit numbers; those out of range are clamped as core::PathArt says.
-class PathArt {
+class PathArt : public host::Object<ArtObject> {
   public:
     using SegPoints = std::vector<core::ArtboardSegPoint>;
 
-    explicit PathArt(ArtObject* handle) : handle_(handle) {}
+    using Object::Object;
 
     // Counts
     [[nodiscard]] std::int16_t segPointCount() const;
@@ -45,8 +46,6 @@ class PathArt {
   private:
     [[nodiscard]] SegPoints read(std::int16_t index, std::int16_t count) const;
     void write(std::int16_t index, std::int16_t count, const SegPoints& points);
-
-    ArtObject* handle_;
 };
 
 } // namespace kzo::plugin

@@ -8,8 +8,7 @@
 namespace kzo::plugin {
 
 bool AnnotationDrawer::setColor(const core::RgbColor& color) const {
-    const AIColor host = toHost(color);
-    return host::call<&AIAnnotatorDrawerSuite::SetColor>(context, &host);
+    return host::call<&AIAnnotatorDrawerSuite::SetColor>(context, color);
 }
 
 bool AnnotationDrawer::setOpacity(double opacity) const {

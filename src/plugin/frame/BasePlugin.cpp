@@ -10,7 +10,7 @@
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPPluginsSuite.h"
-#include "plugin/document/Convert.h"
+#include "plugin/frame/Convert.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
@@ -268,9 +268,8 @@ void BasePlugin::setToolsSnapTo(core::ToolSnapping kind, bool snap) {
 bool BasePlugin::undo() { return host::isAcquired<AIUndoSuite>() && host::call<&AIUndoSuite::UndoChanges>(); }
 
 bool BasePlugin::setUndoKind(core::UndoContext context) {
-    constexpr std::int16_t none = -1;
-    const std::int16_t kind = toHost(undoContexts, context, none);
-    return kind != none && host::isAcquired<AIUndoSuite>() && host::call<&AIUndoSuite::SetKind>(std::int32_t{kind});
+    const bool known = host::toHost(context) != host::kNoUndoContext;
+    return known && host::isAcquired<AIUndoSuite>() && host::call<&AIUndoSuite::SetKind>(context);
 }
 
 } // namespace kzo::plugin

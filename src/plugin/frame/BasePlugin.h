@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "plugin/frame/Annotator.h"
 #include "plugin/frame/BaseTool.h"
 #include "plugin/frame/Dispatcher.h"

@@ -21,8 +21,8 @@ constexpr std::int32_t knownOptions = 255;
 
 std::unique_ptr<HitData> hitDataAt(const std::vector<ArtboardPoint>& locations, std::size_t index,
                                    core::HitRequest request, double tolerance) {
-    return index < locations.size() ? std::make_unique<HitData>(nullptr, locations[index], request, tolerance, true)
-                                    : nullptr;
+    if (index >= locations.size()) return nullptr;
+    return std::make_unique<HitData>(nullptr, core::ArtboardPoint(locations[index]), request, tolerance, true);
 }
 
 } // namespace
@@ -134,7 +134,7 @@ std::unique_ptr<HitData> BaseTool::mouseUpHitData(std::size_t index, core::HitRe
 }
 
 std::unique_ptr<HitData> BaseTool::cursorHitData(core::HitRequest request, double tolerance) const {
-    return std::make_unique<HitData>(nullptr, cursor_.location, request, tolerance, true);
+    return std::make_unique<HitData>(nullptr, core::ArtboardPoint(cursor_.location), request, tolerance, true);
 }
 
 // The host's own tools

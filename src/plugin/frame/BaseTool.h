@@ -8,7 +8,8 @@
 #include <vector>
 
 #include "core/values/BuiltinTool.h"
-#include "core/values/Enumerations.h"
+#include "core/values/DocumentEnumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "plugin/document/HitData.h"
 #include "plugin/values/ArtboardPoint.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "plugin/values/ArtboardPoint.h"
 #include "plugin/values/ArtboardRect.h"
 

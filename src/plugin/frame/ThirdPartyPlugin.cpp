@@ -5,7 +5,7 @@
 
 #include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPPluginsSuite.h"
-#include "plugin/document/Convert.h"
+#include "plugin/frame/Convert.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {
@@ -24,11 +24,11 @@ std::string ThirdPartyPlugin::fileName() const { return host::ask<&SPPluginsSuit
 std::string ThirdPartyPlugin::filePath() const { return host::ask<&SPPluginsSuite::GetPluginFilePath>("", plugin_); }
 
 core::PluginOptions ThirdPartyPlugin::options() const {
-    return pluginOptionsFromHost(host::ask<&SPPluginsSuite::GetPluginOptions>(std::int32_t{0}, plugin_));
+    return host::get<&SPPluginsSuite::GetPluginOptions, core::PluginOptions>(plugin_);
 }
 
 void ThirdPartyPlugin::setOptions(core::PluginOptions options) const {
-    host::call<&SPPluginsSuite::SetPluginOptions>(plugin_, toHost(options));
+    host::call<&SPPluginsSuite::SetPluginOptions>(plugin_, options);
 }
 
 bool ThirdPartyPlugin::started() const {

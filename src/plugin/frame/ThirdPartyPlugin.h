@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "plugin/host/RefCountMap.h"
 
 struct SPMessageData;

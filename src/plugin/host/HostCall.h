@@ -1,13 +1,19 @@
-// The one way to the host: every operation is called by the name of its table entry, and a suite is acquired when it is
-// first used. Nothing throws: a suite or function that is missing and a host error are one and the same refusal.
+// The one way to the host: every operation is called by the name of its table entry, arguments and answers are
+// converted on the way, and a suite is acquired when it is first used. Nothing throws: a suite or function that is
+// missing and a host error are one and the same refusal.
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
+#include <vector>
 
 #include "hostapi/SPBasic.h"
 #include "plugin/host/HostMonitor.h"
+#include "plugin/host/Object.h"
+#include "utils/BitSet.h"
 
 namespace kzo::plugin::host {
 
@@ -43,15 +49,111 @@ template <class Table> [[nodiscard]] const Table* acquire() {
 
 template <class Table> [[nodiscard]] bool isAcquired() { return suiteOf<Table>.table != nullptr; }
 
-/// Calls the operation `Entry` of its suite, `call<&AIArtSuite::DisposeArt>(art)`. Returns whether the host did it.
-template <auto Entry, class... Arguments> bool call(Arguments... arguments) {
-    const auto tableOf = []<class Table, class Function>(Function Table::*) { return acquire<Table>(); };
-    const auto* const table = tableOf(Entry);
+// Conversions
+
+/// How one of our types stands in the host's calls. Numbers, handles and records pass as they are; each room's
+/// Convert.h adds the types of its own.
+template <class Ours> struct HostForm {
+    static constexpr Ours toHost(Ours value) { return value; }
+    static constexpr Ours fromHost(Ours value) { return value; }
+};
+template <> struct HostForm<bool> {
+    static constexpr AIBoolean toHost(bool value) { return value ? 1 : 0; }
+    static constexpr bool fromHost(AIBoolean value) { return value != 0; }
+};
+template <> struct HostForm<std::string> {
+    static const char* toHost(const std::string& text) { return text.c_str(); }
+    static std::string fromHost(const char* text) { return text ? text : ""; }
+};
+/// The host's bit sets have our values.
+template <utils::BitSet Ours> struct HostForm<Ours> {
+    static constexpr auto toHost(Ours set) { return utils::bits(set); }
+    template <class Host> static constexpr Ours fromHost(Host set) { return Ours(set); }
+};
+/// For enumerations that have the host's numbers.
+template <class Ours> struct SameNumbers {
+    static constexpr std::int16_t toHost(Ours value) { return static_cast<std::int16_t>(value); }
+    static constexpr Ours fromHost(std::int16_t value) { return Ours(value); }
+};
+/// One row of a table that pairs our value with the host's.
+template <class Ours> struct Pair {
+    Ours ours;
+    std::int16_t host;
+};
+/// For enumerations with a table: a host's value that is not in it is `kOtherOurs`, one of ours `kOtherHost`.
+template <const auto& kTable, auto kOtherOurs, std::int16_t kOtherHost = 0> struct Paired {
+    using Ours = decltype(kOtherOurs);
+    static constexpr std::int16_t toHost(Ours value) {
+        for (const Pair<Ours>& row : kTable)
+            if (row.ours == value) return row.host;
+        return kOtherHost;
+    }
+    static constexpr Ours fromHost(std::int32_t value) {
+        for (const Pair<Ours>& row : kTable)
+            if (row.host == value) return row.ours;
+        return kOtherOurs;
+    }
+};
+
+template <class Ours> [[nodiscard]] constexpr auto toHost(const Ours& value) { return HostForm<Ours>::toHost(value); }
+template <class Ours, class Host> [[nodiscard]] constexpr Ours fromHost(const Host& value) {
+    return HostForm<Ours>::fromHost(value);
+}
+
+/// Lists of ours, and of the host's records.
+template <class Ours> [[nodiscard]] auto toHost(const std::vector<Ours>& list) {
+    std::vector<decltype(HostForm<Ours>::toHost(list.front()))> records;
+    records.reserve(list.size());
+    for (const Ours& value : list) records.push_back(HostForm<Ours>::toHost(value));
+    return records;
+}
+template <class Ours, class Host> [[nodiscard]] std::vector<Ours> fromHost(const std::vector<Host>& records) {
+    std::vector<Ours> list;
+    list.reserve(records.size());
+    for (const Host& record : records) list.push_back(HostForm<Ours>::fromHost(record));
+    return list;
+}
+
+/// An argument in the host's form: by value or, where the operation asks for a pointer to a record, by the address of
+/// one that lives as long as the call.
+template <class Parameter, class Ours> class Passed {
+  public:
+    explicit Passed(const Ours& value) : host_(HostForm<Ours>::toHost(value)) {}
+    operator Parameter() const { // NOLINT(google-explicit-constructor): it stands for the parameter
+        if constexpr (std::is_convertible_v<Host, Parameter>)
+            return Parameter{host_};
+        else
+            return &host_;
+    }
+
+  private:
+    using Host = decltype(HostForm<Ours>::toHost(std::declval<const Ours&>()));
+    Host host_;
+};
+
+// Calls
+
+template <auto Entry, class Table, class... Parameters, class... Arguments>
+bool callAs(AIErr (*Table::*)(Parameters...), const Arguments&... arguments) {
+    const Table* const table = acquire<Table>();
     const auto function = table ? table->*Entry : nullptr;
     AIErr error = kSPSuiteNotFoundErr;
-    if (monitor().admits() && function) error = function(arguments...);
+    if (monitor().admits() && function) error = function(Passed<Parameters, std::decay_t<Arguments>>(arguments)...);
     if (error != kNoErr) monitor().refused(entryName<Entry>(), error);
     return error == kNoErr;
+}
+
+template <auto Entry, class... Arguments> bool call(const Arguments&... arguments) {
+    return callAs<Entry>(Entry, arguments...);
+}
+
+template <auto Entry, class As, class... Arguments> As getOr(const As& neutral, const Arguments&... arguments) {
+    typename AnswerOf<decltype(Entry)>::type answer{};
+    return call<Entry>(arguments..., &answer) ? HostForm<As>::fromHost(answer) : neutral;
+}
+
+template <auto Entry, class As, class... Arguments> As get(const Arguments&... arguments) {
+    return getOr<Entry, As>(As(), arguments...);
 }
 
 /// Calls an operation whose last argument is where the answer goes. Returns `neutral` when the host refuses, and for a

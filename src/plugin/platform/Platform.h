@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "core/values/Enumerations.h"
+#include "core/values/FrameEnumerations.h"
 #include "geo/Point.h"
 
 struct SPPlugin;

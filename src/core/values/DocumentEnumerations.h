@@ -1,0 +1,66 @@
+// Enumerations and bit sets of art, hit tests and styles. Their values are our own; plugin/document/Convert.h maps them
+// onto the host's.
+#pragma once
+
+#include <cstdint>
+
+#include "core/values/BitSets.h"
+
+namespace kzo::core {
+
+// Art
+
+enum class ArtType {
+    Unknown = 0,
+    Group = 100,
+    Path = 110,
+    CompoundPath = 120,
+    Placed = 200,
+    Raster = 300,
+    PluginGroup = 310,
+    Mesh = 320,
+    TextFrame = 330,
+    Symbol = 340,
+    ForeignObject = 350,
+    LegacyText = 360
+};
+
+/// Where new or moved art goes, seen from the prepositional art.
+enum class PaintOrder { Above = 1, Below = 2, InsideOnTop = 3, InsideOnBottom = 4, AboveAll = 5, BelowAll = 6 };
+
+enum class ArtAttribute : std::int32_t {
+    Selected = 1,
+    Locked = 2,
+    Hidden = 4,
+    FullySelected = 8,
+    Clipped = 16 ///< only what lies inside a mask shows; cannot be set
+};
+
+// Hit tests
+
+/// What to look for.
+enum class HitRequest : std::int32_t {
+    Anchors = 1,
+    InControls = 2,
+    OutControls = 4,
+    Segments = 8,
+    Fills = 16,
+    Guides = 65536,
+    SegPointParts = 7,
+    AnchorsAndSegments = 9,
+    Everything = -1,
+    EverythingButGuides = -65537
+};
+
+/// What was found.
+enum class HitType { None = 0, Anchor = 10, InControl = 20, OutControl = 30, Segment = 40, Fill = 50 };
+
+// Path style
+
+enum class StrokeCap { Butt = 100, Round = 110, Projecting = 120 };
+enum class StrokeJoin { Miter = 100, Round = 110, Bevel = 120 };
+
+} // namespace kzo::core
+
+template <> struct kzo::utils::IsBitSet<kzo::core::ArtAttribute> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::HitRequest> : std::true_type {};

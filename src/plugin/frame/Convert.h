@@ -1,0 +1,29 @@
+// How the option bits and enumerations of tools, plug-ins and undo stand in the host's calls. Modifier keys have the
+// host's bits.
+#pragma once
+
+#include "core/values/FrameEnumerations.h"
+#include "hostapi/AIUndoSuite.h"
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin::host {
+
+/// Bits of ours that the host does not know are dropped on the way, and the host's that we do not know.
+template <class Ours, std::int32_t kKnown, int kShift = 0> struct KnownBits {
+    static constexpr std::int32_t toHost(Ours options) {
+        return static_cast<std::int32_t>((utils::bits(options) & kKnown) << kShift);
+    }
+    static constexpr Ours fromHost(std::int32_t options) { return Ours((options >> kShift) & kKnown); }
+};
+template <> struct HostForm<core::ToolOptions> : KnownBits<core::ToolOptions, 0xFF> {};
+template <> struct HostForm<core::PluginOptions> : KnownBits<core::PluginOptions, 3, 1> {}; // the host's lie one higher
+
+inline constexpr std::int16_t kNoUndoContext = -1;
+inline constexpr Pair<core::UndoContext> kUndoContexts[] = {
+    {core::UndoContext::Standard, kAIStandardUndoContext},
+    {core::UndoContext::Silent, kAISilentUndoContext},
+    {core::UndoContext::Append, kAIAppendUndoContext},
+};
+template <> struct HostForm<core::UndoContext> : Paired<kUndoContexts, core::UndoContext::Standard, kNoUndoContext> {};
+
+} // namespace kzo::plugin::host
