@@ -9,7 +9,8 @@ if(PROJECT_IS_TOP_LEVEL)
     target_compile_options(project_flags INTERFACE -Werror)
 endif()
 # g++ 12 sees overruns in std::string's own operator+, depending on how long a literal is; the sanitizer run finds real ones.
-target_compile_options(project_flags INTERFACE -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
+target_compile_options(project_flags INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-array-bounds;-Wno-restrict;-Wno-stringop-overflow>)
 
 # layer_include_root(NAME PREFIX DIR [HEADERS...]): the include root `NAME_root`, in which DIR (or just HEADERS of it) is
 # reachable as "PREFIX/...".

@@ -36,9 +36,9 @@ std::string_view svgName(std::string_view name) {
 
 /// Art that is shown, but not edited.
 bool isForeign(std::string_view element) {
-    static constexpr std::array<std::string_view, 7> kinds{"text", "image", "use",   "foreignObject",
-                                                           "svg",  "a",     "switch"};
-    return std::find(kinds.begin(), kinds.end(), element) != kinds.end();
+    static constexpr std::array<std::string_view, 7> kKinds{"text", "image", "use",   "foreignObject",
+                                                            "svg",  "a",     "switch"};
+    return std::find(kKinds.begin(), kKinds.end(), element) != kKinds.end();
 }
 
 /// Stroke lengths under a transform that need not keep angles: scaled by the root of the area.
@@ -152,6 +152,18 @@ void measureSheet(Source& source, const Units& window, const Attributes& attribu
     const double ratio = page.width() / page.height();
     if (source.sheetWidth == 0) source.sheetWidth = source.sheetHeight * ratio;
     if (source.sheetHeight == 0) source.sheetHeight = source.sheetWidth / ratio;
+}
+
+/// Why a shape cannot be a path of the document; `subpaths` lie on the page.
+Reason reasonAgainst(const std::vector<PathData>& subpaths, const Geom::Affine& toPage) {
+    if (isFlat(toPage)) return Reason::Singular;
+    std::size_t anchors = 0;
+    for (const PathData& subpath : subpaths) {
+        if (!withinReach(subpath)) return Reason::TooFar;
+        anchors += subpath.points.size();
+    }
+    if (anchors > kMostAnchors) return Reason::Anchors;
+    return subpaths.size() > 1 ? Reason::Subpaths : Reason::None;
 }
 
 /// What SVG has no place for, and the writer puts into attributes of its own or its neighbours: in the element's units.
@@ -361,25 +373,13 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         ++skipped_.open;
         return;
     }
-    Reason reason = subpaths.size() > 1 ? Reason::Subpaths : Reason::None;
     if (subpaths.size() == 1) applyOwnFeatures(subpaths.front(), attributes);
-    std::size_t anchors = 0;
-    for (PathData& subpath : subpaths) {
-        anchors += subpath.points.size();
-        transformBy(subpath, toPage_);
-    }
-    const Box hull = hullOf(subpaths);
-    if (anchors > kMostAnchors) reason = Reason::Anchors;
-    bool finite = isInReach(hull); // also false for a hull that is no number
-    for (const PathData& subpath : subpaths) finite = finite && (subpath.points.empty() || !hull.isEmpty());
-    if (!finite) reason = Reason::TooFar;
-    if (isFlat(toPage_)) reason = Reason::Singular;
-    const bool otherTransform = attributes.transformsInStyle();
-    if (otherTransform) reason = Reason::Transform;
+    for (PathData& subpath : subpaths) transformBy(subpath, toPage_);
+    const Reason reason = attributes.transformsInStyle() ? Reason::Transform : reasonAgainst(subpaths, toPage_);
     if (reason != Reason::None) {
-        addOpaque(attributes, reason, trusted(hull));
+        addOpaque(attributes, reason, trusted(hullOf(subpaths)));
         latest().damaged = outline.damaged;
-        latest().wrapped = otherTransform;
+        latest().wrapped = reason == Reason::Transform;
         return;
     }
     const Style own = styleOf(attributes, container().style, measured);

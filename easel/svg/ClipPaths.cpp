@@ -19,20 +19,13 @@ using model::PathData;
 
 /// The id in "url(#id)"; empty for anything else.
 std::string_view referredId(std::string_view value) {
-    constexpr std::string_view open = "url(";
+    constexpr std::string_view kOpen = "url(";
     const std::size_t close = value.find(')');
-    if (value.substr(0, open.size()) != open || close == std::string_view::npos) return {};
-    std::string_view inside = trimmed(value.substr(open.size(), close - open.size()));
+    if (value.substr(0, kOpen.size()) != kOpen || close == std::string_view::npos) return {};
+    std::string_view inside = trimmed(value.substr(kOpen.size(), close - kOpen.size()));
     const bool quoted = inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\'');
     if (quoted) inside = inside.substr(1, inside.size() - 2);
     return inside.substr(0, 1) == "#" ? inside.substr(1) : std::string_view{};
-}
-
-bool isUsable(const PathData& path) {
-    for (const model::PathPoint& point : path.points)
-        for (const model::Point at : {point.anchor, point.in, point.out})
-            if (!withinReach(at.x) || !withinReach(at.y)) return false;
-    return true;
 }
 
 } // namespace
@@ -75,7 +68,7 @@ void ClipPaths::addShape(std::string_view element, const Attributes& attributes,
         for (PathData& subpath : shape.subpaths) {
             transformBy(subpath, transform);
             subpath.closed = true;
-            understood_ = understood_ && isUsable(subpath);
+            understood_ = understood_ && withinReach(subpath);
         }
     } catch (const std::range_error&) { // a number beyond all numbers
         understood_ = false;

@@ -26,13 +26,7 @@ using model::Point;
 using model::Style;
 
 void requireInReach(const PathData& path) {
-    for (const PathPoint& point : path.points) {
-        for (const Point& at : {point.anchor, point.in, point.out}) {
-            if (!withinReach(at.x) || !withinReach(at.y)) {
-                throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
-            }
-        }
-    }
+    if (!withinReach(path)) throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
 }
 
 void requireUsable(const Style& style) {
@@ -92,9 +86,9 @@ std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view 
 }
 
 std::string transformText(const Geom::Affine& transform) {
-    constexpr double almost = 1e-12;
-    const bool moves = std::fabs(transform[0] - 1) < almost && std::fabs(transform[1]) < almost &&
-                       std::fabs(transform[2]) < almost && std::fabs(transform[3] - 1) < almost;
+    constexpr double kAlmost = 1e-12;
+    const bool moves = std::fabs(transform[0] - 1) < kAlmost && std::fabs(transform[1]) < kAlmost &&
+                       std::fabs(transform[2]) < kAlmost && std::fabs(transform[3] - 1) < kAlmost;
     std::string text = moves ? "translate(" : "matrix(";
     for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
         if (!withinReach(transform[i])) throw UnsavableError("an object beyond 1e9 points cannot be saved");
@@ -139,7 +133,7 @@ std::string ElementText::newTag(const Node& node, const Place& place) {
 /// Whatever could make the art look otherwise is ruled out: what it would inherit, and what a style sheet may say of
 /// elements of its kind.
 void ElementText::setPaint(Tag& tag, const Node& node, const Style& style, const Container& container) const {
-    static constexpr std::pair<std::string_view, std::string_view> others[] = {
+    static constexpr std::pair<std::string_view, std::string_view> kOthers[] = {
         {"opacity", "1"},          {"fill-opacity", "1"},    {"stroke-opacity", "1"}, {"fill-rule", "nonzero"},
         {"marker", "none"},        {"clip-path", "none"},    {"mask", "none"},        {"filter", "none"},
         {"paint-order", "normal"}, {"visibility", "visible"}};
@@ -159,7 +153,7 @@ void ElementText::setPaint(Tag& tag, const Node& node, const Style& style, const
     };
     if (!node.hidden()) say("display", "inline");
     for (const auto& [name, value] : properties(style, nullptr)) say(name, value);
-    for (const auto& [name, value] : others) say(name, value);
+    for (const auto& [name, value] : kOthers) say(name, value);
     text.pop_back();
     tag.set("style", std::move(text));
 }
@@ -171,6 +165,7 @@ bool ElementText::isChanged(const Node& node, const Element& element, const Plac
     const model::Content& is = node.content();
     if (element.container != place.container) return true;
     if (place.moved == Point{}) return is != was;
+    if (is.path) requireInReach(*is.path); // it may go along without being written
     const bool sameOtherwise =
         is.style == was.style && is.name == was.name && is.locked == was.locked && is.hidden == was.hidden;
     return !sameOtherwise || !goesAlong(node, place);
@@ -275,11 +270,11 @@ Geom::Affine ElementText::toPageIn(const Place& place) const {
 
 /// `moved`: how far the element goes along with what it is in.
 void ElementText::changeOutline(Tag& tag, const Node& node, const Element& element, Point moved) const {
-    static constexpr std::string_view measures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
-                                                    "cy", "r", "x1",    "y1",     "x2", "y2", "points"};
+    static constexpr std::string_view kMeasures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
+                                                     "cy", "r", "x1",    "y1",     "x2", "y2", "points"};
     const std::string name(tag.name());
     if (localName(name) != "path") {
-        for (const std::string_view measure : measures) tag.remove(measure);
+        for (const std::string_view measure : kMeasures) tag.remove(measure);
         tag.rename(name.substr(0, name.size() - localName(name).size()) + "path");
     }
     const Geom::Affine along(Geom::Translate(moved.x, moved.y));

@@ -46,10 +46,10 @@ FileStamp stampOf(const struct stat& status) {
 
 /// What a name stands for once all links are followed; a link may lead to what does not exist yet.
 std::string linkedFile(const std::string& path) {
-    constexpr int mostLinks = 40; // as the system allows
+    constexpr int kMostLinks = 40; // as the system allows
     std::filesystem::path target(path);
     std::error_code none;
-    for (int i = 0; i < mostLinks; ++i) {
+    for (int i = 0; i < kMostLinks; ++i) {
         const std::filesystem::path next = std::filesystem::read_symlink(target, none);
         if (none) return target.string();
         target = target.parent_path() / next;
@@ -75,11 +75,11 @@ class Successor {
     Successor& operator=(const Successor&) = delete;
 
     void write(const std::vector<std::string_view>& pieces) {
-        constexpr std::size_t atOnce = std::size_t{1} << 16;
+        constexpr std::size_t kAtOnce = std::size_t{1} << 16;
         const UnlimitedBySignal unlimited;
         std::string small;
         for (const std::string_view piece : pieces) {
-            if (small.size() + piece.size() < atOnce) {
+            if (small.size() + piece.size() < kAtOnce) {
                 small += piece;
                 continue;
             }

@@ -157,8 +157,8 @@ std::string outerHandles(const PathData& path) {
 }
 
 std::vector<Property> properties(const Style& style, const Style* assumed) {
-    static constexpr const char* caps[] = {"butt", "round", "square"};
-    static constexpr const char* joins[] = {"miter", "round", "bevel"};
+    static constexpr const char* kCapTexts[] = {"butt", "round", "square"};
+    static constexpr const char* kJoinTexts[] = {"miter", "round", "bevel"};
     std::vector<Property> said;
     const auto say = [&](bool unlessSame, std::string_view name, std::string value) {
         if (!assumed || !unlessSame) said.emplace_back(name, std::move(value));
@@ -173,8 +173,8 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
         colorText(style.strokeColor, style.stroke));
     say(style.strokeWidth == other.strokeWidth, "stroke-width", numberText(style.strokeWidth));
     say(style.miterLimit == other.miterLimit, "stroke-miterlimit", numberText(style.miterLimit));
-    say(style.cap == other.cap, "stroke-linecap", caps[static_cast<int>(style.cap)]);
-    say(style.join == other.join, "stroke-linejoin", joins[static_cast<int>(style.join)]);
+    say(style.cap == other.cap, "stroke-linecap", kCapTexts[static_cast<int>(style.cap)]);
+    say(style.join == other.join, "stroke-linejoin", kJoinTexts[static_cast<int>(style.join)]);
     std::string dashes;
     for (std::size_t i = 0; i < style.dashCount; ++i) dashes += (i > 0 ? " " : "") + numberText(style.dashes[i]);
     say(sameDashes(style, other), "stroke-dasharray", dashes.empty() ? "none" : std::move(dashes));

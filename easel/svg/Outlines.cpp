@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "svg/Limits.h"
 #include "svg/PathScanner.h"
 #include "svg/Values.h"
 
@@ -88,9 +89,9 @@ Outline polyline(std::string_view text, bool closed) {
 } // namespace
 
 bool isShape(std::string_view element) {
-    static constexpr std::array<std::string_view, 7> shapes{"path", "line",   "polyline", "polygon",
-                                                            "rect", "circle", "ellipse"};
-    return std::find(shapes.begin(), shapes.end(), element) != shapes.end();
+    static constexpr std::array<std::string_view, 7> kShapes{"path", "line",   "polyline", "polygon",
+                                                             "rect", "circle", "ellipse"};
+    return std::find(kShapes.begin(), kShapes.end(), element) != kShapes.end();
 }
 
 Outline shapeOutline(std::string_view element, const Attributes& attributes, const Units& units) {
@@ -125,6 +126,15 @@ void transformBy(PathData& path, const Geom::Affine& transform) {
             *p = {moved.x(), moved.y()};
         }
     }
+}
+
+bool withinReach(const PathData& path) {
+    return std::all_of(path.points.begin(), path.points.end(), [](const PathPoint& point) {
+        bool reaches = true;
+        for (const Point at : {point.anchor, point.in, point.out})
+            reaches = reaches && withinReach(at.x) && withinReach(at.y);
+        return reaches;
+    });
 }
 
 PathPoint cornerAt(Point at) { return {at, at, at, true}; }

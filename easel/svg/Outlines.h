@@ -22,6 +22,9 @@ struct Outline {
 
 void transformBy(model::PathData& path, const Geom::Affine& transform);
 
+/// Whether all of its points lie where coordinates are trusted; false for what is no number.
+[[nodiscard]] bool withinReach(const model::PathData& path);
+
 /// Marks a point as smooth when both its handles are drawn out, in opposite directions.
 [[nodiscard]] bool looksSmooth(const model::PathPoint& point);
 [[nodiscard]] model::PathPoint cornerAt(model::Point at);

@@ -20,7 +20,7 @@ Bytef* writable(std::string_view bytes) {
     return const_cast<Bytef*>(reinterpret_cast<const Bytef*>(bytes.data())); // zlib only reads it
 }
 
-/// Hands `bytes` to zlib step by step and collects what comes out; `step` answers false at the end.
+/// Hands `bytes` to zlib step by step and collects what comes out; `step` returns false at the end.
 template <class Step> std::string pumped(z_stream& stream, std::string_view bytes, Step step) {
     stream.next_in = writable(bytes);
     stream.avail_in = static_cast<uInt>(bytes.size());
@@ -44,8 +44,8 @@ void appendUtf8(std::string& out, std::uint32_t c) {
         return;
     }
     const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    static constexpr unsigned leads[] = {0, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(leads[more] | c >> 6 * more);
+    static constexpr unsigned kLeads[] = {0, 0xC0, 0xE0, 0xF0};
+    out += static_cast<char>(kLeads[more] | c >> 6 * more);
     for (int i = more - 1; i >= 0; --i) out += static_cast<char>(0x80 | (c >> 6 * i & 0x3F));
 }
 
@@ -58,13 +58,13 @@ std::string unpack(std::string_view bytes) {
     if (inflateInit2(&stream, kGzip) != Z_OK) throw std::bad_alloc();
     const std::unique_ptr<z_stream, int (*)(z_streamp)> ended(&stream, inflateEnd);
     return pumped(stream, bytes, [&] {
-        const int answer = inflate(&stream, Z_NO_FLUSH);
-        if (answer == Z_STREAM_END) {
+        const int result = inflate(&stream, Z_NO_FLUSH);
+        if (result == Z_STREAM_END) {
             if (stream.avail_in == 0) return false;
             // Packed files may be joined end to end.
             return inflateReset(&stream) == Z_OK;
         }
-        if (answer == Z_OK && (stream.avail_in > 0 || stream.avail_out == 0)) return true;
+        if (result == Z_OK && (stream.avail_in > 0 || stream.avail_out == 0)) return true;
         throw std::runtime_error("the compressed data is damaged");
     });
 }

@@ -98,7 +98,7 @@ class Check {
     }
 
     [[nodiscard]] std::string skeleton() const {
-        constexpr std::string_view standIn = "<!---->"; // brackets on either side must not come together
+        constexpr std::string_view kStandIn = "<!---->"; // brackets on either side must not come together
         std::string skeleton;
         for (const SplicedText::Piece& piece : text_.pieces()) {
             if (!piece.copied || piece.elsewhere) {
@@ -113,7 +113,7 @@ class Check {
                     ++i;
                     continue;
                 }
-                skeleton.append(old_.substr(rest, element.begin - rest)).append(standIn);
+                skeleton.append(old_.substr(rest, element.begin - rest)).append(kStandIn);
                 rest = element.end;
                 i = element.after;
             }

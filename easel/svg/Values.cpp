@@ -132,9 +132,9 @@ std::string_view Scanner::word() {
 
 /// Up to 15 digits without an exponent are exact, and so is the power of ten: one division rounds once.
 std::optional<double> Scanner::number() {
-    constexpr std::ptrdiff_t mostDigits = 15;
-    static constexpr double powers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                        1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr std::ptrdiff_t kMostDigits = 15;
+    static constexpr double kPowers[] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const char* at = rest_.data();
     const char* const end = at + rest_.size();
     const bool negative = at < end && *at == '-';
@@ -151,8 +151,8 @@ std::optional<double> Scanner::number() {
         count += fraction;
     }
     if (count == 0) return std::nullopt;
-    if (count > mostDigits || (at < end && (*at | 0x20) == 'e')) return longNumber();
-    const double value = static_cast<double>(digits) / powers[fraction];
+    if (count > kMostDigits || (at < end && (*at | 0x20) == 'e')) return longNumber();
+    const double value = static_cast<double>(digits) / kPowers[fraction];
     rest_.remove_prefix(static_cast<std::size_t>(at - rest_.data()));
     return negative ? -value : value;
 }
