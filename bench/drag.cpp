@@ -7,7 +7,7 @@
 #include <random>
 
 #include "plugin/host/HostMonitor.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
 
@@ -40,11 +40,11 @@ void fill(model::Document& document, std::int64_t count) {
 
 void drag(benchmark::State& state) {
     session::Session session;
-    session.attach("Ortholine", PluginMain);
+    session.plugins.attach("Ortholine", PluginMain);
     session.start();
     const double side = cell * std::ceil(std::sqrt(static_cast<double>(state.range(0))));
     fill(session.newDocument(side, side), state.range(0));
-    session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+    session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
 
     // A circle of cursor locations round the middle, some on features and some on none.
     std::vector<model::Point> way;

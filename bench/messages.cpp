@@ -4,7 +4,7 @@
 
 #include "core/app/Plugin.h"
 #include "core/frame/Tool.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 #include "tool/Plugin.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
@@ -23,10 +23,10 @@ struct Stage {
     session::Plugin& plugin;
     SPMessageData head{};
 
-    Stage() : plugin(session.attach("Ortholine", PluginMain)) {
+    Stage() : plugin(session.plugins.attach("Ortholine", PluginMain)) {
         session.start();
         session.newDocument(800, 600);
-        session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+        session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
         head = {
             .SPCheck = kSPValidMessageData, .self = plugin.handle, .globals = nullptr, .basic = &session.tables.basic};
     }

@@ -20,8 +20,8 @@
 #include <vector>
 
 #include "script/Script.h"
-#include "session/PluginFolders.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
+#include "session/frame/PluginFolders.h"
 #include "svg/Files.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
@@ -85,9 +85,9 @@ void loadFound(easel::session::Session& session) {
         if (std::any_of(loaded.begin(), loaded.end(), [&](const auto* plugin) { return plugin->fileName == name; }))
             continue;
         try {
-            session.load(bundle);
+            session.plugins.load(bundle);
         } catch (const easel::session::Error& error) {
-            session.report(easel::session::Blame::Plugin, error.what());
+            session.reports.add(easel::session::Blame::Plugin, error.what());
         }
     }
 }
@@ -97,9 +97,9 @@ ExitCode runScript(const Command& command) {
     const std::string source = fromInput ? easel::svg::readAll(STDIN_FILENO, kStandardInput) : std::string();
     easel::session::Session session;
     const char* const trace = std::getenv("EASEL_TRACE");
-    session.trace = trace && std::string_view(trace) == "1";
-    session.whileDrawing = progress("a picture");
-    for (const std::string& bundle : command.plugins) session.load(bundle);
+    session.messenger.trace = trace && std::string_view(trace) == "1";
+    session.documents.whileDrawing = progress("a picture");
+    for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
     loadFound(session);
     ExitCode code = Done;
     for (const std::string& line : session.start()) code = fail(Failed, line);
@@ -123,13 +123,13 @@ ExitCode listPlugins(const Command& command) {
     ExitCode code = Done;
     for (const std::string& bundle : command.plugins) {
         try {
-            session.load(bundle);
+            session.plugins.load(bundle);
         } catch (const easel::session::Error& error) {
             code = fail(Failed, error.what());
         }
     }
     loadFound(session);
-    if (!session.reports().empty()) code = Failed;
+    if (!session.reports.lines().empty()) code = Failed;
     std::string text;
     if (session.plugins.all().empty() && code == Done) text = wherePluginsAre();
     for (const std::string& line : session.start()) code = fail(Failed, line);

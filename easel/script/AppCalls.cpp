@@ -55,7 +55,7 @@ void exportPdf(Host& host, const std::string& path, std::optional<Positive> scal
 }
 
 std::vector<AnnotationRecord> annotations(Host& host) {
-    host.session.updateAnnotations();
+    host.session.annotations.update();
     std::vector<AnnotationRecord> records;
     for (const auto* annotator : host.session.annotations.all())
         for (const model::Mark& mark : annotator->marks) records.push_back({annotator->name, mark});
@@ -63,7 +63,7 @@ std::vector<AnnotationRecord> annotations(Host& host) {
 }
 
 void close(Host& host) {
-    static_cast<void>(host.session.needDocument());
+    static_cast<void>(host.session.documents.needFront());
     host.session.close();
 }
 
@@ -100,12 +100,12 @@ std::vector<std::vector<std::vector<std::string>>> toolbox(Host& host) {
 
 std::string currentTool(Host& host) { return host.session.toolbox.current()->title; }
 
-void selectTool(Host& host, const std::string& title) { host.session.selectTool(toolTitled(host, title)); }
+void selectTool(Host& host, const std::string& title) { host.session.input.selectTool(toolTitled(host, title)); }
 
-void editTool(Host& host, const std::string& title) { host.session.editTool(toolTitled(host, title)); }
+void editTool(Host& host, const std::string& title) { host.session.input.editTool(toolTitled(host, title)); }
 
 std::variant<std::int32_t, CursorImageRecord> cursor(Host& host) {
-    const StageCursor& shown = host.session.cursor();
+    const StageCursor& shown = host.session.screen.cursor;
     const auto* const owner = host.session.plugins.find(shown.plugin);
     if (!owner) return shown.number;
     return CursorImageRecord{.plugin = owner->name,
@@ -114,9 +114,9 @@ std::variant<std::int32_t, CursorImageRecord> cursor(Host& host) {
                              .scale = shown.scale};
 }
 
-double displayScale(Host& host) { return host.session.displayScale; }
+double displayScale(Host& host) { return host.session.screen.displayScale; }
 
-void setDisplayScale(Host& host, Positive scale) { host.session.displayScale = scale.value; }
+void setDisplayScale(Host& host, Positive scale) { host.session.screen.displayScale = scale.value; }
 
 // Menus and time
 
@@ -129,7 +129,7 @@ MenuItemRecord itemRecord(const session::MenuItem& item) {
 }
 
 std::vector<MenuGroupRecord> menus(Host& host) {
-    host.session.updateMenus();
+    host.session.input.updateMenus();
     std::vector<MenuGroupRecord> groups;
     for (const auto* group : host.session.menus.groups()) {
         MenuGroupRecord record{.group = group->name, .items = {}};
@@ -142,17 +142,17 @@ std::vector<MenuGroupRecord> menus(Host& host) {
     return groups;
 }
 
-void chooseMenu(Host& host, const std::string& text) { host.session.chooseMenu(text); }
+void chooseMenu(Host& host, const std::string& text) { host.session.input.chooseMenu(text); }
 
-void runFor(Host& host, Positive seconds) { host.session.runFor(seconds.value); }
+void runFor(Host& host, Positive seconds) { host.session.timers.runFor(seconds.value); }
 
 // Settings of the user
 
-double brightness(Host& host) { return host.session.brightness(); }
+double brightness(Host& host) { return host.session.screen.brightness(); }
 
 void setBrightness(Host& host, double value) {
     if (value < 0 || value > 1) throw BadArgument("the value must lie between 0 (dark) and 1 (light)");
-    host.session.setBrightness(value);
+    host.session.screen.setBrightness(value);
 }
 
 bool snapToPoint(Host& host) { return host.session.pointer.snapping.toPoint; }
@@ -189,7 +189,7 @@ std::int32_t sendMessage(Host& host, const std::string& name, const std::string&
 
 void reload(Host& host, const std::string& name) { host.session.reload(pluginNamed(host, name)); }
 
-void notify(Host& host, const std::string& type) { host.session.notify(type); }
+void notify(Host& host, const std::string& type) { host.session.notifiers.raise(type); }
 
 // Start and end
 
@@ -201,7 +201,7 @@ void start(Host& host) {
 
 void quit(Host& host) { host.session.quit(); }
 
-std::vector<std::string> reports(Host& host) { return host.session.reports(); }
+std::vector<std::string> reports(Host& host) { return host.session.reports.lines(); }
 
 constexpr Row kGlobals[] = {
     method<print>("print", "values"),

@@ -61,7 +61,7 @@ std::optional<Identity> identityOf(duk_context* engine, duk_idx_t index, Kind ki
 }
 
 model::Document& openDocument(const Identity& identity) {
-    auto* const document = session::Session::current().documentByNumber(identity.document);
+    auto* const document = session::Session::current().documents.byNumber(identity.document);
     if (!document) throw Stale("this document is closed");
     return *document;
 }
@@ -76,12 +76,12 @@ void setPrototype(duk_context* engine, Kind kind) {
 }
 
 void pushDocument(duk_context* engine, model::Document& document, Kind kind) {
-    push(engine, {.kind = kind, .document = session::Session::current().numberOf(document)});
+    push(engine, {.kind = kind, .document = session::Session::current().documents.numberOf(document)});
 }
 
 void pushNode(duk_context* engine, model::Document& document, const model::Node& node) {
     push(engine, {.kind = node.type() == model::NodeType::Layer ? Kind::Layer : Kind::Art,
-                  .document = session::Session::current().numberOf(document),
+                  .document = session::Session::current().documents.numberOf(document),
                   .node = node.id()});
 }
 

@@ -9,7 +9,7 @@
 #include <stdexcept>
 
 #include "model/Document.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 
 namespace easel::script {
 

@@ -1,6 +1,6 @@
 // The mouse and keys objects: what the user's hands do.
 #include "script/Calls.h"
-#include "session/Keys.h"
+#include "session/input/Keys.h"
 
 namespace easel::script {
 
@@ -47,7 +47,7 @@ void pressKey(Host& host, const std::string& name, const Modifiers& modifiers) {
         throw BadArgument("argument 1 (name) must be the name of a key, not \"" + name + "\"; " +
                           (similar.empty() ? "docs/session-scripts.md lists them" : "is it \"" + similar + "\"?"));
     }
-    host.session.pressKey(*code, bits(modifiers));
+    host.session.input.pressKey(*code, bits(modifiers));
 }
 
 constexpr Row kMouse[] = {

@@ -1,10 +1,22 @@
 // The annotator and annotator drawer suites on the session's annotations.
 #include <cmath>
 
+#include "session/frame/Annotations.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
 namespace easel::suites {
+
+template <> struct Argument<session::Annotator&> {
+    static session::Annotator& from(AIAnnotatorHandle handle) {
+        return found(host<session::Annotations>().find(handle));
+    }
+};
+template <> struct Argument<session::Drawing&> {
+    static session::Drawing& from(AIDrawingContextHandle handle) {
+        return found(host<session::Annotations>().findDrawing(handle));
+    }
+};
 
 namespace {
 
@@ -12,7 +24,7 @@ using model::Mark;
 using session::Annotator;
 using session::Drawing;
 
-session::Annotations& annotations() { return Session::current().annotations; }
+session::Annotations& annotations() { return host<session::Annotations>(); }
 
 model::Point point(const AIRealPoint& host) {
     require(std::isfinite(host.h) && std::isfinite(host.v));
@@ -35,10 +47,10 @@ void setOptions(Annotator& annotator, std::int32_t options) { annotator.options 
 void invalidate(AIDocumentViewHandle view, const AIRealRect* rect) {
     // Besides the view in front the one that was drawn last counts: its marks are kept until another is drawn. Any
     // other is drawn from nothing when its turn comes.
-    const Session& session = Session::current();
+    const auto& documents = host<session::Documents>();
     const model::Document& document = documentOfView(view);
     const bool isShown =
-        &document == session.document() || session.numberOf(document) == session.annotations.view().document;
+        &document == documents.front() || documents.numberOf(document) == annotations().view().document;
     model::Box place;
     if (rect) {
         place.include(point({rect->left, rect->top}));

@@ -1,4 +1,5 @@
 // The art, matching art and hit test suites on the document's tree.
+#include "session/frame/Memory.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
@@ -111,7 +112,7 @@ void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
     AIArtHandle** handle = nullptr;
     if (!selected.empty()) {
         handle =
-            reinterpret_cast<AIArtHandle**>(Session::current().memory.newHandle(selected.size() * sizeof(AIArtHandle)));
+            reinterpret_cast<AIArtHandle**>(host<session::Memory>().newHandle(selected.size() * sizeof(AIArtHandle)));
         for (std::size_t i = 0; i < selected.size(); ++i) (*handle)[i] = artHandle(document, selected[i]);
     }
     list = handle;

@@ -1,21 +1,28 @@
 // The suites that are not about drawings: basic, plug-ins, interface, notifier, plug-in group, memory, stage, math.
 #include <cmath>
 
+#include "session/frame/Memory.h"
+#include "session/frame/Notifiers.h"
+#include "session/frame/Plugins.h"
+#include "session/frame/Screen.h"
+#include "session/input/Pointer.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
 namespace easel::suites {
 
-namespace {
+template <> struct Argument<session::Notifier&> {
+    static session::Notifier& from(AINotifierHandle handle) { return found(host<session::Notifiers>().find(handle)); }
+};
 
-Session& host() { return Session::current(); }
+namespace {
 
 // Basic
 
 /// Runs `visit` on the suite of this name and version, if there is one.
 template <class Visit> void withSuite(std::string_view name, std::int32_t version, Visit visit) {
     bool known = false;
-    host().tables.each([&](auto& suite) {
+    host<session::Tables>().each([&](auto& suite) {
         if (suite.name != name || suite.version != version || !suite.available) return;
         known = true;
         visit(suite);
@@ -33,31 +40,32 @@ void acquireSuite(std::string_view name, std::int32_t version, const void*& tabl
 void releaseSuite(std::string_view name, std::int32_t version) {
     withSuite(name, version, [&](auto& suite) {
         if (suite.acquired == 0)
-            host().report(session::Blame::Plugin, std::string(suite.name) + " was released more often than acquired");
+            host<session::Reports>().add(session::Blame::Plugin,
+                                         std::string(suite.name) + " was released more often than acquired");
         require(suite.acquired > 0);
         --suite.acquired;
     });
 }
 
-void allocateBlock(std::size_t size, void*& block) { block = host().memory.allocateBlock(size); }
+void allocateBlock(std::size_t size, void*& block) { block = host<session::Memory>().allocateBlock(size); }
 
 /// Freeing what is not there is always the plug-in's fault, and worth a line.
 void requireBlock(bool known) {
-    if (!known) host().report(session::Blame::Plugin, "freed a block of memory that is not there");
+    if (!known) host<session::Reports>().add(session::Blame::Plugin, "freed a block of memory that is not there");
     require(known);
 }
 
-void freeBlock(void* block) { requireBlock(host().memory.freeBlock(block)); }
+void freeBlock(void* block) { requireBlock(host<session::Memory>().freeBlock(block)); }
 
 // Plug-ins
 
 void getPluginName(session::Plugin& plugin, const char*& name) { name = plugin.name.c_str(); }
 void setPluginName(session::Plugin& plugin, std::string_view name) { plugin.name = name; }
 
-void countPlugins(std::int32_t& count) { count = static_cast<std::int32_t>(host().plugins.all().size()); }
+void countPlugins(std::int32_t& count) { count = static_cast<std::int32_t>(host<session::Plugins>().all().size()); }
 
 void getNthPlugin(std::int32_t index, SPPluginRef& plugin) {
-    const std::vector<session::Plugin*> known = host().plugins.all();
+    const std::vector<session::Plugin*> known = host<session::Plugins>().all();
     require(index >= 0 && static_cast<std::size_t>(index) < known.size());
     plugin = known[static_cast<std::size_t>(index)]->handle;
 }
@@ -85,7 +93,9 @@ void getResource(session::Plugin& plugin, std::string_view type, std::int16_t nu
 
 // Interface
 
-void setUpMessageData(session::Plugin& plugin, SPMessageData& message) { host().messenger.address(plugin, message); }
+void setUpMessageData(session::Plugin& plugin, SPMessageData& message) {
+    host<session::Messenger>().address(plugin, message);
+}
 
 void emptyMessageData(session::Plugin& plugin, SPMessageData& message) {
     require(message.SPCheck == kSPValidMessageData && message.self == plugin.handle);
@@ -95,7 +105,7 @@ void emptyMessageData(session::Plugin& plugin, SPMessageData& message) {
 void sendMessage(session::Plugin& plugin, std::string_view caller, std::string_view selector, SPMessageData& message,
                  SPErr& result) {
     require(plugin.started, kRefusedErr);
-    result = host().messenger.pass(plugin, caller.data(), selector.data(), message);
+    result = host<session::Messenger>().pass(plugin, caller.data(), selector.data(), message);
 }
 
 // Notifiers
@@ -105,49 +115,50 @@ void addNotifier(session::Plugin& self, std::string_view name, std::string_view 
     notifier->owner = &self;
     notifier->name = name;
     notifier->type = type;
-    handle = host().notifiers.add(std::move(notifier)).handle;
+    handle = host<session::Notifiers>().add(std::move(notifier)).handle;
 }
 
-void removeNotifier(session::Notifier& notifier) { host().notifiers.remove(notifier); }
+void removeNotifier(session::Notifier& notifier) { host<session::Notifiers>().remove(notifier); }
 
 // Plug-in groups
 
 void addPluginGroup(session::Plugin& self, std::string_view name, std::int32_t options, AIPluginGroupHandle& handle) {
-    for (const session::PluginGroup* other : host().pluginGroups.all()) require(other->name != name);
+    for (const session::PluginGroup* other : host<session::PluginGroups>().all()) require(other->name != name);
     auto group = std::make_unique<session::PluginGroup>();
     group->owner = &self;
     group->name = name;
     group->options = options;
-    handle = host().pluginGroups.add(std::move(group)).handle;
+    handle = host<session::PluginGroups>().add(std::move(group)).handle;
 }
 
 // Memory handles
 
-void newHandle(std::size_t size, AIMdMemoryHandle& handle) { handle = host().memory.newHandle(size); }
-void disposeHandle(AIMdMemoryHandle handle) { requireBlock(host().memory.disposeHandle(handle)); }
+void newHandle(std::size_t size, AIMdMemoryHandle& handle) { handle = host<session::Memory>().newHandle(size); }
+void disposeHandle(AIMdMemoryHandle handle) { requireBlock(host<session::Memory>().disposeHandle(handle)); }
 
 // Stage
 
-void getModifiers(std::uint32_t& modifiers) { modifiers = host().pointer.modifiers(); }
+void getModifiers(std::uint32_t& modifiers) { modifiers = host<session::Pointer>().modifiers(); }
 
 void setCursor(std::int32_t number) {
-    host().setCursor({.number = number, .plugin = nullptr, .resource = 0, .hotSpot = {}, .scale = 1});
+    host<session::Screen>().cursor = {.number = number, .plugin = nullptr, .resource = 0, .hotSpot = {}, .scale = 1};
 }
 
 void setCursorImage(session::Plugin& plugin, std::int16_t resource, const AIRealPoint& hotSpot, AIReal scale) {
     require(resource != 0 && std::isfinite(hotSpot.h) && std::isfinite(hotSpot.v) && std::isfinite(scale) && scale > 0);
-    host().setCursor({.number = 0, .plugin = plugin.handle, .resource = resource, .hotSpot = hotSpot, .scale = scale});
+    host<session::Screen>().cursor = {
+        .number = 0, .plugin = plugin.handle, .resource = resource, .hotSpot = hotSpot, .scale = scale};
 }
 
-void getCursor(StageCursor& cursor) { cursor = host().cursor(); }
+void getCursor(StageCursor& cursor) { cursor = host<session::Screen>().cursor; }
 
 void getDisplayScale(AIReal& scale) {
     static_cast<void>(currentDocument());
-    scale = host().displayScale;
+    scale = host<session::Screen>().displayScale;
 }
 
 void getPointerLocation(AIRealPoint& location) {
-    const model::Point place = currentDocument().toScreen(host().pointer.rawLocation());
+    const model::Point place = currentDocument().toScreen(host<session::Pointer>().rawLocation());
     location = {place.x, place.y};
 }
 
@@ -155,14 +166,14 @@ void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
     require((event == kStageMouseDown || event == kStageMouseUp) && std::isfinite(location.h) &&
             std::isfinite(location.v));
     const model::Point place{location.h, location.v};
-    event == kStageMouseDown ? host().pointer.postPress(place) : host().pointer.postRelease(place);
+    event == kStageMouseDown ? host<session::Pointer>().postPress(place) : host<session::Pointer>().postRelease(place);
 }
 
 void monitorInput(session::Plugin& self, AIBoolean monitor) { self.monitorsInput = monitor != 0; }
 
 void log(session::Plugin& self, std::string_view line) {
     const std::string name = self.name.empty() ? "a plug-in without a name" : self.name;
-    host().report(session::Blame::Plugin, name + ": " + std::string(line));
+    host<session::Reports>().add(session::Blame::Plugin, name + ": " + std::string(line));
 }
 
 // Real math

@@ -1,4 +1,6 @@
 // The document, view, layer and undo suites on the document in front.
+#include "model/Journal.h"
+#include "session/documents/Documents.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
@@ -9,7 +11,7 @@ namespace {
 // Document
 
 void getDocument(AIDocumentHandle& handle) {
-    handle = session::makeHandle<AIDocumentHandle>(Session::current().numberOf(currentDocument()), 1, 0);
+    handle = session::makeHandle<AIDocumentHandle>(host<session::Documents>().numberOf(currentDocument()), 1, 0);
 }
 
 // Views; a document has one
@@ -21,7 +23,7 @@ void countViews(std::int32_t& count) {
 
 void getNthView(std::int32_t index, AIDocumentViewHandle& view) {
     require(index == 0);
-    view = Session::current().viewOf(currentDocument());
+    view = host<session::Documents>().viewOf(currentDocument());
 }
 
 void getBounds(AIDocumentViewHandle view, AIRealRect& bounds) {

@@ -1,8 +1,16 @@
 // The menu suite on the session's menus.
+#include "session/frame/Menus.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
 namespace easel::suites {
+
+template <> struct Argument<session::MenuGroup&> {
+    static session::MenuGroup& from(AIMenuGroup handle) { return found(host<session::Menus>().find(handle)); }
+};
+template <> struct Argument<session::MenuItem&> {
+    static session::MenuItem& from(AIMenuItemHandle handle) { return found(host<session::Menus>().find(handle)); }
+};
 
 namespace {
 
@@ -11,7 +19,7 @@ using session::MenuGroup;
 using session::MenuItem;
 using session::Menus;
 
-Menus& menus() { return Session::current().menus; }
+Menus& menus() { return host<Menus>(); }
 
 template <class T> const T& at(const std::vector<T>& list, std::int32_t index) {
     require(index >= 0 && static_cast<std::size_t>(index) < list.size());

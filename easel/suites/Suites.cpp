@@ -1,11 +1,11 @@
 // All tables in one go, by the list that the tables keep of themselves.
 #include "suites/Suites.h"
 
-namespace easel::suites {
+namespace easel::session {
 
-void fill(session::Tables& tables) {
-    fill(tables.basic);
-    tables.each([](auto& suite) { fill(suite.table); });
+Tables::Tables() {
+    suites::fill(basic);
+    each([](auto& suite) { suites::fill(suite.table); });
 }
 
-} // namespace easel::suites
+} // namespace easel::session

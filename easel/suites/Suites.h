@@ -1,11 +1,9 @@
 // Fills the function tables that plug-ins call. One source file a suite.
 #pragma once
 
-#include "session/Tables.h"
+#include "session/frame/Tables.h"
 
 namespace easel::suites {
-
-void fill(session::Tables& tables);
 
 void fill(SPBasicSuite& suite);
 void fill(SPPluginsSuite& suite);

@@ -2,7 +2,14 @@
 #include "suites/Thunk.h"
 
 #include <cstdio>
+#include <exception>
+#include <new>
 #include <sstream>
+
+#include "model/Journal.h"
+#include "session/documents/Documents.h"
+#include "session/frame/Messenger.h"
+#include "session/frame/Plugins.h"
 
 namespace easel::suites {
 
@@ -10,20 +17,25 @@ namespace {
 
 // Art and layer handles name the same nodes, each kind only what it should.
 Art resolveNode(const session::HandleParts& parts, unsigned kind) {
-    model::Document* document = parts.kind == kind ? Session::current().documentByNumber(parts.document) : nullptr;
+    model::Document* document = parts.kind == kind ? host<session::Documents>().byNumber(parts.document) : nullptr;
     return {found(document), found(found(document).find({.slot = parts.slot, .generation = parts.generation}))};
 }
 
 template <session::Handle H> H nodeHandle(const model::Document& document, const model::Node* node) {
     if (!node) return nullptr;
     const model::NodeId id = node->id();
-    return session::makeHandle<H>(Session::current().numberOf(document), id.generation, id.slot);
+    return session::makeHandle<H>(host<session::Documents>().numberOf(document), id.generation, id.slot);
 }
 
-std::string fourCharacters(AIErr code) {
-    std::string text;
-    for (int shift = 24; shift >= 0; shift -= 8) text += static_cast<char>(code >> shift & 0xFF);
-    return text;
+/// Returns `code` and, where it shows a fault of the plug-in, reports it.
+AIErr refuse(std::string_view entry, AIErr code) {
+    const char* fault = code == kUnknownHandleErr    ? "was given a handle of nothing that exists"
+                        : code == kOutsideMessageErr ? "was called outside of any message"
+                                                     : nullptr;
+    auto& reports = host<session::Reports>();
+    if (fault && reports.checkLevel == session::CheckLevel::Full)
+        reports.add(session::Blame::Plugin, std::string(entry) + " " + fault);
+    return code;
 }
 
 } // namespace
@@ -37,7 +49,7 @@ Layer resolveLayer(AILayerHandle handle) {
 }
 
 model::Document& currentDocument() {
-    model::Document* document = Session::current().document();
+    model::Document* document = host<session::Documents>().front();
     require(document, kNoDocumentErr);
     return *document;
 }
@@ -46,7 +58,11 @@ model::Document& documentOfView(AIDocumentViewHandle view) {
     if (!view) return currentDocument();
     const session::HandleParts parts = session::partsOf(view);
     require(parts.kind == session::kKindOf<AIDocumentViewHandle>, kUnknownHandleErr);
-    return found(Session::current().documentByNumber(parts.document));
+    return found(host<session::Documents>().byNumber(parts.document));
+}
+
+session::Plugin& Argument<session::Plugin&>::from(SPPluginRef handle) {
+    return found(host<session::Plugins>().find(handle));
 }
 
 AIArtHandle artHandle(const model::Document& document, const model::Node* node) {
@@ -74,21 +90,32 @@ std::string traced(const AIRealPoint* point) {
 // Where a result goes says nothing to a reader; whether there is a place does.
 std::string traced(const void* address) { return address ? "*" : "null"; }
 
-void traceCall(std::string_view entry, const std::string& arguments, AIErr answer) {
-    const int depth = Session::current().messenger.depth();
-    const std::string result = answer == kNoErr ? "0" : "\"" + fourCharacters(answer) + "\"";
+void traceCall(std::string_view entry, const std::string& arguments, AIErr result) {
+    const int depth = host<session::Messenger>().depth();
+    const std::string code = result == kNoErr ? "0" : session::fourCharacters(result);
     std::fprintf(stderr, "%*s%.*s(%s) = %s\n", 2 * depth, "", static_cast<int>(entry.size()), entry.data(),
-                 arguments.c_str(), result.c_str());
+                 arguments.c_str(), code.c_str());
 }
 
-AIErr refuse(std::string_view entry, AIErr code) {
-    const char* fault = code == kUnknownHandleErr    ? "was given a handle of nothing that exists"
-                        : code == kOutsideMessageErr ? "was called outside of any message"
-                                                     : nullptr;
-    Session& session = Session::current();
-    if (fault && session.checkLevel == session::CheckLevel::Full)
-        session.report(session::Blame::Plugin, std::string(entry) + " " + fault);
-    return code;
+bool tracing() { return host<session::Messenger>().trace; }
+
+void requireMessage() { require(host<session::Messenger>().depth() > 0, kOutsideMessageErr); }
+
+AIErr refusal(std::string_view entry) {
+    try {
+        throw;
+    } catch (const HostError& error) {
+        return refuse(entry, error.code);
+    } catch (const model::ReadOnlyError&) {
+        return kRefusedErr;
+    } catch (const std::bad_alloc&) {
+        return kOutOfMemoryErr;
+    } catch (const std::exception& error) {
+        host<session::Reports>().add(session::Blame::Host, std::string(entry) + ": " + error.what());
+        return kInternalErr;
+    } catch (...) {
+        return kInternalErr;
+    }
 }
 
 } // namespace easel::suites

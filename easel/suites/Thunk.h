@@ -8,13 +8,19 @@
 #include <string>
 #include <string_view>
 
-#include "session/HostError.h"
-#include "session/Session.h"
+#include "model/Document.h"
+#include "session/base/Handles.h"
+#include "session/base/HostError.h"
+#include "suites/Host.h"
+
+namespace easel::session {
+struct Plugin;
+}
 
 namespace easel::suites {
 
 using session::HostError;
-using session::Session;
+using session::require;
 
 /// Art as an operation gets it: alive, in an open document.
 struct Art {
@@ -45,10 +51,6 @@ template <class T> [[nodiscard]] T& required(T* argument) {
     return *argument;
 }
 
-inline void require(bool condition, AIErr otherwise = kBadParameterErr) {
-    if (!condition) throw HostError{otherwise};
-}
-
 /// How an argument of the C function becomes the parameter of the C++ function.
 template <class Parameter> struct Argument {
     static Parameter from(Parameter argument) { return argument; }
@@ -65,34 +67,7 @@ template <> struct Argument<Art> {
 template <> struct Argument<Layer> {
     static Layer from(AILayerHandle handle) { return resolveLayer(handle); }
 };
-template <> struct Argument<session::Tool&> {
-    static session::Tool& from(AIToolHandle handle) { return found(Session::current().toolbox.find(handle)); }
-};
-template <> struct Argument<session::MenuGroup&> {
-    static session::MenuGroup& from(AIMenuGroup handle) { return found(Session::current().menus.find(handle)); }
-};
-template <> struct Argument<session::MenuItem&> {
-    static session::MenuItem& from(AIMenuItemHandle handle) { return found(Session::current().menus.find(handle)); }
-};
-template <> struct Argument<session::Timer&> {
-    static session::Timer& from(AITimerHandle handle) { return found(Session::current().timers.find(handle)); }
-};
-template <> struct Argument<session::Annotator&> {
-    static session::Annotator& from(AIAnnotatorHandle handle) {
-        return found(Session::current().annotations.find(handle));
-    }
-};
-template <> struct Argument<session::Drawing&> {
-    static session::Drawing& from(AIDrawingContextHandle handle) {
-        return found(Session::current().annotations.findDrawing(handle));
-    }
-};
-template <> struct Argument<session::Notifier&> {
-    static session::Notifier& from(AINotifierHandle handle) { return found(Session::current().notifiers.find(handle)); }
-};
-template <> struct Argument<session::Plugin&> {
-    static session::Plugin& from(SPPluginRef handle) { return found(Session::current().plugins.find(handle)); }
-};
+template <> struct Argument<session::Plugin&> { static session::Plugin& from(SPPluginRef handle); };
 /// An optional object: null is allowed, a dead handle is not.
 template <class T> struct Argument<std::optional<T>> {
     template <class H> static std::optional<T> from(H handle) {
@@ -126,28 +101,22 @@ template <class T> [[nodiscard]] std::string tracedArgument(const T& argument) {
     else
         return traced(argument);
 }
-void traceCall(std::string_view entry, const std::string& arguments, AIErr answer);
+void traceCall(std::string_view entry, const std::string& arguments, AIErr result);
 
-/// Returns `code` and, where it shows a fault of the plug-in, reports it.
-AIErr refuse(std::string_view entry, AIErr code);
+/// Whether calls are traced.
+[[nodiscard]] bool tracing();
+void requireMessage(); ///< throws unless a message is being handled
+/// For a catch block: the code of what was thrown, reported where it shows a fault of the plug-in or of the host.
+[[nodiscard]] AIErr refusal(std::string_view entry);
 
 /// Runs a body with nothing thrown past it.
 template <class Body> AIErr guarded(std::string_view entry, Body body) {
     try {
-        if (Session::current().messenger.depth() == 0) return refuse(entry, kOutsideMessageErr);
+        requireMessage();
         body();
         return kNoErr;
-    } catch (const HostError& error) {
-        return refuse(entry, error.code);
-    } catch (const model::ReadOnlyError&) {
-        return refuse(entry, kRefusedErr);
-    } catch (const std::bad_alloc&) {
-        return refuse(entry, kOutOfMemoryErr);
-    } catch (const std::exception& error) {
-        Session::current().report(session::Blame::Host, std::string(entry) + ": " + error.what());
-        return kInternalErr;
     } catch (...) {
-        return refuse(entry, kInternalErr);
+        return refusal(entry);
     }
 }
 
@@ -157,13 +126,13 @@ template <auto Entry, auto Operation, class Suite, class... Arguments, class... 
 struct Thunk<Entry, Operation, AIErr (*Suite::*)(Arguments...), void (*)(Parameters...)> {
     static AIErr call(Arguments... arguments) {
         static constexpr std::string_view kName = entryName<Entry>();
-        const AIErr answer = guarded(kName, [&] { Operation(Argument<Parameters>::from(arguments)...); });
-        if (Session::current().trace) {
+        const AIErr result = guarded(kName, [&] { Operation(Argument<Parameters>::from(arguments)...); });
+        if (tracing()) {
             std::string text;
             ((text += (text.empty() ? "" : ", ") + tracedArgument(arguments)), ...);
-            traceCall(kName, text, answer);
+            traceCall(kName, text, result);
         }
-        return answer;
+        return result;
     }
 };
 

@@ -1,14 +1,19 @@
 // The timer suite on the session's timers.
+#include "session/frame/Timers.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
 namespace easel::suites {
 
+template <> struct Argument<session::Timer&> {
+    static session::Timer& from(AITimerHandle handle) { return found(host<session::Timers>().find(handle)); }
+};
+
 namespace {
 
 using session::Timer;
 
-session::Timers& timers() { return Session::current().timers; }
+session::Timers& timers() { return host<session::Timers>(); }
 
 void addTimer(session::Plugin& self, std::string_view name, std::int32_t period, AITimerHandle& timer) {
     timer = timers().add(self, name, period).handle;

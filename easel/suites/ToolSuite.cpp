@@ -1,12 +1,20 @@
 // The tool suite on the session's toolbox, and what its tools snap to.
+#include "session/frame/Messenger.h"
+#include "session/input/Input.h"
 #include "suites/Suites.h"
 #include "suites/Thunk.h"
 
 namespace easel::suites {
 
+template <> struct Argument<session::Tool&> {
+    static session::Tool& from(AIToolHandle handle) { return found(host<session::Toolbox>().find(handle)); }
+};
+
 namespace {
 
 using session::Tool;
+
+session::Toolbox& toolbox() { return host<session::Toolbox>(); }
 
 void addTool(session::Plugin& self, std::string_view name, const AIAddToolData& data, std::int32_t options,
              AIToolHandle& handle) {
@@ -20,7 +28,7 @@ void addTool(session::Plugin& self, std::string_view name, const AIAddToolData& 
     tool.lightIcon = data.lightIconID;
     tool.darkIcon = data.darkIconID;
     tool.options = options;
-    handle = Session::current().toolbox.add(std::move(tool)).handle;
+    handle = toolbox().add(std::move(tool)).handle;
 }
 
 /// What can be changed is the tools of plug-ins.
@@ -28,11 +36,11 @@ void requirePlugins(const Tool& tool) { require(tool.owner, kRefusedErr); }
 
 void removeTool(Tool& tool) {
     requirePlugins(tool);
-    Session::current().toolbox.remove(tool);
+    toolbox().remove(tool);
 }
 
 void getNumberByName(std::string_view name, std::int16_t& number) {
-    number = required(Session::current().toolbox.findByName(name)).number;
+    number = required(toolbox().findByName(name)).number;
 }
 
 void getNumber(Tool& tool, std::int16_t& number) { number = tool.number; }
@@ -40,19 +48,19 @@ void getName(Tool& tool, const char*& name) { name = tool.name.c_str(); }
 void getTitle(Tool& tool, const char*& title) { title = tool.title.c_str(); }
 void setTitle(Tool& tool, std::string_view title) {
     requirePlugins(tool);
-    Session::current().toolbox.setTitle(tool, title);
+    toolbox().setTitle(tool, title);
 }
 
 void getTip(Tool& tool, const char*& tip) { tip = tool.tip.c_str(); }
 void setTip(Tool& tool, std::string_view tip) {
     requirePlugins(tool);
-    Session::current().toolbox.setTip(tool, tip);
+    toolbox().setTip(tool, tip);
 }
 
 void getOptions(Tool& tool, std::int32_t& options) { options = tool.options; }
 void setOptions(Tool& tool, std::int32_t options) {
     requirePlugins(tool);
-    Session::current().toolbox.setOptions(tool, options);
+    toolbox().setOptions(tool, options);
 }
 
 void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
@@ -62,17 +70,16 @@ void getIcons(Tool& tool, std::int16_t& light, std::int16_t& dark) {
 
 void setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
     requirePlugins(tool);
-    Session::current().toolbox.setIcons(tool, light, dark);
+    toolbox().setIcons(tool, light, dark);
 }
 
-void getSelected(AIToolHandle& handle) { handle = Session::current().toolbox.current()->handle; }
+void getSelected(AIToolHandle& handle) { handle = toolbox().current()->handle; }
 
 void setSelected(Tool& tool) {
-    if (&tool == Session::current().toolbox.current()) return;
+    if (&tool == toolbox().current()) return;
     // By handle: the tool may be gone by then.
-    Session::current().messenger.defer([handle = tool.handle] {
-        Session& session = Session::current();
-        if (Tool* const chosen = session.toolbox.find(handle)) session.selectTool(*chosen);
+    host<session::Messenger>().defer([handle = tool.handle] {
+        if (Tool* const chosen = toolbox().find(handle)) host<session::Input>().selectTool(*chosen);
     });
 }
 

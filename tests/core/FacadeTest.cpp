@@ -175,7 +175,7 @@ class Facade : public testing::Test {
 
     Receiver receiver;
     Desk desk;
-    easel::session::Plugin& other = desk.session().load(std::string(TEST_BUILD_DIR) + "/Answering.aip");
+    easel::session::Plugin& other = desk.session().plugins.load(std::string(TEST_BUILD_DIR) + "/Answering.aip");
     Node& groupNode = desk.document().create(easel::model::NodeType::Group, easel::model::Placement::OnTopInside,
                                              desk.document().currentLayer());
     Node& lowNode = desk.addPath({{1, 1}, {2, 2}}, false, &groupNode);

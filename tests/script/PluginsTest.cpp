@@ -10,7 +10,7 @@ class PluginScripts : public desk::Playing {
   protected:
     PluginScripts() {
         for (const char* name : {"Declining", "Answering", "Asking"})
-            session.load(std::string(TEST_BUILD_DIR) + "/" + name + ".aip");
+            session.plugins.load(std::string(TEST_BUILD_DIR) + "/" + name + ".aip");
         EXPECT_THAT(session.start(), testing::SizeIs(1)); // the first declines, and the others start all the same
     }
 };
@@ -36,7 +36,7 @@ TEST_F(PluginScripts, ListAndChooseMenuItems) {
               "Edit Utilities: Answers > KZO Answers\n"
               "KZO Answers: - | Answering: Ask | Answering: Count * | Answering: nothing yet (off) | "
               "- | Asking: Ask | Asking: Count | Asking: 42 from Answering (off)\n");
-    EXPECT_THAT(session.reports(), testing::IsEmpty());
+    EXPECT_THAT(session.reports.lines(), testing::IsEmpty());
 }
 
 TEST_F(PluginScripts, LetTimersRun) {
@@ -61,12 +61,12 @@ TEST_F(PluginScripts, KnowThePluginsAndTalkToThem) {
     )js"),
               "Declining Declining.aip false true\nAnswering Answering.aip true false\nAsking Asking.aip true false\n"
               "0 0\nfalse 0\n");
-    EXPECT_THAT(session.reports(), testing::IsEmpty());
+    EXPECT_THAT(session.reports.lines(), testing::IsEmpty());
 }
 
 TEST_F(PluginScripts, SeeTheCursorAndSetTheDisplay) {
-    session.setCursor(
-        {.number = 0, .plugin = session.plugins.all()[1]->handle, .resource = 5, .hotSpot = {3, 4}, .scale = 2});
+    session.screen.cursor = {
+        .number = 0, .plugin = session.plugins.all()[1]->handle, .resource = 5, .hotSpot = {3, 4}, .scale = 2};
     EXPECT_EQ(play("print(JSON.stringify(app.cursor), app.displayScale); app.displayScale = 2.5; app.quit();"
                    "print(app.cursor, app.displayScale); app.displayScale = -1;"),
               "{\"plugin\":\"Answering\",\"resource\":5,\"hotSpot\":[3,4],\"scale\":2} 1\n"
@@ -99,7 +99,7 @@ TEST_F(PluginScripts, SeeWhatAnnotatorsDraw) {
               R"({"kind":"text","annotator":"Measure","points":[[40,50]],"filled":true,"color":"#0000ff",)"
               R"("opacity":1,"width":null,"dash":null,"text":"50 pt","size":12})"
               "\nundo 0\n10 pt\nundo 0\n");
-    EXPECT_THAT(session.reports(), testing::IsEmpty());
+    EXPECT_THAT(session.reports.lines(), testing::IsEmpty());
 }
 
 TEST_F(PluginScripts, AreToldWhatCannotBe) {

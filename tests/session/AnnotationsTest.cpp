@@ -1,7 +1,7 @@
 // Annotators of a plug-in that is a function: when they are asked to draw, where, and that they can change nothing.
 #include <gmock/gmock.h>
 
-#include "session/Session.h"
+#include "session/app/Session.h"
 
 namespace {
 
@@ -39,13 +39,13 @@ class Annotations : public testing::Test {
 
     std::vector<std::string> update() {
         got.clear();
-        session.updateAnnotations();
+        session.annotations.update();
         return got;
     }
     [[nodiscard]] const AIAnnotatorDrawerSuite& drawer() { return session.tables.annotatorDrawer.table; }
 
     Session session;
-    Plugin& plugin = session.attach("Test", entry);
+    Plugin& plugin = session.plugins.attach("Test", entry);
     Annotator& one = session.annotations.add(plugin, "one");
 };
 
@@ -88,7 +88,7 @@ TEST_F(Annotations, AreDrawnWhenSomethingIsInvalid) {
 
     // Also the view behind, as long as the marks are the ones over it.
     AIAnnotatorMessage behind{};
-    behind.view = session.viewOf(*session.document());
+    behind.view = session.documents.viewOf(*session.document());
     session.newDocument(1, 1);
     session.messenger.send(plugin, kCallerAIAnnotation, kSelectorAIInvalAnnotation, behind.d);
     session.close();
@@ -145,7 +145,7 @@ TEST_F(Annotations, ChangeNeitherTheDocumentNorItsHistory) {
         EXPECT_EQ(session.tables.layer.table.GetNthLayer(1, &layer), kNoErr);
         EXPECT_EQ(session.tables.layer.table.SetCurrentLayer(layer), kRefusedErr);
         EXPECT_EQ(session.tables.undo.table.SetKind(kAISilentUndoContext), kRefusedErr);
-        session.updateAnnotations(); // is going on already
+        session.annotations.update(); // is going on already
     };
     // Also in the middle of a gesture, to whose step messages belong.
     document.journal().begin();
@@ -155,7 +155,7 @@ TEST_F(Annotations, ChangeNeitherTheDocumentNorItsHistory) {
     EXPECT_EQ(tries, 2);
     EXPECT_EQ(document.layerCount(), layers + 1);
     EXPECT_EQ(document.journal().undoDepth(), depth + 1);
-    EXPECT_THAT(session.reports(), IsEmpty());
+    EXPECT_THAT(session.reports.lines(), IsEmpty());
 }
 
 TEST_F(Annotations, AreDrawnWithGoodNumbersInTheContextOfTheMessageOnly) {
@@ -178,7 +178,7 @@ TEST_F(Annotations, AreDrawnWithGoodNumbersInTheContextOfTheMessageOnly) {
     };
     update();
     EXPECT_THAT(one.marks, IsEmpty());
-    EXPECT_THAT(session.reports(), IsEmpty());
+    EXPECT_THAT(session.reports.lines(), IsEmpty());
     whenDrawing = [&](const AIAnnotatorMessage& message) {
         const AIRealPoint at{0, 0};
         for (const AIDrawingContextHandle dead :
@@ -188,7 +188,7 @@ TEST_F(Annotations, AreDrawnWithGoodNumbersInTheContextOfTheMessageOnly) {
     session.annotations.invalidateAll();
     update();
     EXPECT_THAT(one.marks, IsEmpty());
-    EXPECT_EQ(session.reports().size(), 3u);
+    EXPECT_EQ(session.reports.lines().size(), 3u);
 }
 
 } // namespace

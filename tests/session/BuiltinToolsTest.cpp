@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "hostapi/AIToolNames.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 #include "support/Drawing.h"
 
 namespace {
@@ -17,7 +17,7 @@ class BuiltinToolsTest : public testing::Test {
   protected:
     BuiltinToolsTest() { session.pointer.snapping.toPoint = false; }
 
-    void take(const char* tool) { session.selectTool(*session.toolbox.findByName(tool)); }
+    void take(const char* tool) { session.input.selectTool(*session.toolbox.findByName(tool)); }
     void stroke(std::initializer_list<Point> points, session::Modifiers modifiers = 0) {
         session.pointer.press(*points.begin(), modifiers);
         for (auto point = points.begin() + 1; point != points.end(); ++point) session.pointer.drag(*point, modifiers);

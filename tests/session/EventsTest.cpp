@@ -5,7 +5,7 @@
 #include <functional>
 
 #include "places/Places.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 #include "support/Drawing.h"
 
 namespace {
@@ -77,7 +77,7 @@ class EventsTest : public testing::Test {
 
     Hearing own;
     session::Session session;
-    session::Plugin& plugin = session.attach("Hearing", hear);
+    session::Plugin& plugin = session.plugins.attach("Hearing", hear);
 };
 
 TEST_F(EventsTest, TellOfArtAndLayersByTheNetEffect) {

@@ -2,8 +2,8 @@
 #include <gmock/gmock.h>
 
 #include "hostapi/AIMenuGroups.h"
-#include "session/HostError.h"
-#include "session/Menus.h"
+#include "session/base/HostError.h"
+#include "session/frame/Menus.h"
 
 namespace {
 

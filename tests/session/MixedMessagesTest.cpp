@@ -8,7 +8,7 @@
 
 #include "places/Places.h"
 #include "plugins/Orders.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 
 namespace {
 
@@ -65,8 +65,8 @@ struct Mail {
 class Mixed {
   public:
     explicit Mixed(std::uint32_t seed) : random_(seed) {
-        session_.load(std::string(TEST_BUILD_DIR) + "/Obeying.aip");
-        session_.load(std::string(TEST_BUILD_DIR) + "/Heeding.aip");
+        session_.plugins.load(std::string(TEST_BUILD_DIR) + "/Obeying.aip");
+        session_.plugins.load(std::string(TEST_BUILD_DIR) + "/Heeding.aip");
         EXPECT_THAT(session_.start(), testing::IsEmpty());
         session_.newDocument(100, 100);
         for (const int to : {0, 1}) {
@@ -87,7 +87,7 @@ class Mixed {
             slate_.laidDown[number].clear();
             for (int i = below(4); i > 0; --i) slate_.laidDown[number].push_back(order(number, 0));
         }
-        const auto reports = session_.reports().size();
+        const auto reports = session_.reports.lines().size();
         const int thrown = exceptions();
         Mail& mail = compose(to, 0);
         const int answer = send(to, mail);
@@ -97,9 +97,9 @@ class Mixed {
         EXPECT_TRUE(answer == 0 || remark) << answer;
         EXPECT_TRUE(slate_.idle[0]() && slate_.idle[1]());
         EXPECT_FALSE(session_.document()->journal().running());
-        EXPECT_EQ(session_.reports().size() - reports, std::size_t(exceptions() - thrown)); // each is logged once
-        for (std::size_t i = reports; i < session_.reports().size(); ++i)
-            EXPECT_THAT(session_.reports()[i],
+        EXPECT_EQ(session_.reports.lines().size() - reports, std::size_t(exceptions() - thrown)); // each is logged once
+        for (std::size_t i = reports; i < session_.reports.lines().size(); ++i)
+            EXPECT_THAT(session_.reports.lines()[i],
                         testing::MatchesRegex("plug-in: (Obeying|Heeding): exception .*: as ordered"));
         if (below(100) == 0) expectSameHandles();
         if (testing::Test::HasFailure()) ADD_FAILURE() << mail.kind.caller << "/" << mail.kind.selector;
@@ -124,10 +124,10 @@ class Mixed {
         EXPECT_EQ(send(0, last), 0);
         EXPECT_THAT(slate_.handles[0](), testing::IsEmpty());
         expectSameHandles();
-        const auto reports = session_.reports().size();
+        const auto reports = session_.reports.lines().size();
         slate_.laidDown[1] = {};
         session_.quit();
-        EXPECT_EQ(session_.reports().size(), reports);
+        EXPECT_EQ(session_.reports.lines().size(), reports);
         EXPECT_TRUE(slate_.idle[0]() && slate_.idle[1]());
         EXPECT_THAT(slate_.handles[1](), testing::IsEmpty());
         for (int& done : slate_.done[0]) counts[0][&done - slate_.done[0]] += done;
@@ -144,7 +144,7 @@ class Mixed {
     [[nodiscard]] int exceptions() const { return slate_.done[0][int(Deed::Throw)] + slate_.done[1][int(Deed::Throw)]; }
 
     void turnLayer() {
-        easel::model::Document& document = session_.needDocument();
+        easel::model::Document& document = session_.documents.needFront();
         document.journal().begin();
         document.setLocked(document.currentLayer(), locked_ = below(3) == 0);
         document.setHidden(document.currentLayer(), hidden_ = below(3) == 0);

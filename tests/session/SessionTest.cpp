@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "places/Places.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 #include "support/Folder.h"
 
 namespace {
@@ -18,7 +18,7 @@ const std::string buildDir = TEST_BUILD_DIR;
 TEST(Session, EndsAnExchangeOfMessagesThatHasNoEnd) {
     Session session;
     session::Plugin& echo =
-        session.attach("Echo", [](const char* caller, const char* selector, void* message) -> SPErr {
+        session.plugins.attach("Echo", [](const char* caller, const char* selector, void* message) -> SPErr {
             Session& host = Session::current();
             auto& record = *static_cast<SPMessageData*>(message);
             const bool over = std::string(caller) != "Test";
@@ -27,7 +27,7 @@ TEST(Session, EndsAnExchangeOfMessagesThatHasNoEnd) {
     session.start();
     SPMessageData record{};
     EXPECT_EQ(session.messenger.send(echo, "Test", "Again", record), kRefusedErr);
-    EXPECT_THAT(session.reports(),
+    EXPECT_THAT(session.reports.lines(),
                 testing::ElementsAre("plug-in: Echo was not sent Test/Again: messages are nested 100 deep"));
     EXPECT_EQ(session.messenger.send(echo, "Other", "Again", record), kNoErr);
 }
@@ -35,23 +35,23 @@ TEST(Session, EndsAnExchangeOfMessagesThatHasNoEnd) {
 TEST(Session, StartsAndEndsTheBundleAHundredTimes) {
     for (int i = 0; i < 100; ++i) {
         Session session;
-        session.load(buildDir + "/Ortholine.aip");
+        session.plugins.load(buildDir + "/Ortholine.aip");
         ASSERT_THAT(session.start(), testing::IsEmpty());
         session.newDocument(200, 200);
-        session.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
+        session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
         session.pointer.press({50, 50}, 0);
         session.pointer.drag({100, 50}, 0);
         if (i % 2 == 0) session.pointer.release({100, 50}, 0);
         session.quit(); // with the gesture running, and with the document open
         ASSERT_EQ(session.document(), nullptr);
-        ASSERT_THAT(session.reports(), testing::IsEmpty());
+        ASSERT_THAT(session.reports.lines(), testing::IsEmpty());
         ASSERT_EQ(session.memory.blocksInUse(), 0u);
     }
 }
 
 TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
     Session session;
-    session.load(buildDir + "/Ortholine.aip/"); // with a slash, as a shell completes it
+    session.plugins.load(buildDir + "/Ortholine.aip/"); // with a slash, as a shell completes it
     for (int i = 0; i < 3; ++i) {
         for (int again = 0; again < 2; ++again) EXPECT_THAT(session.start(), testing::IsEmpty());
         EXPECT_EQ(session.notifiers.all().size(), 3u);
@@ -62,7 +62,7 @@ TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
         EXPECT_EQ(session.toolbox.all().size(), 2u);
     }
     const std::string same = buildDir + "/tests/../Ortholine.aip";
-    EXPECT_EQ(desk::errorOf<session::Error>([&] { session.load(same); }), same + ": is loaded already");
+    EXPECT_EQ(desk::errorOf<session::Error>([&] { session.plugins.load(same); }), same + ": is loaded already");
 }
 
 // Documents
@@ -70,17 +70,17 @@ TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
 TEST(Session, TellsHandlesOfOneDocumentFromThoseOfAnother) {
     Session session;
     model::Document& first = session.newDocument(100, 100);
-    const auto firstNumber = session.numberOf(first);
+    const auto firstNumber = session.documents.numberOf(first);
     model::Document& second = session.newDocument(200, 200);
     EXPECT_EQ(session.document(), &second);
-    EXPECT_NE(session.numberOf(second), firstNumber);
-    EXPECT_EQ(session.documentByNumber(firstNumber), &first);
+    EXPECT_NE(session.documents.numberOf(second), firstNumber);
+    EXPECT_EQ(session.documents.byNumber(firstNumber), &first);
     session.close();
     EXPECT_EQ(session.document(), &first);
     session.close();
-    EXPECT_EQ(session.documentByNumber(firstNumber), nullptr);
+    EXPECT_EQ(session.documents.byNumber(firstNumber), nullptr);
     session.newDocument(100, 100);
-    EXPECT_EQ(session.documentByNumber(firstNumber), nullptr); // a number is never used twice
+    EXPECT_EQ(session.documents.byNumber(firstNumber), nullptr); // a number is never used twice
 }
 
 } // namespace

@@ -1,8 +1,8 @@
 // Timers under a clock that is told how much time passes.
 #include <gmock/gmock.h>
 
-#include "session/HostError.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
+#include "session/base/HostError.h"
 
 namespace {
 
@@ -31,12 +31,12 @@ class TimersTest : public testing::Test {
 
     std::vector<std::string> firedIn(double seconds) {
         fired.clear();
-        session.runFor(seconds);
+        session.timers.runFor(seconds);
         return fired;
     }
 
     Session session;
-    Plugin& plugin = session.attach("Test", entry);
+    Plugin& plugin = session.plugins.attach("Test", entry);
 };
 
 TEST_F(TimersTest, FireInTheOrderInWhichTheyFallDue) {
@@ -75,7 +75,7 @@ TEST_F(TimersTest, WaitAWholePeriodWhenMadeActiveAgain) {
 TEST_F(TimersTest, FireOnceAfterAGestureWhatFellDueDuringIt) {
     Tool tool;
     tool.owner = &plugin;
-    session.selectTool(session.toolbox.add(std::move(tool)));
+    session.input.selectTool(session.toolbox.add(std::move(tool)));
     session.newDocument(100, 100);
     session.timers.add(plugin, "late", 6);
     session.pointer.press({10, 10}, 0);

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <utility>
 
-#include "session/Keys.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
+#include "session/input/Keys.h"
 
 namespace {
 
@@ -49,7 +49,7 @@ class Suites : public testing::Test {
 
     Session session;
     session::Tables& tables = session.tables;
-    session::Plugin& plugin = session.attach("Test", entry);
+    session::Plugin& plugin = session.plugins.attach("Test", entry);
 };
 
 TEST_F(Suites, HaveNoEmptyEntry) {
@@ -79,13 +79,14 @@ TEST_F(Suites, AreAcquiredByNameAndVersionAndCounted) {
         EXPECT_EQ(tables.basic.AcquireSuite(nullptr, 1, &table), kBadParameterErr);
         EXPECT_EQ(table, &tables.art.table); // an error leaves the answer as it was
         EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kNoErr);
-        EXPECT_EQ(session.reports().size(), 0u);
+        EXPECT_EQ(session.reports.lines().size(), 0u);
         EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kBadParameterErr);
         EXPECT_EQ(tables.basic.AcquireSuite(kAIToolSuite, kAIToolSuiteVersion, &table), kNoErr);
     });
     session.quit();
-    EXPECT_THAT(session.reports(), testing::ElementsAre("plug-in: AI Art Suite was released more often than acquired",
-                                                        "plug-in: AI Tool Suite was not released at shut-down"));
+    EXPECT_THAT(session.reports.lines(),
+                testing::ElementsAre("plug-in: AI Art Suite was released more often than acquired",
+                                     "plug-in: AI Tool Suite was not released at shut-down"));
 }
 
 TEST_F(Suites, RefuseHandlesThatAreDeadForeignOrMadeUp) {
@@ -114,14 +115,14 @@ TEST_F(Suites, RefuseHandlesThatAreDeadForeignOrMadeUp) {
         EXPECT_EQ(tables.layer.table.SetCurrentLayer(reinterpret_cast<AILayerHandle>(live)), kUnknownHandleErr);
         EXPECT_EQ(tables.tool.table.RemoveTool(reinterpret_cast<AIToolHandle>(live)), kUnknownHandleErr);
     });
-    EXPECT_EQ(session.reports().size(), 7u); // each one told, to the plug-in's address
+    EXPECT_EQ(session.reports.lines().size(), 7u); // each one told, to the plug-in's address
 }
 
 TEST_F(Suites, AnswerOnlyWhileAMessageIsHandled) {
     std::int32_t count = -1;
     EXPECT_EQ(tables.layer.table.CountLayers(&count), kOutsideMessageErr);
     EXPECT_EQ(count, -1);
-    EXPECT_THAT(session.reports(),
+    EXPECT_THAT(session.reports.lines(),
                 testing::ElementsAre("plug-in: AILayerSuite::CountLayers was called outside of any message"));
     inMessage([&] { EXPECT_EQ(tables.layer.table.CountLayers(&count), kNoErr); });
     EXPECT_EQ(count, 1);
@@ -143,7 +144,7 @@ TEST_F(Suites, CheckMemoryAgainstTheirTable) {
         EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kNoErr);
         EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kBadParameterErr);
     });
-    EXPECT_EQ(session.reports().size(), 3u);
+    EXPECT_EQ(session.reports.lines().size(), 3u);
 }
 
 TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
@@ -285,7 +286,7 @@ TEST_F(Suites, TellATakenBackGestureFromAReleaseAndNoteLines) {
         EXPECT_EQ(tables.stage.table.Log(plugin.handle, "a line"), kNoErr);
         EXPECT_EQ(tables.stage.table.Log(nullptr, "a line"), kUnknownHandleErr);
     });
-    EXPECT_THAT(session.reports(), testing::Contains("plug-in: Test: a line").Times(1));
+    EXPECT_THAT(session.reports.lines(), testing::Contains("plug-in: Test: a line").Times(1));
     session::Pointer& pointer = session.pointer;
     const struct {
         std::function<void()> end;
@@ -295,12 +296,12 @@ TEST_F(Suites, TellATakenBackGestureFromAReleaseAndNoteLines) {
              pointer.release({20, 20}, 0);
          },
          false},
-        {[&] { session.pressKey(session::key::kEscape, 0); }, true},
+        {[&] { session.input.pressKey(session::key::kEscape, 0); }, true},
         {[&] {
              pointer.release({20, 20}, 0);
          },
          false}, // after one that was taken back
-        {[&] { session.selectTool(*session.toolbox.current()); }, true},
+        {[&] { session.input.selectTool(*session.toolbox.current()); }, true},
         {[&] { session.close(); }, true},
     };
     for (const auto& each : ends) {

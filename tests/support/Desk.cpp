@@ -16,7 +16,7 @@ namespace desk {
 using namespace easel;
 
 Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) {
-    plugin_ = &session_->attach("Product under test", PluginMain);
+    plugin_ = &session_->plugins.attach("Product under test", PluginMain);
     session_->pointer.snapping.toPoint = setup.snapToPoint;
     EXPECT_THAT(session_->start(), ::testing::IsEmpty());
     if (setup.openDocument) session_->newDocument(800, 600);
@@ -26,7 +26,7 @@ Desk::~Desk() {
     if (!session_) return;
     session_->quit();
     if (!reportsExpected_) {
-        EXPECT_THAT(session_->reports(), ::testing::IsEmpty());
+        EXPECT_THAT(session_->reports.lines(), ::testing::IsEmpty());
     }
 }
 
@@ -58,7 +58,7 @@ model::Node& Desk::addPath(std::initializer_list<Point> points, bool closed, mod
 void Desk::selectTool(const std::string& title) {
     session::Tool* const tool = session_->toolbox.findByTitle(title);
     ASSERT_NE(tool, nullptr) << title;
-    session_->selectTool(*tool);
+    session_->input.selectTool(*tool);
 }
 
 void Desk::stroke(std::initializer_list<Point> points, session::Modifiers modifiers) {

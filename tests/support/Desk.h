@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "session/Session.h"
+#include "session/app/Session.h"
 
 namespace desk {
 
@@ -26,7 +26,7 @@ class Desk {
     [[nodiscard]] easel::session::Session& session() { return *session_; }
     [[nodiscard]] easel::session::Plugin& product() { return *plugin_; }
     [[nodiscard]] easel::session::Tables& tables() { return session_->tables; }
-    [[nodiscard]] easel::model::Document& document() { return session_->needDocument(); }
+    [[nodiscard]] easel::model::Document& document() { return session_->documents.needFront(); }
     [[nodiscard]] std::string svg(); ///< the document as it would be saved
     /// All paths, topmost first.
     [[nodiscard]] std::vector<easel::model::Node*> paths();

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "script/Script.h"
-#include "session/Session.h"
+#include "session/app/Session.h"
 #include "support/Folder.h"
 
 namespace desk {

@@ -70,7 +70,7 @@ TEST(LineTool, MeasuresAndTestsInAZoomedViewAsOnScreen) {
     Desk desk;
     desk.document().view.zoom = 10;
     desk.selectTool();
-    EXPECT_EQ(desk.session().cursor().number, 20);
+    EXPECT_EQ(desk.session().screen.cursor.number, 20);
     // A path's end 0.4 points away is 4 screen units away: too far to be pressed on.
     desk.addPath({{100, 100}, {140, 100}});
     desk.session().pointer.press({100.4, 100}, 0);

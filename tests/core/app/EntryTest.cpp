@@ -84,7 +84,7 @@ TEST(Entry, RunsTheClientsWorkAfterItsOwnOnTheWayUpAndBeforeItOnTheWayDown) {
 
 TEST(Entry, WithoutANameDeclinesAndIsCalledNoMore) {
     Session session;
-    easel::session::Plugin& plugin = session.attach("", PluginMain);
+    easel::session::Plugin& plugin = session.plugins.attach("", PluginMain);
     testing::internal::CaptureStderr();
     const auto lines = session.start();
     EXPECT_THAT(
@@ -143,9 +143,9 @@ TEST(Entry, StopsExceptionsOfCallbacksAndSaysWhoseTheyAre) {
     desk.session().quit();
     EXPECT_EQ(Plugin::instance(), nullptr);
     const std::string from = "plug-in: Ortholine: exception in a callback ";
-    EXPECT_THAT(desk.session().reports(), testing::ElementsAre(from + "(AI Tool/AI Mouse Drag): no reason",
-                                                               from + "(Some/Message): no std::exception",
-                                                               from + "(SP Interface/Shutdown): no reason"));
+    EXPECT_THAT(desk.session().reports.lines(), testing::ElementsAre(from + "(AI Tool/AI Mouse Drag): no reason",
+                                                                     from + "(Some/Message): no std::exception",
+                                                                     from + "(SP Interface/Shutdown): no reason"));
 }
 
 // A declined start left what had been made by then, and a message during the destruction deleted the plug-in twice.
@@ -163,7 +163,7 @@ TEST(Entry, LeavesNothingOfAStartThatFails) {
     };
     for (const auto& each : cases) {
         Session session;
-        session.load(std::string(TEST_BUILD_DIR) + "/Failing.aip").name = each.name;
+        session.plugins.load(std::string(TEST_BUILD_DIR) + "/Failing.aip").name = each.name;
         testing::internal::CaptureStderr();
         EXPECT_THAT(session.start(), testing::ElementsAre(testing::HasSubstr("declined to start: error \"SUFE\"")));
         const std::string said = testing::internal::GetCapturedStderr();
@@ -172,18 +172,19 @@ TEST(Entry, LeavesNothingOfAStartThatFails) {
         EXPECT_THAT(said, testing::Not(testing::HasSubstr("ran"))) << each.name;
         session.newDocument(100, 100);
         session.quit(); // reports suites that were not released
-        EXPECT_THAT(session.reports(), testing::ElementsAreArray(each.reports));
+        EXPECT_THAT(session.reports.lines(), testing::ElementsAreArray(each.reports));
     }
 }
 
 TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
     Session session;
-    session.attach("Product", PluginMain);
+    session.plugins.attach("Product", PluginMain);
     const desk::Refusing no(session.tables.notifier, &AINotifierSuite::AddNotifier);
     EXPECT_THAT(session.start(), testing::IsEmpty());
     EXPECT_NE(session.toolbox.findByTitle("Isometric Line Tool"), nullptr);
     EXPECT_EQ(session.tables.undo.acquired, 1);
-    EXPECT_THAT(session.reports(), testing::ElementsAre("plug-in: Ortholine: start-up: the host refused a notifier"));
+    EXPECT_THAT(session.reports.lines(),
+                testing::ElementsAre("plug-in: Ortholine: start-up: the host refused a notifier"));
 }
 
 TEST(Entry, AnswersGarbageWithNothing) {
@@ -214,9 +215,9 @@ TEST(Entry, AnswersGarbageWithNothing) {
 /// never left with half a line. `meddle` is called at its moments, of which there are five.
 void live(const std::function<void(Session&, int moment)>& meddle) {
     Session session;
-    session.checkLevel = easel::session::CheckLevel::Refuse;
+    session.reports.checkLevel = easel::session::CheckLevel::Refuse;
     session.pointer.snapping.toPoint = false;
-    session.attach("Product", PluginMain);
+    session.plugins.attach("Product", PluginMain);
     meddle(session, 0);
     const bool started = session.start().empty();
     auto& document = session.newDocument(400, 400);
@@ -224,7 +225,7 @@ void live(const std::function<void(Session&, int moment)>& meddle) {
     auto* const tool = session.toolbox.findByTitle("Isometric Line Tool");
     EXPECT_TRUE(!tool || started);
     if (tool) {
-        session.selectTool(*tool);
+        session.input.selectTool(*tool);
         meddle(session, 2);
         session.pointer.press({100, 100}, 0);
         session.pointer.drag({200, 100}, 0);

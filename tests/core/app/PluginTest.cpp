@@ -6,7 +6,7 @@
 #include "core/frame/Keys.h"
 #include "hostapi/AICursorSnapSuite.h"
 #include "places/Places.h"
-#include "session/Keys.h"
+#include "session/input/Keys.h"
 #include "support/Desk.h"
 #include "support/Folder.h"
 #include "support/Receiver.h"
@@ -158,7 +158,7 @@ TEST(Monitors, HearKeysAndButtonsUntilTheyAreRemoved) {
         held = kzo::core::modifierKeysPressed();
         dispatcher().removeKeypressMonitor(escapeId);
     };
-    for (int i = 0; i < 2; ++i) desk.session().pressKey(*easel::session::keyCode("Escape"), kAIShiftKey);
+    for (int i = 0; i < 2; ++i) desk.session().input.pressKey(*easel::session::keyCode("Escape"), kAIShiftKey);
     EXPECT_TRUE(running);
     EXPECT_EQ(held, ModifierKeys::Shift);
     EXPECT_FALSE(desk.session().pointer.pressed());
@@ -187,8 +187,8 @@ TEST(PluginInterface, HearsOfBrightnessAndAbout) {
     Receiver about;
     plugin().setBrightnessAdjustedCallback(brightness.callback());
     dispatcher().registerMessageCallback("SP Interface", "About", about.callback());
-    desk.session().setBrightness(0.25);
-    desk.session().setBrightness(0.25); // nothing new
+    desk.session().screen.setBrightness(0.25);
+    desk.session().screen.setBrightness(0.25); // nothing new
     EXPECT_EQ(brightness.runs, 1);
     SPMessageData record{};
     EXPECT_EQ(desk.session().messenger.send(desk.product(), "SP Interface", "About", record), 0);

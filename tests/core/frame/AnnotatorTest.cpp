@@ -76,7 +76,7 @@ TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
         EXPECT_FALSE(drawer.setOpacity(2));
     };
     desk.inMessage([&] { static_cast<void>(Annotator("Marks", receiver.callback())); });
-    desk.session().updateAnnotations();
+    desk.session().annotations.update();
     const easel::model::Pen pen{.color = {1, 0, 0}, .opacity = 0.5, .lineWidth = 2, .dash = 3, .fontSize = 9};
     const auto mark = [&](Mark::Kind kind, std::vector<desk::Point> points, bool filled = false,
                           const char* text = "") {

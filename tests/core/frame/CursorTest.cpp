@@ -64,14 +64,14 @@ TEST_F(Cursors, ShowTheImageThatTheDisplayHasPixelsFor) {
         {2, {1, 0, 3}, 1, 1},    {3, {1, 0, 3}, 3, 3},    {1, {0, 2, 3}, 0, 1},
     };
     for (const Row& row : rows) {
-        desk.session().setCursor({});
-        desk.session().displayScale = row.display;
+        desk.session().screen.cursor = {};
+        desk.session().screen.displayScale = row.display;
         desk.inMessage([&] {
             const Cursor cursor(row.images[0], row.images[1], row.images[2], {3, 4});
             cursor.enable();
             EXPECT_EQ(Cursor::CurrentCursor(), row.resource != 0 ? cursor : Cursor()) << row.display;
         });
-        const StageCursor& shown = desk.session().cursor();
+        const StageCursor& shown = desk.session().screen.cursor;
         EXPECT_EQ(shown.resource, row.resource) << row.display;
         if (row.resource == 0) continue;
         EXPECT_EQ(shown.scale, row.scale) << row.display;
@@ -80,13 +80,13 @@ TEST_F(Cursors, ShowTheImageThatTheDisplayHasPixelsFor) {
     }
     desk.session().close(); // no frame to measure
     desk.inMessage([] { Cursor(1, 2, 3, {}).enable(); });
-    EXPECT_EQ(desk.session().cursor().resource, 1);
+    EXPECT_EQ(desk.session().screen.cursor.resource, 1);
     desk.inMessage([] {
         EXPECT_TRUE(Cursor::CurrentCursor().isEmpty()); // nothing holds that cursor any more
         Cursor(AdobeCursor::Move).enable();
         EXPECT_EQ(Cursor::CurrentCursor(), Cursor(AdobeCursor::Move));
     });
-    EXPECT_EQ(desk.session().cursor().number, 140);
+    EXPECT_EQ(desk.session().screen.cursor.number, 140);
 }
 
 TEST_F(Cursors, ClickAfterTheMessageAsTheUserWould) {
@@ -115,24 +115,24 @@ TEST_F(Cursors, CannotClickForEverNorWhereNothingIs) {
     desk.expectReports();
     desk.session().close();
     desk.inMessage([] { Cursor::click({1, 1}); });
-    EXPECT_THAT(desk.session().reports(),
+    EXPECT_THAT(desk.session().reports.lines(),
                 ElementsAre("plug-in: a posted press of the mouse was dropped: no document is open",
                             "plug-in: a posted release of the mouse was dropped: no document is open"));
     desk.session().newDocument(100, 100);
     desk.inMessage([] { Cursor::mouseUp({1, 1}); });
-    EXPECT_THAT(desk.session().reports().back(), HasSubstr("no mouse button is down"));
+    EXPECT_THAT(desk.session().reports.lines().back(), HasSubstr("no mouse button is down"));
     desk.selectTool();
     desk::Receiver answer{[] { Cursor::click({10, 10}); }};
     desk.inMessage([&] { Plugin::instance()->setToolPostMouseUpCallback(answer.callback()); });
     desk.session().pointer.press({1, 1}, 0);
     desk.session().pointer.release({1, 1}, 0);
     EXPECT_EQ(answer.runs, 1 + easel::session::Messenger::kMaxDeferred / 2);
-    EXPECT_THAT(desk.session().reports().back(), HasSubstr("the rest is dropped"));
+    EXPECT_THAT(desk.session().reports.lines().back(), HasSubstr("the rest is dropped"));
     // The click that a closing document's gesture leads to finds none any more.
     desk.session().pointer.press({1, 1}, 0);
     desk.session().close();
     EXPECT_FALSE(desk.session().pointer.pressed());
-    EXPECT_THAT(desk.session().reports().back(), HasSubstr("no document is open"));
+    EXPECT_THAT(desk.session().reports.lines().back(), HasSubstr("no document is open"));
 }
 
 // A plug-in that pressed the button when it heard of the user's press began a second gesture within the first, which

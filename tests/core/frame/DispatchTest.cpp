@@ -285,7 +285,7 @@ TEST_F(ToolMessages, GiveTheOuterOneBackWhatItSaid) {
         }
     }
     EXPECT_EQ(seen, 8);
-    EXPECT_EQ(desk.session().reports().size(), 2u);
+    EXPECT_EQ(desk.session().reports.lines().size(), 2u);
     // One that is not nested leaves its tool current.
     other.setTrackCallback(kzo::core::callback([] {}));
     send(other, "AI Track Cursor", {1, 2});
@@ -395,7 +395,7 @@ TEST(Notifiers, AreListedByTypeAndEmptyWhenRefused) {
         const auto* const message = dynamic_cast<const kzo::core::NotifyMessage*>(Dispatcher::lastMessage());
         EXPECT_EQ(message->notifierType(), NotifierType::DocumentSaved);
     };
-    desk.session().notify("AI Document Saved Notifier");
+    desk.session().notifiers.raise("AI Document Saved Notifier");
     EXPECT_TRUE(receiver.runs == 1 && notifier.isEmpty());
     EXPECT_EQ(desk.session().notifiers.all().size(), 3u); // the framework's own are left, and nobody else's business
     for (const auto type : {NotifierType::ApplicationStarted, NotifierType::UIBrightnessChanged})

@@ -30,7 +30,7 @@ class Menus : public testing::Test {
 
     Receiver receiver;
     Desk desk;
-    easel::session::Plugin& other = desk.session().load(std::string(TEST_BUILD_DIR) + "/Answering.aip");
+    easel::session::Plugin& other = desk.session().plugins.load(std::string(TEST_BUILD_DIR) + "/Answering.aip");
 };
 
 // Groups
@@ -128,7 +128,7 @@ TEST_F(Menus, RunTheCallbackThatAnItemWasGivenLast) {
     desk.inMessage([&] { item = MenuItem(BuiltinMenuGroup::Edit, "Item", first.callback()); });
     item.setCallback(receiver.callback());
     EXPECT_NE(item.callback(), nullptr);
-    desk.session().chooseMenu("Item");
+    desk.session().input.chooseMenu("Item");
     EXPECT_TRUE(first.runs == 0 && receiver.runs == 1);
 }
 

@@ -34,7 +34,7 @@ class InternetGetTest : public testing::Test {
     }
     /// Lets time pass until so many callbacks have run.
     void wait(int callbacks = 1) {
-        for (int i = 0; i < 300 && success.runs + failure.runs < callbacks; ++i) desk.session().runFor(0.1);
+        for (int i = 0; i < 300 && success.runs + failure.runs < callbacks; ++i) desk.session().timers.runFor(0.1);
         EXPECT_EQ(success.runs + failure.runs, callbacks);
     }
     [[nodiscard]] std::size_t timers() { return desk.session().timers.all().size(); }
@@ -59,7 +59,7 @@ TEST_F(InternetGetTest, LoadsInTheBackground) {
     EXPECT_FALSE(request->running());
     EXPECT_EQ(request->error() + "|" + std::to_string(request->platformErrorCode()), "|0");
     EXPECT_EQ(timers(), timersBefore) << "nothing is left to wait for";
-    desk.session().runFor(1);
+    desk.session().timers.runFor(1);
     EXPECT_EQ(success.runs, 1);
 }
 
@@ -144,7 +144,7 @@ TEST_F(InternetGetTest, SurvivesObjectsThatGo) {
     auto given = started(server->url("/version"));
     desk.inMessage([&] { given.reset(); });
     EXPECT_EQ(timers(), timersBefore);
-    desk.session().runFor(0.5);
+    desk.session().timers.runFor(0.5);
     EXPECT_EQ(success.runs + failure.runs, 0);
     // Freed in its own callback, and with it another one that runs, while a third is started.
     std::vector<std::unique_ptr<InternetGET>> requests;
@@ -157,7 +157,7 @@ TEST_F(InternetGetTest, SurvivesObjectsThatGo) {
     requests.push_back(started(server->url("/version")));
     requests.push_back(started(server->rudeUrl("/hang")));
     wait();
-    for (int i = 0; i < 100 && last.runs == 0; ++i) desk.session().runFor(0.1);
+    for (int i = 0; i < 100 && last.runs == 0; ++i) desk.session().timers.runFor(0.1);
     EXPECT_EQ(last.runs, 1);
     EXPECT_EQ(third->content(), "16.3");
     EXPECT_EQ(timers(), timersBefore);

@@ -1,0 +1,80 @@
+// Numbering, and the errors of files as the session's own.
+#include "session/documents/Documents.h"
+
+#include <utility>
+
+#include "session/base/Error.h"
+#include "svg/Picture.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::session {
+
+namespace {
+
+/// Files speak of their own errors; the session's faces know one kind.
+template <class Work> auto withFile(Work work) {
+    try {
+        return work();
+    } catch (const svg::FileError& error) {
+        throw Error(error.what());
+    }
+}
+
+} // namespace
+
+model::Document* Documents::front() const { return open_.empty() ? nullptr : open_.back().document.get(); }
+
+model::Document& Documents::needFront() const {
+    if (open_.empty()) throw Error("no document is open");
+    return *open_.back().document;
+}
+
+model::Document* Documents::byNumber(std::uint32_t number) const {
+    for (const Open& open : open_)
+        if (open.number == number) return open.document.get();
+    return nullptr;
+}
+
+std::uint32_t Documents::numberOf(const model::Document& document) const {
+    for (const Open& open : open_)
+        if (open.document.get() == &document) return open.number;
+    return 0;
+}
+
+AIDocumentViewHandle Documents::viewOf(const model::Document& document) const {
+    return makeHandle<AIDocumentViewHandle>(numberOf(document), 1, 0);
+}
+
+void Documents::requireFreeNumber() const {
+    if (lastNumber_ + 1 >= 1U << HandleParts::kDocumentBits)
+        throw Error("too many documents have been opened; start Easel anew");
+}
+
+void Documents::add(std::unique_ptr<model::Document> document) {
+    open_.push_back({++lastNumber_, std::move(document)});
+}
+
+// Files
+
+std::unique_ptr<model::Document> Documents::read(const std::string& path) {
+    const auto warn = [this](const std::string& line) { reports_.add(Blame::UserData, line); };
+    return withFile([&] { return svg::open(path, warn); });
+}
+
+void Documents::write(model::Document& document, const std::string& path) {
+    withFile([&] { svg::save(document, path); });
+}
+
+void Documents::exportPng(model::Document& document, const std::string& path, double scale,
+                          const std::vector<model::Mark>& marks) const {
+    const svg::PictureOptions options{.scale = scale, .marks = marks, .waiting = whileDrawing};
+    withFile([&] { svg::exportPicture(document, svg::PictureFormat::Png, options, path); });
+}
+
+void Documents::exportPdf(model::Document& document, const std::string& path, double scale) const {
+    const svg::PictureOptions options{.scale = scale, .waiting = whileDrawing};
+    withFile([&] { svg::exportPicture(document, svg::PictureFormat::Pdf, options, path); });
+}
+
+} // namespace easel::session

@@ -1,0 +1,55 @@
+// The open documents with their numbers, and their way from and to files. Raises no events (see Session).
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/Document.h"
+#include "model/Mark.h"
+#include "session/base/Handles.h"
+#include "session/base/Reports.h"
+
+namespace easel::session {
+
+/// The last one added is in front. Files that cannot be read or written throw Error.
+class Documents {
+  public:
+    explicit Documents(Reports& reports) : reports_(reports) {}
+
+    [[nodiscard]] model::Document* front() const;     ///< or null
+    [[nodiscard]] model::Document& needFront() const; ///< throws Error when none is open
+
+    // Numbers and handles; 0 and null stand for no document
+    [[nodiscard]] model::Document* byNumber(std::uint32_t number) const;
+    [[nodiscard]] std::uint32_t numberOf(const model::Document& document) const;
+    [[nodiscard]] AIDocumentViewHandle viewOf(const model::Document& document) const;
+
+    // Opening and closing
+    void requireFreeNumber() const; ///< throws Error when all have been given out
+    void add(std::unique_ptr<model::Document> document);
+    void closeFront() { open_.pop_back(); }
+
+    // Files
+    /// Reads a drawing, and reports what of it is not edited.
+    [[nodiscard]] std::unique_ptr<model::Document> read(const std::string& path);
+    static void write(model::Document& document, const std::string& path);
+    void exportPng(model::Document& document, const std::string& path, double scale,
+                   const std::vector<model::Mark>& marks) const;
+    void exportPdf(model::Document& document, const std::string& path, double scale) const;
+    std::function<void(int seconds)> whileDrawing; ///< called as svg::Waiting while a picture is made
+
+  private:
+    struct Open {
+        std::uint32_t number;
+        std::unique_ptr<model::Document> document;
+    };
+
+    Reports& reports_;
+    std::vector<Open> open_;
+    std::uint32_t lastNumber_ = 0;
+};
+
+} // namespace easel::session

@@ -1,0 +1,63 @@
+// What follows from a key or a choice.
+#include "session/input/Input.h"
+
+#include <algorithm>
+
+#include "session/base/Error.h"
+#include "session/input/Keys.h"
+
+namespace easel::session {
+
+// Keys
+
+void Input::pressKey(std::int32_t code, Modifiers modifiers) {
+    pointer_.setModifiers(modifiers);
+    monitors_.notify(kSelectorStageKeyPressed, code);
+    if (code == key::kEscape) pointer_.cancel();
+    if (code == key::kLeftBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
+    if (code == key::kRightBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
+}
+
+// Tools
+
+void Input::selectTool(Tool& tool) {
+    // One batch, so that no posted press begins a gesture of one tool that another ends.
+    messenger_.batch([&] {
+        pointer_.cancel();
+        const AIToolHandle handle = tool.handle;
+        if (&tool == toolbox_.current()) return pointer_.sendTo(tool, kSelectorAIReselectTool);
+        pointer_.sendTo(*toolbox_.current(), kSelectorAIDeselectTool);
+        if (toolbox_.find(handle) != &tool) return; // its plug-in took it away meanwhile
+        toolbox_.setCurrent(tool);
+        if (tool.builtin) screen_.cursor = {};
+        pointer_.sendTo(tool, kSelectorAISelectTool);
+    });
+}
+
+void Input::editTool(Tool& tool) { pointer_.sendTo(tool, kSelectorAIEditToolOptions); }
+
+// Menus
+
+void Input::updateMenus() {
+    if (pointer_.pressed()) return;
+    for (Plugin* plugin : plugins_.all()) {
+        const std::vector<MenuItem*> items = menus_.items();
+        if (std::none_of(items.begin(), items.end(), [&](const MenuItem* item) { return item->owner == plugin; }))
+            continue;
+        AIMenuMessage message{.d = {}, .menuItem = nullptr};
+        messenger_.send(*plugin, kCallerAIMenu, kSelectorAIUpdateMenuItem, message.d);
+    }
+}
+
+void Input::chooseMenu(const std::string& text) {
+    pointer_.cancel();
+    updateMenus();
+    const MenuItem* const item = menus_.findItem(text);
+    if (!item) throw Error("no menu item has the text \"" + text + '"');
+    if (item->opens) throw Error("the menu item \"" + text + "\" opens a submenu");
+    if (!Menus::isEnabled(*item)) throw Error("the menu item \"" + text + "\" is disabled");
+    AIMenuMessage message{.d = {}, .menuItem = item->handle};
+    messenger_.send(*item->owner, kCallerAIMenu, kSelectorAIGoMenuItem, message.d);
+}
+
+} // namespace easel::session

@@ -1,0 +1,50 @@
+// What the user does besides moving the mouse: keys, the choice of a tool, of a menu item.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "session/frame/Menus.h"
+#include "session/frame/Screen.h"
+#include "session/frame/Toolbox.h"
+#include "session/input/Monitors.h"
+#include "session/input/Pointer.h"
+
+namespace easel::session {
+
+class Input {
+  public:
+    Input(const Plugins& plugins, Messenger& messenger, Toolbox& toolbox, const Menus& menus, Screen& screen,
+          Monitors& monitors, Pointer& pointer)
+        : plugins_(plugins),
+          messenger_(messenger),
+          toolbox_(toolbox),
+          menus_(menus),
+          screen_(screen),
+          monitors_(monitors),
+          pointer_(pointer) {}
+
+    /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
+    /// gesture, and the brackets ask the current tool for another diameter.
+    void pressKey(std::int32_t code, Modifiers modifiers);
+
+    /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
+    void selectTool(Tool& tool);
+    void editTool(Tool& tool); ///< double-click on the tool
+
+    /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
+    void updateMenus();
+    /// Chooses the first item of this text. Cancels a gesture. Throws Error when there is none or it cannot be chosen.
+    void chooseMenu(const std::string& text);
+
+  private:
+    const Plugins& plugins_;
+    Messenger& messenger_;
+    Toolbox& toolbox_;
+    const Menus& menus_;
+    Screen& screen_;
+    Monitors& monitors_;
+    Pointer& pointer_;
+};
+
+} // namespace easel::session

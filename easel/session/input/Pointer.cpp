@@ -1,0 +1,123 @@
+// Gestures. The document's transaction opens with the press and closes with the release, so that messages in between
+// join it.
+#include "session/input/Pointer.h"
+
+#include <cmath>
+
+#include "hostapi/StageSuite.h"
+#include "session/base/Error.h"
+
+namespace easel::session {
+
+void Pointer::locate(model::Point location, Modifiers modifiers) {
+    held_.modifiers = modifiers;
+    rawLocation_ = location_ = location;
+    model::Document* const document = documents_.front();
+    const Tool* const tool = toolbox_.current();
+    if (document) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+}
+
+void Pointer::sendTo(Tool& tool, const char* selector, std::uint32_t flags) {
+    if (!tool.owner) return;
+    AIToolMessage message{.d = {},
+                          .tool = tool.handle,
+                          .cursor = {location_.x, location_.y},
+                          .modifiers = held_.modifiers,
+                          .flags = flags};
+    messenger_.send(*tool.owner, kCallerAITool, selector, message.d);
+    if (std::isfinite(message.cursor.h) && std::isfinite(message.cursor.v))
+        location_ = {message.cursor.h, message.cursor.v};
+}
+
+void Pointer::send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags) {
+    Tool* const tool = toolbox_.find(tool_);
+    if (!tool) return;
+    if (tool->builtin)
+        (*tool->builtin.*handler)(*documents_.front(), location_, held_.modifiers);
+    else
+        sendTo(*tool, selector, flags);
+}
+
+void Pointer::requirePressed() const {
+    if (!held_.button) throw Error("no mouse button is down");
+}
+
+void Pointer::requireReleased() const {
+    if (held_.button) throw Error("the mouse button is down already");
+}
+
+void Pointer::move(model::Point location, Modifiers modifiers) {
+    if (held_.button) throw Error("the mouse button is down; a move is a drag");
+    locate(location, modifiers);
+    Tool& tool = *toolbox_.current();
+    if (tool.options & kToolWantsToTrackCursorOption) sendTo(tool, kSelectorAITrackToolCursor);
+}
+
+void Pointer::press(model::Point location, Modifiers modifiers) {
+    requireReleased();
+    model::Document& document = documents_.needFront();
+    locate(location, modifiers);
+    monitors_.notify(kSelectorStageMousePressed, kStageLeftButton);
+    // A plug-in that heard of it may have pressed the button itself, or clicked elsewhere.
+    requireReleased();
+    locate(location, modifiers);
+    held_.button = true;
+    takenBack_ = false;
+    const Tool& tool = *toolbox_.current();
+    tool_ = tool.handle;
+    buffered_ = (tool.options & kToolWantsBufferedDraggingOption) != 0;
+    messenger_.batch([&] {
+        document.journal().begin();
+        send(kSelectorAIToolMouseDown, &BuiltinTool::press);
+        if (buffered_) document.journal().mark();
+    });
+}
+
+void Pointer::drag(model::Point location, Modifiers modifiers) {
+    requirePressed();
+    if (buffered_) documents_.front()->journal().rollBackToMark();
+    locate(location, modifiers);
+    send(kSelectorAIToolMouseDrag, &BuiltinTool::drag);
+}
+
+void Pointer::release(model::Point location, Modifiers modifiers) {
+    requirePressed();
+    model::Journal& journal = documents_.front()->journal();
+    if (buffered_) journal.rollBackToMark();
+    locate(location, modifiers);
+    messenger_.batch([&] {
+        held_.button = false;
+        send(kSelectorAIToolMouseUp, &BuiltinTool::release);
+        if (buffered_) journal.dropMark();
+        journal.end();
+    });
+}
+
+void Pointer::rightClick(model::Point location, Modifiers modifiers) {
+    if (!held_.button) locate(location, modifiers); // a gesture goes on where it was
+    monitors_.notify(kSelectorStageMousePressed, kStageRightButton);
+}
+
+void Pointer::cancel() {
+    if (!held_.button) return;
+    messenger_.batch([&] {
+        held_.button = false;
+        takenBack_ = true;
+        if (buffered_) documents_.front()->journal().rollBackToMark();
+        // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
+        send(kSelectorAIToolMouseUp, &BuiltinTool::release, kAIGestureTakenBack);
+        documents_.front()->journal().abandon();
+    });
+}
+
+void Pointer::post(const char* name, Handler handler, model::Point place) {
+    messenger_.defer([this, name, handler, place] {
+        try {
+            (this->*handler)(documents_.needFront().fromScreen(place), held_.modifiers);
+        } catch (const Error& error) {
+            reports_.add(Blame::Plugin, std::string("a posted ") + name + " of the mouse was dropped: " + error.what());
+        }
+    });
+}
+
+} // namespace easel::session

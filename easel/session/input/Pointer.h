@@ -1,0 +1,80 @@
+// Mouse and modifier keys: turns what the user does into tool messages, snaps the location, and runs a
+// gesture from press to release with its roll-backs. One gesture is one undo step.
+#pragma once
+
+#include <cstdint>
+
+#include "hostapi/AIToolSuite.h"
+#include "model/Types.h"
+#include "session/documents/Documents.h"
+#include "session/frame/Toolbox.h"
+#include "session/input/Monitors.h"
+#include "session/input/Snapping.h"
+
+namespace easel::session {
+
+class Pointer {
+  public:
+    Pointer(Documents& documents, Toolbox& toolbox, Messenger& messenger, Monitors& monitors, Reports& reports,
+            Held& held)
+        : documents_(documents),
+          toolbox_(toolbox),
+          messenger_(messenger),
+          monitors_(monitors),
+          reports_(reports),
+          held_(held) {}
+
+    /// Each throws Error when the state does not allow it: a drag with no button down, a press with no document.
+    void move(model::Point location, Modifiers modifiers);
+    void press(model::Point location, Modifiers modifiers);
+    void drag(model::Point location, Modifiers modifiers);
+    void release(model::Point location, Modifiers modifiers);
+    /// A click with the right button. Tools do not hear of it, monitors do.
+    void rightClick(model::Point location, Modifiers modifiers);
+    /// Ends a running gesture with its mouse-up and puts the document back to before the press.
+    void cancel();
+
+    /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
+    /// What cannot be is dropped with a report.
+    void postPress(model::Point place) { post("press", &Pointer::press, place); }
+    void postRelease(model::Point place) { post("release", &Pointer::release, place); }
+
+    [[nodiscard]] bool pressed() const { return held_.button; }
+    /// Whether the last gesture was cancelled; false from the next press on.
+    [[nodiscard]] bool takenBack() const { return takenBack_; }
+    /// After snapping, and where the tool holds it.
+    [[nodiscard]] model::Point location() const { return location_; }
+    [[nodiscard]] model::Point rawLocation() const { return rawLocation_; } ///< before snapping
+    void setModifiers(Modifiers modifiers) { held_.modifiers = modifiers; }
+    [[nodiscard]] Modifiers modifiers() const { return held_.modifiers; }
+
+    /// Sends the tool's plug-in, if it has one, a message with the location and the modifiers. The pointer is from then
+    /// on where the tool holds it; a location that is none is not taken.
+    void sendTo(Tool& tool, const char* selector, std::uint32_t flags = 0);
+
+    Snapping snapping;
+
+  private:
+    using Handler = void (Pointer::*)(model::Point, Modifiers);
+
+    void locate(model::Point location, Modifiers modifiers);
+    void post(const char* name, Handler handler, model::Point place);
+    /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
+    void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);
+    void requirePressed() const;
+    void requireReleased() const;
+
+    Documents& documents_;
+    Toolbox& toolbox_;
+    Messenger& messenger_;
+    Monitors& monitors_;
+    Reports& reports_;
+    Held& held_;
+    bool takenBack_ = false;
+    AIToolHandle tool_ = nullptr; ///< of the gesture
+    bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
+    model::Point location_;
+    model::Point rawLocation_;
+};
+
+} // namespace easel::session

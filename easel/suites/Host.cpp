@@ -1,0 +1,24 @@
+// Which part of the session is which.
+#include "suites/Host.h"
+
+#include "session/app/Session.h"
+
+namespace easel::suites {
+
+template <> session::Annotations& host() { return session::Session::current().annotations; }
+template <> session::Documents& host() { return session::Session::current().documents; }
+template <> session::Input& host() { return session::Session::current().input; }
+template <> session::Memory& host() { return session::Session::current().memory; }
+template <> session::Menus& host() { return session::Session::current().menus; }
+template <> session::Messenger& host() { return session::Session::current().messenger; }
+template <> session::Notifiers& host() { return session::Session::current().notifiers; }
+template <> session::PluginGroups& host() { return session::Session::current().pluginGroups; }
+template <> session::Plugins& host() { return session::Session::current().plugins; }
+template <> session::Pointer& host() { return session::Session::current().pointer; }
+template <> session::Reports& host() { return session::Session::current().reports; }
+template <> session::Screen& host() { return session::Session::current().screen; }
+template <> session::Tables& host() { return session::Session::current().tables; }
+template <> session::Timers& host() { return session::Session::current().timers; }
+template <> session::Toolbox& host() { return session::Session::current().toolbox; }
+
+} // namespace easel::suites
