@@ -5,6 +5,7 @@
 #include "core/app/Plugin.h"
 #include "core/frame/Tool.h"
 #include "session/app/Session.h"
+#include "suites/Tables.h"
 #include "tool/Plugin.h"
 
 extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
@@ -27,8 +28,10 @@ struct Stage {
         session.start();
         session.newDocument(800, 600);
         session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
-        head = {
-            .SPCheck = kSPValidMessageData, .self = plugin.handle, .globals = nullptr, .basic = &session.tables.basic};
+        head = {.SPCheck = kSPValidMessageData,
+                .self = plugin.handle,
+                .globals = nullptr,
+                .basic = &suites::Tables::of(*session.suites).basicSuite};
     }
 };
 

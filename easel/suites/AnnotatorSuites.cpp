@@ -1,9 +1,10 @@
 // The annotator and annotator drawer suites on the session's annotations.
 #include <cmath>
 
+#include "hostapi/AIAnnotatorDrawerSuite.h"
+#include "hostapi/AIAnnotatorSuite.h"
 #include "session/frame/Annotations.h"
-#include "suites/Suites.h"
-#include "suites/Thunk.h"
+#include "suites/Enter.h"
 
 namespace easel::suites {
 
@@ -21,28 +22,16 @@ template <> struct Argument<session::Drawing&> {
 namespace {
 
 using model::Mark;
+using session::Annotations;
 using session::Annotator;
 using session::Drawing;
 
-session::Annotations& annotations() { return host<session::Annotations>(); }
+Annotations& annotations() { return host<Annotations>(); }
 
 model::Point point(const AIRealPoint& host) {
     require(std::isfinite(host.h) && std::isfinite(host.v));
     return {host.h, host.v};
 }
-
-// Annotators
-
-void addAnnotator(session::Plugin& self, std::string_view name, AIAnnotatorHandle& annotator) {
-    annotator = annotations().add(self, name).handle;
-}
-
-void removeAnnotator(Annotator& annotator) { annotations().remove(annotator); }
-void getName(Annotator& annotator, const char*& name) { name = annotator.name.c_str(); }
-void getActive(Annotator& annotator, AIBoolean& active) { active = annotator.active; }
-void setActive(Annotator& annotator, AIBoolean active) { session::Annotations::setActive(annotator, active != 0); }
-void getOptions(Annotator& annotator, std::int32_t& options) { options = annotator.options; }
-void setOptions(Annotator& annotator, std::int32_t options) { annotator.options = options; }
 
 void invalidate(AIDocumentViewHandle view, const AIRealRect* rect) {
     // Besides the view in front the one that was drawn last counts: its marks are kept until another is drawn. Any
@@ -89,13 +78,10 @@ void setFontSize(Drawing& drawing, AIReal size) {
 
 // Marks
 
-void add(Drawing& drawing, Mark::Kind kind, std::vector<model::Point> points, AIBoolean filled = 0,
+void add(Drawing& drawing, Mark::Kind kind, std::vector<model::Point> points, bool filled = false,
          std::string_view text = {}) {
-    drawing.marks.push_back({.kind = kind,
-                             .points = std::move(points),
-                             .pen = drawing.pen,
-                             .filled = filled != 0,
-                             .text = std::string(text)});
+    drawing.marks.push_back(
+        {.kind = kind, .points = std::move(points), .pen = drawing.pen, .filled = filled, .text = std::string(text)});
 }
 
 std::vector<model::Point> corners(const AIRealRect& rect) {
@@ -106,15 +92,15 @@ void drawLine(Drawing& drawing, const AIRealPoint& from, const AIRealPoint& to) 
     add(drawing, Mark::Kind::Line, {point(from), point(to)});
 }
 
-void drawRect(Drawing& drawing, const AIRealRect& rect, AIBoolean filled) {
+void drawRect(Drawing& drawing, const AIRealRect& rect, bool filled) {
     add(drawing, Mark::Kind::Rectangle, corners(rect), filled);
 }
 
-void drawEllipse(Drawing& drawing, const AIRealRect& bounds, AIBoolean filled) {
+void drawEllipse(Drawing& drawing, const AIRealRect& bounds, bool filled) {
     add(drawing, Mark::Kind::Ellipse, corners(bounds), filled);
 }
 
-void drawPolygon(Drawing& drawing, const AIRealPoint& first, std::int32_t count, AIBoolean filled) {
+void drawPolygon(Drawing& drawing, const AIRealPoint& first, std::int32_t count, bool filled) {
     require(count >= 2);
     std::vector<model::Point> points;
     points.reserve(static_cast<std::size_t>(count));
@@ -123,23 +109,24 @@ void drawPolygon(Drawing& drawing, const AIRealPoint& first, std::int32_t count,
 }
 
 void drawText(Drawing& drawing, std::string_view text, const AIRealPoint& position) {
-    add(drawing, Mark::Kind::Text, {point(position)}, 1, text);
+    add(drawing, Mark::Kind::Text, {point(position)}, true, text);
 }
 
 } // namespace
 
-void fill(AIAnnotatorSuite& suite) {
-    enter<&AIAnnotatorSuite::AddAnnotator, addAnnotator>(suite);
-    enter<&AIAnnotatorSuite::RemoveAnnotator, removeAnnotator>(suite);
-    enter<&AIAnnotatorSuite::GetAnnotatorName, getName>(suite);
-    enter<&AIAnnotatorSuite::GetAnnotatorActive, getActive>(suite);
-    enter<&AIAnnotatorSuite::SetAnnotatorActive, setActive>(suite);
-    enter<&AIAnnotatorSuite::GetAnnotatorOptions, getOptions>(suite);
-    enter<&AIAnnotatorSuite::SetAnnotatorOptions, setOptions>(suite);
+template <> void fill(AIAnnotatorSuite& suite) {
+    enter<&AIAnnotatorSuite::AddAnnotator, &Annotations::add>(suite);
+    enter<&AIAnnotatorSuite::RemoveAnnotator, &Annotations::remove>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorName, &Annotator::name>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorActive, &Annotator::active>(suite);
+    enter<&AIAnnotatorSuite::SetAnnotatorActive, &Annotations::setActive>(suite);
+    enter<&AIAnnotatorSuite::GetAnnotatorOptions, &Annotator::options>(suite);
+    enter<&AIAnnotatorSuite::SetAnnotatorOptions>(
+        suite, [](Annotator& annotator, std::int32_t options) { annotator.options = options; });
     enter<&AIAnnotatorSuite::InvalAnnotationRect, invalidate>(suite);
 }
 
-void fill(AIAnnotatorDrawerSuite& suite) {
+template <> void fill(AIAnnotatorDrawerSuite& suite) {
     enter<&AIAnnotatorDrawerSuite::SetColor, setColor>(suite);
     enter<&AIAnnotatorDrawerSuite::SetOpacity, setOpacity>(suite);
     enter<&AIAnnotatorDrawerSuite::SetLineWidth, setLineWidth>(suite);

@@ -1,9 +1,11 @@
 // The art, matching art and hit test suites on the document's tree.
-#include "session/frame/Memory.h"
-#include "suites/Suites.h"
-#include "suites/Thunk.h"
-
 #include <cmath>
+
+#include "hostapi/AIArtSuite.h"
+#include "hostapi/AIHitTestSuite.h"
+#include "hostapi/AIMatchingArtSuite.h"
+#include "session/frame/Memory.h"
+#include "suites/Enter.h"
 
 namespace easel::suites {
 
@@ -12,6 +14,7 @@ namespace {
 using model::Node;
 using model::NodeType;
 using model::Placement;
+using session::Memory;
 
 // Art
 
@@ -49,12 +52,12 @@ Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
     return {document, prep->node, kPlacements[paintOrder - kPlaceAbove]};
 }
 
-void newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep, AIArtHandle& art) {
+AIArtHandle newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep) {
     require(type == kGroupArt || type == kPathArt);
     const Place place = placeFor(paintOrder, prep);
     const Node& node =
         place.document.create(type == kPathArt ? NodeType::Path : NodeType::Group, place.placement, place.anchor);
-    art = artHandle(place.document, &node);
+    return artHandle(place.document, &node);
 }
 
 void disposeArt(Art art) {
@@ -62,23 +65,21 @@ void disposeArt(Art art) {
     art.document.remove(art.node);
 }
 
-void validArt(AIArtHandle handle, AIBoolean& valid) {
+bool validArt(AIArtHandle handle) {
     try {
         static_cast<void>(resolveArt(handle));
-        valid = 1;
+        return true;
     } catch (const HostError&) {
-        valid = 0;
+        return false;
     }
 }
 
-void getArtType(Art art, std::int16_t& type) { type = hostType(art.node); }
-
-void getAttributes(Art art, std::int32_t which, std::int32_t& attributes) {
+std::int32_t getAttributes(Art art, std::int32_t which) {
     const Node& node = art.node;
     const bool fully = node.type() == NodeType::Path ? node.allPointsSelected() : node.selected();
-    attributes =
-        which & ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) |
-                 (node.hidden() ? kArtHidden : 0) | (fully ? kArtFullySelected : 0) | (node.clip() ? kArtClipped : 0));
+    return which &
+           ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) | (node.hidden() ? kArtHidden : 0) |
+            (fully ? kArtFullySelected : 0) | (node.clip() ? kArtClipped : 0));
 }
 
 void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {
@@ -88,20 +89,15 @@ void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {
     if (which & kArtHidden) art.document.setHidden(art.node, (attributes & kArtHidden) != 0);
 }
 
-void getParent(Art art, AIArtHandle& parent) { parent = artHandle(art.document, visibleParent(art.node)); }
-void getFirstChild(Art art, AIArtHandle& child) { child = artHandle(art.document, art.node.firstChild()); }
+AIArtHandle getSibling(Art art) { return artHandle(art.document, visibleParent(art.node) ? art.node.next() : nullptr); }
 
-void getSibling(Art art, AIArtHandle& sibling) {
-    sibling = artHandle(art.document, visibleParent(art.node) ? art.node.next() : nullptr);
+AIArtHandle getPriorSibling(Art art) {
+    return artHandle(art.document, visibleParent(art.node) ? art.node.previous() : nullptr);
 }
 
-void getPriorSibling(Art art, AIArtHandle& sibling) {
-    sibling = artHandle(art.document, visibleParent(art.node) ? art.node.previous() : nullptr);
-}
-
-void getFirstArtOfLayer(std::optional<Layer> layer, AIArtHandle& group) {
+AIArtHandle getFirstArtOfLayer(std::optional<Layer> layer) {
     model::Document& document = layer ? layer->document : currentDocument();
-    group = artHandle(document, layer ? &layer->node : &document.currentLayer());
+    return artHandle(document, layer ? &layer->node : &document.currentLayer());
 }
 
 // Matching art
@@ -111,56 +107,52 @@ void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
     const std::vector<Node*> selected = document.selection();
     AIArtHandle** handle = nullptr;
     if (!selected.empty()) {
-        handle =
-            reinterpret_cast<AIArtHandle**>(host<session::Memory>().newHandle(selected.size() * sizeof(AIArtHandle)));
+        handle = reinterpret_cast<AIArtHandle**>(host<Memory>().newHandle(selected.size() * sizeof(AIArtHandle)));
         for (std::size_t i = 0; i < selected.size(); ++i) (*handle)[i] = artHandle(document, selected[i]);
     }
     list = handle;
     count = static_cast<std::int32_t>(selected.size());
 }
 
-void deselectAll() { currentDocument().deselectAll(); }
-
 // Hit test
 
-void hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance, std::int32_t request,
-             AIHitRecord& record) {
+AIHitRecord hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance, std::int32_t request) {
     require(std::isfinite(point.h) && std::isfinite(point.v) && tolerance >= 0);
     model::Document& document = art ? art->document : currentDocument();
     const model::Hit hit = document.hitTest(art ? art->node : document.root(), {point.h, point.v}, tolerance,
                                             static_cast<model::HitRequest>(request));
     static constexpr std::int32_t kTypes[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
                                               kAIOutHandleHit, kAISegmentHit, kAIFillHit};
-    record = {.type = kTypes[static_cast<int>(hit.kind)],
-              .art = artHandle(document, hit.node),
-              .point = {hit.point.x, hit.point.y},
-              .t = hit.t,
-              .segment = static_cast<std::int16_t>(hit.index),
-              .inGroup = hit.node && hit.node->parent()->type() != NodeType::Layer,
-              .textRange = nullptr};
+    return {.type = kTypes[static_cast<int>(hit.kind)],
+            .art = artHandle(document, hit.node),
+            .point = {hit.point.x, hit.point.y},
+            .t = hit.t,
+            .segment = static_cast<std::int16_t>(hit.index),
+            .inGroup = hit.node && hit.node->parent()->type() != NodeType::Layer,
+            .textRange = nullptr};
 }
 
 } // namespace
 
-void fill(AIArtSuite& suite) {
+template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::NewArt, newArt>(suite);
     enter<&AIArtSuite::DisposeArt, disposeArt>(suite);
     enter<&AIArtSuite::ValidArt, validArt>(suite);
-    enter<&AIArtSuite::GetArtType, getArtType>(suite);
+    enter<&AIArtSuite::GetArtType>(suite, [](Art art) { return hostType(art.node); });
     enter<&AIArtSuite::GetArtUserAttr, getAttributes>(suite);
     enter<&AIArtSuite::SetArtUserAttr, setAttributes>(suite);
-    enter<&AIArtSuite::GetArtParent, getParent>(suite);
-    enter<&AIArtSuite::GetArtFirstChild, getFirstChild>(suite);
+    enter<&AIArtSuite::GetArtParent>(suite, [](Art art) { return artHandle(art.document, visibleParent(art.node)); });
+    enter<&AIArtSuite::GetArtFirstChild>(suite, [](Art art) { return artHandle(art.document, art.node.firstChild()); });
     enter<&AIArtSuite::GetArtSibling, getSibling>(suite);
     enter<&AIArtSuite::GetArtPriorSibling, getPriorSibling>(suite);
     enter<&AIArtSuite::GetFirstArtOfLayer, getFirstArtOfLayer>(suite);
 }
 
-void fill(AIMatchingArtSuite& suite) {
+template <> void fill(AIMatchingArtSuite& suite) {
     enter<&AIMatchingArtSuite::GetSelectedArt, getSelectedArt>(suite);
-    enter<&AIMatchingArtSuite::DeselectAll, deselectAll>(suite);
+    enter<&AIMatchingArtSuite::DeselectAll>(suite, [] { currentDocument().deselectAll(); });
 }
 
-void fill(AIHitTestSuite& suite) { enter<&AIHitTestSuite::HitTest, hitTest>(suite); }
+template <> void fill(AIHitTestSuite& suite) { enter<&AIHitTestSuite::HitTest, hitTest>(suite); }
 
 } // namespace easel::suites

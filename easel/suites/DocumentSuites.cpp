@@ -1,62 +1,53 @@
 // The document, view, layer and undo suites on the document in front.
+#include "hostapi/AIDocumentSuite.h"
+#include "hostapi/AIDocumentViewSuite.h"
+#include "hostapi/AILayerSuite.h"
+#include "hostapi/AIUndoSuite.h"
 #include "model/Journal.h"
 #include "session/documents/Documents.h"
-#include "suites/Suites.h"
-#include "suites/Thunk.h"
+#include "suites/Enter.h"
 
 namespace easel::suites {
 
 namespace {
 
-// Document
+using model::Document;
+using session::Documents;
 
-void getDocument(AIDocumentHandle& handle) {
-    handle = session::makeHandle<AIDocumentHandle>(host<session::Documents>().numberOf(currentDocument()), 1, 0);
+AIDocumentHandle getDocument() {
+    return session::makeHandle<AIDocumentHandle>(host<Documents>().numberOf(currentDocument()), 1, 0);
 }
 
 // Views; a document has one
 
-void countViews(std::int32_t& count) {
+std::int32_t countViews() {
     static_cast<void>(currentDocument());
-    count = 1;
+    return 1;
 }
 
-void getNthView(std::int32_t index, AIDocumentViewHandle& view) {
+AIDocumentViewHandle getNthView(std::int32_t index) {
     require(index == 0);
-    view = host<session::Documents>().viewOf(currentDocument());
+    return host<Documents>().viewOf(currentDocument());
 }
 
-void getBounds(AIDocumentViewHandle view, AIRealRect& bounds) {
-    const model::Box box = documentOfView(view).visibleBox();
-    bounds = {box.left, box.top, box.right, box.bottom};
+AIRealRect getBounds(Document& document) {
+    const model::Box box = document.visibleBox();
+    return {box.left, box.top, box.right, box.bottom};
 }
-
-void getZoom(AIDocumentViewHandle view, AIReal& zoom) { zoom = documentOfView(view).view.zoom; }
 
 // Layers
 
-void countLayers(std::int32_t& count) { count = static_cast<std::int32_t>(currentDocument().layerCount()); }
-
-void getNthLayer(std::int32_t index, AILayerHandle& layer) {
-    model::Document& document = currentDocument();
+AILayerHandle getNthLayer(std::int32_t index) {
+    Document& document = currentDocument();
     const model::Node* node = index < 0 ? nullptr : document.layerAt(static_cast<std::size_t>(index));
     require(node);
-    layer = layerHandle(document, node);
+    return layerHandle(document, node);
 }
 
-void getNextLayer(Layer layer, AILayerHandle& next) { next = layerHandle(layer.document, layer.node.next()); }
-
-void getCurrentLayer(AILayerHandle& layer) {
-    model::Document& document = currentDocument();
-    layer = layerHandle(document, &document.currentLayer());
+AILayerHandle getCurrentLayer() {
+    Document& document = currentDocument();
+    return layerHandle(document, &document.currentLayer());
 }
-
-void setCurrentLayer(Layer layer) { layer.document.setCurrentLayer(layer.node); }
-void getTitle(Layer layer, const char*& title) { title = layer.node.name().c_str(); }
-void getVisible(Layer layer, AIBoolean& visible) { visible = !layer.node.hidden(); }
-void getEditable(Layer layer, AIBoolean& editable) { editable = !layer.node.locked(); }
-void hasSelectedArt(Layer layer, AIBoolean& any) { any = layer.document.hasSelection(layer.node); }
-void deselectArt(Layer layer) { layer.document.deselectAll(layer.node); }
 
 // Undo
 
@@ -67,35 +58,33 @@ void setKind(std::int32_t kind) {
     currentDocument().journal().setKind(kKinds[kind]);
 }
 
-void undoChanges() { currentDocument().journal().rollBackTransaction(); }
-
 } // namespace
 
-void fill(AIDocumentSuite& suite) { enter<&AIDocumentSuite::GetDocument, getDocument>(suite); }
+template <> void fill(AIDocumentSuite& suite) { enter<&AIDocumentSuite::GetDocument, getDocument>(suite); }
 
-void fill(AIDocumentViewSuite& suite) {
+template <> void fill(AIDocumentViewSuite& suite) {
     enter<&AIDocumentViewSuite::CountDocumentViews, countViews>(suite);
     enter<&AIDocumentViewSuite::GetNthDocumentView, getNthView>(suite);
     enter<&AIDocumentViewSuite::GetDocumentViewBounds, getBounds>(suite);
-    enter<&AIDocumentViewSuite::GetDocumentViewZoom, getZoom>(suite);
+    enter<&AIDocumentViewSuite::GetDocumentViewZoom>(suite, [](Document& document) { return document.view.zoom; });
 }
 
-void fill(AILayerSuite& suite) {
-    enter<&AILayerSuite::CountLayers, countLayers>(suite);
+template <> void fill(AILayerSuite& suite) {
+    enter<&AILayerSuite::CountLayers>(suite, [] { return currentDocument().layerCount(); });
     enter<&AILayerSuite::GetNthLayer, getNthLayer>(suite);
-    enter<&AILayerSuite::GetNextLayer, getNextLayer>(suite);
+    enter<&AILayerSuite::GetNextLayer>(suite, [](Layer l) { return layerHandle(l.document, l.node.next()); });
     enter<&AILayerSuite::GetCurrentLayer, getCurrentLayer>(suite);
-    enter<&AILayerSuite::SetCurrentLayer, setCurrentLayer>(suite);
-    enter<&AILayerSuite::GetLayerTitle, getTitle>(suite);
-    enter<&AILayerSuite::GetLayerVisible, getVisible>(suite);
-    enter<&AILayerSuite::GetLayerEditable, getEditable>(suite);
-    enter<&AILayerSuite::LayerHasSelectedArt, hasSelectedArt>(suite);
-    enter<&AILayerSuite::DeselectLayerArt, deselectArt>(suite);
+    enter<&AILayerSuite::SetCurrentLayer>(suite, [](Layer l) { l.document.setCurrentLayer(l.node); });
+    enter<&AILayerSuite::GetLayerTitle>(suite, [](Layer l) { return l.node.name().c_str(); });
+    enter<&AILayerSuite::GetLayerVisible>(suite, [](Layer l) { return !l.node.hidden(); });
+    enter<&AILayerSuite::GetLayerEditable>(suite, [](Layer l) { return !l.node.locked(); });
+    enter<&AILayerSuite::LayerHasSelectedArt>(suite, [](Layer l) { return l.document.hasSelection(l.node); });
+    enter<&AILayerSuite::DeselectLayerArt>(suite, [](Layer l) { l.document.deselectAll(l.node); });
 }
 
-void fill(AIUndoSuite& suite) {
+template <> void fill(AIUndoSuite& suite) {
     enter<&AIUndoSuite::SetKind, setKind>(suite);
-    enter<&AIUndoSuite::UndoChanges, undoChanges>(suite);
+    enter<&AIUndoSuite::UndoChanges>(suite, [] { currentDocument().journal().rollBackTransaction(); });
 }
 
 } // namespace easel::suites

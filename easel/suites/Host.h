@@ -16,9 +16,9 @@ class PluginGroups;
 class Plugins;
 class Pointer;
 class Screen;
+class Suites;
 class Timers;
 class Toolbox;
-struct Tables;
 } // namespace easel::session
 
 namespace easel::suites {
@@ -37,7 +37,7 @@ template <> session::Plugins& host();
 template <> session::Pointer& host();
 template <> session::Reports& host();
 template <> session::Screen& host();
-template <> session::Tables& host();
+template <> session::Suites& host();
 template <> session::Timers& host();
 template <> session::Toolbox& host();
 

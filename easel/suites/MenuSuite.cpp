@@ -1,110 +1,69 @@
 // The menu suite on the session's menus.
+#include "hostapi/AIMenuSuite.h"
 #include "session/frame/Menus.h"
-#include "suites/Suites.h"
-#include "suites/Thunk.h"
+#include "suites/Enter.h"
 
 namespace easel::suites {
-
-template <> struct Argument<session::MenuGroup&> {
-    static session::MenuGroup& from(AIMenuGroup handle) { return found(host<session::Menus>().find(handle)); }
-};
-template <> struct Argument<session::MenuItem&> {
-    static session::MenuItem& from(AIMenuItemHandle handle) { return found(host<session::Menus>().find(handle)); }
-};
-
-namespace {
 
 using session::MenuChild;
 using session::MenuGroup;
 using session::MenuItem;
 using session::Menus;
 
-Menus& menus() { return host<Menus>(); }
+template <> struct Argument<MenuGroup&> {
+    static MenuGroup& from(AIMenuGroup handle) { return found(host<Menus>().find(handle)); }
+};
+template <> struct Argument<MenuItem&> {
+    static MenuItem& from(AIMenuItemHandle handle) { return found(host<Menus>().find(handle)); }
+};
+
+namespace {
 
 template <class T> const T& at(const std::vector<T>& list, std::int32_t index) {
     require(index >= 0 && static_cast<std::size_t>(index) < list.size());
     return list[static_cast<std::size_t>(index)];
 }
 
-AIMenuGroup handleOf(const MenuGroup* group) { return group ? group->handle : nullptr; }
-AIMenuItemHandle handleOf(const MenuItem* item) { return item ? item->handle : nullptr; }
-
-// Groups
-
-void countGroups(std::int32_t& count) { count = static_cast<std::int32_t>(menus().groups().size()); }
-void getNthGroup(std::int32_t index, AIMenuGroup& group) { group = at(menus().groups(), index)->handle; }
-
-void addGroup(session::Plugin& self, std::string_view name, std::string_view text, std::string_view nearGroup,
-              std::int32_t options, AIMenuGroup& group) {
-    group = menus().addGroup(self, name, text, nearGroup, options).handle;
-}
-
-void removeGroup(MenuGroup& group) { menus().removeGroup(group); }
-void getGroupName(MenuGroup& group, const char*& name) { name = group.name.c_str(); }
-void getGroupText(MenuGroup& group, const char*& text) { text = group.text.c_str(); }
-void setGroupText(MenuGroup& group, std::string_view text) { menus().setText(group, text); }
-void getGroupEnabled(MenuGroup& group, AIBoolean& enabled) { enabled = group.enabled; }
-void setGroupEnabled(MenuGroup& group, AIBoolean enabled) { menus().setEnabled(group, enabled != 0); }
-void getGroupOptions(MenuGroup& group, std::int32_t& options) { options = group.options; }
-void setGroupOptions(MenuGroup& group, std::int32_t options) { menus().setOptions(group, options); }
-void getGroupParent(MenuGroup& group, AIMenuGroup& parent) { parent = handleOf(group.parent); }
-void getGroupItem(MenuGroup& group, AIMenuItemHandle& item) { item = handleOf(group.opener); }
-
-void countChildren(MenuGroup& group, std::int32_t& count) { count = static_cast<std::int32_t>(group.children.size()); }
-
 void getNthChild(MenuGroup& group, std::int32_t index, AIMenuItemHandle& item, AIMenuGroup& child) {
     const MenuChild& found = at(group.children, index);
-    item = handleOf(found.item);
-    child = handleOf(found.group);
+    returnTo(item, found.item);
+    returnTo(child, found.group);
 }
-
-// Items
-
-void addItem(session::Plugin& self, std::string_view group, std::string_view text, std::int32_t options,
-             AIMenuItemHandle& item) {
-    item = menus().addItem(self, group, text, options).handle;
-}
-
-void removeItem(MenuItem& item) { menus().removeItem(item); }
-void getText(MenuItem& item, const char*& text) { text = item.text.c_str(); }
-void setText(MenuItem& item, std::string_view text) { menus().setText(item, text); }
-void getEnabled(MenuItem& item, AIBoolean& enabled) { enabled = item.enabled; }
-void setEnabled(MenuItem& item, AIBoolean enabled) { menus().setEnabled(item, enabled != 0); }
-void getChecked(MenuItem& item, AIBoolean& checked) { checked = item.checked; }
-void setChecked(MenuItem& item, AIBoolean checked) { menus().setChecked(item, checked != 0); }
-void getOptions(MenuItem& item, std::int32_t& options) { options = item.options; }
-void getGroup(MenuItem& item, AIMenuGroup& group) { group = item.group->handle; }
-void getSubGroup(MenuItem& item, AIMenuGroup& group) { group = handleOf(item.opens); }
 
 } // namespace
 
-void fill(AIMenuSuite& suite) {
-    enter<&AIMenuSuite::CountMenuGroups, countGroups>(suite);
-    enter<&AIMenuSuite::GetNthMenuGroup, getNthGroup>(suite);
-    enter<&AIMenuSuite::AddMenuGroup, addGroup>(suite);
-    enter<&AIMenuSuite::RemoveMenuGroup, removeGroup>(suite);
-    enter<&AIMenuSuite::GetMenuGroupName, getGroupName>(suite);
-    enter<&AIMenuSuite::GetMenuGroupText, getGroupText>(suite);
-    enter<&AIMenuSuite::SetMenuGroupText, setGroupText>(suite);
-    enter<&AIMenuSuite::GetMenuGroupEnabled, getGroupEnabled>(suite);
-    enter<&AIMenuSuite::SetMenuGroupEnabled, setGroupEnabled>(suite);
-    enter<&AIMenuSuite::GetMenuGroupOptions, getGroupOptions>(suite);
-    enter<&AIMenuSuite::SetMenuGroupOptions, setGroupOptions>(suite);
-    enter<&AIMenuSuite::GetMenuGroupParent, getGroupParent>(suite);
-    enter<&AIMenuSuite::GetMenuGroupItem, getGroupItem>(suite);
-    enter<&AIMenuSuite::CountMenuGroupChildren, countChildren>(suite);
+template <> void fill(AIMenuSuite& suite) {
+    // Groups
+    enter<&AIMenuSuite::CountMenuGroups>(suite, [] { return host<Menus>().groups().size(); });
+    enter<&AIMenuSuite::GetNthMenuGroup>(suite, [](std::int32_t i) { return at(host<Menus>().groups(), i); });
+    enter<&AIMenuSuite::AddMenuGroup, &Menus::addGroup>(suite);
+    enter<&AIMenuSuite::RemoveMenuGroup, &Menus::removeGroup>(suite);
+    enter<&AIMenuSuite::GetMenuGroupName, &MenuGroup::name>(suite);
+    enter<&AIMenuSuite::GetMenuGroupText, &MenuGroup::text>(suite);
+    enter<&AIMenuSuite::SetMenuGroupText>(
+        suite, [](MenuGroup& of, std::string_view text) { host<Menus>().setText(of, text); });
+    enter<&AIMenuSuite::GetMenuGroupEnabled, &MenuGroup::enabled>(suite);
+    enter<&AIMenuSuite::SetMenuGroupEnabled>(suite, [](MenuGroup& of, bool on) { host<Menus>().setEnabled(of, on); });
+    enter<&AIMenuSuite::GetMenuGroupOptions, &MenuGroup::options>(suite);
+    enter<&AIMenuSuite::SetMenuGroupOptions, &Menus::setOptions>(suite);
+    enter<&AIMenuSuite::GetMenuGroupParent, &MenuGroup::parent>(suite);
+    enter<&AIMenuSuite::GetMenuGroupItem, &MenuGroup::opener>(suite);
+    enter<&AIMenuSuite::CountMenuGroupChildren>(suite, [](MenuGroup& group) { return group.children.size(); });
     enter<&AIMenuSuite::GetNthMenuGroupChild, getNthChild>(suite);
-    enter<&AIMenuSuite::AddMenuItem, addItem>(suite);
-    enter<&AIMenuSuite::RemoveMenuItem, removeItem>(suite);
-    enter<&AIMenuSuite::GetMenuItemText, getText>(suite);
-    enter<&AIMenuSuite::SetMenuItemText, setText>(suite);
-    enter<&AIMenuSuite::GetMenuItemEnabled, getEnabled>(suite);
-    enter<&AIMenuSuite::SetMenuItemEnabled, setEnabled>(suite);
-    enter<&AIMenuSuite::GetMenuItemChecked, getChecked>(suite);
-    enter<&AIMenuSuite::SetMenuItemChecked, setChecked>(suite);
-    enter<&AIMenuSuite::GetMenuItemOptions, getOptions>(suite);
-    enter<&AIMenuSuite::GetMenuItemGroup, getGroup>(suite);
-    enter<&AIMenuSuite::GetMenuItemSubGroup, getSubGroup>(suite);
+
+    // Items
+    enter<&AIMenuSuite::AddMenuItem, &Menus::addItem>(suite);
+    enter<&AIMenuSuite::RemoveMenuItem, &Menus::removeItem>(suite);
+    enter<&AIMenuSuite::GetMenuItemText, &MenuItem::text>(suite);
+    enter<&AIMenuSuite::SetMenuItemText>(suite,
+                                         [](MenuItem& of, std::string_view text) { host<Menus>().setText(of, text); });
+    enter<&AIMenuSuite::GetMenuItemEnabled, &MenuItem::enabled>(suite);
+    enter<&AIMenuSuite::SetMenuItemEnabled>(suite, [](MenuItem& of, bool on) { host<Menus>().setEnabled(of, on); });
+    enter<&AIMenuSuite::GetMenuItemChecked, &MenuItem::checked>(suite);
+    enter<&AIMenuSuite::SetMenuItemChecked, &Menus::setChecked>(suite);
+    enter<&AIMenuSuite::GetMenuItemOptions, &MenuItem::options>(suite);
+    enter<&AIMenuSuite::GetMenuItemGroup, &MenuItem::group>(suite);
+    enter<&AIMenuSuite::GetMenuItemSubGroup, &MenuItem::opens>(suite);
 }
 
 } // namespace easel::suites

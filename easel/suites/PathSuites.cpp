@@ -1,10 +1,12 @@
 // The path and path style suites on the paths of a document.
-#include "suites/Suites.h"
-#include "suites/Thunk.h"
-
 #include <cmath>
+#include <vector>
 
 #include <2geom/bezier-curve.h>
+
+#include "hostapi/AIPathStyleSuite.h"
+#include "hostapi/AIPathSuite.h"
+#include "suites/Enter.h"
 
 namespace easel::suites {
 
@@ -39,8 +41,6 @@ model::Point fromHost(AIRealPoint point) {
 
 // Points
 
-void getCount(PathArt path, std::int16_t& count) { count = path.count(); }
-
 void setCount(PathArt path, std::int16_t count) {
     require(count >= 0);
     path.document.setPointCount(path.node, static_cast<std::size_t>(count));
@@ -65,10 +65,6 @@ void setSegments(PathArt path, std::int16_t index, std::int16_t count, const AIP
     path.document.setPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
 }
 
-void getClosed(PathArt path, AIBoolean& closed) { closed = path.data().closed; }
-void setClosed(PathArt path, AIBoolean closed) { path.document.setClosed(path.node, closed != 0); }
-void reversePath(PathArt path) { path.document.reverse(path.node); }
-
 void getLength(PathArt path, AIReal& length, AIReal flatness) {
     require(flatness > 0);
     const std::vector<PathPoint>& points = path.data().points;
@@ -86,10 +82,10 @@ void getLength(PathArt path, AIReal& length, AIReal flatness) {
 
 // Style
 
-void getStyle(PathArt path, AIPathStyle& out) {
+AIPathStyle getStyle(PathArt path) {
     const model::Style& style = path.node.style();
     const auto color = [](const model::Color& c) { return AIColor{c.red, c.green, c.blue}; };
-    AIPathStyle answer{.fillPaint = style.fill,
+    AIPathStyle result{.fillPaint = style.fill,
                        .strokePaint = style.stroke,
                        .fillColor = color(style.fillColor),
                        .strokeColor = color(style.strokeColor),
@@ -98,8 +94,8 @@ void getStyle(PathArt path, AIPathStyle& out) {
                        .cap = static_cast<std::int16_t>(style.cap),
                        .join = static_cast<std::int16_t>(style.join),
                        .dash = {.length = style.dashCount, .offset = style.dashOffset, .array = {}}};
-    std::copy(style.dashes.begin(), style.dashes.end(), answer.dash.array);
-    out = answer;
+    std::copy(style.dashes.begin(), style.dashes.end(), result.dash.array);
+    return result;
 }
 
 void setStyle(PathArt path, const AIPathStyle& in) {
@@ -130,18 +126,18 @@ void setStyle(PathArt path, const AIPathStyle& in) {
 
 } // namespace
 
-void fill(AIPathSuite& suite) {
-    enter<&AIPathSuite::GetPathSegmentCount, getCount>(suite);
+template <> void fill(AIPathSuite& suite) {
+    enter<&AIPathSuite::GetPathSegmentCount>(suite, [](PathArt path) { return path.count(); });
     enter<&AIPathSuite::SetPathSegmentCount, setCount>(suite);
     enter<&AIPathSuite::GetPathSegments, getSegments>(suite);
     enter<&AIPathSuite::SetPathSegments, setSegments>(suite);
-    enter<&AIPathSuite::GetPathClosed, getClosed>(suite);
-    enter<&AIPathSuite::SetPathClosed, setClosed>(suite);
-    enter<&AIPathSuite::ReversePathSegments, reversePath>(suite);
+    enter<&AIPathSuite::GetPathClosed>(suite, [](PathArt path) { return path.data().closed; });
+    enter<&AIPathSuite::SetPathClosed>(suite, [](PathArt path, bool on) { path.document.setClosed(path.node, on); });
+    enter<&AIPathSuite::ReversePathSegments>(suite, [](PathArt path) { path.document.reverse(path.node); });
     enter<&AIPathSuite::GetPathLength, getLength>(suite);
 }
 
-void fill(AIPathStyleSuite& suite) {
+template <> void fill(AIPathStyleSuite& suite) {
     enter<&AIPathStyleSuite::GetPathStyle, getStyle>(suite);
     enter<&AIPathStyleSuite::SetPathStyle, setStyle>(suite);
 }

@@ -472,7 +472,7 @@ TEST_F(Facade, HitDataSearchesAClipGroupThroughItsMask) {
 TEST_F(Facade, HitDataOfTextHasItsRangeAndNoIndices) {
     static int range = 0;
     static const auto text = reinterpret_cast<AITextRangeRef>(&range);
-    auto& entry = desk.tables().hitTest.table.HitTest;
+    auto& entry = desk.tables().get<AIHitTestSuite>().HitTest;
     desk.inMessage([&] {
         entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
             *record = {};

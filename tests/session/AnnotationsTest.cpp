@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "session/app/Session.h"
+#include "suites/Tables.h"
 
 namespace {
 
@@ -42,9 +43,10 @@ class Annotations : public testing::Test {
         session.annotations.update();
         return got;
     }
-    [[nodiscard]] const AIAnnotatorDrawerSuite& drawer() { return session.tables.annotatorDrawer.table; }
+    [[nodiscard]] const AIAnnotatorDrawerSuite& drawer() { return tables.get<AIAnnotatorDrawerSuite>(); }
 
     Session session;
+    easel::suites::Tables& tables = easel::suites::Tables::of(*session.suites);
     Plugin& plugin = session.plugins.attach("Test", entry);
     Annotator& one = session.annotations.add(plugin, "one");
 };
@@ -69,7 +71,7 @@ TEST_F(Annotations, AreDrawnWhenSomethingIsInvalid) {
     EXPECT_THAT(update(), ElementsAre("invalidate one"));
     whenInvalidating = [&](const AIAnnotatorMessage& message) {
         const AIRealRect place{110, 60, 100, 50}; // corners in any order
-        EXPECT_EQ(session.tables.annotator.table.InvalAnnotationRect(message.view, &place), kNoErr);
+        EXPECT_EQ(tables.get<AIAnnotatorSuite>().InvalAnnotationRect(message.view, &place), kNoErr);
     };
     session.document()->view = {.zoom = 2, .center = {150, 100}};
     const auto draw = whenDrawing;
@@ -141,10 +143,10 @@ TEST_F(Annotations, ChangeNeitherTheDocumentNorItsHistory) {
         ++tries;
         AIArtHandle art = nullptr;
         AILayerHandle layer = nullptr;
-        EXPECT_EQ(session.tables.art.table.NewArt(kPathArt, kPlaceAboveAll, nullptr, &art), kRefusedErr);
-        EXPECT_EQ(session.tables.layer.table.GetNthLayer(1, &layer), kNoErr);
-        EXPECT_EQ(session.tables.layer.table.SetCurrentLayer(layer), kRefusedErr);
-        EXPECT_EQ(session.tables.undo.table.SetKind(kAISilentUndoContext), kRefusedErr);
+        EXPECT_EQ(tables.get<AIArtSuite>().NewArt(kPathArt, kPlaceAboveAll, nullptr, &art), kRefusedErr);
+        EXPECT_EQ(tables.get<AILayerSuite>().GetNthLayer(1, &layer), kNoErr);
+        EXPECT_EQ(tables.get<AILayerSuite>().SetCurrentLayer(layer), kRefusedErr);
+        EXPECT_EQ(tables.get<AIUndoSuite>().SetKind(kAISilentUndoContext), kRefusedErr);
         session.annotations.update(); // is going on already
     };
     // Also in the middle of a gesture, to whose step messages belong.
@@ -173,7 +175,7 @@ TEST_F(Annotations, AreDrawnWithGoodNumbersInTheContextOfTheMessageOnly) {
             draw.SetLineDash(kept, -1),         draw.SetFontSize(kept, NAN),
             draw.DrawLine(kept, &at, &nowhere), draw.DrawRect(kept, &endless, 1),
             draw.DrawEllipse(kept, nullptr, 1), draw.DrawPolygon(kept, &at, 1, 0),
-            draw.DrawText(kept, nullptr, &at),  session.tables.annotator.table.InvalAnnotationRect(nullptr, &endless)};
+            draw.DrawText(kept, nullptr, &at),  tables.get<AIAnnotatorSuite>().InvalAnnotationRect(nullptr, &endless)};
         EXPECT_THAT(errors, testing::Each(kBadParameterErr));
     };
     update();

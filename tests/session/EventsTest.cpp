@@ -6,6 +6,7 @@
 
 #include "places/Places.h"
 #include "session/app/Session.h"
+#include "suites/Tables.h"
 #include "support/Drawing.h"
 
 namespace {
@@ -39,7 +40,7 @@ SPErr hear(const char* caller, const char* selector, void* message) {
         if (hearing->whenTold) hearing->whenTold(type);
     }
     if (selector != std::string(kSPInterfaceStartupSelector)) return kNoErr;
-    auto& suite = session::Session::current().tables.notifier.table;
+    auto& suite = suites::Tables::of(*session::Session::current().suites).get<AINotifierSuite>();
     for (const std::string& type : allTypes()) {
         AINotifierHandle handle = nullptr;
         EXPECT_EQ(suite.AddNotifier(head.self, "hear", type.c_str(), &handle), kNoErr);
@@ -153,7 +154,7 @@ TEST_F(EventsTest, TellOfAGestureWhenItIsOver) {
 }
 
 TEST_F(EventsTest, TellOfToolsAndMenus) {
-    const auto& tools = session.tables.tool.table;
+    const auto& tools = suites::Tables::of(*session.suites).get<AIToolSuite>();
     AIToolHandle tool = nullptr;
     const auto inMessage = [&](const std::function<void()>& work) {
         own.heard.clear();
@@ -180,7 +181,7 @@ TEST_F(EventsTest, TellOfToolsAndMenus) {
     EXPECT_THAT(inMessage([&] { tools.RemoveTool(tool); }),
                 ElementsAre(kAIToolDeselectedNotifier, kAIToolSelectedNotifier, kAIUserToolChangedNotifier,
                             kAIToolWindowChangedNotifier));
-    const auto& menus = session.tables.menu.table;
+    const auto& menus = suites::Tables::of(*session.suites).get<AIMenuSuite>();
     AIMenuItemHandle item = nullptr;
     EXPECT_THAT(inMessage([&] { menus.AddMenuItem(plugin.handle, "Edit", "Item", 0, &item); }),
                 ElementsAre(kAIMenuChangedNotifier));

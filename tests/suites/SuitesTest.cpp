@@ -7,6 +7,7 @@
 
 #include "session/app/Session.h"
 #include "session/input/Keys.h"
+#include "suites/Tables.h"
 
 namespace {
 
@@ -42,13 +43,13 @@ class Suites : public testing::Test {
 
     AIArtHandle newPath(std::int16_t count) {
         AIArtHandle art = nullptr;
-        EXPECT_EQ(tables.art.table.NewArt(kPathArt, kPlaceAboveAll, nullptr, &art), kNoErr);
-        EXPECT_EQ(tables.path.table.SetPathSegmentCount(art, count), kNoErr);
+        EXPECT_EQ(tables.get<AIArtSuite>().NewArt(kPathArt, kPlaceAboveAll, nullptr, &art), kNoErr);
+        EXPECT_EQ(tables.get<AIPathSuite>().SetPathSegmentCount(art, count), kNoErr);
         return art;
     }
 
     Session session;
-    session::Tables& tables = session.tables;
+    suites::Tables& tables = suites::Tables::of(*session.suites);
     session::Plugin& plugin = session.plugins.attach("Test", entry);
 };
 
@@ -60,28 +61,23 @@ TEST_F(Suites, HaveNoEmptyEntry) {
             EXPECT_NE(entryAt, nullptr) << name << " entry " << at / sizeof(void*);
         }
     };
-    std::size_t visited = sizeof(tables.basic);
-    expectFull(kSPBasicSuite, &tables.basic, sizeof(tables.basic));
-    tables.each([&](auto& suite) {
-        expectFull(suite.name, &suite.table, sizeof(suite.table));
-        visited += sizeof(suite);
-    });
-    EXPECT_EQ(visited, sizeof(tables)); // none is left out of the list
+    expectFull(kSPBasicSuite, &tables.basicSuite, sizeof(tables.basicSuite));
+    tables.each([&](auto& suite) { expectFull(suite.name, &suite.table, sizeof(suite.table)); });
 }
 
 TEST_F(Suites, AreAcquiredByNameAndVersionAndCounted) {
     inMessage([&] {
         const void* table = nullptr;
-        EXPECT_EQ(tables.basic.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion, &table), kNoErr);
-        EXPECT_EQ(table, &tables.art.table);
-        EXPECT_EQ(tables.basic.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion + 1, &table), kSPSuiteNotFoundErr);
-        EXPECT_EQ(tables.basic.AcquireSuite("No Suite", 1, &table), kSPSuiteNotFoundErr);
-        EXPECT_EQ(tables.basic.AcquireSuite(nullptr, 1, &table), kBadParameterErr);
-        EXPECT_EQ(table, &tables.art.table); // an error leaves the answer as it was
-        EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kNoErr);
+        EXPECT_EQ(tables.basicSuite.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion, &table), kNoErr);
+        EXPECT_EQ(table, &tables.get<AIArtSuite>());
+        EXPECT_EQ(tables.basicSuite.AcquireSuite(kAIArtSuite, kAIArtSuiteVersion + 1, &table), kSPSuiteNotFoundErr);
+        EXPECT_EQ(tables.basicSuite.AcquireSuite("No Suite", 1, &table), kSPSuiteNotFoundErr);
+        EXPECT_EQ(tables.basicSuite.AcquireSuite(nullptr, 1, &table), kBadParameterErr);
+        EXPECT_EQ(table, &tables.get<AIArtSuite>()); // an error leaves the answer as it was
+        EXPECT_EQ(tables.basicSuite.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kNoErr);
         EXPECT_EQ(session.reports.lines().size(), 0u);
-        EXPECT_EQ(tables.basic.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kBadParameterErr);
-        EXPECT_EQ(tables.basic.AcquireSuite(kAIToolSuite, kAIToolSuiteVersion, &table), kNoErr);
+        EXPECT_EQ(tables.basicSuite.ReleaseSuite(kAIArtSuite, kAIArtSuiteVersion), kBadParameterErr);
+        EXPECT_EQ(tables.basicSuite.AcquireSuite(kAIToolSuite, kAIToolSuiteVersion, &table), kNoErr);
     });
     session.quit();
     EXPECT_THAT(session.reports.lines(),
@@ -93,9 +89,9 @@ TEST_F(Suites, RefuseHandlesThatAreDeadForeignOrMadeUp) {
     inMessage([&] {
         const AIArtHandle live = newPath(2);
         AILayerHandle layer = nullptr;
-        ASSERT_EQ(tables.layer.table.GetCurrentLayer(&layer), kNoErr);
+        ASSERT_EQ(tables.get<AILayerSuite>().GetCurrentLayer(&layer), kNoErr);
         const AIArtHandle dead = newPath(2);
-        ASSERT_EQ(tables.art.table.DisposeArt(dead), kNoErr);
+        ASSERT_EQ(tables.get<AIArtSuite>().DisposeArt(dead), kNoErr);
         const AIArtHandle reused = newPath(2); // may have the dead one's slot, never its handle
         EXPECT_NE(reused, dead);
         int local = 0;
@@ -103,53 +99,53 @@ TEST_F(Suites, RefuseHandlesThatAreDeadForeignOrMadeUp) {
         for (const AIArtHandle wrong :
              {AIArtHandle{}, dead, reinterpret_cast<AIArtHandle>(layer), reinterpret_cast<AIArtHandle>(&local),
               reinterpret_cast<AIArtHandle>(~std::uintptr_t{0})}) {
-            EXPECT_EQ(tables.art.table.GetArtType(wrong, &type), kUnknownHandleErr);
+            EXPECT_EQ(tables.get<AIArtSuite>().GetArtType(wrong, &type), kUnknownHandleErr);
             AIBoolean valid = 1;
-            EXPECT_EQ(tables.art.table.ValidArt(wrong, &valid), kNoErr);
+            EXPECT_EQ(tables.get<AIArtSuite>().ValidArt(wrong, &valid), kNoErr);
             EXPECT_EQ(valid, 0);
         }
         EXPECT_EQ(type, 77);
-        EXPECT_EQ(tables.art.table.GetArtType(live, &type), kNoErr);
+        EXPECT_EQ(tables.get<AIArtSuite>().GetArtType(live, &type), kNoErr);
         EXPECT_EQ(type, kPathArt);
-        EXPECT_EQ(tables.art.table.GetArtType(live, nullptr), kBadParameterErr);
-        EXPECT_EQ(tables.layer.table.SetCurrentLayer(reinterpret_cast<AILayerHandle>(live)), kUnknownHandleErr);
-        EXPECT_EQ(tables.tool.table.RemoveTool(reinterpret_cast<AIToolHandle>(live)), kUnknownHandleErr);
+        EXPECT_EQ(tables.get<AIArtSuite>().GetArtType(live, nullptr), kBadParameterErr);
+        EXPECT_EQ(tables.get<AILayerSuite>().SetCurrentLayer(reinterpret_cast<AILayerHandle>(live)), kUnknownHandleErr);
+        EXPECT_EQ(tables.get<AIToolSuite>().RemoveTool(reinterpret_cast<AIToolHandle>(live)), kUnknownHandleErr);
     });
     EXPECT_EQ(session.reports.lines().size(), 7u); // each one told, to the plug-in's address
 }
 
 TEST_F(Suites, AnswerOnlyWhileAMessageIsHandled) {
     std::int32_t count = -1;
-    EXPECT_EQ(tables.layer.table.CountLayers(&count), kOutsideMessageErr);
+    EXPECT_EQ(tables.get<AILayerSuite>().CountLayers(&count), kOutsideMessageErr);
     EXPECT_EQ(count, -1);
     EXPECT_THAT(session.reports.lines(),
                 testing::ElementsAre("plug-in: AILayerSuite::CountLayers was called outside of any message"));
-    inMessage([&] { EXPECT_EQ(tables.layer.table.CountLayers(&count), kNoErr); });
+    inMessage([&] { EXPECT_EQ(tables.get<AILayerSuite>().CountLayers(&count), kNoErr); });
     EXPECT_EQ(count, 1);
     session.close();
-    inMessage([&] { EXPECT_EQ(tables.layer.table.CountLayers(&count), kNoDocumentErr); });
+    inMessage([&] { EXPECT_EQ(tables.get<AILayerSuite>().CountLayers(&count), kNoDocumentErr); });
 }
 
 TEST_F(Suites, CheckMemoryAgainstTheirTable) {
     inMessage([&] {
         void* block = nullptr;
         int local = 0;
-        ASSERT_EQ(tables.basic.AllocateBlock(100, &block), kNoErr);
+        ASSERT_EQ(tables.basicSuite.AllocateBlock(100, &block), kNoErr);
         std::memset(block, 1, 100);
-        EXPECT_EQ(tables.basic.FreeBlock(block), kNoErr);
-        EXPECT_EQ(tables.basic.FreeBlock(block), kBadParameterErr);
-        EXPECT_EQ(tables.basic.FreeBlock(&local), kBadParameterErr);
+        EXPECT_EQ(tables.basicSuite.FreeBlock(block), kNoErr);
+        EXPECT_EQ(tables.basicSuite.FreeBlock(block), kBadParameterErr);
+        EXPECT_EQ(tables.basicSuite.FreeBlock(&local), kBadParameterErr);
         AIMdMemoryHandle handle = nullptr;
-        ASSERT_EQ(tables.memory.table.MdMemoryNewHandle(8, &handle), kNoErr);
-        EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kNoErr);
-        EXPECT_EQ(tables.memory.table.MdMemoryDisposeHandle(handle), kBadParameterErr);
+        ASSERT_EQ(tables.get<AIMdMemorySuite>().MdMemoryNewHandle(8, &handle), kNoErr);
+        EXPECT_EQ(tables.get<AIMdMemorySuite>().MdMemoryDisposeHandle(handle), kNoErr);
+        EXPECT_EQ(tables.get<AIMdMemorySuite>().MdMemoryDisposeHandle(handle), kBadParameterErr);
     });
     EXPECT_EQ(session.reports.lines().size(), 3u);
 }
 
 TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
     inMessage([&] {
-        auto& art = tables.art.table;
+        auto& art = tables.get<AIArtSuite>();
         AIArtHandle other = nullptr, found = nullptr;
         const auto madeAt = [&](std::int16_t order, AIArtHandle prep, std::int16_t type = kPathArt) {
             AIArtHandle made = nullptr;
@@ -184,7 +180,7 @@ TEST_F(Suites, PlaceNewArtWhereTheyAreTold) {
 
 TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
     inMessage([&] {
-        auto& path = tables.path.table;
+        auto& path = tables.get<AIPathSuite>();
         const AIArtHandle art = newPath(3);
         AIPathSegment segments[3]{};
         for (int i = 0; i < 3; ++i) segments[i].p = segments[i].in = segments[i].out = {AIReal(30 * i), AIReal(40 * i)};
@@ -210,21 +206,21 @@ TEST_F(Suites, KeepPathsWholeWhateverIsWritten) {
         EXPECT_EQ(read[1].in.h, 30);
         EXPECT_EQ(read[1].out.h, 25);
         AIArtHandle group = nullptr;
-        ASSERT_EQ(tables.art.table.NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
+        ASSERT_EQ(tables.get<AIArtSuite>().NewArt(kGroupArt, kPlaceAboveAll, nullptr, &group), kNoErr);
         std::int16_t count = 5;
         EXPECT_EQ(path.GetPathSegmentCount(group, &count), kBadParameterErr);
         EXPECT_EQ(count, 5);
         AIPathStyle style{};
-        ASSERT_EQ(tables.pathStyle.table.GetPathStyle(art, &style), kNoErr);
+        ASSERT_EQ(tables.get<AIPathStyleSuite>().GetPathStyle(art, &style), kNoErr);
         style.dash = {.length = 2, .offset = 1, .array = {3, 4}};
         style.cap = kAIRoundCap;
-        ASSERT_EQ(tables.pathStyle.table.SetPathStyle(art, &style), kNoErr);
+        ASSERT_EQ(tables.get<AIPathStyleSuite>().SetPathStyle(art, &style), kNoErr);
         AIPathStyle again{};
-        ASSERT_EQ(tables.pathStyle.table.GetPathStyle(art, &again), kNoErr);
+        ASSERT_EQ(tables.get<AIPathStyleSuite>().GetPathStyle(art, &again), kNoErr);
         EXPECT_EQ(again.cap, kAIRoundCap);
         EXPECT_EQ(again.dash.array[1], 4);
         style.miterLimit = 0.5;
-        EXPECT_EQ(tables.pathStyle.table.SetPathStyle(art, &style), kBadParameterErr);
+        EXPECT_EQ(tables.get<AIPathStyleSuite>().SetPathStyle(art, &style), kBadParameterErr);
     });
 }
 
@@ -234,23 +230,23 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
     inMessage([&] {
         const auto add = [&](const char* name, std::int32_t options, AIToolHandle& tool) {
             const AIAddToolData data{name, "", kNoToolNumber, kNoToolNumber, 0, 0};
-            ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, name, &data, options, &tool), kNoErr);
+            ASSERT_EQ(tables.get<AIToolSuite>().AddTool(plugin.handle, name, &data, options, &tool), kNoErr);
         };
         add("first", kToolWantsBufferedDraggingOption, first);
         add("second", 0, second);
-        ASSERT_EQ(tables.tool.table.SetSelectedTool(first), kNoErr);
+        ASSERT_EQ(tables.get<AIToolSuite>().SetSelectedTool(first), kNoErr);
         AIToolHandle own = nullptr;
-        EXPECT_EQ(tables.tool.table.GetSelectedTool(&own), kNoErr);
+        EXPECT_EQ(tables.get<AIToolSuite>().GetSelectedTool(&own), kNoErr);
         EXPECT_EQ(own, session.toolbox.findByName("Selection Tool")->handle); // not before this has been handled
-        EXPECT_EQ(tables.tool.table.RemoveTool(own), kRefusedErr);
-        EXPECT_EQ(tables.tool.table.SetToolTitle(own, "Mine"), kRefusedErr);
+        EXPECT_EQ(tables.get<AIToolSuite>().RemoveTool(own), kRefusedErr);
+        EXPECT_EQ(tables.get<AIToolSuite>().SetToolTitle(own, "Mine"), kRefusedErr);
     });
     ASSERT_EQ(session.toolbox.current(), session.toolbox.find(first));
     int messages = 0;
     work = [&](SPMessageData&) {
         ++messages;
         newPath(2);
-        tables.tool.table.SetSelectedTool(second);
+        tables.get<AIToolSuite>().SetSelectedTool(second);
     };
     session.pointer.press({10, 10}, 0); // the choice cancels it, which sends a mouse-up, a deselect and a select
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(second));
@@ -263,15 +259,15 @@ TEST_F(Suites, PutTheChoiceOfAToolOffUntilTheGestureIsThrough) {
     session.pointer.press({10, 10}, 0);
     work = [&](SPMessageData&) {
         newPath(2);
-        tables.tool.table.SetSelectedTool(first);
+        tables.get<AIToolSuite>().SetSelectedTool(first);
     };
     session.pointer.release({10, 10}, 0);
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
     EXPECT_GT(session.document()->currentLayer().childCount(), before); // the drawing of the release stays
     // Chosen, and gone before it could be.
     inMessage([&] {
-        tables.tool.table.SetSelectedTool(second);
-        tables.tool.table.RemoveTool(second);
+        tables.get<AIToolSuite>().SetSelectedTool(second);
+        tables.get<AIToolSuite>().RemoveTool(second);
     });
     EXPECT_EQ(session.toolbox.current(), session.toolbox.find(first));
 }
@@ -281,10 +277,10 @@ TEST_F(Suites, TellATakenBackGestureFromAReleaseAndNoteLines) {
         AIToolHandle tool = nullptr;
         const AIAddToolData data{
             .title = "T", .tooltip = "", .groupNumber = -2, .toolsetNumber = -2, .lightIconID = 0, .darkIconID = 0};
-        ASSERT_EQ(tables.tool.table.AddTool(plugin.handle, "T", &data, 0, &tool), kNoErr);
-        ASSERT_EQ(tables.tool.table.SetSelectedTool(tool), kNoErr);
-        EXPECT_EQ(tables.stage.table.Log(plugin.handle, "a line"), kNoErr);
-        EXPECT_EQ(tables.stage.table.Log(nullptr, "a line"), kUnknownHandleErr);
+        ASSERT_EQ(tables.get<AIToolSuite>().AddTool(plugin.handle, "T", &data, 0, &tool), kNoErr);
+        ASSERT_EQ(tables.get<AIToolSuite>().SetSelectedTool(tool), kNoErr);
+        EXPECT_EQ(tables.get<StageSuite>().Log(plugin.handle, "a line"), kNoErr);
+        EXPECT_EQ(tables.get<StageSuite>().Log(nullptr, "a line"), kUnknownHandleErr);
     });
     EXPECT_THAT(session.reports.lines(), testing::Contains("plug-in: Test: a line").Times(1));
     session::Pointer& pointer = session.pointer;
@@ -328,12 +324,12 @@ TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
         work = [&](SPMessageData& inside) {
             newPath(3);
             EXPECT_EQ(inside.self, plugin.handle);
-            EXPECT_EQ(inside.basic, &tables.basic);
+            EXPECT_EQ(inside.basic, &tables.basicSuite);
             EXPECT_EQ(std::exchange(inside.globals, &receivers), &senders);
         };
         SPMessageData inner{};
         SPErr result = 99;
-        auto& interface = tables.interface.table;
+        auto& interface = tables.get<SPInterfaceSuite>();
         EXPECT_EQ(interface.EmptyMessageData(plugin.handle, &inner), kBadParameterErr);
         EXPECT_EQ(interface.SetUpMessageData(plugin.handle, &inner), kNoErr);
         EXPECT_EQ(std::exchange(inner.globals, &senders), &ours);
@@ -354,8 +350,8 @@ TEST_F(Suites, PassMessagesOnWithTheirGlobalsInOneTransaction) {
     EXPECT_EQ(session.document()->currentLayer().childCount(), 2u);
     EXPECT_EQ(session.document()->journal().undoDepth(), 1u);
     inMessage([&] {
-        EXPECT_EQ(tables.undo.table.SetKind(kAIAppendUndoContext), kNoErr);
-        EXPECT_EQ(tables.undo.table.SetKind(3), kBadParameterErr);
+        EXPECT_EQ(tables.get<AIUndoSuite>().SetKind(kAIAppendUndoContext), kNoErr);
+        EXPECT_EQ(tables.get<AIUndoSuite>().SetKind(3), kBadParameterErr);
         newPath(2);
     });
     EXPECT_EQ(session.document()->journal().undoDepth(), 1u);

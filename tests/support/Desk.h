@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "session/app/Session.h"
+#include "suites/Tables.h"
 
 namespace desk {
 
@@ -25,7 +26,7 @@ class Desk {
 
     [[nodiscard]] easel::session::Session& session() { return *session_; }
     [[nodiscard]] easel::session::Plugin& product() { return *plugin_; }
-    [[nodiscard]] easel::session::Tables& tables() { return session_->tables; }
+    [[nodiscard]] easel::suites::Tables& tables() { return easel::suites::Tables::of(*session_->suites); }
     [[nodiscard]] easel::model::Document& document() { return session_->documents.needFront(); }
     [[nodiscard]] std::string svg(); ///< the document as it would be saved
     /// All paths, topmost first.
@@ -55,8 +56,8 @@ class Desk {
 template <class Function> class Refusing {
   public:
     template <class Table>
-    Refusing(easel::session::Published<Table>& suite, Function Table::*entry)
-        : entry_(suite.table.*entry), kept_(entry_) {
+    Refusing(easel::suites::Tables& tables, Function Table::*entry)
+        : entry_(tables.get<Table>().*entry), kept_(entry_) {
         entry_ = refuse(kept_);
     }
     ~Refusing() { entry_ = kept_; }
@@ -71,7 +72,6 @@ template <class Function> class Refusing {
     Function& entry_;
     Function kept_;
 };
-template <class Table, class Function>
-Refusing(easel::session::Published<Table>&, Function Table::*) -> Refusing<Function>;
+template <class Table, class Function> Refusing(easel::suites::Tables&, Function Table::*) -> Refusing<Function>;
 
 } // namespace desk

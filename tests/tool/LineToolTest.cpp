@@ -274,11 +274,11 @@ TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {
         desk.stroke({{100, 100}, {160, 40}});
         EXPECT_EQ(desk.paths().size(), 2u);
     };
-    strokeWith([](Desk& desk) { return Refusing(desk.tables().art, &AIArtSuite::NewArt); });
-    strokeWith([](Desk& desk) { return Refusing(desk.tables().path, &AIPathSuite::SetPathSegments); });
-    strokeWith([](Desk& desk) { return Refusing(desk.tables().path, &AIPathSuite::SetPathSegmentCount); });
-    strokeWith([](Desk& desk) { return Refusing(desk.tables().layer, &AILayerSuite::GetCurrentLayer); });
-    strokeWith([](Desk& desk) { return Refusing(desk.tables().document, &AIDocumentSuite::GetDocument); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables(), &AIArtSuite::NewArt); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables(), &AIPathSuite::SetPathSegments); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables(), &AIPathSuite::SetPathSegmentCount); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables(), &AILayerSuite::GetCurrentLayer); });
+    strokeWith([](Desk& desk) { return Refusing(desk.tables(), &AIDocumentSuite::GetDocument); });
 }
 
 } // namespace

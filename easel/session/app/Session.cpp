@@ -68,10 +68,8 @@ void Session::quit() {
         forget(**at);
     }
     while (document()) close();
-    tables.each([this](auto& suite) {
-        if (suite.acquired != 0) reports.add(Blame::Plugin, std::string(suite.name) + " was not released at shut-down");
-        suite.acquired = 0;
-    });
+    for (const std::string& name : suites->takeUnreleased())
+        reports.add(Blame::Plugin, name + " was not released at shut-down");
     if (memory.blocksInUse() != 0) reports.add(Blame::Plugin, "memory of the host was not freed at shut-down");
     memory = {};
 }

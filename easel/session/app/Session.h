@@ -16,7 +16,7 @@
 #include "session/frame/Notifiers.h"
 #include "session/frame/Plugins.h"
 #include "session/frame/Screen.h"
-#include "session/frame/Tables.h"
+#include "session/frame/Suites.h"
 #include "session/frame/Timers.h"
 #include "session/frame/Toolbox.h"
 #include "session/input/Input.h"
@@ -62,8 +62,8 @@ class Session {
 
     // Frame
     Memory memory;
-    Tables tables;
-    Messenger messenger{documents, reports, tables.basic, events};
+    const std::unique_ptr<Suites> suites = makeSuites();
+    Messenger messenger{documents, reports, suites->basic(), events};
     Plugins plugins;
     Notifiers notifiers{messenger};
     PluginGroups pluginGroups;

@@ -65,15 +65,15 @@ Plugin& Plugins::load(const std::string& bundle) {
 std::string resource(const Plugin& plugin, std::string_view type, int number) {
     // A type is part of a file's name, never of its path.
     const bool plain = std::all_of(type.begin(), type.end(), [](unsigned char c) { return std::isalnum(c); });
-    if (type.empty() || !plain) throw HostError{kBadParameterErr};
-    if (plugin.filePath.empty()) throw HostError{kRefusedErr};
+    require(!type.empty() && plain);
+    require(!plugin.filePath.empty(), kRefusedErr);
     const std::string name = std::to_string(number) + '.' + std::string(type);
     const auto file = std::filesystem::path(plugin.filePath) / "Contents" / "Resources" / name;
     std::error_code failure;
-    if (!std::filesystem::is_regular_file(file, failure)) throw HostError{kRefusedErr};
+    require(std::filesystem::is_regular_file(file, failure), kRefusedErr);
     std::ifstream in(file, std::ios::binary);
     std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (!in) throw HostError{kRefusedErr};
+    require(static_cast<bool>(in), kRefusedErr);
     return bytes;
 }
 

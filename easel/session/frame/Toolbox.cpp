@@ -10,6 +10,9 @@ namespace easel::session {
 
 namespace {
 
+/// What can be changed is the tools of plug-ins.
+void requirePlugins(const Tool& tool) { require(tool.owner, kRefusedErr); }
+
 /// The same again is no change.
 template <class Field, class Value> void change(Field& field, Value value, unsigned& count) {
     if (field == value) return;
@@ -35,10 +38,10 @@ Tool& Toolbox::add(Tool tool) {
     const std::vector<Tool*> known = tools_.all();
     const auto numbered = [&](std::int16_t number) {
         const auto at = std::find_if(known.begin(), known.end(), [&](const Tool* t) { return t->number == number; });
-        if (at == known.end()) throw HostError{kBadParameterErr};
+        require(at != known.end());
         return *at;
     };
-    if (findByName(tool.name)) throw HostError{kBadParameterErr};
+    require(!findByName(tool.name));
     // A tool joins the group or slot of the tool it names; those are known by the tool that opened them.
     const std::int16_t number = static_cast<std::int16_t>(lastNumber_ + 1);
     tool.group = tool.group == kNoToolNumber ? number : numbered(tool.group)->group;
@@ -49,16 +52,29 @@ Tool& Toolbox::add(Tool tool) {
 }
 
 void Toolbox::remove(Tool& tool) {
+    requirePlugins(tool);
     if (current_ == &tool) current_ = selectionTool_;
     ++changes_.members;
     tools_.remove(tool);
 }
 
-void Toolbox::setTitle(Tool& tool, std::string_view title) { change(tool.title, title, changes_.titles); }
-void Toolbox::setTip(Tool& tool, std::string_view tip) { change(tool.tip, tip, changes_.tips); }
-void Toolbox::setOptions(Tool& tool, std::int32_t options) { change(tool.options, options, changes_.looks); }
+void Toolbox::setTitle(Tool& tool, std::string_view title) {
+    requirePlugins(tool);
+    change(tool.title, title, changes_.titles);
+}
+
+void Toolbox::setTip(Tool& tool, std::string_view tip) {
+    requirePlugins(tool);
+    change(tool.tip, tip, changes_.tips);
+}
+
+void Toolbox::setOptions(Tool& tool, std::int32_t options) {
+    requirePlugins(tool);
+    change(tool.options, options, changes_.looks);
+}
 
 void Toolbox::setIcons(Tool& tool, std::int16_t light, std::int16_t dark) {
+    requirePlugins(tool);
     change(tool.lightIcon, light, changes_.looks);
     change(tool.darkIcon, dark, changes_.looks);
 }

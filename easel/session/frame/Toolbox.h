@@ -36,7 +36,8 @@ struct ToolChanges {
     unsigned looks = 0; ///< icons and options
 };
 
-/// Begins with the host's own tools. The Selection Tool is current at first, and again when the current tool goes.
+/// Begins with the host's own tools, which cannot be changed or removed: that throws HostError. The Selection Tool is
+/// current at first, and again when the current tool goes.
 class Toolbox {
   public:
     Toolbox();

@@ -179,10 +179,10 @@ TEST(Entry, LeavesNothingOfAStartThatFails) {
 TEST(Entry, SetsUpTheRestWhereTheHostRefusesItsNotifiers) {
     Session session;
     session.plugins.attach("Product", PluginMain);
-    const desk::Refusing no(session.tables.notifier, &AINotifierSuite::AddNotifier);
+    const desk::Refusing no(easel::suites::Tables::of(*session.suites), &AINotifierSuite::AddNotifier);
     EXPECT_THAT(session.start(), testing::IsEmpty());
     EXPECT_NE(session.toolbox.findByTitle("Isometric Line Tool"), nullptr);
-    EXPECT_EQ(session.tables.undo.acquired, 1);
+    EXPECT_EQ(easel::suites::Tables::of(*session.suites).published<AIUndoSuite>().acquired, 1);
     EXPECT_THAT(session.reports.lines(),
                 testing::ElementsAre("plug-in: Ortholine: start-up: the host refused a notifier"));
 }
@@ -262,7 +262,7 @@ TEST(Entry, SurvivesTheRefusalOfAnyHostCall) {
 // Every suite, the basic one and all of them: gone, of another version, or with no functions, from any moment on.
 TEST(Entry, SurvivesTheLossOfAnySuiteAtAnyMoment) {
     int suites = 0;
-    Session().tables.each([&](auto&) { ++suites; });
+    easel::suites::Tables::of(*Session().suites).each([&](auto&) { ++suites; });
     testing::internal::CaptureStderr();
     for (int lost = -2; lost < suites; ++lost) {
         for (int moment = 0; moment < 5; ++moment) {
@@ -271,13 +271,13 @@ TEST(Entry, SurvivesTheLossOfAnySuiteAtAnyMoment) {
                 live([&](Session& session, int now) {
                     if (now != moment) return;
                     int number = 0;
-                    session.tables.each([&](auto& suite) {
+                    easel::suites::Tables::of(*session.suites).each([&](auto& suite) {
                         if (lost != -2 && number++ != lost) return;
                         if (way == 0) suite.available = false;
                         if (way == 1) ++suite.version;
                         if (way == 2) suite.table = {};
                     });
-                    if (lost == -1) session.tables.basic = {};
+                    if (lost == -1) easel::suites::Tables::of(*session.suites).basicSuite = {};
                 });
             }
         }
@@ -289,7 +289,7 @@ TEST(Entry, NamesTheRefusedOperation) {
     Desk desk;
     auto& monitor = kzo::plugin::host::monitor();
     desk.selectTool();
-    const desk::Refusing no(desk.tables().art, &AIArtSuite::NewArt);
+    const desk::Refusing no(desk.tables(), &AIArtSuite::NewArt);
     monitor.reset();
     desk.session().pointer.press({100, 100}, 0);
     desk.session().pointer.drag({200, 100}, 0);

@@ -58,7 +58,7 @@ TEST(PluginListing, ReadsResourcesOfItsBundleByNumber) {
         EXPECT_THAT(plugin().resourceData("png", 1), testing::IsEmpty());
         EXPECT_THAT(plugin().resourceData("", 17000), testing::IsEmpty());
         EXPECT_THAT(plugin().resourceData("/../17000.png", 17000), testing::IsEmpty());
-        const desk::Refusing no(desk.tables().plugins, &SPPluginsSuite::GetPluginResource);
+        const desk::Refusing no(desk.tables(), &SPPluginsSuite::GetPluginResource);
         EXPECT_THAT(plugin().resourceData("png", 17000), testing::IsEmpty());
     });
 }
@@ -174,7 +174,7 @@ TEST(Monitors, AreNotAddedWhereThePlatformTellsOfNoInput) {
     Desk desk;
     Receiver receiver;
     desk.inMessage([&] {
-        const desk::Refusing no(desk.tables().stage, &StageSuite::MonitorInput);
+        const desk::Refusing no(desk.tables(), &StageSuite::MonitorInput);
         EXPECT_EQ(dispatcher().addKeypressMonitor(VirtualKey::A, receiver.callback()), 0u);
     });
 }

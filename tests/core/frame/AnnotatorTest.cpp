@@ -60,7 +60,7 @@ TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
         const auto& message = static_cast<const AnnotatorMessage&>(*Dispatcher::lastMessage());
         if (message.type() != MessageType::AnnotationDraw) return;
         AIDocumentViewHandle view = nullptr;
-        EXPECT_EQ(desk.tables().view.table.GetNthDocumentView(0, &view), kNoErr);
+        EXPECT_EQ(desk.tables().get<AIDocumentViewSuite>().GetNthDocumentView(0, &view), kNoErr);
         EXPECT_EQ(message.docView(), view);
         EXPECT_FALSE(message.triggeredByDragScroll());
         EXPECT_TRUE(message.showEdges());
@@ -92,7 +92,8 @@ TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
 AIRealRect viewBounds;
 
 TEST_F(Annotators, AreInvalidOnceTheViewOrTheCursorHasMovedFarEnough) {
-    desk.tables().view.table.GetDocumentViewBounds = [](AIDocumentViewHandle, AIRealRect* bounds) -> AIErr {
+    desk.tables().get<AIDocumentViewSuite>().GetDocumentViewBounds = [](AIDocumentViewHandle,
+                                                                        AIRealRect* bounds) -> AIErr {
         *bounds = viewBounds;
         return kNoErr;
     };

@@ -387,7 +387,7 @@ TEST(Notifiers, AreListedByTypeAndEmptyWhenRefused) {
         EXPECT_EQ(notifier.type(), NotifierType::DocumentSaved);
         EXPECT_EQ(notifier.name(), "Test");
         EXPECT_TRUE(dispatcher().registerNotifier("None", NotifierType::None, receiver.callback()).isEmpty());
-        const desk::Refusing no(desk.tables().notifier, &AINotifierSuite::AddNotifier);
+        const desk::Refusing no(desk.tables(), &AINotifierSuite::AddNotifier);
         EXPECT_TRUE(dispatcher().registerNotifier("No", NotifierType::DocumentNew, receiver.callback()).isEmpty());
     });
     receiver.work = [&] {

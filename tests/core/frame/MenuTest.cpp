@@ -206,10 +206,10 @@ TEST_F(Menus, RefuseAMessageWithTheErrorThatFits) {
         EXPECT_EQ(known.message("Test", "Double", &record, result), kRefusedErr);
         other.started = true;
         kzo::plugin::host::releaseAll();
-        desk.tables().interface.available = false;
+        desk.tables().published<SPInterfaceSuite>().available = false;
         EXPECT_EQ(known.message("Test", "Double", &record, result), kSPSuiteNotFoundErr);
         EXPECT_FALSE(known.prepMessageData(record));
-        desk.tables().interface.available = true;
+        desk.tables().published<SPInterfaceSuite>().available = true;
         EXPECT_EQ(result, 99);
     });
 }

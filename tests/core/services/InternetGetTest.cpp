@@ -169,7 +169,7 @@ TEST_F(InternetGetTest, SurvivesObjectsThatGo) {
 
 TEST_F(InternetGetTest, FailsAtOnceWithoutATimer) {
     desk.expectReports();
-    const desk::Refusing noTimer{desk.tables().timer, &AITimerSuite::AddTimer};
+    const desk::Refusing noTimer{desk.tables(), &AITimerSuite::AddTimer};
     const auto request = started(server->url("/version"));
     EXPECT_EQ(failure.runs, 1);
     EXPECT_EQ(request->errorCode(), InternetError::Other);

@@ -1,0 +1,65 @@
+// The stage suite: keys, cursors, screen, mouse and log of a host without a display.
+#include "hostapi/StageSuite.h"
+
+#include <cmath>
+
+#include "session/frame/Plugins.h"
+#include "session/frame/Screen.h"
+#include "session/input/Pointer.h"
+#include "suites/Enter.h"
+
+namespace easel::suites {
+
+namespace {
+
+using session::Plugin;
+using session::Pointer;
+using session::Screen;
+
+void setCursor(std::int32_t number) {
+    host<Screen>().cursor = {.number = number, .plugin = nullptr, .resource = 0, .hotSpot = {}, .scale = 1};
+}
+
+void setCursorImage(Plugin& plugin, std::int16_t resource, const AIRealPoint& hotSpot, AIReal scale) {
+    require(resource != 0 && std::isfinite(hotSpot.h) && std::isfinite(hotSpot.v) && std::isfinite(scale) && scale > 0);
+    host<Screen>().cursor = {
+        .number = 0, .plugin = plugin.handle, .resource = resource, .hotSpot = hotSpot, .scale = scale};
+}
+
+AIReal getDisplayScale() {
+    static_cast<void>(currentDocument());
+    return host<Screen>().displayScale;
+}
+
+AIRealPoint getPointerLocation() {
+    const model::Point place = currentDocument().toScreen(host<Pointer>().rawLocation());
+    return {place.x, place.y};
+}
+
+void postMouseEvent(std::int32_t event, const AIRealPoint& location) {
+    require((event == kStageMouseDown || event == kStageMouseUp) && std::isfinite(location.h) &&
+            std::isfinite(location.v));
+    const model::Point place{location.h, location.v};
+    event == kStageMouseDown ? host<Pointer>().postPress(place) : host<Pointer>().postRelease(place);
+}
+
+void log(Plugin& self, std::string_view line) {
+    const std::string name = self.name.empty() ? "a plug-in without a name" : self.name;
+    host<session::Reports>().add(session::Blame::Plugin, name + ": " + std::string(line));
+}
+
+} // namespace
+
+template <> void fill(StageSuite& suite) {
+    enter<&StageSuite::GetModifiers, &Pointer::modifiers>(suite);
+    enter<&StageSuite::SetCursor, setCursor>(suite);
+    enter<&StageSuite::SetCursorImage, setCursorImage>(suite);
+    enter<&StageSuite::GetCursor>(suite, [] { return host<Screen>().cursor; });
+    enter<&StageSuite::GetDisplayScale, getDisplayScale>(suite);
+    enter<&StageSuite::GetPointerLocation, getPointerLocation>(suite);
+    enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
+    enter<&StageSuite::MonitorInput>(suite, [](Plugin& self, bool monitor) { self.monitorsInput = monitor; });
+    enter<&StageSuite::Log, log>(suite);
+}
+
+} // namespace easel::suites
