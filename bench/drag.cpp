@@ -29,7 +29,7 @@ void fill(model::Document& document, std::int64_t count) {
         model::PathData data;
         for (int k = 0; k < 3; ++k) {
             const model::Point point{left + inCell(random), top + inCell(random)};
-            data.points.push_back({point, point, point, true});
+            data.points.push_back({point, point, point});
         }
         model::Node& path =
             document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());

@@ -16,7 +16,7 @@ using namespace easel::model;
 
 constexpr double kSpacing = 20;
 
-PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
+PathPoint corner(double x, double y) { return cornerAt({x, y}); }
 
 /// A document of `count` short lines, one to a square of the page.
 std::unique_ptr<Document> drawing(std::int64_t count) {

@@ -19,21 +19,16 @@ bool isInside(const Mask::Shape& shape, Point point) {
     return shape.evenOdd ? winding % 2 != 0 : winding != 0;
 }
 
+/// A lone anchor counts as a segment.
 template <class Visit> bool anySegment(const Mask::Shape& shape, Visit visit) {
-    for (const PathData& subpath : shape.subpaths) {
-        const std::vector<PathPoint>& points = subpath.points;
-        for (std::size_t i = 0; i < points.size(); ++i)
-            if (visit(points[i], points[i + 1 == points.size() ? 0 : i + 1])) return true;
-    }
+    for (const PathData& subpath : shape.subpaths)
+        for (std::size_t i = 0; i < subpath.points.size(); ++i)
+            if (visit(subpath.segment(i))) return true;
     return false;
 }
 
-bool isOnOutline(const Mask::Shape& shape, Point point, const Box& around, double reach) {
-    return anySegment(shape, [&](const PathPoint& start, const PathPoint& end) {
-        Box hull;
-        for (const Point at : {start.anchor, start.out, end.in, end.anchor}) hull.include(at);
-        return hull.meets(around) && nearestOnSegment(start, end, point).distanceSquared <= reach * reach;
-    });
+bool isOnOutline(const Mask::Shape& shape, Point point, double reach) {
+    return anySegment(shape, [&](const Cubic& curve) { return nearestOn(curve, point, reach * reach).has_value(); });
 }
 
 /// How far the art has been moved since it got its mask, as far as the mask goes along.
@@ -75,7 +70,7 @@ bool Mask::contains(Point point) const {
     const Box around{point.x - reach, point.y - reach, point.x + reach, point.y + reach};
     for (std::size_t i = 0; i < shapes_.size(); ++i) {
         if (!hulls_[i].meets(around)) continue;
-        if (isInside(shapes_[i], point) || isOnOutline(shapes_[i], point, around, reach)) return true;
+        if (isInside(shapes_[i], point) || isOnOutline(shapes_[i], point, reach)) return true;
     }
     return false;
 }
@@ -84,7 +79,7 @@ bool Mask::meets(const Box& box) const {
     for (std::size_t i = 0; i < shapes_.size(); ++i) {
         if (!hulls_[i].meets(box)) continue;
         if (isInside(shapes_[i], {box.left, box.top})) return true;
-        const auto isMet = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
+        const auto isMet = [&](const Cubic& curve) { return meetsBox(curve, box); };
         if (anySegment(shapes_[i], isMet)) return true;
     }
     return false;

@@ -86,8 +86,9 @@ class Document {
 
     // Paths
     void setPath(Node& path, PathData data);
-    void setPoints(Node& path, std::size_t index, const PathPoint* points,
-                   std::size_t count);                 ///< in place where possible
+    /// In place where possible.
+    void setPoints(Node& path, std::size_t index, const PathPoint* points, std::size_t count);
+    void setCorners(Node& path, std::size_t index, const PointFlags& corners); ///< else they are smooth
     void setPointCount(Node& path, std::size_t count); ///< cuts off at the end, or appends corners at the origin
     void setClosed(Node& path, bool closed);
     void reverse(Node& path);

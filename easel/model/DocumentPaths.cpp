@@ -26,10 +26,18 @@ void Document::setPoints(Node& path, std::size_t index, const PathPoint* points,
     std::copy(points, points + count, data.points.begin() + static_cast<std::ptrdiff_t>(index));
 }
 
+void Document::setCorners(Node& path, std::size_t index, const PointFlags& corners) {
+    std::size_t same = 0;
+    while (same < corners.size() && path.path().isCorner(index + same) == corners[same]) ++same;
+    if (same == corners.size()) return;
+    const Transaction transaction(journal());
+    impl_->writablePath(path).setCorners(index, corners);
+}
+
 void Document::setPointCount(Node& path, std::size_t count) {
     if (path.path().points.size() == count) return;
     const Transaction transaction(journal());
-    impl_->writablePath(path).points.resize(count);
+    impl_->writablePath(path).resize(count);
     impl_->fitPointSelection(path, count);
 }
 
@@ -41,9 +49,7 @@ void Document::setClosed(Node& path, bool closed) {
 
 void Document::reverse(Node& path) {
     const Transaction transaction(journal());
-    std::vector<PathPoint>& points = impl_->writablePath(path).points;
-    std::reverse(points.begin(), points.end());
-    for (PathPoint& point : points) std::swap(point.in, point.out);
+    impl_->writablePath(path).reverse();
     if (!path.state_.pointSelection) return;
     PointSelection flags = *path.state_.pointSelection;
     std::reverse(flags.begin(), flags.end());

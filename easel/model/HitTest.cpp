@@ -11,63 +11,50 @@ namespace easel::model {
 
 namespace {
 
+constexpr double kWider = 1 + 1e-12;
+
 bool isFilledAt(const Node& node, Point point) {
     if (node.type() == NodeType::Opaque) return node.hull().meets({point.x, point.y, point.x, point.y});
     return node.style().fill && isInside(node.path(), point);
 }
 
-/// Calls `visit` with the points of each segment until it returns true; a lone anchor counts as one.
+/// Calls `visit` with each segment until it returns true; a lone anchor counts as one.
 template <class Visit> bool anySegment(const PathData& path, Visit visit) {
-    const std::vector<PathPoint>& points = path.points;
-    if (points.size() == 1) return visit(points[0], points[0]);
+    if (path.points.size() == 1) return visit(path.segment(0));
     for (std::size_t i = 0; i < path.segmentCount(); ++i)
-        if (visit(points[i], points[i + 1 == points.size() ? 0 : i + 1])) return true;
+        if (visit(path.segment(i))) return true;
     return false;
 }
 
-/// The best feature so far.
+/// The nearest feature so far. Kinds are offered in turn, and one that is found makes the later ones needless.
 class BestHit {
   public:
-    BestHit(Point point, double tolerance) : point_(point), tolerance_(tolerance) {}
+    BestHit(Point point, double tolerance)
+        : point_(point), distance_(tolerance), limit_(tolerance * tolerance * kWider) {}
 
     [[nodiscard]] const Hit& hit() const { return hit_; }
-    /// Whether a feature of this kind could still be better.
-    [[nodiscard]] bool wants(HitKind kind) const { return hit_.kind == HitKind::None || kind <= hit_.kind; }
-
-    void offer(HitKind kind, Node& node, Point at, double squared, int index, double t = 0) {
-        const double distance = std::sqrt(squared);
-        if (distance > tolerance_ || !wants(kind)) return;
-        if (kind == hit_.kind) {
-            if (distance > distance_) return;
-            if (distance == distance_ && (&node == hit_.node || Document::comparePaintOrder(node, *hit_.node) > 0))
-                return;
-        }
-        if (!passesClip(node, at)) return;
-        hit_ = {kind, &node, at, index, t};
-        distance_ = distance;
-    }
+    [[nodiscard]] bool isFound() const { return hit_.kind != HitKind::None; }
 
     void offerControls(HitKind kind, Node& node, Point PathPoint::*control) {
-        if (node.type() != NodeType::Path || !wants(kind)) return;
-        int index = 0;
+        if (node.type() != NodeType::Path) return;
+        int index = -1;
         for (const PathPoint& point : node.path().points) {
-            const Point at = point.*control;
-            if (kind == HitKind::Anchor || at != point.anchor)
-                offer(kind, node, at, distanceSquared(at, point_), index);
             ++index;
+            const Point at = point.*control;
+            const double squared = distanceSquared(at, point_);
+            if (squared <= limit_ && (kind == HitKind::Anchor || at != point.anchor))
+                offer(kind, node, at, squared, index);
         }
     }
 
     void offerSegments(Node& node) {
-        if (node.type() != NodeType::Path || !wants(HitKind::Segment)) return;
+        if (node.type() != NodeType::Path) return;
         const PathData& path = node.path();
         const std::size_t count = path.segmentCount();
-        for (std::size_t i = 0; i < count; ++i) {
-            const PathPoint& start = path.points[i];
-            const PathPoint& end = path.points[i + 1 == path.points.size() ? 0 : i + 1];
-            const NearestPoint nearest = nearestOnSegment(start, end, point_);
-            offer(HitKind::Segment, node, nearest.point, nearest.distanceSquared, static_cast<int>(i), nearest.t);
-        }
+        for (std::size_t i = 0; i < count; ++i)
+            if (const auto nearest = nearestOn(path.segment(i), point_, limit_))
+                offer(HitKind::Segment, node, nearest->point, nearest->distanceSquared, static_cast<int>(i),
+                      nearest->t);
     }
 
     void offerBounds(Node& node) {
@@ -80,14 +67,25 @@ class BestHit {
     }
 
     void offerFill(Node& node) {
-        if (!wants(HitKind::Fill)) return;
         if (isFilledAt(node, point_)) offer(HitKind::Fill, node, point_, 0, -1);
     }
 
   private:
+    void offer(HitKind kind, Node& node, Point at, double squared, int index, double t = 0) {
+        const double distance = std::sqrt(squared);
+        if (distance > distance_) return;
+        if (isFound() && distance == distance_ &&
+            (&node == hit_.node || Document::comparePaintOrder(node, *hit_.node) > 0))
+            return;
+        if (!passesClip(node, at)) return;
+        hit_ = {kind, &node, at, index, t};
+        distance_ = distance;
+        limit_ = squared * kWider;
+    }
+
     Point point_;
-    double tolerance_;
-    double distance_ = 0;
+    double distance_; // of the hit, at first the tolerance
+    double limit_;    // its square, a little wider: distances that only rounding tells apart are equal
     Hit hit_;
 };
 
@@ -117,15 +115,18 @@ void Document::Impl::findNear(Point point, double tolerance) {
 Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request) {
     if (!isSearchable(point, tolerance)) return {};
     impl_->findNear(point, tolerance);
+    std::vector<Node*>& found = impl_->found;
+    std::erase_if(found, [&](const Node* node) { return !isReachable(*node, within); });
     BestHit best(point, tolerance);
-    for (Node* const node : impl_->found) {
-        if (!isReachable(*node, within)) continue;
-        if (asksFor(request, HitRequest::Anchors)) best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
-        if (asksFor(request, HitRequest::InHandles)) best.offerControls(HitKind::InHandle, *node, &PathPoint::in);
-        if (asksFor(request, HitRequest::OutHandles)) best.offerControls(HitKind::OutHandle, *node, &PathPoint::out);
-        if (asksFor(request, HitRequest::Segments)) best.offerSegments(*node);
-        if (asksFor(request, HitRequest::Fills)) best.offerFill(*node);
-    }
+    const auto search = [&](HitRequest feature, auto offer) {
+        if (!asksFor(request, feature) || best.isFound()) return;
+        for (Node* const node : found) offer(*node);
+    };
+    search(HitRequest::Anchors, [&](Node& node) { best.offerControls(HitKind::Anchor, node, &PathPoint::anchor); });
+    search(HitRequest::InHandles, [&](Node& node) { best.offerControls(HitKind::InHandle, node, &PathPoint::in); });
+    search(HitRequest::OutHandles, [&](Node& node) { best.offerControls(HitKind::OutHandle, node, &PathPoint::out); });
+    search(HitRequest::Segments, [&](Node& node) { best.offerSegments(node); });
+    search(HitRequest::Fills, [&](Node& node) { best.offerFill(node); });
     return best.hit();
 }
 
@@ -135,9 +136,9 @@ Node* Document::topmostAt(Point point, double tolerance) {
     Node* topmost = nullptr;
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
-        const auto isNear = [&](const PathPoint& start, const PathPoint& end) {
-            const NearestPoint nearest = nearestOnSegment(start, end, point);
-            return nearest.distanceSquared <= tolerance * tolerance && passesClip(*node, nearest.point);
+        const auto isNear = [&](const Cubic& curve) {
+            const auto nearest = nearestOn(curve, point, tolerance * tolerance);
+            return nearest && passesClip(*node, nearest->point);
         };
         const bool filled = isFilledAt(*node, point) && passesClip(*node, point);
         if (filled || (node->type() == NodeType::Path && anySegment(node->path(), isNear))) topmost = node;
@@ -149,7 +150,7 @@ std::vector<Node*> Document::touching(const Box& box) {
     std::vector<Node*> touched;
     impl_->found.clear();
     impl_->tree.index.find(box, impl_->found);
-    const auto isTouched = [&](const PathPoint& start, const PathPoint& end) { return meetsBox(start, end, box); };
+    const auto isTouched = [&](const Cubic& curve) { return meetsBox(curve, box); };
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || !mayPassClip(*node, box)) continue;
         if (node->type() == NodeType::Opaque || anySegment(node->path(), isTouched) ||
@@ -162,17 +163,19 @@ std::vector<Node*> Document::touching(const Box& box) {
 std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo what) {
     if (!isSearchable(point, tolerance)) return std::nullopt;
     impl_->findNear(point, tolerance);
+    std::vector<Node*>& found = impl_->found;
+    std::erase_if(found, [&](const Node* node) { return node->effectivelyHidden() || journal().wasRolledBack(*node); });
     BestHit best(point, tolerance);
-    for (Node* const node : impl_->found) {
-        if (node->effectivelyHidden() || journal().wasRolledBack(*node)) continue;
+    for (Node* const node : found) {
         if (what == SnapTo::Bounds) {
             best.offerBounds(*node);
-            continue;
+        } else {
+            best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
         }
-        best.offerControls(HitKind::Anchor, *node, &PathPoint::anchor);
-        if (what == SnapTo::Outlines) best.offerSegments(*node);
     }
-    if (best.hit().kind == HitKind::None) return std::nullopt;
+    if (what == SnapTo::Outlines && !best.isFound())
+        for (Node* const node : found) best.offerSegments(*node);
+    if (!best.isFound()) return std::nullopt;
     return best.hit().point;
 }
 

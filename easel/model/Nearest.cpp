@@ -10,11 +10,10 @@ namespace easel::model {
 
 namespace {
 
-using Cubic = std::array<Point, 4>;
-
 constexpr int kNewtonDepth = 4; // pieces of a sixteenth of the curve
 constexpr int kNewtonSteps = 8;
 constexpr double kParameterError = 1e-14;
+constexpr double kWider = 1 + 1e-12; // so that rounding gives up nothing that lies right on the limit
 
 Point mix(Point a, Point b, double t) { return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t}; }
 
@@ -71,11 +70,10 @@ void newton(NearestPoint& best, const Cubic& c, double t, Point from) {
     improve(best, c, t, from);
 }
 
-NearestPoint nearestOnCurve(const Cubic& curve, Point from) {
-    NearestPoint best{distanceSquared(curve[0], from), curve[0], 0};
-    if (const double squared = distanceSquared(curve[3], from); squared < best.distanceSquared)
-        best = {squared, curve[3], 1};
-
+/// Replaces `best` by the nearest point of the curve if that is nearer.
+void improveOnCurve(NearestPoint& best, const Cubic& curve, Point from) {
+    improve(best, curve, 0, from);
+    improve(best, curve, 1, from);
     struct Piece {
         Cubic cubic;
         double start;
@@ -102,7 +100,6 @@ NearestPoint nearestOnCurve(const Cubic& curve, Point from) {
         pieces[count++] = first;
         pieces[count++] = second;
     }
-    return best;
 }
 
 NearestPoint nearestOnLine(Point start, Point end, Point from) {
@@ -176,18 +173,34 @@ bool lineMeetsBox(Point start, Point end, const Box& box) {
     return cut(start.x, end.x - start.x, box.left, box.right) && cut(start.y, end.y - start.y, box.top, box.bottom);
 }
 
-Cubic cubicOf(const PathPoint& start, const PathPoint& end) { return {start.anchor, start.out, end.in, end.anchor}; }
+/// Whether all of the curve lies farther away on one side; most curves of a long path do.
+bool isAside(const Cubic& c, Point from, double reach) {
+    const auto aside = [&](double Point::*axis) {
+        const double low = from.*axis - reach;
+        const double high = from.*axis + reach;
+        return (c[0].*axis < low && c[1].*axis < low && c[2].*axis < low && c[3].*axis < low) ||
+               (c[0].*axis > high && c[1].*axis > high && c[2].*axis > high && c[3].*axis > high);
+    };
+    return aside(&Point::x) || aside(&Point::y);
+}
 
 } // namespace
 
-NearestPoint nearestOnSegment(const PathPoint& start, const PathPoint& end, Point from) {
-    if (start.out == start.anchor && end.in == end.anchor) return nearestOnLine(start.anchor, end.anchor, from);
-    return nearestOnCurve(cubicOf(start, end), from);
+std::optional<NearestPoint> nearestOn(const Cubic& curve, Point from, double limit) {
+    if (isAside(curve, from, std::sqrt(limit) * kWider)) return std::nullopt;
+    if (isStraight(curve)) {
+        const NearestPoint nearest = nearestOnLine(curve[0], curve[3], from);
+        return nearest.distanceSquared <= limit ? std::optional(nearest) : std::nullopt;
+    }
+    constexpr double kNone = -1;
+    NearestPoint best{std::nextafter(limit, INFINITY), {}, kNone}; // what lies right on the limit is nearer than this
+    improveOnCurve(best, curve, from);
+    return best.t == kNone ? std::nullopt : std::optional(best);
 }
 
-bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
-    if (isIn(box, start.anchor) || isIn(box, end.anchor)) return true;
-    if (start.out == start.anchor && end.in == end.anchor) return lineMeetsBox(start.anchor, end.anchor, box);
+bool meetsBox(const Cubic& curve, const Box& box) {
+    if (isIn(box, curve[0]) || isIn(box, curve[3])) return true;
+    if (isStraight(curve)) return lineMeetsBox(curve[0], curve[3], box);
 
     constexpr int kFinestDepth = 10; // pieces of a thousandth of the curve are as good as straight
     struct Piece {
@@ -196,7 +209,7 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
     };
     std::array<Piece, kFinestDepth + 2> pieces; // each halving leaves one more to do
     std::size_t count = 0;
-    pieces[count++] = {cubicOf(start, end), 0};
+    pieces[count++] = {curve, 0};
     while (count > 0) {
         const Piece piece = pieces[--count];
         Box hull;
@@ -216,8 +229,7 @@ bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box) {
 int windingNumber(const PathData& path, Point point) {
     int count = 0;
     const std::size_t segments = path.segmentCount();
-    for (std::size_t i = 0; i < segments; ++i)
-        count += crossings(cubicOf(path.points[i], path.points[i + 1 == path.points.size() ? 0 : i + 1]), point);
+    for (std::size_t i = 0; i < segments; ++i) count += crossings(path.segment(i), point);
     if (!path.closed && segments > 0) {
         const Point first = path.points.front().anchor;
         const Point last = path.points.back().anchor;

@@ -1,6 +1,7 @@
-// Where a point or a box lies against a curve: nearest point, inside or outside, met or not. Cubic curves given by
-// their four control points; straight ones have their handles retracted. Knows no tolerance and no node.
+// Where a point or a box lies against a curve: nearest point, inside or outside, met or not. Knows no node.
 #pragma once
+
+#include <optional>
 
 #include "model/Types.h"
 
@@ -12,11 +13,12 @@ struct NearestPoint {
     double t = 0;
 };
 
-/// The point of the curve from `start` to `end` that is nearest to `from`.
-[[nodiscard]] NearestPoint nearestOnSegment(const PathPoint& start, const PathPoint& end, Point from);
+/// The point of the curve that is nearest to `from`, if its squared distance is at most `limit`. The smaller the limit,
+/// the sooner a curve is given up.
+[[nodiscard]] std::optional<NearestPoint> nearestOn(const Cubic& curve, Point from, double limit);
 
-/// Whether a part of the curve from `start` to `end` lies in the box.
-[[nodiscard]] bool meetsBox(const PathPoint& start, const PathPoint& end, const Box& box);
+/// Whether a part of the curve lies in the box.
+[[nodiscard]] bool meetsBox(const Cubic& curve, const Box& box);
 
 /// How often the path goes round the point, clockwise as seen on the page less counter-clockwise; an open path is
 /// closed by a straight line.

@@ -26,8 +26,8 @@ struct NodeId {
 
 enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque };
 
-/// Which points of a selected path are selected, one flag a point.
-using PointSelection = std::vector<bool>;
+/// Which points of a selected path are selected.
+using PointSelection = PointFlags;
 
 struct Clip;
 

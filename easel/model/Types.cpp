@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace easel::model {
 
@@ -48,6 +49,33 @@ void Box::include(const Box& other) {
     bottom = std::max(bottom, other.bottom);
 }
 
+void PathData::setCorners(std::size_t index, const PointFlags& corners) {
+    if (!smooth && std::find(corners.begin(), corners.end(), false) == corners.end()) return;
+    if (!smooth) smooth = Shared(PointFlags(points.size()));
+    PointFlags& flags = smooth.writable();
+    for (std::size_t i = 0; i < corners.size(); ++i) flags[index + i] = !corners[i];
+    if (std::find(flags.begin(), flags.end(), true) == flags.end()) smooth = {};
+}
+
+void PathData::resize(std::size_t count) {
+    points.resize(count);
+    if (!smooth) return;
+    smooth.writable().resize(count);
+    setCorners(0, {}); // those that were smooth may be gone
+}
+
+void PathData::reverse() {
+    std::reverse(points.begin(), points.end());
+    for (PathPoint& point : points) std::swap(point.in, point.out);
+    if (smooth) std::reverse(smooth.writable().begin(), smooth.writable().end());
+}
+
+Cubic PathData::segment(std::size_t index) const {
+    const PathPoint& start = points[index];
+    const PathPoint& end = points[index + 1 == points.size() ? 0 : index + 1];
+    return {start.anchor, start.out, end.in, end.anchor};
+}
+
 std::size_t PathData::segmentCount() const {
     if (points.size() < 2) return 0;
     return closed ? points.size() : points.size() - 1;
@@ -64,13 +92,14 @@ Box PathData::hull() const {
 }
 
 std::optional<Point> commonMove(const PathData& was, const PathData& is) {
-    if (was.closed != is.closed || was.points.size() != is.points.size() || was.points.empty()) return std::nullopt;
+    if (was.closed != is.closed || was.points.size() != is.points.size() || was.points.empty() ||
+        was.smooth != is.smooth)
+        return std::nullopt;
     const Point move{is.points[0].anchor.x - was.points[0].anchor.x, is.points[0].anchor.y - was.points[0].anchor.y};
     const auto agrees = [](double from, double to, double by) {
         return std::fabs(to - from - by) <= kSameMove * (1 + std::fabs(from) + std::fabs(to));
     };
     for (std::size_t i = 0; i < was.points.size(); ++i) {
-        if (was.points[i].corner != is.points[i].corner) return std::nullopt;
         for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
             const Point& from = was.points[i].*part;
             const Point& to = is.points[i].*part;
@@ -84,14 +113,12 @@ Box PathData::bounds() const {
     Box box;
     for (const PathPoint& point : points) box.include(point.anchor);
     for (std::size_t i = 0; i < segmentCount(); ++i) {
-        const PathPoint& start = points[i];
-        const PathPoint& end = points[i + 1 == points.size() ? 0 : i + 1];
+        const Cubic c = segment(i);
         const auto include = [&](double t) {
-            box.include(Point{cubicAt(start.anchor.x, start.out.x, end.in.x, end.anchor.x, t),
-                              cubicAt(start.anchor.y, start.out.y, end.in.y, end.anchor.y, t)});
+            box.include(Point{cubicAt(c[0].x, c[1].x, c[2].x, c[3].x, t), cubicAt(c[0].y, c[1].y, c[2].y, c[3].y, t)});
         };
-        includeTurns(start.anchor.x, start.out.x, end.in.x, end.anchor.x, include);
-        includeTurns(start.anchor.y, start.out.y, end.in.y, end.anchor.y, include);
+        includeTurns(c[0].x, c[1].x, c[2].x, c[3].x, include);
+        includeTurns(c[0].y, c[1].y, c[2].y, c[3].y, include);
     }
     return box;
 }

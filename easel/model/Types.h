@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+#include "model/Shared.h"
+
 namespace easel::model {
 
 struct Point {
@@ -37,17 +39,36 @@ struct PathPoint {
     Point anchor;
     Point in;
     Point out;
-    bool corner = true;
 
     bool operator==(const PathPoint&) const = default;
 };
 
+/// A point whose handles are retracted.
+[[nodiscard]] constexpr PathPoint cornerAt(Point anchor) { return {anchor, anchor, anchor}; }
+
+/// One flag a point.
+using PointFlags = std::vector<bool>;
+
+/// A curve between two anchors, which are the first and the last of its control points. It is straight when the other
+/// two lie on the anchors next to them.
+using Cubic = std::array<Point, 4>;
+
+[[nodiscard]] constexpr bool isStraight(const Cubic& curve) { return curve[1] == curve[0] && curve[2] == curve[3]; }
+
+/// Every point is a corner at first, one whose handles move apart from one another.
 struct PathData {
     std::vector<PathPoint> points;
     bool closed = false;
+    Shared<PointFlags> smooth{}; ///< the points that are no corners; nothing if there are none
+
+    [[nodiscard]] bool isCorner(std::size_t index) const { return !smooth || !(*smooth)[index]; }
+    void setCorners(std::size_t index, const PointFlags& corners); ///< of as many points, beginning at `index`
+    void resize(std::size_t count); ///< cuts off at the end, or appends corners at the origin
+    void reverse();
 
     /// Number of curve pieces: one per pair of neighbours, and the closing one.
     [[nodiscard]] std::size_t segmentCount() const;
+    [[nodiscard]] Cubic segment(std::size_t index) const;
     /// Contains all anchors and control points, hence the whole curve.
     [[nodiscard]] Box hull() const;
     /// Of the curve itself, without its control points.

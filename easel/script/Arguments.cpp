@@ -176,10 +176,11 @@ void read(const Value& value, model::Point& slot) {
     slot = {value.item<double>(0), value.item<double>(1)};
 }
 
-void read(const Value& value, model::PathPoint& slot) {
+void read(const Value& value, PointRecord& slot) {
+    auto& [anchor, in, out] = slot.point;
     if (duk_is_array(value.engine(), value.index())) {
-        read(value, slot.anchor);
-        slot.in = slot.out = slot.anchor;
+        read(value, anchor);
+        in = out = anchor;
         return;
     }
     // "selected" is taken, and passed over, so that the points of one path can be handed on to make another.
@@ -190,9 +191,9 @@ void read(const Value& value, model::PathPoint& slot) {
     const auto optional = [&](const char* key, double missing) {
         return value.member<std::optional<double>>(key).value_or(missing);
     };
-    slot.anchor = {value.member<double>("x"), value.member<double>("y")};
-    slot.in = {optional("inX", slot.anchor.x), optional("inY", slot.anchor.y)};
-    slot.out = {optional("outX", slot.anchor.x), optional("outY", slot.anchor.y)};
+    anchor = {value.member<double>("x"), value.member<double>("y")};
+    in = {optional("inX", anchor.x), optional("inY", anchor.y)};
+    out = {optional("outX", anchor.x), optional("outY", anchor.y)};
     slot.corner = value.member<std::optional<bool>>("corner").value_or(true);
 }
 
@@ -237,10 +238,10 @@ void push(duk_context* engine, const model::Style& style) {
 }
 
 void push(duk_context* engine, const PointRecord& record) {
-    const auto& [anchor, in, out, corner] = record.point;
+    const auto& [anchor, in, out] = record.point;
     pushRecord(engine, std::pair("x", anchor.x), std::pair("y", anchor.y), std::pair("inX", in.x),
-               std::pair("inY", in.y), std::pair("outX", out.x), std::pair("outY", out.y), std::pair("corner", corner),
-               std::pair("selected", record.selected));
+               std::pair("inY", in.y), std::pair("outX", out.x), std::pair("outY", out.y),
+               std::pair("corner", record.corner), std::pair("selected", record.selected));
 }
 
 void push(duk_context* engine, const MenuItemRecord& record) {

@@ -64,6 +64,7 @@ struct Positive {
 /// A point of a path as a script sees it.
 struct PointRecord {
     model::PathPoint point;
+    bool corner = true;
     bool selected = false;
 };
 /// Menus as a script sees them.
@@ -117,8 +118,8 @@ void read(const Value& value, Truthy& slot);
 void read(const Value& value, AnyAsText& slot);
 void read(const Value& value, std::string& slot);
 void read(const Value& value, ModifierKeys& slot);
-void read(const Value& value, model::Point& slot);     ///< [x, y]
-void read(const Value& value, model::PathPoint& slot); ///< [x, y] or {x, y, inX, inY, outX, outY, corner}
+void read(const Value& value, model::Point& slot); ///< [x, y]
+void read(const Value& value, PointRecord& slot);  ///< [x, y] or {x, y, inX, inY, outX, outY, corner}
 void read(const Value& value, Document& slot);
 void read(const Value& value, View& slot);
 void read(const Value& value, Layer& slot);

@@ -139,16 +139,23 @@ void setCurrentLayer(Host& /*host*/, const ThisDocument& doc, const Layer& layer
 
 // Editing
 
-Object addPath(Host& host, const ThisDocument& doc, const std::vector<model::PathPoint>& points,
+Object addPath(Host& host, const ThisDocument& doc, const std::vector<PointRecord>& records,
                const std::optional<PathOptions>& options) {
-    if (points.empty()) throw BadArgument("argument 1 (points) must have a point");
+    if (records.empty()) throw BadArgument("argument 1 (points) must have a point");
     const PathOptions how = options.value_or(PathOptions{});
     if (how.layer) mustBelong(*how.layer, doc, "argument 2 (options), layer,");
+    model::PathData data{.points = {}, .closed = how.closed, .smooth = {}};
+    model::PointFlags corners;
+    for (const PointRecord& record : records) {
+        data.points.push_back(record.point);
+        corners.push_back(record.corner);
+    }
+    data.setCorners(0, corners);
     Object path{doc.open, nullptr};
     edit(host, *doc, [&] {
         auto& layer = how.layer ? *how.layer->node : doc->currentLayer();
         path.node = &doc->create(model::NodeType::Path, model::Placement::OnTopInside, layer);
-        doc->setPath(*path.node, {.points = points, .closed = how.closed});
+        doc->setPath(*path.node, std::move(data));
     });
     return path;
 }

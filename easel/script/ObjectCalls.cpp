@@ -49,7 +49,8 @@ std::optional<bool> closed(Host& /*host*/, const ThisArt& art) {
 std::optional<std::vector<PointRecord>> points(Host& /*host*/, const ThisArt& art) {
     if (!isPath(art)) return std::nullopt;
     std::vector<PointRecord> records;
-    for (const auto& point : art->path().points) records.push_back({point, art->pointSelected(records.size())});
+    for (std::size_t i = 0; i < art->path().points.size(); ++i)
+        records.push_back({art->path().points[i], art->path().isCorner(i), art->pointSelected(i)});
     return records;
 }
 

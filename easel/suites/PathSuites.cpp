@@ -50,8 +50,9 @@ void getSegments(PathArt path, std::int16_t index, std::int16_t count, AIPathSeg
     require(index >= 0 && count >= 0 && index + count <= path.count());
     AIPathSegment* out = &segments;
     for (std::int16_t i = index; i < index + count; ++i) {
-        const PathPoint& point = path.data().points[static_cast<std::size_t>(i)];
-        *out++ = {toHost(point.anchor), toHost(point.in), toHost(point.out), point.corner};
+        const auto at = static_cast<std::size_t>(i);
+        const PathPoint& point = path.data().points[at];
+        *out++ = {toHost(point.anchor), toHost(point.in), toHost(point.out), path.data().isCorner(at)};
     }
 }
 
@@ -59,23 +60,25 @@ void setSegments(PathArt path, std::int16_t index, std::int16_t count, const AIP
     require(index >= 0 && count >= 0 && index + count <= path.count());
     // Kept between calls, since a drag comes here at every move. Converted whole first: a bad point changes nothing.
     static std::vector<PathPoint> points;
+    static model::PointFlags corners;
     points.clear();
-    for (const AIPathSegment* in = &segments; in != &segments + count; ++in)
-        points.push_back({fromHost(in->p), fromHost(in->in), fromHost(in->out), in->corner != 0});
+    corners.clear();
+    for (const AIPathSegment* in = &segments; in != &segments + count; ++in) {
+        points.push_back({fromHost(in->p), fromHost(in->in), fromHost(in->out)});
+        corners.push_back(in->corner != 0);
+    }
     path.document.setPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
+    path.document.setCorners(path.node, static_cast<std::size_t>(index), corners);
 }
 
 void getLength(PathArt path, AIReal& length, AIReal flatness) {
     require(flatness > 0);
-    const std::vector<PathPoint>& points = path.data().points;
     AIReal sum = 0;
     for (std::size_t i = 0; i < path.data().segmentCount(); ++i) {
-        const PathPoint& from = points[i];
-        const PathPoint& to = points[(i + 1) % points.size()];
-        const bool straight = from.out == from.anchor && to.in == to.anchor;
+        const model::Cubic c = path.data().segment(i);
         const auto at = [](model::Point point) { return Geom::Point(point.x, point.y); };
-        sum += straight ? std::hypot(to.anchor.x - from.anchor.x, to.anchor.y - from.anchor.y)
-                        : Geom::CubicBezier(at(from.anchor), at(from.out), at(to.in), at(to.anchor)).length(flatness);
+        sum += model::isStraight(c) ? Geom::distance(at(c[0]), at(c[3]))
+                                    : Geom::CubicBezier(at(c[0]), at(c[1]), at(c[2]), at(c[3])).length(flatness);
     }
     length = sum;
 }

@@ -170,7 +170,9 @@ Reason reasonAgainst(const std::vector<PathData>& subpaths, const Geom::Affine& 
 void applyOwnFeatures(PathData& path, const Attributes& attributes) {
     std::vector<model::PathPoint>& points = path.points;
     const std::string_view types = attributes.get(Name::NodeTypes);
-    for (std::size_t i = 0; i < std::min(types.size(), points.size()); ++i) points[i].corner = types[i] == 'c';
+    model::PointFlags corners;
+    for (std::size_t i = 0; i < std::min(types.size(), points.size()); ++i) corners.push_back(types[i] == 'c');
+    path.setCorners(0, corners);
     const std::optional<std::string_view> text = attributes.find(Name::Ends);
     if (!text || points.empty()) return;
     const std::vector<double> ends = numbers(*text);

@@ -136,10 +136,13 @@ std::string pathData(const PathData& path) {
 }
 
 std::string nodeTypes(const PathData& path) {
-    const auto unexpected = [](const PathPoint& point) { return point.corner == looksSmooth(point); };
     std::string types;
-    if (std::none_of(path.points.begin(), path.points.end(), unexpected)) return types;
-    for (const PathPoint& point : path.points) types += point.corner ? 'c' : 's';
+    bool expected = true;
+    for (std::size_t i = 0; i < path.points.size(); ++i) {
+        types += path.isCorner(i) ? 'c' : 's';
+        expected = expected && path.isCorner(i) != looksSmooth(path.points[i]);
+    }
+    if (expected) return "";
     if (path.closed) types += types.front();
     return types;
 }

@@ -15,6 +15,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::cornerAt;
 using model::PathData;
 using model::PathPoint;
 using model::Point;
@@ -30,9 +31,10 @@ std::vector<PathData> ellipse(Point center, double rx, double ry) {
     for (const Point& unit : {Point{1, 0}, Point{0, 1}, Point{-1, 0}, Point{0, -1}}) {
         const Point along{-unit.y * reach, unit.x * reach};
         const auto at = [&](double x, double y) { return Point{center.x + rx * x, center.y + ry * y}; };
-        path.points.push_back({at(unit.x, unit.y), at(unit.x - along.x, unit.y - along.y),
-                               at(unit.x + along.x, unit.y + along.y), false});
+        path.points.push_back(
+            {at(unit.x, unit.y), at(unit.x - along.x, unit.y - along.y), at(unit.x + along.x, unit.y + along.y)});
     }
+    path.setCorners(0, model::PointFlags(path.points.size(), false));
     return {path};
 }
 
@@ -58,8 +60,8 @@ std::vector<PathData> rectangle(double x, double y, double width, double height,
     for (const auto& [corner, coming, going] : corners) {
         const Point start{corner.x - coming.x * rx, corner.y - coming.y * ry};
         const Point end{corner.x + going.x * rx, corner.y + going.y * ry};
-        path.points.push_back({start, start, {corner.x - coming.x * rx * left, corner.y - coming.y * ry * left}, true});
-        path.points.push_back({end, {corner.x + going.x * rx * left, corner.y + going.y * ry * left}, end, true});
+        path.points.push_back({start, start, {corner.x - coming.x * rx * left, corner.y - coming.y * ry * left}});
+        path.points.push_back({end, {corner.x + going.x * rx * left, corner.y + going.y * ry * left}, end});
     }
     return {path};
 }
@@ -136,8 +138,6 @@ bool withinReach(const PathData& path) {
         return reaches;
     });
 }
-
-PathPoint cornerAt(Point at) { return {at, at, at, true}; }
 
 bool looksSmooth(const PathPoint& point) {
     const Point in{point.in.x - point.anchor.x, point.in.y - point.anchor.y};

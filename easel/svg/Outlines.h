@@ -25,9 +25,8 @@ void transformBy(model::PathData& path, const Geom::Affine& transform);
 /// Whether all of its points lie where coordinates are trusted; false for what is no number.
 [[nodiscard]] bool withinReach(const model::PathData& path);
 
-/// Marks a point as smooth when both its handles are drawn out, in opposite directions.
+/// Whether both handles of a point are drawn out, in opposite directions.
 [[nodiscard]] bool looksSmooth(const model::PathPoint& point);
-[[nodiscard]] model::PathPoint cornerAt(model::Point at);
 /// How far the handles of an arc of this angle reach, against the radius.
 [[nodiscard]] double handleReach(double angle);
 

@@ -37,12 +37,12 @@ class Collector {
     }
     void lineTo(Point point) {
         begin();
-        points_.push_back(cornerAt(point));
+        points_.push_back(model::cornerAt(point));
     }
     void curveTo(Point out, Point in, Point point) {
         begin();
         points_.back().out = out;
-        points_.push_back({point, in, point, true});
+        points_.push_back({point, in, point});
     }
     void close() {
         if (points_.empty()) return;
@@ -64,17 +64,22 @@ class Collector {
 
   private:
     void begin() {
-        if (points_.empty()) points_.push_back(cornerAt(start_));
+        if (points_.empty()) points_.push_back(model::cornerAt(start_));
     }
     void flush(bool closed) {
         if (points_.empty()) return;
-        for (PathPoint& point : points_) point.corner = !looksSmooth(point);
-        subpaths_.push_back({{points_.begin(), points_.end()}, closed}); // no larger than need be
+        PathData& path = subpaths_.emplace_back();
+        path.points.assign(points_.begin(), points_.end()); // no larger than need be
+        path.closed = closed;
+        corners_.clear();
+        for (const PathPoint& point : points_) corners_.push_back(!looksSmooth(point));
+        path.setCorners(0, corners_);
         points_.clear();
     }
 
     Point start_;
     std::vector<PathPoint> points_;
+    model::PointFlags corners_;
     std::vector<PathData> subpaths_;
 };
 

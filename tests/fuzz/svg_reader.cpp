@@ -58,7 +58,7 @@ void editContainer(model::Document& document, Node& node, Choice& choice) {
     const bool isRoot = &node == &document.root();
     if (!isRoot && choice.below(2)) {
         Node& path = document.create(NodeType::Path, Placement::OnTopInside, node);
-        document.setPath(path, {{{}, {{1, 2}, {1, 2}, {3, 4}, true}}, choice.below(2) != 0});
+        document.setPath(path, {{{}, {{1, 2}, {1, 2}, {3, 4}}}, choice.below(2) != 0});
         document.setName(path, "new");
     }
     if (!isRoot && choice.below(3) == 0) document.offset(node, 3, -1);

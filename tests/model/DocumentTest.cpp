@@ -86,7 +86,7 @@ TEST_F(DocumentTest, PaintOrderIsThatOfAWalk) {
 TEST_F(DocumentTest, DeepNestingNeedsNoStack) {
     Node* innermost = &layer;
     for (int i = 0; i < 100000; ++i) innermost = &document.create(NodeType::Group, Placement::OnTopInside, *innermost);
-    Node& line = addPath(document, *innermost, {{{1, 1}, {0, 1}, {2, 1}, false}});
+    Node& line = addPath(document, *innermost, {{{1, 1}, {0, 1}, {2, 1}}});
     Node& outermost = *layer.firstChild();
     Node& apart = addLine(document, layer, {0, 0}, {1, 1});
     document.offset(outermost, 5, -1);
@@ -96,7 +96,7 @@ TEST_F(DocumentTest, DeepNestingNeedsNoStack) {
     EXPECT_TRUE(document.selection().empty());
     document.journal().undo();
     EXPECT_TRUE(line.alive());
-    EXPECT_EQ(line.path().points[0], (PathPoint{{6, 0}, {5, 0}, {7, 0}, false}));
+    EXPECT_EQ(line.path().points[0], (PathPoint{{6, 0}, {5, 0}, {7, 0}}));
     EXPECT_EQ(apart.path().points[0], corner(0, 0));
     EXPECT_EQ(document.selection().size(), 100001U);
 }

@@ -51,7 +51,7 @@ TEST_F(HitTest, KindDecidesBeforeDistanceBeforePaintOrder) {
 
 TEST_F(HitTest, OnlyWhatIsAskedForIsFound) {
     // A square with one curved corner; the point lies near an anchor and both its handles.
-    Node& path = addPath(document, layer, {{{10, 10}, {9, 10}, {11, 10}, false}, corner(50, 10), corner(50, 50)}, true);
+    Node& path = addPath(document, layer, {{{10, 10}, {9, 10}, {11, 10}}, corner(50, 10), corner(50, 50)}, true);
     document.setStyle(path, painted(true, 1));
     const struct {
         HitRequest request;

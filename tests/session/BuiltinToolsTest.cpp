@@ -100,8 +100,8 @@ TEST_F(BuiltinToolsTest, SelectionTakesGroupsAsOneAndWhatAMarqueeTouches) {
     Node& first = square(10, 10, &group);
     Node& second = square(100, 10, &group);
     // An arc whose control points reach up to y = 20, the curve itself only to (70 + 3 * 20) / 4 = 32.5.
-    Node& arc = addPath(document, document.currentLayer(),
-                        {{{10, 70}, {10, 70}, {10, 20}, true}, {{50, 70}, {50, 20}, {50, 70}, true}});
+    Node& arc =
+        addPath(document, document.currentLayer(), {{{10, 70}, {10, 70}, {10, 20}}, {{50, 70}, {50, 20}, {50, 70}}});
     stroke({{15, 15}, {15, 20}});
     EXPECT_THAT(document.selection(), ElementsAre(&group, &second, &first));
     EXPECT_EQ(anchor(second, 0), (Point{100, 15}));
@@ -137,8 +137,9 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     click({100, 100});
     EXPECT_FALSE(path.selected());
 
-    Node& curve = addPath(document, document.currentLayer(),
-                          {{{100, 100}, {90, 100}, {120, 100}, false}, model::corner(150, 100)});
+    Node& curve =
+        addPath(document, document.currentLayer(), {{{100, 100}, {90, 100}, {120, 100}}, model::corner(150, 100)});
+    document.setCorners(curve, 0, {false});
     stroke({{120, 100}, {100, 140}}); // no handle yet, but the segment, for the anchor is not selected
     EXPECT_EQ(anchor(curve, 0), (Point{80, 140}));
     ASSERT_TRUE(document.journal().undo());
@@ -149,7 +150,7 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     EXPECT_EQ(point().in, (Point{100, 90})); // turned along, as long as it was
     stroke({{100, 130}, {110, 130}}, kAIOptionKey);
     EXPECT_EQ(point().in, (Point{100, 90}));
-    EXPECT_TRUE(point().corner);
+    EXPECT_TRUE(curve.path().isCorner(0));
 }
 
 } // namespace

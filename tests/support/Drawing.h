@@ -10,7 +10,7 @@
 
 namespace easel::model {
 
-inline PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
+inline PathPoint corner(double x, double y) { return cornerAt({x, y}); }
 
 inline Node& addPath(Document& document, Node& container, std::vector<PathPoint> points, bool closed = false) {
     Node& path = document.create(NodeType::Path, Placement::OnTopInside, container);
@@ -66,7 +66,7 @@ inline Listing listing(Document& document) {
             for (std::size_t i = 0; i < node->path().points.size(); ++i) {
                 const PathPoint& p = node->path().points[i];
                 out << " (" << p.anchor.x << ',' << p.anchor.y << ' ' << p.in.x << ',' << p.in.y << ' ' << p.out.x
-                    << ',' << p.out.y << ' ' << p.corner << node->pointSelected(i) << ')';
+                    << ',' << p.out.y << ' ' << node->path().isCorner(i) << node->pointSelected(i) << ')';
             }
         }
         out << '\n';
@@ -87,9 +87,15 @@ class RandomEditor {
         std::vector<PathPoint> points;
         for (std::size_t i = 0; i < count; ++i) {
             const Point anchor = point();
-            points.push_back(below(2) == 0 ? corner(anchor.x, anchor.y) : PathPoint{anchor, point(), point(), false});
+            points.push_back(below(2) == 0 ? corner(anchor.x, anchor.y) : PathPoint{anchor, point(), point()});
         }
         return points;
+    }
+
+    PointFlags flags(std::size_t count) {
+        PointFlags flags(count);
+        for (std::size_t i = 0; i < count; ++i) flags[i] = below(2) == 0;
+        return flags;
     }
 
     void edit(Document& document) {
@@ -98,7 +104,7 @@ class RandomEditor {
         Node& other = *nodes[below(nodes.size())];
         const bool isPath = node.type() == NodeType::Path;
         const Placement placement = placementAt(other);
-        switch (below(isPath ? 17 : 10)) {
+        switch (below(isPath ? 18 : 10)) {
         case 0:
         case 1: document.create(NodeType::Group, placement, other); break;
         case 2:
@@ -124,10 +130,8 @@ class RandomEditor {
                 document.setPoints(node, index, points(1).data(), 1);
             }
             break;
-        default:
-            PointSelection flags(node.path().points.size());
-            for (std::size_t i = 0; i < flags.size(); ++i) flags[i] = below(2) == 0;
-            document.selectPoints(node, flags);
+        case 16: document.setCorners(node, 0, flags(node.path().points.size())); break;
+        default: document.selectPoints(node, flags(node.path().points.size()));
         }
     }
 

@@ -32,7 +32,7 @@ std::string errorOf(const std::string& bytes) {
     return desk::errorOf<FileError>([&] { static_cast<void>(read(bytes, "t.svg")); });
 }
 
-PathPoint corner(double x, double y) { return {{x, y}, {x, y}, {x, y}, true}; }
+PathPoint corner(double x, double y) { return model::cornerAt({x, y}); }
 
 /// Anchors and handles of the topmost path, as far as they can be told from each other.
 void expectNear(const PathData& path, const std::vector<PathPoint>& points, bool closed) {
@@ -108,25 +108,31 @@ TEST(Reader, OutlinesOfPathsAndShapes) {
         const char* element;
         std::vector<PathPoint> points;
         bool closed;
+        const char* types; // of the anchors: corner or smooth
     } rows[] = {
-        {R"(<path d="M1 2 L3 4 h5 v-1"/>)", {corner(1, 2), corner(3, 4), corner(8, 4), corner(8, 3)}, false},
+        {R"(<path d="M1 2 L3 4 h5 v-1"/>)", {corner(1, 2), corner(3, 4), corner(8, 4), corner(8, 3)}, false, "cccc"},
         {R"(<path d="m1 2 c1 0 2 1 2 2 s1 2 2 2"/>)",
-         {{{1, 2}, {1, 2}, {2, 2}, true}, {{3, 4}, {3, 3}, {3, 5}, false}, {{5, 6}, {4, 6}, {5, 6}, true}},
-         false},
-        {R"(<path d="M0 0 Q3 3 6 0"/>)", {{{0, 0}, {0, 0}, {2, 2}, true}, {{6, 0}, {4, 2}, {6, 0}, true}}, false},
-        {R"(<path d="M1 0 A1 1 0 0 1 0 1"/>)", {{{1, 0}, {1, 0}, {1, k}, true}, {{0, 1}, {k, 1}, {0, 1}, true}}, false},
-        {R"(<path d="M0 0 L5 0 L5 5 L0 0 Z"/>)", {corner(0, 0), corner(5, 0), corner(5, 5)}, true},
-        {R"(<path d="nonsense"/>)", {}, false},
-        {R"(<line x1="1" y1="2" x2="3"/>)", {corner(1, 2), corner(3, 0)}, false},
-        {R"(<polyline points="0,0 1,2, 3"/>)", {corner(0, 0), corner(1, 2)}, false},
-        {R"(<polygon points="0,0 1,2 3,4"/>)", {corner(0, 0), corner(1, 2), corner(3, 4)}, true},
-        {R"(<rect x="1" y="2" width="3" height="4"/>)", {corner(1, 2), corner(4, 2), corner(4, 6), corner(1, 6)}, true},
+         {{{1, 2}, {1, 2}, {2, 2}}, {{3, 4}, {3, 3}, {3, 5}}, {{5, 6}, {4, 6}, {5, 6}}},
+         false,
+         "csc"},
+        {R"(<path d="M0 0 Q3 3 6 0"/>)", {{{0, 0}, {0, 0}, {2, 2}}, {{6, 0}, {4, 2}, {6, 0}}}, false, "cc"},
+        {R"(<path d="M1 0 A1 1 0 0 1 0 1"/>)", {{{1, 0}, {1, 0}, {1, k}}, {{0, 1}, {k, 1}, {0, 1}}}, false, "cc"},
+        {R"(<path d="M0 0 L5 0 L5 5 L0 0 Z"/>)", {corner(0, 0), corner(5, 0), corner(5, 5)}, true, "ccc"},
+        {R"(<path d="nonsense"/>)", {}, false, ""},
+        {R"(<line x1="1" y1="2" x2="3"/>)", {corner(1, 2), corner(3, 0)}, false, "cc"},
+        {R"(<polyline points="0,0 1,2, 3"/>)", {corner(0, 0), corner(1, 2)}, false, "cc"},
+        {R"(<polygon points="0,0 1,2 3,4"/>)", {corner(0, 0), corner(1, 2), corner(3, 4)}, true, "ccc"},
+        {R"(<rect x="1" y="2" width="3" height="4"/>)",
+         {corner(1, 2), corner(4, 2), corner(4, 6), corner(1, 6)},
+         true,
+         "cccc"},
         {R"(<circle cx="5" cy="5" r="1"/>)",
-         {{{6, 5}, {6, 5 - k}, {6, 5 + k}, false},
-          {{5, 6}, {5 + k, 6}, {5 - k, 6}, false},
-          {{4, 5}, {4, 5 + k}, {4, 5 - k}, false},
-          {{5, 4}, {5 - k, 4}, {5 + k, 4}, false}},
-         true},
+         {{{6, 5}, {6, 5 - k}, {6, 5 + k}},
+          {{5, 6}, {5 + k, 6}, {5 - k, 6}},
+          {{4, 5}, {4, 5 + k}, {4, 5 - k}},
+          {{5, 4}, {5 - k, 4}, {5 + k, 4}}},
+         true,
+         "ssss"},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.element);
@@ -134,7 +140,9 @@ TEST(Reader, OutlinesOfPathsAndShapes) {
         ASSERT_EQ(document->currentLayer().childCount(), 1U);
         const PathData& path = document->currentLayer().firstChild()->path();
         expectNear(path, row.points, row.closed);
-        for (std::size_t i = 0; i < row.points.size(); ++i) EXPECT_EQ(path.points[i].corner, row.points[i].corner) << i;
+        std::string types;
+        for (std::size_t i = 0; i < path.points.size(); ++i) types += path.isCorner(i) ? 'c' : 's';
+        EXPECT_EQ(types, row.types);
     }
 }
 

@@ -177,7 +177,7 @@ TEST(Splice, LoopOfOneAnchorKeepsItsHandles) {
 // They were once written in the element's units and read in the page's.
 TEST(Splice, OuterHandlesStayUnderATransform) {
     const auto document = read("<svg><g transform='translate(30 5) scale(2)'><path id='p'/></g></svg>", "t.svg");
-    const model::PathData path{{{{1, 2}, {3, 4}, {5, 6}, true}, {{7, 8}, {9, 10}, {11, 12}, true}}, false};
+    const model::PathData path{{{{1, 2}, {3, 4}, {5, 6}}, {{7, 8}, {9, 10}, {11, 12}}}, false};
     document->setPath(*document->findByName("p"), path);
     EXPECT_EQ(read(write(*document), "t.svg")->findByName("p")->path(), path);
 }

@@ -38,7 +38,7 @@ TEST(Writer, WritesPlainSvg) {
     document.setName(layer, "A & \"B\"");
     Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
     document.setLocked(group, true);
-    Node& path = addPath(document, group, {corner(0, 0), {{10.1, 0}, {5, 5}, {10.1, 0}, true}}, true);
+    Node& path = addPath(document, group, {corner(0, 0), {{10.1, 0}, {5, 5}, {10.1, 0}}}, true);
     document.setName(path, "edge");
     document.setStyle(path,
                       {.fill = true, .fillColor = {1, 0.2, 0}, .strokeColor = {}, .dashCount = 2, .dashes = {4, 1.5}});
@@ -73,11 +73,11 @@ TEST(Writer, OddCasesReadBackToo) {
     Document document(200, 100);
     Node& layer = document.currentLayer();
     addPath(document, layer, {corner(1, 1)}, true);
-    addPath(document, layer, {{{1, 1}, {0, 0}, {2, 3}, true}}, true);
+    addPath(document, layer, {{{1, 1}, {0, 0}, {2, 3}}}, true);
     addPath(document, layer, {corner(1, 1), corner(5, 5), corner(1, 1)}, true);
     addPath(document, layer, {corner(1, 1), corner(1, 1)});
     addPath(document, layer, {corner(1, 1), corner(1, 1)}, true);
-    addPath(document, layer, {{{1, 1}, {0, 1}, {2, 1}, false}, {{9, 1}, {8, 1}, {10, 1}, true}});
+    document.setCorners(addPath(document, layer, {{{1, 1}, {0, 1}, {2, 1}}, {{9, 1}, {8, 1}, {10, 1}}}), 0, {false});
     document.setName(addLine(document, layer, {0.1 + 0.2, 1 / 3.0}, {-0.0, 1e-300}), "two\nlines <&> \t end");
     document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");
     document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");

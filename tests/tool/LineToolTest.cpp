@@ -96,9 +96,8 @@ TEST(LineTool, MakesAnOpenSelectedThinBlackLineOfTwoCornersInTheCurrentLayer) {
     const Node& line = *desk.paths().front();
     EXPECT_EQ(&line.layer(), &lower);
     EXPECT_FALSE(line.path().closed);
-    for (const auto& point : line.path().points) {
-        EXPECT_TRUE(point.in == point.anchor && point.out == point.anchor && point.corner);
-    }
+    EXPECT_FALSE(line.path().smooth);
+    for (const auto& point : line.path().points) EXPECT_TRUE(point.in == point.anchor && point.out == point.anchor);
     EXPECT_FALSE(line.style().fill);
     EXPECT_TRUE(line.style().stroke);
     EXPECT_EQ(line.style().strokeColor, easel::model::Color());

@@ -250,9 +250,9 @@ class DirectSelectionTool final : public SelectingTool {
         Point& moved = handle_->in ? point.in : point.out;
         Point& other = handle_->in ? point.out : point.in;
         moved = {moved.x + way.x, moved.y + way.y};
-        if (breaking) point.corner = true;
+        if (breaking) document.setCorners(path, handle_->index, {true});
         const double length = std::sqrt(model::distanceSquared(moved, point.anchor));
-        if (!point.corner && length > 0) {
+        if (!path.path().isCorner(handle_->index) && length > 0) {
             const double scale = std::sqrt(model::distanceSquared(other, point.anchor)) / length;
             other = {point.anchor.x - (moved.x - point.anchor.x) * scale,
                      point.anchor.y - (moved.y - point.anchor.y) * scale};
