@@ -52,8 +52,8 @@ Document& drawingOf(std::int64_t count) {
     return *document;
 }
 
-void dragMessage(benchmark::State& state) {
-    Document& document = drawingOf(state.range(0));
+/// As a tool that snaps to art drags: rolled back, drawn to the nearest feature, told what is there, and drawn anew.
+void dragIn(benchmark::State& state, Document& document, double radius) {
     Journal& journal = document.journal();
     Node& layer = document.currentLayer();
     const Point center = document.view.center;
@@ -63,8 +63,8 @@ void dragMessage(benchmark::State& state) {
     for (auto _ : state) {
         journal.rollBackToMark();
         turn += 0.01;
-        const Point cursor{center.x + 80 * std::cos(turn), center.y + 80 * std::sin(turn)};
-        const std::optional<Point> snapped = document.snapPoint(cursor, 2);
+        const Point cursor{center.x + radius * std::cos(turn), center.y + radius * std::sin(turn)};
+        const std::optional<Point> snapped = document.snapPoint(cursor, 2, SnapTo::Outlines);
         const Point end = snapped ? *snapped : cursor;
         journal.begin();
         const Hit hit = document.hitTest(layer, end, 2, HitRequest::Anchors | HitRequest::Segments);
@@ -77,6 +77,45 @@ void dragMessage(benchmark::State& state) {
         journal.end();
     }
     journal.abandon();
+}
+
+void dragMessage(benchmark::State& state) { dragIn(state, drawingOf(state.range(0)), 80); }
+
+/// Curves that all pass through one spot: none of them can be told from afar.
+void dragInKnot(benchmark::State& state) {
+    Document document(1000, 1000);
+    std::mt19937 engine(1);
+    std::uniform_real_distribution<double> inSpot(450, 550);
+    const auto point = [&] { return Point{inSpot(engine), inSpot(engine)}; };
+    document.journal().beginUnrecorded();
+    for (std::int64_t i = 0; i < state.range(0); ++i) {
+        Node& path = document.create(NodeType::Path, Placement::OnTopInside, document.currentLayer());
+        document.setPath(path, {{{point(), point(), point()}, {point(), point(), point()}}, false});
+    }
+    document.journal().end();
+    dragIn(state, document, 20);
+}
+
+/// One path of that many curves: a spiral, or anchors thrown on the page, each of whose curves crosses it.
+void dragNearLongPath(benchmark::State& state, bool crossing) {
+    Document document(1000, 1000);
+    std::mt19937 engine(1);
+    std::uniform_real_distribution<double> onPage(0, 1000);
+    std::uniform_real_distribution<double> handle(-5, 5);
+    const auto near = [&](Point p) { return Point{p.x + handle(engine), p.y + handle(engine)}; };
+    PathData data;
+    const auto count = static_cast<double>(state.range(0));
+    for (double i = 0; i < count; ++i) {
+        const double turn = i / 100;
+        const double radius = 500 * i / count;
+        const Point spiral{500 + radius * std::cos(turn), 500 + radius * std::sin(turn)};
+        const Point anchor = crossing ? Point{onPage(engine), onPage(engine)} : spiral;
+        data.points.push_back({anchor, near(anchor), near(anchor)});
+    }
+    document.journal().beginUnrecorded();
+    document.setPath(document.create(NodeType::Path, Placement::OnTopInside, document.currentLayer()), data);
+    document.journal().end();
+    dragIn(state, document, 80);
 }
 
 void hitTestAnywhere(benchmark::State& state) {
@@ -114,7 +153,9 @@ void lookAtEveryPath(benchmark::State& state) {
         double nearest = std::numeric_limits<double>::infinity();
         for (const Node* path = document.currentLayer().firstChild(); path; path = path->next()) {
             for (const PathPoint& p : path->path().points) {
-                nearest = std::min(nearest, std::hypot(p.anchor.x - point.x, p.anchor.y - point.y));
+                const double x = p.anchor.x - point.x;
+                const double y = p.anchor.y - point.y;
+                nearest = std::min(nearest, x * x + y * y);
             }
         }
         benchmark::DoNotOptimize(nearest);
@@ -147,6 +188,9 @@ const int kRegistered = [] {
         benchmark::RegisterBenchmark("model/moveAndUndo", moveAndUndo)->Arg(size);
         benchmark::RegisterBenchmark("model/buildDocument", buildDocument)->Arg(size);
     }
+    benchmark::RegisterBenchmark("model/dragInKnot", dragInKnot)->Arg(10'000);
+    benchmark::RegisterBenchmark("model/dragNearSpiral", dragNearLongPath, false)->Arg(30'000);
+    benchmark::RegisterBenchmark("model/dragNearCrossings", dragNearLongPath, true)->Arg(30'000);
     return 0;
 }();
 

@@ -4,8 +4,6 @@
 #include <2geom/svg-path-parser.h>
 #include <benchmark/benchmark.h>
 #include <expat.h>
-#include <malloc.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -16,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "Peak.h"
 #include "svg/Files.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -125,39 +124,11 @@ void read(benchmark::State& state) {
 }
 BENCHMARK(read)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
-/// What the system says of this process's memory, in kilobytes: "VmRSS:" now, "VmHWM:" at most.
-double memoryInUse(const std::string& field) {
-    std::ifstream status("/proc/self/status");
-    double kilobytes = 0;
-    for (std::string word; status >> word;)
-        if (word == field) status >> kilobytes;
-    return kilobytes;
-}
-
-/// The most memory that a process of its own takes for some work, in bytes.
-template <class Work> double peakOf(Work work) {
-    const pid_t child = ::fork();
-    if (child == 0) {
-        // What earlier measurements have freed must not be had for nothing, nor their peak count.
-        ::malloc_trim(0);
-        std::ofstream("/proc/self/clear_refs") << 5;
-        const double before = memoryInUse("VmRSS:");
-        work();
-        std::ofstream(file() + ".peak") << (memoryInUse("VmHWM:") - before);
-        ::_exit(0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    double kilobytes = 0;
-    std::ifstream(file() + ".peak") >> kilobytes;
-    return kilobytes * 1024;
-}
-
 void readMemory(benchmark::State& state) {
     const std::string& path = file(state.range(0) != 0);
     double peak = 0;
     for (auto _ : state) {
-        peak = peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); });
+        peak = bench::peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); });
     }
     state.counters["peak/file"] = peak / static_cast<double>(std::filesystem::file_size(path));
 }

@@ -7,6 +7,7 @@
 
 #include "model/Document.h"
 #include "model/Journal.h"
+#include "model/StylePool.h"
 #include "model/Tree.h"
 
 namespace easel::model {
@@ -33,7 +34,7 @@ struct Document::Impl {
     double width = 0;
     double height = 0;
     NodeId currentLayer;
-    Shared<Style> lastStyle;                              // neighbours often look alike: they share one
+    StylePool styles;
     std::unordered_map<std::uint32_t, Content> originals; // of nodes that have been changed, by their origin
     const Shared<PathData> emptyPath{PathData{}};
     const Shared<Style> defaultStyle{Style{}};

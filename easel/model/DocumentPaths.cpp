@@ -59,8 +59,7 @@ void Document::reverse(Node& path) {
 void Document::setStyle(Node& path, const Style& style) {
     if (path.style() == style) return;
     const Transaction transaction(journal());
-    if (!impl_->lastStyle || *impl_->lastStyle != style) impl_->lastStyle = Shared(style);
-    impl_->change(path).style = impl_->lastStyle;
+    impl_->change(path).style = impl_->styles.get(style);
 }
 
 void Document::offset(Node& node, double dx, double dy) {

@@ -11,8 +11,6 @@ namespace easel::model {
 
 namespace {
 
-constexpr double kWider = 1 + 1e-12;
-
 bool isFilledAt(const Node& node, Point point) {
     if (node.type() == NodeType::Opaque) return node.hull().meets({point.x, point.y, point.x, point.y});
     return node.style().fill && isInside(node.path(), point);
@@ -153,8 +151,9 @@ std::vector<Node*> Document::touching(const Box& box) {
     const auto isTouched = [&](const Cubic& curve) { return meetsBox(curve, box); };
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || !mayPassClip(*node, box)) continue;
-        if (node->type() == NodeType::Opaque || anySegment(node->path(), isTouched) ||
-            isFilledAt(*node, {box.left, box.top}))
+        const bool isBox = node->type() == NodeType::Opaque;
+        if (isBox ? node->hull().meets(box)
+                  : anySegment(node->path(), isTouched) || isFilledAt(*node, {box.left, box.top}))
             touched.push_back(node);
     }
     return touched;

@@ -55,12 +55,18 @@ void Journal::end() {
         dropUnchanged(outer_);
     }
     if (change == Change::Real && kind_ == UndoKind::Standard) {
-        undo_.push_back(std::exchange(outer_, Record{++lastId_, {}}));
+        outer_.bytes = 0;
+        for (const Note& note : outer_.notes) outer_.bytes += bytesOf(note);
+        history_ += outer_.bytes;
+        undo_.push_back(std::exchange(outer_, Record{++lastId_, {}, 0}));
     } else if (change != Change::None && !undo_.empty()) {
-        join(outer_, undo_.back());
+        const std::size_t added = join(outer_, undo_.back());
+        undo_.back().bytes += added;
+        history_ += added;
     } else {
         forget(outer_);
     }
+    limitHistory();
     tidyUp();
 }
 
@@ -200,23 +206,62 @@ void Journal::release(Node& node) {
     if (--node.noteCount_ == 0 && !node.alive_) tree_.destroy(node);
 }
 
-/// Moves the notes of the upper record into the one directly below it, which keeps the older of two notes.
-void Journal::join(Record& upper, Record& lower) {
+/// Moves the notes of the upper record into the one directly below it, which keeps the older of two notes. Returns the
+/// bytes that it takes more.
+std::size_t Journal::join(Record& upper, Record& lower) {
+    std::size_t added = 0;
     for (Note& note : upper.notes) {
         note.node->record_ = lower.id;
         if (note.previous == lower.id) {
             --note.node->noteCount_;
         } else {
+            added += bytesOf(note);
             lower.notes.push_back(std::move(note));
         }
     }
     upper.notes.clear();
+    return added;
 }
 
 void Journal::forgetRedo() {
     for (const Record& step : redo_)
         for (const Note& note : step.notes) release(*note.node);
+    for (const Record& step : redo_) history_ -= step.bytes;
     redo_.clear();
+}
+
+void Journal::setHistoryLimit(std::size_t bytes) {
+    limit_ = bytes;
+    limitHistory();
+}
+
+/// Forgets the oldest steps, but never the last. Notes above may still name a record that is gone, which tells them
+/// what is true: that there is none below. What hangs in a removed group goes when that does.
+void Journal::limitHistory() {
+    while (history_ > limit_ && undo_.size() > 1) {
+        const Record oldest = std::move(undo_.front());
+        undo_.pop_front();
+        history_ -= oldest.bytes;
+        for (const Note& note : oldest.notes)
+            if (--note.node->noteCount_ == 0 && !note.node->alive_ && !note.node->parent()) tree_.destroy(*note.node);
+    }
+}
+
+/// What a note keeps that the document would not: what the node was like, or the node itself with its descendants.
+std::size_t Journal::bytesOf(const Note& note) {
+    const Content& was = note.state.content;
+    const Content& is = note.node->content();
+    std::size_t bytes = sizeof(Note);
+    if (!was.path.isSameAs(is.path)) bytes += bytesOf(was);
+    if (note.alive && !note.node->alive())
+        for (const Node* at = note.node; at; at = nextWithin(*note.node, *at))
+            bytes += sizeof(Node) + bytesOf(at->content());
+    return bytes;
+}
+
+std::size_t Journal::bytesOf(const Content& content) {
+    const std::size_t points = content.path ? content.path->points.size() * sizeof(PathPoint) : 0;
+    return points + (content.name ? content.name->size() : 0);
 }
 
 /// What can only be done when nothing is running: the index takes in what changed, what the gesture moved is forgotten,
@@ -224,7 +269,7 @@ void Journal::forgetRedo() {
 void Journal::tidyUp() {
     ++rollBack_;
     for (Record* const record : {&outer_, &inner_})
-        if (record->notes.capacity() > kKeptNotes) record->notes = {};
+        if (record->notes.capacity() > kKeptNotes) std::vector<Note>().swap(record->notes);
     tree_.index.reindex();
 }
 

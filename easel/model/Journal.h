@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <stdexcept>
 #include <vector>
 
@@ -83,6 +84,10 @@ class Journal {
     bool redo();
     [[nodiscard]] std::size_t undoDepth() const;
     [[nodiscard]] std::size_t redoDepth() const;
+    /// How many bytes the steps may take, those to be redone included. The oldest are forgotten beyond that, but never
+    /// the last one.
+    void setHistoryLimit(std::size_t bytes);
+    static constexpr std::size_t kHistoryBytes = std::size_t{256} << 20;
 
     /// What transactions, undo and redo did since the last call. Of a transaction only the net effect counts.
     [[nodiscard]] Changes takeChanges();
@@ -106,6 +111,7 @@ class Journal {
     struct Record {
         std::uint64_t id = 0;
         std::vector<Note> notes;
+        std::size_t bytes = 0; ///< of a step: what it takes to keep it
     };
     enum class Change : std::uint8_t { None, Selection, Order, Real };
 
@@ -114,8 +120,11 @@ class Journal {
     void unwind(Record& record);
     void forget(Record& record);
     void release(Node& node);
-    void join(Record& upper, Record& lower);
+    std::size_t join(Record& upper, Record& lower);
     void forgetRedo();
+    void limitHistory();
+    [[nodiscard]] static std::size_t bytesOf(const Note& note);
+    [[nodiscard]] static std::size_t bytesOf(const Content& content);
     void tidyUp();
     [[nodiscard]] static Change netChange(const Record& record);
     [[nodiscard]] static Change netChange(const Note& note);
@@ -137,8 +146,10 @@ class Journal {
     std::uint32_t rollBack_ = 1; // numbers the roll-backs; 0 in a node: none
     Record outer_;
     Record inner_;
-    std::vector<Record> undo_;
+    std::deque<Record> undo_;
     std::vector<Record> redo_;
+    std::size_t history_ = 0; // bytes of both
+    std::size_t limit_ = kHistoryBytes;
 };
 
 } // namespace easel::model

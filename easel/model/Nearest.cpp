@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace easel::model {
 
@@ -13,7 +14,6 @@ namespace {
 constexpr int kNewtonDepth = 4; // pieces of a sixteenth of the curve
 constexpr int kNewtonSteps = 8;
 constexpr double kParameterError = 1e-14;
-constexpr double kWider = 1 + 1e-12; // so that rounding gives up nothing that lies right on the limit
 
 Point mix(Point a, Point b, double t) { return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t}; }
 
@@ -25,14 +25,14 @@ Point pointAt(const Cubic& c, double t) {
     return mix(mix(ab, bc, t), mix(bc, cd, t), t);
 }
 
-Cubic half(const Cubic& c, bool second) {
+std::pair<Cubic, Cubic> halves(const Cubic& c) {
     const Point ab = mix(c[0], c[1], 0.5);
     const Point bc = mix(c[1], c[2], 0.5);
     const Point cd = mix(c[2], c[3], 0.5);
     const Point abc = mix(ab, bc, 0.5);
     const Point bcd = mix(bc, cd, 0.5);
     const Point middle = mix(abc, bcd, 0.5);
-    return second ? Cubic{middle, bcd, cd, c[3]} : Cubic{c[0], ab, abc, middle};
+    return {{c[0], ab, abc, middle}, {middle, bcd, cd, c[3]}};
 }
 
 double squaredDistanceToBox(const Cubic& c, Point from) {
@@ -70,35 +70,50 @@ void newton(NearestPoint& best, const Cubic& c, double t, Point from) {
     improve(best, c, t, from);
 }
 
+/// Whether the strip along the chord that contains the curve is farther away than the root of `limit`.
+bool isBesideStrip(const Cubic& c, Point from, double limit) {
+    const Point across{c[0].y - c[3].y, c[3].x - c[0].x};
+    const auto distance = [&](Point p) { return across.x * (p.x - from.x) + across.y * (p.y - from.y); };
+    const auto [low, high] = std::minmax({distance(c[0]), distance(c[1]), distance(c[2]), distance(c[3])});
+    const double reach = limit * kWider * (across.x * across.x + across.y * across.y);
+    return (low > 0 && low * low > reach) || (high < 0 && high * high > reach);
+}
+
 /// Replaces `best` by the nearest point of the curve if that is nearer.
 void improveOnCurve(NearestPoint& best, const Cubic& curve, Point from) {
-    improve(best, curve, 0, from);
-    improve(best, curve, 1, from);
     struct Piece {
         Cubic cubic;
         double start;
         int depth;
+        double distance; // squared, at least
     };
     std::array<Piece, kNewtonDepth + 2> pieces; // each halving leaves one more to do
     std::size_t count = 0;
-    pieces[count++] = {curve, 0, 0};
+    const auto add = [&](const Cubic& cubic, double start, int depth) {
+        const double distance = squaredDistanceToBox(cubic, from);
+        if (distance < best.distanceSquared && !isBesideStrip(cubic, from, best.distanceSquared))
+            pieces[count++] = {cubic, start, depth, distance};
+    };
+    add(curve, 0, 0);
+    if (count == 0) return;
+    improve(best, curve, 0, from);
+    improve(best, curve, 1, from);
     while (count > 0) {
         const Piece piece = pieces[--count];
-        if (squaredDistanceToBox(piece.cubic, from) >= best.distanceSquared) continue;
-        const double width = std::ldexp(1.0, -piece.depth);
-        const double middle = piece.start + width / 2;
+        if (piece.distance >= best.distanceSquared) continue;
+        const double middle = piece.start + std::ldexp(0.5, -piece.depth);
         improve(best, curve, middle, from);
         if (piece.depth == kNewtonDepth) {
             newton(best, curve, middle, from);
             continue;
         }
-        Piece first{half(piece.cubic, false), piece.start, piece.depth + 1};
-        Piece second{half(piece.cubic, true), middle, piece.depth + 1};
+        const auto [first, second] = halves(piece.cubic);
+        const std::size_t before = count;
+        add(first, piece.start, piece.depth + 1);
+        add(second, middle, piece.depth + 1);
         // The nearer half comes first, for what it finds spares the other.
-        if (squaredDistanceToBox(first.cubic, from) < squaredDistanceToBox(second.cubic, from))
-            std::swap(first, second);
-        pieces[count++] = first;
-        pieces[count++] = second;
+        if (count == before + 2 && pieces[before].distance < pieces[before + 1].distance)
+            std::swap(pieces[before], pieces[before + 1]);
     }
 }
 
@@ -220,8 +235,9 @@ bool meetsBox(const Cubic& curve, const Box& box) {
             if (lineMeetsBox(piece.cubic[0], piece.cubic[3], box)) return true;
             continue;
         }
-        pieces[count++] = {half(piece.cubic, true), piece.depth + 1};
-        pieces[count++] = {half(piece.cubic, false), piece.depth + 1};
+        const auto [first, second] = halves(piece.cubic);
+        pieces[count++] = {second, piece.depth + 1};
+        pieces[count++] = {first, piece.depth + 1};
     }
     return false;
 }

@@ -7,6 +7,9 @@
 
 namespace easel::model {
 
+/// By how much a limit is widened where rounding must not give up what lies right on it.
+constexpr double kWider = 1 + 1e-12;
+
 struct NearestPoint {
     double distanceSquared = 0;
     Point point;

@@ -44,12 +44,13 @@ struct Content {
     bool operator==(const Content&) const = default;
 };
 
-/// What the journal keeps of a node and undo brings back; a copy costs a few pointers.
+/// What the journal keeps of a node and undo brings back; a copy costs a few pointers. There are as many as nodes, so
+/// that the flag goes where the content leaves room.
 struct NodeState {
-    class Node* parent = nullptr; ///< null: not in the document
-    std::uint64_t order = 0;      ///< place among the siblings; the smaller is nearer to the viewer
-    Content content;
+    class Node* parent = nullptr;          ///< null: not in the document
+    std::uint64_t order = 0;               ///< place among the siblings; the smaller is nearer to the viewer
     Shared<PointSelection> pointSelection; ///< nothing: all points, if the path is selected
+    [[no_unique_address]] Content content;
     bool selected = false;
 };
 
@@ -108,14 +109,14 @@ class Node {
 
     using Hook = boost::intrusive::set_member_hook<boost::intrusive::optimize_size<true>,
                                                    boost::intrusive::link_mode<boost::intrusive::normal_link>>;
-    enum class Indexed : std::uint8_t { No, Dirty, InTree };
+    enum class Indexed : std::uint8_t { No, InTreeBefore, InTree };
 
     NodeId id_;
     std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it
-    Shared<Clip> clip_;        // the same
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;
+    Shared<Clip> clip_; // for the node's life too
     NodeState state_;
     Hook hook_;                                 // in the parent's children
     std::unique_ptr<struct Children> children_; // containers only

@@ -20,6 +20,8 @@ template <class T> class Shared {
     /// Whether both share one value, without looking at it.
     [[nodiscard]] bool isSameAs(const Shared& other) const { return block_ == other.block_; }
 
+    [[nodiscard]] bool hasOtherOwners() const { return block_ && block_->use_count() > 1; }
+
     /// The value for writing: the owner's own copy, if there are others.
     [[nodiscard]] T& writable() {
         if (block_->use_count() > 1) block_ = new Block(block_->value);

@@ -3,7 +3,6 @@
 // nothing of visibility or order.
 #pragma once
 
-#include <cstddef>
 #include <memory>
 #include <vector>
 
@@ -17,7 +16,7 @@ class SpatialIndex {
     SpatialIndex();
     ~SpatialIndex();
 
-    /// The paths whose hull meets `box`, in no order.
+    /// The paths whose hull meets `box`, in no order, and perhaps some that miss it by less than a millionth.
     void find(const Box& box, std::vector<Node*>& found) const;
 
     /// To be called before a path changes its points, lives or dies.
@@ -28,15 +27,11 @@ class SpatialIndex {
     void forget(Node& path);
 
   private:
-    struct Dirty {
-        Node* path;
-        bool inTree;
-        Box treeBox; // where the tree still has it
-    };
-    struct BoxTree;
+    void rebuild();
 
-    std::unique_ptr<BoxTree> tree_;
-    std::vector<Dirty> dirty_;
+    struct Entries;
+
+    std::unique_ptr<Entries> entries_;
 };
 
 } // namespace easel::model

@@ -376,7 +376,12 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         return;
     }
     if (subpaths.size() == 1) applyOwnFeatures(subpaths.front(), attributes);
-    for (PathData& subpath : subpaths) transformBy(subpath, toPage_);
+    for (PathData& subpath : subpaths) {
+        anchors_ += subpath.points.size();
+        transformBy(subpath, toPage_);
+    }
+    if (anchors_ > kMostAnchorsInFile)
+        throw std::length_error("more than " + std::to_string(kMostAnchorsInFile) + " anchors");
     const Reason reason = attributes.transformsInStyle() ? Reason::Transform : reasonAgainst(subpaths, toPage_);
     if (reason != Reason::None) {
         addOpaque(attributes, reason, trusted(hullOf(subpaths)));

@@ -84,6 +84,7 @@ class Builder {
     TagBytes tag_{};
     Geom::Affine toPage_; // of the element that has just started
     std::size_t depth_ = 0;
+    std::size_t anchors_ = 0;
     /// Elements that are not read, nor anything in them.
     struct Skipped {
         std::size_t open = 0;

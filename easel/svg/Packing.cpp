@@ -20,20 +20,21 @@ Bytef* writable(std::string_view bytes) {
     return const_cast<Bytef*>(reinterpret_cast<const Bytef*>(bytes.data())); // zlib only reads it
 }
 
-/// Hands `bytes` to zlib step by step and collects what comes out; `step` returns false at the end.
-template <class Step> std::string pumped(z_stream& stream, std::string_view bytes, Step step) {
+/// Hands `bytes` to zlib step by step and collects what comes out, but no more than `most`; `step` returns false at the
+/// end.
+template <class Step> std::string pumped(z_stream& stream, std::string_view bytes, std::size_t most, Step step) {
     stream.next_in = writable(bytes);
     stream.avail_in = static_cast<uInt>(bytes.size());
     std::string out;
     bool more = true;
     while (more) {
         const std::size_t size = out.size();
-        if (size > kMostBytes) throw std::runtime_error("unpacks to more than a drawing may have");
         out.resize(size + kPiece);
         stream.next_out = reinterpret_cast<Bytef*>(out.data() + size);
         stream.avail_out = static_cast<uInt>(kPiece);
         more = step();
         out.resize(out.size() - stream.avail_out);
+        if (out.size() > most) throw std::runtime_error("more than " + std::to_string(most) + " bytes when unpacked");
     }
     return out;
 }
@@ -57,7 +58,7 @@ std::string unpack(std::string_view bytes) {
     z_stream stream{};
     if (inflateInit2(&stream, kGzip) != Z_OK) throw std::bad_alloc();
     const std::unique_ptr<z_stream, int (*)(z_streamp)> ended(&stream, inflateEnd);
-    return pumped(stream, bytes, [&] {
+    return pumped(stream, bytes, kMostUnpackedBytes, [&] {
         const int result = inflate(&stream, Z_NO_FLUSH);
         if (result == Z_STREAM_END) {
             if (stream.avail_in == 0) return false;
@@ -75,7 +76,7 @@ std::string pack(std::string_view bytes) {
         throw std::bad_alloc();
     }
     const std::unique_ptr<z_stream, int (*)(z_streamp)> ended(&stream, deflateEnd);
-    return pumped(stream, bytes, [&] { return deflate(&stream, Z_FINISH) == Z_OK; });
+    return pumped(stream, bytes, SIZE_MAX, [&] { return deflate(&stream, Z_FINISH) == Z_OK; });
 }
 
 std::string fromUtf16(std::string_view bytes, bool bigEndian) {

@@ -28,6 +28,8 @@ TEST_F(DocumentTest, VisibleBoxFollowsTheView) {
     EXPECT_EQ(document.visibleBox(), (Box{0, 0, 200, 100}));
     document.view = {4, {10, 20}};
     EXPECT_EQ(document.visibleBox(), (Box{-15, 7.5, 35, 32.5}));
+    EXPECT_EQ(document.toScreen({-14, 10}), (Point{4, 10}));
+    EXPECT_EQ(document.fromScreen({4, 10}), (Point{-14, 10}));
 }
 
 // Tree and order
@@ -146,6 +148,77 @@ TEST_F(DocumentTest, PointSelectionFollowsThePoints) {
     }
 }
 
+TEST_F(DocumentTest, CornersFollowThePoints) {
+    Node& path = addPath(document, layer, {corner(0, 0), corner(1, 0), corner(2, 0)});
+    const auto types = [&] {
+        std::string types;
+        for (std::size_t i = 0; i < path.path().points.size(); ++i) types += path.path().isCorner(i) ? 'c' : 's';
+        return types;
+    };
+    const std::pair<std::function<void()>, const char*> rows[] = {
+        {[&] {
+             document.setCorners(path, 1, {true, true});
+         },
+         "ccc"},
+        {[&] { document.setCorners(path, 0, {false}); }, "scc"},
+        {[&] { document.reverse(path); }, "ccs"},
+        {[&] { document.setPointCount(path, 4); }, "ccsc"},
+        {[&] { document.setPoints(path, 2, path.path().points.data(), 1); }, "ccsc"},
+        {[&] { document.setPointCount(path, 2); }, "cc"},
+        {[&] { document.setPointCount(path, 3); }, "ccc"},
+        {[&] {
+             document.setCorners(path, 1, {false, false});
+         },
+         "css"},
+        {[&] {
+             document.setCorners(path, 0, {true, true, true});
+         },
+         "ccc"},
+    };
+    for (const auto& [change, expected] : rows) {
+        change();
+        EXPECT_EQ(types(), expected);
+        // Paths without smooth points are equal, whatever they had.
+        EXPECT_EQ(path.path() == (PathData{path.path().points, false}), types().find('s') == std::string::npos);
+    }
+}
+
+// Attributes
+
+TEST_F(DocumentTest, EveryAttributeIsComparedUndoneAndKeptAsItWasRead) {
+    Node& path = addLine(document, layer, {0, 0}, {1, 1});
+    Node& opaque = document.create(NodeType::Opaque, Placement::OnTopInside, layer);
+    const std::pair<Node*, std::function<void()>> rows[] = {
+        {&path, [&] { document.setName(path, "n"); }},     {&path, [&] { document.setLocked(path, true); }},
+        {&path, [&] { document.setHidden(path, true); }},  {&path, [&] { document.setStyle(path, painted(true, 1)); }},
+        {&path, [&] { document.setClosed(path, true); }},  {&path, [&] { document.setCorners(path, 0, {false}); }},
+        {&path, [&] { document.offset(path, 1, 0); }},     {&opaque, [&] { document.setBounds(opaque, {0, 0, 1, 1}); }},
+        {&opaque, [&] { document.offset(opaque, 1, 0); }},
+    };
+    std::uint32_t origin = 0;
+    for (const auto& [node, change] : rows) {
+        SCOPED_TRACE(++origin);
+        Document::setOrigin(*node, origin);
+        const Listing before = listing(document);
+        const Content was = node->content();
+        change();
+        change();
+        EXPECT_FALSE(listing(document) == before);
+        EXPECT_TRUE(document.original(*node) == was);
+        while (listing(document) != before) ASSERT_TRUE(document.journal().undo());
+        EXPECT_TRUE(node->content() == was);
+    }
+}
+
+TEST_F(DocumentTest, PathsThatLookAlikeShareOneStyle) {
+    Node& first = addLine(document, layer, {0, 0}, {1, 1});
+    Node& second = addLine(document, layer, {0, 0}, {1, 1});
+    document.setStyle(first, painted(true, 7));
+    for (int i = 0; i < 1000; ++i) document.setStyle(second, painted(false, i)); // many that nobody has any more
+    document.setStyle(second, painted(true, 7));
+    EXPECT_TRUE(first.content().style.isSameAs(second.content().style));
+}
+
 // Comparing
 
 TEST_F(DocumentTest, SameContentIgnoresSelectionAndIdentity) {
@@ -162,8 +235,19 @@ TEST_F(DocumentTest, SameContentIgnoresSelectionAndIdentity) {
     document.place(line, Placement::Above, *line.parent());
     EXPECT_FALSE(Document::sameContent(document, other));
     document.journal().undo();
-    other.setStyle(twin, painted(false, 2));
-    EXPECT_FALSE(Document::sameContent(document, other));
+    for (const auto& change : std::initializer_list<std::function<void()>>{
+             [&] { other.setStyle(twin, painted(false, 2)); }, [&] { other.setHidden(twin, true); },
+             [&] { other.setCorners(twin, 0, {false}); }, [&] { other.setName(*twin.parent(), "n"); }}) {
+        EXPECT_TRUE(Document::sameContent(document, other));
+        change();
+        EXPECT_FALSE(Document::sameContent(document, other));
+        other.journal().undo();
+    }
+    // What cannot be seen: the colour of no fill.
+    Style style;
+    style.fillColor = {1, 0, 0};
+    other.setStyle(twin, style);
+    EXPECT_TRUE(Document::sameContent(document, other));
 }
 
 } // namespace

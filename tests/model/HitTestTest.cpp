@@ -90,6 +90,16 @@ TEST_F(HitTest, ToleranceIncludesItsBoundaryAndNeedsNoSegment) {
         EXPECT_EQ(at(std::log(bad), 104).kind, HitKind::None);
     }
     EXPECT_EQ(at(0, 0, kEverything, std::numeric_limits<double>::infinity()).kind, HitKind::Anchor);
+    // An arc that comes down to y = (170 + 3 * 120) / 4 = 132.5; two in one place, and the upper one is hit.
+    Node* upper = nullptr;
+    for (int i = 0; i < 2; ++i)
+        upper = &addPath(document, layer, {{{10, 170}, {10, 170}, {10, 120}}, {{50, 170}, {50, 120}, {50, 170}}});
+    EXPECT_EQ(at(30, 130, HitRequest::Segments, 2.5).node, upper);
+    EXPECT_EQ(at(30, 130, HitRequest::Segments, 2.499).node, nullptr);
+    // Far out, where the index rounds.
+    addPath(document, layer, {corner(16777217.5, 3), corner(16777219.5, 3)});
+    EXPECT_EQ(at(16777217.5, 3, kEverything, 0).kind, HitKind::Anchor);
+    EXPECT_EQ(at(16777217.25, 3, kEverything, 0.125).kind, HitKind::None);
     // A lone anchor is nothing else, and a path may have none at all.
     addPath(document, layer, {corner(10, 10)}, true);
     addPath(document, layer, {});
@@ -156,6 +166,10 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
         journal.begin();
         if (round == 100) {
             for (int i = 0; i < 600; ++i) addPath(document, layer, random.points(2)); // enough to build it anew
+        }
+        if (round == 150) { // most go at once, and it is built from the rest
+            for (Node* const node : allNodes(document))
+                if (node->type() == NodeType::Path && random.below(10) > 0) document.remove(*node);
         }
         if (round % 3 == 0) journal.mark();
         for (int i = 0; i < 5; ++i) random.edit(document);

@@ -2,6 +2,9 @@
 #include "model/Journal.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
+
+#include <algorithm>
 
 #include "support/Drawing.h"
 
@@ -172,6 +175,68 @@ TEST_F(JournalTest, UndoAndRedoAreRefusedInsideATransaction) {
     journal.undo();
     addLine(document, layer, {0, 0}, {3, 3});
     EXPECT_FALSE(journal.redo()); // a change ends it
+}
+
+// How much is kept
+
+TEST_F(JournalTest, OldestStepsGoWhenTheHistoryIsFull) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    addLine(document, group, {0, 0}, {1, 1});
+    const NodeId id = group.firstChild()->id();
+    const Listing whole = listing(document);
+    document.remove(group);
+    const std::size_t depth = journal.undoDepth();
+    journal.setHistoryLimit(Journal::kHistoryBytes);
+    EXPECT_EQ(journal.undoDepth(), depth);
+    journal.setHistoryLimit(0);
+    EXPECT_EQ(journal.undoDepth(), 1U); // the last one stays
+    ASSERT_TRUE(journal.undo());
+    EXPECT_EQ(listing(document), whole); // with what the steps that are gone had put into the group
+    EXPECT_FALSE(journal.undo());
+    ASSERT_TRUE(journal.redo());
+    document.setName(layer, "x"); // now the removal is forgotten, and with it the group and its line
+    EXPECT_EQ(journal.undoDepth(), 1U);
+    std::vector<NodeId> reused;
+    for (int i = 0; i < 2; ++i) reused.push_back(addLine(document, layer, {0, 0}, {1, 1}).id());
+    EXPECT_NE(std::find(reused.begin(), reused.end(), NodeId{id.slot, id.generation + 1}), reused.end());
+}
+
+TEST_F(JournalTest, StepsOfOnePathFitByItsPoints) {
+    const std::size_t points = 1000;
+    Node& path = addPath(document, layer, RandomEditor(1).points(points));
+    journal.setHistoryLimit(500'000);
+    // Each keeps the points as they were, 48,000 bytes, and something of its own: ten go in.
+    for (int i = 0; i < 30; ++i) document.offset(path, 1, 0);
+    EXPECT_EQ(journal.undoDepth(), 10U);
+    while (journal.undo()) {
+    }
+    EXPECT_EQ(journal.redoDepth(), 10U);
+    document.setLocked(path, true); // what could be redone counted too
+    EXPECT_EQ(journal.undoDepth(), 1U);
+    for (int i = 0; i < 30; ++i) document.setLocked(path, i % 2 == 0);
+    EXPECT_GT(journal.undoDepth(), 20U);
+}
+
+// A big selection once left its storage with the journal for good.
+TEST_F(JournalTest, StorageOfABigChangeIsGivenBack) {
+    changeAs(UndoKind::Silent, [&] {
+        for (int i = 0; i < 20'000; ++i) document.create(NodeType::Group, Placement::OnTopInside, layer);
+    });
+    const auto inUse = [] {
+        const struct mallinfo2 info = mallinfo2();
+        return info.uordblks + info.hblkhd;
+    };
+    const auto selectAndBack = [&] {
+        changeAs(UndoKind::Standard, [&] {
+            document.select(layer, true);
+            document.deselectAll();
+        });
+    };
+    document.select(layer, true); // the list of the selected has its size from now on
+    document.deselectAll();
+    const std::size_t before = inUse();
+    selectAndBack();
+    EXPECT_LT(inUse(), before + 200'000);
 }
 
 // Identities

@@ -7,6 +7,7 @@
 
 #include "support/Folder.h"
 #include "svg/Limits.h"
+#include "svg/Packing.h"
 
 namespace easel::svg {
 namespace {
@@ -309,6 +310,15 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
 }
 
 // Errors
+
+TEST(Reader, UnpackedTextHasALimit) {
+    constexpr std::size_t kPiece = std::size_t{1} << 20;
+    const std::string piece = pack(std::string(kPiece, ' '));
+    std::string packed;
+    for (std::size_t size = 0; size < kMostUnpackedBytes; size += kPiece) packed += piece;
+    EXPECT_EQ(unpack(packed).size(), kMostUnpackedBytes);
+    EXPECT_EQ(errorOf(packed + pack(" ")), "t.svg: more than 268435456 bytes when unpacked");
+}
 
 TEST(Reader, ErrorsNameThePlaceAndTheReason) {
     const std::string start = "<svg>\n";
