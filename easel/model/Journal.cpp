@@ -14,9 +14,10 @@ namespace {
 
 constexpr std::size_t kKeptNotes = 1024;
 
-/// Whether the place of the art may differ; it certainly does not where both share their geometry.
-bool mayMove(const Content& was, const Content& is) {
-    return !was.path.isSameAs(is.path) || !was.opaque.isSameAs(is.opaque);
+/// Whether art that the index knows may be elsewhere; it certainly is not where both share their geometry.
+bool mayMove(const Node& node, const Content& was) {
+    const Content& is = node.content();
+    return !node.isContainer() && !(was.path.isSameAs(is.path) && was.opaque.isSameAs(is.opaque));
 }
 
 bool sameSelection(const NodeState& was, const NodeState& is) {
@@ -172,7 +173,7 @@ void Journal::exchange(Record& record) {
     if (!record.notes.empty()) ++changeCount_;
     for (Note& note : record.notes) {
         Node& node = *note.node;
-        if (mayMove(note.state.content, node.state_.content)) tree_.index.markDirty(node);
+        if (mayMove(node, note.state.content)) tree_.index.markDirty(node);
         if (changesPlace(note)) tree_.detach(node);
         note.alive = node.alive_;
     }
