@@ -249,8 +249,8 @@ void Document::select(Node& node, bool selected) {
 
 void Document::selectPoints(Node& path, PointSelection points) {
     points.resize(path.path().points.size());
-    const bool any = std::find(points.begin(), points.end(), true) != points.end();
-    const bool all = std::find(points.begin(), points.end(), false) == points.end();
+    const bool any = std::any_of(points.begin(), points.end(), [](std::uint8_t parts) { return parts != 0; });
+    const bool all = std::all_of(points.begin(), points.end(), [](std::uint8_t parts) { return parts == kAnchorPart; });
     const Transaction transaction(journal());
     impl_->setSelected(path, any, any && !all ? Shared(std::move(points)) : Shared<PointSelection>());
     if (!any || !all) impl_->deselectAround(path);

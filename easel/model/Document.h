@@ -78,6 +78,7 @@ class Document {
     /// or child.
     Node& create(NodeType type, Placement placement, Node& anchor);
     void setBounds(Node& opaque, const Box& bounds);
+    void setText(Node& opaque, TextData text); ///< makes text of opaque art, in the bounds that go with it
     void remove(Node& node);
     void place(Node& node, Placement placement, Node& anchor);
     void setName(Node& node, std::string_view name);
@@ -90,6 +91,9 @@ class Document {
     void setPoints(Node& path, std::size_t index, const PathPoint* points, std::size_t count);
     void setCorners(Node& path, std::size_t index, const PointFlags& corners); ///< else they are smooth
     void setPointCount(Node& path, std::size_t count); ///< cuts off at the end, or appends corners at the origin
+    /// Before the point at `index`, or at the end; what is selected stays with its point.
+    void insertPoints(Node& path, std::size_t index, const PathPoint* points, std::size_t count);
+    void removePoints(Node& path, std::size_t index, std::size_t count);
     void setClosed(Node& path, bool closed);
     void reverse(Node& path);
     void setStyle(Node& path, const Style& style);
@@ -100,7 +104,7 @@ class Document {
     /// A container with its descendants. A group with something in it that is deselected is no longer selected itself;
     /// layers never are.
     void select(Node& node, bool selected);
-    void selectPoints(Node& path, PointSelection points); ///< one flag a point; none at all deselects the path
+    void selectPoints(Node& path, PointSelection points); ///< none at all deselects the path
     void deselectAll();
     void deselectAll(Node& within);
 

@@ -41,6 +41,27 @@ void Document::setPointCount(Node& path, std::size_t count) {
     impl_->fitPointSelection(path, count);
 }
 
+void Document::insertPoints(Node& path, std::size_t index, const PathPoint* points, std::size_t count) {
+    if (count == 0) return;
+    const Transaction transaction(journal());
+    PointSelection parts(path.path().points.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = path.selectedParts(i);
+    parts.insert(parts.begin() + static_cast<std::ptrdiff_t>(index), count, 0);
+    impl_->writablePath(path).insert(index, points, count);
+    if (path.selected()) selectPoints(path, std::move(parts));
+}
+
+void Document::removePoints(Node& path, std::size_t index, std::size_t count) {
+    if (count == 0) return;
+    const Transaction transaction(journal());
+    PointSelection parts(path.path().points.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = path.selectedParts(i);
+    const auto at = parts.begin() + static_cast<std::ptrdiff_t>(index);
+    parts.erase(at, at + static_cast<std::ptrdiff_t>(count));
+    impl_->writablePath(path).erase(index, count);
+    if (path.selected()) selectPoints(path, std::move(parts));
+}
+
 void Document::setClosed(Node& path, bool closed) {
     if (path.path().closed == closed) return;
     const Transaction transaction(journal());
@@ -53,6 +74,11 @@ void Document::reverse(Node& path) {
     if (!path.state_.pointSelection) return;
     PointSelection flags = *path.state_.pointSelection;
     std::reverse(flags.begin(), flags.end());
+    for (std::uint8_t& parts : flags) {
+        const int in = (parts & kOutPart) != 0 ? kInPart : 0;
+        const int out = (parts & kInPart) != 0 ? kOutPart : 0;
+        parts = static_cast<std::uint8_t>((parts & kAnchorPart) | in | out);
+    }
     path.state_.pointSelection = Shared(std::move(flags));
 }
 
@@ -86,6 +112,12 @@ void Document::setBounds(Node& opaque, const Box& bounds) {
     impl_->setOpaque(opaque, {bounds, opaque.opaque().moved});
 }
 
+void Document::setText(Node& opaque, TextData text) {
+    const Transaction transaction(journal());
+    setBounds(opaque, text.bounds());
+    impl_->change(opaque).text = Shared(std::move(text));
+}
+
 void Document::Impl::setOpaque(Node& opaque, const OpaqueData& data) {
     tree.index.markDirty(opaque);
     change(opaque).opaque = Shared(data);
@@ -96,7 +128,7 @@ void Document::Impl::fitPointSelection(Node& path, std::size_t count) {
     if (!path.state_.pointSelection) return;
     PointSelection flags = *path.state_.pointSelection;
     flags.resize(count);
-    if (std::find(flags.begin(), flags.end(), true) == flags.end()) {
+    if (std::all_of(flags.begin(), flags.end(), [](std::uint8_t parts) { return parts == 0; })) {
         setSelected(path, false, {});
     } else {
         path.state_.pointSelection = Shared(std::move(flags));

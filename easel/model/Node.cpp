@@ -22,9 +22,10 @@ Box Node::hull() const {
 
 const Clip* Node::clip() const { return clip_ ? &*clip_ : nullptr; }
 
-bool Node::pointSelected(std::size_t index) const {
-    if (!state_.selected) return false;
-    return !state_.pointSelection || (index < state_.pointSelection->size() && (*state_.pointSelection)[index]);
+std::uint8_t Node::selectedParts(std::size_t index) const {
+    if (!state_.selected) return 0;
+    if (!state_.pointSelection) return kAnchorPart;
+    return index < state_.pointSelection->size() ? (*state_.pointSelection)[index] : 0;
 }
 
 Node* Node::firstChild() const { return children_ && !children_->set.empty() ? &*children_->set.begin() : nullptr; }

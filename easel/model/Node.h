@@ -26,8 +26,11 @@ struct NodeId {
 
 enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque };
 
-/// Which points of a selected path are selected.
-using PointSelection = PointFlags;
+/// What is selected of a point of a path: its anchor, and its control points with the curves that they shape.
+enum PointPart : std::uint8_t { kAnchorPart = 1, kInPart = 2, kOutPart = 4 };
+
+/// What is selected of each point of a selected path, as bits of PointPart.
+using PointSelection = std::vector<std::uint8_t>;
 
 struct Clip;
 
@@ -37,6 +40,7 @@ struct Content {
     Shared<PathData> path;     ///< paths only
     Shared<Style> style;       ///< paths only
     Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
+    Shared<TextData> text;     ///< of opaque art that is text and was made here
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
     bool locked = false;
     bool hidden = false;
@@ -82,7 +86,8 @@ class Node {
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
     /// What shows of the node and its descendants; null for all of it.
     [[nodiscard]] const Clip* clip() const;
-    [[nodiscard]] bool pointSelected(std::size_t index) const;
+    [[nodiscard]] std::uint8_t selectedParts(std::size_t index) const;
+    [[nodiscard]] bool pointSelected(std::size_t index) const { return (selectedParts(index) & kAnchorPart) != 0; }
     [[nodiscard]] bool allPointsSelected() const { return state_.selected && !state_.pointSelection; }
 
     /// Relatives; null where there is none. The first child is the topmost.

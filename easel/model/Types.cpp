@@ -64,6 +64,23 @@ void PathData::resize(std::size_t count) {
     setCorners(0, {}); // those that were smooth may be gone
 }
 
+void PathData::insert(std::size_t index, const PathPoint* first, std::size_t count) {
+    const auto at = static_cast<std::ptrdiff_t>(index);
+    points.insert(points.begin() + at, first, first + count);
+    if (smooth) smooth.writable().insert(smooth.writable().begin() + at, count, false);
+}
+
+void PathData::erase(std::size_t index, std::size_t count) {
+    const auto cut = [&](auto& list) {
+        const auto at = list.begin() + static_cast<std::ptrdiff_t>(index);
+        list.erase(at, at + static_cast<std::ptrdiff_t>(count));
+    };
+    cut(points);
+    if (!smooth) return;
+    cut(smooth.writable());
+    setCorners(0, {}); // those that were smooth may be gone
+}
+
 void PathData::reverse() {
     std::reverse(points.begin(), points.end());
     for (PathPoint& point : points) std::swap(point.in, point.out);
@@ -107,6 +124,17 @@ std::optional<Point> commonMove(const PathData& was, const PathData& is) {
         }
     }
     return move;
+}
+
+Box TextData::bounds() const {
+    constexpr double kWidth = 0.5; // of a letter, in sizes; above and below the baseline likewise
+    constexpr double kAscent = 0.8;
+    constexpr double kDescent = 0.2;
+    const auto letters = std::count_if(contents.begin(), contents.end(), [](char c) { return (c & 0xC0) != 0x80; });
+    const double width = static_cast<double>(letters) * kWidth * size;
+    const double part = justification == Justification::Left ? 0 : justification == Justification::Center ? 0.5 : 1;
+    const double left = anchor.x - part * width;
+    return {left, anchor.y - kAscent * size, left + width, anchor.y + kDescent * size};
 }
 
 Box PathData::bounds() const {

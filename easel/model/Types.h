@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "model/Shared.h"
@@ -64,6 +65,8 @@ struct PathData {
     [[nodiscard]] bool isCorner(std::size_t index) const { return !smooth || !(*smooth)[index]; }
     void setCorners(std::size_t index, const PointFlags& corners); ///< of as many points, beginning at `index`
     void resize(std::size_t count); ///< cuts off at the end, or appends corners at the origin
+    void insert(std::size_t index, const PathPoint* first, std::size_t count); ///< corners
+    void erase(std::size_t index, std::size_t count);
     void reverse();
 
     /// Number of curve pieces: one per pair of neighbours, and the closing one.
@@ -99,6 +102,7 @@ struct OpaqueData {
     bool operator==(const OpaqueData&) const = default;
 };
 
+enum class Alignment : std::uint8_t { Center, Inside, Outside };
 enum class Cap : std::uint8_t { Butt, Round, Projecting };
 enum class Join : std::uint8_t { Miter, Round, Bevel };
 
@@ -112,11 +116,29 @@ struct Style {
     double miterLimit = 10;
     Cap cap = Cap::Butt;
     Join join = Join::Miter;
-    std::uint8_t dashCount = 0; ///< how many of `dashes` count; 0 is a solid line
+    Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
+    std::uint8_t dashCount = 0;              ///< how many of `dashes` count; 0 is a solid line
     double dashOffset = 0;
     std::array<double, 6> dashes{};
 
     bool operator==(const Style&) const = default;
+};
+
+enum class Justification : std::uint8_t { Left, Center, Right };
+
+/// One line of text at a point of its baseline.
+struct TextData {
+    std::string contents; ///< UTF-8
+    std::string font;     ///< a family's name; empty for the default
+    double size = 12;
+    Justification justification = Justification::Left;
+    Point anchor; ///< where it was made
+    Style paint;
+
+    /// An estimate, for want of the font's measures: most fonts' letters are half as wide as high.
+    [[nodiscard]] Box bounds() const;
+
+    bool operator==(const TextData&) const = default;
 };
 
 } // namespace easel::model

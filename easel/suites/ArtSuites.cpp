@@ -6,6 +6,7 @@
 #include "hostapi/AIMatchingArtSuite.h"
 #include "session/frame/Memory.h"
 #include "suites/Enter.h"
+#include "suites/Shared.h"
 
 namespace easel::suites {
 
@@ -24,33 +25,13 @@ std::int16_t hostType(const Node& node) {
     case NodeType::Layer:
     case NodeType::Group: return kGroupArt;
     case NodeType::Path: return kPathArt;
-    case NodeType::Opaque: return kForeignArt;
+    case NodeType::Opaque: return node.content().text ? kTextFrameArt : kForeignArt;
     }
     return kUnknownArt;
 }
 
 /// A parent as plug-ins see it: a layer's group has none.
 Node* visibleParent(const Node& node) { return node.type() == NodeType::Layer ? nullptr : node.parent(); }
-
-struct Place {
-    model::Document& document;
-    Node& anchor;
-    Placement placement;
-};
-
-Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
-    model::Document& document = prep ? prep->document : currentDocument();
-    if (paintOrder == kPlaceAboveAll || paintOrder == kPlaceBelowAll) {
-        Node& layer = prep ? *document.find(prep->node.layer().id()) : document.currentLayer();
-        return {document, layer, paintOrder == kPlaceAboveAll ? Placement::OnTopInside : Placement::AtBottomInside};
-    }
-    require(prep.has_value() && paintOrder >= kPlaceAbove && paintOrder <= kPlaceInsideOnBottom);
-    const bool inside = paintOrder == kPlaceInsideOnTop || paintOrder == kPlaceInsideOnBottom;
-    require(inside ? prep->node.isContainer() : prep->node.type() != NodeType::Layer);
-    static constexpr Placement kPlacements[] = {Placement::Above, Placement::Below, Placement::OnTopInside,
-                                                Placement::AtBottomInside};
-    return {document, prep->node, kPlacements[paintOrder - kPlaceAbove]};
-}
 
 AIArtHandle newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep) {
     require(type == kGroupArt || type == kPathArt);
@@ -133,6 +114,20 @@ AIHitRecord hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tol
 }
 
 } // namespace
+
+Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
+    model::Document& document = prep ? prep->document : currentDocument();
+    if (paintOrder == kPlaceAboveAll || paintOrder == kPlaceBelowAll) {
+        Node& layer = prep ? *document.find(prep->node.layer().id()) : document.currentLayer();
+        return {document, layer, paintOrder == kPlaceAboveAll ? Placement::OnTopInside : Placement::AtBottomInside};
+    }
+    require(prep.has_value() && paintOrder >= kPlaceAbove && paintOrder <= kPlaceInsideOnBottom);
+    const bool inside = paintOrder == kPlaceInsideOnTop || paintOrder == kPlaceInsideOnBottom;
+    require(inside ? prep->node.isContainer() : prep->node.type() != NodeType::Layer);
+    static constexpr Placement kPlacements[] = {Placement::Above, Placement::Below, Placement::OnTopInside,
+                                                Placement::AtBottomInside};
+    return {document, prep->node, kPlacements[paintOrder - kPlaceAbove]};
+}
 
 template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::NewArt, newArt>(suite);

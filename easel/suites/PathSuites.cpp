@@ -7,6 +7,7 @@
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "suites/Enter.h"
+#include "suites/Shared.h"
 
 namespace easel::suites {
 
@@ -39,6 +40,8 @@ model::Point fromHost(AIRealPoint point) {
     return {point.h, point.v};
 }
 
+PathPoint pointFromHost(const AIPathSegment& in) { return {fromHost(in.p), fromHost(in.in), fromHost(in.out)}; }
+
 // Points
 
 void setCount(PathArt path, std::int16_t count) {
@@ -64,12 +67,61 @@ void setSegments(PathArt path, std::int16_t index, std::int16_t count, const AIP
     points.clear();
     corners.clear();
     for (const AIPathSegment* in = &segments; in != &segments + count; ++in) {
-        points.push_back({fromHost(in->p), fromHost(in->in), fromHost(in->out)});
+        points.push_back(pointFromHost(*in));
         corners.push_back(in->corner != 0);
     }
     path.document.setPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
     path.document.setCorners(path.node, static_cast<std::size_t>(index), corners);
 }
+
+void insertSegments(PathArt path, std::int16_t index, std::int16_t count, const AIPathSegment& segments) {
+    require(index >= 0 && index <= path.count() && count >= 0 && path.count() + count <= INT16_MAX);
+    std::vector<PathPoint> points;
+    model::PointFlags corners;
+    for (const AIPathSegment* in = &segments; in != &segments + count; ++in) {
+        points.push_back(pointFromHost(*in));
+        corners.push_back(in->corner != 0);
+    }
+    path.document.insertPoints(path.node, static_cast<std::size_t>(index), points.data(), points.size());
+    path.document.setCorners(path.node, static_cast<std::size_t>(index), corners);
+}
+
+void deleteSegments(PathArt path, std::int16_t index, std::int16_t count) {
+    require(index >= 0 && count >= 0 && index + count <= path.count());
+    path.document.removePoints(path.node, static_cast<std::size_t>(index), static_cast<std::size_t>(count));
+}
+
+// Selection
+
+struct PartBit {
+    std::int16_t host;
+    model::PointPart part;
+};
+constexpr PartBit kParts[] = {{kAIAnchorSelected, model::kAnchorPart},
+                              {kAIInControlSelected, model::kInPart},
+                              {kAIOutControlSelected, model::kOutPart}};
+
+std::int16_t getSelected(PathArt path, std::int16_t index) {
+    require(index >= 0 && index < path.count());
+    int bits = 0;
+    for (const PartBit& row : kParts)
+        if ((path.node.selectedParts(static_cast<std::size_t>(index)) & row.part) != 0) bits |= row.host;
+    return static_cast<std::int16_t>(bits);
+}
+
+void setSelected(PathArt path, std::int16_t index, std::int16_t selected) {
+    constexpr int kEvery = kAIAnchorSelected | kAIInControlSelected | kAIOutControlSelected;
+    require(index >= 0 && index < path.count() && (selected & ~kEvery) == 0);
+    model::PointSelection parts(path.data().points.size());
+    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = path.node.selectedParts(i);
+    std::uint8_t& changed = parts[static_cast<std::size_t>(index)];
+    changed = 0;
+    for (const PartBit& row : kParts)
+        if ((selected & row.host) != 0) changed |= row.part;
+    path.document.selectPoints(path.node, std::move(parts));
+}
+
+// Measures
 
 void getLength(PathArt path, AIReal& length, AIReal flatness) {
     require(flatness > 0);
@@ -102,6 +154,21 @@ AIPathStyle getStyle(PathArt path) {
 }
 
 void setStyle(PathArt path, const AIPathStyle& in) {
+    model::Style style = styleFromHost(in);
+    style.alignment = path.node.style().alignment;
+    path.document.setStyle(path.node, style);
+}
+
+void setAlignment(PathArt path, std::int16_t alignment) {
+    require(alignment >= kAICenterStroke && alignment <= kAIOutsideStroke);
+    model::Style style = path.node.style();
+    style.alignment = static_cast<model::Alignment>(alignment);
+    path.document.setStyle(path.node, style);
+}
+
+} // namespace
+
+model::Style styleFromHost(const AIPathStyle& in) {
     const auto unit = [](double value) { return value >= 0 && value <= 1; };
     const auto color = [&](const AIColor& c) {
         require(unit(c.red) && unit(c.green) && unit(c.blue));
@@ -118,16 +185,15 @@ void setStyle(PathArt path, const AIPathStyle& in) {
                        .miterLimit = in.miterLimit,
                        .cap = static_cast<model::Cap>(in.cap),
                        .join = static_cast<model::Join>(in.join),
+                       .alignment = {},
                        .dashCount = static_cast<std::uint8_t>(in.dash.length),
                        .dashOffset = in.dash.offset};
     for (std::size_t i = 0; i < style.dashCount; ++i) {
         require(in.dash.array[i] >= 0 && std::isfinite(in.dash.array[i]));
         style.dashes[i] = in.dash.array[i];
     }
-    path.document.setStyle(path.node, style);
+    return style;
 }
-
-} // namespace
 
 template <> void fill(AIPathSuite& suite) {
     enter<&AIPathSuite::GetPathSegmentCount>(suite, [](PathArt path) { return path.count(); });
@@ -138,11 +204,20 @@ template <> void fill(AIPathSuite& suite) {
     enter<&AIPathSuite::SetPathClosed>(suite, [](PathArt path, bool on) { path.document.setClosed(path.node, on); });
     enter<&AIPathSuite::ReversePathSegments>(suite, [](PathArt path) { path.document.reverse(path.node); });
     enter<&AIPathSuite::GetPathLength, getLength>(suite);
+    enter<&AIPathSuite::InsertPathSegments, insertSegments>(suite);
+    enter<&AIPathSuite::DeletePathSegments, deleteSegments>(suite);
+    enter<&AIPathSuite::GetPathSegmentSelected, getSelected>(suite);
+    enter<&AIPathSuite::SetPathSegmentSelected, setSelected>(suite);
+    enter<&AIPathSuite::GetPathAllSegmentsSelected>(
+        suite, [](PathArt path) { return path.count() > 0 && path.node.allPointsSelected(); });
+    // Easel's guides are lines of the page, and no path becomes one.
+    enter<&AIPathSuite::GetPathGuide>(suite, [](PathArt) { return false; });
 }
 
 template <> void fill(AIPathStyleSuite& suite) {
     enter<&AIPathStyleSuite::GetPathStyle, getStyle>(suite);
     enter<&AIPathStyleSuite::SetPathStyle, setStyle>(suite);
+    enter<&AIPathStyleSuite::SetStrokeAlignment, setAlignment>(suite);
 }
 
 } // namespace easel::suites

@@ -22,6 +22,7 @@
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
@@ -66,10 +67,10 @@ class Tables final : public session::Suites {
     std::tuple<Published<SPPluginsSuite>, Published<SPInterfaceSuite>, Published<AIPluginGroupSuite>,
                Published<AINotifierSuite>, Published<AIToolSuite>, Published<AIMenuSuite>, Published<AITimerSuite>,
                Published<AIAnnotatorSuite>, Published<AIAnnotatorDrawerSuite>, Published<AIArtSuite>,
-               Published<AIPathSuite>, Published<AIPathStyleSuite>, Published<AILayerSuite>, Published<AIDocumentSuite>,
-               Published<AIDocumentViewSuite>, Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>,
-               Published<AIHitTestSuite>, Published<AICursorSnapSuite>, Published<AIUndoSuite>,
-               Published<AIRealMathSuite>, Published<StageSuite>>
+               Published<AIPathSuite>, Published<AIPathStyleSuite>, Published<AITextFrameSuite>,
+               Published<AILayerSuite>, Published<AIDocumentSuite>, Published<AIDocumentViewSuite>,
+               Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>, Published<AIHitTestSuite>,
+               Published<AICursorSnapSuite>, Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<StageSuite>>
         all_;
 };
 

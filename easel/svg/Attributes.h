@@ -51,6 +51,7 @@ enum class Name : std::uint8_t {
     StrokeWidth,
     StrokeLineCap,
     StrokeLineJoin,
+    StrokeAlignment,
     StrokeMiterLimit,
     StrokeDashArray,
     StrokeDashOffset,

@@ -107,8 +107,9 @@ std::string_view localName(std::string_view name) {
 
 // New elements
 
-std::string ElementText::newTag(const Node& node, const Place& place) {
-    Tag tag = tagOf('<' + place.prefix + (node.isContainer() ? "g" : "path"));
+/// What an object of any kind is made with.
+Tag ElementText::newTag(const Node& node, const Place& place, std::string_view name) {
+    Tag tag = tagOf('<' + place.prefix + std::string(name));
     if (node.type() == NodeType::Layer) {
         setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "groupmode", "layer");
         setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "label", node.name());
@@ -120,6 +121,35 @@ std::string ElementText::newTag(const Node& node, const Place& place) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
     if (tag.find("transform")) tag.set("transform", "translate(0)"); // one that all elements of this name have
+    return tag;
+}
+
+std::string ElementText::newText(const Node& node, const Place& place) {
+    const model::TextData& text = *node.content().text;
+    requireUsable(text.paint);
+    Tag tag = newTag(node, place, "text");
+    // Its lengths are the page's, whatever is around it.
+    const Geom::Affine toPage = toPageIn(place);
+    if (!toPage.isIdentity(0)) tag.set("transform", transformText(toPage.inverse()));
+    const auto setNumber = [&](const char* name, double value) {
+        if (!withinReach(value)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
+        std::string number;
+        appendNumber(number, value);
+        tag.set(name, number);
+    };
+    setNumber("x", text.anchor.x + node.opaque().moved.x);
+    setNumber("y", text.anchor.y + node.opaque().moved.y);
+    if (!text.font.empty()) tag.set("font-family", escaped(text.font));
+    setNumber("font-size", text.size);
+    static constexpr const char* kAnchors[] = {"start", "middle", "end"};
+    tag.set("text-anchor", kAnchors[static_cast<int>(text.justification)]);
+    tag.set("xml:space", "preserve");
+    setPaint(tag, node, text.paint, source_.containers[place.container]);
+    return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
+}
+
+std::string ElementText::newTag(const Node& node, const Place& place) {
+    Tag tag = newTag(node, place, node.isContainer() ? "g" : "path");
     if (node.type() != NodeType::Path) return tag.text();
     requireUsable(node.style());
     const Geom::Affine toPage = toPageIn(place);

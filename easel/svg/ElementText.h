@@ -31,6 +31,9 @@ class ElementText {
     /// The start tag of a node that was made here, without its end.
     [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
 
+    /// The whole element of a text that was made here.
+    [[nodiscard]] std::string newText(const model::Node& node, const Place& place);
+
     [[nodiscard]] bool isChanged(const model::Node& node, const Element& element, const Place& place) const;
     /// The start tag of an element that was read.
     [[nodiscard]] std::string startTag(const model::Node& node, const Element& element, const Place& place);
@@ -46,6 +49,7 @@ class ElementText {
     [[nodiscard]] Geom::Affine toPageIn(const Place& place) const;
 
     // Attributes
+    [[nodiscard]] Tag newTag(const model::Node& node, const Place& place, std::string_view name);
     void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
     void changeOutline(Tag& tag, const model::Node& node, const Element& element, model::Point moved) const;
     void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;

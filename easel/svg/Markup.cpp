@@ -38,7 +38,7 @@ void appendColor(std::string& out, const model::Color& color) {
         return;
     }
     out += "rgb(";
-    for (const double channel : channels) {
+    for (const double& channel : channels) {
         appendNumber(out, channel * 100);
         out += &channel == &channels[2] ? "%)" : "%,";
     }
@@ -162,6 +162,7 @@ std::string outerHandles(const PathData& path) {
 std::vector<Property> properties(const Style& style, const Style* assumed) {
     static constexpr const char* kCapTexts[] = {"butt", "round", "square"};
     static constexpr const char* kJoinTexts[] = {"miter", "round", "bevel"};
+    static constexpr const char* kAlignmentTexts[] = {"center", "inner", "outer"};
     std::vector<Property> said;
     const auto say = [&](bool unlessSame, std::string_view name, std::string value) {
         if (!assumed || !unlessSame) said.emplace_back(name, std::move(value));
@@ -178,6 +179,9 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
     say(style.miterLimit == other.miterLimit, "stroke-miterlimit", numberText(style.miterLimit));
     say(style.cap == other.cap, "stroke-linecap", kCapTexts[static_cast<int>(style.cap)]);
     say(style.join == other.join, "stroke-linejoin", kJoinTexts[static_cast<int>(style.join)]);
+    // Few know this property, and an outline that never had it goes without.
+    if (style.alignment != model::Alignment::Center || other.alignment != style.alignment)
+        say(style.alignment == other.alignment, "stroke-alignment", kAlignmentTexts[static_cast<int>(style.alignment)]);
     std::string dashes;
     for (std::size_t i = 0; i < style.dashCount; ++i) dashes += (i > 0 ? " " : "") + numberText(style.dashes[i]);
     say(sameDashes(style, other), "stroke-dasharray", dashes.empty() ? "none" : std::move(dashes));

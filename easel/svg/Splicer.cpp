@@ -139,7 +139,9 @@ class Splicer {
     void write(const Item& item, std::string behind) {
         const Level& parent = open_.back();
         if (!item.inPlace) requireRoom(item);
-        if (!item.element) {
+        if (!item.element && item.node->content().text) {
+            out_.add(elements_.newText(*item.node, parent.place));
+        } else if (!item.element) {
             out_.add(elements_.newTag(*item.node, parent.place));
             if (item.node->firstChild()) return openNew(*item.node, std::move(behind));
             out_.add("/>");

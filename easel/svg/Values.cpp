@@ -95,6 +95,8 @@ void applyChoice(Enum& into, const std::array<std::pair<std::string_view, Enum>,
 
 constexpr std::array<std::pair<std::string_view, model::Cap>, 3> kCaps{
     {{"butt", model::Cap::Butt}, {"round", model::Cap::Round}, {"square", model::Cap::Projecting}}};
+constexpr std::array<std::pair<std::string_view, model::Alignment>, 3> kAlignments{
+    {{"center", model::Alignment::Center}, {"inner", model::Alignment::Inside}, {"outer", model::Alignment::Outside}}};
 constexpr std::array<std::pair<std::string_view, model::Join>, 5> kJoins{{{"miter", model::Join::Miter},
                                                                           {"miter-clip", model::Join::Miter},
                                                                           {"arcs", model::Join::Miter},
@@ -234,6 +236,7 @@ void applyProperty(model::Style& style, Name name, std::string_view value, const
     case Name::Fill: return applyPaint(style.fill, style.fillColor, value);
     case Name::Stroke: return applyPaint(style.stroke, style.strokeColor, value);
     case Name::StrokeLineCap: return applyChoice(style.cap, kCaps, value);
+    case Name::StrokeAlignment: return applyChoice(style.alignment, kAlignments, value);
     case Name::StrokeLineJoin: return applyChoice(style.join, kJoins, value);
     case Name::StrokeDashArray:
         if (value != "inherit") applyDashes(style, value, units);

@@ -21,7 +21,7 @@ using kzo::core::callback;
 using kzo::core::Tool;
 using kzo::core::ToolOptions;
 
-constexpr kzo::core::RgbColor kInk{0.85, 0.25, 0.1};
+constexpr kzo::core::ArtColor kInk{0.85, 0.25, 0.1};
 constexpr double kTick = 3.0;      // half the mark at each end, points
 constexpr double kTextAside = 8.0; // from the end of the line to the text, points
 constexpr std::int16_t kNewGroup = -2;

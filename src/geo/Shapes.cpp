@@ -119,6 +119,7 @@ std::optional<Path> arc(Point start, Point through, Point end) {
     // straight needs no center.
     const double sweep =
         -std::copysign(2.0 * (std::numbers::pi - std::atan2(std::abs(turn), dot(toStart, toEnd))), turn);
+    if (!std::isfinite(sweep)) return std::nullopt;
     Path path;
     if (turn == 0.0) {
         path.anchors = {Anchor(start), Anchor(end)};

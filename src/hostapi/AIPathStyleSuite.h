@@ -9,6 +9,7 @@
 
 enum { kAIButtCap = 0, kAIRoundCap = 1, kAIProjectingCap = 2 };
 enum { kAIMiterJoin = 0, kAIRoundJoin = 1, kAIBevelJoin = 2 };
+enum { kAICenterStroke = 0, kAIInsideStroke = 1, kAIOutsideStroke = 2 };
 enum { kMaxDashComponents = 6 };
 
 /* Red, green and blue, each 0 to 1. */
@@ -41,6 +42,8 @@ typedef struct AIPathStyleSuite {
     AIErr (*GetPathStyle)(AIArtHandle path, AIPathStyle* style);
     /* kBadParameterErr: a value out of its range. */
     AIErr (*SetPathStyle)(AIArtHandle path, const AIPathStyle* style);
+    /* Where the stroke lies; other paints of the path stay as they are, as does this when they are set. */
+    AIErr (*SetStrokeAlignment)(AIArtHandle path, int16_t alignment);
 } AIPathStyleSuite;
 
 DESCRIBE_SUITE(AIPathStyleSuite)

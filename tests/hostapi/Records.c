@@ -18,6 +18,7 @@
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolNames.h"
 #include "hostapi/AIToolSuite.h"
@@ -44,4 +45,5 @@ RECORD_SIZE(AIAddToolData, 24);
 RECORD_SIZE(AIPathSegment, 56);
 RECORD_SIZE(AIHitRecord, 56);
 RECORD_SIZE(AIPathStyle, 144);
+RECORD_SIZE(AIPointText, 192);
 RECORD_SIZE(StageCursor, 48);

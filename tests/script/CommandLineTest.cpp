@@ -224,13 +224,15 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));
-    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool", "measure"}) {
-        const std::string bundle = name == "measure" ? TEST_BUILD_DIR "/Measure.aip" : ORTHOLINE_BUNDLE;
+    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool", "measure", "shapes"}) {
+        const std::string bundle = name == "measure"  ? TEST_BUILD_DIR "/Measure.aip"
+                                   : name == "shapes" ? TEST_BUILD_DIR "/Shapes.aip"
+                                                      : ORTHOLINE_BUNDLE;
         const Ended ended = easel("run examples/" + name + ".js --plugin " + bundle);
         EXPECT_EQ(ended.code, 0) << ended.output;
     }
-    EXPECT_EQ(folder.content("out/cube.png").substr(1, 3), "PNG");
-    EXPECT_EQ(folder.content("out/measure.png").substr(1, 3), "PNG");
+    for (const std::string name : {"cube", "measure", "shapes"})
+        EXPECT_EQ(folder.content("out/" + name + ".png").substr(1, 3), "PNG") << name;
     EXPECT_NE(folder.content("out/cube.svg").find("inkscape:label=\"Cube\""), std::string::npos);
 }
 

@@ -66,7 +66,7 @@ inline Listing listing(Document& document) {
             for (std::size_t i = 0; i < node->path().points.size(); ++i) {
                 const PathPoint& p = node->path().points[i];
                 out << " (" << p.anchor.x << ',' << p.anchor.y << ' ' << p.in.x << ',' << p.in.y << ' ' << p.out.x
-                    << ',' << p.out.y << ' ' << node->path().isCorner(i) << node->pointSelected(i) << ')';
+                    << ',' << p.out.y << ' ' << node->path().isCorner(i) << int(node->selectedParts(i)) << ')';
             }
         }
         out << '\n';
@@ -104,7 +104,7 @@ class RandomEditor {
         Node& other = *nodes[below(nodes.size())];
         const bool isPath = node.type() == NodeType::Path;
         const Placement placement = placementAt(other);
-        switch (below(isPath ? 18 : 10)) {
+        switch (below(isPath ? 20 : 10)) {
         case 0:
         case 1: document.create(NodeType::Group, placement, other); break;
         case 2:
@@ -131,7 +131,14 @@ class RandomEditor {
             }
             break;
         case 16: document.setCorners(node, 0, flags(node.path().points.size())); break;
-        default: document.selectPoints(node, flags(node.path().points.size()));
+        case 17: document.insertPoints(node, below(node.path().points.size() + 1), points(2).data(), 2); break;
+        case 18:
+            if (!node.path().points.empty()) document.removePoints(node, below(node.path().points.size()), 1);
+            break;
+        default:
+            PointSelection selection(node.path().points.size());
+            for (std::uint8_t& parts : selection) parts = static_cast<std::uint8_t>(below(8));
+            document.selectPoints(node, selection);
         }
     }
 

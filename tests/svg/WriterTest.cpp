@@ -84,8 +84,18 @@ TEST(Writer, OddCasesReadBackToo) {
     document.create(NodeType::Group, Placement::OnTopInside, layer);
     document.addLayer("");
     const std::array<double, 6> dashes{1, 2, 3, 4, 5, 6};
-    document.setStyle(*layer.firstChild()->next(),
-                      {false, false, {}, {}, 0, 10, model::Cap::Projecting, model::Join::Bevel, 6, -2.5, dashes});
+    document.setStyle(*layer.firstChild()->next(), {true,
+                                                    true,
+                                                    {0.1, 0.5, 0.7},
+                                                    {},
+                                                    0,
+                                                    10,
+                                                    model::Cap::Projecting,
+                                                    model::Join::Bevel,
+                                                    model::Alignment::Outside,
+                                                    6,
+                                                    -2.5,
+                                                    dashes});
     const std::string text = write(document);
     EXPECT_TRUE(Document::sameContent(document, *read(text, "t.svg"))) << text;
 }

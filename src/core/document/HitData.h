@@ -49,6 +49,8 @@ class HitData {
     bool snapForHit(ArtboardPoint& point) const;
     bool snapForHitType(HitType type, ArtboardPoint& point) const; ///< only when the hit is of this type
 
+    [[nodiscard]] const plugin::HitData* impl() const { return impl_.get(); } ///< null when empty
+
   private:
     std::shared_ptr<const plugin::HitData> impl_;
 };

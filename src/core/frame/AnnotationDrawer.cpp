@@ -21,7 +21,7 @@ bool fills(AnnotationDrawer::Paint paint) { return paint == AnnotationDrawer::Pa
 
 // What follows is drawn so
 
-bool AnnotationDrawer::setColor(const RgbColor& color) { return draw(context_, &Impl::setColor, color); }
+bool AnnotationDrawer::setColor(const ArtColor& color) { return draw(context_, &Impl::setColor, color); }
 bool AnnotationDrawer::setOpacity(double opacity) { return draw(context_, &Impl::setOpacity, opacity); }
 bool AnnotationDrawer::setLineWidth(double width) { return draw(context_, &Impl::setLineWidth, width); }
 bool AnnotationDrawer::setLineDash(double length) { return draw(context_, &Impl::setLineDash, length); }

@@ -25,7 +25,7 @@ class AnnotationDrawer {
     [[nodiscard]] bool isEmpty() const { return !context_; }
 
     // What follows is drawn so
-    bool setColor(const RgbColor& color);
+    bool setColor(const ArtColor& color);
     bool setOpacity(double opacity); ///< 0 to 1
     bool setLineWidth(double width); ///< greater than 0
     bool setLineDash(double length); ///< of dashes and gaps; 0 is a solid line

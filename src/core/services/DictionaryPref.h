@@ -66,7 +66,7 @@ class DictionaryPref : public PrefData {
     bool getOrCreateArtboardRectPref(const std::string& key, const ArtboardRect& value, ArtboardRectPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateArtColorPref(const std::string& key, const RgbColor& value, ArtColorPref& out) {
+    bool getOrCreateArtColorPref(const std::string& key, const ArtColor& value, ArtColorPref& out) {
         return getOrCreate(key, value, out);
     }
     bool getOrCreateColorPref(const std::string& key, const Color& value, ColorPref& out) {

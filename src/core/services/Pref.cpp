@@ -39,7 +39,7 @@ template class Pref<double>;
 template class Pref<std::string>;
 template class Pref<ArtboardPoint>;
 template class Pref<ArtboardRect>;
-template class Pref<RgbColor>;
+template class Pref<ArtColor>;
 template class Pref<Color>;
 template class Pref<Point>;
 template class Pref<Rect>;

@@ -55,6 +55,24 @@ enum class HitRequest : std::int32_t {
 /// What was found.
 enum class HitType { None = 0, Anchor = 10, InControl = 20, OutControl = 30, Segment = 40, Fill = 50 };
 
+// Paths
+
+/// What of an anchor is selected; a control point, when the segment on its side is.
+enum class SegPointSelectionState : std::int16_t { None = 0, InControl = 2, OutControl = 4, Anchor = 8 };
+
+/// Which way from a hit a path is trimmed.
+enum class TrimDirectionType : std::int32_t { None = 0, TowardsStart = 1, TowardsEnd = 2 };
+
+/// As seen on screen. None: the path encloses nothing, or as much one way round as the other.
+enum class WindingOrderType { None = 0, Clockwise = 10, CounterClockwise = 20 };
+
+/// Where the stroke of a closed path lies.
+enum class StrokeAlignment { Center = 10, Inside = 20, Outside = 30 };
+
+// Text
+
+enum class ParagraphJustification { Left = 10, Center = 20, Right = 30 };
+
 // Path style
 
 enum class StrokeCap { Butt = 100, Round = 110, Projecting = 120 };
@@ -64,3 +82,5 @@ enum class StrokeJoin { Miter = 100, Round = 110, Bevel = 120 };
 
 template <> struct kzo::utils::IsBitSet<kzo::core::ArtAttribute> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::HitRequest> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::SegPointSelectionState> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::TrimDirectionType> : std::true_type {};

@@ -9,12 +9,12 @@
 namespace kzo::core {
 
 /// Red, green, blue, 0 to 1; black by default.
-struct RgbColor {
+struct ArtColor {
     double red = 0;
     double green = 0;
     double blue = 0;
 
-    bool operator==(const RgbColor&) const = default;
+    bool operator==(const ArtColor&) const = default;
 };
 
 /// Lengths of dashes and gaps in turn. The default is a solid line.
@@ -28,7 +28,7 @@ struct DashStyle {
 
 struct StrokeStyle {
     bool painted = true;
-    RgbColor color;
+    ArtColor color;
     double width = 1;
     double miterLimit = 10;
     StrokeCap cap = StrokeCap::Butt;
@@ -40,7 +40,7 @@ struct StrokeStyle {
 
 struct FillStyle {
     bool painted = false;
-    RgbColor color;
+    ArtColor color;
 
     bool operator==(const FillStyle&) const = default;
 };

@@ -6,6 +6,7 @@
 
 #include "core/values/ArtboardPoint.h"
 #include "core/values/ArtboardRect.h"
+#include "core/values/Font.h"
 #include "core/values/PathStyle.h"
 #include "core/values/Point.h"
 #include "core/values/Rect.h"
@@ -22,14 +23,6 @@ struct Color {
     double alpha = 1;
 
     bool operator==(const Color&) const = default;
-};
-
-/// A font by its full name, and its size in points.
-struct Font {
-    std::string name;
-    double size = 12;
-
-    bool operator==(const Font&) const = default;
 };
 
 // Which parts of a style are known: what several objects have in common, or
@@ -93,7 +86,7 @@ template <> inline constexpr PrefType kPrefType<double> = PrefType::Number;
 template <> inline constexpr PrefType kPrefType<std::string> = PrefType::String;
 template <> inline constexpr PrefType kPrefType<ArtboardPoint> = PrefType::ArtboardPoint;
 template <> inline constexpr PrefType kPrefType<ArtboardRect> = PrefType::ArtboardRect;
-template <> inline constexpr PrefType kPrefType<RgbColor> = PrefType::ArtColor;
+template <> inline constexpr PrefType kPrefType<ArtColor> = PrefType::ArtColor;
 template <> inline constexpr PrefType kPrefType<Color> = PrefType::Color;
 template <> inline constexpr PrefType kPrefType<Point> = PrefType::Point;
 template <> inline constexpr PrefType kPrefType<Rect> = PrefType::Rect;

@@ -2,6 +2,8 @@
 #include "plugin/document/Convert.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <iterator>
 
 namespace kzo::plugin::host {
 
@@ -19,6 +21,22 @@ AIPathStyle HostForm<core::PathStyle>::toHost(const core::PathStyle& style) {
         .dash = {.length = static_cast<std::int16_t>(stroke.dash.count), .offset = stroke.dash.offset, .array = {}}};
     std::copy(stroke.dash.lengths.begin(), stroke.dash.lengths.end(), record.dash.array);
     return record;
+}
+
+core::PathStyle HostForm<core::PathStyle>::fromHost(const AIPathStyle& record) {
+    core::PathStyle style;
+    style.fill = {record.fillPaint != 0, host::fromHost<core::ArtColor>(record.fillColor)};
+    style.stroke = {.painted = record.strokePaint != 0,
+                    .color = host::fromHost<core::ArtColor>(record.strokeColor),
+                    .width = record.strokeWidth,
+                    .miterLimit = record.miterLimit,
+                    .cap = host::fromHost<core::StrokeCap>(record.cap),
+                    .join = host::fromHost<core::StrokeJoin>(record.join),
+                    .dash = {.lengths = {}, .count = 0, .offset = record.dash.offset}};
+    const int count = std::clamp<int>(record.dash.length, 0, kMaxDashComponents);
+    style.stroke.dash.count = static_cast<std::size_t>(count);
+    std::copy_n(std::begin(record.dash.array), count, style.stroke.dash.lengths.begin());
+    return style;
 }
 
 } // namespace kzo::plugin::host

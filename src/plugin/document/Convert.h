@@ -11,6 +11,7 @@
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
+#include "hostapi/AITextFrameSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/values/ArtboardPoint.h"
 #include "plugin/values/ArtboardRect.h"
@@ -80,9 +81,30 @@ inline constexpr Pair<core::StrokeJoin> kStrokeJoins[] = {
 };
 template <> struct HostForm<core::StrokeJoin> : Paired<kStrokeJoins, core::StrokeJoin::Miter> {};
 
-template <> struct HostForm<core::RgbColor> {
-    static AIColor toHost(const core::RgbColor& color) { return {color.red, color.green, color.blue}; }
+template <> struct HostForm<core::ArtColor> {
+    static AIColor toHost(const core::ArtColor& color) { return {color.red, color.green, color.blue}; }
+    static core::ArtColor fromHost(const AIColor& color) { return {color.red, color.green, color.blue}; }
 };
-template <> struct HostForm<core::PathStyle> { static AIPathStyle toHost(const core::PathStyle& style); };
+template <> struct HostForm<core::PathStyle> {
+    static AIPathStyle toHost(const core::PathStyle& style);
+    static core::PathStyle fromHost(const AIPathStyle& record);
+};
+
+inline constexpr Pair<core::StrokeAlignment> kStrokeAlignments[] = {
+    {core::StrokeAlignment::Center, kAICenterStroke},
+    {core::StrokeAlignment::Inside, kAIInsideStroke},
+    {core::StrokeAlignment::Outside, kAIOutsideStroke},
+};
+template <> struct HostForm<core::StrokeAlignment> : Paired<kStrokeAlignments, core::StrokeAlignment::Center, -1> {};
+
+// Text
+
+inline constexpr Pair<core::ParagraphJustification> kJustifications[] = {
+    {core::ParagraphJustification::Left, kAILeftJustification},
+    {core::ParagraphJustification::Center, kAICenterJustification},
+    {core::ParagraphJustification::Right, kAIRightJustification},
+};
+template <>
+struct HostForm<core::ParagraphJustification> : Paired<kJustifications, core::ParagraphJustification::Left, -1> {};
 
 } // namespace kzo::plugin::host

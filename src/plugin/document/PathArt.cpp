@@ -1,115 +1,167 @@
-// The path suite's calls.
+// Points of a path and their number, through the path suite.
 #include "plugin/document/PathArt.h"
 
 #include <algorithm>
 #include <limits>
 
-#include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/PathRecords.h"
+#include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {
 
-namespace {
+// The host's records
 
-constexpr double kLengthFlatness = 0.01; // points
-
-std::int16_t clamped(int value, int low, int high) {
-    return static_cast<std::int16_t>(std::clamp(value, low, std::max(low, high)));
+std::vector<AIPathSegment> PathArt::read(int index, int count) const {
+    std::vector<AIPathSegment> records(static_cast<std::size_t>(std::max(count, 0)));
+    const bool done =
+        !records.empty() && call<&AIPathSuite::GetPathSegments>(asIndex(index), asIndex(count), records.data());
+    return done ? records : std::vector<AIPathSegment>();
 }
 
-} // namespace
+bool PathArt::write(int index, int count, const AIPathSegment* records) {
+    return count <= 0 || call<&AIPathSuite::SetPathSegments>(asIndex(index), asIndex(count), records);
+}
+
+std::optional<PathArt::Extent> PathArt::extent() const {
+    std::int16_t points = 0;
+    AIBoolean closed = 0;
+    const bool known = call<&AIPathSuite::GetPathSegmentCount>(&points) && call<&AIPathSuite::GetPathClosed>(&closed);
+    if (!known) return std::nullopt;
+    return Extent{points, closed ? points : std::max(points - 1, 0), closed != 0};
+}
+
+geo::Path PathArt::shape() const {
+    geo::Path path;
+    const auto known = extent();
+    if (!known) return path;
+    path.closed = known->closed;
+    for (const AIPathSegment& record : read(0, known->points)) path.anchors.push_back(toAnchor(record));
+    return path;
+}
+
+bool PathArt::reshape(const geo::Path& from, const geo::Path& to) {
+    const auto give = [&](const geo::Path& path) {
+        std::vector<AIPathSegment> records;
+        for (const geo::Anchor& anchor : path.anchors) records.push_back(toRecord(anchor));
+        const int count = static_cast<int>(records.size());
+        return count <= kMostSegPoints && setSegPointCount(asIndex(count)) && write(0, count, records.data()) &&
+               setClosed(path.closed);
+    };
+    if (give(to)) return true;
+    give(from);
+    return false;
+}
 
 // Counts
 
 std::int16_t PathArt::segPointCount() const { return get<&AIPathSuite::GetPathSegmentCount>(); }
-void PathArt::setSegPointCount(std::int16_t count) { call<&AIPathSuite::SetPathSegmentCount>(count); }
 
-std::int16_t PathArt::segCount() const {
-    const std::int16_t points = segPointCount();
-    return closed() ? points : clamped(points - 1, 0, points);
-}
+bool PathArt::setSegPointCount(std::int16_t count) { return call<&AIPathSuite::SetPathSegmentCount>(asIndex(count)); }
 
-void PathArt::setSegCount(std::int16_t count) {
-    setSegPointCount(static_cast<std::int16_t>(closed() ? count : count + 1));
+std::int16_t PathArt::segCount() const { return asIndex(extent().value_or(Extent()).segs); }
+
+bool PathArt::setSegCount(std::int16_t count) {
+    AIBoolean closed = 0;
+    return call<&AIPathSuite::GetPathClosed>(&closed) && setSegPointCount(asIndex(closed ? count : count + 1));
 }
 
 bool PathArt::closed() const { return get<&AIPathSuite::GetPathClosed>(); }
-void PathArt::setClosed(bool closed) { call<&AIPathSuite::SetPathClosed>(closed); }
+bool PathArt::setClosed(bool closed) { return call<&AIPathSuite::SetPathClosed>(closed); }
 
 // Points
 
-PathArt::SegPoints PathArt::read(std::int16_t index, std::int16_t count) const {
-    std::vector<AIPathSegment> records(static_cast<std::size_t>(count));
-    if (records.empty() || !call<&AIPathSuite::GetPathSegments>(index, count, records.data())) return {};
-    return host::fromHost<core::ArtboardSegPoint>(records);
-}
-
-void PathArt::write(std::int16_t index, std::int16_t count, const SegPoints& points) {
-    const std::vector<AIPathSegment> records = host::toHost(points);
-    const auto given = clamped(count, 0, static_cast<int>(records.size()));
-    if (given > 0) call<&AIPathSuite::SetPathSegments>(index, given, records.data());
-}
-
 PathArt::SegPoints PathArt::segPoints(std::int16_t index, std::int16_t count) const {
-    const std::int16_t known = segPointCount();
-    const std::int16_t first = clamped(index, 0, known - 1);
-    // The count is held to the path's, and then to what follows `index`, since a run beyond the end is refused whole.
-    return read(first, clamped(std::min<int>(clamped(count, 0, known), known - first), 0, known));
+    const int known = segPointCount();
+    const int first = clamped(index, 0, known - 1);
+    return host::fromHost<core::ArtboardSegPoint>(read(first, clamped(count, 0, known - first)));
 }
 
-void PathArt::setSegPoints(std::int16_t index, const SegPoints& points) {
-    write(index, static_cast<std::int16_t>(points.size()), points);
+bool PathArt::setSegPoints(std::int16_t index, const SegPoints& points) {
+    const auto known = extent();
+    if (!known) return false;
+    const int first = clamped(index, 0, known->points - 1);
+    const std::vector<AIPathSegment> records = host::toHost(points);
+    return write(first, std::min(static_cast<int>(records.size()), known->points - first), records.data());
 }
 
-void PathArt::setSegs(std::int16_t index, const SegPoints& points) {
-    const auto count = static_cast<std::int16_t>(points.size());
-    // A whole closed path has as many points as segments; the point that closes it again is not written twice.
-    const bool wholeClosedPath = closed() && segCount() == count - 1;
-    write(index, wholeClosedPath ? segCount() : count, points);
+bool PathArt::insertSegPoints(std::int16_t index, const SegPoints& points) {
+    const auto known = extent();
+    if (!known) return false;
+    const std::vector<AIPathSegment> records = host::toHost(points);
+    const std::int16_t count = clamped(static_cast<int>(records.size()), 0, kMostSegPoints - known->points);
+    const std::int16_t first = clamped(index, 0, known->points);
+    return count == 0 || call<&AIPathSuite::InsertPathSegments>(first, count, records.data());
 }
 
-void PathArt::reverseSegs() { call<&AIPathSuite::ReversePathSegments>(); }
+bool PathArt::insertSegPointAtT(std::int16_t seg, double t) {
+    geo::Path path = shape();
+    if (path.segCount() == 0 || path.anchors.size() >= kMostSegPoints || !(t > 0.0 && t < 1.0)) return false;
+    const auto at = static_cast<std::size_t>(clamped(seg, 0, static_cast<int>(path.segCount()) - 1));
+    path.insertAt(at, t);
+    // Inserted for itself, so that what is selected stays with its anchor; then the neighbours' handles are shortened.
+    const std::size_t after = (at + 2) % path.anchors.size();
+    const AIPathSegment made = toRecord(path.anchors[at + 1]);
+    const AIPathSegment before = toRecord(path.anchors[at]);
+    const AIPathSegment behind = toRecord(path.anchors[after]);
+    const std::vector<AIPathSegment> old = read(static_cast<int>(at), 1);
+    const int place = static_cast<int>(at) + 1;
+    if (old.empty() || !call<&AIPathSuite::InsertPathSegments>(asIndex(place), std::int16_t{1}, &made)) return false;
+    if (write(static_cast<int>(at), 1, &before) && write(static_cast<int>(after), 1, &behind)) return true;
+    write(static_cast<int>(at), 1, old.data());
+    call<&AIPathSuite::DeletePathSegments>(asIndex(place), std::int16_t{1});
+    return false;
+}
+
+bool PathArt::deleteSegPoints(std::int16_t index, std::int16_t count) {
+    const auto known = extent();
+    if (!known) return false;
+    const int first = clamped(index, 0, known->points - 1);
+    const std::int16_t gone = clamped(count, 0, known->points - first);
+    return gone == 0 || call<&AIPathSuite::DeletePathSegments>(asIndex(first), gone);
+}
+
+bool PathArt::rotateSegPoints(std::int16_t by) {
+    const auto known = extent();
+    if (!known || by == 0 || known->points == 0) return known.has_value();
+    const int count = known->points;
+    std::vector<AIPathSegment> records = read(0, count);
+    if (records.empty()) return false;
+    std::rotate(records.begin(), records.begin() + (by % count + count) % count, records.end());
+    return write(0, count, records.data());
+}
 
 std::int16_t PathArt::segPointClosestToPoint(const core::ArtboardPoint& point) const {
-    const SegPoints points = segPoints(0, segPointCount());
-    double nearest = std::numeric_limits<float>::max(); // what is further is as far as anything
-    std::int16_t best = 0;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-        const double distance = host::getOr<&AIRealMathSuite::RealPointLength>(nearest, points[i].p, point);
-        if (distance >= nearest) continue;
+    const std::vector<AIPathSegment> records = read(0, segPointCount());
+    double nearest = std::numeric_limits<float>::max(); // what is farther is as far as anything
+    std::size_t best = 0;
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        const double distance = host::getOr<&AIRealMathSuite::RealPointLength>(nearest, &records[i].p, point);
+        if (!(distance < nearest)) continue;
         nearest = distance;
-        best = static_cast<std::int16_t>(i);
+        best = i;
     }
-    return best;
+    return static_cast<std::int16_t>(best);
 }
 
 void PathArt::endPoints(core::ArtboardPoint& first, core::ArtboardPoint& last) const {
-    const SegPoints points = segPoints(0, segPointCount());
-    if (points.empty()) return;
-    first = points.front().p;
-    last = points.back().p;
+    const int known = segPointCount();
+    const SegPoints start = host::fromHost<core::ArtboardSegPoint>(read(0, std::min(known, 1)));
+    const SegPoints end = host::fromHost<core::ArtboardSegPoint>(read(known - 1, std::min(known, 1)));
+    if (start.empty() || end.empty()) return;
+    first = start.front().p;
+    last = end.front().p;
 }
 
-// Shape and style
-
-double PathArt::length() const {
-    double length = 0;
-    return call<&AIPathSuite::GetPathLength>(&length, kLengthFlatness) ? length : 0;
+std::vector<std::int16_t> PathArt::phantomSegPoints() const {
+    const geo::Path path = shape();
+    std::vector<std::int16_t> found;
+    for (std::size_t i = 0; i < path.segCount(); ++i) {
+        if (hasNoLength(path.seg(i))) found.push_back(asIndex(static_cast<int>((i + 1) % path.anchors.size())));
+    }
+    return found;
 }
-
-std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
-    const std::int16_t points = segPointCount();
-    const std::int16_t segments = closed() ? points : clamped(points - 1, 0, points);
-    if (segments == 0) return std::nullopt;
-    const std::int16_t start = clamped(index, 0, segments - 1);
-    const std::int16_t end = static_cast<std::int16_t>((start + 1) % points);
-    const SegPoints a = read(start, 1);
-    const SegPoints b = read(end, 1);
-    return a.empty() || b.empty() ? std::nullopt : std::optional(core::Bezier(a[0], b[0]));
-}
-
-bool PathArt::setStyle(const core::PathStyle& style) { return call<&AIPathStyleSuite::SetPathStyle>(style); }
 
 } // namespace kzo::plugin

@@ -7,7 +7,7 @@
 
 namespace kzo::plugin {
 
-bool AnnotationDrawer::setColor(const core::RgbColor& color) const {
+bool AnnotationDrawer::setColor(const core::ArtColor& color) const {
     return host::call<&AIAnnotatorDrawerSuite::SetColor>(context, color);
 }
 

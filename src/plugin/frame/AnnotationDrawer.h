@@ -16,7 +16,7 @@ namespace kzo::plugin {
 struct AnnotationDrawer {
     AIDrawingContext* context = nullptr;
 
-    [[nodiscard]] bool setColor(const core::RgbColor& color) const;
+    [[nodiscard]] bool setColor(const core::ArtColor& color) const;
     [[nodiscard]] bool setOpacity(double opacity) const;
     [[nodiscard]] bool setLineWidth(double width) const;
     [[nodiscard]] bool setLineDash(double length) const;

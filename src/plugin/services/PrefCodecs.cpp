@@ -34,7 +34,7 @@ template <class Members> void list(Members& members, core::ArtboardRect& value) 
     members("bottom", value.bottom);
 }
 
-template <class Members> void list(Members& members, core::RgbColor& value) {
+template <class Members> void list(Members& members, core::ArtColor& value) {
     members("r", value.red);
     members("g", value.green);
     members("b", value.blue);
@@ -228,7 +228,7 @@ template <class Kind> bool taken(const Node& node, Kind& value) {
 
 template <class... Kinds> struct KindList {};
 /// In the order in which an object is asked what it is.
-constexpr KindList<core::ArtboardPoint, core::ArtboardRect, core::RgbColor, core::Color, core::Point, core::Rect,
+constexpr KindList<core::ArtboardPoint, core::ArtboardRect, core::ArtColor, core::Color, core::Point, core::Rect,
                    core::Size, core::Font, core::TransformMatrix, core::DashStyle, core::FillStyle, core::StrokeStyle,
                    core::DashStyleMap, core::FillStyleMap, core::StrokeStyleMap>
     kCompoundKinds;
@@ -312,7 +312,7 @@ template struct Codec<double>;
 template struct Codec<std::string>;
 template struct Codec<core::ArtboardPoint>;
 template struct Codec<core::ArtboardRect>;
-template struct Codec<core::RgbColor>;
+template struct Codec<core::ArtColor>;
 template struct Codec<core::Color>;
 template struct Codec<core::Point>;
 template struct Codec<core::Rect>;

@@ -105,7 +105,7 @@ TEST_F(PreferencesTest, KeepsEveryCompoundKind) {
     const DashStyle dash{.lengths = {3, 1.5}, .count = 2, .offset = 0.5};
     keeps<ArtboardPoint>(store, path, &P::getArtboardPointPref, &P::getOrCreateArtboardPointPref, {}, {1.5, -2});
     keeps<ArtboardRect>(store, path, &P::getArtboardRectPref, &P::getOrCreateArtboardRectPref, {}, {1, 2, 3, 4.25});
-    keeps<RgbColor>(store, path, &P::getArtColorPref, &P::getOrCreateArtColorPref, {},
+    keeps<ArtColor>(store, path, &P::getArtColorPref, &P::getOrCreateArtColorPref, {},
                     {.red = 1, .green = 0.5, .blue = 0});
     keeps<Color>(store, path, &P::getColorPref, &P::getOrCreateColorPref, {},
                  {.red = 1, .green = 0.5, .blue = 0, .alpha = 0.25});

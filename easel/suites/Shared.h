@@ -1,0 +1,24 @@
+// What several suites make of the same arguments.
+#pragma once
+
+#include <optional>
+
+#include "hostapi/AIPathStyleSuite.h"
+#include "suites/Arguments.h"
+
+namespace easel::suites {
+
+/// Where new or moved art goes.
+struct Place {
+    model::Document& document;
+    model::Node& anchor;
+    model::Placement placement;
+};
+
+/// Throws kBadParameterErr for a paint order that the prepositional art does not allow.
+[[nodiscard]] Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep);
+
+/// Throws kBadParameterErr for a value out of its range.
+[[nodiscard]] model::Style styleFromHost(const AIPathStyle& style);
+
+} // namespace easel::suites

@@ -1,0 +1,101 @@
+// A path against others: where they meet, and what is cut off or grown there.
+#include <algorithm>
+#include <cmath>
+
+#include "geo/Crossings.h"
+#include "geo/PathCuts.h"
+#include "plugin/document/Art.h"
+#include "plugin/document/Convert.h"
+#include "plugin/document/CurrentDocument.h"
+#include "plugin/document/HitData.h"
+#include "plugin/document/Layer.h"
+#include "plugin/document/PathArt.h"
+#include "plugin/document/PathRecords.h"
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+std::vector<core::PathIntersection> asIntersections(const geo::Path& path, const geo::Path& other,
+                                                    const std::vector<geo::Crossing>& crossings) {
+    std::vector<core::PathIntersection> made;
+    made.reserve(crossings.size());
+    for (const geo::Crossing& crossing : crossings) {
+        const geo::SegPlace a = path.split(crossing.first);
+        const geo::SegPlace b = other.split(crossing.second);
+        const geo::Point point = path.at(crossing.first);
+        made.push_back(
+            {{point.x, point.y}, asIndex(static_cast<int>(a.seg)), a.t, asIndex(static_cast<int>(b.seg)), b.t});
+    }
+    return made;
+}
+
+/// Calls `visit` for every path of the document that shows.
+template <class Visit> void forEachPath(const Visit& visit) {
+    const CurrentDocument document;
+    for (AILayer* layer = document.firstLayer(); layer; layer = Layer(layer).next()) {
+        if (!Layer(layer).visible()) continue;
+        ArtObject* const top = Layer(layer).group();
+        for (ArtObject* at = top; at;) {
+            const Art art(at);
+            const bool shows = !art.hidden();
+            if (const auto path = shows ? art.path() : std::nullopt) visit(at, *path);
+            ArtObject* next = shows ? art.firstChild() : nullptr;
+            for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();
+            at = next;
+        }
+    }
+}
+
+} // namespace
+
+std::vector<core::PathIntersection> PathArt::getIntersections() const {
+    const geo::Path path = shape();
+    return asIntersections(path, path, geo::selfCrossings(path));
+}
+
+std::vector<core::PathIntersection> PathArt::getIntersections(const PathArt& other) const {
+    if (other.handle() == handle()) return getIntersections();
+    const geo::Path path = shape();
+    const geo::Path with = other.shape();
+    return asIntersections(path, with, geo::crossings(path, with));
+}
+
+bool PathArt::trim(const HitData& hit, core::TrimDirectionType directions) {
+    using enum core::TrimDirectionType;
+    const geo::Path path = shape();
+    if (hit.art() != handle() || hit.segIndex() < 0 || path.segCount() == 0) return false;
+    std::vector<geo::Place> edges;
+    for (const geo::Crossing& crossing : geo::selfCrossings(path)) {
+        edges.push_back(crossing.first);
+        edges.push_back(crossing.second);
+    }
+    forEachPath([&](ArtObject* art, const PathArt& other) {
+        if (art == handle()) return;
+        for (const geo::Crossing& crossing : geo::crossings(path, other.shape())) edges.push_back(crossing.first);
+    });
+    const auto left = geo::trimmed(path, place(hit.segIndex(), hit.tValue(), path), std::move(edges),
+                                   any(directions & TowardsStart), any(directions & TowardsEnd));
+    if (left.empty()) return false;
+    if (left.size() == 1) return reshape(path, left[0]);
+    // What lies behind the gap becomes a path of its own, next to this one and painted like it.
+    ArtObject* const made = Art::create(core::ArtType::Path, core::PaintOrder::Above, handle());
+    PathArt rest(made);
+    if (made && rest.setStyle(style()) && rest.reshape({}, left[1]) && reshape(path, left[0])) return true;
+    if (made) Art(made).dispose();
+    return false;
+}
+
+bool PathArt::extend(const HitData& end, const HitData& target) {
+    const geo::Path path = shape();
+    if (end.art() != handle() || end.segIndex() < 0 || !target.art() || target.segIndex() < 0) return false;
+    const auto other = Art(target.art()).path();
+    if (!other || target.art() == handle()) return false;
+    const double half = 0.5 * path.length();
+    const bool atStart = path.sublength(0.0, place(end.segIndex(), end.tValue(), path)) < half;
+    const auto longer = geo::extended(path, atStart, other->shape(), target.point().impl().plain());
+    return longer && reshape(path, *longer);
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,36 @@
+// The host's path records as plain anchors, and numbers as the host's 16-bit ones. For the sources of PathArt.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <limits>
+
+#include "geo/Path.h"
+#include "hostapi/AIPathSuite.h"
+
+namespace kzo::plugin {
+
+inline constexpr int kMostSegPoints = std::numeric_limits<std::int16_t>::max();
+
+/// The nearest of `low` to `high`; `low` when there is none between.
+[[nodiscard]] inline std::int16_t clamped(int value, int low, int high) {
+    return static_cast<std::int16_t>(std::clamp(value, low, std::max(low, high)));
+}
+
+/// Sums of 16-bit numbers are computed in `int`, and held to what the host can be told.
+[[nodiscard]] inline std::int16_t asIndex(int value) {
+    return clamped(value, std::numeric_limits<std::int16_t>::min(), kMostSegPoints);
+}
+
+[[nodiscard]] inline geo::Anchor toAnchor(const AIPathSegment& r) {
+    return {{r.p.h, r.p.v}, {r.in.h, r.in.v}, {r.out.h, r.out.v}, r.corner != 0};
+}
+
+[[nodiscard]] inline AIPathSegment toRecord(const geo::Anchor& a) {
+    return {{a.p.x, a.p.y}, {a.in.x, a.in.y}, {a.out.x, a.out.y}, static_cast<AIBoolean>(a.corner ? 1 : 0)};
+}
+
+/// Nothing shows of such a segment: its ends and handles are in one place.
+[[nodiscard]] inline bool hasNoLength(const geo::Bezier& b) { return b.p0 == b.p1 && b.p0 == b.p2 && b.p0 == b.p3; }
+
+} // namespace kzo::plugin

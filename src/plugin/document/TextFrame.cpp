@@ -1,0 +1,22 @@
+// The text frame suite's calls.
+#include "plugin/document/TextFrame.h"
+
+#include "hostapi/AITextFrameSuite.h"
+#include "plugin/document/Convert.h"
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin {
+
+ArtObject* newPointText(const PointText& text, core::PaintOrder order, ArtObject* prep) {
+    // The host takes a text up to its first zero byte: what stands behind it would be lost.
+    if (text.contents.find('\0') != std::string::npos || text.font.find('\0') != std::string::npos) return nullptr;
+    const AIPointText record{.contents = text.contents.c_str(),
+                             .font = text.font.c_str(),
+                             .size = text.size,
+                             .justification = host::toHost(text.justification),
+                             .paint = host::toHost(text.paint),
+                             .anchor = text.position.toAIRealPoint()};
+    return host::get<&AITextFrameSuite::NewPointText>(order, prep, &record);
+}
+
+} // namespace kzo::plugin
