@@ -38,12 +38,25 @@ void fill(model::Document& document, std::int64_t count) {
     document.journal().end();
 }
 
+/// Under the paths many layers with one far away each, which every hit test asks in turn.
+void addLayers(model::Document& document, std::int64_t count) {
+    document.journal().begin();
+    for (std::int64_t i = 0; i < count; ++i) {
+        model::Node& layer = document.addLayer("layer");
+        model::Node& path = document.create(model::NodeType::Path, model::Placement::OnTopInside, layer);
+        document.setPath(path, {.points = {{{-1e4, 0}, {-1e4, 0}, {-1e4, 0}}, {{-2e4, 0}, {-2e4, 0}, {-2e4, 0}}}});
+    }
+    document.journal().end();
+}
+
+/// Arguments: paths, layers besides the first.
 void drag(benchmark::State& state) {
     session::Session session;
     session.plugins.attach("Ortholine", PluginMain);
     session.start();
     const double side = cell * std::ceil(std::sqrt(static_cast<double>(state.range(0))));
     fill(session.newDocument(side, side), state.range(0));
+    addLayers(*session.document(), state.range(1));
     session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
 
     // A circle of cursor locations round the middle, some on features and some on none.
@@ -64,6 +77,6 @@ void drag(benchmark::State& state) {
     session.pointer.cancel();
 }
 
-BENCHMARK(drag)->Arg(100)->Arg(10'000)->Arg(1'000'000);
+BENCHMARK(drag)->Args({100, 0})->Args({10'000, 0})->Args({1'000'000, 0})->Args({100, 1'000})->Args({100, 10'000});
 
 } // namespace

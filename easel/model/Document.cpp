@@ -105,10 +105,16 @@ Node& Document::root() { return impl_->tree.root(); }
 std::size_t Document::layerCount() const { return impl_->tree.root().childCount(); }
 
 Node* Document::layerAt(std::size_t index) {
-    Node* layer = root().firstChild();
-    while (layer && index-- > 0) layer = layer->next();
-    return layer;
+    if (index >= layerCount()) return nullptr;
+    auto& last = impl_->lastLayer;
+    const bool fromThere = last.layer && last.arrangement == arrangement() && last.index <= 2 * index;
+    if (!fromThere) last = {arrangement(), 0, root().firstChild()};
+    for (; last.index < index; ++last.index) last.layer = last.layer->next();
+    for (; last.index > index; --last.index) last.layer = last.layer->previous();
+    return last.layer;
 }
+
+std::uint64_t Document::arrangement() const { return impl_->tree.linkCount(); }
 
 Node& Document::currentLayer() {
     Node* const current = find(impl_->currentLayer);

@@ -58,12 +58,14 @@ class Document {
     // over.
     [[nodiscard]] Node& root();
     [[nodiscard]] std::size_t layerCount() const;
-    [[nodiscard]] Node* layerAt(std::size_t index);
+    [[nodiscard]] Node* layerAt(std::size_t index); ///< or null; costs the way from the layer asked for before
     [[nodiscard]] Node& currentLayer();
     void setCurrentLayer(Node& layer);      ///< not part of undo
     Node& addLayer(std::string_view title); ///< on top of all, and current
 
     // Looking up
+    /// Grows when a node comes, goes or takes another place: until then, what was found by walking is so still.
+    [[nodiscard]] std::uint64_t arrangement() const;
     /// The node in the document with this identity, or null when it was removed or never was.
     [[nodiscard]] Node* find(NodeId id);
     [[nodiscard]] Node* findByName(std::string_view name);

@@ -16,16 +16,15 @@ namespace easel::model {
 /// document may only be read.
 class Transaction {
   public:
-    explicit Transaction(Journal& journal) : journal_(journal) {
-        journal_.requireWritable();
-        journal_.begin();
-    }
-    ~Transaction() { journal_.end(); }
-    Transaction(const Transaction&) = delete;
-    Transaction& operator=(const Transaction&) = delete;
+    explicit Transaction(Journal& journal) : scope_(writable(journal)) {}
 
   private:
-    Journal& journal_;
+    static Journal& writable(Journal& journal) {
+        journal.requireWritable();
+        return journal;
+    }
+
+    Journal::Scope scope_;
 };
 
 struct Document::Impl {
@@ -34,6 +33,11 @@ struct Document::Impl {
     double width = 0;
     double height = 0;
     NodeId currentLayer;
+    struct {
+        std::uint64_t arrangement = 0;
+        std::size_t index = 0;
+        Node* layer = nullptr;
+    } lastLayer; // that was asked for by index, as those who ask for all of them come to the next one then
     StylePool styles;
     std::unordered_map<std::uint32_t, Content> originals; // of nodes that have been changed, by their origin
     const Shared<PathData> emptyPath{PathData{}};

@@ -57,6 +57,18 @@ class Journal {
         Journal& journal_;
     };
 
+    /// A transaction for as long as one lives.
+    class Scope {
+      public:
+        explicit Scope(Journal& journal) : journal_(journal) { journal_.begin(); }
+        ~Scope() { journal_.end(); }
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+
+      private:
+        Journal& journal_;
+    };
+
     // Transactions. An inner one joins the outer one; the outermost decides what is kept.
     void begin();
     /// Begins a transaction of which nothing is noted, hence nothing can be undone: for making a document.

@@ -82,16 +82,19 @@ void Tree::giveBack(Node& node) {
 }
 
 void Tree::attach(Node& node) {
+    ++linkCount_;
     if (node.state_.parent) node.state_.parent->children_->set.insert(node);
 }
 
 void Tree::detach(Node& node) {
     if (!node.state_.parent) return;
+    ++linkCount_;
     Children::Set& siblings = node.state_.parent->children_->set;
     siblings.erase(siblings.iterator_to(node));
 }
 
 void Tree::attachNew(Node& node, Node* below) {
+    ++linkCount_;
     Children::Set& siblings = node.state_.parent->children_->set;
     siblings.insert_before(below ? siblings.iterator_to(*below) : siblings.end(), node);
     setAlive(node, true);

@@ -32,6 +32,8 @@ class Tree {
     void attach(Node& node);
     void detach(Node& node);
     void attachNew(Node& node, Node* below); ///< an empty one to a living parent, right above `below` or last
+    /// Grows with every link that is made or taken away.
+    [[nodiscard]] std::uint64_t linkCount() const { return linkCount_; }
     /// Brings `alive` up to date for the node and, if that changes, for its descendants.
     void updateAlive(Node& node);
 
@@ -53,6 +55,7 @@ class Tree {
     Nodes nodes_;
     std::vector<std::uint32_t> freeSlots_;
     std::vector<Node*> selected_;
+    std::uint64_t linkCount_ = 0;
 };
 
 } // namespace easel::model

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "hostapi/SPTypes.h"
 #include "script/Text.h"
 
 namespace easel::script {

@@ -11,7 +11,9 @@
 #include <variant>
 #include <vector>
 
+#include "model/Mark.h"
 #include "script/Objects.h"
+#include "session/frame/Held.h"
 
 namespace easel::script {
 
@@ -172,6 +174,7 @@ void push(duk_context* engine, const AnnotationRecord& record);
 void push(duk_context* engine, const Document& document);
 void push(duk_context* engine, const View& view);
 void push(duk_context* engine, const Object& object);
+inline void push(duk_context* engine, const NodeList& list) { pushList(engine, list); }
 
 inline void push(duk_context* engine, std::integral auto number) { push(engine, static_cast<double>(number)); }
 inline void push(duk_context* engine, const std::string& text) { push(engine, std::string_view(text)); }

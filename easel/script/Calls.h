@@ -8,6 +8,7 @@
 #include <type_traits>
 
 #include "script/Arguments.h"
+#include "session/app/Session.h"
 
 namespace easel::script {
 

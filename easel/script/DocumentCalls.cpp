@@ -66,24 +66,23 @@ using ThisDocument = This<Document>;
 
 // Looking up
 
-std::vector<Object> layers(Host& /*host*/, const ThisDocument& doc) {
-    std::vector<model::Node*> nodes;
-    for (std::size_t i = 0; i < doc->layerCount(); ++i) nodes.push_back(doc->layerAt(i));
-    return objects(doc, nodes);
+NodeList layers(Host& /*host*/, const ThisDocument& doc) {
+    const auto collect = [](model::Document& document) {
+        std::vector<model::Node*> nodes;
+        for (model::Node* layer = document.root().firstChild(); layer; layer = layer->next()) nodes.push_back(layer);
+        return nodes;
+    };
+    return {doc.open, collect, "doc.layers"};
 }
 
-std::vector<Object> paths(Host& /*host*/, const ThisDocument& doc) {
-    std::vector<model::Node*> nodes;
-    for (model::Node* node = &doc->root(); node;) {
-        if (node->type() == model::NodeType::Path) nodes.push_back(node);
-        if (node->firstChild()) {
-            node = node->firstChild();
-            continue;
-        }
-        while (node && !node->next()) node = node->parent();
-        if (node) node = node->next();
-    }
-    return objects(doc, nodes);
+NodeList paths(Host& /*host*/, const ThisDocument& doc) {
+    const auto collect = [](model::Document& document) {
+        std::vector<model::Node*> nodes;
+        for (model::Node* node = &document.root(); node; node = model::nextWithin(document.root(), *node))
+            if (node->type() == model::NodeType::Path) nodes.push_back(node);
+        return nodes;
+    };
+    return {doc.open, collect, "doc.paths"};
 }
 
 std::optional<Object> find(Host& /*host*/, const ThisDocument& doc, const std::string& id) {

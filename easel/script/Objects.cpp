@@ -4,6 +4,9 @@
 #include <array>
 #include <bit>
 #include <cstring>
+#include <string>
+
+#include "script/Calls.h"
 
 namespace easel::script {
 
@@ -19,7 +22,7 @@ struct Identity {
 using Key = std::array<char, sizeof(Identity)>;
 
 /// Pushes the object of this identity, made at its first use and kept in the engine's stash.
-void push(duk_context* engine, const Identity& identity) {
+void pushObject(duk_context* engine, const Identity& identity) {
     const auto key = std::bit_cast<Key>(identity);
     duk_push_heap_stash(engine);
     if (!duk_get_prop_lstring(engine, -1, key.data(), key.size())) {
@@ -60,8 +63,10 @@ std::optional<Identity> identityOf(duk_context* engine, duk_idx_t index, Kind ki
     return found;
 }
 
-model::Document& openDocument(const Identity& identity) {
-    auto* const document = session::Session::current().documents.byNumber(identity.document);
+session::Documents& documents(duk_context* engine) { return hostOf(engine).session.documents; }
+
+model::Document& openDocument(duk_context* engine, const Identity& identity) {
+    auto* const document = documents(engine).byNumber(identity.document);
     if (!document) throw Stale("this document is closed");
     return *document;
 }
@@ -76,24 +81,46 @@ void setPrototype(duk_context* engine, Kind kind) {
 }
 
 void pushDocument(duk_context* engine, model::Document& document, Kind kind) {
-    push(engine, {.kind = kind, .document = session::Session::current().documents.numberOf(document)});
+    pushObject(engine, {.kind = kind, .document = documents(engine).numberOf(document)});
 }
 
 void pushNode(duk_context* engine, model::Document& document, const model::Node& node) {
-    push(engine, {.kind = node.type() == model::NodeType::Layer ? Kind::Layer : Kind::Art,
-                  .document = session::Session::current().documents.numberOf(document),
-                  .node = node.id()});
+    pushObject(engine, {.kind = node.type() == model::NodeType::Layer ? Kind::Layer : Kind::Art,
+                        .document = documents(engine).numberOf(document),
+                        .node = node.id()});
+}
+
+void pushList(duk_context* engine, const NodeList& list) {
+    const std::string stateKey = std::string(list.name) + " of";
+    const std::string state = std::to_string(documents(engine).numberOf(*list.document)) + " in " +
+                              std::to_string(list.document->arrangement());
+    duk_push_heap_stash(engine);
+    duk_get_prop_string(engine, -1, stateKey.c_str());
+    const char* const known = duk_get_string(engine, -1);
+    const bool upToDate = known && state == known;
+    duk_pop(engine);
+    if (!upToDate) {
+        std::vector<Object> objects;
+        for (model::Node* node : list.collect(*list.document)) objects.push_back({list.document, node});
+        push(engine, objects);
+        duk_freeze(engine, -1);
+        duk_put_prop_string(engine, -2, list.name);
+        duk_push_string(engine, state.c_str());
+        duk_put_prop_string(engine, -2, stateKey.c_str());
+    }
+    duk_get_prop_string(engine, -1, list.name);
+    duk_remove(engine, -2);
 }
 
 std::optional<Document> findDocument(duk_context* engine, duk_idx_t index, Kind kind) {
     const auto identity = identityOf(engine, index, kind);
-    return identity ? std::optional(Document{&openDocument(*identity)}) : std::nullopt;
+    return identity ? std::optional(Document{&openDocument(engine, *identity)}) : std::nullopt;
 }
 
 std::optional<Object> findNode(duk_context* engine, duk_idx_t index, Kind kind) {
     const auto identity = identityOf(engine, index, kind);
     if (!identity) return std::nullopt;
-    auto& document = openDocument(*identity);
+    auto& document = openDocument(engine, *identity);
     auto* const node = document.find(identity->node);
     if (!node)
         throw Stale(kind == Kind::Layer ? "this layer is no longer in the document"

@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
+#include <vector>
 
 #include "model/Document.h"
-#include "session/app/Session.h"
 
 namespace easel::script {
 
@@ -41,6 +41,16 @@ void setPrototype(duk_context* engine, Kind kind);
 /// Pushes the object that stands for a thing.
 void pushDocument(duk_context* engine, model::Document& document, Kind kind = Kind::Document);
 void pushNode(duk_context* engine, model::Document& document, const model::Node& node);
+
+/// The objects of a document that `collect` finds, as a list that is made anew only after a node has come, gone or
+/// taken another place: a script that asks for it in a loop gets the same one. It is frozen, so that nobody can change
+/// it.
+struct NodeList {
+    model::Document* document = nullptr;
+    std::vector<model::Node*> (*collect)(model::Document&) = nullptr;
+    const char* name = nullptr; ///< of the list, unlike those of others
+};
+void pushList(duk_context* engine, const NodeList& list);
 
 /// What the object at `index` stands for. Nothing when it is no object of that kind; throws Stale when what it stood
 /// for is gone.

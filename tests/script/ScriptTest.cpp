@@ -168,6 +168,27 @@ TEST_F(ScriptTest, AnObjectWhoseThingIsGoneThrowsUntilUndoBringsItBack) {
               "doc.view: this document is closed\n");
 }
 
+// A loop over doc.paths[i] took a time that grew with the square of their number.
+TEST_F(ScriptTest, ListsAreMadeAnewOnlyWhenSomethingCameOrWent) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]), paths = doc.paths, layers = doc.layers;
+        doc.move(path, 1, 1);
+        print(paths === doc.paths, layers === doc.layers, Object.isFrozen(paths));
+        doc.addLayer("new");
+        print(paths.length, doc.layers.length, layers.length);
+        doc.undo();
+        doc.undo();
+        doc.undo();
+        print(doc.paths.length, doc.layers.length);
+        doc.redo();
+        print(doc.paths[0] === path, doc.layers[0] === layers[0]);
+        var other = app.newDocument(9, 9);
+        print(other.paths.length, doc.paths.length);
+        paths.push(1);
+    )js"),
+              "true true true\n1 2 1\n0 1\ntrue true\n0 1\n18: array length non-writable");
+}
+
 TEST_F(ScriptTest, RefusedCallsLeaveTheDocumentAsItWas) {
     EXPECT_EQ(play(R"js(
         var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]);

@@ -3,6 +3,7 @@
 
 #include "hostapi/AIToolNames.h"
 #include "session/app/Session.h"
+#include "session/input/Keys.h"
 #include "support/Drawing.h"
 
 namespace {
@@ -151,6 +152,63 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     stroke({{100, 130}, {110, 130}}, kAIOptionKey);
     EXPECT_EQ(point().in, (Point{100, 90}));
     EXPECT_TRUE(curve.path().isCorner(0));
+}
+
+TEST_F(BuiltinToolsTest, KeysRemoveWhatIsSelectedAndTakeStepsBack) {
+    const auto press = [&](std::int32_t key, session::Modifiers modifiers = 0) {
+        session.input.pressKey(key, modifiers);
+    };
+    Node& below = line({0, 50}, {100, 50});
+    Node& path = square(10, 10);
+    const std::string before = listing(document);
+    press(session::key::kDelete); // nothing is selected
+    click({15, 15});
+    click({50, 50}, kAIShiftKey);
+    document.setLocked(below, true); // once selected it can still be locked, and is kept then
+    const auto depth = document.journal().undoDepth();
+    press(session::key::kForwardDelete);
+    EXPECT_THAT(allNodes(document), ElementsAre(&document.currentLayer(), &below));
+    EXPECT_EQ(document.journal().undoDepth(), depth + 1);
+    press(session::key::kZ, kAIShiftKey); // without command it is a letter
+    session.pointer.press({150, 150}, 0);
+    press(session::key::kZ, kAICommandKey); // not in the middle of a gesture
+    session.pointer.cancel();
+    EXPECT_FALSE(path.alive());
+    press(session::key::kZ, kAICommandKey);
+    EXPECT_TRUE(path.alive());
+    press(session::key::kZ, kAICommandKey | kAIShiftKey);
+    EXPECT_FALSE(path.alive());
+    while (document.journal().undoDepth() > depth - 1) press(session::key::kZ, kAICommandKey);
+    document.deselectAll();
+    EXPECT_EQ(listing(document), before);
+
+    // Of a square without its first corner two sides are left; without its second too, one. An open path falls apart.
+    const struct {
+        bool closed;
+        std::vector<std::size_t> selected;
+        std::vector<std::vector<Point>> left;
+    } rows[] = {
+        {true, {0}, {{{30, 10}, {30, 30}, {10, 30}}}},  {true, {1}, {{{30, 30}, {10, 30}, {10, 10}}}},
+        {true, {0, 1}, {{{30, 30}, {10, 30}}}},         {true, {0, 2}, {}},
+        {false, {0}, {{{30, 10}, {30, 30}, {10, 30}}}}, {false, {1}, {{{30, 30}, {10, 30}}}},
+    };
+    for (const auto& row : rows) {
+        document.setClosed(path, row.closed);
+        model::PointSelection flags(4);
+        for (const std::size_t index : row.selected) flags[index] = true;
+        document.selectPoints(path, flags);
+        press(session::key::kDelete);
+        std::vector<std::vector<Point>> left;
+        for (const Node* node : allNodes(document)) {
+            if (node->type() != model::NodeType::Path || node == &below) continue;
+            EXPECT_FALSE(node->path().closed || node->selected());
+            left.emplace_back();
+            for (std::size_t i = 0; i < node->path().points.size(); ++i) left.back().push_back(anchor(*node, i));
+        }
+        EXPECT_EQ(left, row.left);
+        document.journal().undo();
+        document.journal().undo(); // whether it is closed
+    }
 }
 
 } // namespace

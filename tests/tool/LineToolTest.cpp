@@ -137,6 +137,20 @@ TEST(LineTool, DrawsNothingOnALockedOrHiddenLayer) {
         desk.session().pointer.release({200, 100}, 0);
         EXPECT_TRUE(desk.paths().empty());
         EXPECT_EQ(document.journal().undoDepth(), steps);
+        // Told once a stroke, and never of one that is taken back.
+        using easel::session::Remark;
+        const std::string report =
+            std::string("user data: \"Isometric Line Tool\" cannot draw: the current layer is ") +
+            (locked ? "locked" : "hidden");
+        EXPECT_EQ(desk.session().pointer.remark(), locked ? Remark::LayerLocked : Remark::LayerHidden);
+        desk.session().pointer.press({100, 100}, 0);
+        desk.session().pointer.cancel();
+        EXPECT_THAT(desk.session().reports.lines(), testing::ElementsAre(report));
+        locked ? document.setLocked(layer, false) : document.setHidden(layer, false);
+        desk.stroke({{100, 100}, {200, 100}});
+        EXPECT_EQ(desk.session().pointer.remark(), Remark::None);
+        EXPECT_EQ(desk.session().reports.lines().size(), 1U);
+        desk.expectReports();
     }
 }
 
@@ -245,6 +259,7 @@ TEST(LineTool, ClickedOnThePathsStartLeavesNothingBehind) {
             Node& free = desk.document().currentLayer();
             desk.document().setLocked(desk.document().addLayer("Locked"), true);
             EXPECT_NE(&free, &desk.document().currentLayer());
+            desk.expectReports();
         }
         const auto steps = journal.undoDepth();
         const auto redoSteps = journal.redoDepth();

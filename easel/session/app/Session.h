@@ -78,7 +78,7 @@ class Session {
     // Input
     Monitors monitors{plugins, messenger};
     Pointer pointer{documents, toolbox, messenger, monitors, reports, held};
-    Input input{plugins, messenger, toolbox, menus, screen, monitors, pointer};
+    Input input{documents, plugins, messenger, toolbox, menus, screen, monitors, pointer};
 
   private:
     /// Drops what a plug-in that has ended or declined had registered.

@@ -2,31 +2,12 @@
 #include "session/frame/Messenger.h"
 
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 #include "session/frame/Events.h"
 
 namespace easel::session {
-
-namespace {
-
-/// The document's transaction around one message. Changes of a message are kept whatever the plug-in returned.
-class MessageTransaction {
-  public:
-    explicit MessageTransaction(model::Document* document) : document_(document) {
-        if (document_) document_->journal().begin();
-    }
-    ~MessageTransaction() {
-        if (document_) document_->journal().end();
-    }
-    MessageTransaction(const MessageTransaction&) = delete;
-    MessageTransaction& operator=(const MessageTransaction&) = delete;
-
-  private:
-    model::Document* document_;
-};
-
-} // namespace
 
 SPErr Messenger::call(Plugin& plugin, const char* caller, const char* selector, SPMessageData& message) {
     try {
@@ -60,7 +41,9 @@ SPErr Messenger::pass(Plugin& plugin, const char* caller, const char* selector, 
 
     SPErr answer = kNoErr;
     batch([&] {
-        const MessageTransaction transaction(documents_.front());
+        // Changes of a message are kept whatever the plug-in returned.
+        std::optional<model::Journal::Scope> transaction;
+        if (model::Document* const front = documents_.front()) transaction.emplace(front->journal());
         ++depth_;
         answer = call(plugin, caller, selector, message);
         --depth_;

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "session/base/Error.h"
+#include "session/input/Editing.h"
 #include "session/input/Keys.h"
 
 namespace easel::session {
@@ -16,6 +17,15 @@ void Input::pressKey(std::int32_t code, Modifiers modifiers) {
     if (code == key::kEscape) pointer_.cancel();
     if (code == key::kLeftBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
     if (code == key::kRightBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
+    if (!pointer_.pressed() && documents_.front()) messenger_.batch([&] { edit(code); });
+}
+
+void Input::edit(std::int32_t code) {
+    model::Document& document = *documents_.front();
+    const Modifiers held = pointer_.modifiers();
+    if (code == key::kDelete || code == key::kForwardDelete) removeSelected(document);
+    if (code == key::kZ && held == kAICommandKey) document.journal().undo();
+    if (code == key::kZ && held == (kAICommandKey | kAIShiftKey)) document.journal().redo();
 }
 
 // Tools
@@ -25,7 +35,10 @@ void Input::selectTool(Tool& tool) {
     messenger_.batch([&] {
         pointer_.cancel();
         const AIToolHandle handle = tool.handle;
-        if (&tool == toolbox_.current()) return pointer_.sendTo(tool, kSelectorAIReselectTool);
+        if (&tool == toolbox_.current()) {
+            pointer_.sendTo(tool, kSelectorAIReselectTool);
+            return;
+        }
         pointer_.sendTo(*toolbox_.current(), kSelectorAIDeselectTool);
         if (toolbox_.find(handle) != &tool) return; // its plug-in took it away meanwhile
         toolbox_.setCurrent(tool);

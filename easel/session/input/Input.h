@@ -14,9 +14,10 @@ namespace easel::session {
 
 class Input {
   public:
-    Input(const Plugins& plugins, Messenger& messenger, Toolbox& toolbox, const Menus& menus, Screen& screen,
-          Monitors& monitors, Pointer& pointer)
-        : plugins_(plugins),
+    Input(Documents& documents, const Plugins& plugins, Messenger& messenger, Toolbox& toolbox, const Menus& menus,
+          Screen& screen, Monitors& monitors, Pointer& pointer)
+        : documents_(documents),
+          plugins_(plugins),
           messenger_(messenger),
           toolbox_(toolbox),
           menus_(menus),
@@ -25,7 +26,8 @@ class Input {
           pointer_(pointer) {}
 
     /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
-    /// gesture, and the brackets ask the current tool for another diameter.
+    /// gesture, and the brackets ask the current tool for another diameter. Between gestures the Delete keys remove
+    /// what is selected, Command+Z takes a step back, and Shift+Command+Z brings it again.
     void pressKey(std::int32_t code, Modifiers modifiers);
 
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
@@ -38,6 +40,9 @@ class Input {
     void chooseMenu(const std::string& text);
 
   private:
+    void edit(std::int32_t code);
+
+    Documents& documents_;
     const Plugins& plugins_;
     Messenger& messenger_;
     Toolbox& toolbox_;

@@ -9,6 +9,9 @@ namespace easel::session {
 
 namespace key {
 inline constexpr std::int32_t kEscape = 0x35;
+inline constexpr std::int32_t kDelete = 0x33;
+inline constexpr std::int32_t kForwardDelete = 0x75;
+inline constexpr std::int32_t kZ = 0x06;
 inline constexpr std::int32_t kLeftBracket = 0x21;
 inline constexpr std::int32_t kRightBracket = 0x1E;
 } // namespace key

@@ -9,6 +9,14 @@
 
 namespace easel::session {
 
+namespace {
+
+// What plug-ins return for a tool message, if not that all is well
+constexpr SPErr kLayerLockedRemark = 1000;
+constexpr SPErr kLayerHiddenRemark = 1001;
+
+} // namespace
+
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     held_.modifiers = modifiers;
     rawLocation_ = location_ = location;
@@ -17,25 +25,34 @@ void Pointer::locate(model::Point location, Modifiers modifiers) {
     if (document) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
 }
 
-void Pointer::sendTo(Tool& tool, const char* selector, std::uint32_t flags) {
-    if (!tool.owner) return;
+SPErr Pointer::sendTo(Tool& tool, const char* selector, std::uint32_t flags) {
+    if (!tool.owner) return kNoErr;
     AIToolMessage message{.d = {},
                           .tool = tool.handle,
                           .cursor = {location_.x, location_.y},
                           .modifiers = held_.modifiers,
                           .flags = flags};
-    messenger_.send(*tool.owner, kCallerAITool, selector, message.d);
+    const SPErr result = messenger_.send(*tool.owner, kCallerAITool, selector, message.d);
     if (std::isfinite(message.cursor.h) && std::isfinite(message.cursor.v))
         location_ = {message.cursor.h, message.cursor.v};
+    return result;
 }
 
 void Pointer::send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags) {
     Tool* const tool = toolbox_.find(tool_);
     if (!tool) return;
-    if (tool->builtin)
-        (*tool->builtin.*handler)(*documents_.front(), location_, held_.modifiers);
-    else
-        sendTo(*tool, selector, flags);
+    if (tool->builtin) return (*tool->builtin.*handler)(*documents_.front(), location_, held_.modifiers);
+    const SPErr result = sendTo(*tool, selector, flags);
+    if (result == kLayerLockedRemark) remark_ = Remark::LayerLocked;
+    if (result == kLayerHiddenRemark) remark_ = Remark::LayerHidden;
+}
+
+void Pointer::reportRemark() {
+    const Tool* const tool = toolbox_.find(tool_);
+    const model::Document* const document = documents_.front();
+    if (remark_ == Remark::None || !tool || !document) return;
+    reports_.add(Blame::UserData, '"' + tool->title + "\" cannot draw: the current layer is " +
+                                      (remark_ == Remark::LayerLocked ? "locked" : "hidden"));
 }
 
 void Pointer::requirePressed() const {
@@ -63,6 +80,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     locate(location, modifiers);
     held_.button = true;
     takenBack_ = false;
+    remark_ = Remark::None;
     const Tool& tool = *toolbox_.current();
     tool_ = tool.handle;
     buffered_ = (tool.options & kToolWantsBufferedDraggingOption) != 0;
@@ -90,6 +108,7 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
         send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         if (buffered_) journal.dropMark();
         journal.end();
+        reportRemark();
     });
 }
 

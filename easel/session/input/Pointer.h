@@ -13,6 +13,9 @@
 
 namespace easel::session {
 
+/// What a tool remarks on a stroke: why nothing can be drawn.
+enum class Remark { None, LayerLocked, LayerHidden };
+
 class Pointer {
   public:
     Pointer(Documents& documents, Toolbox& toolbox, Messenger& messenger, Monitors& monitors, Reports& reports,
@@ -42,15 +45,17 @@ class Pointer {
     [[nodiscard]] bool pressed() const { return held_.button; }
     /// Whether the last gesture was cancelled; false from the next press on.
     [[nodiscard]] bool takenBack() const { return takenBack_; }
+    /// What the tool remarked on the last gesture that was released, at its press or its release; it is reported too.
+    [[nodiscard]] Remark remark() const { return remark_; }
     /// After snapping, and where the tool holds it.
     [[nodiscard]] model::Point location() const { return location_; }
     [[nodiscard]] model::Point rawLocation() const { return rawLocation_; } ///< before snapping
     void setModifiers(Modifiers modifiers) { held_.modifiers = modifiers; }
     [[nodiscard]] Modifiers modifiers() const { return held_.modifiers; }
 
-    /// Sends the tool's plug-in, if it has one, a message with the location and the modifiers. The pointer is from then
-    /// on where the tool holds it; a location that is none is not taken.
-    void sendTo(Tool& tool, const char* selector, std::uint32_t flags = 0);
+    /// Sends the tool's plug-in, if it has one, a message with the location and the modifiers; returns its answer. The
+    /// pointer is from then on where the tool holds it; a location that is none is not taken.
+    SPErr sendTo(Tool& tool, const char* selector, std::uint32_t flags = 0);
 
     Snapping snapping;
 
@@ -59,8 +64,9 @@ class Pointer {
 
     void locate(model::Point location, Modifiers modifiers);
     void post(const char* name, Handler handler, model::Point place);
-    /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile.
+    /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile, and keeps its remark.
     void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);
+    void reportRemark();
     void requirePressed() const;
     void requireReleased() const;
 
@@ -71,6 +77,7 @@ class Pointer {
     Reports& reports_;
     Held& held_;
     bool takenBack_ = false;
+    Remark remark_ = Remark::None;
     AIToolHandle tool_ = nullptr; ///< of the gesture
     bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
     model::Point location_;

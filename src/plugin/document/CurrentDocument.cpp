@@ -33,9 +33,8 @@ std::vector<ArtObject*> CurrentDocument::selectedArt() const {
 }
 
 bool CurrentDocument::anyArtSelected() const {
-    const int count = layerCount();
-    for (int i = 0; i < count; ++i)
-        if (Layer(layerAtIndex(i)).hasSelectedArt()) return true;
+    for (AILayer* layer = firstLayer(); layer; layer = Layer(layer).next())
+        if (Layer(layer).hasSelectedArt()) return true;
     return false;
 }
 

@@ -30,9 +30,8 @@ HitData::HitData(ArtObject* art, const core::ArtboardPoint& point, core::HitRequ
         static_cast<void>(test(art, inPoints));
         return;
     }
-    const int layers = document.layerCount();
-    for (int i = 0; i < layers; ++i)
-        if (test(Layer(document.layerAtIndex(i)).group(), inPoints)) return;
+    for (AILayer* layer = document.firstLayer(); layer; layer = Layer(layer).next())
+        if (test(Layer(layer).group(), inPoints)) return;
 }
 
 bool HitData::test(ArtObject* art, double tolerance) {
