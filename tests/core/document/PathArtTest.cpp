@@ -306,8 +306,8 @@ const Change kChanges[] = {
      }},
     {"setStyle",
      [](PathArt& p, const Art&) {
-         PathStyle style = p.style();
-         style.stroke.width += 1;
+         PathStyle style;
+         style.stroke.width = 3;
          return p.setStyle(style);
      }},
     {"setStrokeAlignment", [](PathArt& p, const Art&) { return p.setStrokeAlignment(StrokeAlignment::Inside); }},
