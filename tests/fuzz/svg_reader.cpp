@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <iostream>
 #include <string>
 
@@ -33,7 +34,8 @@ void require(bool holds, const std::string& what) {
 /// The file of this run; several may run at once.
 const std::string& path() {
     static const struct File {
-        std::string path = "/tmp/easel-fuzz-" + std::to_string(::getpid()) + ".svg";
+        std::string path =
+            (std::filesystem::temp_directory_path() / ("easel-fuzz-" + std::to_string(::getpid()) + ".svg")).string();
         ~File() { ::unlink(path.c_str()); }
     } file;
     return file.path;
