@@ -1,10 +1,16 @@
 // JSON: a large text in the shape of preferences, read and written; against nlohmann::json, and RapidJSON as the limit.
+// And the plug-in's own file, against the bare calls of the system.
+#include <cstdio>
+#include <filesystem>
+#include <string>
+
 #include <benchmark/benchmark.h>
 #include <nlohmann/json.hpp>
 #include <rapidjson/document.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include "core/services/Preferences.h"
 #include "json/Text.h"
 
 namespace {
@@ -66,5 +72,38 @@ void jsonReadAndWriteOfLimit(benchmark::State& state) {
     });
 }
 BENCHMARK(jsonReadAndWriteOfLimit)->Unit(benchmark::kMillisecond);
+
+// The plug-in's own file
+
+constexpr const char* kOwnFile = "bench-preferences";
+constexpr const char* kOwnText =
+    R"({"Prefs":{"SaveCount":1000,"__vn":0,"__vs":"","autoConcat":false,"autoVCheck":true,)"
+    R"("usePlotwiseSettings":false,"vCheckDue":"2018-07-04","vCheckFreq":7,"xAxis":150,"zAxis":30}})";
+
+void write(const char* text) {
+    std::FILE* const file = std::fopen(kOwnFile, "wb");
+    std::fputs(text, file);
+    std::fclose(file);
+}
+
+void preferencesLoad(benchmark::State& state) {
+    write(kOwnText);
+    for ([[maybe_unused]] auto _ : state) {
+        kzo::core::Preferences store;
+        benchmark::DoNotOptimize(kzo::core::Preferences::load(kOwnFile, store));
+    }
+    std::filesystem::remove(kOwnFile);
+}
+BENCHMARK(preferencesLoad);
+
+/// What changes is as long as before. (A file that gets shorter waits for the disk.)
+void preferencesSave(benchmark::State& state) {
+    write(kOwnText);
+    kzo::core::Preferences store;
+    kzo::core::Preferences::load(kOwnFile, store);
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(store.save(kOwnFile));
+    std::filesystem::remove(kOwnFile);
+}
+BENCHMARK(preferencesSave);
 
 } // namespace

@@ -59,6 +59,7 @@ void print(std::string_view text) {
 struct Command {
     std::string script;
     std::vector<std::string> plugins;
+    std::string profile;
     std::string drawing;
     std::string picture;
     std::string format;
@@ -99,6 +100,8 @@ ExitCode runScript(const Command& command) {
     const char* const trace = std::getenv("EASEL_TRACE");
     session.messenger.trace = trace && std::string_view(trace) == "1";
     session.documents.whileDrawing = progress("a picture");
+    if (!command.profile.empty()) session.profile.use(command.profile);
+    session.alerts.handler = easel::script::printAlerts(std::cout);
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
     loadFound(session);
     ExitCode code = Done;

@@ -66,6 +66,7 @@ Value Arguments::argument(bool mayBeMissing) {
 }
 
 Failure pushFailure(duk_context* engine) noexcept {
+    if (pushThrownInHandler(engine)) return Failure::Thrown; // whatever else came of that
     const auto say = [engine](const char* what) { duk_push_sprintf(engine, "%s: %s", currentRow(engine).name, what); };
     try {
         throw;

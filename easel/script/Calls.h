@@ -12,10 +12,15 @@
 
 namespace easel::script {
 
+struct OpenDialog;
+
 /// What every call works on; the engine carries it.
 struct Host {
     session::Session& session;
     std::ostream& out;
+    std::vector<OpenDialog*> dialogs{}; ///< that the script's handler has before it, innermost last
+    unsigned dialogCount = 0;
+    bool handlerThrew = false; ///< and what it threw is still to be thrown on
 };
 [[nodiscard]] Host& hostOf(duk_context* engine);
 
@@ -69,6 +74,13 @@ class Arguments {
 /// What the shim has to throw once it is alone.
 enum class Failure : duk_ret_t { Error = -3, TypeError = -2, Thrown = -1 };
 
+/// Pushes what the script's handler of dialogs threw during the call, and takes it for thrown; false when there is
+/// nothing.
+[[nodiscard]] bool pushThrownInHandler(duk_context* engine) noexcept;
+inline void throwFromHandler(duk_context* engine) {
+    if (pushThrownInHandler(engine)) throw Thrown();
+}
+
 /// For a catch block: pushes what the exception says, "NAME: REASON", and returns how to throw it.
 [[nodiscard]] Failure pushFailure(duk_context* engine) noexcept;
 /// Throws what is on top of the stack.
@@ -89,10 +101,12 @@ template <class Answer, class... T> duk_ret_t perform(duk_context* engine, Answe
         if constexpr (std::is_void_v<Answer>) {
             std::apply(call, values);
             hostOf(engine).session.messenger.flush();
+            throwFromHandler(engine);
             return 0;
         } else {
             push(engine, std::apply(call, values));
             hostOf(engine).session.messenger.flush();
+            throwFromHandler(engine);
             return 1;
         }
     } catch (...) {

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "script/Calls.h"
+#include "script/DialogCalls.h"
 #include "script/Text.h"
 
 namespace easel::script {
@@ -67,9 +68,10 @@ duk_ret_t noteThrow(duk_context* engine) {
     return 1;
 }
 
-void addObject(duk_context* engine, const char* name, std::span<const Row> rows) {
+void addObject(duk_context* engine, const char* name, std::span<const Row> rows, std::span<const Row> more = {}) {
     duk_push_object(engine);
     define(engine, rows);
+    define(engine, more);
     duk_freeze(engine, -1);
     duk_put_global_string(engine, name);
 }
@@ -81,6 +83,19 @@ void addPrototype(duk_context* engine, Kind kind, std::span<const Row> rows) {
     setPrototype(engine, kind);
 }
 
+/// The session's handler of alerts, back in its place at the end.
+class KeptHandler {
+  public:
+    explicit KeptHandler(session::Alerts& alerts) : alerts_(alerts), handler_(alerts.handler) {}
+    ~KeptHandler() { alerts_.handler = handler_; }
+    KeptHandler(const KeptHandler&) = delete;
+    KeptHandler& operator=(const KeptHandler&) = delete;
+
+  private:
+    session::Alerts& alerts_;
+    session::Alerts::Handler handler_;
+};
+
 /// Everything that the engine does for a script, in one protected call.
 duk_ret_t play(duk_context* engine, void* /*unused*/) {
     auto& running = static_cast<Running&>(hostOf(engine));
@@ -91,7 +106,7 @@ duk_ret_t play(duk_context* engine, void* /*unused*/) {
     duk_push_global_object(engine);
     duk_del_prop_string(engine, -1, "Duktape"); // the engine's own tools are no part of the script language
     define(engine, globalRows());
-    addObject(engine, "app", appRows());
+    addObject(engine, "app", appRows(), dialogAppRows());
     addObject(engine, "mouse", mouseRows());
     addObject(engine, "keys", keysRows());
     addPrototype(engine, Kind::Document, documentRows());
@@ -156,6 +171,7 @@ void runSource(session::Session& session, std::string source, const std::string&
     const std::unique_ptr<duk_context, void (*)(duk_context*)> engine(
         duk_create_heap(nullptr, nullptr, nullptr, static_cast<Host*>(&running), nullptr), duk_destroy_heap);
     if (!engine) throw std::bad_alloc();
+    const KeptHandler kept(session.alerts);
     if (duk_safe_call(engine.get(), play, nullptr, 0, 1) != DUK_EXEC_SUCCESS)
         throw ScriptError(lineAbout(engine.get(), name));
 }

@@ -6,6 +6,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "session/frame/Alerts.h"
+
 namespace easel::session {
 class Session;
 }
@@ -23,5 +25,8 @@ class ScriptError : public std::runtime_error {
 void run(session::Session& session, const std::string& path, std::ostream& out);
 /// Likewise a script that is no file; `name` is what errors call it.
 void runSource(session::Session& session, std::string source, const std::string& name, std::ostream& out);
+
+/// Prints alerts, and takes their default buttons.
+[[nodiscard]] session::Alerts::Handler printAlerts(std::ostream& out);
 
 } // namespace easel::script

@@ -5,7 +5,9 @@
 
 namespace easel::suites {
 
+template <> session::Alerts& host() { return session::Session::current().alerts; }
 template <> session::Annotations& host() { return session::Session::current().annotations; }
+template <> session::Profile& host() { return session::Session::current().profile; }
 template <> session::Documents& host() { return session::Session::current().documents; }
 template <> session::Input& host() { return session::Session::current().input; }
 template <> session::Memory& host() { return session::Session::current().memory; }

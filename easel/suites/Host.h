@@ -5,6 +5,7 @@
 #include "session/base/Reports.h"
 
 namespace easel::session {
+class Alerts;
 class Annotations;
 class Documents;
 class Input;
@@ -15,6 +16,7 @@ class Notifiers;
 class PluginGroups;
 class Plugins;
 class Pointer;
+class Profile;
 class Screen;
 class Suites;
 class Timers;
@@ -25,6 +27,7 @@ namespace easel::suites {
 
 template <class Part> [[nodiscard]] Part& host();
 
+template <> session::Alerts& host();
 template <> session::Annotations& host();
 template <> session::Documents& host();
 template <> session::Input& host();
@@ -35,6 +38,7 @@ template <> session::Notifiers& host();
 template <> session::PluginGroups& host();
 template <> session::Plugins& host();
 template <> session::Pointer& host();
+template <> session::Profile& host();
 template <> session::Reports& host();
 template <> session::Screen& host();
 template <> session::Suites& host();

@@ -1,8 +1,10 @@
-// The stage suite: keys, cursors, screen, mouse and log of a host without a display.
+// The stage suite: keys, cursors, screen, mouse, log, alerts and folders of a host without a display.
 #include "hostapi/StageSuite.h"
 
 #include <cmath>
 
+#include "session/base/Profile.h"
+#include "session/frame/Alerts.h"
 #include "session/frame/Plugins.h"
 #include "session/frame/Screen.h"
 #include "session/input/Pointer.h"
@@ -48,6 +50,13 @@ void log(Plugin& self, std::string_view line) {
     host<session::Reports>().add(session::Blame::Plugin, name + ": " + std::string(line));
 }
 
+std::int32_t showAlert(std::int32_t kind, std::string_view text, const char* const& firstButton, std::int32_t count) {
+    require(kind >= kStageMessageAlert && kind <= kStageQuestionAlert && count >= 1 && count <= 3);
+    session::Alert alert{.kind = static_cast<session::Alert::Kind>(kind), .text = std::string(text), .buttons = {}};
+    for (std::int32_t i = 0; i < count; ++i) alert.buttons.emplace_back(&required((&firstButton)[i]));
+    return static_cast<std::int32_t>(host<session::Alerts>().show(alert));
+}
+
 } // namespace
 
 template <> void fill(StageSuite& suite) {
@@ -60,6 +69,9 @@ template <> void fill(StageSuite& suite) {
     enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
     enter<&StageSuite::MonitorInput>(suite, [](Plugin& self, bool monitor) { self.monitorsInput = monitor; });
     enter<&StageSuite::Log, log>(suite);
+    enter<&StageSuite::ShowAlert, showAlert>(suite);
+    enter<&StageSuite::Beep>(suite, [] { ++host<session::Alerts>().beeps; });
+    enter<&StageSuite::GetPreferencesFolder, &session::Profile::folder>(suite);
 }
 
 } // namespace easel::suites

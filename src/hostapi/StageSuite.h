@@ -35,6 +35,9 @@ typedef struct StageInputMessage {
     int32_t code; /* of the key, as the platform's keyboards number them; or of the button */
 } StageInputMessage;
 
+/* Alerts by their kind. */
+enum { kStageMessageAlert = 1, kStageErrorAlert = 2, kStageConfirmAlert = 3, kStageQuestionAlert = 4 };
+
 typedef struct StageSuite {
     /* The modifier keys held now, kAIShiftKey ... */
     AIErr (*GetModifiers)(uint32_t* modifiers);
@@ -58,6 +61,13 @@ typedef struct StageSuite {
     AIErr (*MonitorInput)(SPPluginRef self, AIBoolean monitor);
     /* Has the host note a line under the plug-in's name where it notes what goes wrong. */
     AIErr (*Log)(SPPluginRef self, const char* line);
+    /* Shows an alert with one to three buttons, of which the first is the default and Escape chooses the last, and
+     * waits for the user: `chosen` counts from 0. kBadParameterErr: another kind, or another number of buttons. */
+    AIErr (*ShowAlert)(int32_t kind, const char* text, const char* const* buttons, int32_t count, int32_t* chosen);
+    AIErr (*Beep)(void);
+    /* The folder that plug-ins keep the user's preferences in, which exists. The text is valid until the application
+     * ends. */
+    AIErr (*GetPreferencesFolder)(const char** path);
 } StageSuite;
 
 DESCRIBE_SUITE(StageSuite)

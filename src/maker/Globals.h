@@ -23,6 +23,11 @@ class vlGlobals {
     kzo::core::Angle verticalAxisAngle{90, kzo::core::Angle::Units::Degrees};
     kzo::core::Angle xAxisAngle{150, kzo::core::Angle::Units::Degrees}; // to the left
 
+    // Settings
+    bool autoConcat = true;          // a line drawn from the end of an open path is joined to it
+    bool usePlotwiseSettings = true; // the axes are those of the companion plug-in
+    bool prefsFailed = false;        // there is no preferences file: these are its defaults, and none is written
+
     /// The standard isometric axes: 30, 90 and 150 degrees.
     void applyIsoAxes();
 

@@ -79,7 +79,9 @@ void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
 
 void Plugin::__toolSelectedCB() {
     lineCursor_.enable();
-    vlGlobals::instance()->applyIsoAxes();
+    // There is no companion to ask yet; without one its axes are the standard ones.
+    vlGlobals& globals = *vlGlobals::instance();
+    if (globals.usePlotwiseSettings) globals.applyIsoAxes();
 }
 
 void Plugin::__toolMouseMovedCB() { corePlugin_->currentTool().trackCursor(); }

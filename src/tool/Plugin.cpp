@@ -25,7 +25,11 @@ Plugin* Plugin::create(kzo::core::Plugin* corePlugin) {
 Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
     corePlugin->setName(productName);
     vlGlobals::create();
+    prefs_ = std::make_unique<vl::vlPrefs>();
+    prefs_->init();
     corePlugin->setStartupCallback(Bound(this, &Plugin::startup));
+    corePlugin->setPostStartupCallback(Bound(this, &Plugin::postStartup));
+    corePlugin->setPreShutdownCallback(Bound(this, &Plugin::preShutdown));
     corePlugin->setShutdownCallback(Bound(this, &Plugin::shutdown));
 }
 
@@ -33,6 +37,7 @@ Plugin::~Plugin() { vlGlobals::destroy(); }
 
 void Plugin::startup() {
     using kzo::core::ToolOptions;
+    prefs_->startup();
     lineTool_ = kzo::core::Tool(newGroup, newGroup, lineToolTitle, lineToolTitle, lineToolLightIcon, lineToolDarkIcon,
                                 ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
     lineTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
@@ -43,7 +48,14 @@ void Plugin::startup() {
     lineTool_.setMouseUpCallback(Bound(this, &Plugin::__toolMouseUpCB));
 }
 
-void Plugin::shutdown() { lineTool_.destroy(); }
+void Plugin::postStartup() { prefs_->postStartup(); }
+void Plugin::preShutdown() { prefs_->preShutdown(); }
+
+void Plugin::shutdown() {
+    prefs_->shutdown();
+    prefs_.reset();
+    lineTool_.destroy();
+}
 
 } // namespace ortho
 

@@ -7,6 +7,7 @@
 #include "core/document/Art.h"
 #include "core/frame/Cursor.h"
 #include "core/frame/Tool.h"
+#include "maker/Prefs.h"
 
 namespace ortho {
 
@@ -24,6 +25,8 @@ class Plugin {
 
     // Life
     void startup();
+    void postStartup();
+    void preShutdown();
     void shutdown();
 
     // The line tool
@@ -40,6 +43,7 @@ class Plugin {
     bool aim();
 
     kzo::core::Plugin* corePlugin_; // not owned
+    std::unique_ptr<vl::vlPrefs> prefs_;
     kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::Pen};
     kzo::core::Tool lineTool_;
 

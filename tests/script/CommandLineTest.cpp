@@ -221,6 +221,24 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
     EXPECT_EQ(folder.fileCount(), 2);
 }
 
+TEST_F(CommandLine, KeepsSettingsInAProfile) {
+    folder.write("script.js", "print('played');\n");
+    const std::string welcome = "message: Welcome to Ortholine! \nPlugin successfully installed.\n";
+    const std::string run = "run script.js --plugin " ORTHOLINE_BUNDLE;
+    const std::string first = "export TMPDIR=" + folder.path() + " XDG_CONFIG_HOME=" + folder.path("own");
+    const std::string file = "profiles/mine/Velloran/Ortholine 16/Preferences";
+    EXPECT_EQ(easel(run + " --profile profiles/mine", first).output, welcome + "played\n");
+    EXPECT_NE(folder.content(file).find("\"zAxis\":30"), std::string::npos);
+    folder.write(file, "{\"Prefs\":{\"zAxis\":45}}");
+    EXPECT_EQ(easel(run + " --profile profiles/mine", first).output, "played\n");
+    EXPECT_NE(folder.content(file).find("\"zAxis\":45"), std::string::npos);
+    // Without one, a temporary one, which is gone afterwards; the user's own is left alone.
+    EXPECT_EQ(easel(run, first).output, welcome + "played\n");
+    EXPECT_EQ(folder.fileCount(), 2);
+    expectFailure(easel(run + " --profile script.js", first), 1,
+                  "easel: script.js: cannot be the profile: Not a directory");
+}
+
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));

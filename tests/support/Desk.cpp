@@ -18,6 +18,11 @@ using namespace easel;
 Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) {
     plugin_ = &session_->plugins.attach("Product under test", PluginMain);
     session_->pointer.snapping.toPoint = setup.snapToPoint;
+    if (!setup.profile.empty()) session_->profile.use(setup.profile);
+    session_->alerts.handler = [said = setup.said](const session::Alert& alert) {
+        if (said) said->push_back(alert.text);
+        return std::size_t{0};
+    };
     EXPECT_THAT(session_->start(), ::testing::IsEmpty());
     if (setup.openDocument) session_->newDocument(800, 600);
 }

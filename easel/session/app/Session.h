@@ -6,8 +6,10 @@
 #include <vector>
 
 #include "session/base/Error.h"
+#include "session/base/Profile.h"
 #include "session/base/Reports.h"
 #include "session/documents/Documents.h"
+#include "session/frame/Alerts.h"
 #include "session/frame/Annotations.h"
 #include "session/frame/Events.h"
 #include "session/frame/Memory.h"
@@ -58,6 +60,7 @@ class Session {
     [[nodiscard]] model::Document* document() const { return documents.front(); } ///< in front, or null
 
     Reports reports;
+    Profile profile;
     Documents documents{reports};
 
     // Frame
@@ -70,6 +73,7 @@ class Session {
     Toolbox toolbox;
     Menus menus;
     Held held;
+    Alerts alerts;
     Timers timers{messenger, held};
     Annotations annotations{messenger, documents, held};
     Events events{documents, toolbox, menus, held, notifiers};

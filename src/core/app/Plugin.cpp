@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "core/app/Illustrator.h"
+#include "core/dialogs/Alerts.h"
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Tool.h"
 #include "plugin/frame/BasePlugin.h"
@@ -197,6 +198,7 @@ void Plugin::__decline() {
 std::int32_t Plugin::shutDownOwn() {
     dispatcher_.reset();
     Illustrator::__destroy();
+    alerts::setState(true);
     return impl_->shutdown();
 }
 

@@ -1,10 +1,12 @@
-// What the plug-in needs that is not the host's document: the log, keys, cursors and the mouse, as small services. A
-// platform provides all of them; which one does is decided when the plug-in starts.
+// What the plug-in needs that is not the host's document: the log, keys, cursors, the mouse, alerts and folders, as
+// small services. A platform provides all of them; which one does is decided when the plug-in starts.
 #pragma once
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/values/FrameEnumerations.h"
 #include "geo/Point.h"
@@ -73,6 +75,36 @@ class Mouse {
     ~Mouse() = default;
 };
 
+/// A text with buttons: the first is the default, and Escape chooses the last.
+struct Alert {
+    enum class Kind { Message = 1, Error = 2, Confirm = 3, Question = 4 };
+
+    Kind kind = Kind::Message;
+    std::string text;
+    std::vector<std::string> buttons;
+};
+
+class Alerts {
+  public:
+    bool on = true; ///< the plug-in shows alerts; whoever shows one asks
+
+    /// Waits until a button is chosen, and returns its index. Where nothing can be shown it is the last.
+    [[nodiscard]] virtual std::size_t show(const Alert& alert) = 0;
+    virtual void beep() = 0;
+
+  protected:
+    ~Alerts() = default;
+};
+
+class Folders {
+  public:
+    /// Of the user; made if it is missing. Empty when there is none.
+    [[nodiscard]] virtual std::string preferences() const = 0;
+
+  protected:
+    ~Folders() = default;
+};
+
 /// The services, and whether they can be had here. One object of each class lives as long as the process; it lists
 /// itself, so that what is compiled in can be chosen.
 class Platform {
@@ -87,6 +119,8 @@ class Platform {
     [[nodiscard]] virtual Keys& keys() = 0;
     [[nodiscard]] virtual Cursors& cursors() = 0;
     [[nodiscard]] virtual Mouse& mouse() = 0;
+    [[nodiscard]] virtual Alerts& alerts() = 0;
+    [[nodiscard]] virtual Folders& folders() = 0;
 
   protected:
     ~Platform(); ///< takes itself off the list

@@ -93,7 +93,8 @@ bool PreferenceFile::rewrite(const std::string& path, const std::string& text) {
     // length.
     std::string padded = text;
     padded.resize(std::max(text.size(), kept), '\n');
-    if (file.write(padded, 0) && file.flush() && file.cut(text.size())) return true;
+    // The padding is cut off once the text is on the disk. Where there is none, the disk may take its time.
+    if (file.write(padded, 0) && (padded.size() == text.size() || file.flush()) && file.cut(text.size())) return true;
     static_cast<void>(file.write(*before, 0));
     static_cast<void>(file.cut(*size));
     return false;

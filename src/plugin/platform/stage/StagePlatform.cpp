@@ -6,6 +6,7 @@
 #include "hostapi/StageSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/platform/Platform.h"
+#include "plugin/platform/UserFolders.h"
 
 namespace kzo::plugin {
 
@@ -75,6 +76,33 @@ class StageMouse final : public Mouse {
     }
 };
 
+class StageAlerts final : public Alerts {
+  public:
+    [[nodiscard]] std::size_t show(const Alert& alert) override {
+        std::vector<const char*> titles;
+        for (const std::string& title : alert.buttons) titles.push_back(title.c_str());
+        const auto count = static_cast<std::int32_t>(titles.size());
+        std::int32_t chosen = 0;
+        if (host::call<&StageSuite::ShowAlert>(static_cast<std::int32_t>(alert.kind), alert.text.c_str(), titles.data(),
+                                               count, &chosen) &&
+            chosen >= 0 && chosen < count)
+            return static_cast<std::size_t>(chosen);
+        std::fprintf(stderr, "%s\n", alert.text.c_str());
+        return titles.size() - 1;
+    }
+
+    void beep() override { host::call<&StageSuite::Beep>(); }
+};
+
+/// The host's folder for preferences, else the user's own.
+class StageFolders final : public Folders {
+  public:
+    [[nodiscard]] std::string preferences() const override {
+        const std::string folder = host::ask<&StageSuite::GetPreferencesFolder>("");
+        return folder.empty() ? userPreferences() : folder;
+    }
+};
+
 class StagePlatform final : public Platform {
   public:
     StagePlatform() : Platform(0) {}
@@ -84,12 +112,16 @@ class StagePlatform final : public Platform {
     [[nodiscard]] Keys& keys() override { return keys_; }
     [[nodiscard]] Cursors& cursors() override { return cursors_; }
     [[nodiscard]] Mouse& mouse() override { return mouse_; }
+    [[nodiscard]] Alerts& alerts() override { return alerts_; }
+    [[nodiscard]] Folders& folders() override { return folders_; }
 
   private:
     StageLog log_;
     StageKeys keys_;
     StageCursors cursors_;
     StageMouse mouse_;
+    StageAlerts alerts_;
+    StageFolders folders_;
 };
 
 StagePlatform stage;

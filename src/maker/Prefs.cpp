@@ -1,0 +1,62 @@
+#include "maker/Prefs.h"
+
+#include <cmath>
+
+#include "maker/Globals.h"
+
+namespace vl {
+
+namespace {
+
+using kzo::core::Angle;
+
+constexpr double kZAxis = 30; // degrees
+constexpr double kXAxis = 150;
+
+/// What an angle is stored as: rounded, so that 30 degrees are written as 30.
+double degrees(const Angle& angle) {
+    constexpr double kSteps = 1e9;
+    return std::round(angle.asDegrees() * kSteps) / kSteps;
+}
+
+void setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
+    vlGlobals& globals = *vlGlobals::instance();
+    globals.zAxisAngle = Angle(zAxis, Angle::Units::Degrees);
+    globals.xAxisAngle = Angle(xAxis, Angle::Units::Degrees);
+    globals.autoConcat = concatenate;
+    globals.usePlotwiseSettings = usePlotwise;
+}
+
+} // namespace
+
+void vlPrefs::getPrefs() {
+    vlBasePrefs::getPrefs();
+    store_.getOrCreateFloatPref("zAxis", kZAxis, zAxisPref_);
+    store_.getOrCreateFloatPref("xAxis", kXAxis, xAxisPref_);
+    store_.getOrCreateBoolPref("autoConcat", false, autoConcatPref_);
+    store_.getOrCreateBoolPref("usePlotwiseSettings", false, usePlotwisePref_);
+    setLive(zAxisPref_.floatValue(), xAxisPref_.floatValue(), autoConcatPref_.boolValue(),
+            usePlotwisePref_.boolValue());
+}
+
+void vlPrefs::setPrefs() {
+    vlBasePrefs::setPrefs();
+    const vlGlobals& globals = *vlGlobals::instance();
+    zAxisPref_.setFloatValue(degrees(globals.zAxisAngle));
+    xAxisPref_.setFloatValue(degrees(globals.xAxisAngle));
+    autoConcatPref_.setBoolValue(globals.autoConcat);
+    usePlotwisePref_.setBoolValue(globals.usePlotwiseSettings);
+    savePrefs();
+}
+
+void vlPrefs::fail() {
+    vlBasePrefs::fail();
+    setLive(kZAxis, kXAxis, false, false);
+}
+
+void vlPrefs::applyPrefsSettings(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
+    constexpr double kHalfTurn = 180;
+    setLive(zAxis, xAxis + kHalfTurn, concatenate, usePlotwise);
+}
+
+} // namespace vl

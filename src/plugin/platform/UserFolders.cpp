@@ -1,0 +1,43 @@
+#include "plugin/platform/UserFolders.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace kzo::plugin {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path homeFolder() {
+    if (const char* const home = std::getenv("HOME"); home && *home) return home;
+    const passwd* const user = getpwuid(getuid());
+    return user && user->pw_dir ? user->pw_dir : "";
+}
+
+std::string made(const fs::path& folder, bool withParents) {
+    std::error_code error;
+    if (withParents)
+        fs::create_directories(folder, error);
+    else
+        fs::create_directory(folder, error);
+    return fs::is_directory(folder, error) ? folder.string() : "";
+}
+
+} // namespace
+
+std::string userPreferences() {
+#ifdef __APPLE__
+    return made(homeFolder() / "Library/Preferences", false);
+#else
+    // A path that is not absolute counts for nothing.
+    const char* const configured = std::getenv("XDG_CONFIG_HOME");
+    if (configured && *configured == '/') return made(configured, true);
+    const fs::path home = homeFolder();
+    return home.empty() ? "" : made(home / ".config", false);
+#endif
+}
+
+} // namespace kzo::plugin
