@@ -160,7 +160,7 @@ TEST_F(BuiltinToolsTest, KeysRemoveWhatIsSelectedAndTakeStepsBack) {
     };
     Node& below = line({0, 50}, {100, 50});
     Node& path = square(10, 10);
-    const std::string before = listing(document);
+    const auto before = listing(document);
     press(session::key::kDelete); // nothing is selected
     click({15, 15});
     click({50, 50}, kAIShiftKey);
