@@ -2,6 +2,7 @@
 // tool asks the host for buffered dragging), so nothing here takes the feedback line away again.
 #include "core/app/Illustrator.h"
 #include "core/document/Draw.h"
+#include "core/document/PathArt.h"
 #include "core/frame/Keys.h"
 #include "maker/Constrain.h"
 #include "maker/Globals.h"

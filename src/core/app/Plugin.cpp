@@ -67,10 +67,10 @@ std::vector<std::uint8_t> Plugin::resourceData(const std::string& type, std::int
 
 // Callbacks of menus
 
-Callback* Plugin::menuItemSelectedCallback() const { return impl_->menus().selected.get(); }
-void Plugin::setMenuItemSelectedCallback(const Callback& callback) { impl_->menus().selected.set(callback); }
-Callback* Plugin::menuItemsUpdateCallback() const { return impl_->menus().updating.get(); }
-void Plugin::setMenuItemsUpdateCallback(const Callback& callback) { impl_->menus().updating.set(callback); }
+Callback* Plugin::menuItemSelectedCallback() const { return impl_->menuItemSelected.get(); }
+void Plugin::setMenuItemSelectedCallback(const Callback& callback) { impl_->menuItemSelected.set(callback); }
+Callback* Plugin::menuItemsUpdateCallback() const { return impl_->menuItemsUpdate.get(); }
+void Plugin::setMenuItemsUpdateCallback(const Callback& callback) { impl_->menuItemsUpdate.set(callback); }
 
 // Callback of the interface
 

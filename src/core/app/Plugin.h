@@ -140,7 +140,7 @@ class Plugin {
     static bool setUndoKind(UndoContext context);
     static bool undo(); ///< takes back what the message being handled has changed so far
 
-    // Snapping: what the locations of tool messages are drawn to, for all our tools; nothing at first
+    // Snapping: what the locations of tool messages snap to, for all our tools; nothing at first
     [[nodiscard]] bool toolsSnapToArt() const;
     void setToolsSnapToArt(bool snap);
     [[nodiscard]] bool toolsSnapToArtBounds() const;

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "core/Handle.h"
 #include "core/document/PathArt.h"
 #include "core/values/DocumentEnumerations.h"
 
@@ -16,11 +17,11 @@ namespace kzo::core {
 
 class __IntArtData;
 
-/// All handles on one host object share its implementation, however they were made: they compare equal, and become
-/// empty together when the object is disposed of through any of them. The object itself stays when a handle goes.
-/// Operations on an empty handle do nothing and answer false, 0, an empty handle or null; relatives are new handles,
+extern template class Handle<plugin::Art>;
+
+/// Operations on an empty handle do nothing and return false, 0, an empty handle or null; relatives are new handles,
 /// null where there is none. The first child is the topmost.
-class Art {
+class Art : public Handle<plugin::Art> {
   public:
     class Iterator;
 
@@ -34,8 +35,6 @@ class Art {
     ~Art();
 
     // Identity
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const Art& other) const;
     [[nodiscard]] ArtObject* aiArtHandle() const;
     [[nodiscard]] bool valid() const; ///< whether the host still knows the object
     [[nodiscard]] ArtType artType() const;
@@ -61,11 +60,7 @@ class Art {
     // Removal
     bool dispose(); ///< takes the object out of the document
 
-    [[nodiscard]] plugin::Art* impl() const; ///< null when empty
-
   private:
-    void share(ArtObject* handle);
-
     std::unique_ptr<__IntArtData> data_;
 };
 

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <optional>
 
+#include "core/document/PathArt.h"
 #include "geo/Shapes.h"
 #include "plugin/document/TextFrame.h"
 #include "plugin/values/ArtboardPoint.h"

@@ -4,6 +4,8 @@
 #include <memory>
 #include <string>
 
+#include "core/Handle.h"
+
 struct AILayer;
 
 namespace kzo::plugin {
@@ -14,16 +16,17 @@ namespace kzo::core {
 
 class Art;
 
-/// Copies denote the same layer. An empty handle answers false, an empty text or null.
-class Layer {
+extern template class Handle<plugin::Layer>;
+
+/// An empty handle returns false, an empty text or null.
+class Layer : public Handle<plugin::Layer> {
   public:
     class Iterator;
 
     Layer() = default; ///< empty
+    using Handle::Handle;
     explicit Layer(AILayer* handle);
 
-    [[nodiscard]] bool isEmpty() const { return !impl_; }
-    [[nodiscard]] bool operator==(const Layer& other) const { return aiLayerHandle() == other.aiLayerHandle(); }
     [[nodiscard]] AILayer* aiLayerHandle() const;
 
     [[nodiscard]] std::string title() const;
@@ -35,9 +38,6 @@ class Layer {
     [[nodiscard]] std::unique_ptr<Layer> next() const; ///< the one below, or null
     [[nodiscard]] std::unique_ptr<Art> group() const;  ///< the group that holds all art of the layer
     [[nodiscard]] Iterator begin() const;              ///< from this layer down
-
-  private:
-    std::shared_ptr<plugin::Layer> impl_;
 };
 
 /// Walks layers from the topmost down.

@@ -15,7 +15,7 @@ namespace kzo::core {
 /// Draws into the context of the AnnotatorMessage being handled, and is of no use after it. Places are artboard points;
 /// line widths, dashes and text sizes are screen units, for marks keep their size when one zooms. What is set holds for
 /// what is drawn after it; at first that is opaque black, a solid line of width 1 and text of size 12. Every operation
-/// answers whether the host did it; without a context none does.
+/// returns whether the host did it; without a context none does.
 class AnnotationDrawer {
   public:
     enum class Paint { Stroke, Fill };

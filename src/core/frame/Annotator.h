@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
+#include "core/Handle.h"
 #include "core/values/BitSets.h"
 #include "core/values/Callback.h"
 
@@ -16,22 +16,22 @@ class Annotator;
 
 namespace kzo::core {
 
-/// Copies denote one annotator, which lasts until `destroy` or shut-down; then all of them are empty. Its callback runs
+extern template class Handle<plugin::Annotator>;
+
+/// Lasts until `destroy` or shut-down. Its callback runs
 /// for "AI Draw", when its marks have to be drawn (see AnnotationDrawer.h), and for "AI Invalidate"; which of them it
 /// is, and the rest, says the AnnotatorMessage that is being handled. Operations on an empty handle do nothing and
-/// answer false, 0, an empty text or null.
-class Annotator {
+/// return false, 0, an empty text or null.
+class Annotator : public Handle<plugin::Annotator> {
   public:
-    /// What an annotator asks of the host, which has no names for it either; passed on as it is.
+    /// Option bits without a meaning of their own; the host stores and returns them.
     enum class Options : std::int32_t { None = 0, First = 1, Second = 2 };
 
     Annotator() = default; ///< empty
+    using Handle::Handle;
     /// Active from here on. Empty when the host refuses.
     Annotator(const std::string& name, const Callback& callback);
-    explicit Annotator(std::shared_ptr<plugin::Annotator> impl) : impl_(std::move(impl)) {}
 
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const Annotator& other) const { return impl_ == other.impl_; }
     [[nodiscard]] AIAnnotator* aiAnnotatorHandle() const;
     [[nodiscard]] std::string name() const;
 
@@ -46,11 +46,6 @@ class Annotator {
 
     void invalidate(); ///< has the host ask for its marks anew, say because what they show has changed
     void destroy();
-
-    [[nodiscard]] plugin::Annotator* __impl() const; ///< null when empty
-
-  private:
-    std::shared_ptr<plugin::Annotator> impl_;
 };
 
 } // namespace kzo::core

@@ -1,54 +1,47 @@
-// Cursor: sharing of the implementation, and forwarding to it.
+// Cursor: forwards to its implementation.
 #include "core/frame/Cursor.h"
 
 #include "core/Forward.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Cursor.h"
+#include "plugin/host/RefCountMap.h"
 
 namespace kzo::core {
 
-/// What the copies of a handle hold together: their part in what all handles on the cursor share.
-class __IntCursorContainer : public plugin::SharedCursor {
-  public:
-    using SharedImpl::SharedImpl;
-};
+using Impl = plugin::__CursorContainerID;
+template class Handle<Impl>;
 
 namespace {
 
-const plugin::Cursor* implOf(const std::shared_ptr<__IntCursorContainer>& data) {
-    const auto* const shared = data ? data->get() : nullptr;
-    return shared ? &shared->cursor() : nullptr;
+std::shared_ptr<Impl> hostCursor(unsigned number) {
+    return plugin::frame() && number < plugin::kFirstImageCursor ? plugin::share<Impl>(number) : nullptr;
 }
 
-std::shared_ptr<__IntCursorContainer> hostCursor(unsigned number) {
-    const bool known = number != 0 && number < plugin::firstImageCursor && plugin::frame();
-    return known ? std::make_shared<__IntCursorContainer>(number) : nullptr;
-}
-
-std::shared_ptr<__IntCursorContainer> imageCursor(const plugin::CursorImages& images, const Point& hotSpot) {
+std::shared_ptr<Impl> imageCursor(const plugin::CursorImages& images, const Point& hotSpot) {
     plugin::BasePlugin* const frame = plugin::frame();
     if (!frame || !images.any()) return nullptr;
     const plugin::Cursor cursor(frame->spPluginRef(), images, hotSpot.impl());
     const unsigned number = plugin::numberFor(cursor);
-    return std::make_shared<__IntCursorContainer>(number, [&] { return plugin::__CursorContainerID(number, cursor); });
+    return plugin::share<Impl>(number, [&] { return Impl(number, cursor); });
 }
 
 } // namespace
 
-Cursor::Cursor(AdobeCursor cursor) : data_(hostCursor(static_cast<unsigned>(cursor))) {}
+Cursor::Cursor(AdobeCursor cursor) : Handle(hostCursor(static_cast<unsigned>(cursor))) {}
 
 Cursor::Cursor(std::int16_t normalImage, std::int16_t doubleImage, std::int16_t tripleImage, const Point& hotSpot)
-    : data_(imageCursor({normalImage, doubleImage, tripleImage}, hotSpot)) {}
+    : Handle(imageCursor({normalImage, doubleImage, tripleImage}, hotSpot)) {}
 
-bool Cursor::isEmpty() const { return !implOf(data_); }
-bool Cursor::operator==(const Cursor& other) const { return implOf(data_) == implOf(other.data_); }
-Point Cursor::hotSpot() const { return Point(ask(implOf(data_), &plugin::Cursor::hotSpot)); }
-void Cursor::enable() const { ask(implOf(data_), &plugin::Cursor::enable); }
+Point Cursor::hotSpot() const {
+    return Point(ask(impl(), [](const Impl& shared) { return shared.cursor().hotSpot(); }));
+}
+void Cursor::enable() const {
+    ask(impl(), [](const Impl& shared) { shared.cursor().enable(); });
+}
 
 Cursor Cursor::CurrentCursor() {
     const unsigned number = plugin::frame() ? plugin::shownCursorNumber() : 0;
-    if (number < plugin::firstImageCursor) return Cursor(AdobeCursor{number});
-    return Cursor(std::make_shared<__IntCursorContainer>(number));
+    return number < plugin::kFirstImageCursor ? Cursor(AdobeCursor{number}) : Cursor(plugin::share<Impl>(number));
 }
 
 Point Cursor::screenLoc() { return plugin::frame() ? Point(plugin::platform().mouse().location()) : Point(); }

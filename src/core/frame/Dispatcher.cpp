@@ -116,32 +116,30 @@ void Dispatcher::unregisterNotifier(Notifier notifier) { notifier.destroy(); }
 
 std::vector<Notifier> Dispatcher::registeredNotifiersOfType(NotifierType type) const {
     std::vector<Notifier> found;
-    for (const auto& notifier : plugin::frame()->notifiers().ofType(notifierName(type))) found.emplace_back(notifier);
+    for (const auto& notifier : plugin::frame()->registered<plugin::Notifier>().all())
+        if (notifier->type() == notifierName(type)) found.emplace_back(notifier);
     return found;
 }
 
 // Timers
 
-void Dispatcher::registerTimer(const Timer& timer) { ask(timer.__impl(), &plugin::Timer::setRegistered, true); }
-void Dispatcher::unregisterTimer(const Timer& timer) { ask(timer.__impl(), &plugin::Timer::setRegistered, false); }
+void Dispatcher::registerTimer(const Timer& timer) { ask(timer.impl(), &plugin::Timer::setRegistered, true); }
+void Dispatcher::unregisterTimer(const Timer& timer) { ask(timer.impl(), &plugin::Timer::setRegistered, false); }
 
 bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
-    plugin::BasePlugin& frame = *plugin::frame();
-    const auto timer = std::make_shared<plugin::Timer>(frame.spPluginRef(), frame.name() + " Scheduled", delay,
-                                                       CallbackSlot(callback), plugin::Timer::Repeats::Once);
-    if (!timer->handle()) return false;
-    frame.timers().add(timer);
-    return true;
+    const std::string name = plugin::frame()->name() + " Scheduled";
+    return plugin::makeRegistered<plugin::Timer>(name, delay, CallbackSlot(callback), plugin::Timer::Repeats::Once) !=
+           nullptr;
 }
 
 // Annotators
 
 void Dispatcher::registerAnnotator(const Annotator& annotator) {
-    ask(annotator.__impl(), &plugin::Annotator::setRegistered, true);
+    ask(annotator.impl(), &plugin::Annotator::setRegistered, true);
 }
 
 void Dispatcher::unregisterAnnotator(const Annotator& annotator) {
-    ask(annotator.__impl(), &plugin::Annotator::setRegistered, false);
+    ask(annotator.impl(), &plugin::Annotator::setRegistered, false);
 }
 
 // Keys and mouse buttons

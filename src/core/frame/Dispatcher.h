@@ -60,7 +60,7 @@ class Dispatcher {
     void unregisterAnnotator(const Annotator& annotator);
 
     // Keys and mouse buttons, wherever in the application they are pressed
-    /// Answers the monitor's number, or 0 when the platform tells of none.
+    /// Returns the monitor's number, or 0 when the platform tells of none.
     std::uint32_t addKeypressMonitor(VirtualKey key, const Callback& callback);
     [[nodiscard]] Callback* getKeypressMonitor(std::uint32_t id) const; ///< null when there is none
     void removeKeypressMonitor(std::uint32_t id);

@@ -1,28 +1,31 @@
 // A handle on one group of items in the host's menus.
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
+#include "core/Handle.h"
 #include "core/frame/MenuItem.h"
 #include "core/values/BuiltinMenuGroup.h"
 
 struct _t_MenuGroupOpaque;
 
+namespace kzo::plugin {
+class __IntMenuGroupData;
+}
+
 namespace kzo::core {
 
-class __IntMenuGroupContainer;
+extern template class Handle<plugin::__IntMenuGroupData>;
 
-/// All handles on one host group share its implementation, however they were made, and become empty together when it is
-/// destroyed. The group itself stays when a handle goes. Operations on an empty handle do nothing and answer false, an
-/// empty text, an empty handle or null.
-class MenuGroup {
+/// Operations on an empty handle do nothing and return false, an empty text, an empty handle or null.
+class MenuGroup : public Handle<plugin::__IntMenuGroupData> {
   public:
     class Child;
 
     // Construction
     MenuGroup() = default; ///< empty
+    using Handle::Handle;
     /// Makes a group near one of the host's own, which the host calls "KZO TEXT". Without `merged` it is a section of
     /// its own below that group. With `merged` it is a part of it: last or, with `onTop`, first; and with `subMenu` an
     /// item with the text opens it. `sorted` keeps items in the order of their texts. Empty when the host refuses, and
@@ -33,8 +36,6 @@ class MenuGroup {
     explicit MenuGroup(_t_MenuGroupOpaque* handle); ///< a group that is there already
 
     // Identity
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const MenuGroup& other) const { return aiMenuGroup() == other.aiMenuGroup(); }
     [[nodiscard]] _t_MenuGroupOpaque* aiMenuGroup() const;
     [[nodiscard]] _t_MenuItemOpaque* aiMenuItemHandle() const; ///< the item that opens the group, or null
     [[nodiscard]] std::string __name() const;                  ///< in the host; items are added by it
@@ -55,9 +56,6 @@ class MenuGroup {
     /// Takes the group out of the menus with all that it holds, unless something of another plug-in is in it. The
     /// handle is empty in any case.
     void destroy();
-
-  private:
-    std::shared_ptr<__IntMenuGroupContainer> data_;
 };
 
 /// What a group holds at one place: an item or a group.

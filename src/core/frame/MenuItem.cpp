@@ -5,73 +5,56 @@
 #include "core/frame/MenuGroup.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/MenuGroup.h"
+#include "plugin/host/RefCountMap.h"
 
 namespace kzo::core {
 
+using Impl = plugin::MenuItem;
+template class Handle<Impl>;
+
 namespace {
 
-/// Registers what the host took; null else.
-std::shared_ptr<plugin::MenuItem> added(plugin::BasePlugin* frame, std::shared_ptr<plugin::MenuItem> item) {
-    if (!item->handle()) return nullptr;
-    frame->menus().add(item);
-    return item;
+/// Registers an item that `add` has the host add for the plug-in; null without a plug-in, and when the host refuses.
+template <class Add> std::shared_ptr<Impl> registered(Add add) {
+    plugin::BasePlugin* const frame = plugin::frame();
+    return frame ? frame->registered<Impl>().add(add(frame->spPluginRef())) : nullptr;
 }
 
-std::shared_ptr<plugin::MenuItem> newItem(const std::string& group, const std::string& text, const Callback& callback) {
-    plugin::BasePlugin* const frame = plugin::frame();
-    if (!frame) return nullptr;
-    return added(frame, std::make_shared<plugin::MenuItem>(frame->spPluginRef(), group, text, CallbackSlot(callback)));
+std::shared_ptr<Impl> newItem(const std::string& group, const std::string& text, const Callback& callback) {
+    return registered([&](SPPlugin* self) { return Impl::add(self, group, text, CallbackSlot(callback)); });
 }
 
 } // namespace
 
 // Construction
 
-MenuItem::MenuItem() = default;
-
 MenuItem::MenuItem(const MenuGroup& group, const std::string& text, const Callback& callback)
-    : impl_(newItem(group.__name(), text, callback)) {}
-
+    : Handle(newItem(group.__name(), text, callback)) {}
 MenuItem::MenuItem(BuiltinMenuGroup group, const std::string& text, const Callback& callback)
-    : impl_(newItem(plugin::builtinGroupName(group), text, callback)) {}
-
-MenuItem::MenuItem(_t_MenuItemOpaque* handle) {
-    if (plugin::BasePlugin* const frame = plugin::frame()) impl_ = frame->menus().share(handle);
-}
+    : Handle(newItem(plugin::builtinGroupName(group), text, callback)) {}
+MenuItem::MenuItem(_t_MenuItemOpaque* handle) : Handle(plugin::frame() ? plugin::share<Impl>(handle) : nullptr) {}
 
 MenuItem MenuItem::Divider(const MenuGroup& group) {
-    plugin::BasePlugin* const frame = plugin::frame();
-    if (!frame) return {};
-    return MenuItem(added(frame, plugin::MenuItem::divider(frame->spPluginRef(), group.__name())));
+    return MenuItem(registered([&](SPPlugin* self) { return Impl::addDivider(self, group.__name()); }));
 }
 
 // Identity
 
-plugin::MenuItem* MenuItem::impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
-bool MenuItem::isEmpty() const { return !impl(); }
-_t_MenuItemOpaque* MenuItem::aiMenuItemHandle() const { return ask(impl(), &plugin::MenuItem::handle); }
-bool MenuItem::isDivider() const { return ask(impl(), &plugin::MenuItem::isDivider); }
-bool MenuItem::opensGroup() const { return ask(impl(), &plugin::MenuItem::opensGroup); }
-MenuGroup MenuItem::parent() const { return MenuGroup(ask(impl(), &plugin::MenuItem::parent)); }
+_t_MenuItemOpaque* MenuItem::aiMenuItemHandle() const { return ask(impl(), &Impl::handle); }
+bool MenuItem::isDivider() const { return ask(impl(), &Impl::isDivider); }
+bool MenuItem::opensGroup() const { return ask(impl(), &Impl::opensGroup); }
+MenuGroup MenuItem::parent() const { return MenuGroup(ask(impl(), &Impl::parent)); }
 
 // State
 
-std::string MenuItem::text() const { return ask(impl(), &plugin::MenuItem::text); }
-void MenuItem::setText(const std::string& text) { ask(impl(), &plugin::MenuItem::setText, text); }
-bool MenuItem::enabled() const { return ask(impl(), &plugin::MenuItem::enabled); }
-void MenuItem::setEnabled(bool enabled) { ask(impl(), &plugin::MenuItem::setEnabled, enabled); }
-bool MenuItem::checked() const { return ask(impl(), &plugin::MenuItem::checked); }
-void MenuItem::setChecked(bool checked) { ask(impl(), &plugin::MenuItem::setChecked, checked); }
-Callback* MenuItem::callback() const { return impl() ? impl()->callback().get() : nullptr; }
-
-void MenuItem::setCallback(const Callback& callback) {
-    if (impl()) impl()->callback().set(callback);
-}
-
-void MenuItem::destroy() {
-    if (isEmpty()) return;
-    if (plugin::BasePlugin* const frame = plugin::frame()) frame->menus().remove(*impl_);
-    impl_->destroy();
-}
+std::string MenuItem::text() const { return ask(impl(), &Impl::text); }
+void MenuItem::setText(const std::string& text) { ask(impl(), &Impl::setText, text); }
+bool MenuItem::enabled() const { return ask(impl(), &Impl::enabled); }
+void MenuItem::setEnabled(bool enabled) { ask(impl(), &Impl::setEnabled, enabled); }
+bool MenuItem::checked() const { return ask(impl(), &Impl::checked); }
+void MenuItem::setChecked(bool checked) { ask(impl(), &Impl::setChecked, checked); }
+Callback* MenuItem::callback() const { return callbackOf(impl()); }
+void MenuItem::setCallback(const Callback& callback) { setCallbackOf(impl(), callback); }
+void MenuItem::destroy() { plugin::destroyRegistered(impl()); }
 
 } // namespace kzo::core

@@ -23,12 +23,12 @@ AnnotatorMessage::AnnotatorMessage(const MessageRow& row, void* record) : Messag
     view_ = said.view;
     triggeredByDragScroll_ = said.triggeredByDragScroll;
     showEdges_ = said.showEdges;
-    for (const plugin::ArtboardRect& rect : said.invalidationRects()) rects_.emplace_back(rect);
+    rects_ = said.invalidationRects();
 }
 
 Annotator AnnotatorMessage::annotator() const {
     plugin::BasePlugin* const frame = plugin::frame();
-    return frame ? Annotator(frame->annotators().find(annotator_)) : Annotator();
+    return frame ? Annotator(frame->registered<plugin::Annotator>().find(annotator_)) : Annotator();
 }
 
 NotifyMessage::NotifyMessage(const MessageRow& row, void* record) : Message(row, record) {
@@ -40,7 +40,7 @@ NotifyMessage::NotifyMessage(const MessageRow& row, void* record) : Message(row,
 ToolMessage::ToolMessage(const MessageRow& row, void* record) : Message(row, record) {
     const plugin::ToolMessage said(record);
     tool_ = said.tool;
-    cursor_ = ArtboardPoint(said.cursor);
+    cursor_ = said.cursor;
     modifiers_ = said.modifiers;
     takenBack_ = said.takenBack;
 }

@@ -3,31 +3,22 @@
 
 #include "core/Forward.h"
 #include "plugin/frame/BasePlugin.h"
-#include "plugin/frame/Notifier.h"
 
 namespace kzo::core {
 
-Notifier::Notifier(const std::string& name, NotifierType type, const Callback& callback) {
-    plugin::BasePlugin* const frame = plugin::frame();
-    if (frame && type != NotifierType::None)
-        impl_ = frame->addNotifier(name, notifierName(type), CallbackSlot(callback));
-}
+using Impl = plugin::Notifier;
+template class Handle<Impl>;
 
-plugin::Notifier* Notifier::impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
-bool Notifier::isEmpty() const { return !impl(); }
-AINotifier* Notifier::aiNotifierHandle() const { return ask(impl(), &plugin::Notifier::handle); }
-std::string Notifier::name() const { return ask(impl(), &plugin::Notifier::name); }
-NotifierType Notifier::type() const { return notifierType(ask(impl(), &plugin::Notifier::type)); }
-Callback* Notifier::callback() const { return impl() ? impl()->callback().get() : nullptr; }
+Notifier::Notifier(const std::string& name, NotifierType type, const Callback& callback)
+    : Handle(type == NotifierType::None
+                 ? nullptr
+                 : plugin::makeRegistered<Impl>(name, notifierName(type), CallbackSlot(callback))) {}
 
-void Notifier::setCallback(const Callback& callback) {
-    if (impl()) impl()->callback().set(callback);
-}
-
-void Notifier::destroy() {
-    if (isEmpty()) return;
-    if (plugin::BasePlugin* const frame = plugin::frame()) frame->notifiers().remove(*impl_);
-    impl_->destroy();
-}
+AINotifier* Notifier::aiNotifierHandle() const { return ask(impl(), &Impl::handle); }
+std::string Notifier::name() const { return ask(impl(), &Impl::name); }
+NotifierType Notifier::type() const { return notifierType(ask(impl(), &Impl::type)); }
+Callback* Notifier::callback() const { return callbackOf(impl()); }
+void Notifier::setCallback(const Callback& callback) { setCallbackOf(impl(), callback); }
+void Notifier::destroy() { plugin::destroyRegistered(impl()); }
 
 } // namespace kzo::core

@@ -1,9 +1,9 @@
 // A subscription to an event of the host.
 #pragma once
 
-#include <memory>
 #include <string>
 
+#include "core/Handle.h"
 #include "core/frame/NotifierType.h"
 #include "core/values/Callback.h"
 
@@ -15,28 +15,22 @@ class Notifier;
 
 namespace kzo::core {
 
-/// Copies denote one subscription, which lasts until `destroy` or shut-down; then all of them are empty. Empty handles
-/// answer None, an empty text or null.
-class Notifier {
+extern template class Handle<plugin::Notifier>;
+
+/// Lasts until `destroy` or shut-down. Empty handles return None, an empty text or null.
+class Notifier : public Handle<plugin::Notifier> {
   public:
     Notifier() = default; ///< empty
+    using Handle::Handle;
     /// Empty when the host refuses, or for None.
     Notifier(const std::string& name, NotifierType type, const Callback& callback);
-    explicit Notifier(std::shared_ptr<plugin::Notifier> impl) : impl_(std::move(impl)) {}
 
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const Notifier& other) const { return impl_ == other.impl_; }
     [[nodiscard]] AINotifier* aiNotifierHandle() const;
     [[nodiscard]] std::string name() const;
     [[nodiscard]] NotifierType type() const;
     [[nodiscard]] Callback* callback() const;
     void setCallback(const Callback& callback);
     void destroy();
-
-  private:
-    [[nodiscard]] plugin::Notifier* impl() const; ///< null when empty
-
-    std::shared_ptr<plugin::Notifier> impl_;
 };
 
 } // namespace kzo::core

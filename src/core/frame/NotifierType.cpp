@@ -15,7 +15,7 @@ struct Row {
     std::string_view name;
 };
 
-constexpr std::array table{
+constexpr std::array kTable{
     Row{ArtSelectionChanged, "AI Art Selection Changed Notifier"},
     Row{ArtCustomColorChanged, "AI Art Custom Color Changed Notifier"},
     Row{ArtPropertiesChanged, "AI Art Properties Changed Notifier"},
@@ -122,13 +122,13 @@ constexpr std::array table{
 } // namespace
 
 std::string_view notifierName(NotifierType type) {
-    const auto row = std::find_if(table.begin(), table.end(), [type](const Row& r) { return r.type == type; });
-    return row == table.end() ? std::string_view() : row->name;
+    const auto row = std::find_if(kTable.begin(), kTable.end(), [type](const Row& r) { return r.type == type; });
+    return row == kTable.end() ? std::string_view() : row->name;
 }
 
 NotifierType notifierType(std::string_view name) {
-    const auto row = std::find_if(table.begin(), table.end(), [name](const Row& r) { return r.name == name; });
-    return row == table.end() ? None : row->type;
+    const auto row = std::find_if(kTable.begin(), kTable.end(), [name](const Row& r) { return r.name == name; });
+    return row == kTable.end() ? None : row->type;
 }
 
 } // namespace kzo::core

@@ -1,55 +1,48 @@
-// ThirdPartyPlugin: sharing of the implementation, and forwarding to it.
+// ThirdPartyPlugin: forwards to its implementation.
 #include "core/frame/ThirdPartyPlugin.h"
 
 #include "core/Forward.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
+#include "plugin/host/RefCountMap.h"
 
 namespace kzo::core {
 
-/// What the copies of a handle hold together: their part in what all handles on the plug-in share.
-class __IntThirdPartyPluginData : public plugin::SharedThirdPartyPlugin {
-  public:
-    using SharedImpl::SharedImpl;
-};
+using Impl = plugin::ThirdPartyPlugin;
+template class Handle<Impl>;
 
 namespace {
 
-using Impl = plugin::ThirdPartyPlugin;
-
-constexpr std::int32_t pluginNotFound = 0x50214664; // "P!Fd"
-constexpr std::int32_t badParameter = 0x5061726D;   // "Parm"
-
-Impl* implOf(const std::shared_ptr<__IntThirdPartyPluginData>& data) { return data ? data->get() : nullptr; }
+constexpr std::int32_t kPluginNotFound = 0x50214664; // "P!Fd"
+constexpr std::int32_t kBadParameter = 0x5061726D;   // "Parm"
 
 } // namespace
 
 ThirdPartyPlugin::ThirdPartyPlugin(SPPlugin* plugin)
-    : data_(plugin && plugin::frame() ? std::make_shared<__IntThirdPartyPluginData>(plugin) : nullptr) {}
+    : Handle(plugin::frame() ? plugin::share<Impl>(plugin) : nullptr) {}
 
-bool ThirdPartyPlugin::isEmpty() const { return !implOf(data_); }
-SPPlugin* ThirdPartyPlugin::spPluginRef() const { return ask(implOf(data_), &Impl::handle); }
-std::string ThirdPartyPlugin::name() const { return ask(implOf(data_), &Impl::name); }
-std::string ThirdPartyPlugin::fileName() const { return ask(implOf(data_), &Impl::fileName); }
-std::string ThirdPartyPlugin::filePath() const { return ask(implOf(data_), &Impl::filePath); }
-PluginOptions ThirdPartyPlugin::options() const { return ask(implOf(data_), &Impl::options); }
-bool ThirdPartyPlugin::started() const { return ask(implOf(data_), &Impl::started); }
-bool ThirdPartyPlugin::broken() const { return isEmpty() || implOf(data_)->broken(); }
+SPPlugin* ThirdPartyPlugin::spPluginRef() const { return ask(impl(), &Impl::handle); }
+std::string ThirdPartyPlugin::name() const { return ask(impl(), &Impl::name); }
+std::string ThirdPartyPlugin::fileName() const { return ask(impl(), &Impl::fileName); }
+std::string ThirdPartyPlugin::filePath() const { return ask(impl(), &Impl::filePath); }
+PluginOptions ThirdPartyPlugin::options() const { return ask(impl(), &Impl::options); }
+bool ThirdPartyPlugin::started() const { return ask(impl(), &Impl::started); }
+bool ThirdPartyPlugin::broken() const { return isEmpty() || impl()->broken(); }
 
 // Callers rely on an empty handle not being a failure here.
 bool ThirdPartyPlugin::prepMessageData(SPMessageData& message) const {
-    return isEmpty() || implOf(data_)->prepMessageData(message);
+    return isEmpty() || impl()->prepMessageData(message);
 }
 
 bool ThirdPartyPlugin::cleanMessageData(SPMessageData& message) const {
-    return isEmpty() || implOf(data_)->cleanMessageData(message);
+    return isEmpty() || impl()->cleanMessageData(message);
 }
 
 std::int32_t ThirdPartyPlugin::message(const std::string& caller, const std::string& selector, SPMessageData* data,
                                        int& result) const {
-    if (isEmpty()) return pluginNotFound;
-    if (caller.empty() || selector.empty()) return badParameter;
-    return implOf(data_)->message(caller, selector, data, result);
+    if (isEmpty()) return kPluginNotFound;
+    if (caller.empty() || selector.empty()) return kBadParameter;
+    return impl()->message(caller, selector, data, result);
 }
 
 } // namespace kzo::core

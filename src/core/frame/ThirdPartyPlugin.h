@@ -2,32 +2,35 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
 
+#include "core/Handle.h"
 #include "core/values/FrameEnumerations.h"
 
 struct SPMessageData;
 struct SPPlugin;
 
+namespace kzo::plugin {
+class ThirdPartyPlugin;
+}
+
 namespace kzo::core {
 
-class __IntThirdPartyPluginData;
+extern template class Handle<plugin::ThirdPartyPlugin>;
 
-/// All handles on one plug-in share its implementation. After our own shut-down they are empty. An empty handle answers
-/// an empty text, None, false or null, except where it says otherwise.
+/// After our own shut-down handles are empty. An empty handle returns an empty text, None, false or null, except where
+/// it says otherwise.
 ///
 /// A message takes these steps: see that the plug-in is `started` and not `broken`; `prepMessageData` on the record;
 /// fill in the record's own fields; `message`; read the reply; `cleanMessageData`.
-class ThirdPartyPlugin {
+class ThirdPartyPlugin : public Handle<plugin::ThirdPartyPlugin> {
   public:
     using Options = PluginOptions;
 
     ThirdPartyPlugin() = default; ///< empty
+    using Handle::Handle;
     explicit ThirdPartyPlugin(SPPlugin* plugin);
 
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const ThirdPartyPlugin& other) const { return spPluginRef() == other.spPluginRef(); }
     [[nodiscard]] SPPlugin* spPluginRef() const;
     [[nodiscard]] std::string name() const;
     [[nodiscard]] std::string fileName() const; ///< of its bundle
@@ -41,13 +44,10 @@ class ThirdPartyPlugin {
     bool prepMessageData(SPMessageData& message) const;
     /// Has the host take back what `prepMessageData` filled in. True also for an empty handle.
     bool cleanMessageData(SPMessageData& message) const;
-    /// Sends a message; the reply is in the record and in `result`. Answers 0 or the host's error code. Without asking
+    /// Sends a message; the reply is in the record and in `result`. Returns 0 or the host's error code. Without asking
     /// the host: "P!Fd" for an empty handle, "Parm" when caller or selector is empty.
     std::int32_t message(const std::string& caller, const std::string& selector, SPMessageData* data,
                          int& result) const;
-
-  private:
-    std::shared_ptr<__IntThirdPartyPluginData> data_;
 };
 
 } // namespace kzo::core

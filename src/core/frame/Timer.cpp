@@ -6,33 +6,20 @@
 
 namespace kzo::core {
 
-Timer::Timer(const std::string& name, double delay, const Callback& callback) {
-    plugin::BasePlugin* const frame = plugin::frame();
-    if (!frame) return;
-    const auto made = std::make_shared<plugin::Timer>(frame->spPluginRef(), name, delay, CallbackSlot(callback));
-    if (!made->handle()) return;
-    frame->timers().add(made);
-    impl_ = made;
-}
+using Impl = plugin::Timer;
+template class Handle<Impl>;
 
-plugin::Timer* Timer::__impl() const { return impl_ && impl_->handle() ? impl_.get() : nullptr; }
-bool Timer::isEmpty() const { return !__impl(); }
-AITimer* Timer::aiTimerHandle() const { return ask(__impl(), &plugin::Timer::handle); }
-std::string Timer::name() const { return ask(__impl(), &plugin::Timer::name); }
-double Timer::delay() const { return ask(__impl(), &plugin::Timer::delay); }
-void Timer::setDelay(double delay) { ask(__impl(), &plugin::Timer::setDelay, delay); }
-bool Timer::active() const { return ask(__impl(), &plugin::Timer::active); }
-void Timer::setActive(bool active) { ask(__impl(), &plugin::Timer::setActive, active); }
-Callback* Timer::callback() const { return __impl() ? __impl()->callback().get() : nullptr; }
+Timer::Timer(const std::string& name, double delay, const Callback& callback)
+    : Handle(plugin::makeRegistered<Impl>(name, delay, CallbackSlot(callback))) {}
 
-void Timer::setCallback(const Callback& callback) {
-    if (__impl()) __impl()->callback().set(callback);
-}
-
-void Timer::destroy() {
-    if (isEmpty()) return;
-    if (plugin::BasePlugin* const frame = plugin::frame()) frame->timers().remove(*impl_);
-    impl_->destroy();
-}
+AITimer* Timer::aiTimerHandle() const { return ask(impl(), &Impl::handle); }
+std::string Timer::name() const { return ask(impl(), &Impl::name); }
+double Timer::delay() const { return ask(impl(), &Impl::delay); }
+void Timer::setDelay(double delay) { ask(impl(), &Impl::setDelay, delay); }
+bool Timer::active() const { return ask(impl(), &Impl::active); }
+void Timer::setActive(bool active) { ask(impl(), &Impl::setActive, active); }
+Callback* Timer::callback() const { return callbackOf(impl()); }
+void Timer::setCallback(const Callback& callback) { setCallbackOf(impl(), callback); }
+void Timer::destroy() { plugin::destroyRegistered(impl()); }
 
 } // namespace kzo::core

@@ -1,9 +1,9 @@
 // A handle on one periodic call by the host.
 #pragma once
 
-#include <memory>
 #include <string>
 
+#include "core/Handle.h"
 #include "core/values/Callback.h"
 
 struct AITimer;
@@ -14,18 +14,17 @@ class Timer;
 
 namespace kzo::core {
 
-/// Copies denote one timer, which runs until `destroy` or shut-down; then all of them are empty. Delays are seconds, as
-/// near as whole ticks of 1/60 second come to them. Operations on an empty handle do nothing and answer false, 0, an
-/// empty text or null.
-class Timer {
+extern template class Handle<plugin::Timer>;
+
+/// Runs until `destroy` or shut-down. Delays are seconds, as near as whole ticks of 1/60 second come to them.
+/// Operations on an empty handle do nothing and return false, 0, an empty text or null.
+class Timer : public Handle<plugin::Timer> {
   public:
     Timer() = default; ///< empty
+    using Handle::Handle;
     /// Runs the callback each time that `delay` has passed. Empty when the host refuses.
     Timer(const std::string& name, double delay, const Callback& callback);
-    explicit Timer(std::shared_ptr<plugin::Timer> impl) : impl_(std::move(impl)) {}
 
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const Timer& other) const { return impl_ == other.impl_; }
     [[nodiscard]] AITimer* aiTimerHandle() const;
     [[nodiscard]] std::string name() const;
 
@@ -39,11 +38,6 @@ class Timer {
     void setCallback(const Callback& callback);
 
     void destroy();
-
-    [[nodiscard]] plugin::Timer* __impl() const; ///< null when empty
-
-  private:
-    std::shared_ptr<plugin::Timer> impl_;
 };
 
 } // namespace kzo::core

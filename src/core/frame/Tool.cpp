@@ -24,14 +24,21 @@ class __IntToolSubclass : public BaseTool {
     void runCallback(ToolEvent event) override { slot(event).run(); }
 
   private:
-    std::array<CallbackSlot, plugin::toolEventCount> slots_;
+    std::array<CallbackSlot, plugin::kToolEventCount> slots_;
 };
+
+template class Handle<__IntToolSubclass>;
 
 namespace {
 
 /// The tool set to join beside a group that may be missing.
 std::int16_t besideGroup(std::int16_t group, std::int16_t toolset) {
-    return group == BaseTool::noNumber ? BaseTool::noNumber : toolset;
+    return group == BaseTool::kNoNumber ? BaseTool::kNoNumber : toolset;
+}
+
+std::shared_ptr<__IntToolSubclass> newTool(const BaseTool::Description& description) {
+    if (!plugin::frame()) return nullptr;
+    return plugin::makeRegistered<BaseTool, __IntToolSubclass>(plugin::frame()->name(), description);
 }
 
 std::unique_ptr<HitData> facade(std::unique_ptr<plugin::HitData> found) {
@@ -43,42 +50,33 @@ std::unique_ptr<HitData> facade(std::unique_ptr<plugin::HitData> found) {
 // Construction
 
 Tool::Tool(std::int16_t group, std::int16_t toolset, const std::string& title, const std::string& tip,
-           std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options) {
-    plugin::BasePlugin* const frame = plugin::frame();
-    if (!frame) return;
-    const BaseTool::Description description{.group = group,
-                                            .toolset = toolset,
-                                            .title = title,
-                                            .tip = tip,
-                                            .lightIconID = lightIconID,
-                                            .darkIconID = darkIconID,
-                                            .options = options};
-    const auto made = std::make_shared<__IntToolSubclass>(frame->spPluginRef(), frame->name(), description);
-    if (!made->toolHandle()) return;
-    frame->addTool(made);
-    impl_ = made;
-}
+           std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options)
+    : Handle(newTool({.group = group,
+                      .toolset = toolset,
+                      .title = title,
+                      .tip = tip,
+                      .lightIconID = lightIconID,
+                      .darkIconID = darkIconID,
+                      .options = options})) {}
 
 Tool::Tool(const Tool& group, const Tool* toolset, const std::string& title, const std::string& tip,
            std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options)
-    : Tool(group.number(), besideGroup(group.number(), toolset ? toolset->number() : BaseTool::noNumber), title, tip,
+    : Tool(group.number(), besideGroup(group.number(), toolset ? toolset->number() : BaseTool::kNoNumber), title, tip,
            lightIconID, darkIconID, options) {}
 
 Tool::Tool(BuiltinTool group, std::optional<BuiltinTool> toolset, const std::string& title, const std::string& tip,
            std::int16_t lightIconID, std::int16_t darkIconID, ToolOptions options)
     : Tool(plugin::builtinToolNumber(group),
            besideGroup(plugin::builtinToolNumber(group),
-                       toolset ? plugin::builtinToolNumber(*toolset) : BaseTool::noNumber),
+                       toolset ? plugin::builtinToolNumber(*toolset) : BaseTool::kNoNumber),
            title, tip, lightIconID, darkIconID, options) {}
 
-Tool::Tool(const std::shared_ptr<BaseTool>& impl) : impl_(std::static_pointer_cast<__IntToolSubclass>(impl)) {}
+Tool::Tool(const std::shared_ptr<BaseTool>& impl) : Handle(std::static_pointer_cast<__IntToolSubclass>(impl)) {}
 
 // Identity
 
-__IntToolSubclass* Tool::impl() const { return impl_ && impl_->toolHandle() ? impl_.get() : nullptr; }
-bool Tool::isEmpty() const { return !impl(); }
-AITool* Tool::aiToolHandle() const { return ask(impl(), &BaseTool::toolHandle); }
-std::int16_t Tool::number() const { return impl() ? impl()->number() : BaseTool::noNumber; }
+AITool* Tool::aiToolHandle() const { return ask(impl(), &BaseTool::handle); }
+std::int16_t Tool::number() const { return impl() ? impl()->number() : BaseTool::kNoNumber; }
 std::string Tool::title() const { return ask(impl(), &BaseTool::title); }
 void Tool::setTitle(const std::string& title) { ask(impl(), &BaseTool::setTitle, title); }
 std::string Tool::tip() const { return ask(impl(), &BaseTool::tip); }
@@ -92,11 +90,7 @@ void Tool::setOptions(ToolOptions options) { ask(impl(), &BaseTool::setOptions, 
 bool Tool::selected() const { return ask(impl(), &BaseTool::selected); }
 void Tool::setSelected() { ask(impl(), &BaseTool::setSelected); }
 
-void Tool::destroy() {
-    if (isEmpty()) return;
-    if (plugin::BasePlugin* const frame = plugin::frame()) frame->removeTool(*impl_);
-    impl_->destroy();
-}
+void Tool::destroy() { plugin::destroyRegistered<BaseTool>(impl()); }
 
 // Callbacks
 
@@ -129,19 +123,11 @@ void Tool::setEditCallback(const Callback& callback) { setCallback(ToolEvent::Ed
 
 // The gesture
 
-ArtboardPoint Tool::cursorLoc() const { return ArtboardPoint(ask(impl(), &BaseTool::cursorLoc)); }
-void Tool::setCursorLoc(const ArtboardPoint& location) { ask(impl(), &BaseTool::setCursorLoc, location.impl()); }
+ArtboardPoint Tool::cursorLoc() const { return ask(impl(), &BaseTool::cursorLoc); }
+void Tool::setCursorLoc(const ArtboardPoint& location) { ask(impl(), &BaseTool::setCursorLoc, location); }
 
-std::vector<ArtboardPoint> Tool::mouseDownLocs() const {
-    const std::vector<plugin::ArtboardPoint> locations = ask(impl(), &BaseTool::mouseDownLocs);
-    return {locations.begin(), locations.end()};
-}
-
-std::vector<ArtboardPoint> Tool::mouseUpLocs() const {
-    const std::vector<plugin::ArtboardPoint> locations = ask(impl(), &BaseTool::mouseUpLocs);
-    return {locations.begin(), locations.end()};
-}
-
+std::vector<ArtboardPoint> Tool::mouseDownLocs() const { return ask(impl(), &BaseTool::mouseDownLocs); }
+std::vector<ArtboardPoint> Tool::mouseUpLocs() const { return ask(impl(), &BaseTool::mouseUpLocs); }
 void Tool::resetCursorLocs() { ask(impl(), &BaseTool::resetCursorLocs); }
 bool Tool::wasDragged() const { return ask(impl(), &BaseTool::wasDragged); }
 bool Tool::gestureTakenBack() const {

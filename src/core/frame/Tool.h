@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/Handle.h"
 #include "core/document/HitData.h"
 #include "core/values/ArtboardPoint.h"
 #include "core/values/BuiltinTool.h"
@@ -25,15 +26,18 @@ namespace kzo::core {
 
 class __IntToolSubclass;
 
-/// Copies denote one tool, which stays in the toolbox until `destroy` or shut-down; then all of them are empty. Empty
-/// handles answer false, 0, empty texts or null, and -2 for the number. Locations are those of the message being
-/// handled and of the gesture so far; tolerances of hit tests are in screen units.
-class Tool {
+extern template class Handle<__IntToolSubclass>;
+
+/// Stays in the toolbox until `destroy` or shut-down. Empty handles return false, 0, empty texts or null, and -2 for
+/// the number. Locations are those of the message being handled and of the gesture so far; tolerances of hit tests are
+/// in screen units.
+class Tool : public Handle<__IntToolSubclass> {
   public:
     using Options = ToolOptions;
 
     // Construction; texts are what the user sees
     Tool() = default; ///< empty
+    using Handle::Handle;
     /// In the group and slot of the tools with these numbers; -2 opens a new one.
     Tool(std::int16_t group, std::int16_t toolset, const std::string& title, const std::string& tip,
          std::int16_t lightIconID, std::int16_t darkIconID, Options options);
@@ -46,8 +50,6 @@ class Tool {
     explicit Tool(const std::shared_ptr<plugin::BaseTool>& impl);
 
     // Identity
-    [[nodiscard]] bool isEmpty() const;
-    [[nodiscard]] bool operator==(const Tool& other) const { return impl_ == other.impl_; }
     [[nodiscard]] AITool* aiToolHandle() const;
     [[nodiscard]] std::int16_t number() const;
     [[nodiscard]] std::string title() const;
@@ -111,12 +113,9 @@ class Tool {
     [[nodiscard]] std::unique_ptr<HitData> cursorHitData(HitRequest request, double tolerance) const;
 
   private:
-    [[nodiscard]] __IntToolSubclass* impl() const; ///< null when empty
     [[nodiscard]] Callback* callback(plugin::ToolEvent event) const;
     void setCallback(plugin::ToolEvent event, const Callback& callback);
     [[nodiscard]] bool keyDown(ModifierKeys key) const;
-
-    std::shared_ptr<__IntToolSubclass> impl_;
 };
 
 } // namespace kzo::core

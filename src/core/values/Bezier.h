@@ -34,7 +34,7 @@ class Bezier {
     [[nodiscard]] ArtboardPoint startOutPoint() const;
     [[nodiscard]] ArtboardPoint endInPoint() const;
     [[nodiscard]] ArtboardPoint endPoint() const;
-    /// Moves the control points, as little as can be, so that the curve passes `point` at `t`. Answers false and
+    /// Moves the control points, as little as can be, so that the curve passes `point` at `t`. Returns false and
     /// changes nothing when `t` is not strictly between 0 and 1: the ends stay.
     bool adjustThruPoint(const ArtboardPoint& point, double t);
     void divide(double t, Bezier& first, Bezier& second) const; // either may be this curve

@@ -31,7 +31,7 @@ class TransformMatrix {
     [[nodiscard]] bool isIdentity() const;
     [[nodiscard]] double determinant() const;
     [[nodiscard]] bool degenerate() const; // the determinant is within 1e-6 of 0
-    /// Writes the inverse to `out`, which may be this matrix. A degenerate matrix answers false and writes the
+    /// Writes the inverse to `out`, which may be this matrix. A degenerate matrix returns false and writes the
     /// identity.
     bool invert(TransformMatrix& out) const;
 

@@ -3,6 +3,7 @@
 
 #include "hostapi/AIArtSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/host/RefCountMap.h"
 
 namespace kzo::plugin {
 
@@ -48,6 +49,7 @@ ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSiblin
 
 bool Art::dispose() {
     ArtObject* const handle = release();
+    MapOf<Art>::forget(handle);
     return handle && host::call<&AIArtSuite::DisposeArt>(handle);
 }
 

@@ -6,7 +6,6 @@
 #include "core/values/DocumentEnumerations.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/host/Object.h"
-#include "plugin/host/RefCountMap.h"
 
 struct ArtObject;
 
@@ -40,15 +39,11 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] ArtObject* sibling() const;
     [[nodiscard]] ArtObject* priorSibling() const;
 
-    /// Removes the object from the document. All who share this object find it empty from here on, whatever the host
-    /// answers.
+    /// Removes the object from the document. All who share it find it empty from here on, whatever the host returns.
     bool dispose();
 
   private:
     mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
 };
-
-using ArtWrapper = __RefCountWrapper<ArtObject*, Art>;
-using ArtMap = RefCountMap<ArtObject*, ArtWrapper>;
 
 } // namespace kzo::plugin

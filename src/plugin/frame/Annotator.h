@@ -1,15 +1,14 @@
-// Marks over the view that a client draws when the host asks for them, and the registry that finds who is asked. It
-// also knows when what is on the screen has moved from under the marks.
+// Marks over the view that a client draws when the host asks for them: the calls behind core::Annotator, and when all
+// marks have to be drawn anew.
 #pragma once
 
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <vector>
 
+#include "core/values/ArtboardPoint.h"
+#include "core/values/ArtboardRect.h"
 #include "core/values/Callback.h"
-#include "plugin/frame/Messages.h"
-#include "plugin/values/ArtboardRect.h"
+#include "plugin/host/Object.h"
 
 struct AIAnnotator;
 struct AITool;
@@ -17,12 +16,12 @@ struct SPPlugin;
 
 namespace kzo::plugin {
 
-/// Without a handle (refused, or destroyed) every query answers its neutral value.
-class Annotator {
+struct ToolMessage;
+
+class Annotator : public host::Object<AIAnnotator> {
   public:
     Annotator(SPPlugin* plugin, const std::string& name, const core::CallbackSlot& callback);
 
-    [[nodiscard]] AIAnnotator* handle() const { return handle_; }
     [[nodiscard]] bool registered() const { return registered_; }
     void setRegistered(bool registered) { registered_ = registered; } ///< one that is not is no longer run
     [[nodiscard]] core::CallbackSlot& callback() { return callback_; }
@@ -35,25 +34,13 @@ class Annotator {
     void destroy();
 
   private:
-    AIAnnotator* handle_;
     core::CallbackSlot callback_;
     bool registered_ = true;
 };
 
-/// Owns every annotator, together with the handles on it, until it is destroyed. While it is empty it asks nothing of
-/// the host.
-class AnnotatorRegistry {
+/// Has the host draw all marks anew when what is on the screen has moved from under them.
+class MarkFollower {
   public:
-    void add(const std::shared_ptr<Annotator>& annotator) { annotators_.push_back(annotator); }
-    void remove(const Annotator& annotator);
-    void clear(); ///< destroys all annotators
-
-    [[nodiscard]] std::shared_ptr<Annotator> find(AIAnnotator* handle) const; ///< null for one that is not known
-    /// Runs the annotator's callback. False when the annotator is unknown or not registered.
-    bool run(AIAnnotator* handle) const;
-
-    /// Makes the host have all marks drawn anew.
-    void invalidateAll() const;
     /// Invalidates when the current view's bounds, the tool or its cursor are elsewhere than they were when that last
     /// happened. `message` is null when the message being handled is not a tool's.
     void follow(const ToolMessage* message);
@@ -62,10 +49,9 @@ class AnnotatorRegistry {
     void followView();
     void followTool(const ToolMessage& message);
 
-    std::vector<std::shared_ptr<Annotator>> annotators_;
-    ArtboardRect viewBounds_;
+    core::ArtboardRect viewBounds_;
     AITool* tool_ = nullptr;
-    ArtboardPoint cursor_;
+    core::ArtboardPoint cursor_;
 };
 
 } // namespace kzo::plugin

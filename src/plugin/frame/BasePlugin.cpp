@@ -10,10 +10,12 @@
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPPluginsSuite.h"
+#include "plugin/document/Art.h"
+#include "plugin/document/Layer.h"
 #include "plugin/frame/Convert.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"
-#include "plugin/host/HostCall.h"
+#include "plugin/host/RefCountMap.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
@@ -27,7 +29,7 @@ constexpr std::int32_t kNoUndoSuite = 1001;
 constexpr std::int32_t kPluginGroupOptions = 4096;
 
 /// In the order of ToolEvent.
-constexpr core::MessageType kToolMessages[toolEventCount] = {
+constexpr core::MessageType kToolMessages[kToolEventCount] = {
     core::MessageType::ToolEditOptions,      core::MessageType::ToolTrackCursor,
     core::MessageType::ToolMouseDown,        core::MessageType::ToolMouseDrag,
     core::MessageType::ToolMouseUp,          core::MessageType::ToolSelect,
@@ -39,6 +41,8 @@ ToolEvent toolEvent(core::MessageType type) {
     return static_cast<ToolEvent>(std::find(std::begin(kToolMessages), std::end(kToolMessages), type) -
                                   std::begin(kToolMessages));
 }
+
+void answer(bool handled) { Dispatcher::setAnswer(handled ? Dispatcher::kHandled : Dispatcher::kNotHandled); }
 
 bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <= ToolEvent::Reselect; }
 
@@ -54,7 +58,7 @@ void releaseHost() {
 }
 
 std::string pluginName(const void* record) {
-    return host::ask<&SPPluginsSuite::GetPluginName>("", MessageHead(record).self);
+    return host::get<&SPPluginsSuite::GetPluginName>(MessageHead(record).self);
 }
 
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
@@ -74,7 +78,7 @@ void log(std::string_view line) {
 
 void BasePlugin::setName(const std::string& name) {
     name_ = name;
-    host::call<&SPPluginsSuite::SetPluginName>(plugin_, name.c_str());
+    host::call<&SPPluginsSuite::SetPluginName>(plugin_, name);
 }
 
 // Life
@@ -83,9 +87,7 @@ void BasePlugin::setName(const std::string& name) {
 bool BasePlugin::subscribe(const std::string& label, std::string_view type, const core::CallbackSlot& callback) {
     std::string name = label + name_;
     std::replace(name.begin(), name.end(), ' ', '_');
-    const auto notifier = std::make_shared<Notifier>(plugin_, name, type, callback);
-    if (notifier->handle()) ownNotifiers_.add(notifier);
-    return notifier->handle() != nullptr;
+    return ownNotifiers_.add(std::make_shared<Notifier>(plugin_, name, type, callback)) != nullptr;
 }
 
 std::int32_t BasePlugin::startup() {
@@ -119,8 +121,7 @@ std::int32_t BasePlugin::startup() {
 void BasePlugin::addPluginGroup() {
     if (group_) return;
     const std::string name = name_ + " Custom Art";
-    group_ = host::ask<&AIPluginGroupSuite::AddAIPluginGroup>(AIPluginGroupHandle{}, plugin_, name.c_str(),
-                                                              kPluginGroupOptions);
+    group_ = host::get<&AIPluginGroupSuite::AddAIPluginGroup>(plugin_, name, kPluginGroupOptions);
 }
 
 std::int32_t BasePlugin::shutdown() {
@@ -128,63 +129,58 @@ std::int32_t BasePlugin::shutdown() {
     dispatcher_.clear();
     aroundTools_ = {};
     brightnessAdjusted = {};
-    menus_.selected = {};
-    menus_.updating = {};
-    // Handles that outlive the plug-in are empty.
-    for (const std::shared_ptr<BaseTool>& tool : tools_) tool->destroy();
-    tools_.clear();
-    ownNotifiers_.clear();
-    notifiers_.clear();
-    menus_.clear();
-    SharedMenuGroup::Map::each([](auto& shared) { shared.impl.forget(); });
-    timers_.clear();
-    annotators_.clear();
+    menuItemSelected = {};
+    menuItemsUpdate = {};
+    ownNotifiers_.destroyAll();
+    std::apply([](auto&... kinds) { (kinds.destroyAll(), ...); }, registered_);
     monitors_.clear();
-    SharedThirdPartyPlugin::Map::each([](auto& shared) { shared.impl.forget(); });
-    SharedCursor::Map::each([](auto& shared) { shared.impl.forget(); });
+    // Handles that outlive the plug-in are empty.
+    forgetAll<Art, Layer, MenuItem, __IntMenuGroupData, ThirdPartyPlugin, __CursorContainerID>();
     releaseHost();
     return 0;
 }
 
-// Notifiers
+// Messages to what is registered
 
-std::shared_ptr<Notifier> BasePlugin::addNotifier(const std::string& name, std::string_view type,
-                                                  const core::CallbackSlot& callback) {
-    auto notifier = std::make_shared<Notifier>(plugin_, name, type, callback);
-    if (!notifier->handle()) return nullptr;
-    notifiers_.add(notifier);
-    return notifier;
-}
+// Held while its callback works: that may destroy its own object.
 
 void BasePlugin::handleNotifyMessage() {
     const void* const record = Dispatcher::executing()->record;
     if (!record) return;
-    const NotifyMessage message(record);
-    const bool known = ownNotifiers_.notify(message) || notifiers_.notify(message);
-    Dispatcher::setAnswer(known ? Dispatcher::kHandled : Dispatcher::kNotHandled);
+    AINotifier* const handle = NotifyMessage(record).notifier;
+    const std::shared_ptr<Notifier> own = ownNotifiers_.find(handle);
+    const std::shared_ptr<Notifier> notifier = own ? own : registered<Notifier>().find(handle);
+    if (notifier) notifier->callback().run();
+    answer(notifier != nullptr);
 }
-
-// Menus, timers and annotators
 
 void BasePlugin::handleMenuChoice() {
-    if (const void* const record = Dispatcher::executing()->record) menus_.choose(MenuMessage(record).item);
+    const void* const record = Dispatcher::executing()->record;
+    const auto item = record ? registered<MenuItem>().find(MenuMessage(record).item) : nullptr;
+    if (!item) return;
+    item->callback().run();
+    menuItemSelected.run();
 }
-
-void BasePlugin::handleMenuUpdate() { menus_.update(); }
 
 void BasePlugin::handleTimerMessage() {
     const void* const record = Dispatcher::executing()->record;
-    const bool ran = record && timers_.fire(TimerMessage(record).timer);
-    Dispatcher::setAnswer(ran ? Dispatcher::kHandled : Dispatcher::kNotHandled);
+    const auto timer = record ? registered<Timer>().find(TimerMessage(record).timer) : nullptr;
+    const bool runs = timer && timer->registered() && timer->active();
+    // One that comes once is gone by the time its callback runs.
+    if (runs && timer->repeats() == Timer::Repeats::Once) registered<Timer>().destroy(*timer);
+    if (runs) timer->callback().run();
+    answer(runs);
 }
 
 void BasePlugin::handleAnnotatorMessage() {
     const void* const record = Dispatcher::executing()->record;
-    const bool ran = record && annotators_.run(AnnotatorMessage(record).annotator);
-    Dispatcher::setAnswer(ran ? Dispatcher::kHandled : Dispatcher::kNotHandled);
+    const auto annotator = record ? registered<Annotator>().find(AnnotatorMessage(record).annotator) : nullptr;
+    const bool runs = annotator && annotator->registered();
+    if (runs) annotator->callback().run();
+    answer(runs);
 }
 
-// Keys, mouse buttons, and the interface
+// Keys, mouse buttons, and what is on the screen
 
 void BasePlugin::handleKey() {
     if (const void* const record = Dispatcher::executing()->record)
@@ -196,17 +192,11 @@ void BasePlugin::handleButton() {
         monitors_.pressed(Input(static_cast<core::MouseButton>(InputMessage(record).code)));
 }
 
-void BasePlugin::followMarks() { annotators_.follow(Dispatcher::executing()->toolMessage); }
-
-void BasePlugin::handleBrightness() { brightnessAdjusted.run(); }
+void BasePlugin::followMarks() {
+    if (!registered<Annotator>().all().empty()) marks_.follow(Dispatcher::executing()->toolMessage);
+}
 
 // Tools
-
-void BasePlugin::addTool(const std::shared_ptr<BaseTool>& tool) { tools_.push_back(tool); }
-
-void BasePlugin::removeTool(const BaseTool& tool) {
-    std::erase_if(tools_, [&](const std::shared_ptr<BaseTool>& known) { return known.get() == &tool; });
-}
 
 /// A tool message on its way to its tool. A nested one gives the outer one its current tool back, and if it is to the
 /// same tool, where the cursor is.
@@ -216,7 +206,7 @@ class BasePlugin::ToolScope {
         for (const Executing* at = Dispatcher::executing()->outer; at; at = at->outer) {
             if (!at->toolMessage) continue;
             outerTool_ = owner.currentTool_;
-            if (at->toolMessage->tool == tool.toolHandle()) outerCursor_ = tool.cursor();
+            if (at->toolMessage->tool == tool.handle()) outerCursor_ = tool.cursor();
         }
     }
     ~ToolScope() {
@@ -238,23 +228,20 @@ void BasePlugin::handleToolMessage() {
     if (!here.toolMessage) return;
     const ToolMessage& message = *here.toolMessage;
     const ToolEvent event = toolEvent(here.row->type);
-    const auto known =
-        std::find_if(tools_.begin(), tools_.end(), [&](const auto& t) { return t->toolHandle() == message.tool; });
-    if (known == tools_.end()) return;
-    // Held while it works: a callback may destroy its own tool.
-    const std::shared_ptr<BaseTool> tool = *known;
+    const std::shared_ptr<BaseTool> tool = registered<BaseTool>().find(message.tool);
+    if (!tool) return;
     const ToolScope scope(*this, *tool);
     if (makesCurrent(event)) currentTool_ = tool;
     // What comes before the event knows the location too, as it knows the keys.
     tool->setCursor({.location = message.cursor, .held = false});
     around(event).before.run();
-    if (tool->toolHandle()) Dispatcher::setAnswer(tool->handle(event));
+    if (tool->handle()) Dispatcher::setAnswer(tool->handleEvent(event));
     around(event).after.run();
     if (tool->cursor().held) ToolMessage::holdCursor(here.record, tool->cursorLoc());
 }
 
 bool BasePlugin::toolsSnapTo(core::ToolSnapping kind) const {
-    return (host::ask<&AICursorSnapSuite::GetToolSnapping>(std::int32_t{0}, plugin_) & bits(kind)) != 0;
+    return any(host::get<&AICursorSnapSuite::GetToolSnapping, core::ToolSnapping>(plugin_) & kind);
 }
 
 void BasePlugin::setToolsSnapTo(core::ToolSnapping kind, bool snap) {

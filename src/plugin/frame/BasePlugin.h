@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
-#include <vector>
+#include <tuple>
+#include <utility>
 
 #include "core/values/FrameEnumerations.h"
 #include "plugin/frame/Annotator.h"
@@ -17,6 +18,7 @@
 #include "plugin/frame/Notifier.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 #include "plugin/frame/Timer.h"
+#include "plugin/host/Registered.h"
 
 struct AIPluginGroup;
 struct SPPlugin;
@@ -54,19 +56,15 @@ class BasePlugin {
     /// Lets go of all that was registered, callbacks too, and gives every suite back. Returns 0.
     std::int32_t shutdown();
 
-    // Notifiers
-    /// A subscription that lasts until shut-down; null when the host refuses.
-    std::shared_ptr<Notifier> addNotifier(const std::string& name, std::string_view type,
-                                          const core::CallbackSlot& callback);
-    [[nodiscard]] NotifierRegistry& notifiers() { return notifiers_; }
+    // What the client has registered with the host: Notifier, MenuItem, Timer, Annotator, BaseTool
+    template <class T> [[nodiscard]] Registered<T>& registered() { return std::get<Registered<T>>(registered_); }
 
-    // Menus, timers and annotators
-    [[nodiscard]] MenuRegistry& menus() { return menus_; }
-    [[nodiscard]] TimerRegistry& timers() { return timers_; }
-    [[nodiscard]] AnnotatorRegistry& annotators() { return annotators_; }
-
-    // Keys, mouse buttons, and the interface
+    // Keys and mouse buttons
     [[nodiscard]] Monitors& monitors() { return monitors_; }
+
+    // The client's callbacks
+    core::CallbackSlot menuItemSelected; ///< after the chosen item's own
+    core::CallbackSlot menuItemsUpdate;
     core::CallbackSlot brightnessAdjusted;
 
     // Tools
@@ -76,9 +74,6 @@ class BasePlugin {
         core::CallbackSlot after;
     };
     [[nodiscard]] AroundTool& around(ToolEvent event) { return aroundTools_[static_cast<std::size_t>(event)]; }
-    /// Takes part in owning a tool, so that it is there while a message to it is handled.
-    void addTool(const std::shared_ptr<BaseTool>& tool);
-    void removeTool(const BaseTool& tool);
     /// The tool of the last select, track or mouse message; null before the first.
     [[nodiscard]] std::shared_ptr<BaseTool> currentTool() const { return currentTool_.lock(); }
 
@@ -96,33 +91,46 @@ class BasePlugin {
     [[nodiscard]] bool subscribe(const std::string& label, std::string_view type,
                                  const core::CallbackSlot& callback = {});
     void followMarks();
-    void handleBrightness();
+    void handleBrightness() { brightnessAdjusted.run(); }
     void handleKey();
     void handleButton();
     void handleNotifyMessage();
     void handleMenuChoice();
-    void handleMenuUpdate();
+    void handleMenuUpdate() { menuItemsUpdate.run(); }
     void handleTimerMessage();
     void handleAnnotatorMessage();
     void handleToolMessage();
 
     SPPlugin* plugin_;
     std::string name_;
-    AnnotatorRegistry annotators_;
     Dispatcher dispatcher_;
-    NotifierRegistry ownNotifiers_; ///< the framework's, of which a client knows nothing
-    NotifierRegistry notifiers_;
-    MenuRegistry menus_;
-    TimerRegistry timers_;
+    Registered<Notifier> ownNotifiers_; ///< the framework's, of which a client knows nothing
+    std::tuple<Registered<Notifier>, Registered<MenuItem>, Registered<Timer>, Registered<Annotator>,
+               Registered<BaseTool>>
+        registered_;
+    MarkFollower marks_;
     Monitors monitors_;
-    std::array<AroundTool, toolEventCount> aroundTools_;
-    std::vector<std::shared_ptr<BaseTool>> tools_;
+    std::array<AroundTool, kToolEventCount> aroundTools_;
     std::weak_ptr<BaseTool> currentTool_;
     AIPluginGroup* group_ = nullptr;
 };
 
 /// The one plug-in, as long as it exists; null before start-up and after shut-down. Handles register with it.
 [[nodiscard]] BasePlugin* frame();
+
+/// Makes an object of the host for the plug-in, and registers it; null without a plug-in, and when the host refuses. A
+/// `Made` may be more than what it is registered as.
+template <class Kind, class Made = Kind, class... Arguments>
+[[nodiscard]] std::shared_ptr<Made> makeRegistered(const Arguments&... arguments) {
+    if (!frame()) return nullptr;
+    const auto made = std::make_shared<Made>(frame()->spPluginRef(), arguments...);
+    return frame()->registered<Kind>().add(made) ? made : nullptr;
+}
+
+/// Has the host remove a registered object; nothing for null.
+template <class Kind> void destroyRegistered(Kind* object) {
+    if (object && frame()) frame()->registered<Kind>().destroy(*object);
+}
 
 /// Notes a line in the platform's log, under the plug-in's name if there is one.
 void log(std::string_view line);

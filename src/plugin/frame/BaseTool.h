@@ -7,11 +7,12 @@
 #include <string>
 #include <vector>
 
+#include "core/values/ArtboardPoint.h"
 #include "core/values/BuiltinTool.h"
 #include "core/values/DocumentEnumerations.h"
 #include "core/values/FrameEnumerations.h"
 #include "plugin/document/HitData.h"
-#include "plugin/values/ArtboardPoint.h"
+#include "plugin/host/Object.h"
 
 struct AITool;
 struct SPPlugin;
@@ -31,16 +32,16 @@ enum class ToolEvent : std::uint8_t {
     DecreaseDiameter,
     IncreaseDiameter
 };
-inline constexpr std::size_t toolEventCount = 10;
+inline constexpr std::size_t kToolEventCount = 10;
 
-class BaseTool {
+class BaseTool : public host::Object<AITool> {
   public:
-    static constexpr std::int16_t noNumber = -2;
+    static constexpr std::int16_t kNoNumber = -2;
 
     /// How a tool presents itself. A group or tool set is named by the number of a tool in it.
     struct Description {
-        std::int16_t group = noNumber;
-        std::int16_t toolset = noNumber;
+        std::int16_t group = kNoNumber;
+        std::int16_t toolset = kNoNumber;
         std::string title;
         std::string tip;
         std::int16_t lightIconID = 0;
@@ -55,7 +56,6 @@ class BaseTool {
     BaseTool& operator=(const BaseTool&) = delete;
 
     // Identity
-    [[nodiscard]] AITool* toolHandle() const { return handle_; }
     [[nodiscard]] std::int16_t number() const;
     [[nodiscard]] std::string name() const;
     [[nodiscard]] std::string title() const;
@@ -75,20 +75,20 @@ class BaseTool {
     // Events
     /// Checks the current layer, records the gesture, then always runs the client's callback. Returns 0, 1000 (layer
     /// not editable) or 1001 (not visible).
-    std::int32_t handle(ToolEvent event);
+    std::int32_t handleEvent(ToolEvent event);
 
     // The gesture
     struct Cursor {
-        ArtboardPoint location;
+        core::ArtboardPoint location;
         bool held = false; ///< the client put it there
     };
     [[nodiscard]] const Cursor& cursor() const { return cursor_; }
     void setCursor(const Cursor& cursor) { cursor_ = cursor; } ///< as a message says, or said before
-    [[nodiscard]] const ArtboardPoint& cursorLoc() const { return cursor_.location; }
+    [[nodiscard]] const core::ArtboardPoint& cursorLoc() const { return cursor_.location; }
     /// Holds the cursor there; the host hears of it when the message has been handled.
-    void setCursorLoc(const ArtboardPoint& location) { cursor_ = {.location = location, .held = true}; }
-    [[nodiscard]] const std::vector<ArtboardPoint>& mouseDownLocs() const { return mouseDownLocs_; }
-    [[nodiscard]] const std::vector<ArtboardPoint>& mouseUpLocs() const { return mouseUpLocs_; }
+    void setCursorLoc(const core::ArtboardPoint& location) { cursor_ = {.location = location, .held = true}; }
+    [[nodiscard]] const std::vector<core::ArtboardPoint>& mouseDownLocs() const { return mouseDownLocs_; }
+    [[nodiscard]] const std::vector<core::ArtboardPoint>& mouseUpLocs() const { return mouseUpLocs_; }
     void resetCursorLocs(); ///< empties both lists, and nothing was dragged
     [[nodiscard]] bool wasDragged() const { return wasDragged_; }
     /// 0; 1000 when the current layer is not editable, else 1001 when it is not visible.
@@ -110,15 +110,14 @@ class BaseTool {
     std::int32_t mouseUp();
 
     Cursor cursor_;
-    std::vector<ArtboardPoint> mouseDownLocs_;
-    std::vector<ArtboardPoint> mouseUpLocs_;
+    std::vector<core::ArtboardPoint> mouseDownLocs_;
+    std::vector<core::ArtboardPoint> mouseUpLocs_;
     bool wasDragged_ = false;
-    AITool* handle_ = nullptr;
     std::int16_t lightIconID_;
     std::int16_t darkIconID_;
 };
 
-/// The number of the host's own tool; BaseTool::noNumber when the host lacks it.
+/// The number of the host's own tool; BaseTool::kNoNumber when the host lacks it.
 [[nodiscard]] std::int16_t builtinToolNumber(core::BuiltinTool tool);
 
 } // namespace kzo::plugin

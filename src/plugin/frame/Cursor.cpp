@@ -1,20 +1,22 @@
 // The choice of an image, and the numbers of cursors.
 #include "plugin/frame/Cursor.h"
 
+#include "plugin/host/RefCountMap.h"
+
 namespace kzo::plugin {
 
 namespace {
 
 // Displays tell their scale with some noise, so one of exactly 1 or 2 stays on its own side.
-constexpr double moreThanNormal = 1.01;
-constexpr double moreThanDouble = 2.01;
+constexpr double kMoreThanNormal = 1.01;
+constexpr double kMoreThanDouble = 2.01;
 
 /// The number of the first living cursor that fits; 0 when none does.
 template <class Predicate> unsigned findLiving(Predicate fits) {
     unsigned number = 0;
-    SharedCursor::Map::each([&](const auto& shared) {
+    MapOf<__CursorContainerID>::each([&](const auto& shared) {
         const bool first = number == 0 || shared.key < number;
-        if (shared.impl.handle() && first && fits(shared.impl.cursor())) number = shared.key;
+        if (first && fits(shared.impl.cursor())) number = shared.key;
     });
     return number;
 }
@@ -31,9 +33,9 @@ void Cursor::enable() const {
     if (hostNumber_ != 0) return cursors.show(hostNumber_);
     const double display = cursors.displayScale().value_or(1.0);
     int scale = 1;
-    if (display > moreThanDouble && images_.tripled != 0)
+    if (display > kMoreThanDouble && images_.tripled != 0)
         scale = 3;
-    else if (display > moreThanNormal && images_.doubled != 0)
+    else if (display > kMoreThanNormal && images_.doubled != 0)
         scale = 2;
     const CursorImage image = imageAt(scale);
     if (image.resource != 0) cursors.show(image);
@@ -46,14 +48,14 @@ bool Cursor::has(const CursorImage& image) const {
 unsigned numberFor(const Cursor& cursor) {
     unsigned number = findLiving([&](const Cursor& other) { return other == cursor; });
     if (number != 0) return number;
-    number = firstImageCursor;
-    while (SharedCursor::Map::find(number)) ++number;
+    number = kFirstImageCursor;
+    while (MapOf<__CursorContainerID>::find(number)) ++number;
     return number;
 }
 
 unsigned shownCursorNumber() {
     const ShownCursor shown = platform().cursors().shown();
-    if (shown.number != 0) return shown.number < firstImageCursor ? shown.number : 0;
+    if (shown.number != 0) return shown.number < kFirstImageCursor ? shown.number : 0;
     return findLiving([&](const Cursor& cursor) { return cursor.has(shown.image); });
 }
 

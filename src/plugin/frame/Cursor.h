@@ -2,9 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #include "geo/Point.h"
-#include "plugin/host/RefCountMap.h"
 #include "plugin/platform/Platform.h"
 
 struct SPPlugin;
@@ -51,17 +51,15 @@ class __CursorContainerID {
 
     [[nodiscard]] unsigned handle() const { return number_; }
     [[nodiscard]] const Cursor& cursor() const { return cursor_; }
-    void forget() { number_ = 0; } ///< the host is not to be asked any more
+    unsigned release() { return std::exchange(number_, 0); } ///< the host is not to be asked any more
 
   private:
     unsigned number_;
     Cursor cursor_;
 };
 
-using SharedCursor = SharedImpl<unsigned, __CursorContainerID>;
-
 /// The host's cursors have numbers from 1 to below this one; those made of images are numbered from here.
-inline constexpr unsigned firstImageCursor = 0x10000;
+inline constexpr unsigned kFirstImageCursor = 0x10000;
 
 /// The number of a cursor made of images: that of an equal one that something holds, else one that is free.
 [[nodiscard]] unsigned numberFor(const Cursor& cursor);

@@ -6,15 +6,13 @@
 #include <vector>
 
 #include "core/values/BuiltinMenuGroup.h"
-#include "plugin/host/RefCountMap.h"
+#include "plugin/host/Object.h"
 
 struct SPPlugin;
 struct _t_MenuGroupOpaque;
 struct _t_MenuItemOpaque;
 
 namespace kzo::plugin {
-
-class MenuRegistry;
 
 /// The host's name of one of its own groups; empty for a value that stands for none.
 [[nodiscard]] std::string builtinGroupName(core::BuiltinMenuGroup group);
@@ -36,16 +34,14 @@ struct MenuGroupEntry {
     _t_MenuGroupOpaque* group = nullptr;
 };
 
-/// Without a handle (after `destroy`) every query answers its neutral value.
-class __IntMenuGroupData {
+class __IntMenuGroupData : public host::Object<_t_MenuGroupOpaque> {
   public:
-    explicit __IntMenuGroupData(_t_MenuGroupOpaque* handle) : handle_(handle) {}
+    using Object::Object;
 
     /// Adds a group under the name "KZO TEXT". Null when the host refuses, or for an empty name of the group near by.
     [[nodiscard]] static _t_MenuGroupOpaque* create(SPPlugin* plugin, const std::string& nearGroup,
                                                     const std::string& text, const MenuGroupPlace& place);
 
-    [[nodiscard]] _t_MenuGroupOpaque* handle() const { return handle_; }
     [[nodiscard]] _t_MenuItemOpaque* opener() const; ///< the item that opens the group, or null
     [[nodiscard]] std::string name() const;
     [[nodiscard]] std::string text() const;
@@ -58,17 +54,12 @@ class __IntMenuGroupData {
     [[nodiscard]] _t_MenuGroupOpaque* parent() const; ///< null for a section of its own
     [[nodiscard]] std::vector<MenuGroupEntry> children() const;
 
-    /// Removes the group from the host. It is without a handle whatever the host answers; what it held is too if the
+    /// Removes the group from the host. It is without a handle whatever the host returns; what it held is too if the
     /// host did it.
-    void destroy(MenuRegistry& items);
-    void forget() { handle_ = nullptr; } ///< the host has taken the group away
+    void destroy();
 
   private:
     [[nodiscard]] std::int32_t options() const;
-
-    _t_MenuGroupOpaque* handle_;
 };
-
-using SharedMenuGroup = SharedImpl<_t_MenuGroupOpaque*, __IntMenuGroupData>;
 
 } // namespace kzo::plugin

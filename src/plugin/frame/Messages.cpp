@@ -9,6 +9,7 @@
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/StageSuite.h"
+#include "plugin/document/Convert.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
@@ -36,20 +37,20 @@ AnnotatorMessage::AnnotatorMessage(const void* record) {
     rectCount_ = rects_ ? std::max(host.invalidationRectCount, 0) : 0;
 }
 
-std::vector<ArtboardRect> AnnotatorMessage::invalidationRects() const {
-    return std::vector<ArtboardRect>(rects_, rects_ + rectCount_);
+std::vector<core::ArtboardRect> AnnotatorMessage::invalidationRects() const {
+    return host::fromHost<core::ArtboardRect>(std::vector<AIRealRect>(rects_, rects_ + rectCount_));
 }
 
 InputMessage::InputMessage(const void* record) : code(static_cast<const StageInputMessage*>(record)->code) {}
 
 ToolMessage::ToolMessage(const void* record)
     : tool(static_cast<const AIToolMessage*>(record)->tool),
-      cursor(static_cast<const AIToolMessage*>(record)->cursor),
+      cursor(host::fromHost<core::ArtboardPoint>(static_cast<const AIToolMessage*>(record)->cursor)),
       modifiers(modifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)),
       takenBack((static_cast<const AIToolMessage*>(record)->flags & kAIGestureTakenBack) != 0) {}
 
-void ToolMessage::holdCursor(void* record, const ArtboardPoint& at) {
-    static_cast<AIToolMessage*>(record)->cursor = at.toAIRealPoint();
+void ToolMessage::holdCursor(void* record, const core::ArtboardPoint& at) {
+    static_cast<AIToolMessage*>(record)->cursor = host::toHost(at);
 }
 
 } // namespace kzo::plugin

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
+#include "core/values/ArtboardPoint.h"
+#include "core/values/ArtboardRect.h"
 #include "core/values/FrameEnumerations.h"
-#include "plugin/values/ArtboardPoint.h"
-#include "plugin/values/ArtboardRect.h"
 
 struct AIAnnotator;
 struct AIDocumentView;
@@ -58,7 +58,7 @@ struct AnnotatorMessage {
     AIDocumentView* view;
     bool triggeredByDragScroll;
     bool showEdges;
-    [[nodiscard]] std::vector<ArtboardRect> invalidationRects() const;
+    [[nodiscard]] std::vector<core::ArtboardRect> invalidationRects() const;
 
   private:
     const AIRealRect* rects_;
@@ -75,10 +75,10 @@ struct ToolMessage {
     explicit ToolMessage(const void* record);
 
     /// Tells the host where the tool holds the cursor, in its record.
-    static void holdCursor(void* record, const ArtboardPoint& at);
+    static void holdCursor(void* record, const core::ArtboardPoint& at);
 
     AITool* tool;
-    ArtboardPoint cursor;
+    core::ArtboardPoint cursor;
     core::ModifierKeys modifiers;
     bool takenBack; ///< the gesture is, instead of ended
 };

@@ -28,7 +28,7 @@ class Monitors {
   public:
     explicit Monitors(SPPlugin* plugin) : plugin_(plugin) {}
 
-    /// Answers the monitor's number, counted from 1, or 0 when the platform tells of no input.
+    /// Returns the monitor's number, counted from 1, or 0 when the platform tells of no input.
     std::uint32_t add(const Input& input, const core::CallbackSlot& callback);
     [[nodiscard]] core::Callback* find(Input::Kind kind, std::uint32_t id) const; ///< null when there is none
     void remove(Input::Kind kind, std::uint32_t id);

@@ -6,65 +6,50 @@
 #include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPPluginsSuite.h"
 #include "plugin/frame/Convert.h"
-#include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {
 
 std::vector<SPPlugin*> ThirdPartyPlugin::all() {
     std::vector<SPPlugin*> plugins;
-    const auto count = host::ask<&SPPluginsSuite::CountPlugins>(std::int32_t{0});
+    const std::int32_t count = host::get<&SPPluginsSuite::CountPlugins>();
     for (std::int32_t i = 0; i < count; ++i)
-        if (SPPlugin* const plugin = host::ask<&SPPluginsSuite::GetNthPlugin>(SPPluginRef{}, i))
-            plugins.push_back(plugin);
+        if (SPPlugin* const plugin = host::get<&SPPluginsSuite::GetNthPlugin>(i)) plugins.push_back(plugin);
     return plugins;
 }
 
-std::string ThirdPartyPlugin::name() const { return host::ask<&SPPluginsSuite::GetPluginName>("", plugin_); }
-std::string ThirdPartyPlugin::fileName() const { return host::ask<&SPPluginsSuite::GetPluginFileName>("", plugin_); }
-std::string ThirdPartyPlugin::filePath() const { return host::ask<&SPPluginsSuite::GetPluginFilePath>("", plugin_); }
-
+std::string ThirdPartyPlugin::name() const { return get<&SPPluginsSuite::GetPluginName>(); }
+std::string ThirdPartyPlugin::fileName() const { return get<&SPPluginsSuite::GetPluginFileName>(); }
+std::string ThirdPartyPlugin::filePath() const { return get<&SPPluginsSuite::GetPluginFilePath>(); }
 core::PluginOptions ThirdPartyPlugin::options() const {
-    return host::get<&SPPluginsSuite::GetPluginOptions, core::PluginOptions>(plugin_);
+    return get<&SPPluginsSuite::GetPluginOptions, core::PluginOptions>();
 }
-
 void ThirdPartyPlugin::setOptions(core::PluginOptions options) const {
-    host::call<&SPPluginsSuite::SetPluginOptions>(plugin_, options);
+    call<&SPPluginsSuite::SetPluginOptions>(options);
 }
-
-bool ThirdPartyPlugin::started() const {
-    return host::ask<&SPPluginsSuite::GetPluginStarted>(AIBoolean{0}, plugin_) != 0;
-}
-
-bool ThirdPartyPlugin::broken() const {
-    return host::ask<&SPPluginsSuite::GetPluginBroken>(AIBoolean{1}, plugin_) != 0;
-}
-
-void* ThirdPartyPlugin::platformPlugin() const {
-    return host::ask<&SPPluginsSuite::GetPluginPlatformRef>(static_cast<void*>(nullptr), plugin_);
-}
+bool ThirdPartyPlugin::started() const { return get<&SPPluginsSuite::GetPluginStarted>(); }
+bool ThirdPartyPlugin::broken() const { return getOr<&SPPluginsSuite::GetPluginBroken>(true); }
+void* ThirdPartyPlugin::platformPlugin() const { return get<&SPPluginsSuite::GetPluginPlatformRef>(); }
 
 std::vector<std::uint8_t> ThirdPartyPlugin::resourceData(const std::string& type, std::int16_t number) const {
-    const auto size = host::ask<&SPPluginsSuite::GetPluginResourceSize>(std::int32_t{0}, plugin_, type.c_str(), number);
-    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(std::max(size, 0)));
+    const std::int32_t size = std::max(get<&SPPluginsSuite::GetPluginResourceSize>(type, number), 0);
+    std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
     void* const into = bytes.data();
-    const bool read =
-        !bytes.empty() && host::call<&SPPluginsSuite::GetPluginResource>(plugin_, type.c_str(), number, size, into);
+    const bool read = size > 0 && call<&SPPluginsSuite::GetPluginResource>(type, number, size, into);
     return read ? bytes : std::vector<std::uint8_t>();
 }
 
 bool ThirdPartyPlugin::prepMessageData(SPMessageData& message) const {
-    return host::call<&SPInterfaceSuite::SetUpMessageData>(plugin_, &message);
+    return call<&SPInterfaceSuite::SetUpMessageData>(&message);
 }
 
 bool ThirdPartyPlugin::cleanMessageData(SPMessageData& message) const {
-    return host::call<&SPInterfaceSuite::EmptyMessageData>(plugin_, &message);
+    return call<&SPInterfaceSuite::EmptyMessageData>(&message);
 }
 
 std::int32_t ThirdPartyPlugin::message(const std::string& caller, const std::string& selector, SPMessageData* data,
                                        std::int32_t& result) const {
-    const bool sent =
-        host::call<&SPInterfaceSuite::SendMessage>(plugin_, caller.c_str(), selector.c_str(), data, &result);
-    return sent ? kNoErr : host::monitor().refusedError();
+    return call<&SPInterfaceSuite::SendMessage>(caller, selector, data, &result) ? kNoErr
+                                                                                 : host::monitor().refusedError();
 }
 
 } // namespace kzo::plugin

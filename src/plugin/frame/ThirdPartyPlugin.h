@@ -7,21 +7,20 @@
 #include <vector>
 
 #include "core/values/FrameEnumerations.h"
-#include "plugin/host/RefCountMap.h"
+#include "plugin/host/Object.h"
 
 struct SPMessageData;
 struct SPPlugin;
 
 namespace kzo::plugin {
 
-class ThirdPartyPlugin {
+class ThirdPartyPlugin : public host::Object<SPPlugin> {
   public:
-    explicit ThirdPartyPlugin(SPPlugin* plugin) : plugin_(plugin) {}
+    using Object::Object;
 
     /// All plug-ins that the host has loaded, ours among them.
     [[nodiscard]] static std::vector<SPPlugin*> all();
 
-    [[nodiscard]] SPPlugin* handle() const { return plugin_; }
     [[nodiscard]] std::string name() const;
     [[nodiscard]] std::string fileName() const;
     [[nodiscard]] std::string filePath() const;
@@ -39,13 +38,6 @@ class ThirdPartyPlugin {
     /// 0 or the host's error code.
     std::int32_t message(const std::string& caller, const std::string& selector, SPMessageData* data,
                          std::int32_t& result) const;
-
-    void forget() { plugin_ = nullptr; } ///< the host is not to be asked any more
-
-  private:
-    SPPlugin* plugin_;
 };
-
-using SharedThirdPartyPlugin = SharedImpl<SPPlugin*, ThirdPartyPlugin>;
 
 } // namespace kzo::plugin

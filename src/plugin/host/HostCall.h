@@ -156,14 +156,4 @@ template <auto Entry, class As, class... Arguments> As get(const Arguments&... a
     return getOr<Entry, As>(As(), arguments...);
 }
 
-/// Calls an operation whose last argument is where the answer goes. Returns `neutral` when the host refuses, and for a
-/// null answer, so that a text is always one.
-template <auto Entry, class Result, class... Arguments>
-[[nodiscard]] Result ask(Result neutral, Arguments... arguments) {
-    Result result = neutral;
-    if (!call<Entry>(arguments..., &result)) return neutral;
-    if constexpr (std::is_pointer_v<Result>) return result ? result : neutral;
-    return result;
-}
-
 } // namespace kzo::plugin::host

@@ -1,5 +1,5 @@
-// Sharing of implementation objects: handles made separately from one host object meet in one wrapper. The count is
-// kept here, by key; the map exists only while something is in it. Main thread only.
+// Sharing of implementation objects: handles made separately from one host object meet in one of them. Holders are
+// counted here, by key; a map exists only while something is in it. Main thread only.
 #pragma once
 
 #include <memory>
@@ -12,11 +12,12 @@ namespace kzo::plugin {
 template <class Key, class Impl> struct __RefCountWrapper {
     Key key;
     Impl impl;
+    long holdersLeft = 0; ///< once it is out of the map, which counts them until then
 };
 
 template <class Key, class Wrapper> class RefCountMap {
   public:
-    /// The wrapper of `key` with one more holder. `make()` answers the implementation object if there is none yet.
+    /// The wrapper of `key` with one more holder. `make()` returns the implementation object if there is none yet.
     template <class Make> [[nodiscard]] static Wrapper* acquire(Key key, Make make) {
         if (!map_) map_ = new Map;
         auto at = map_->find(key);
@@ -27,12 +28,27 @@ template <class Key, class Wrapper> class RefCountMap {
     }
 
     /// One holder less; the last one takes the wrapper along.
-    static void release(Key key) {
-        if (!map_) return;
+    static void release(Wrapper* wrapper) {
+        if (find(wrapper->key) != wrapper) {
+            if (--wrapper->holdersLeft == 0) delete wrapper;
+            return;
+        }
+        const auto at = map_->find(wrapper->key);
+        if (--at->second.count == 0) erase(at);
+    }
+
+    /// Leaves the implementation object of `key` without its handle, for ever: it is out of the map and lives on for
+    /// its holders alone, so that nothing made later of the same key finds it.
+    static void forget(Key key) {
+        if (!find(key)) return;
         const auto at = map_->find(key);
-        if (at == map_->end() || --at->second.count > 0) return;
-        map_->erase(at);
-        if (map_->empty()) delete std::exchange(map_, nullptr);
+        Wrapper* const wrapper = at->second.wrapper.release();
+        wrapper->impl.release();
+        wrapper->holdersLeft = at->second.count;
+        erase(at);
+    }
+    static void forgetAll() {
+        while (map_) forget(map_->begin()->first);
     }
 
     /// The wrapper of `key` for a look, or null when nothing holds one.
@@ -57,30 +73,28 @@ template <class Key, class Wrapper> class RefCountMap {
     };
     using Map = std::unordered_map<Key, Entry>;
 
+    static void erase(typename Map::iterator at) {
+        map_->erase(at);
+        if (map_->empty()) delete std::exchange(map_, nullptr);
+    }
+
     // With no destructor, since a handle of a client may be the last thing of the process to go.
     inline static Map* map_ = nullptr;
 };
 
-/// One holder of the wrapper of a host object. An implementation that has lost its object starts anew: the host may use
-/// a handle twice.
-template <class Key, class Impl> class SharedImpl {
-  public:
-    using Map = RefCountMap<Key, __RefCountWrapper<Key, Impl>>;
+template <class Impl> using KeyOf = decltype(std::declval<const Impl&>().handle());
+template <class Impl> using MapOf = RefCountMap<KeyOf<Impl>, __RefCountWrapper<KeyOf<Impl>, Impl>>;
 
-    explicit SharedImpl(Key key) : SharedImpl(key, [key] { return Impl(key); }) {}
-    /// For an implementation that takes more than its key: `make()` answers it.
-    template <class Make> SharedImpl(Key key, Make make) : wrapper_(Map::acquire(key, make)) {
-        if (!wrapper_->impl.handle()) wrapper_->impl = make();
-    }
-    ~SharedImpl() { Map::release(wrapper_->key); }
-    SharedImpl(const SharedImpl&) = delete;
-    SharedImpl& operator=(const SharedImpl&) = delete;
+/// The implementation object that the handles on one host object share; `make()` returns it if there is none yet.
+template <class Impl, class Make> [[nodiscard]] std::shared_ptr<Impl> share(KeyOf<Impl> key, Make make) {
+    auto* const wrapper = MapOf<Impl>::acquire(key, make);
+    return std::shared_ptr<Impl>(&wrapper->impl, [wrapper](Impl*) { MapOf<Impl>::release(wrapper); });
+}
+/// The same, made of the key alone; null for the null handle.
+template <class Impl> [[nodiscard]] std::shared_ptr<Impl> share(KeyOf<Impl> key) {
+    return key ? share<Impl>(key, [key] { return Impl(key); }) : nullptr;
+}
 
-    /// Null once the object is gone.
-    [[nodiscard]] Impl* get() const { return wrapper_->impl.handle() ? &wrapper_->impl : nullptr; }
-
-  private:
-    __RefCountWrapper<Key, Impl>* wrapper_;
-};
+template <class... Impls> void forgetAll() { (MapOf<Impls>::forgetAll(), ...); }
 
 } // namespace kzo::plugin

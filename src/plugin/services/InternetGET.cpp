@@ -122,20 +122,15 @@ class InternetGET::Transfers {
 
     bool startTimer() {
         if (timer_ && timer_->handle()) return true;
-        BasePlugin* const plugin = frame();
-        if (!plugin) return false;
-        timer_ = std::make_shared<Timer>(plugin->spPluginRef(), plugin->name() + " Internet", kPeriod,
-                                         core::CallbackSlot(core::__Callback<Transfers>(this, &Transfers::tick)));
-        if (!timer_->handle()) return false;
-        plugin->timers().add(timer_);
+        const core::__Callback<Transfers> tick(this, &Transfers::tick);
+        timer_ =
+            frame() ? makeRegistered<Timer>(frame()->name() + " Internet", kPeriod, core::CallbackSlot(tick)) : nullptr;
+        if (!timer_) return false;
         lastTick_ = steady_clock::now();
         return true;
     }
 
-    void stopTimer() {
-        if (BasePlugin* const plugin = frame()) plugin->timers().remove(*timer_);
-        timer_->destroy();
-    }
+    void stopTimer() { destroyRegistered(timer_.get()); }
 
     /// A host whose clock runs ahead of the real one would be through with its time before the first byte is here. It
     /// waits for the network instead, until its clock is right again.

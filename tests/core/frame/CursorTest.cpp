@@ -48,7 +48,7 @@ TEST_F(Cursors, AreSharedByNumberAndByWhatTheyAreMadeOf) {
     EXPECT_EQ(Cursor::screenLoc(), Point());
     EXPECT_EQ(monitor.calls(), 0u);
     kept = Cursor();
-    EXPECT_FALSE(kzo::plugin::SharedCursor::Map::exists());
+    EXPECT_FALSE(kzo::plugin::MapOf<kzo::plugin::__CursorContainerID>::exists());
 }
 
 TEST_F(Cursors, ShowTheImageThatTheDisplayHasPixelsFor) {

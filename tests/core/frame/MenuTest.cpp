@@ -78,7 +78,7 @@ TEST_F(Menus, PlaceAGroupAsTheFlagsSay) {
 }
 
 TEST_F(Menus, ShareAGroupAmongItsHandlesUntilItIsDestroyed) {
-    using Map = kzo::plugin::SharedMenuGroup::Map;
+    using Map = kzo::plugin::MapOf<kzo::plugin::__IntMenuGroupData>;
     EXPECT_FALSE(Map::exists());
     desk.inMessage([&] {
         MenuGroup group = newGroup();

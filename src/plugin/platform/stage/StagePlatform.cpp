@@ -4,7 +4,7 @@
 #include <string>
 
 #include "hostapi/StageSuite.h"
-#include "plugin/host/HostCall.h"
+#include "plugin/platform/Convert.h"
 #include "plugin/platform/Platform.h"
 #include "plugin/platform/UserFolders.h"
 
@@ -12,13 +12,11 @@ namespace kzo::plugin {
 
 namespace {
 
-AIRealPoint toHost(const geo::Point& point) { return {point.x, point.y}; }
-
 class StageLog final : public Log {
   public:
     void write(SPPlugin* plugin, std::string_view name, std::string_view line) override {
         const std::string text(line);
-        if (host::call<&StageSuite::Log>(plugin, text.c_str())) return;
+        if (host::call<&StageSuite::Log>(plugin, text)) return;
         const std::string prefix = name.empty() ? "" : std::string(name) + ": ";
         std::fprintf(stderr, "%s%s\n", prefix.c_str(), text.c_str());
     }
@@ -27,11 +25,11 @@ class StageLog final : public Log {
 class StageKeys final : public Keys {
   public:
     [[nodiscard]] core::ModifierKeys held() const override {
-        return modifierKeys(host::ask<&StageSuite::GetModifiers>(std::uint32_t{0}));
+        return host::get<&StageSuite::GetModifiers, core::ModifierKeys>();
     }
 
     bool monitorInput(SPPlugin* plugin, bool monitor) override {
-        return host::call<&StageSuite::MonitorInput>(plugin, AIBoolean{monitor});
+        return host::call<&StageSuite::MonitorInput>(plugin, monitor);
     }
 };
 
@@ -40,16 +38,15 @@ class StageCursors final : public Cursors {
     void show(unsigned number) override { host::call<&StageSuite::SetCursor>(static_cast<std::int32_t>(number)); }
 
     void show(const CursorImage& image) override {
-        const AIRealPoint hotSpot = toHost(image.hotSpot);
-        host::call<&StageSuite::SetCursorImage>(image.plugin, image.resource, &hotSpot, AIReal(image.scale));
+        host::call<&StageSuite::SetCursorImage>(image.plugin, image.resource, image.hotSpot, AIReal(image.scale));
     }
 
     [[nodiscard]] ShownCursor shown() const override {
-        const auto shown = host::ask<&StageSuite::GetCursor>(StageCursor{});
+        const auto shown = host::get<&StageSuite::GetCursor>();
         return {.number = static_cast<unsigned>(shown.number),
                 .image = {.plugin = shown.plugin,
                           .resource = shown.resource,
-                          .hotSpot = {shown.hotSpot.h, shown.hotSpot.v},
+                          .hotSpot = host::fromHost<geo::Point>(shown.hotSpot),
                           .scale = static_cast<int>(shown.scale)}};
     }
 
@@ -62,18 +59,14 @@ class StageCursors final : public Cursors {
 class StageMouse final : public Mouse {
   public:
     [[nodiscard]] geo::Point location() const override {
-        const auto location = host::ask<&StageSuite::GetPointerLocation>(AIRealPoint{});
-        return {location.h, location.v};
+        return host::get<&StageSuite::GetPointerLocation, geo::Point>();
     }
 
     void press(const geo::Point& at) override { post(kStageMouseDown, at); }
     void release(const geo::Point& at) override { post(kStageMouseUp, at); }
 
   private:
-    static void post(std::int32_t event, const geo::Point& at) {
-        const AIRealPoint place = toHost(at);
-        host::call<&StageSuite::PostMouseEvent>(event, &place);
-    }
+    static void post(std::int32_t event, const geo::Point& at) { host::call<&StageSuite::PostMouseEvent>(event, at); }
 };
 
 class StageAlerts final : public Alerts {
