@@ -78,7 +78,7 @@ class Angle {
     [[nodiscard]] int quadrantNumber() const;
 
     // Trigonometry. A result within `tol` of 0 is exactly 0. An infinite argument counts as the largest finite number;
-    // NaN answers NaN.
+    // NaN returns NaN.
     [[nodiscard]] double sin(double tol) const;
     [[nodiscard]] double cos(double tol) const;
     [[nodiscard]] double tan(double tol) const;

@@ -54,7 +54,7 @@ struct Bezier {
     /// Whether the curve stands for an arc of a circle, as drawing programs make them from up to a third of a turn.
     [[nodiscard]] bool isCircularArc() const;
     [[nodiscard]] Box bounds() const; // of the curve, not of its control points
-    /// Moves the control points, as little as can be, so that the curve passes `point` at `t`. Answers false and
+    /// Moves the control points, as little as can be, so that the curve passes `point` at `t`. Returns false and
     /// changes nothing when `t` is not strictly between 0 and 1: the ends stay.
     bool adjustThruPoint(Point point, double t);
 };

@@ -55,7 +55,7 @@ class ArcLength {
         return half * sum;
     }
 
-    /// Calls `visit(t1, t2)` for panels that are good enough, in order, while it answers true.
+    /// Calls `visit(t1, t2)` for panels that are good enough, in order, while it returns true.
     template <typename Visit> void walk(double t1, double t2, Visit&& visit) const {
         // A stop this near to the real axis is a cusp: the speed changes sign there, so to say, and is smooth on both
         // sides. What that leaves out is of the order of the square.

@@ -5,8 +5,8 @@
 
 namespace kzo::geo {
 
-/// Holds the points from `min` to `max`, its border included. y has no direction here: whoever names an edge "top"
-/// knows. Corners are taken as given and never put in order.
+/// Holds the points from `min` to `max`, its border included. The direction of y is the caller's.
+/// Corners are taken as given and never put in order.
 struct Box {
     Point min;
     Point max;

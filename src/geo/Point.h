@@ -1,4 +1,5 @@
-// A point of the plane as a plain value. Distances and directions belong to artboard points, which know where up is.
+// A point of the plane as a plain value. Distances and directions belong to artboard points, since they depend on where
+// up is.
 #pragma once
 
 #include <vector>

@@ -19,7 +19,7 @@ struct TransformMatrix {
     [[nodiscard]] constexpr bool isIdentity() const { return *this == TransformMatrix(); }
     [[nodiscard]] constexpr double determinant() const { return a * d - b * c; }
     [[nodiscard]] bool degenerate() const; // the determinant is within 1e-6 of 0
-    /// Writes the inverse to `out`, which may be this matrix. A degenerate matrix answers false and writes the
+    /// Writes the inverse to `out`, which may be this matrix. A degenerate matrix returns false and writes the
     /// identity.
     bool invert(TransformMatrix& out) const;
 

@@ -4,7 +4,7 @@
  * when the view is zoomed. What is set holds for what is drawn after it, until the message ends; each message begins
  * with opaque black, a solid line of width 1, and text of size 12.
  *
- * Every operation answers kUnknownHandleErr when the context is not the one of the message being handled, and
+ * Every operation returns kUnknownHandleErr when the context is not the one of the message being handled, and
  * kBadParameterErr when a number is not finite or not in its range. */
 #ifndef HOSTAPI_AIANNOTATORDRAWERSUITE_H
 #define HOSTAPI_AIANNOTATORDRAWERSUITE_H

@@ -18,7 +18,7 @@
  * plug-in can invalidate its marks. "AI Draw" is sent when something is invalid: the annotator draws, with
  * AIAnnotatorDrawerSuite, at least all that meets one of the rectangles. These hold every mark that it drew the last
  * time, so that one that draws all it has draws nothing twice. Neither message may change a document: what tries to
- * answers kRefusedErr. Both go to active annotators only. */
+ * returns kRefusedErr. Both go to active annotators only. */
 typedef struct AIAnnotatorMessage {
     SPMessageData d;
     AIAnnotatorHandle annotator;

@@ -1,4 +1,4 @@
-/* The cursor snap suite: what the locations of a plug-in's tool messages are drawn to. */
+/* The cursor snap suite: what the locations of a plug-in's tool messages snap to. */
 #ifndef HOSTAPI_AICURSORSNAPSUITE_H
 #define HOSTAPI_AICURSORSNAPSUITE_H
 

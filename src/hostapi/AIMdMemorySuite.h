@@ -1,4 +1,4 @@
-/* The memory handle suite: relocatable blocks in which the host answers lists. */
+/* The memory handle suite: relocatable blocks in which the host returns lists. */
 #ifndef HOSTAPI_AIMDMEMORYSUITE_H
 #define HOSTAPI_AIMDMEMORYSUITE_H
 

@@ -10,7 +10,7 @@
 #define kSPBasicSuiteVersion 4
 
 typedef struct SPBasicSuite {
-    /* Answers the suite's table and keeps it in use until released. kSPSuiteNotFoundErr: no such name and version. */
+    /* Returns the suite's table and keeps it in use until released. kSPSuiteNotFoundErr: no such name and version. */
     SPErr (*AcquireSuite)(const char* name, int32_t version, const void** suite);
     /* Gives one acquisition back. kBadParameterErr: the suite is not acquired. */
     SPErr (*ReleaseSuite)(const char* name, int32_t version);

@@ -12,7 +12,7 @@ typedef struct SPInterfaceSuite {
     SPErr (*SetUpMessageData)(SPPluginRef plugin, SPMessageData* message);
     /* Empties the head again. kBadParameterErr: it was not filled in for `plugin`. */
     SPErr (*EmptyMessageData)(SPPluginRef plugin, SPMessageData* message);
-    /* Sends a message to `plugin` and answers in `result` what its entry answered. Of the record's head the receiver
+    /* Sends a message to `plugin` and returns in `result` what its entry returned. Of the record's head the receiver
      * sees `globals` as the sender left it, and the sender what the receiver did; the rest is the host's.
      * kBadParameterErr: a null caller, selector, record or result. kRefusedErr: the plug-in is not running, or
      * answers in `result` when 100 messages are being handled, one inside of the other. */

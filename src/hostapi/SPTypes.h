@@ -1,6 +1,6 @@
 /* Scalar types, points, handles and error codes that every suite and message record shares.
  *
- * Coordinates are points (1/72 inch) in the document, x right (`h`), y down (`v`). Every operation of a suite answers
+ * Coordinates are points (1/72 inch) in the document, x right (`h`), y down (`v`). Every operation of a suite returns
  * an error code, 0 for success; after an error the output arguments are as they were. Handles are opaque and belong to
  * the host. Text is UTF-8; a text that the host hands out lives until the next call of the same operation. */
 #ifndef HOSTAPI_SPTYPES_H

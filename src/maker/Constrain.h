@@ -21,8 +21,8 @@ namespace vl::constrain {
 [[nodiscard]] bool withinRange(kzo::core::Angle angle, kzo::core::Angle lo, kzo::core::Angle hi);
 
 // Degrees
-/// Snaps to `base` plus a multiple of `step` when within half of `tol`, and answers in [−180, 180]. Without a match it
-/// answers the first multiple beyond a full turn from `angle`, folded once. Without a step or a tolerance, and with an
+/// Snaps to `base` plus a multiple of `step` when within half of `tol`, and returns [−180, 180]. Without a match it
+/// returns the first multiple beyond a full turn from `angle`, folded once. Without a step or a tolerance, and with an
 /// angle or base beyond one fold, there is no snap.
 [[nodiscard]] double constrainTo(double angle, double base, double step, double tol);
 /// Whether the shortest turn is clockwise. No turn is not, nor is a half turn onwards.
