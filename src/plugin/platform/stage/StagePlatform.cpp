@@ -91,7 +91,7 @@ class StageAlerts final : public Alerts {
 class StageFolders final : public Folders {
   public:
     [[nodiscard]] std::string preferences() const override {
-        const std::string folder = host::ask<&StageSuite::GetPreferencesFolder>("");
+        const std::string folder = host::get<&StageSuite::GetPreferencesFolder>();
         return folder.empty() ? userPreferences() : folder;
     }
 };
