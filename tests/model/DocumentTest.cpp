@@ -151,9 +151,9 @@ TEST_F(DocumentTest, PointSelectionFollowsThePoints) {
 TEST_F(DocumentTest, CornersFollowThePoints) {
     Node& path = addPath(document, layer, {corner(0, 0), corner(1, 0), corner(2, 0)});
     const auto types = [&] {
-        std::string types;
-        for (std::size_t i = 0; i < path.path().points.size(); ++i) types += path.path().isCorner(i) ? 'c' : 's';
-        return types;
+        std::string letters;
+        for (std::size_t i = 0; i < path.path().points.size(); ++i) letters += path.path().isCorner(i) ? 'c' : 's';
+        return letters;
     };
     const std::pair<std::function<void()>, const char*> rows[] = {
         {[&] {
