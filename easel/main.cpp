@@ -206,6 +206,8 @@ struct Commands {
         cli.footer(kAbout);
         run.add_option("SCRIPT", command.script, "JavaScript; see docs/session-scripts.md")->required();
         addPlugins(run, command);
+        run.add_option("--profile", command.profile,
+                       "The folder of the plug-ins' preferences; a temporary one if left out");
         picture.add_option("IN.svg", command.drawing, "The drawing")->required();
         picture.add_option("-o", command.picture, "The picture: OUT.png, OUT.pdf or -")->required();
         picture.add_option("--format", command.format, "png or pdf, where the name does not tell")
