@@ -32,7 +32,20 @@ Document newDocument(Host& host, Positive width, Positive height) {
 
 Document open(Host& host, const std::string& path) { return {&host.session.open(path)}; }
 
-void save(Host& host, const std::string& path) { host.session.save(path); }
+struct SaveOptions {
+    bool force = false;
+};
+
+void read(const Value& value, SaveOptions& slot) {
+    static constexpr std::array<std::string_view, 1> names{"force"};
+    if (!duk_is_object(value.engine(), value.index())) value.fail("an object like {force: true}");
+    value.mustHaveOnly(names);
+    slot.force = value.member<std::optional<bool>>("force").value_or(false);
+}
+
+void save(Host& host, const std::string& path, std::optional<SaveOptions> options) {
+    host.session.save(path, options.value_or(SaveOptions{}).force);
+}
 
 struct PictureOptions {
     session::Overlay overlay = session::Overlay::None;
@@ -211,7 +224,7 @@ constexpr Row kGlobals[] = {
 constexpr Row kApp[] = {
     method<newDocument>("app.newDocument", "width, height"),
     method<open>("app.open", "path"),
-    method<save>("app.save", "path"),
+    method<save>("app.save", "path, options"),
     method<exportPng>("app.exportPNG", "path, scale, options"),
     method<exportPdf>("app.exportPDF", "path, scale"),
     method<close>("app.close", ""),

@@ -22,16 +22,24 @@ void drag(Host& host, double x, double y, const Modifiers& modifiers) {
     host.session.pointer.drag({x, y}, bits(modifiers));
 }
 
-void release(Host& host, double x, double y, const Modifiers& modifiers) {
-    host.session.pointer.release({x, y}, bits(modifiers));
+std::string_view outcome(const session::Pointer& pointer) {
+    if (pointer.takenBack()) return "taken back";
+    if (pointer.remark() == session::Remark::LayerLocked) return "locked";
+    return pointer.remark() == session::Remark::LayerHidden ? "hidden" : "done";
 }
 
-void stroke(Host& host, const std::vector<model::Point>& points, const Modifiers& modifiers) {
+std::string_view release(Host& host, double x, double y, const Modifiers& modifiers) {
+    host.session.pointer.release({x, y}, bits(modifiers));
+    return outcome(host.session.pointer);
+}
+
+std::string_view stroke(Host& host, const std::vector<model::Point>& points, const Modifiers& modifiers) {
     if (points.empty()) throw BadArgument("argument 1 (points) must have a point");
     auto& pointer = host.session.pointer;
     pointer.press(points.front(), bits(modifiers));
     for (std::size_t i = 1; i < points.size(); ++i) pointer.drag(points[i], bits(modifiers));
     pointer.release(points.back(), bits(modifiers));
+    return outcome(pointer);
 }
 
 void rightClick(Host& host, double x, double y, const Modifiers& modifiers) {

@@ -239,6 +239,31 @@ TEST_F(CommandLine, KeepsSettingsInAProfile) {
                   "easel: script.js: cannot be the profile: Not a directory");
 }
 
+TEST_F(CommandLine, AStrokeTellsWhatBecameOfIt) {
+    folder.write("s.js", R"js(
+        var layer = app.newDocument(99, 99).layers[0];
+        app.selectTool("Isometric Line Tool");
+        function stroke() { return mouse.stroke([[10, 50], [30, 40], [60, 30]]); }
+        print(stroke(), layer);
+        layer.locked = true;
+        print(stroke(), layer);
+        layer.locked = false;
+        layer.visible = false;
+        print(stroke(), app.reports.length);
+        layer.visible = true;
+        mouse.press(10, 60);
+        keys.press("Escape");
+        mouse.drag(50, 60);
+        print(mouse.release(60, 60), app.document.undoDepth);
+        mouse.release(60, 60);
+    )js");
+    const std::string remark = "easel: user data: \"Isometric Line Tool\" cannot draw: the current layer is ";
+    expectFailure(easel("run s.js --plugin " ORTHOLINE_BUNDLE), 1,
+                  "done layer \"Layer 1\" of 1 object\n" + remark +
+                      "locked\nlocked layer \"Layer 1\" of 1 object, locked\n" + remark +
+                      "hidden\nhidden 2\ntaken back 4\neasel: s.js:16: mouse.release: no mouse button is down");
+}
+
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));

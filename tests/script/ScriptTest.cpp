@@ -135,6 +135,26 @@ TEST_F(ScriptTest, EditsADocumentInUndoSteps) {
               "2 3,4 7 null\n");
 }
 
+TEST_F(ScriptTest, AFileThatAnotherProgramChangedIsReplacedByForceAlone) {
+    const std::string name = folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>");
+    session.open(name);
+    folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg' id='theirs'/>");
+    const std::string save = "app.save('" + name + "'";
+    EXPECT_EQ(play(save + ")"), "1: app.save: " + name + ": Another program has changed the file since it was opened");
+    EXPECT_NE(folder.content("d.svg").find("theirs"), std::string::npos);
+    EXPECT_EQ(play(save + ", {force: true}); " + save + ")"), "");
+    EXPECT_EQ(folder.content("d.svg").find("theirs"), std::string::npos);
+}
+
+TEST_F(ScriptTest, ThingsSayWhatTheyAre) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(99, 2.5);
+        doc.addLayer("L").locked = true;
+        print(doc, doc.view, doc.addPath([[0, 0], [9, 0]], {closed: true}), [doc.layers[0]]);
+    )js"),
+              "document of 99 x 2.5 points view at zoom 1 closed path of 2 points layer \"L\" of 1 object, locked\n");
+}
+
 TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
     session.newDocument(9, 9).addLayer("a\xff\xf0\x9f\x9a\x80\xc3\xfc"
                                        "b\xf0\x9f");

@@ -116,11 +116,11 @@ model::Document& Session::open(const std::string& path) {
     return adopt(documents.read(path), kAIDocumentOpenedNotifier);
 }
 
-void Session::save(const std::string& path) {
+void Session::save(const std::string& path, bool force) {
     model::Document& front = documents.needFront();
     pointer.cancel();
     notifiers.raise(kAIDocumentWritePreprocessNotifier);
-    Documents::write(front, path);
+    Documents::write(front, path, force);
     messenger.batch([&] {
         notifiers.raise(kAIDocumentWritePostprocessNotifier);
         notifiers.raise(kAIDocumentSavedNotifier);

@@ -53,7 +53,8 @@ class Session {
     model::Document& newDocument(double width, double height);
     model::Document& open(const std::string& path); ///< throws Error
     /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
-    void save(const std::string& path);
+    /// Not onto a file that another program has changed, unless by `force`.
+    void save(const std::string& path, bool force = false);
     void exportPng(const std::string& path, double scale, Overlay overlay = Overlay::None);
     void exportPdf(const std::string& path, double scale);
     void close();                                                                 ///< with its unsaved changes

@@ -62,8 +62,9 @@ std::unique_ptr<model::Document> Documents::read(const std::string& path) {
     return withFile([&] { return svg::open(path, warn); });
 }
 
-void Documents::write(model::Document& document, const std::string& path) {
-    withFile([&] { svg::save(document, path); });
+void Documents::write(model::Document& document, const std::string& path, bool force) {
+    const svg::Overwrite overwrite = force ? svg::Overwrite::Always : svg::Overwrite::IfUnchanged;
+    withFile([&] { svg::save(document, path, overwrite); });
 }
 
 void Documents::exportPng(model::Document& document, const std::string& path, double scale,

@@ -35,7 +35,8 @@ class Documents {
     // Files
     /// Reads a drawing, and reports what of it is not edited.
     [[nodiscard]] std::unique_ptr<model::Document> read(const std::string& path);
-    static void write(model::Document& document, const std::string& path);
+    /// Replaces the file; one that another program has changed only by `force`.
+    static void write(model::Document& document, const std::string& path, bool force);
     void exportPng(model::Document& document, const std::string& path, double scale,
                    const std::vector<model::Mark>& marks) const;
     void exportPdf(model::Document& document, const std::string& path, double scale) const;

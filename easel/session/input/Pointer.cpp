@@ -3,6 +3,7 @@
 #include "session/input/Pointer.h"
 
 #include <cmath>
+#include <utility>
 
 #include "hostapi/StageSuite.h"
 #include "session/base/Error.h"
@@ -80,6 +81,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     locate(location, modifiers);
     held_.button = true;
     takenBack_ = false;
+    awaitsRelease_ = false;
     remark_ = Remark::None;
     const Tool& tool = *toolbox_.current();
     tool_ = tool.handle;
@@ -92,6 +94,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
 }
 
 void Pointer::drag(model::Point location, Modifiers modifiers) {
+    if (awaitsRelease_) return;
     requirePressed();
     if (buffered_) documents_.front()->journal().rollBackToMark();
     locate(location, modifiers);
@@ -99,6 +102,7 @@ void Pointer::drag(model::Point location, Modifiers modifiers) {
 }
 
 void Pointer::release(model::Point location, Modifiers modifiers) {
+    if (std::exchange(awaitsRelease_, false)) return;
     requirePressed();
     model::Journal& journal = documents_.front()->journal();
     if (buffered_) journal.rollBackToMark();
@@ -122,6 +126,7 @@ void Pointer::cancel() {
     messenger_.batch([&] {
         held_.button = false;
         takenBack_ = true;
+        awaitsRelease_ = true;
         if (buffered_) documents_.front()->journal().rollBackToMark();
         // The tool hears of the release, so that it comes to rest; what it does then is undone with the rest.
         send(kSelectorAIToolMouseUp, &BuiltinTool::release, kAIGestureTakenBack);

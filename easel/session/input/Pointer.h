@@ -34,7 +34,8 @@ class Pointer {
     void release(model::Point location, Modifiers modifiers);
     /// A click with the right button. Tools do not hear of it, monitors do.
     void rightClick(model::Point location, Modifiers modifiers);
-    /// Ends a running gesture with its mouse-up and puts the document back to before the press.
+    /// Ends a running gesture with its mouse-up and puts the document back to before the press. The user's button is
+    /// still down: drags and the release that follow are no errors, and nobody hears of them.
     void cancel();
 
     /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
@@ -77,6 +78,7 @@ class Pointer {
     Reports& reports_;
     Held& held_;
     bool takenBack_ = false;
+    bool awaitsRelease_ = false; ///< of a gesture that was taken back
     Remark remark_ = Remark::None;
     AIToolHandle tool_ = nullptr; ///< of the gesture
     bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
