@@ -210,7 +210,7 @@ template <> void fill(AIPathSuite& suite) {
     enter<&AIPathSuite::SetPathSegmentSelected, setSelected>(suite);
     enter<&AIPathSuite::GetPathAllSegmentsSelected>(
         suite, [](PathArt path) { return path.count() > 0 && path.node.allPointsSelected(); });
-    // Easel's guides are lines of the page, and no path becomes one.
+    // Guides of Easel are lines of the page, and no path becomes one.
     enter<&AIPathSuite::GetPathGuide>(suite, [](PathArt) { return false; });
 }
 
