@@ -485,7 +485,7 @@ TEST_F(Facade, ToolsStandBesideTheToolsTheyName) {
             {second, first.number(), first.number()},
             {{first, nullptr, "Third", "tip", 1, 2, ToolOptions::None}, first.number(), 0},
             {alone, 0, 0},
-            {{-7, -2, "Fourth", "tip", 1, 2, ToolOptions::None}, 0, 0}, // any negative group is a new one
+            {{-7, -9, "Fourth", "tip", 1, 2, ToolOptions::None}, 0, 0}, // any negative number is a new one's
             {{Selection, DirectSelection, "Beside", "tip", 1, 2, ToolOptions::None}, selection, direct},
             {{DirectSelection, std::nullopt, "Near", "tip", 1, 2, ToolOptions::None}, direct, 0},
         };

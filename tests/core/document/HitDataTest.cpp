@@ -122,20 +122,25 @@ TEST_F(HitDatas, SearchAClipGroupThroughItsMask) {
 TEST_F(HitDatas, OfTextHaveItsRangeAndNoIndices) {
     static int range = 0;
     static const auto text = reinterpret_cast<AITextRangeRef>(&range);
+    static std::int16_t segment;
     auto& entry = desk.tables().get<AIHitTestSuite>().HitTest;
-    desk.inMessage([&] {
-        entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
-            *record = {};
-            record->type = kAIAnchorHit;
-            record->art = art;
-            record->textRange = text;
-            return kNoErr;
-        };
-        const HitData hit(nullptr, {100, 60}, HitRequest::Everything, 1, false);
-        EXPECT_EQ(hit.textRange(), text);
-        EXPECT_TRUE(hit.segPointIndex() == -1 && hit.segIndex() == -1);
-        EXPECT_EQ(hit.tValue(), 0);
-    });
+    for (const int index : {0, -1})
+        desk.inMessage([&] {
+            segment = static_cast<std::int16_t>(index);
+            entry = [](AIArtHandle art, const AIRealPoint*, AIReal, std::int32_t, AIHitRecord* record) -> AIErr {
+                *record = {};
+                record->type = kAIAnchorHit;
+                record->art = art;
+                record->segment = segment;
+                record->t = 0.5;
+                record->textRange = text;
+                return kNoErr;
+            };
+            const HitData hit(nullptr, {100, 60}, HitRequest::Everything, 1, false);
+            EXPECT_EQ(hit.textRange(), text);
+            EXPECT_TRUE(hit.segPointIndex() == -1 && hit.segIndex() == -1);
+            EXPECT_EQ(hit.tValue(), 0);
+        });
 }
 
 } // namespace

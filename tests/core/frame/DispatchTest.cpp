@@ -366,14 +366,6 @@ TEST_F(ToolMessages, EndWithTheToolThatTheyWereFor) {
     EXPECT_EQ(after.runs, 1);
 }
 
-TEST_F(ToolMessages, GoToAToolWhoseNumbersWereNegative) {
-    desk.inMessage([&] {
-        for (const std::int16_t number : {-1, -2, -3, -32768})
-            EXPECT_FALSE(
-                Tool(number, number, std::to_string(number), "", 0, 0, kzo::core::ToolOptions::None).isEmpty());
-    });
-}
-
 // Notifiers
 
 // When they run is seen where all is mixed.

@@ -1,0 +1,64 @@
+// Which platform is chosen when the plug-in starts, and where its log goes.
+#include <gmock/gmock.h>
+
+#include "core/app/Plugin.h"
+#include "core/frame/Log.h"
+#include "plugin/platform/Platform.h"
+#include "support/Desk.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace {
+
+using namespace kzo::plugin;
+
+/// A platform that writes down what is logged, and has no other services.
+class Notebook final : public Platform, public Log {
+  public:
+    explicit Notebook(int rank) : Platform(rank) {}
+
+    [[nodiscard]] bool usable() const override { return here; }
+    [[nodiscard]] Log& log() override { return *this; }
+    [[nodiscard]] Keys& keys() override { throw std::logic_error("no keys"); }
+    [[nodiscard]] Cursors& cursors() override { throw std::logic_error("no cursors"); }
+    [[nodiscard]] Mouse& mouse() override { throw std::logic_error("no mouse"); }
+    void write(SPPlugin*, std::string_view name, std::string_view line) override {
+        lines.push_back(std::string(name) + "/" + std::string(line));
+    }
+
+    bool here = true;
+    std::vector<std::string> lines;
+};
+
+TEST(Platforms, AreChosenByRankAmongThoseThatCanBeUsedHere) {
+    const struct {
+        const char* what;
+        int rank;
+        bool usable;
+        bool stage; ///< the host plays one
+        std::string said;
+        std::vector<std::string> noted;
+    } cases[] = {
+        {"the stage comes first", 1, true, true, "easel: plug-in: Ortholine: a line\n", {}},
+        {"unless another ranks lower", -1, true, true, "", {"Ortholine/a line"}},
+        {"which must be usable", -1, false, true, "easel: plug-in: Ortholine: a line\n", {}},
+        {"without a stage the other", 1, true, false, "", {"Ortholine/a line"}},
+        {"without any, standard error", 1, false, false, "Ortholine: a line\n", {}},
+    };
+    for (const auto& each : cases) {
+        Notebook notebook(each.rank);
+        notebook.here = each.usable;
+        easel::session::Session session;
+        session.tables.stage.available = each.stage;
+        easel::session::Plugin& plugin = session.attach("Product", PluginMain);
+        EXPECT_THAT(session.start(), testing::IsEmpty());
+        testing::internal::CaptureStderr();
+        kzo::core::Plugin::instance()->setPreShutdownCallback(kzo::core::callback([] { kzo::core::log("a line"); }));
+        AINotifierMessage ends{.d = {}, .notifier = nullptr, .type = kAIApplicationShutdownNotifier};
+        session.messenger.send(plugin, kCallerAINotify, kSelectorAINotify, ends.d);
+        EXPECT_EQ(testing::internal::GetCapturedStderr(), each.said) << each.what;
+        EXPECT_EQ(notebook.lines, each.noted) << each.what;
+    }
+}
+
+} // namespace
