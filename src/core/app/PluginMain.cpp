@@ -159,8 +159,9 @@ std::int32_t dispatch(const Arrived& arrived) {
     if (arrived.caller() == message::kNotifier && handleApplicationEvent(plugin, arrived)) return kDone;
     Dispatcher* const dispatcher = plugin.dispatcher();
     if (!dispatcher) return kDone; // shutting down
-    const std::int32_t answer = arrived.row ? dispatcher->message(*arrived.row, arrived.record)
-                                            : dispatcher->message(arrived.caller(), arrived.selector(), arrived.record);
+    const std::int32_t answer =
+        arrived.row ? dispatcher->message(*arrived.row, arrived.record)
+                    : plugin.impl().dispatcher().message(arrived.caller(), arrived.selector(), arrived.record);
     // The layer check's remark is the one answer that the host gets to see.
     return arrived.caller() == message::kTool && answer != plugin::Dispatcher::kNotHandled ? answer : kDone;
 }
