@@ -47,6 +47,22 @@ class BuiltinToolsTest : public testing::Test {
     model::Document& document = session.newDocument(200, 200);
 };
 
+// Of what is selected in part a click takes the rest, and nothing moves that is locked from above.
+TEST_F(BuiltinToolsTest, SelectionTakesAllOfWhatIsPartlySelectedAndMovesWhatItMay) {
+    Node& group = document.create(model::NodeType::Group, model::Placement::OnTopInside, document.currentLayer());
+    Node& kept = square(100, 100, &group);
+    Node& part = square(10, 10);
+    document.setLocked(group, true);
+    document.select(kept, true);
+    document.selectPoints(part, model::PointSelection{true, false, false, false});
+    take(kAISelectionTool);
+    click({20, 20}, kAIShiftKey);
+    EXPECT_TRUE(part.allPointsSelected());
+    stroke({{20, 20}, {50, 20}});
+    EXPECT_EQ(anchor(part, 0), (Point{40, 10}));
+    EXPECT_EQ(anchor(kept, 0), (Point{100, 100}));
+}
+
 TEST_F(BuiltinToolsTest, SelectionSelectsTheTopmostObjectThatCanBe) {
     EXPECT_EQ(session.toolbox.current()->name, kAISelectionTool);
     Node& below = line({0, 15}, {100, 15});
@@ -54,7 +70,7 @@ TEST_F(BuiltinToolsTest, SelectionSelectsTheTopmostObjectThatCanBe) {
     const auto depth = document.journal().undoDepth();
     click({15, 15});
     EXPECT_THAT(document.selection(), ElementsAre(&above)); // though the line passes right through the place
-    click({50, 16.5});
+    click({50, 17});                                        // two screen units away, and no more
     EXPECT_THAT(document.selection(), ElementsAre(&below));
     click({15, 15}, kAIShiftKey);
     EXPECT_THAT(document.selection(), ElementsAre(&above, &below));

@@ -300,13 +300,17 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
         {"rgb(300,-5,0)", {1, 0, 0}},
         {"#12", {1, 0, 1}},
         {"url(#a) #00f", {0, 0, 1}},
+        {"rgba(51,102,153,.5)", {0.2, 0.4, 0.6}},
     };
     for (const auto& row : colors) {
         const Style style = styleOf(std::string("fill='") + row.value + "'", "fill='magenta'");
         EXPECT_TRUE(style.fill) << row.value;
         EXPECT_EQ(style.fillColor, row.color) << row.value;
     }
-    EXPECT_FALSE(styleOf("fill='url(#gradient)'").fill);
+    for (const char* const none : {"url(#gradient)", "none", "transparent"})
+        EXPECT_FALSE(styleOf("fill='" + std::string(none) + "'").fill) << none;
+    EXPECT_EQ(styleOf("stroke-miterlimit='1'").miterLimit, 1);
+    EXPECT_EQ(styleOf("stroke-miterlimit='0.99'").miterLimit, 4);
 }
 
 // Errors

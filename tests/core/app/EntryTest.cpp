@@ -45,9 +45,12 @@ TEST(Entry, StartsPostStartsAndEndsEachOnce) {
     easel::session::Plugin& known = *desk.session().plugins.all().front();
     EXPECT_EQ(known.name, "Ortholine");
 
-    // Again: nothing runs twice, so no second tool.
+    // Again: nothing runs twice.
+    Receiver again;
+    plugin->setStartupCallback(again.callback());
     SPMessageData record{};
     EXPECT_EQ(desk.session().messenger.send(known, "SP Interface", "Startup", record), 0);
+    EXPECT_EQ(again.runs, 0);
     EXPECT_EQ(desk.session().toolbox.all().size(), 3u);
     EXPECT_EQ(desk.session().messenger.send(known, "SP Access", "Unload", record), 0);
     EXPECT_EQ(desk.session().messenger.send(known, "Nobody", "Knows", record), 0);
@@ -124,6 +127,21 @@ TEST(Entry, OutlivesAShutDownFromWithinOneOfItsMessages) {
     EXPECT_TRUE(tool.isEmpty());
     desk.session().pointer.release({100, 100}, 0);
     EXPECT_TRUE(desk.paths().empty());
+}
+
+TEST(Entry, RunsNothingBehindTheMenuItemThatEndedIt) {
+    Desk desk;
+    Receiver later;
+    desk.inMessage([&] {
+        kzo::core::MenuItem(kzo::core::BuiltinMenuGroup::Edit, "End", kzo::core::callback([&] {
+                                SPMessageData record{};
+                                desk.session().messenger.send(desk.product(), "SP Interface", "Shutdown", record);
+                            }));
+    });
+    Plugin::instance()->setMenuItemSelectedCallback(later.callback());
+    desk.session().chooseMenu("End");
+    EXPECT_EQ(Plugin::instance(), nullptr);
+    EXPECT_EQ(later.runs, 0);
 }
 
 // An exception of the client's was swallowed without a word.

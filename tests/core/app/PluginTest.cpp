@@ -83,6 +83,7 @@ TEST(ToolSnapping, DrawsLocationsToWhatIsSwitchedOn) {
         {&Plugin::setToolsSnapToArtboard, &Plugin::toolsSnapToArtboard, {799, 301}, {800, 300}},
         {&Plugin::setToolsSnapToArtboard, &Plugin::toolsSnapToArtboard, {321, 1.5}, {321, 0}},
         {&Plugin::setToolsSnapToGrids, &Plugin::toolsSnapToGrids, {331, 489}, {330, 490}},
+        {&Plugin::setToolsSnapToGrids, &Plugin::toolsSnapToGrids, {332, 490}, {330, 490}}, // from two units away
     };
     const auto locationOf = [&](Point at) {
         desk.session().pointer.move(at, 0);
@@ -94,6 +95,9 @@ TEST(ToolSnapping, DrawsLocationsToWhatIsSwitchedOn) {
         desk.inMessage([&] { EXPECT_TRUE((plugin().*each.get)()); });
         EXPECT_EQ(locationOf(each.from), each.to);
         EXPECT_EQ(locationOf({each.to.x + 2.1, each.to.y + 2.1}).y, each.to.y + 2.1); // beyond two screen units
+        desk.document().view.zoom = 4;                                                // a quarter of the way on screen
+        EXPECT_EQ(locationOf({each.to.x + 0.6, each.to.y + 0.6}).y, each.to.y + 0.6);
+        desk.document().view.zoom = 1;
         desk.inMessage([&] { (plugin().*each.set)(false); });
         desk.inMessage([&] { EXPECT_FALSE((plugin().*each.get)()); });
     }

@@ -66,6 +66,7 @@ TEST_F(Annotators, DrawIntoTheContextOfTheirMessage) {
         EXPECT_TRUE(message.showEdges());
         EXPECT_THAT(message.invalidationRects(), testing::ElementsAre(ArtboardRect(0, 0, 800, 600)));
         AnnotationDrawer drawer(message.context());
+        EXPECT_TRUE(drawer.setOpacity(0) && drawer.setOpacity(1) && drawer.setLineDash(0));
         EXPECT_TRUE(drawer.setColor({1, 0, 0}) && drawer.setOpacity(0.5) && drawer.setLineWidth(2) &&
                     drawer.setLineDash(3) && drawer.setFontSize(9));
         EXPECT_TRUE(drawer.line({1, 2}, {3, 4}));

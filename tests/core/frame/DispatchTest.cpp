@@ -114,6 +114,13 @@ TEST(Dispatch, KnowsEveryKindAndWhoHandlesIt) {
     }
     EXPECT_EQ(kinds.size(), 97u);
     EXPECT_EQ(kinds.back(), MessageType(960));
+    Receiver receiver;
+    dispatcher().registerMessageCallback("Somebody", "Says", receiver.callback());
+    EXPECT_EQ(dispatcher().message("Somebody", "Says", &room.record), 0);
+    EXPECT_EQ(dispatcher().message("Somebody", "says", &room.record), 1);
+    dispatcher().unregisterMessageCallback("Somebody", "Says");
+    EXPECT_EQ(dispatcher().message("Somebody", "Says", &room.record), 1);
+    EXPECT_EQ(receiver.runs, 1);
     EXPECT_EQ(dispatcher().message("AI Preference", "Preference Dialog Update", &room.record), 1); // spelt otherwise
     EXPECT_EQ(static_cast<std::uint32_t>(MessageType::Unknown), 0xFFFFFFF6);
 }
@@ -281,6 +288,7 @@ TEST_F(ToolMessages, GiveTheOuterOneBackWhatItSaid) {
                 ++seen;
             }));
             send(tool, "AI Mouse Down", {10, 20}, kAIShiftKey);
+            EXPECT_EQ(inner.cursorLoc(), inner == tool ? ArtboardPoint(10, 20) : ArtboardPoint(51, 61));
             EXPECT_EQ(record.cursor.h, 7); // held nowhere
         }
     }
@@ -341,9 +349,12 @@ TEST_F(ToolMessages, GiveTheHostWhereTheToolHoldsTheCursor) {
 }
 
 TEST_F(ToolMessages, TellATakenBackGestureFromARelease) {
+    Tool other;
+    desk.inMessage([&] { other = Tool(-2, -2, "Other", "", 0, 0, kzo::core::ToolOptions::None); });
     std::vector<bool> takenBack;
     tool.setMouseUpCallback(kzo::core::callback([&] {
         takenBack.push_back(tool.gestureTakenBack());
+        EXPECT_FALSE(other.gestureTakenBack());
         EXPECT_EQ(Dispatcher::lastToolMessage()->gestureTakenBack(), tool.gestureTakenBack());
     }));
     for (const bool cancel : {true, false, true}) {
@@ -352,6 +363,25 @@ TEST_F(ToolMessages, TellATakenBackGestureFromARelease) {
         EXPECT_FALSE(tool.gestureTakenBack());
     }
     EXPECT_EQ(takenBack, (std::vector<bool>{true, false, true}));
+}
+
+TEST_F(ToolMessages, RememberTheGestureUntilTheyAreToldToForget) {
+    tool.setMouseDownCallback(kzo::core::callback([] {}));
+    tool.setMouseUpCallback(kzo::core::callback([] {}));
+    desk.stroke({{10, 10}, {20, 20}});
+    EXPECT_TRUE(tool.wasDragged());
+    send(tool, "AI Mouse Down", {5, 6});
+    EXPECT_FALSE(tool.wasDragged());
+    EXPECT_THAT(tool.mouseDownLocs(), testing::ElementsAre(ArtboardPoint(10, 10), ArtboardPoint(5, 6)));
+    EXPECT_THAT(tool.mouseUpLocs(), testing::ElementsAre(ArtboardPoint(20, 20)));
+    tool.resetCursorLocs();
+    EXPECT_THAT(tool.mouseDownLocs(), testing::IsEmpty());
+    EXPECT_THAT(tool.mouseUpLocs(), testing::IsEmpty());
+    const std::int16_t dark = tool.darkIconID();
+    desk.inMessage([&] { tool.setLightIconID(77); });
+    std::int16_t icons[2] = {};
+    desk.inMessage([&] { desk.tables().tool.table.GetToolIconIDs(tool.aiToolHandle(), &icons[0], &icons[1]); });
+    EXPECT_THAT(icons, testing::ElementsAre(77, dark));
 }
 
 // A pre-callback that destroyed its tool did not keep the tool's own from running.
