@@ -380,7 +380,7 @@ TEST_F(ToolMessages, RememberTheGestureUntilTheyAreToldToForget) {
     const std::int16_t dark = tool.darkIconID();
     desk.inMessage([&] { tool.setLightIconID(77); });
     std::int16_t icons[2] = {};
-    desk.inMessage([&] { desk.tables().tool.table.GetToolIconIDs(tool.aiToolHandle(), &icons[0], &icons[1]); });
+    desk.inMessage([&] { desk.tables().get<AIToolSuite>().GetToolIconIDs(tool.aiToolHandle(), &icons[0], &icons[1]); });
     EXPECT_THAT(icons, testing::ElementsAre(77, dark));
 }
 

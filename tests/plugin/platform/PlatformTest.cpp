@@ -49,7 +49,7 @@ TEST(Platforms, AreChosenByRankAmongThoseThatCanBeUsedHere) {
         Notebook notebook(each.rank);
         notebook.here = each.usable;
         easel::session::Session session;
-        session.tables.stage.available = each.stage;
+        session.tables.published<StageSuite>().available = each.stage;
         easel::session::Plugin& plugin = session.attach("Product", PluginMain);
         EXPECT_THAT(session.start(), testing::IsEmpty());
         testing::internal::CaptureStderr();
