@@ -12,6 +12,7 @@
 namespace easel::svg {
 namespace {
 
+using model::Alignment;
 using model::Cap;
 using model::Color;
 using model::Document;
@@ -285,7 +286,10 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
                                "stroke-dasharray:1,2 3;stroke-dashoffset:.5; fill:none !important' stroke-width='3px'",
                                "stroke='#0f0' fill='blue' stroke-width='9'");
     const std::array<double, 6> dashes{1, 2, 3, 1, 2, 3};
-    EXPECT_EQ(full, (Style{false, true, {0, 0, 1}, {0, 1, 0}, 3, 7, Cap::Projecting, Join::Round, 6, 0.5, dashes}));
+    EXPECT_EQ(
+        full,
+        (Style{
+            false, true, {0, 0, 1}, {0, 1, 0}, 3, 7, Cap::Projecting, Join::Round, Alignment::Center, 6, 0.5, dashes}));
 
     const struct {
         const char* value;

@@ -139,7 +139,7 @@ TEST(Entry, RunsNothingBehindTheMenuItemThatEndedIt) {
                             }));
     });
     Plugin::instance()->setMenuItemSelectedCallback(later.callback());
-    desk.session().chooseMenu("End");
+    desk.session().input.chooseMenu("End");
     EXPECT_EQ(Plugin::instance(), nullptr);
     EXPECT_EQ(later.runs, 0);
 }

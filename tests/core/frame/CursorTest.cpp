@@ -6,6 +6,7 @@
 #include "core/frame/Dispatcher.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/host/HostMonitor.h"
+#include "plugin/host/RefCountMap.h"
 #include "support/Desk.h"
 #include "support/Receiver.h"
 
@@ -26,7 +27,7 @@ TEST_F(Cursors, AreSharedByNumberAndByWhatTheyAreMadeOf) {
     desk.inMessage([&] {
         EXPECT_TRUE(Cursor().isEmpty());
         EXPECT_EQ(Cursor(), Cursor(AdobeCursor{0}));
-        EXPECT_TRUE(Cursor(AdobeCursor{kzo::plugin::firstImageCursor}).isEmpty());
+        EXPECT_TRUE(Cursor(AdobeCursor{kzo::plugin::kFirstImageCursor}).isEmpty());
         EXPECT_TRUE(Cursor(0, 0, 0, {1, 2}).isEmpty());
         EXPECT_EQ(Cursor(AdobeCursor::Pen), Cursor(AdobeCursor::Pen));
         EXPECT_FALSE(Cursor(AdobeCursor::Pen) == Cursor(AdobeCursor::Move));

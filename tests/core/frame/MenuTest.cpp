@@ -12,6 +12,7 @@
 #include "places/Places.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
+#include "plugin/host/RefCountMap.h"
 #include "plugins/Question.h"
 #include "support/Desk.h"
 #include "support/Receiver.h"

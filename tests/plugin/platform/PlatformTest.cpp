@@ -22,6 +22,8 @@ class Notebook final : public Platform, public Log {
     [[nodiscard]] Keys& keys() override { throw std::logic_error("no keys"); }
     [[nodiscard]] Cursors& cursors() override { throw std::logic_error("no cursors"); }
     [[nodiscard]] Mouse& mouse() override { throw std::logic_error("no mouse"); }
+    [[nodiscard]] Alerts& alerts() override { throw std::logic_error("no alerts"); }
+    [[nodiscard]] Folders& folders() override { throw std::logic_error("no folders"); }
     void write(SPPlugin*, std::string_view name, std::string_view line) override {
         lines.push_back(std::string(name) + "/" + std::string(line));
     }
@@ -49,8 +51,8 @@ TEST(Platforms, AreChosenByRankAmongThoseThatCanBeUsedHere) {
         Notebook notebook(each.rank);
         notebook.here = each.usable;
         easel::session::Session session;
-        session.tables.published<StageSuite>().available = each.stage;
-        easel::session::Plugin& plugin = session.attach("Product", PluginMain);
+        easel::suites::Tables::of(*session.suites).published<StageSuite>().available = each.stage;
+        easel::session::Plugin& plugin = session.plugins.attach("Product", PluginMain);
         EXPECT_THAT(session.start(), testing::IsEmpty());
         testing::internal::CaptureStderr();
         kzo::core::Plugin::instance()->setPreShutdownCallback(kzo::core::callback([] { kzo::core::log("a line"); }));
