@@ -46,8 +46,8 @@ class PrefsTest : public testing::Test {
     /// The product runs in a session of its own, which is asked by `ask`.
     template <class Ask> void inSession(Ask ask) {
         said.clear();
-        const desk::Desk desk({.profile = folder.path(), .said = &said});
-        ask(*vlGlobals::instance());
+        desk::Desk desk({.profile = folder.path(), .said = &said});
+        desk.inMessage([&] { ask(*vlGlobals::instance()); });
     }
     [[nodiscard]] static double degrees(const kzo::core::Angle& angle) { return angle.asDegrees(); }
 

@@ -259,9 +259,10 @@ TEST_F(CommandLine, AStrokeTellsWhatBecameOfIt) {
     )js");
     const std::string remark = "easel: user data: \"Isometric Line Tool\" cannot draw: the current layer is ";
     expectFailure(easel("run s.js --plugin " ORTHOLINE_BUNDLE), 1,
-                  "done layer \"Layer 1\" of 1 object\n" + remark +
-                      "locked\nlocked layer \"Layer 1\" of 1 object, locked\n" + remark +
-                      "hidden\nhidden 2\ntaken back 4\neasel: s.js:16: mouse.release: no mouse button is down");
+                  "message: Welcome to Ortholine! \nPlugin successfully installed.\n"
+                  "done layer \"Layer 1\" of 1 object\n" +
+                      remark + "locked\nlocked layer \"Layer 1\" of 1 object, locked\n" + remark +
+                      "hidden\nhidden 2\ntaken back 5\neasel: s.js:16: mouse.release: no mouse button is down");
 }
 
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {

@@ -52,7 +52,7 @@ TEST_F(Dialogs, AreGivenToTheHandler) {
         const char* handler;
         const char* printed;
     } rows[] = {
-        {"d => d.click('No')", "1: SyntaxError: "}, // the language has no arrows
+        {"d => d.click('No')", "1: parse error ("}, // the language has no arrows
         {"function (d) { d.click('No'); }", "1\n"},
         {"function (d) { d.press('Return'); }", "0\n"},
         {"function (d) { d.press('Escape'); }", "1\n"},
@@ -66,7 +66,7 @@ TEST_F(Dialogs, AreGivenToTheHandler) {
         {"function (d) { }", "2: app.onDialog: the handler left its dialog open"},
         {"function (d) { d.press('Tab'); }",
          "1: dialog.press: an alert takes the keys \"Return\" and \"Escape\", not \"Tab\""},
-        {"function (d) { throw 'enough'; }", "1: enough"},
+        {"function (d) { throw 'enough'; }", "2: enough"},
         {"function (d) { d.close(); assert(false, 'no'); }", "1: assert: failed: no"},
         {"7", "1: app.onDialog: argument 1 (handler) must be a function, not 7"},
     };

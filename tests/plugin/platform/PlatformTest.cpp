@@ -12,8 +12,9 @@ namespace {
 
 using namespace kzo::plugin;
 
-/// A platform that writes down what is logged, and has no other services.
-class Notebook final : public Platform, public Log {
+/// A platform that writes down what is logged, and has no keys, cursors or mouse; alerts take their first button, and
+/// no folder is known.
+class Notebook final : public Platform, public Log, public Alerts, public Folders {
   public:
     explicit Notebook(int rank) : Platform(rank) {}
 
@@ -22,8 +23,11 @@ class Notebook final : public Platform, public Log {
     [[nodiscard]] Keys& keys() override { throw std::logic_error("no keys"); }
     [[nodiscard]] Cursors& cursors() override { throw std::logic_error("no cursors"); }
     [[nodiscard]] Mouse& mouse() override { throw std::logic_error("no mouse"); }
-    [[nodiscard]] Alerts& alerts() override { throw std::logic_error("no alerts"); }
-    [[nodiscard]] Folders& folders() override { throw std::logic_error("no folders"); }
+    [[nodiscard]] Alerts& alerts() override { return *this; }
+    [[nodiscard]] Folders& folders() override { return *this; }
+    [[nodiscard]] std::size_t show(const Alert&) override { return 0; }
+    void beep() override {}
+    [[nodiscard]] std::string preferences() const override { return {}; }
     void write(SPPlugin*, std::string_view name, std::string_view line) override {
         lines.push_back(std::string(name) + "/" + std::string(line));
     }
