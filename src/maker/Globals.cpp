@@ -14,7 +14,7 @@ void vlGlobals::resetGesture() {
     endPoint = defaults.endPoint;
     startHitData = defaults.startHitData;
     hitArt = nullptr;
-    continuing = turned = false;
+    pressed = continuing = turned = joined = false;
     exitAngle = defaults.exitAngle;
     dragged = shiftDown = optionDown = commandDown = false;
 }

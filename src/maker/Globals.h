@@ -36,9 +36,11 @@ class vlGlobals {
     kzo::core::ArtboardPoint endPoint; // on an axis, or where the modifier keys let it be
     kzo::core::HitData startHitData;
     ArtObject* hitArt = nullptr; // the art that was pressed on; may be null
+    bool pressed = false;        // the press was told of by the host; without it there is no gesture
     bool continuing = false;     // the press was on an end of an open path, which is hitArt's last point now
     bool turned = false;         // the press turned hitArt round, to make its first point the last
     kzo::core::Angle exitAngle;  // direction in which hitArt leaves that point
+    bool joined = false;         // the release joined the line to hitArt
     bool dragged = false;        // a drag has been handled since the press
     bool shiftDown = false;      // keys at the last drag
     bool optionDown = false;

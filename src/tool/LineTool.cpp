@@ -4,6 +4,7 @@
 #include "core/document/Draw.h"
 #include "core/document/PathArt.h"
 #include "core/frame/Keys.h"
+#include "maker/Concatenate.h"
 #include "maker/Constrain.h"
 #include "maker/Globals.h"
 #include "maker/PathGeometry.h"
@@ -20,10 +21,15 @@ using kzo::core::ModifierKeys;
 
 namespace {
 
-constexpr double pressTolerance = 3.0; // screen units
-constexpr double dragTolerance = 2.0;
-constexpr double shortestLine = 2.0; // points
-constexpr double lengthRounding = 1e-9;
+constexpr double kPressTolerance = 3.0; // screen units
+constexpr double kDragTolerance = 2.0;
+constexpr double kShortestLine = 2.0; // points
+constexpr double kLengthRounding = 1e-9;
+// How a line is joined to the path that it continues
+constexpr double kJoinDistance = 0.5;   // points between ends that meet
+constexpr double kMostVariance = 155;   // degrees by which the line may turn
+constexpr double kHandleTolerance = 35; // degrees
+constexpr double kStraightOn = 0;       // degrees
 
 /// The group that new lines go into; null when nothing may be drawn: no document, or a locked or hidden current layer.
 std::unique_ptr<Art> drawingGroup() {
@@ -32,7 +38,6 @@ std::unique_ptr<Art> drawingGroup() {
     return layer && layer->editable() && layer->visible() ? layer->group() : nullptr;
 }
 
-/// A thin black line with round ends, so that the corners of a drawing close.
 kzo::core::PathStyle lineStyle() {
     kzo::core::PathStyle style;
     style.fill.painted = false;
@@ -40,24 +45,41 @@ kzo::core::PathStyle lineStyle() {
                     .color = {},
                     .width = 0.5,
                     .miterLimit = 1.0,
-                    .cap = kzo::core::StrokeCap::Round,
-                    .join = kzo::core::StrokeJoin::Round,
+                    .cap = kzo::core::StrokeCap::Butt,
+                    .join = kzo::core::StrokeJoin::Miter,
                     .dash = {}};
     return style;
 }
 
-/// Draws the line that stays, selected. False when there is none: nothing may be drawn, the host refused, or it is too
-/// short, since a click without a real drag leaves nothing behind.
-bool drawLine(const vlGlobals& globals) {
+/// The line from the press to here. Null when nothing may be drawn, the host refused, or it is too short: a click
+/// without a real drag leaves nothing behind.
+std::unique_ptr<Art> newLine(const vlGlobals& globals) {
     const auto group = drawingGroup();
-    const auto line =
-        group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get()) : nullptr;
-    if (!line) return false;
-    line->select();
+    auto line = group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get()) : nullptr;
     // Rounding must not remove a line of just the length.
-    if (line->path()->length() >= shortestLine - lengthRounding) return true;
+    if (!line || line->path()->length() >= kShortestLine - kLengthRounding) return line;
     line->dispose();
-    return false;
+    return nullptr;
+}
+
+/// Joins the line to the end that was pressed on, which is the last point of `hitArt`. False, with both as they were,
+/// when the path has gone or been locked since, or when the line turns back on it.
+bool join(vlGlobals& globals, const Art& line) {
+    if (!vl::geo::isEditablePath(globals.hitArt)) return false;
+    kzo::core::ArtboardPoint first, last;
+    const Art path(globals.hitArt);
+    path.path()->endPoints(first, last);
+    if (path.path()->closed() || !last.closeTo(globals.startPoint, kJoinDistance)) return false;
+    // Of the four ways to meet, two starts are the one that joins just there; joining turns the path back.
+    vl::geo::reverseAIPath(globals.hitArt);
+    ArtObject* newPath = line.aiArtHandle();
+    constexpr int kStartsMeet = 1;
+    if (vl::conc::getConnectionRoute(globals.hitArt, newPath, kJoinDistance, kMostVariance, kStraightOn) !=
+        kStartsMeet) {
+        vl::geo::reverseAIPath(globals.hitArt);
+        return false;
+    }
+    return vl::conc::concat_path(globals.hitArt, newPath, kJoinDistance, kMostVariance, kHandleTolerance, kStraightOn);
 }
 
 /// Notes what the press continues: an open path that was pressed on at one of its ends. Pressed on its start the path
@@ -65,7 +87,8 @@ bool drawLine(const vlGlobals& globals) {
 void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
     const auto art = hit.art(); // in a group it is the member that was hit, never the group
     globals.hitArt = art ? art->aiArtHandle() : nullptr;
-    if (!art || hit.hitType() != HitType::Anchor || art->path()->closed()) return;
+    if (!vl::geo::isEditablePath(globals.hitArt)) return;
+    if (hit.hitType() != HitType::Anchor || art->path()->closed()) return;
     kzo::core::PathArt* const path = art->path();
     const std::int16_t index = hit.segPointIndex();
     const bool atEnd = index == path->segPointCount() - 1;
@@ -76,13 +99,23 @@ void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
     globals.exitAngle = vl::geo::getExitAngle(path);
 }
 
+/// Whether keys and settings ask for a join: Command is for the other of the two.
+bool wantsToJoin(const vlGlobals& globals) { return globals.continuing && globals.autoConcat != globals.commandDown; }
+
 } // namespace
 
 void Plugin::__toolSelectedCB() {
-    lineCursor_.enable();
-    // There is no companion to ask yet; without one its axes are the standard ones.
+    penCursor_.enable();
+    // What a gesture left that was broken off is no part of the next.
+    corePlugin_->currentTool().resetCursorLocs();
     vlGlobals& globals = *vlGlobals::instance();
-    if (globals.usePlotwiseSettings) globals.applyIsoAxes();
+    globals.resetGesture();
+    if (globals.usePlotwiseSettings) globals.applyIsoAxes(); // no companion tells of others
+}
+
+void Plugin::__toolDeselectedCB() {
+    lineTool_.resetCursorLocs();
+    vlGlobals::instance()->resetGesture();
 }
 
 void Plugin::__toolMouseMovedCB() { corePlugin_->currentTool().trackCursor(); }
@@ -91,21 +124,31 @@ void Plugin::__toolMouseDownCB() {
     vlGlobals& globals = *vlGlobals::instance();
     globals.resetGesture();
     lineCursor_.enable();
-    const auto hit = corePlugin_->currentTool().mouseDownHitData(0, HitRequest::AnchorsAndSegments, pressTolerance);
-    if (!hit) return;
+    const auto hit = corePlugin_->currentTool().mouseDownHitData(0, HitRequest::AnchorsAndSegments, kPressTolerance);
+    if (!hit || hit->isEmpty()) return;
+    globals.pressed = true;
     noteContinuedPath(globals, *hit);
     globals.startHitData = *hit;
     globals.startPoint = hit->point();
+    // A press beside the end is one on it, so that the two meet exactly.
+    if (globals.continuing) hit->snapForHit(globals.startPoint);
+    globals.endPoint = globals.startPoint;
 }
 
-bool Plugin::aim() {
+void Plugin::readKeys() {
     vlGlobals& globals = *vlGlobals::instance();
     const ModifierKeys keys = kzo::core::modifierKeysPressed();
     globals.shiftDown = any(keys & ModifierKeys::Shift);
     globals.optionDown = any(keys & ModifierKeys::Option);
     globals.commandDown = any(keys & ModifierKeys::Command);
-    const auto hit = corePlugin_->currentTool().cursorHitData(HitRequest::AnchorsAndSegments, dragTolerance);
-    if (!hit) return false;
+}
+
+bool Plugin::aim() {
+    vlGlobals& globals = *vlGlobals::instance();
+    if (!globals.pressed) return false;
+    readKeys();
+    const auto hit = corePlugin_->currentTool().cursorHitData(HitRequest::AnchorsAndSegments, kDragTolerance);
+    if (!hit || hit->isEmpty()) return false;
 
     const Angle free = globals.startPoint ^ hit->point();
     const Angle direction = globals.shiftDown    ? free.nearest45()
@@ -124,11 +167,26 @@ void Plugin::__toolDragCB() {
 
 void Plugin::__toolMouseUpCB() {
     vlGlobals& globals = *vlGlobals::instance();
-    if (!globals.dragged) aim(); // a click has an end point too
-    if (auto* const document = Illustrator::instance()->currentDocument()) document->deselectAllArt();
-    if (!drawLine(globals) && globals.turned) Art(globals.hitArt).path()->reverseSegs();
+    if (globals.pressed) {
+        if (!globals.dragged) aim(); // a click has an end point too
+        readKeys();                  // Command counts as it is now
+        finishLine(globals);
+    }
     corePlugin_->currentTool().resetCursorLocs();
     globals.resetGesture();
+}
+
+void Plugin::finishLine(vlGlobals& globals) {
+    if (auto* const document = Illustrator::instance()->currentDocument()) document->deselectAllArt();
+    const auto line = newLine(globals);
+    globals.joined = line && wantsToJoin(globals) && join(globals, *line);
+    if (globals.joined)
+        Art(globals.hitArt).select();
+    else if (line)
+        line->select();
+    // Nobody is to see that a press turned the path round when nothing came of it.
+    if (globals.turned && !globals.joined && vl::geo::isEditablePath(globals.hitArt))
+        vl::geo::reverseAIPath(globals.hitArt);
 }
 
 } // namespace ortho

@@ -7,11 +7,11 @@ namespace ortho {
 
 namespace {
 
-constexpr const char* productName = "Ortholine";
-constexpr const char* lineToolTitle = "Isometric Line Tool";
-constexpr std::int16_t lineToolLightIcon = 17000;
-constexpr std::int16_t lineToolDarkIcon = 17002;
-constexpr std::int16_t newGroup = -2;
+constexpr const char* kProductName = "Ortholine";
+constexpr const char* kLineToolTitle = "Isometric Line Tool";
+constexpr std::int16_t kLineToolLightIcon = 17000;
+constexpr std::int16_t kLineToolDarkIcon = 17002;
+constexpr std::int16_t kNewGroup = -2;
 
 using Bound = kzo::core::__Callback<Plugin>;
 
@@ -23,7 +23,7 @@ Plugin* Plugin::create(kzo::core::Plugin* corePlugin) {
 }
 
 Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
-    corePlugin->setName(productName);
+    corePlugin->setName(kProductName);
     vlGlobals::create();
     prefs_ = std::make_unique<vl::vlPrefs>();
     prefs_->init();
@@ -38,10 +38,11 @@ Plugin::~Plugin() { vlGlobals::destroy(); }
 void Plugin::startup() {
     using kzo::core::ToolOptions;
     prefs_->startup();
-    lineTool_ = kzo::core::Tool(newGroup, newGroup, lineToolTitle, lineToolTitle, lineToolLightIcon, lineToolDarkIcon,
-                                ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
+    lineTool_ = kzo::core::Tool(kNewGroup, kNewGroup, kLineToolTitle, kLineToolTitle, kLineToolLightIcon,
+                                kLineToolDarkIcon, ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
     lineTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     lineTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
+    lineTool_.setDeselectionCallback(Bound(this, &Plugin::__toolDeselectedCB));
     lineTool_.setTrackCallback(Bound(this, &Plugin::__toolMouseMovedCB));
     lineTool_.setMouseDownCallback(Bound(this, &Plugin::__toolMouseDownCB));
     lineTool_.setDragCallback(Bound(this, &Plugin::__toolDragCB));

@@ -9,6 +9,8 @@
 #include "core/frame/Tool.h"
 #include "maker/Prefs.h"
 
+class vlGlobals;
+
 namespace ortho {
 
 class Plugin {
@@ -31,6 +33,7 @@ class Plugin {
 
     // The line tool
     void __toolSelectedCB();
+    void __toolDeselectedCB();
     void __toolMouseMovedCB();
     void __toolMouseDownCB();
     void __toolDragCB();
@@ -41,10 +44,13 @@ class Plugin {
 
     /// Reads keys and cursor, and sets the line's end from them. False when the cursor told nothing.
     bool aim();
+    static void readKeys();
+    static void finishLine(vlGlobals& globals);
 
     kzo::core::Plugin* corePlugin_; // not owned
     std::unique_ptr<vl::vlPrefs> prefs_;
-    kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::Pen};
+    kzo::core::Cursor penCursor_{kzo::core::AdobeCursor::Pen};
+    kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::PenContinue};
     kzo::core::Tool lineTool_;
 
     static inline std::unique_ptr<Plugin> instance_;

@@ -272,6 +272,85 @@ TEST(LineTool, ClickedOnThePathsStartLeavesNothingBehind) {
     }
 }
 
+// Joining
+
+TEST(LineTool, JoinsToThePressedEndWhenJustOneOfSettingAndCommandSaysSo) {
+    const Point first{100, 100}, middle{150, 80}, last{200, 120};
+    for (const bool setting : {false, true}) {
+        for (const bool command : {false, true}) {
+            for (const bool atStart : {false, true}) {
+                Desk desk;
+                Node& path = desk.addPath({first, middle, last});
+                easel::model::Style style = path.style();
+                style.strokeWidth = 7;
+                desk.document().setStyle(path, style);
+                desk.addPath({{1, 1}, {9, 9}});
+                desk.selectTool();
+                vlGlobals::instance()->autoConcat = setting;
+                const std::string before = desk.svg();
+                const auto steps = desk.document().journal().undoDepth();
+                const Point end = atStart ? first : last;
+                // A press beside the end is one on it.
+                desk.stroke({{end.x + 0.3, end.y - 0.2}, along(end, 60, 90)}, command ? kAICommandKey : 0);
+                SCOPED_TRACE(testing::Message() << setting << command << atStart);
+                const bool joins = setting != command;
+                ASSERT_EQ(desk.paths().size(), joins ? 2u : 3u);
+                EXPECT_EQ(desk.document().journal().undoDepth(), steps + 1);
+                if (joins) {
+                    const auto points = desk.anchors(path);
+                    ASSERT_EQ(points.size(), 4u);
+                    EXPECT_EQ(points[0], atStart ? last : first);
+                    EXPECT_EQ(points[2], end);
+                    expectNear(points[3], along(end, std::hypot(0.0, 60.0), 90));
+                    EXPECT_EQ(path.style(), style);
+                    EXPECT_TRUE(path.selected());
+                } else {
+                    EXPECT_EQ(desk.anchors(path).front(), first);
+                    EXPECT_EQ(desk.anchors(*desk.paths().front()).front(), end);
+                }
+                EXPECT_TRUE(desk.document().journal().undo());
+                EXPECT_EQ(desk.svg(), before);
+            }
+        }
+    }
+}
+
+TEST(LineTool, JoinsOneLineAfterAnotherIntoOnePath) {
+    Desk desk({.snapToPoint = true});
+    desk.selectTool();
+    vlGlobals::instance()->autoConcat = true;
+    desk.stroke({{100, 400}, {160, 366}});
+    for (int step = 0; step < 4; ++step) {
+        const Point end = desk.anchors(*desk.paths().front()).back();
+        desk.stroke({end, along(end, 60, step % 2 == 0 ? 90 : 30)});
+    }
+    ASSERT_EQ(desk.paths().size(), 1u);
+    EXPECT_EQ(desk.anchors(*desk.paths().front()).size(), 6u);
+    // Straight on, the segment only gets longer.
+    for (int step = 0; step < 2; ++step) {
+        const Point end = desk.anchors(*desk.paths().front()).back();
+        desk.stroke({end, along(end, 25, 90)});
+        EXPECT_EQ(desk.anchors(*desk.paths().front()).size(), 7u);
+    }
+}
+
+TEST(LineTool, JoinsNothingThatTurnsBackOrIsTooShort) {
+    const struct {
+        double length;
+        double degrees;
+        std::size_t paths;
+    } rows[] = {{50, 178, 2}, {50, 140, 1}, {1.9, 90, 1}};
+    for (const auto& row : rows) {
+        Desk desk;
+        Node& path = desk.addPath({{100, 100}, {200, 100}});
+        desk.selectTool();
+        vlGlobals::instance()->autoConcat = true;
+        desk.stroke({{200, 100}, along({200, 100}, row.length, row.degrees)}, kAIOptionKey);
+        EXPECT_EQ(desk.paths().size(), row.paths);
+        EXPECT_EQ(desk.anchors(path).size(), row.degrees == 140 ? 3u : 2u);
+    }
+}
+
 // Trouble
 
 TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {

@@ -75,8 +75,8 @@ enum class ParagraphJustification { Left = 10, Center = 20, Right = 30 };
 
 // Path style
 
-enum class StrokeCap { Butt = 100, Round = 110, Projecting = 120 };
-enum class StrokeJoin { Miter = 100, Round = 110, Bevel = 120 };
+enum class StrokeCap { Butt = 110, Round = 120, Projecting = 130 };
+enum class StrokeJoin { Miter = 110, Round = 120, Bevel = 130 };
 
 } // namespace kzo::core
 
