@@ -52,7 +52,7 @@ void dragToEmptyCallback(benchmark::State& state) {
     Nothing nothing;
     kzo::core::Tool tool = ortho::Plugin::instance()->lineTool();
     tool.setDragCallback(kzo::core::__Callback<Nothing>(&nothing, &Nothing::run));
-    AIToolMessage message{.d = stage.head, .tool = tool.aiToolHandle(), .cursor = {1, 2}, .modifiers = 0};
+    AIToolMessage message{.d = stage.head, .tool = tool.aiToolHandle(), .cursor = {1, 2}, .modifiers = 0, .flags = 0};
     // Suites answer only while the host knows of a message, so the loop runs inside of one.
     struct Loop {
         benchmark::State& state;
