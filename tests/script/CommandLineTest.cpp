@@ -268,7 +268,7 @@ TEST_F(CommandLine, AStrokeTellsWhatBecameOfIt) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));
-    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool", "measure", "shapes"}) {
+    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool", "stairs", "measure", "shapes"}) {
         const std::string bundle = name == "measure"  ? TEST_BUILD_DIR "/Measure.aip"
                                    : name == "shapes" ? TEST_BUILD_DIR "/Shapes.aip"
                                                       : ORTHOLINE_BUNDLE;
