@@ -87,12 +87,13 @@ class StageAlerts final : public Alerts {
     void beep() override { host::call<&StageSuite::Beep>(); }
 };
 
-/// The host's folder for preferences, else the user's own.
+/// The host's folder for preferences. The user's own is for hosts that play no stage: one that refuses keeps it from
+/// us.
 class StageFolders final : public Folders {
   public:
     [[nodiscard]] std::string preferences() const override {
-        const std::string folder = host::get<&StageSuite::GetPreferencesFolder>();
-        return folder.empty() ? userPreferences() : folder;
+        if (!host::acquire<StageSuite>()) return userPreferences();
+        return host::get<&StageSuite::GetPreferencesFolder>();
     }
 };
 
