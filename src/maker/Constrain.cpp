@@ -22,7 +22,7 @@ double foldOnce(double degrees) {
 }
 
 /// An angle is looked for a turn before, where it is, and a turn after.
-constexpr double turns[] = {-360.0, 0.0, 360.0};
+constexpr double kTurns[] = {-360.0, 0.0, 360.0};
 
 bool folded(double degrees) { return -180.0 <= degrees && degrees <= 180.0; }
 
@@ -86,14 +86,14 @@ double constrainTo(double angle, double base, double step, double tol) {
     const auto candidate = [&](double index) { return index == 0.0 ? first : first + index * step; };
     const auto matches = [&](double index) {
         const double c = candidate(index);
-        return index >= 0.0 && c <= last && std::any_of(std::begin(turns), std::end(turns), [&](double turn) {
+        return index >= 0.0 && c <= last && std::any_of(std::begin(kTurns), std::end(kTurns), [&](double turn) {
                    return c - tol / 2.0 <= angle + turn && angle + turn <= c + tol / 2.0;
                });
     };
     // The first candidate that matches, found without walking there: a step may be as small as it likes. The neighbours
     // of where it should be are tried too, for rounding's sake.
     double best = matches(0.0) ? 0.0 : std::numeric_limits<double>::infinity();
-    for (const double turn : turns) {
+    for (const double turn : kTurns) {
         const double nearSide = angle + turn - std::copysign(tol / 2.0, step);
         const double about = std::ceil((nearSide - first) / step);
         for (const double index : {about - 1.0, about, about + 1.0})
