@@ -41,7 +41,7 @@ Exit codes: 0 all went well; 1 an error, told in one line on standard error; 2 c
 Environment:
   EASEL_PLUGINS            folders, separated by colons; each bundle (NAME.aip) in them is loaded.
                            Unset: $XDG_DATA_HOME/easel/plug-ins, which is usually ~/.local/share/easel/plug-ins
-  EASEL_RENDER_SECONDS     how long a picture may take (60)
+  EASEL_RENDER_SECONDS     how much of the processor's time a picture may take (60)
   EASEL_RENDER_MEGABYTES   how much memory (4096)
   EASEL_TRACE=1            writes every message to a plug-in, and every call that it makes, to standard error)";
 

@@ -31,11 +31,11 @@ void limit(__rlimit_resource resource, rlim_t most) {
     ::setrlimit(resource, &now);
 }
 
-/// The host keeps the time as well; this is for a process whose host cannot.
+/// From now on; the system ends the process then.
 void limitTime(rlim_t seconds) {
     rusage used{};
     ::getrusage(RUSAGE_SELF, &used);
-    limit(RLIMIT_CPU, static_cast<rlim_t>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + seconds + 2);
+    limit(RLIMIT_CPU, static_cast<rlim_t>(used.ru_utime.tv_sec + used.ru_stime.tv_sec) + seconds + 1);
 }
 
 bool receive(char* bytes, std::size_t size) {

@@ -25,6 +25,8 @@ namespace {
 constexpr unsigned long kUsualSeconds = 60;
 constexpr unsigned long kUsualMegabytes = 4096;
 constexpr unsigned long kMostOfALimit = 1'000'000;
+/// On a busy machine a process gets a part of the time that passes; one that gets less than this counts as stuck.
+constexpr unsigned long kBusiest = 10;
 
 [[noreturn]] void fail(const std::string& what, int error) { throw RenderError(what + ": " + std::strerror(error)); }
 
@@ -185,14 +187,18 @@ void RenderProcess::await(short events) {
         if (Clock::now() - start_ < nextSecond) continue;
         ++told_;
         if (waiting_) waiting_(told_);
-        if (static_cast<unsigned long>(told_) < seconds_) continue;
+        if (static_cast<unsigned long>(told_) < kBusiest * seconds_) continue;
         end();
-        throw RenderError("that takes longer than " + std::to_string(seconds_) + " s (EASEL_RENDER_SECONDS)");
+        throw RenderError(outOfTime());
     }
 }
 
 std::string RenderProcess::outOfMemory() const {
     return "that takes more than " + std::to_string(megabytes_) + " MB of memory (EASEL_RENDER_MEGABYTES)";
+}
+
+std::string RenderProcess::outOfTime() const {
+    return "that takes longer than " + std::to_string(seconds_) + " s (EASEL_RENDER_SECONDS)";
 }
 
 void RenderProcess::failEnded() {
@@ -202,6 +208,7 @@ void RenderProcess::failEnded() {
     }
     process_ = -1;
     const std::string words = lastWords(output_.get(), outOfMemory());
+    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU) throw RenderError(outOfTime());
     if (!words.empty()) throw RenderError(words);
     if (WIFSIGNALED(status)) throw RenderError(std::string("the renderer was ended: ") + ::strsignal(WTERMSIG(status)));
     throw RenderError("the renderer ended with exit code " + std::to_string(WEXITSTATUS(status)));

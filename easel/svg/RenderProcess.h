@@ -1,5 +1,6 @@
 // The renderer, which draws in a process of its own: drawings exist that make it abort, take all memory or never end.
-// It has the environment's limits, EASEL_RENDER_SECONDS for a request and EASEL_RENDER_MEGABYTES in all.
+// It has the environment's limits: EASEL_RENDER_SECONDS of the processor's time for a request, and
+// EASEL_RENDER_MEGABYTES in all.
 #pragma once
 
 #include <sys/types.h>
@@ -44,6 +45,7 @@ class RenderProcess {
     void await(short events);
     /// Throws how the process ended.
     [[noreturn]] void failEnded();
+    [[nodiscard]] std::string outOfTime() const;
     [[nodiscard]] std::string outOfMemory() const;
     int end();
 

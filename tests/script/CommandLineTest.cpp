@@ -216,7 +216,7 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
     // No file may grow beyond some kilobytes; that is as good as a full disk.
     const std::string small = "ulimit -c 0 && ulimit -f 8";
     expectFailure(easel("run fill.js", small), 1, "easel: fill.js:3: app.save: drawing.svg: File too large");
-    expectFailure(easel("render drawing.svg -o p.png --scale 800", small), 1, "easel: p.png: File too large");
+    expectFailure(easel("render drawing.svg -o p.png --scale 300", small), 1, "easel: p.png: File too large");
     EXPECT_EQ(folder.content("drawing.svg"), drawing);
     EXPECT_EQ(folder.fileCount(), 2);
 }
