@@ -107,6 +107,8 @@ double Path::length() const {
 
 double Path::sublength(Place from, Place to) const {
     if (segCount() == 0) return 0.0;
+    // Once round, the two places are one and the same.
+    if (closed && to - from >= static_cast<double>(segCount())) return length();
     SegPlace a = split(from);
     SegPlace b = split(to);
     const auto order = [](const SegPlace& p) { return std::pair(p.seg, p.t); };

@@ -14,7 +14,9 @@ namespace {
 /// The customary handle of a quarter circle of radius 1: the curve's middle lies on the circle.
 constexpr double kQuarterHandle = 4.0 / 3.0 * (std::numbers::sqrt2 - 1.0);
 
+/// What is not finite stays so: comparing would lose it, and a shape without an edge would be drawn.
 Box ordered(const Box& box) {
+    if (!std::isfinite(box.min.x + box.min.y + box.max.x + box.max.y)) return box;
     return {{std::min(box.min.x, box.max.x), std::min(box.min.y, box.max.y)},
             {std::max(box.min.x, box.max.x), std::max(box.min.y, box.max.y)}};
 }
@@ -60,7 +62,10 @@ void mergeEmptySides(Path& path) {
     path.anchors = std::move(kept);
 }
 
-double heldCut(const Box& box, double size) { return std::clamp(size, 0.0, 0.5 * std::min(box.width(), box.height())); }
+/// At most half the shorter side; what is not finite stays so.
+double heldCut(const Box& box, double size) {
+    return std::isfinite(size) ? std::clamp(size, 0.0, 0.5 * std::min(box.width(), box.height())) : size;
+}
 
 } // namespace
 
@@ -86,7 +91,7 @@ Path rectangle(const Box& box) {
 Path roundedRectangle(const Box& box, double radius) {
     const Box b = ordered(box);
     const double cut = heldCut(b, radius);
-    if (!(cut > 0.0)) return rectangle(b);
+    if (cut == 0.0) return rectangle(b);
     Path path = withoutCorners(b, cut);
     const double handle = cut * kQuarterHandle;
     for (std::size_t i = 0; i < 8; ++i) {
@@ -103,7 +108,7 @@ Path roundedRectangle(const Box& box, double radius) {
 Path chamferedRectangle(const Box& box, double size) {
     const Box b = ordered(box);
     const double cut = heldCut(b, size);
-    if (!(cut > 0.0)) return rectangle(b);
+    if (cut == 0.0) return rectangle(b);
     Path path = withoutCorners(b, cut);
     mergeEmptySides(path);
     return path;
@@ -114,14 +119,16 @@ std::optional<Path> arc(Point start, Point through, Point end) {
     const Point toEnd = end - through;
     if (toStart == Point() || toEnd == Point() || start == end) return std::nullopt;
     const double turn = cross(toStart, toEnd);
-    if (turn == 0.0 && dot(toStart, toEnd) > 0.0) return std::nullopt;
+    // Of three points on a line rounding leaves some turn.
+    constexpr double kStraight = 1e-12;
+    const bool straight = std::abs(turn) <= kStraight * std::sqrt(dot(toStart, toStart) * dot(toEnd, toEnd));
+    if (straight && dot(toStart, toEnd) > 0.0) return std::nullopt;
     // The angle at `through` is half of what the arc leaves of a whole turn. Computed so, an arc that is all but
     // straight needs no center.
-    const double sweep =
-        -std::copysign(2.0 * (std::numbers::pi - std::atan2(std::abs(turn), dot(toStart, toEnd))), turn);
+    const double sweep = -std::copysign(2.0 * std::atan2(std::abs(turn), -dot(toStart, toEnd)), turn);
     if (!std::isfinite(sweep)) return std::nullopt;
     Path path;
-    if (turn == 0.0) {
+    if (straight) {
         path.anchors = {Anchor(start), Anchor(end)};
         return path;
     }

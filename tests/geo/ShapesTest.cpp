@@ -37,6 +37,30 @@ TEST(Shapes, EllipsesKeepToTheirCurve) {
     EXPECT_FALSE(path.anchors[0].corner);
 }
 
+TEST(Shapes, ArcsThroughPointsOnALineAreThatLine) {
+    // Rounding takes the middle point a hair off the line.
+    for (const Point& end : {Point{.3, .9}, Point{-7.7, -23.1}, Point{1e6, 3e6}}) {
+        const auto line = arc({0, 0}, scaled(end, 1.0 / 3.0), end);
+        ASSERT_TRUE(line);
+        EXPECT_EQ(line->anchors.size(), 2u);
+        EXPECT_FALSE(arc({0, 0}, scaled(end, 4.0 / 3.0), end)) << "not between them";
+    }
+}
+
+TEST(Shapes, WhatIsNotFiniteStaysSo) {
+    const auto finite = [](const Path& path) {
+        for (const Anchor& anchor : path.anchors)
+            if (!std::isfinite(anchor.p.x + anchor.p.y + anchor.in.x + anchor.out.y)) return false;
+        return true;
+    };
+    for (const double odd : {std::nan(""), HUGE_VAL}) {
+        EXPECT_FALSE(finite(rectangle({{0, 0}, {odd, 9}})));
+        EXPECT_FALSE(finite(rectangle({{0, odd}, {5, 9}})));
+        EXPECT_FALSE(finite(roundedRectangle({{0, 0}, {5, 9}}, odd)));
+        EXPECT_FALSE(finite(chamferedRectangle({{0, 0}, {5, 9}}, odd)));
+    }
+}
+
 TEST(Shapes, ArcsPassTheirPointsOnOneCircle) {
     Curves curves(21);
     for (int i = 0; i < 2'000; ++i) {

@@ -49,7 +49,7 @@ bool PathArt::setSegs(std::int16_t index, const SegPoints& points) {
     if (now == 0) return true;
     const int first = (segIndex(index, known->segs, true) + now) % now;
     // A whole closed path has as many points as segments; the point that closes it again is not written twice.
-    const int count = written == now ? now : written + 1;
+    const int count = std::min(written + 1, now);
     if (first + count <= now) return write(first, count, records.data());
     std::vector<AIPathSegment> all = read(0, now);
     if (all.empty()) return false;
