@@ -68,8 +68,9 @@ TEST_F(PrefsTest, AreMadeAtTheFirstLaunch) {
 }
 
 TEST_F(PrefsTest, AreWhatTheToolsGoByAndAreKept) {
-    folder.write(kFile,
-                 R"({"Prefs":{"zAxis":40,"xAxis":"text","autoConcat":true,"vCheckDue":"2999-01-01","mine":[1]}})");
+    folder.write(
+        kFile,
+        R"({"Prefs":{"zAxis":40,"xAxis":"text","autoConcat":true,"vCheckDue":"2999-01-01","vCheckFreq":null,"mine":[1]}})");
     inSession([&](vlGlobals& globals) {
         EXPECT_TRUE(said.empty());
         EXPECT_DOUBLE_EQ(degrees(globals.zAxisAngle), 40);
@@ -81,7 +82,7 @@ TEST_F(PrefsTest, AreWhatTheToolsGoByAndAreKept) {
     const std::string text = folder.content(kFile);
     for (const char* part :
          {"\"zAxis\":45\n", "\"xAxis\":149.5,", "\"autoConcat\":false,", "\"usePlotwiseSettings\":true,",
-          "\"vCheckDue\":\"2999-01-01\",", "\"mine\":\n\t\t[\n\t\t\t1\n\t\t],"})
+          "\"vCheckDue\":\"2999-01-01\",", "\"vCheckFreq\":7,", "\"mine\":\n\t\t[\n\t\t\t1\n\t\t],"})
         EXPECT_NE(text.find(part), std::string::npos) << part << text;
     inSession([&](const vlGlobals& globals) {
         EXPECT_DOUBLE_EQ(degrees(globals.zAxisAngle), 45);

@@ -58,6 +58,8 @@ def misbehave(client):
             client.sendall(head + b"Content-Length: 1000\r\n\r\n16.3")
         elif path == "/cut-chunk":
             client.sendall(head + b"Transfer-Encoding: chunked\r\n\r\nff\r\n16.3")
+        elif path == "/trailer":
+            client.sendall(head + b"Transfer-Encoding: chunked\r\n\r\n4\r\n16.3\r\n0\r\nX-Sum: 1\r\n\r\n")
         elif path == "/more-than-said":
             client.sendall(head + b"Content-Length: 4\r\n\r\n16.3 and more")
         elif path == "/less-head":

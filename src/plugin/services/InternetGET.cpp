@@ -43,7 +43,10 @@ struct InternetGET::Transfer {
     /// libcurl takes a reply that is cut within its head for a whole one without a body.
     static std::size_t note(const char* line, std::size_t, std::size_t count, void* self) {
         const std::string_view text(line, count);
-        static_cast<Transfer*>(self)->headEnded = text == "\r\n" || text == "\n";
+        bool& ended = static_cast<Transfer*>(self)->headEnded;
+        // Each reply of a chain has a head; what comes behind the end of the last one are trailers of its body.
+        if (text.starts_with("HTTP/")) ended = false;
+        if (text == "\r\n" || text == "\n") ended = true;
         return count;
     }
 

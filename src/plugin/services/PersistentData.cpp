@@ -59,7 +59,8 @@ void PersistentData::bindTo(const Shared& container) {
 PersistentData::Shared PersistentData::bound(const Shared& container, Owned node, PrefType type) {
     if (!node) return nullptr;
     const PrefType found = type == PrefType::None ? typeOf(*node) : type;
-    if (!fits(*node, found)) return nullptr;
+    // Asked for whatever is there, also for a null, which has no type, so that it can be taken out.
+    if (type != PrefType::None && !fits(*node, type)) return nullptr;
     auto data = std::make_shared<PersistentData>(std::move(node), found);
     data->bindTo(container);
     return data;

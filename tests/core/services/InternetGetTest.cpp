@@ -84,6 +84,7 @@ TEST_F(InternetGetTest, TellsRepliesApart) {
         {server->url("/status/500"), InternetError::Status, "", 500},
         {server->rudeUrl("/cut"), InternetError::Unreachable, ""},
         {server->rudeUrl("/cut-chunk"), InternetError::Unreachable, ""},
+        {server->rudeUrl("/trailer"), InternetError::None, "16.3"},
         {server->rudeUrl("/less-head"), InternetError::Unreachable, ""},
         {server->rudeUrl("/nothing"), InternetError::Unreachable, ""},
         {server->rudeUrl("/more-than-said"), InternetError::None, "16.3"},
