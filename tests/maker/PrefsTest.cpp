@@ -197,7 +197,7 @@ TEST_F(PrefsTest, AbsurdAxesDoNoHarm) {
 TEST(Web, IsTheMakersUnlessThisMachineIsNamed) {
     const auto addressWith = [](const char* other) {
         setenv("VELLORAN_WEB", other, 1);
-        const std::string address = vl::web::address("/check");
+        std::string address = vl::web::address("/check");
         unsetenv("VELLORAN_WEB");
         return address;
     };

@@ -9,8 +9,6 @@
 
 #include "places/Places.h"
 
-extern char** environ;
-
 namespace desk {
 
 class WebServer {
