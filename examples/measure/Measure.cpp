@@ -16,7 +16,6 @@ namespace {
 using kzo::core::AnnotationDrawer;
 using kzo::core::Annotator;
 using kzo::core::ArtboardPoint;
-using kzo::core::ArtboardRect;
 using kzo::core::callback;
 using kzo::core::Tool;
 using kzo::core::ToolOptions;

@@ -96,7 +96,8 @@ Path roundedRectangle(const Box& box, double radius) {
     const double handle = cut * kQuarterHandle;
     for (std::size_t i = 0; i < 8; ++i) {
         // Travel at the two ends of side k goes clockwise from the right.
-        const Point along = scaled(direction((static_cast<double>(i / 2) + 1.0) / 4.0), handle);
+        const std::size_t side = i / 2;
+        const Point along = scaled(direction((static_cast<double>(side) + 1.0) / 4.0), handle);
         Anchor& anchor = path.anchors[i];
         (i % 2 == 0 ? anchor.in : anchor.out) = i % 2 == 0 ? anchor.p - along : anchor.p + along;
         anchor.corner = false;
@@ -167,6 +168,7 @@ std::optional<Path> regularPolygon(Point center, Point first, int sides) {
 std::optional<Path> star(Point center, int tips, double tipRadius, double notchRadius) {
     if (tips < 2) return std::nullopt;
     std::vector<Point> corners;
+    corners.reserve(2 * static_cast<std::size_t>(tips));
     for (int i = 0; i < 2 * tips; ++i)
         corners.push_back(center + scaled(direction(0.5 * i / tips), i % 2 == 0 ? tipRadius : notchRadius));
     return polygon(corners);

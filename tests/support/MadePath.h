@@ -22,6 +22,7 @@ inline ArtObject* madePath(const std::vector<kzo::core::ArtboardSegPoint>& point
 /// The same of corners.
 inline ArtObject* madePath(const std::vector<kzo::core::ArtboardPoint>& corners) {
     std::vector<kzo::core::ArtboardSegPoint> points;
+    points.reserve(corners.size());
     for (const kzo::core::ArtboardPoint& corner : corners) points.emplace_back(corner, true);
     return madePath(points);
 }
