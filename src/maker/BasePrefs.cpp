@@ -74,6 +74,7 @@ bool vlBasePrefs::locate() {
     return true;
 }
 
+/// The preferences count as failed; the values are the defaults.
 void vlBasePrefs::fail() {
     vlGlobals::instance()->prefsFailed = true;
     init();

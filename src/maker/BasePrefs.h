@@ -43,8 +43,6 @@ class vlBasePrefs {
     vlBasePrefs(const vlBasePrefs&) = delete;
     vlBasePrefs& operator=(const vlBasePrefs&) = delete;
 
-    /// The preferences count as failed; the values are the defaults.
-    virtual void fail();
     bool saveStore() { return store_.save(path_); }
 
     kzo::core::Preferences store_;
@@ -55,6 +53,7 @@ class vlBasePrefs {
 
   private:
     [[nodiscard]] bool locate();
+    void fail();
     void noteWhetherDue();
 
     std::string path_;

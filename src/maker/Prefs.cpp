@@ -29,6 +29,21 @@ void setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
 
 } // namespace
 
+// Life
+
+void vlPrefs::init() {
+    vlBasePrefs::init();
+    setLive(kZAxis, kXAxis, false, false);
+}
+
+void vlPrefs::startup() { vlBasePrefs::startup(); }
+void vlPrefs::postStartup() { vlBasePrefs::postStartup(); }
+void vlPrefs::preShutdown() { vlBasePrefs::preShutdown(); }
+void vlPrefs::shutdown() { vlBasePrefs::shutdown(); }
+void vlPrefs::doFirstLaunch() { vlBasePrefs::doFirstLaunch(); }
+
+// Between the values, the store and the file
+
 void vlPrefs::getPrefs() {
     vlBasePrefs::getPrefs();
     store_.getOrCreateFloatPref("zAxis", kZAxis, zAxisPref_);
@@ -49,10 +64,8 @@ void vlPrefs::setPrefs() {
     savePrefs();
 }
 
-void vlPrefs::fail() {
-    vlBasePrefs::fail();
-    setLive(kZAxis, kXAxis, false, false);
-}
+/// The store is the base's, which has read all of it.
+void vlPrefs::readPrefs() { vlBasePrefs::readPrefs(); }
 
 void vlPrefs::applyPrefsSettings(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
     constexpr double kHalfTurn = 180;

@@ -7,16 +7,20 @@ namespace vl {
 
 class vlPrefs : public vlBasePrefs {
   public:
+    void init() override;
+    void startup() override;
+    void postStartup() override;
+    void preShutdown() override;
+    void shutdown() override;
     void getPrefs() override;
     void setPrefs() override;
+    void readPrefs() override;
+    void doFirstLaunch() override;
     void savePrefs() { saveStore(); }
 
     /// Takes over the dialog's axes, in degrees, and switches. The dialog has the X axis as an angle between 0 and -90;
     /// the direction of the axis is 180 degrees on.
     static void applyPrefsSettings(double zAxis, double xAxis, bool concatenate, bool usePlotwise);
-
-  protected:
-    void fail() override;
 
   private:
     kzo::core::NumberPref zAxisPref_;

@@ -9,6 +9,7 @@
 #include "core/frame/Dispatcher.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/Messages.h"
+#include "plugin/platform/Background.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::core {
@@ -166,6 +167,14 @@ std::int32_t dispatch(const Arrived& arrived) {
     return arrived.caller() == message::kTool && answer != plugin::Dispatcher::kNotHandled ? answer : kDone;
 }
 
+/// What waits for the end of a message has its turn when the outermost one is through, unless the plug-in is too.
+std::int32_t handle(const Arrived& arrived) {
+    const std::int32_t answer = dispatch(arrived);
+    const Plugin* const plugin = Plugin::instance();
+    if (!EntryScope::nested() && plugin && !plugin->hasShutdown()) plugin::background::messageEnded();
+    return answer;
+}
+
 } // namespace
 
 } // namespace kzo::core
@@ -177,7 +186,7 @@ extern "C" __attribute__((visibility("default"))) std::int32_t PluginMain(const 
     try {
         const Arrived arrived(caller, selector, message);
         const EntryScope scope(arrived);
-        return guarded(arrived, "a callback", [&] { return dispatch(arrived); });
+        return guarded(arrived, "a callback", [&] { return handle(arrived); });
     } catch (...) {
         return kDone; // no memory for the texts
     }

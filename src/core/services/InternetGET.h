@@ -20,8 +20,8 @@ class InternetGET {
   public:
     InternetGET(const std::string& url, const Callback& success, const Callback& failure);
     ~InternetGET();
-    /// Makes one and starts it in the background. Only when the host refuses even a timer does the failure callback run
-    /// before this returns.
+    /// Makes one and starts it in the background. Where the host refuses even a timer, the failure callback runs at the
+    /// end of the message being handled.
     [[nodiscard]] static std::unique_ptr<InternetGET> Async(const std::string& url, const Callback& success,
                                                             const Callback& failure);
 

@@ -70,21 +70,27 @@ template <class Kind> class Pref : public PrefData {
 using BoolPref = Pref<bool>;
 using NumberPref = Pref<double>;
 using StringPref = Pref<std::string>;
-using ArtboardPointPref = Pref<ArtboardPoint>;
-using ArtboardRectPref = Pref<ArtboardRect>;
-using ArtColorPref = Pref<ArtColor>;
-using ColorPref = Pref<Color>;
-using PointPref = Pref<Point>;
-using RectPref = Pref<Rect>;
-using SizePref = Pref<Size>;
-using FontPref = Pref<Font>;
-using TransformMatrixPref = Pref<TransformMatrix>;
-using DashStylePref = Pref<DashStyle>;
-using FillStylePref = Pref<FillStyle>;
-using StrokeStylePref = Pref<StrokeStyle>;
-using DashStyleMapPref = Pref<DashStyleMap>;
-using FillStyleMapPref = Pref<FillStyleMap>;
-using StrokeStyleMapPref = Pref<StrokeStyleMap>;
+
+// Kinds of several values. Each is an object with exactly these members; they are numbers where nothing else is said.
+using ArtboardPointPref = Pref<ArtboardPoint>;     // h, v
+using ArtboardRectPref = Pref<ArtboardRect>;       // left, top, right, bottom
+using ArtColorPref = Pref<ArtColor>;               // r, g, b, each 0 to 1
+using ColorPref = Pref<Color>;                     // red, green, blue, alpha, each 0 to 1
+using PointPref = Pref<Point>;                     // x, y
+using RectPref = Pref<Rect>;                       // x, y, width, height
+using SizePref = Pref<Size>;                       // width, height
+using FontPref = Pref<Font>;                       // fontName (a text), fontSize
+using TransformMatrixPref = Pref<TransformMatrix>; // a, b, c, d, tx, ty
+using DashStylePref = Pref<DashStyle>;             // dashes (an array of at most 6), dashOffset
+using FillStylePref = Pref<FillStyle>;             // fillPainted (a switch), fillColor (as ArtColorPref)
+using StrokeStylePref = Pref<StrokeStyle>;         // strokePainted (a switch), strokeColor (as ArtColorPref),
+                                                   // strokeWidth, miterLimit, cap (110 butt, 120 round,
+                                                   // 130 projecting), join (110 miter, 120 round, 130 bevel),
+                                                   // dash (as DashStylePref)
+using DashStyleMapPref = Pref<DashStyleMap>;       // dashes, dashOffset, both switches
+using FillStyleMapPref = Pref<FillStyleMap>;       // fillPainted, fillColor, both switches
+using StrokeStyleMapPref = Pref<StrokeStyleMap>;   // the members of StrokeStylePref as switches, dash as
+                                                   // DashStyleMapPref
 
 /// Values of any kind in a row.
 class ArrayPref : public PrefData {

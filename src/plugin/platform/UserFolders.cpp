@@ -17,12 +17,10 @@ fs::path homeFolder() {
     return user && user->pw_dir ? user->pw_dir : "";
 }
 
-std::string made(const fs::path& folder, bool withParents) {
+/// Makes the folder itself, if it is missing, but none around it: where the home folder is missing there is no user.
+std::string made(const fs::path& folder) {
     std::error_code error;
-    if (withParents)
-        fs::create_directories(folder, error);
-    else
-        fs::create_directory(folder, error);
+    fs::create_directory(folder, error);
     return fs::is_directory(folder, error) ? folder.string() : "";
 }
 
@@ -30,13 +28,13 @@ std::string made(const fs::path& folder, bool withParents) {
 
 std::string userPreferences() {
 #ifdef __APPLE__
-    return made(homeFolder() / "Library/Preferences", false);
+    return made(homeFolder() / "Library/Preferences");
 #else
     // A path that is not absolute counts for nothing.
     const char* const configured = std::getenv("XDG_CONFIG_HOME");
-    if (configured && *configured == '/') return made(configured, true);
+    if (configured && *configured == '/') return made(configured);
     const fs::path home = homeFolder();
-    return home.empty() ? "" : made(home / ".config", false);
+    return home.empty() ? "" : made(home / ".config");
 #endif
 }
 

@@ -5,8 +5,7 @@
 
 namespace kzo::plugin {
 
-/// The user's preferences folder, made if it is missing, though never the home folder around it; empty when there is
-/// none.
+/// The user's preferences folder, made if it is missing, though never a folder around it; empty when there is none.
 [[nodiscard]] std::string userPreferences();
 
 } // namespace kzo::plugin

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "plugin/frame/BasePlugin.h"
+#include "plugin/platform/Background.h"
 
 namespace kzo::plugin {
 
@@ -88,19 +89,22 @@ class InternetGET::Transfers {
     Transfers(const Transfers&) = delete;
     Transfers& operator=(const Transfers&) = delete;
 
-    /// False when libcurl, or the host with its timer, refuses.
-    bool add(InternetGET& request, bool inBackground) {
-        if (!multi_ || (inBackground && !startTimer())) return false;
-        if (curl_multi_add_handle(multi_, request.transfer_->easy) != CURLM_OK) return false;
-        requests_.push_back(&request);
-        return true;
+    /// Where libcurl, or the host with its timer, refuses, the request fails once whoever started it has returned.
+    void add(InternetGET& request, bool inBackground) {
+        const bool driven = multi_ && request.transfer_->easy && (!inBackground || startTimer());
+        const bool accepted = driven && curl_multi_add_handle(multi_, request.transfer_->easy) == CURLM_OK;
+        (accepted ? requests_ : refused_).push_back(&request);
     }
 
     void remove(InternetGET& request) {
+        std::erase(refused_, &request);
         if (std::erase(requests_, &request) > 0) curl_multi_remove_handle(multi_, request.transfer_->easy);
     }
 
-    [[nodiscard]] bool empty() const { return requests_.empty(); }
+    [[nodiscard]] bool empty() const { return requests_.empty() && refused_.empty(); }
+
+    /// One that was refused; null when there is none.
+    [[nodiscard]] InternetGET* refused() const { return refused_.empty() ? nullptr : refused_.front(); }
 
     void move(milliseconds patience) const {
         int active = 0;
@@ -146,6 +150,7 @@ class InternetGET::Transfers {
 
     CURLM* multi_ = curl_multi_init();
     std::vector<InternetGET*> requests_;
+    std::vector<InternetGET*> refused_; ///< which are to fail
     std::shared_ptr<Timer> timer_;
     steady_clock::time_point lastTick_;
 };
@@ -184,19 +189,28 @@ void InternetGET::begin(bool inBackground) {
     transfer_ = std::make_unique<Transfer>(url_, limits_);
     auto& transfers = Transfers::all();
     if (!transfers) transfers.emplace();
-    if (!transfer_->easy || !transfers->add(*this, inBackground)) end(CURLE_FAILED_INIT);
+    transfers->add(*this, inBackground);
+    background::work = {.move = &work, .messageEnded = &failRefused};
 }
 
-void InternetGET::work(milliseconds patience) {
+// Callbacks may start and give up other requests, and even come back in here.
+
+bool InternetGET::work(milliseconds patience) {
+    failRefused();
     auto& transfers = Transfers::all();
-    if (!transfers) return;
+    if (!transfers) return false;
     transfers->move(patience);
-    // A callback may start and give up other requests, and even come back in here.
     while (transfers) {
         const auto [request, result] = transfers->ended();
         if (!request) break;
         request->end(result);
     }
+    return true;
+}
+
+void InternetGET::failRefused() {
+    auto& transfers = Transfers::all();
+    while (InternetGET* const request = transfers ? transfers->refused() : nullptr) request->end(CURLE_FAILED_INIT);
 }
 
 namespace {

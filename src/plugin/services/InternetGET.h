@@ -37,14 +37,15 @@ class InternetGET {
     [[nodiscard]] core::InternetError errorCode() const { return errorCode_; }
     [[nodiscard]] int platformErrorCode() const { return platformErrorCode_; }
 
-    /// Moves everything that is under way, waiting for the network for at most `patience`.
-    static void work(std::chrono::milliseconds patience);
+    /// Moves everything that is under way, waiting for the network for at most `patience`. False when nothing is.
+    static bool work(std::chrono::milliseconds patience);
 
   private:
     struct Transfer;
     class Transfers;
 
     void begin(bool inBackground);
+    static void failRefused();
     void end(int result);
     void fail(core::InternetError code, int platformCode, const std::string& text);
 

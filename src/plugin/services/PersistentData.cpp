@@ -13,16 +13,9 @@ using core::PrefType;
 using json::Node;
 using json::Owned;
 
-std::ptrdiff_t indexIn(const Node& array, const Node* element) {
+std::size_t indexIn(const Node& array, const Node* element) {
     const auto& all = *array.elements();
-    return std::find(all.begin(), all.end(), element) - all.begin();
-}
-
-/// The value that stands in `now` where `node` stood in `before`; null for
-/// none.
-Owned counterpart(const Node& before, const Node& node, const Node& now) {
-    if (before.members()) return Owned(now.member(node.name()));
-    return Owned(now.element(static_cast<std::size_t>(indexIn(before, &node))));
+    return static_cast<std::size_t>(std::find(all.begin(), all.end(), element) - all.begin());
 }
 
 } // namespace
@@ -31,13 +24,18 @@ Node* PersistentData::node() const {
     // What was taken out of its container keeps its node and its value.
     if (!container_ || (node_ && node_->parent() != place_.get())) return node_.get();
     Node* const place = container_->node();
-    if (place == place_.get()) return node_.get();
-    Owned found;
-    if (place && node_ && place_) found = counterpart(*place_, *node_, *place);
-    if (found && !fits(*found, type_)) found.reset();
-    node_ = std::move(found);
+    if (node_ && place == place_.get()) return node_.get();
+    if (node_) key_ = node_->name();
+    if (node_ && place_->elements()) index_ = indexIn(*place_, node_.get());
+    node_ = place ? found(*place) : nullptr;
     place_.reset(Node::acquire(place));
     return node_.get();
+}
+
+/// The value of its kind that stands in its place there; null for none.
+Owned PersistentData::found(const Node& place) const {
+    Owned node(place.members() ? place.member(key_) : place.element(index_));
+    return node && fits(*node, type_) ? std::move(node) : nullptr;
 }
 
 std::string PersistentData::key() const {
@@ -96,8 +94,7 @@ bool PersistentData::remove(const Shared& container, const Shared& value) {
     Node* const removed = value ? value->node() : nullptr;
     if (!from || !removed || removed->parent() != from) return false;
     value->container_.reset();
-    return from->elements() ? from->removeElement(static_cast<std::size_t>(indexIn(*from, removed)))
-                            : from->removeMember(removed);
+    return from->elements() ? from->removeElement(indexIn(*from, removed)) : from->removeMember(removed);
 }
 
 PersistentData::Shared PersistentData::copied(const Shared& value, const std::string& key) {

@@ -14,9 +14,9 @@ namespace kzo::plugin {
 
 /// Shared by the handles that are copies of each other. Bound to a place (a key
 /// or an index of a container), it follows that place when the container's tree
-/// is replaced; then it is empty if the place has no value of its kind any
-/// more. Without a place it keeps a node of its own. Everything returns false,
-/// 0, an empty text or null when it is empty.
+/// is replaced, and is empty for as long as the place has no value of its kind.
+/// Without a place it keeps a node of its own. Everything returns false, 0, an
+/// empty text or null when it is empty.
 class PersistentData {
   public:
     using Shared = std::shared_ptr<PersistentData>;
@@ -60,12 +60,15 @@ class PersistentData {
   private:
     static Shared bound(const Shared& container, json::Owned node, core::PrefType type);
     void bindTo(const Shared& container);
+    [[nodiscard]] json::Owned found(const json::Node& place) const;
     [[nodiscard]] std::size_t depth() const;
 
     core::PrefType type_;
     Shared container_;
     mutable json::Owned node_;
-    mutable json::Owned place_; ///< the container's node when `node_` was looked up
+    mutable json::Owned place_;     ///< the container's node when `node_` was looked up
+    mutable std::string key_;       ///< in a dictionary, when it was last there
+    mutable std::size_t index_ = 0; ///< in an array
 };
 
 } // namespace kzo::plugin

@@ -244,6 +244,9 @@ template <class... Kinds> PrefType compoundTypeOf(const Node& node, KindList<Kin
     return found;
 }
 
+/// A backslash before the closing quote would be read as part of what follows.
+std::string readable(const std::string& text) { return text.substr(0, text.find_last_not_of('\\') + 1); }
+
 bool endsInBackslash(const std::string& text) { return !text.empty() && text.back() == '\\'; }
 
 bool isReadable(const Node& node) {
@@ -264,14 +267,13 @@ template <class Kind> void Codec<Kind>::store(Node& node, const Kind& value) {
     } else if constexpr (std::is_same_v<Kind, double>) {
         node.setDoubleValue(value);
     } else if constexpr (std::is_same_v<Kind, std::string>) {
-        // A backslash before the closing quote would be read as part of what
-        // follows.
-        node.setStringValue(value.substr(0, value.find_last_not_of('\\') + 1));
+        node.setStringValue(readable(value));
     } else {
         while (node.membersCount() > 0) node.removeMember(node.members()->begin()->second);
         Writing members(node);
         Kind copy = value;
         list(members, copy);
+        for (const auto& [name, member] : *node.members()) member->setStringValue(readable(member->stringValue()));
     }
 }
 
@@ -305,6 +307,16 @@ bool canBeReadBack(const Node& node, std::size_t deepest) {
         if (isContainer(*child)) open.emplace_back(*child);
     }
     return true;
+}
+
+void makeReadable(Node& container) {
+    std::vector<Node*> all;
+    for (json::Children children(container); Node* const child = children.next();) all.push_back(child);
+    for (Node* const child : all) {
+        makeReadable(*child);
+        std::string name = child->name();
+        if (std::erase(name, '"') > 0 && !child->setName(readable(name))) container.removeMember(child);
+    }
 }
 
 template struct Codec<bool>;

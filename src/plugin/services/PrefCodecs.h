@@ -1,6 +1,6 @@
 // How each kind of preference stands in the tree. Compound kinds are objects
-// with exactly the members named here, which tell them apart;
-// docs/preferences.md shows them.
+// with exactly the members that core/services/Pref.h names, which tell them
+// apart.
 #pragma once
 
 #include <string>
@@ -16,8 +16,8 @@ template <class Kind> struct Codec {
     [[nodiscard]] static json::Owned encode(const std::string& name, const Kind& value);
     /// False, with `value` in any state, when the node holds another kind.
     static bool decode(const json::Node& node, Kind& value);
-    /// Writes the value into a node of its kind, a text without the backslashes
-    /// at its end.
+    /// Writes the value into a node of its kind, texts without the backslashes
+    /// at their ends.
     static void store(json::Node& node, const Kind& value);
 };
 
@@ -31,5 +31,9 @@ template <class Kind> struct Codec {
 /// Whether all that the node holds can be read back once it is written, and
 /// stands no deeper than that many containers.
 [[nodiscard]] bool canBeReadBack(const json::Node& node, std::size_t deepest);
+
+/// Keys with quotes, which only a file edited by hand has, could not be read back: all within the container lose them,
+/// or their values where another one has the key that is left. Recursive, for trees no deeper than a store.
+void makeReadable(json::Node& container);
 
 } // namespace kzo::plugin

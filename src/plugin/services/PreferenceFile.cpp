@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -60,22 +61,9 @@ class Descriptor {
     int number_;
 };
 
-} // namespace
-
-PreferenceFile PreferenceFile::read(const std::string& path) {
-    const Descriptor file(path, O_RDONLY);
-    if (!file.isOpen()) return {.state = errno == ENOENT ? State::Missing : State::Unreadable, .text = {}};
+/// Replaces what the open file holds. False, with the old contents in place, when a step fails.
+bool rewriteOpen(const Descriptor& file, const std::string& text) {
     const auto size = file.size();
-    if (!size) return {.state = State::Unreadable, .text = {}};
-    if (*size > kLargestPreferences) return {.state = State::TooLarge, .text = {}};
-    auto text = file.read(*size);
-    if (!text) return {.state = State::Unreadable, .text = {}};
-    return {.state = State::Read, .text = std::move(*text)};
-}
-
-bool PreferenceFile::rewrite(const std::string& path, const std::string& text) {
-    const Descriptor file(path, O_RDWR | O_CREAT);
-    const auto size = file.isOpen() ? file.size() : std::nullopt;
     if (!size) return false;
     // A file that is too large to hold preferences has no contents to be kept
     // whole, and is not padded.
@@ -93,10 +81,34 @@ bool PreferenceFile::rewrite(const std::string& path, const std::string& text) {
     // length.
     std::string padded = text;
     padded.resize(std::max(text.size(), kept), '\n');
-    // The padding is cut off once the text is on the disk. Where there is none, the disk may take its time.
-    if (file.write(padded, 0) && (padded.size() == text.size() || file.flush()) && file.cut(text.size())) return true;
+    // Any padding is cut off once the text is on the disk.
+    if (file.write(padded, 0) && file.flush() && file.cut(text.size())) return true;
     static_cast<void>(file.write(*before, 0));
     static_cast<void>(file.cut(*size));
+    return false;
+}
+
+} // namespace
+
+PreferenceFile PreferenceFile::read(const std::string& path) {
+    const Descriptor file(path, O_RDONLY);
+    if (!file.isOpen()) return {.state = errno == ENOENT ? State::Missing : State::Unreadable, .text = {}};
+    const auto size = file.size();
+    if (!size) return {.state = State::Unreadable, .text = {}};
+    if (*size > kLargestPreferences) return {.state = State::TooLarge, .text = {}};
+    auto text = file.read(*size);
+    if (!text) return {.state = State::Unreadable, .text = {}};
+    return {.state = State::Read, .text = std::move(*text)};
+}
+
+bool PreferenceFile::rewrite(const std::string& path, const std::string& text) {
+    if (const Descriptor file(path, O_RDWR); file.isOpen()) return rewriteOpen(file, text);
+    const Descriptor made(path, O_RDWR | O_CREAT);
+    if (!made.isOpen()) return false;
+    if (rewriteOpen(made, text)) return true;
+    // There was none before. The path may be a link.
+    std::error_code error;
+    std::filesystem::remove(std::filesystem::canonical(path, error), error);
     return false;
 }
 

@@ -23,7 +23,15 @@ constexpr const char* kPrefs = "Prefs";
 Owned Preferences::parsed(const std::string& text) {
     Owned root(json::parse(text, PersistentData::kDeepest));
     const Owned prefs(root ? root->member(kPrefs) : nullptr);
-    return prefs && prefs->members() ? std::move(root) : nullptr;
+    if (!prefs || !prefs->members()) return nullptr;
+    // No key comes by a quote without it.
+    if (text.find("\\\"") != std::string::npos) makeReadable(*prefs);
+    // The root has this one member and nothing beside it.
+    if (root->membersCount() == 1) return root;
+    root->removeMember(prefs.get());
+    Owned alone(Node::create(Node::Type::Object, ""));
+    alone->addMember(prefs.get());
+    return alone;
 }
 
 void Preferences::load(const std::string& path) {
@@ -40,7 +48,7 @@ void Preferences::load(const std::string& path) {
 bool Preferences::reload(const std::string& path) {
     Owned root = parsed(PreferenceFile::read(path).text);
     if (!root) return false;
-    unreadable_.clear();
+    if (path == unreadable_) unreadable_.clear();
     adopt(std::move(root));
     return true;
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "plugin/platform/Background.h"
 #include "plugin/services/InternetGET.h"
 #include "support/Desk.h"
 #include "support/Receiver.h"
@@ -168,13 +169,30 @@ TEST_F(InternetGetTest, SurvivesObjectsThatGo) {
     EXPECT_EQ(success.runs + failure.runs, 1);
 }
 
-TEST_F(InternetGetTest, FailsAtOnceWithoutATimer) {
+TEST_F(InternetGetTest, FailsOnceItsStarterIsThroughWithoutATimer) {
     desk.expectReports();
     const desk::Refusing noTimer{desk.tables(), &AITimerSuite::AddTimer};
-    const auto request = started(server->url("/version"));
+    std::unique_ptr<InternetGET> request, given;
+    desk.inMessage([&] {
+        request = started(server->url("/version")); // in a nested message
+        given = started(server->url("/version"));
+        EXPECT_TRUE(request->running());
+        EXPECT_EQ(failure.runs, 0);
+        given.reset();
+    });
     EXPECT_EQ(failure.runs, 1);
     EXPECT_EQ(request->errorCode(), InternetError::Other);
     EXPECT_FALSE(request->running());
+}
+
+TEST_F(InternetGetTest, IsMovedByAModalLoop) {
+    EXPECT_FALSE(kzo::plugin::background::move(1s)) << "nothing is under way";
+    desk.inMessage([&] {
+        const auto request = InternetGET::Async(server->url("/version"), success.callback(), failure.callback());
+        for (int i = 0; i < 100 && kzo::plugin::background::move(100ms); ++i) continue;
+        EXPECT_EQ(request->content(), "16.3");
+    });
+    EXPECT_EQ(success.runs, 1);
 }
 
 } // namespace

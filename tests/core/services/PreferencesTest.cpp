@@ -181,6 +181,13 @@ TEST_F(PreferencesTest, HandlesStayWithTheirKeysAfterAReload) {
     EXPECT_EQ(a.intValue(), 10);
     EXPECT_TRUE(b.isEmpty());
     EXPECT_FALSE(b.setIntValue(3));
+    folder.write("Preferences", R"({"Prefs":{"l":[1]}})");
+    EXPECT_TRUE(store.reload(path));
+    EXPECT_TRUE(a.isEmpty() && b.isEmpty() && x.isEmpty() && second.isEmpty());
+    EXPECT_TRUE(store.addPref(NumberPref("b", 20)));
+    EXPECT_EQ(b.intValue(), 20) << "the key is there again";
+    folder.write("Preferences", R"({"Prefs":{"a":10,"d":{"x":false},"l":[7,8]}})");
+    EXPECT_TRUE(store.reload(path));
     EXPECT_FALSE(x.isEmpty() || x.boolValue());
     EXPECT_EQ(second.intValue(), 8);
     EXPECT_TRUE(a.setIntValue(11) && store.save(path));
@@ -217,6 +224,21 @@ TEST_F(PreferencesTest, RefusesWhatCouldNotBeReadBack) {
         if (store.getPref("inner", left)) store.removePref(left);
     }
     EXPECT_EQ(text.stringValue(), "\\n \"quoted\" \\\" ");
+}
+
+TEST_F(PreferencesTest, LosesNothingElseToWhatCouldNotBeReadBack) {
+    Preferences store = loaded("{\"beside\":1,\"Prefs\":{\"a\\\"b\":1,\"ab\":2,\"c\\\\\"\":3,"
+                               "\"d\":[{\"e\\\"\":4}]},\"Other\":{}}");
+    FontPref font;
+    EXPECT_TRUE(store.getOrCreateFontPref("font", {.name = "Sans", .size = 9}, font));
+    EXPECT_TRUE(font.setValue({.name = "Mono\\", .size = 10}));
+    EXPECT_TRUE(store.save(path));
+    EXPECT_EQ(font.value().name, "Mono");
+    EXPECT_EQ(written(), "{\n\t\"Prefs\":\n\t{\n\t\t\"SaveCount\":1,\n\t\t\"__vn\":0,\n\t\t\"__vs\":\"\","
+                         "\n\t\t\"ab\":2,\n\t\t\"c\":3,\n\t\t\"d\":\n\t\t[\n\t\t\t\n\t\t\t{\n\t\t\t\t"
+                         "\"e\":4\n\t\t\t}\n\t\t],\n\t\t\"font\":\n\t\t{\n\t\t\t\"fontName\":\"Mono\","
+                         "\n\t\t\t\"fontSize\":10\n\t\t}\n\t}\n}");
+    EXPECT_TRUE(store.reload(path));
 }
 
 TEST_F(PreferencesTest, SurvivesEveryCutAndEveryFlippedBit) {

@@ -36,7 +36,8 @@ TEST(UserFolders, AreMadeWhereTheEnvironmentSaysButNoHomeIs) {
         std::optional<std::string> config;
         std::string home;
         std::string found;
-    } rows[] = {{folder.path("deep/config"), "home", folder.path("deep/config")},
+    } rows[] = {{folder.path("config/"), "home", folder.path("config/")},
+                {folder.path("none/config"), "home", ""},
                 {std::nullopt, "home", folder.path("home/.config")},
                 {"", "home", folder.path("home/.config")},
                 {"relative", "home", folder.path("home/.config")},

@@ -118,6 +118,10 @@ TEST(PreferenceFile, KeepsTheOldTextOnAFullDisk) {
     const FullDisk disk(length / 2);
     EXPECT_FALSE(PreferenceFile::rewrite(folder.path("Preferences"), preferences(9, 2)));
     EXPECT_EQ(folder.content("Preferences"), before);
+    std::filesystem::create_symlink("none", folder.path("link"));
+    for (const char* missing : {"none", "link"})
+        EXPECT_FALSE(PreferenceFile::rewrite(folder.path(missing), preferences(100, 2)));
+    EXPECT_FALSE(std::filesystem::exists(folder.path("none")));
 }
 
 TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
@@ -150,6 +154,7 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
             rewriting = rewriting || line.find("rewriting") != std::string::npos;
         }
         ASSERT_GT(calls.size(), 5U);
+        EXPECT_EQ(std::count_if(calls.begin(), calls.end(), [](const auto& call) { return call.first == "fsync"; }), 1);
         int changed = 0;
         for (const auto& [name, count] : calls) {
             folder.write("Preferences", before);
