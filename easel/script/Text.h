@@ -8,7 +8,7 @@
 
 namespace easel::script {
 
-/// A byte that is no text becomes U+FFFD.
+/// Bytes that are no text become U+FFFD.
 [[nodiscard]] std::string toEngine(std::string_view text);
 /// Nothing when half of a pair stands alone: there is no such text.
 [[nodiscard]] std::optional<std::string> fromEngine(std::string_view text);

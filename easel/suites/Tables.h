@@ -36,8 +36,8 @@ namespace easel::suites {
 
 /// A suite that can be acquired. `available` is a switch for tests: a suite that is off is not found.
 template <class Table> struct Published {
-    const char* name = SuiteTraits<Table>::name;
-    std::int32_t version = SuiteTraits<Table>::version;
+    const char* name = SuiteTraits<Table>::kName;
+    std::int32_t version = SuiteTraits<Table>::kVersion;
     Table table{};
     int acquired = 0;
     bool available = true;

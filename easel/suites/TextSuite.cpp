@@ -1,4 +1,6 @@
 // The text frame suite: text that plug-ins make.
+#include <utf8.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -10,22 +12,11 @@ namespace easel::suites {
 
 namespace {
 
-/// Whether the bytes are UTF-8 without control characters, which no drawing can say. Overlong forms, halves of
-/// surrogate pairs and what lies beyond the last character are none.
+/// Whether the bytes are UTF-8 of characters that a drawing can say: no control characters, no U+FFFE, no U+FFFF.
 bool isPlainText(std::string_view text) {
-    for (std::size_t at = 0; at < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[at++]);
-        const int more = lead < 0x80 ? 0 : lead < 0xC2 ? -1 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : lead < 0xF5 ? 3 : -1;
-        if (more < 0 || lead < 0x20 || lead == 0x7F) return false;
-        std::uint32_t c = more == 0 ? lead : lead & (0x3FU >> more);
-        for (int i = 0; i < more; ++i, ++at) {
-            if (at == text.size() || (static_cast<unsigned char>(text[at]) & 0xC0) != 0x80) return false;
-            c = c << 6 | (static_cast<unsigned char>(text[at]) & 0x3FU);
-        }
-        if ((more == 2 && c < 0x800) || (more == 3 && (c < 0x10000 || c > 0x10FFFF))) return false;
-        if ((c >= 0xD800 && c < 0xE000) || c == 0xFFFE || c == 0xFFFF) return false;
-    }
-    return true;
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
+    return utf8::is_valid(text) && std::none_of(text.begin(), text.end(), isControl) &&
+           text.find("\xEF\xBF\xBE") == text.npos && text.find("\xEF\xBF\xBF") == text.npos;
 }
 
 model::Justification justificationFromHost(std::int16_t justification) {

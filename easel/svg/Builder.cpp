@@ -289,7 +289,7 @@ void Builder::linkSheet() {
 
 void Builder::addDefault(std::string_view tagName, std::string_view attribute, std::string_view value) {
     std::string text;
-    appendEscaped(text, value, true);
+    appendAsciiEscaped(text, value);
     source_->defaults[std::string(tagName)].emplace(attribute, std::move(text)); // the first one counts
 }
 

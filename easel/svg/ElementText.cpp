@@ -418,7 +418,7 @@ Tag ElementText::tagOf(std::string_view text) const {
 
 std::string ElementText::escaped(std::string_view text) const {
     std::string result;
-    appendEscaped(result, text, source_.encoding == Encoding::OtherAscii);
+    source_.encoding == Encoding::OtherAscii ? appendAsciiEscaped(result, text) : appendEscaped(result, text);
     return result;
 }
 

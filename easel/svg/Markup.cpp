@@ -1,6 +1,8 @@
 // Small grammars, each written by hand.
 #include "svg/Markup.h"
 
+#include <utf8.h>
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -56,17 +58,6 @@ void appendSegment(std::string& out, const PathPoint& start, const PathPoint& en
     append(out, end.anchor);
 }
 
-bool startsUtf8(char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }
-
-/// The character that begins at `at`, which is moved behind it.
-std::uint32_t nextCharacter(std::string_view text, std::size_t& at) {
-    const auto lead = static_cast<unsigned char>(text[at++]);
-    const int more = lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-    std::uint32_t c = lead & (0x3FU >> more);
-    while (at < text.size() && !startsUtf8(text[at])) c = c << 6 | (static_cast<unsigned char>(text[at++]) & 0x3FU);
-    return c;
-}
-
 std::string colorText(const model::Color& color, bool painted) {
     std::string text;
     if (painted) {
@@ -97,13 +88,8 @@ void appendNumber(std::string& out, double value) {
     out.append(digits, end);
 }
 
-void appendEscaped(std::string& out, std::string_view text, bool asciiOnly) {
-    for (std::size_t at = 0; at < text.size();) {
-        if (asciiOnly && static_cast<unsigned char>(text[at]) >= 0x80) {
-            out += "&#" + std::to_string(nextCharacter(text, at)) + ';';
-            continue;
-        }
-        const char c = text[at++];
+void appendEscaped(std::string& out, std::string_view text) {
+    for (const char c : text) {
         switch (c) {
         case '&': out += "&amp;"; break;
         case '<': out += "&lt;"; break;
@@ -115,6 +101,18 @@ void appendEscaped(std::string& out, std::string_view text, bool asciiOnly) {
         case '\r': out += "&#13;"; break;
         default:
             if (static_cast<unsigned char>(c) >= ' ') out += c; // XML has no way to say the others
+        }
+    }
+}
+
+void appendAsciiEscaped(std::string& out, std::string_view text) {
+    std::string escaped;
+    appendEscaped(escaped, utf8::replace_invalid(text));
+    for (const char32_t c : utf8::utf8to32(escaped)) {
+        if (c < 0x80) {
+            out += static_cast<char>(c);
+        } else {
+            out += "&#" + std::to_string(static_cast<std::uint32_t>(c)) + ';';
         }
     }
 }

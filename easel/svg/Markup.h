@@ -13,8 +13,9 @@
 namespace easel::svg {
 
 void appendNumber(std::string& out, double value);
-/// `asciiOnly`: other characters become references, for files whose encoding may not have them.
-void appendEscaped(std::string& out, std::string_view text, bool asciiOnly);
+void appendEscaped(std::string& out, std::string_view text);
+/// Characters beyond ASCII become references, for files whose encoding may not have them.
+void appendAsciiEscaped(std::string& out, std::string_view text);
 
 [[nodiscard]] std::string pathData(const model::PathData& path);
 /// Corner or smooth, a letter for each point; empty where the handles tell it.

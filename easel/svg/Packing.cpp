@@ -1,9 +1,9 @@
-// zlib does the packing; UTF-16 is recoded by hand, so that every pair of bytes comes back as it was.
+// zlib does the packing, utfcpp the recoding: every pair of bytes comes back as it was.
 #include "svg/Packing.h"
 
+#include <utf8.h>
 #include <zlib.h>
 
-#include <cstdint>
 #include <memory>
 #include <stdexcept>
 
@@ -39,17 +39,6 @@ template <class Step> std::string pumped(z_stream& stream, std::string_view byte
     return out;
 }
 
-void appendUtf8(std::string& out, std::uint32_t c) {
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-        return;
-    }
-    const int more = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-    static constexpr unsigned kLeads[] = {0, 0xC0, 0xE0, 0xF0};
-    out += static_cast<char>(kLeads[more] | c >> 6 * more);
-    for (int i = more - 1; i >= 0; --i) out += static_cast<char>(0x80 | (c >> 6 * i & 0x3F));
-}
-
 } // namespace
 
 bool isPacked(std::string_view bytes) { return bytes.substr(0, 2) == "\x1f\x8b"; }
@@ -80,50 +69,26 @@ std::string pack(std::string_view bytes) {
 }
 
 std::string fromUtf16(std::string_view bytes, bool bigEndian) {
-    const auto unit = [&](std::size_t at) {
-        const auto first = static_cast<unsigned char>(bytes[at]);
-        const auto second = static_cast<unsigned char>(bytes[at + 1]);
-        return static_cast<std::uint32_t>(bigEndian ? first << 8 | second : second << 8 | first);
-    };
     if (bytes.size() % 2 != 0) throw std::runtime_error("ends in the middle of a character");
-    std::string text;
-    text.reserve(bytes.size() / 2);
-    for (std::size_t at = 0; at < bytes.size(); at += 2) {
-        std::uint32_t c = unit(at);
-        if (c >= 0xD800 && c < 0xE000) {
-            const std::uint32_t low = at + 2 < bytes.size() ? unit(at + 2) : 0;
-            if (c >= 0xDC00 || low < 0xDC00 || low >= 0xE000) {
-                throw std::runtime_error("half of a surrogate pair stands alone");
-            }
-            c = 0x10000 + ((c - 0xD800) << 10 | (low - 0xDC00));
-            at += 2;
-        }
-        appendUtf8(text, c);
+    const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
+    std::u16string units(bytes.size() / 2, u'\0');
+    for (std::size_t i = 0; i < units.size(); ++i)
+        units[i] = static_cast<char16_t>(byte(2 * i + (bigEndian ? 0 : 1)) << 8 | byte(2 * i + (bigEndian ? 1 : 0)));
+    try {
+        return utf8::utf16to8(units);
+    } catch (const utf8::invalid_utf16&) {
+        throw std::runtime_error("half of a surrogate pair stands alone");
     }
-    return text;
 }
 
 std::string toUtf16(std::string_view text, bool bigEndian) {
     std::string bytes;
     bytes.reserve(text.size() * 2);
-    const auto put = [&](std::uint32_t unit) {
+    for (const char16_t unit : utf8::utf8to16(text)) {
         const char high = static_cast<char>(unit >> 8);
         const char low = static_cast<char>(unit & 0xFF);
         bytes += bigEndian ? high : low;
         bytes += bigEndian ? low : high;
-    };
-    for (std::size_t at = 0; at < text.size();) {
-        const auto lead = static_cast<unsigned char>(text[at++]);
-        const int more = lead < 0xC0 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-        std::uint32_t c = more == 0 ? lead : lead & (0x3FU >> more);
-        for (int i = 0; i < more && at < text.size(); ++i)
-            c = c << 6 | (static_cast<unsigned char>(text[at++]) & 0x3FU);
-        if (c < 0x10000) {
-            put(c);
-        } else {
-            put(0xD800 + ((c - 0x10000) >> 10));
-            put(0xDC00 + ((c - 0x10000) & 0x3FF));
-        }
     }
     return bytes;
 }

@@ -131,7 +131,7 @@ bool Bezier::isCircularArc() const {
 }
 
 Box Bezier::bounds() const {
-    Box box = Box{p0, p0}.united({p3, p3});
+    Box box = Box{p0, p0}.unionWith({p3, p3});
     const Point a = p1 - p0;
     const Point b = p2 - p1;
     const Point c = p3 - p2;
@@ -139,7 +139,7 @@ Box Bezier::bounds() const {
         for (const double t : extremes) {
             if (!(t > 0.0 && t < 1.0)) continue;
             const Point point = evaluate(t);
-            box = box.united({point, point});
+            box = box.unionWith({point, point});
         }
     };
     include(roots(a.x - 2.0 * b.x + c.x, 2.0 * (b.x - a.x), a.x));

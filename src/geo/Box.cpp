@@ -18,8 +18,8 @@ Point Box::at(double partX, double partY) const { return {between(min, max, part
 
 Box Box::offset(double dx, double dy) const { return {min.offset(dx, dy), max.offset(dx, dy)}; }
 Box Box::inset(double dx, double dy) const { return {min.offset(dx, dy), max.offset(-dx, -dy)}; }
-Box Box::united(const Box& other) const { return {lower(min, other.min), upper(max, other.max)}; }
-Box Box::common(const Box& other) const {
+Box Box::unionWith(const Box& other) const { return {lower(min, other.min), upper(max, other.max)}; }
+Box Box::intersection(const Box& other) const {
     return overlaps(other) ? Box{upper(min, other.min), lower(max, other.max)} : Box();
 }
 

@@ -22,8 +22,8 @@ struct Box {
 
     [[nodiscard]] Box offset(double dx, double dy) const;
     [[nodiscard]] Box inset(double dx, double dy) const; // each edge moves inwards
-    [[nodiscard]] Box united(const Box& other) const;
-    [[nodiscard]] Box common(const Box& other) const; // an empty box at the origin when they do not overlap
+    [[nodiscard]] Box unionWith(const Box& other) const;
+    [[nodiscard]] Box intersection(const Box& other) const; // an empty box at the origin when they do not overlap
     [[nodiscard]] bool overlaps(const Box& other) const;
     [[nodiscard]] bool contains(Point point) const;
 };

@@ -33,7 +33,7 @@ void addItems(const Path& path, bool second, std::vector<Item>& items) {
 template <class Visit> void sweep(std::vector<Item>& items, const Visit& visit) {
     if (items.empty()) return;
     Box bounds = items.front().box;
-    for (const Item& item : items) bounds = bounds.united(item.box);
+    for (const Item& item : items) bounds = bounds.unionWith(item.box);
     if (bounds.height() > bounds.width()) {
         for (Item& item : items) {
             std::swap(item.box.min.x, item.box.min.y);

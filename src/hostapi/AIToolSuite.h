@@ -37,6 +37,9 @@ enum {
     kAIGestureTakenBack = 1
 };
 
+/* What a tool answers to a press that draws nothing: the current layer is locked, or hidden. */
+enum { kAILayerNotEditableRemark = 1000, kAILayerNotVisibleRemark = 1001 };
+
 /* Every tool message. An answer other than 0 is a remark that the host may log, never a failure. */
 typedef struct AIToolMessage {
     SPMessageData d;

@@ -63,8 +63,8 @@ enum { kAIShiftKey = 1, kAIOptionKey = 2, kAIControlKey = 4, kAICommandKey = 8 }
 template <class Table> struct SuiteTraits;
 #define DESCRIBE_SUITE(Table)                                                                                          \
     template <> struct SuiteTraits<Table> {                                                                            \
-        static constexpr const char* name = k##Table;                                                                  \
-        static constexpr int32_t version = k##Table##Version;                                                          \
+        static constexpr const char* kName = k##Table;                                                                 \
+        static constexpr int32_t kVersion = k##Table##Version;                                                         \
     };
 #else
 #define DESCRIBE_SUITE(Table)

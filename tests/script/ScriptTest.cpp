@@ -160,7 +160,7 @@ TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
                                        "b\xf0\x9f");
     const std::string mark = "\xef\xbf\xbd";
     EXPECT_EQ(play("print(app.document.layers[0].title)"),
-              "a" + mark + "\xf0\x9f\x9a\x80" + mark + mark + "b" + mark + mark + "\n");
+              "a" + mark + "\xf0\x9f\x9a\x80" + mark + mark + "b" + mark + "\n");
 }
 
 TEST_F(ScriptTest, AnObjectWhoseThingIsGoneThrowsUntilUndoBringsItBack) {

@@ -5,18 +5,11 @@
 #include <cmath>
 #include <utility>
 
+#include "hostapi/AIToolSuite.h"
 #include "hostapi/StageSuite.h"
 #include "session/base/Error.h"
 
 namespace easel::session {
-
-namespace {
-
-// What plug-ins return for a tool message, if not that all is well
-constexpr SPErr kLayerLockedRemark = 1000;
-constexpr SPErr kLayerHiddenRemark = 1001;
-
-} // namespace
 
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     held_.modifiers = modifiers;
@@ -44,8 +37,8 @@ void Pointer::send(const char* selector, BuiltinTool::Handler handler, std::uint
     if (!tool) return;
     if (tool->builtin) return (*tool->builtin.*handler)(*documents_.front(), location_, held_.modifiers);
     const SPErr result = sendTo(*tool, selector, flags);
-    if (result == kLayerLockedRemark) remark_ = Remark::LayerLocked;
-    if (result == kLayerHiddenRemark) remark_ = Remark::LayerHidden;
+    if (result == kAILayerNotEditableRemark) remark_ = Remark::LayerLocked;
+    if (result == kAILayerNotVisibleRemark) remark_ = Remark::LayerHidden;
 }
 
 void Pointer::reportRemark() {

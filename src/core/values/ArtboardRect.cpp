@@ -57,11 +57,11 @@ ArtboardRect ArtboardRect::inset(double dx, double dy) const { return fromBox(im
 // Union and intersection
 
 ArtboardRect& ArtboardRect::operator+=(const ArtboardRect& other) {
-    return *this = fromBox(impl().box.united(other.impl().box));
+    return *this = fromBox(impl().box.unionWith(other.impl().box));
 }
 
 ArtboardRect& ArtboardRect::operator-=(const ArtboardRect& other) {
-    return *this = fromBox(impl().box.common(other.impl().box));
+    return *this = fromBox(impl().box.intersection(other.impl().box));
 }
 
 } // namespace kzo::core

@@ -44,11 +44,11 @@ Rect Rect::inset(double dx, double dy) const { return Rect(impl().inset(dx, dy))
 // Union and intersection
 
 Rect& Rect::operator+=(const Rect& other) {
-    return *this = Rect(geo::Rect::fromBox(impl().box().united(other.impl().box())));
+    return *this = Rect(geo::Rect::fromBox(impl().box().unionWith(other.impl().box())));
 }
 
 Rect& Rect::operator-=(const Rect& other) {
-    return *this = Rect(geo::Rect::fromBox(impl().box().common(other.impl().box())));
+    return *this = Rect(geo::Rect::fromBox(impl().box().intersection(other.impl().box())));
 }
 
 } // namespace kzo::core

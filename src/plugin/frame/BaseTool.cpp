@@ -11,9 +11,6 @@ namespace kzo::plugin {
 
 namespace {
 
-constexpr std::int32_t kLayerNotEditable = 1000;
-constexpr std::int32_t kLayerNotVisible = 1001;
-
 AITool* addTool(SPPlugin* plugin, const std::string& pluginName, const BaseTool::Description& description) {
     // Only -2 means a new group or set; other negative numbers are taken for it.
     const auto joined = [](std::int16_t number) { return number < 0 ? BaseTool::kNoNumber : number; };
@@ -85,8 +82,8 @@ std::int32_t BaseTool::trackCursor() {
     AILayer* const current = CurrentDocument().currentLayer();
     if (!current) return 0;
     const Layer layer(current);
-    if (!layer.editable()) return kLayerNotEditable;
-    return layer.visible() ? 0 : kLayerNotVisible;
+    if (!layer.editable()) return kAILayerNotEditableRemark;
+    return layer.visible() ? 0 : kAILayerNotVisibleRemark;
 }
 
 std::int32_t BaseTool::mouseDown() {

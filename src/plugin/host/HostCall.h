@@ -25,7 +25,7 @@ struct Suite {
     Suite* acquiredBefore = nullptr;
 };
 
-template <class Table> inline constinit Suite suiteOf{SuiteTraits<Table>::name, SuiteTraits<Table>::version};
+template <class Table> inline constinit Suite suiteOf{SuiteTraits<Table>::kName, SuiteTraits<Table>::kVersion};
 
 /// The basic suite of the message being handled; null before the first one.
 inline constinit const SPBasicSuite* basic = nullptr;
