@@ -1,9 +1,10 @@
-// The art, matching art and hit test suites on the document's tree.
+// The art, transform art, matching art and hit test suites on the document's tree.
 #include <cmath>
 
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "session/frame/Memory.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
@@ -81,6 +82,14 @@ AIArtHandle getFirstArtOfLayer(std::optional<Layer> layer) {
     return artHandle(document, layer ? &layer->node : &document.currentLayer());
 }
 
+// Whole objects moved
+
+/// Patterns are measured from the page, so that they stay whatever is asked.
+void moveArt(Art art, AIReal dx, AIReal dy, AIBoolean /*patterns*/) {
+    require(std::isfinite(dx) && std::isfinite(dy));
+    art.document.offset(art.node, dx, dy);
+}
+
 // Matching art
 
 void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
@@ -142,6 +151,8 @@ template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::GetArtPriorSibling, getPriorSibling>(suite);
     enter<&AIArtSuite::GetFirstArtOfLayer, getFirstArtOfLayer>(suite);
 }
+
+template <> void fill(AITransformArtSuite& suite) { enter<&AITransformArtSuite::MoveArt, moveArt>(suite); }
 
 template <> void fill(AIMatchingArtSuite& suite) {
     enter<&AIMatchingArtSuite::GetSelectedArt, getSelectedArt>(suite);

@@ -25,6 +25,7 @@
 #include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
 #include "hostapi/SPInterfaceSuite.h"
@@ -67,10 +68,11 @@ class Tables final : public session::Suites {
     std::tuple<Published<SPPluginsSuite>, Published<SPInterfaceSuite>, Published<AIPluginGroupSuite>,
                Published<AINotifierSuite>, Published<AIToolSuite>, Published<AIMenuSuite>, Published<AITimerSuite>,
                Published<AIAnnotatorSuite>, Published<AIAnnotatorDrawerSuite>, Published<AIArtSuite>,
-               Published<AIPathSuite>, Published<AIPathStyleSuite>, Published<AITextFrameSuite>,
-               Published<AILayerSuite>, Published<AIDocumentSuite>, Published<AIDocumentViewSuite>,
-               Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>, Published<AIHitTestSuite>,
-               Published<AICursorSnapSuite>, Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<StageSuite>>
+               Published<AITransformArtSuite>, Published<AIPathSuite>, Published<AIPathStyleSuite>,
+               Published<AITextFrameSuite>, Published<AILayerSuite>, Published<AIDocumentSuite>,
+               Published<AIDocumentViewSuite>, Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>,
+               Published<AIHitTestSuite>, Published<AICursorSnapSuite>, Published<AIUndoSuite>,
+               Published<AIRealMathSuite>, Published<StageSuite>>
         all_;
 };
 

@@ -12,6 +12,7 @@ void vlGlobals::resetGesture() {
     const vlGlobals defaults;
     startPoint = defaults.startPoint;
     endPoint = defaults.endPoint;
+    rawLocation = defaults.rawLocation;
     startHitData = defaults.startHitData;
     hitArt = nullptr;
     pressed = continuing = turned = joined = false;

@@ -33,7 +33,8 @@ class vlGlobals {
 
     // The gesture
     kzo::core::ArtboardPoint startPoint;
-    kzo::core::ArtboardPoint endPoint; // on an axis, or where the modifier keys let it be
+    kzo::core::ArtboardPoint endPoint;    // on an axis, or where the modifier keys let it be
+    kzo::core::ArtboardPoint rawLocation; // of the cursor at the mover's last drag
     kzo::core::HitData startHitData;
     ArtObject* hitArt = nullptr; // the art that was pressed on; may be null
     bool pressed = false;        // the press was told of by the host; without it there is no gesture

@@ -31,13 +31,6 @@ constexpr double kMostVariance = 155;   // degrees by which the line may turn
 constexpr double kHandleTolerance = 35; // degrees
 constexpr double kStraightOn = 0;       // degrees
 
-/// The group that new lines go into; null when nothing may be drawn: no document, or a locked or hidden current layer.
-std::unique_ptr<Art> drawingGroup() {
-    auto* const document = Illustrator::instance()->currentDocument();
-    const auto layer = document ? document->currentLayer() : nullptr;
-    return layer && layer->editable() && layer->visible() ? layer->group() : nullptr;
-}
-
 kzo::core::PathStyle lineStyle() {
     kzo::core::PathStyle style;
     style.fill.painted = false;
@@ -53,9 +46,8 @@ kzo::core::PathStyle lineStyle() {
 
 /// The line from the press to here. Null when nothing may be drawn, the host refused, or it is too short: a click
 /// without a real drag leaves nothing behind.
-std::unique_ptr<Art> newLine(const vlGlobals& globals) {
-    const auto group = drawingGroup();
-    auto line = group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group.get()) : nullptr;
+std::unique_ptr<Art> newLine(const vlGlobals& globals, const Art* group) {
+    auto line = group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group) : nullptr;
     // Rounding must not remove a line of just the length.
     if (!line || line->path()->length() >= kShortestLine - kLengthRounding) return line;
     line->dispose();
@@ -115,6 +107,7 @@ void Plugin::__toolSelectedCB() {
 
 void Plugin::__toolDeselectedCB() {
     lineTool_.resetCursorLocs();
+    moverTool_.resetCursorLocs();
     vlGlobals::instance()->resetGesture();
 }
 
@@ -143,6 +136,18 @@ void Plugin::readKeys() {
     globals.commandDown = any(keys & ModifierKeys::Command);
 }
 
+Angle Plugin::heldDirection(const Angle& free) {
+    const vlGlobals& globals = *vlGlobals::instance();
+    if (globals.shiftDown) return free.nearest45();
+    return globals.optionDown ? free : vl::constrain::constrainToAxo(free);
+}
+
+std::unique_ptr<Art> Plugin::drawingGroup() {
+    auto* const document = Illustrator::instance()->currentDocument();
+    const auto layer = document ? document->currentLayer() : nullptr;
+    return layer && layer->editable() && layer->visible() ? layer->group() : nullptr;
+}
+
 bool Plugin::aim() {
     vlGlobals& globals = *vlGlobals::instance();
     if (!globals.pressed) return false;
@@ -150,10 +155,7 @@ bool Plugin::aim() {
     const auto hit = corePlugin_->currentTool().cursorHitData(HitRequest::AnchorsAndSegments, kDragTolerance);
     if (!hit || hit->isEmpty()) return false;
 
-    const Angle free = globals.startPoint ^ hit->point();
-    const Angle direction = globals.shiftDown    ? free.nearest45()
-                            : globals.optionDown ? free
-                                                 : vl::constrain::constrainToAxo(free);
+    const Angle direction = heldDirection(globals.startPoint ^ hit->point());
     globals.endPoint = globals.startPoint.move(globals.startPoint | hit->point(), direction);
     return true;
 }
@@ -178,7 +180,7 @@ void Plugin::__toolMouseUpCB() {
 
 void Plugin::finishLine(vlGlobals& globals) {
     if (auto* const document = Illustrator::instance()->currentDocument()) document->deselectAllArt();
-    const auto line = newLine(globals);
+    const auto line = newLine(globals, drawingGroup().get());
     globals.joined = line && wantsToJoin(globals) && join(globals, *line);
     if (globals.joined)
         Art(globals.hitArt).select();

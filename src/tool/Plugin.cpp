@@ -11,6 +11,9 @@ constexpr const char* kProductName = "Ortholine";
 constexpr const char* kLineToolTitle = "Isometric Line Tool";
 constexpr std::int16_t kLineToolLightIcon = 17000;
 constexpr std::int16_t kLineToolDarkIcon = 17002;
+constexpr const char* kMoverToolTitle = "Isometric Mover Tool";
+constexpr std::int16_t kMoverToolLightIcon = 17010;
+constexpr std::int16_t kMoverToolDarkIcon = 17012;
 constexpr std::int16_t kNewGroup = -2;
 
 using Bound = kzo::core::__Callback<Plugin>;
@@ -47,6 +50,15 @@ void Plugin::startup() {
     lineTool_.setMouseDownCallback(Bound(this, &Plugin::__toolMouseDownCB));
     lineTool_.setDragCallback(Bound(this, &Plugin::__toolDragCB));
     lineTool_.setMouseUpCallback(Bound(this, &Plugin::__toolMouseUpCB));
+    moverTool_ = kzo::core::Tool(lineTool_, &lineTool_, kMoverToolTitle, kMoverToolTitle, kMoverToolLightIcon,
+                                 kMoverToolDarkIcon, ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
+    moverTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
+    moverTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
+    moverTool_.setDeselectionCallback(Bound(this, &Plugin::__toolDeselectedCB));
+    moverTool_.setTrackCallback(Bound(this, &Plugin::__tool2MouseMovedCB));
+    moverTool_.setMouseDownCallback(Bound(this, &Plugin::__tool2MouseDownCB));
+    moverTool_.setDragCallback(Bound(this, &Plugin::__tool2DragCB));
+    moverTool_.setMouseUpCallback(Bound(this, &Plugin::__tool2MouseUpCB));
 }
 
 void Plugin::postStartup() { prefs_->postStartup(); }
@@ -56,6 +68,7 @@ void Plugin::shutdown() {
     prefs_->shutdown();
     prefs_.reset();
     lineTool_.destroy();
+    moverTool_.destroy();
 }
 
 } // namespace ortho

@@ -1,4 +1,4 @@
-// The product's main object: makes the tools, binds them to their handlers, and takes them down again.
+// The product's main object: makes the two tools, binds them to their handlers, and takes them down again.
 #pragma once
 
 #include <memory>
@@ -24,6 +24,7 @@ class Plugin {
     Plugin& operator=(const Plugin&) = delete;
 
     [[nodiscard]] const kzo::core::Tool& lineTool() const { return lineTool_; }
+    [[nodiscard]] const kzo::core::Tool& moverTool() const { return moverTool_; }
 
     // Life
     void startup();
@@ -31,27 +32,43 @@ class Plugin {
     void preShutdown();
     void shutdown();
 
-    // The line tool
+    // Both tools
     void __toolSelectedCB();
     void __toolDeselectedCB();
+
+    // The line tool
     void __toolMouseMovedCB();
     void __toolMouseDownCB();
     void __toolDragCB();
     void __toolMouseUpCB();
 
+    // The mover tool
+    void __tool2MouseMovedCB();
+    void __tool2MouseDownCB();
+    void __tool2DragCB();
+    void __tool2MouseUpCB();
+
   private:
     explicit Plugin(kzo::core::Plugin* corePlugin);
 
+    // Shared by both tools
+    static void readKeys();
+    /// The free direction, held to an axis or to what the keys ask for.
+    [[nodiscard]] static kzo::core::Angle heldDirection(const kzo::core::Angle& free);
+    /// The group that is drawn in; null when nothing may be drawn: no document, or a locked or hidden current layer.
+    [[nodiscard]] static std::unique_ptr<kzo::core::Art> drawingGroup();
+
     /// Reads keys and cursor, and sets the line's end from them. False when the cursor told nothing.
     bool aim();
-    static void readKeys();
     static void finishLine(vlGlobals& globals);
 
     kzo::core::Plugin* corePlugin_; // not owned
     std::unique_ptr<vl::vlPrefs> prefs_;
     kzo::core::Cursor penCursor_{kzo::core::AdobeCursor::Pen};
     kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::PenContinue};
+    kzo::core::Cursor moverCursor_{kzo::core::AdobeCursor::Move};
     kzo::core::Tool lineTool_;
+    kzo::core::Tool moverTool_;
 
     static inline std::unique_ptr<Plugin> instance_;
 };

@@ -150,6 +150,7 @@ Commands allCommands() {
     Commands rows;
     changes<&Art::deselect>(rows);
     changes<&Art::select>(rows);
+    changes<&Art::offset>(rows, 5.0, 7.0, false);
     changes<&PathArt::reverseSegs>(rows);
     changes<&PathArt::setSegPoints>(rows, std::int16_t{1}, points);
     changes<&PathArt::setSegs>(rows, std::int16_t{0}, points);

@@ -22,6 +22,7 @@
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolNames.h"
 #include "hostapi/AIToolSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
 #include "hostapi/SPInterfaceSuite.h"

@@ -144,7 +144,7 @@ TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
 }
 
 TEST_F(CommandLine, FindsPluginsByNameAndInFolders) {
-    const std::string tools = "Ortholine\n  tool: Isometric Line Tool\n";
+    const std::string tools = "Ortholine\n  tool: Isometric Line Tool\n  tool: Isometric Mover Tool\n";
     const Ended named = easel("plugins None.aip " ORTHOLINE_BUNDLE);
     EXPECT_EQ(named.code, 1);
     EXPECT_EQ(named.output.rfind("easel: None.aip: no such plug-in\n" + tools, 0), 0U) << named.output;

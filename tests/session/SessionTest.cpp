@@ -56,7 +56,7 @@ TEST(Session, StartedAgainFindsNothingLeftOfTheTimeBefore) {
         for (int again = 0; again < 2; ++again) EXPECT_THAT(session.start(), testing::IsEmpty());
         EXPECT_EQ(session.notifiers.all().size(), 3u);
         EXPECT_EQ(session.pluginGroups.all().size(), 1u);
-        EXPECT_EQ(session.toolbox.all().size(), 3u);
+        EXPECT_EQ(session.toolbox.all().size(), 4u);
         session.quit();
         EXPECT_THAT(session.notifiers.all(), testing::IsEmpty());
         EXPECT_EQ(session.toolbox.all().size(), 2u);

@@ -74,6 +74,10 @@ Art::Iterator& Art::Iterator::operator--() {
     return *this;
 }
 
+// Whole objects moved
+
+bool Art::offset(double dx, double dy, bool patterns) { return ask(impl(), &Impl::offset, dx, dy, patterns); }
+
 // Removal
 
 bool Art::dispose() { return ask(impl(), &Impl::dispose); }

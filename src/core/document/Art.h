@@ -57,6 +57,9 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] std::unique_ptr<Art> priorSibling() const;
     [[nodiscard]] Iterator begin() const;
 
+    // Whole objects moved
+    bool offset(double dx, double dy, bool patterns = false); ///< with all it holds; points, y down
+
     // Removal
     bool dispose(); ///< takes the object out of the document
 

@@ -2,6 +2,7 @@
 #include "plugin/document/Art.h"
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/RefCountMap.h"
 
@@ -46,6 +47,10 @@ ArtObject* Art::parent() const { return get<&AIArtSuite::GetArtParent>(); }
 ArtObject* Art::firstChild() const { return get<&AIArtSuite::GetArtFirstChild>(); }
 ArtObject* Art::sibling() const { return get<&AIArtSuite::GetArtSibling>(); }
 ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSibling>(); }
+
+// Whole objects moved
+
+bool Art::offset(double dx, double dy, bool patterns) { return call<&AITransformArtSuite::MoveArt>(dx, dy, patterns); }
 
 bool Art::dispose() {
     ArtObject* const handle = release();

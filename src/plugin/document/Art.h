@@ -39,6 +39,9 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] ArtObject* sibling() const;
     [[nodiscard]] ArtObject* priorSibling() const;
 
+    // Whole objects moved
+    bool offset(double dx, double dy, bool patterns);
+
     /// Removes the object from the document. All who share it find it empty from here on, whatever the host returns.
     bool dispose();
 

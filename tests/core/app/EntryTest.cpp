@@ -51,7 +51,7 @@ TEST(Entry, StartsPostStartsAndEndsEachOnce) {
     SPMessageData record{};
     EXPECT_EQ(desk.session().messenger.send(known, "SP Interface", "Startup", record), 0);
     EXPECT_EQ(again.runs, 0);
-    EXPECT_EQ(desk.session().toolbox.all().size(), 3u);
+    EXPECT_EQ(desk.session().toolbox.all().size(), 4u);
     EXPECT_EQ(desk.session().messenger.send(known, "SP Access", "Unload", record), 0);
     EXPECT_EQ(desk.session().messenger.send(known, "Nobody", "Knows", record), 0);
     EXPECT_EQ(Plugin::instance(), plugin);
