@@ -31,10 +31,16 @@ bool isOnOutline(const Mask::Shape& shape, Point point, double reach) {
     return anySegment(shape, [&](const Cubic& curve) { return nearestOn(curve, point, reach * reach).has_value(); });
 }
 
-/// How far the art has been moved since it got its mask, as far as the mask goes along.
-Point movedWithMask(const Node& node, const Clip& clip) {
-    if (node.type() != NodeType::Path) return node.moved();
-    return clip.outline ? commonMove(*clip.outline, node.path()).value_or(Point{}) : Point{};
+/// What has been done to the art since it got its mask, as far as the mask goes along; it has an inverse.
+Affine doneWithMask(const Node& node, const Clip& clip) {
+    Affine done;
+    if (node.type() == NodeType::Opaque) return node.opaque().placed();
+    const Point moved = node.type() != NodeType::Path ? node.moved()
+                        : clip.outline                ? commonMove(*clip.outline, node.path()).value_or(Point{})
+                                                      : Point{};
+    done.e = moved.x;
+    done.f = moved.y;
+    return done;
 }
 
 /// Whether `accepts` returns true for the mask of the node and of each ancestor; it is given the mapping from the
@@ -43,10 +49,9 @@ template <class Predicate> bool eachMask(const Node& node, Predicate accepts) {
     for (const Node* at = &node; at; at = at->parent()) {
         const Clip* const clip = at->clip();
         if (!clip) continue;
-        const Point moved = movedWithMask(*at, *clip);
+        const Affine back = inverse(doneWithMask(*at, *clip));
         const auto toMask = [&](Point point) {
-            const double x = point.x - moved.x;
-            const double y = point.y - moved.y;
+            const auto [x, y] = back(point);
             const std::array<double, 6>& m = clip->toMask;
             return Point{m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]};
         };

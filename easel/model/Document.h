@@ -101,6 +101,9 @@ class Document {
     void setStyle(Node& path, const Style& style);
     /// Moves the node and its descendants.
     void offset(Node& node, double dx, double dy);
+    /// Transforms the node and its descendants, with their strokes' lengths by `lineScale`; the affine has an inverse.
+    void transform(Node& node, const Affine& by, double lineScale = 1);
+    void scaleLines(Node& node, double scale); ///< strokes' lengths alone, of the node and its descendants
 
     // Selection
     /// A container with its descendants. A group with something in it that is deselected is no longer selected itself;

@@ -53,6 +53,7 @@ struct Document::Impl {
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.
     PathData& writablePath(Node& path);
     void setOpaque(Node& opaque, const OpaqueData& data);
+    void transform(Node& leaf, const Affine& by); ///< nothing of a container itself
     void fitPointSelection(Node& path, std::size_t count);
     void findNear(Point point, double tolerance);
 };

@@ -93,7 +93,7 @@ void Document::offset(Node& node, double dx, double dy) {
     const Transaction transaction(journal());
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
         const Point moved{at->moved().x + dx, at->moved().y + dy};
-        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, {at->opaque().bounds, moved});
+        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, {at->opaque().bounds, moved, at->opaque().turned});
         if (at->isContainer() && at->type() != NodeType::Root)
             impl_->change(*at).opaque = moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{{}, moved});
         if (at->type() != NodeType::Path || at->path().points.empty()) continue;
@@ -106,10 +106,41 @@ void Document::offset(Node& node, double dx, double dy) {
     }
 }
 
+void Document::transform(Node& node, const Affine& by, double lineScale) {
+    const Transaction transaction(journal());
+    if (by.isMove())
+        offset(node, by.e, by.f);
+    else
+        for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->transform(*at, by);
+    if (lineScale != 1) scaleLines(node, lineScale);
+}
+
+void Document::scaleLines(Node& node, double scale) {
+    const Transaction transaction(journal());
+    for (Node* at = &node; at; at = nextWithin(node, *at)) {
+        if (at->type() != NodeType::Path) continue;
+        Style style = at->style();
+        style.strokeWidth *= scale;
+        style.dashOffset *= scale;
+        for (double& dash : style.dashes) dash *= scale;
+        setStyle(*at, style);
+    }
+}
+
+void Document::Impl::transform(Node& leaf, const Affine& by) {
+    if (leaf.type() == NodeType::Opaque) {
+        const Affine placed = leaf.opaque().placed() * by;
+        setOpaque(leaf, {leaf.opaque().bounds, {placed.e, placed.f}, {placed.a, placed.b, placed.c, placed.d}});
+    }
+    if (leaf.type() != NodeType::Path || leaf.path().points.empty()) return;
+    for (PathPoint& point : writablePath(leaf).points)
+        for (Point* const place : {&point.anchor, &point.in, &point.out}) *place = by(*place);
+}
+
 void Document::setBounds(Node& opaque, const Box& bounds) {
     if (opaque.opaque().bounds == bounds) return;
     const Transaction transaction(journal());
-    impl_->setOpaque(opaque, {bounds, opaque.opaque().moved});
+    impl_->setOpaque(opaque, {bounds, opaque.opaque().moved, opaque.opaque().turned});
 }
 
 void Document::setText(Node& opaque, TextData text) {

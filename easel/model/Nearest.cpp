@@ -17,7 +17,7 @@ constexpr double kParameterError = 1e-14;
 
 Point mix(Point a, Point b, double t) { return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t}; }
 
-Point pointAt(const Cubic& c, double t) {
+Point pointOn(const Cubic& c, double t) {
     if (t == 1) return c[3]; // neighbouring curves must meet in exactly one point
     const Point ab = mix(c[0], c[1], t);
     const Point bc = mix(c[1], c[2], t);
@@ -43,7 +43,7 @@ double squaredDistanceToBox(const Cubic& c, Point from) {
 }
 
 void improve(NearestPoint& best, const Cubic& c, double t, Point from) {
-    const Point at = pointAt(c, t);
+    const Point at = pointOn(c, t);
     const double squared = distanceSquared(at, from);
     if (squared < best.distanceSquared) best = {squared, at, t};
 }
@@ -159,14 +159,14 @@ int crossings(const Cubic& c, Point point) {
     for (std::size_t i = 0; i < pieces; ++i) {
         double below = stops[i];
         double above = stops[i + 1];
-        const bool up = pointAt(c, below).y > pointAt(c, above).y;
+        const bool up = pointOn(c, below).y > pointOn(c, above).y;
         if (up) std::swap(below, above);
-        if (point.y < pointAt(c, below).y || point.y >= pointAt(c, above).y) continue;
+        if (point.y < pointOn(c, below).y || point.y >= pointOn(c, above).y) continue;
         for (int step = 0; step < 60 && below != above; ++step) {
             const double middle = (below + above) / 2;
-            (pointAt(c, middle).y <= point.y ? below : above) = middle;
+            (pointOn(c, middle).y <= point.y ? below : above) = middle;
         }
-        if (pointAt(c, below).x > point.x) count += up ? -1 : 1;
+        if (pointOn(c, below).x > point.x) count += up ? -1 : 1;
     }
     return count;
 }

@@ -73,7 +73,11 @@ bool Node::effectivelyLocked() const {
 }
 
 Node* nextWithin(const Node& top, const Node& node) {
-    if (Node* const child = node.firstChild()) return child;
+    Node* const child = node.firstChild();
+    return child ? child : nextAfter(top, node);
+}
+
+Node* nextAfter(const Node& top, const Node& node) {
     for (const Node* at = &node; at != &top; at = at->parent())
         if (Node* const sibling = at->next()) return sibling;
     return nullptr;

@@ -137,5 +137,7 @@ class Node {
 /// The node after `node` in paint order among `top` and its descendants: a container comes before its contents. Null at
 /// the end.
 [[nodiscard]] Node* nextWithin(const Node& top, const Node& node);
+/// The same, passing over what `node` contains.
+[[nodiscard]] Node* nextAfter(const Node& top, const Node& node);
 
 } // namespace easel::model

@@ -11,9 +11,9 @@ namespace {
 
 constexpr double kSameMove = 1e-9; ///< against the size of coordinates: of points that were moved together
 
-/// Includes where the cubic with these four coordinates turns back, inside (0, 1): the zeros of its derivative
-/// 3 (a t^2 + 2 b t + c). `at` makes a point of the curve from its parameter.
-template <class At> void includeTurns(double p0, double p1, double p2, double p3, const At& at) {
+/// Adds where the cubic with these four coordinates turns back, inside (0, 1): the zeros of its derivative
+/// 3 (a t^2 + 2 b t + c).
+void addTurns(Turns& turns, double p0, double p1, double p2, double p3) {
     const double a = p3 - 3 * p2 + 3 * p1 - p0;
     const double b = p2 - 2 * p1 + p0;
     const double c = p1 - p0;
@@ -21,7 +21,7 @@ template <class At> void includeTurns(double p0, double p1, double p2, double p3
     // Without cancellation, and for a = 0 as well: q / a and c / q.
     const double q = b < 0 ? root - b : -root - b;
     for (const double t : {q / a, c / q})
-        if (t > 0 && t < 1) at(t);
+        if (t > 0 && t < 1) turns.t[turns.count++] = t;
 }
 
 double cubicAt(double p0, double p1, double p2, double p3, double t) {
@@ -31,8 +31,39 @@ double cubicAt(double p0, double p1, double p2, double p3, double t) {
 
 } // namespace
 
+Turns turnsOf(const Cubic& curve) {
+    Turns turns;
+    addTurns(turns, curve[0].x, curve[1].x, curve[2].x, curve[3].x);
+    addTurns(turns, curve[0].y, curve[1].y, curve[2].y, curve[3].y);
+    return turns;
+}
+
+Point pointAt(const Cubic& c, double t) {
+    return {cubicAt(c[0].x, c[1].x, c[2].x, c[3].x, t), cubicAt(c[0].y, c[1].y, c[2].y, c[3].y, t)};
+}
+
 bool Box::meets(const Box& other) const {
     return left <= other.right && other.left <= right && top <= other.bottom && other.top <= bottom;
+}
+
+Affine operator*(const Affine& first, const Affine& second) {
+    const Point moved = second({first.e, first.f});
+    return {second.a * first.a + second.c * first.b,
+            second.b * first.a + second.d * first.b,
+            second.a * first.c + second.c * first.d,
+            second.b * first.c + second.d * first.d,
+            moved.x,
+            moved.y};
+}
+
+Affine inverse(const Affine& affine) {
+    if (affine.isMove()) return {.e = -affine.e, .f = -affine.f}; // without rounding
+    const double area = affine.a * affine.d - affine.b * affine.c;
+    Affine back{affine.d / area, -affine.b / area, -affine.c / area, affine.a / area};
+    const Point moved = back({affine.e, affine.f});
+    back.e = -moved.x;
+    back.f = -moved.y;
+    return back;
 }
 
 void Box::include(Point point) {
@@ -141,19 +172,19 @@ Box PathData::bounds() const {
     Box box;
     for (const PathPoint& point : points) box.include(point.anchor);
     for (std::size_t i = 0; i < segmentCount(); ++i) {
-        const Cubic c = segment(i);
-        const auto include = [&](double t) {
-            box.include(Point{cubicAt(c[0].x, c[1].x, c[2].x, c[3].x, t), cubicAt(c[0].y, c[1].y, c[2].y, c[3].y, t)});
-        };
-        includeTurns(c[0].x, c[1].x, c[2].x, c[3].x, include);
-        includeTurns(c[0].y, c[1].y, c[2].y, c[3].y, include);
+        const Cubic curve = segment(i);
+        for (const double t : turnsOf(curve)) box.include(pointAt(curve, t));
     }
     return box;
 }
 
 Box OpaqueData::hull() const {
     if (bounds.isEmpty()) return bounds;
-    return {bounds.left + moved.x, bounds.top + moved.y, bounds.right + moved.x, bounds.bottom + moved.y};
+    const Affine place = placed();
+    Box box;
+    for (const double x : {bounds.left, bounds.right})
+        for (const double y : {bounds.top, bounds.bottom}) box.include(place({x, y}));
+    return box;
 }
 
 } // namespace easel::model

@@ -35,6 +35,26 @@ struct Box {
     bool operator==(const Box&) const = default;
 };
 
+/// x' = a x + c y + e, y' = b x + d y + f.
+struct Affine {
+    double a = 1;
+    double b = 0;
+    double c = 0;
+    double d = 1;
+    double e = 0;
+    double f = 0;
+
+    [[nodiscard]] Point operator()(Point point) const {
+        return {a * point.x + c * point.y + e, b * point.x + d * point.y + f};
+    }
+    [[nodiscard]] bool isMove() const { return a == 1 && b == 0 && c == 0 && d == 1; }
+
+    bool operator==(const Affine&) const = default;
+};
+/// Both in one, `first` before `second`.
+[[nodiscard]] Affine operator*(const Affine& first, const Affine& second);
+[[nodiscard]] Affine inverse(const Affine& affine); ///< of one that has one
+
 /// One anchor with its control points towards the previous (`in`) and the next anchor (`out`).
 struct PathPoint {
     Point anchor;
@@ -55,6 +75,17 @@ using PointFlags = std::vector<bool>;
 using Cubic = std::array<Point, 4>;
 
 [[nodiscard]] constexpr bool isStraight(const Cubic& curve) { return curve[1] == curve[0] && curve[2] == curve[3]; }
+
+/// Where inside of the curve it turns back, in x or in y.
+struct Turns {
+    std::array<double, 4> t{};
+    std::size_t count = 0;
+
+    [[nodiscard]] const double* begin() const { return t.data(); }
+    [[nodiscard]] const double* end() const { return t.data() + count; }
+};
+[[nodiscard]] Turns turnsOf(const Cubic& curve);
+[[nodiscard]] Point pointAt(const Cubic& curve, double t);
 
 /// Every point is a corner at first, one whose handles move apart from one another.
 struct PathData {
@@ -94,10 +125,12 @@ struct Color {
 
 /// Art that is shown and moved as a whole, never edited: a text, an image.
 struct OpaqueData {
-    Box bounds;  ///< where it lay at first; empty when nobody knows
-    Point moved; ///< how far it has been moved since
+    Box bounds;                               ///< where it lay at first; empty when nobody knows
+    Point moved;                              ///< how far it has been moved since
+    std::array<double, 4> turned{1, 0, 0, 1}; ///< and turned or scaled before that: a to d of an Affine
 
     [[nodiscard]] Box hull() const; ///< where it lies now
+    [[nodiscard]] Affine placed() const { return {turned[0], turned[1], turned[2], turned[3], moved.x, moved.y}; }
 
     bool operator==(const OpaqueData&) const = default;
 };

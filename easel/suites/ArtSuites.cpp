@@ -1,10 +1,10 @@
-// The art, transform art, matching art and hit test suites on the document's tree.
+// The art, matching art and hit test suites on the document's tree.
 #include <cmath>
 
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
-#include "hostapi/AITransformArtSuite.h"
+#include "model/Bounds.h"
 #include "session/frame/Memory.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
@@ -71,6 +71,8 @@ void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {
     if (which & kArtHidden) art.document.setHidden(art.node, (attributes & kArtHidden) != 0);
 }
 
+bool isEditable(Art art) { return !art.node.effectivelyLocked() && !art.node.effectivelyHidden(); }
+
 AIArtHandle getSibling(Art art) { return artHandle(art.document, visibleParent(art.node) ? art.node.next() : nullptr); }
 
 AIArtHandle getPriorSibling(Art art) {
@@ -82,12 +84,16 @@ AIArtHandle getFirstArtOfLayer(std::optional<Layer> layer) {
     return artHandle(document, layer ? &layer->node : &document.currentLayer());
 }
 
-// Whole objects moved
-
-/// Patterns are measured from the page, so that they stay whatever is asked.
-void moveArt(Art art, AIReal dx, AIReal dy, AIBoolean /*patterns*/) {
-    require(std::isfinite(dx) && std::isfinite(dy));
-    art.document.offset(art.node, dx, dy);
+AIRealRect getBounds(Art art, const AIRealMatrix& matrix, std::int32_t flags) {
+    const model::BoundsOptions options{.strokes = (flags & kStrokeBounds) != 0,
+                                       .controls = (flags & kControlBounds) != 0,
+                                       .hidden = (flags & kExcludeHiddenBounds) == 0,
+                                       .unselected = (flags & kExcludeUnselectedBounds) == 0,
+                                       .unpainted = (flags & kExcludeUnpaintedBounds) == 0};
+    for (const double number : {matrix.a, matrix.b, matrix.c, matrix.d, matrix.tx, matrix.ty})
+        require(std::isfinite(number));
+    const model::Box box = boundsOf(art.node, options, {matrix.a, matrix.b, matrix.c, matrix.d, matrix.tx, matrix.ty});
+    return box.isEmpty() ? AIRealRect{} : AIRealRect{box.left, box.top, box.right, box.bottom};
 }
 
 // Matching art
@@ -149,10 +155,13 @@ template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::GetArtFirstChild>(suite, [](Art art) { return artHandle(art.document, art.node.firstChild()); });
     enter<&AIArtSuite::GetArtSibling, getSibling>(suite);
     enter<&AIArtSuite::GetArtPriorSibling, getPriorSibling>(suite);
+    enter<&AIArtSuite::GetArtLastChild>(suite, [](Art art) { return artHandle(art.document, art.node.lastChild()); });
+    enter<&AIArtSuite::CountArtChildren>(suite, [](Art art) { return art.node.childCount(); });
+    enter<&AIArtSuite::IsArtLayerGroup>(suite, [](Art art) { return art.node.type() == NodeType::Layer; });
+    enter<&AIArtSuite::IsArtEditable, isEditable>(suite);
+    enter<&AIArtSuite::GetArtTransformBounds, getBounds>(suite);
     enter<&AIArtSuite::GetFirstArtOfLayer, getFirstArtOfLayer>(suite);
 }
-
-template <> void fill(AITransformArtSuite& suite) { enter<&AITransformArtSuite::MoveArt, moveArt>(suite); }
 
 template <> void fill(AIMatchingArtSuite& suite) {
     enter<&AIMatchingArtSuite::GetSelectedArt, getSelectedArt>(suite);

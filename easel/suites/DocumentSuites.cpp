@@ -80,6 +80,7 @@ template <> void fill(AILayerSuite& suite) {
     enter<&AILayerSuite::GetLayerEditable>(suite, [](Layer l) { return !l.node.locked(); });
     enter<&AILayerSuite::LayerHasSelectedArt>(suite, [](Layer l) { return l.document.hasSelection(l.node); });
     enter<&AILayerSuite::DeselectLayerArt>(suite, [](Layer l) { l.document.deselectAll(l.node); });
+    enter<&AILayerSuite::GetLayerOfArt>(suite, [](Art art) { return layerHandle(art.document, &art.node.layer()); });
 }
 
 template <> void fill(AIUndoSuite& suite) {

@@ -9,6 +9,7 @@ template <> session::Alerts& host() { return session::Session::current().alerts;
 template <> session::Annotations& host() { return session::Session::current().annotations; }
 template <> session::Profile& host() { return session::Session::current().profile; }
 template <> session::Documents& host() { return session::Session::current().documents; }
+template <> session::HostPreferences& host() { return session::Session::current().preferences; }
 template <> session::Input& host() { return session::Session::current().input; }
 template <> session::Memory& host() { return session::Session::current().memory; }
 template <> session::Menus& host() { return session::Session::current().menus; }

@@ -8,6 +8,7 @@ namespace easel::session {
 class Alerts;
 class Annotations;
 class Documents;
+class HostPreferences;
 class Input;
 class Memory;
 class Menus;
@@ -30,6 +31,7 @@ template <class Part> [[nodiscard]] Part& host();
 template <> session::Alerts& host();
 template <> session::Annotations& host();
 template <> session::Documents& host();
+template <> session::HostPreferences& host();
 template <> session::Input& host();
 template <> session::Memory& host();
 template <> session::Menus& host();

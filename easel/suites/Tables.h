@@ -21,6 +21,7 @@
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
+#include "hostapi/AIPreferenceSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
@@ -68,11 +69,11 @@ class Tables final : public session::Suites {
     std::tuple<Published<SPPluginsSuite>, Published<SPInterfaceSuite>, Published<AIPluginGroupSuite>,
                Published<AINotifierSuite>, Published<AIToolSuite>, Published<AIMenuSuite>, Published<AITimerSuite>,
                Published<AIAnnotatorSuite>, Published<AIAnnotatorDrawerSuite>, Published<AIArtSuite>,
-               Published<AITransformArtSuite>, Published<AIPathSuite>, Published<AIPathStyleSuite>,
-               Published<AITextFrameSuite>, Published<AILayerSuite>, Published<AIDocumentSuite>,
-               Published<AIDocumentViewSuite>, Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>,
-               Published<AIHitTestSuite>, Published<AICursorSnapSuite>, Published<AIUndoSuite>,
-               Published<AIRealMathSuite>, Published<StageSuite>>
+               Published<AIPathSuite>, Published<AIPathStyleSuite>, Published<AITextFrameSuite>,
+               Published<AILayerSuite>, Published<AIDocumentSuite>, Published<AIDocumentViewSuite>,
+               Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>, Published<AIHitTestSuite>,
+               Published<AITransformArtSuite>, Published<AIPreferenceSuite>, Published<AICursorSnapSuite>,
+               Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<StageSuite>>
         all_;
 };
 

@@ -98,6 +98,16 @@ std::string transformText(const Geom::Affine& transform) {
     return text;
 }
 
+bool isTurned(const Node& node) {
+    return node.type() == NodeType::Opaque && node.opaque().turned != model::OpaqueData().turned;
+}
+
+/// From where opaque art was to where it is, on the page.
+Geom::Affine placedOf(const Node& node) {
+    const model::Affine placed = node.opaque().placed();
+    return {placed.a, placed.b, placed.c, placed.d, placed.e, placed.f};
+}
+
 std::string_view localName(std::string_view name) {
     const std::size_t colon = name.find(':');
     return colon == std::string_view::npos ? name : name.substr(colon + 1);
@@ -130,15 +140,18 @@ std::string ElementText::newText(const Node& node, const Place& place) {
     Tag tag = newTag(node, place, "text");
     // Its lengths are the page's, whatever is around it.
     const Geom::Affine toPage = toPageIn(place);
-    if (!toPage.isIdentity(0)) tag.set("transform", transformText(toPage.inverse()));
+    const Geom::Affine placed = isTurned(node) ? placedOf(node) : Geom::Affine::identity();
+    const Geom::Affine transform = placed * toPage.inverse();
+    if (!transform.isIdentity(0)) tag.set("transform", transformText(transform));
     const auto setNumber = [&](const char* name, double value) {
         if (!withinReach(value)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
         std::string number;
         appendNumber(number, value);
         tag.set(name, number);
     };
-    setNumber("x", text.anchor.x + node.opaque().moved.x);
-    setNumber("y", text.anchor.y + node.opaque().moved.y);
+    const bool turned = isTurned(node);
+    setNumber("x", text.anchor.x + (turned ? 0 : node.opaque().moved.x));
+    setNumber("y", text.anchor.y + (turned ? 0 : node.opaque().moved.y));
     if (!text.font.empty()) tag.set("font-family", escaped(text.font));
     setNumber("font-size", text.size);
     static constexpr const char* kAnchors[] = {"start", "middle", "end"};
@@ -218,7 +231,7 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     const bool staysInside = element.container == place.container;
     const std::optional<Point> move = moveOf(node);
     const bool outlineTells = staysInside && node.type() == NodeType::Path && !needsTransform(element);
-    if (!move || (outlineTells && !goesAlong(node, place)))
+    if (node.type() == NodeType::Path && (!move || (outlineTells && !goesAlong(node, place))))
         changeOutline(tag, node, element, staysInside ? place.moved : Point{});
     if (is.style != was.style) {
         requireUsable(node.style());
@@ -226,7 +239,7 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
         const Style before = inUnits(*was.style, scale);
         for (const auto& [name, value] : properties(inUnits(*is.style, scale), &before)) setProperty(tag, name, value);
     }
-    const bool moves = staysInside ? move && !goesAlong(node, place) : true;
+    const bool moves = staysInside ? (move || isTurned(node)) && !goesAlong(node, place) : true;
     if (!outlineTells && moves) prefixTransform(tag, element, displacement(node, element, place));
     if (!staysInside) bringInherited(tag, source_.containers[element.container], source_.containers[place.container]);
 }
@@ -245,8 +258,9 @@ void ElementText::bringInherited(Tag& tag, const Container& from, const Containe
     for (const auto& [name, value] : properties(from.style, isServed ? nullptr : &to.style)) bring(name, value);
 }
 
-/// How far a node has been moved since it was read; none when its outline was changed in another way.
+/// How far a node has been moved since it was read; none when that is not all that was done to its outline.
 std::optional<Point> ElementText::moveOf(const Node& node) const {
+    if (isTurned(node)) return std::nullopt;
     if (node.type() != NodeType::Path) return node.moved();
     const PathData& was = *document_.original(node).path;
     return node.path() == was ? Point{} : commonMove(was, node.path());
@@ -256,7 +270,7 @@ std::optional<Point> ElementText::moveOf(const Node& node) const {
 bool ElementText::goesAlong(const Node& node, const Place& place) const {
     const bool isDrawn = node.type() != NodeType::Path || !node.path().points.empty();
     if (place.moved == Point{} || !isDrawn)
-        return document_.original(node).path == node.content().path && node.moved() == Point{};
+        return document_.original(node).path == node.content().path && node.moved() == Point{} && !isTurned(node);
     const std::optional<Point> move = moveOf(node);
     const auto same = [](double a, double b) {
         return std::fabs(a - b) <= kSameMove * (1 + std::fabs(a) + std::fabs(b));
@@ -278,6 +292,7 @@ Geom::Affine ElementText::displacement(const Node& node, const Element& element,
     const Geom::Affine& from = source_.transforms[source_.containers[element.container].toPage];
     const Geom::Affine to = toPageIn(place);
     if (node.type() == NodeType::Path) requireInReach(node.path());
+    if (isTurned(node)) return from * placedOf(node) * to.inverse();
     const Point move = moveOf(node).value_or(Point{});
     if (element.container == place.container) { // in these units, without rounding what is nought
         const Geom::Point on(move.x - place.moved.x, move.y - place.moved.y);

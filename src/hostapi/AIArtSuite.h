@@ -5,6 +5,7 @@
 #ifndef HOSTAPI_AIARTSUITE_H
 #define HOSTAPI_AIARTSUITE_H
 
+#include "hostapi/AITransformArtSuite.h"
 #include "hostapi/SPTypes.h"
 
 #define kAIArtSuite "AI Art Suite"
@@ -41,6 +42,16 @@ enum {
  * shows of the art and of all it holds, and nothing else of it is hit; a clipped group is a clip group. */
 enum { kArtSelected = 1, kArtLocked = 2, kArtHidden = 4, kArtFullySelected = 8, kArtClipped = 16 };
 
+/* What of the art counts for its bounds beside its outlines, a bit set: strokes as far as they reach, control points;
+ * but not what is hidden, not selected, or has neither fill nor stroke. */
+enum {
+    kStrokeBounds = 1,
+    kControlBounds = 2,
+    kExcludeHiddenBounds = 4,
+    kExcludeUnselectedBounds = 8,
+    kExcludeUnpaintedBounds = 16
+};
+
 typedef struct AIArtSuite {
     /* Makes an empty object: a group, or a path with no points, open, in the document's default style.
      * kBadParameterErr: a kind that cannot be made, or a paint order that the prepositional art does not allow. */
@@ -60,6 +71,14 @@ typedef struct AIArtSuite {
     AIErr (*GetArtFirstChild)(AIArtHandle art, AIArtHandle* child);
     AIErr (*GetArtSibling)(AIArtHandle art, AIArtHandle* sibling);
     AIErr (*GetArtPriorSibling)(AIArtHandle art, AIArtHandle* sibling);
+    AIErr (*GetArtLastChild)(AIArtHandle art, AIArtHandle* child);
+    AIErr (*CountArtChildren)(AIArtHandle art, int32_t* count);
+    /* Whether it is the group that holds all art of a layer. */
+    AIErr (*IsArtLayerGroup)(AIArtHandle art, AIBoolean* isLayerGroup);
+    /* Whether neither it nor anything around it is locked or hidden. */
+    AIErr (*IsArtEditable)(AIArtHandle art, AIBoolean* editable);
+    /* Where the art would lie after a transform. All zero for what takes no place. */
+    AIErr (*GetArtTransformBounds)(AIArtHandle art, const AIRealMatrix* matrix, int32_t flags, AIRealRect* bounds);
     /* The group that holds all art of a layer; a null layer means the current one. */
     AIErr (*GetFirstArtOfLayer)(AILayerHandle layer, AIArtHandle* group);
 } AIArtSuite;

@@ -20,6 +20,7 @@ typedef struct AILayerSuite {
     /* Whether any art of the layer is selected. */
     AIErr (*LayerHasSelectedArt)(AILayerHandle layer, AIBoolean* any);
     AIErr (*DeselectLayerArt)(AILayerHandle layer);
+    AIErr (*GetLayerOfArt)(AIArtHandle art, AILayerHandle* layer);
 } AILayerSuite;
 
 DESCRIBE_SUITE(AILayerSuite)

@@ -47,12 +47,13 @@ enum {
     kUnknownHandleErr =
         0x48216E64,              /* "H!nd": the handle was never given out, is of another kind, or its object is gone */
     kNoDocumentErr = 0x446F6321, /* "Doc!": no document is open */
-    kRefusedErr = 0x52667573,    /* "Rfus": the object's state forbids the change */
-    kOutOfMemoryErr = 0x4D656D21,      /* "Mem!" */
-    kOutsideMessageErr = 0x4D736721,   /* "Msg!": called while no message to this plug-in is being handled */
-    kSPSuiteNotFoundErr = 0x53214664,  /* "S!Fd": no suite of this name and version */
-    kSPPluginNotFoundErr = 0x50214664, /* "P!Fd": no plug-in of this name */
-    kInternalErr = 0x496E7421          /* "Int!": the host failed; its log says how */
+    kPreferenceNotFoundErr = 0x50214E46, /* "P!NF": no preference of this name and kind */
+    kRefusedErr = 0x52667573,            /* "Rfus": the object's state forbids the change */
+    kOutOfMemoryErr = 0x4D656D21,        /* "Mem!" */
+    kOutsideMessageErr = 0x4D736721,     /* "Msg!": called while no message to this plug-in is being handled */
+    kSPSuiteNotFoundErr = 0x53214664,    /* "S!Fd": no suite of this name and version */
+    kSPPluginNotFoundErr = 0x50214664,   /* "P!Fd": no plug-in of this name */
+    kInternalErr = 0x496E7421            /* "Int!": the host failed; its log says how */
 };
 
 /* Modifier keys of an event, a bit set. */

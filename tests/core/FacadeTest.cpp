@@ -1,6 +1,7 @@
 // The facade: every operation's neutral answers from one table, then what sharing, paths and hit tests mean.
 #include <gmock/gmock.h>
 
+#include <cmath>
 #include <tuple>
 
 #include "core/app/Illustrator.h"
@@ -41,6 +42,9 @@ using easel::model::Node;
 /// the middle one of three paths in the group: closed, curved, selected, locked, hidden.
 struct Handles : std::tuple<Art, Layer, Tool, HitData, MenuGroup, MenuItem, Timer, Annotator, ThirdPartyPlugin> {
     Art group;
+    Art top;    ///< all of the lower layer
+    Art around; ///< a group that is selected, locked and hidden,
+    Art within; ///< and a line in it
     MenuItem divider;
 
     template <class Class> [[nodiscard]] const Class& on() const { return std::get<Class>(*this); }
@@ -51,7 +55,7 @@ template <> PathArt& Handles::on<PathArt>() { return *on<Art>().path(); }
 
 using Queries = std::vector<operations::Query<Handles>>;
 using Commands = std::vector<operations::Command<Handles>>;
-using operations::asks, operations::changes, operations::knows, operations::nothing;
+using operations::asks, operations::changes, operations::changesWith, operations::knows, operations::nothing;
 
 /// A query that takes arguments.
 template <class Ask> void asksWith(Queries& rows, const char* name, Ask ask) {
@@ -69,6 +73,19 @@ Queries queriesOfArt() {
     asksWith(rows, "Art::attribute",
              [](const Handles& h) { return h.on<Art>().attribute(ArtAttribute::FullySelected); });
     asksWith(rows, "Art::firstChild", [](const Handles& h) { return h.group.firstChild() != nullptr; });
+    asks<nothing, &Art::allAttributes, &Art::fullySelected, &Art::layer, &Art::strokeBounds, &Art::noStrokeBounds,
+         &Art::x, &Art::y, &Art::width, &Art::height>(rows);
+    asksWith(rows, "Art::isLayerGroup", [](const Handles& h) { return h.top.isLayerGroup(); });
+    asksWith(rows, "Art::editable", [](const Handles& h) { return h.group.editable(); });
+    asksWith(rows, "Art::anyAncestorSelected", [](const Handles& h) { return h.within.anyAncestorSelected(); });
+    asksWith(rows, "Art::anyAncestorLocked", [](const Handles& h) { return h.within.anyAncestorLocked(); });
+    asksWith(rows, "Art::anyAncestorHidden", [](const Handles& h) { return h.within.anyAncestorHidden(); });
+    asksWith(rows, "Art::lastChild", [](const Handles& h) { return h.group.lastChild() != nullptr; });
+    asksWith(rows, "Art::childCount", [](const Handles& h) { return h.group.childCount(); });
+    asksWith(rows, "Art::bounds", [](const Handles& h) { return h.group.bounds(Art::BoundsOptions::Controls); });
+    asksWith(rows, "Art::transformBounds", [](const Handles& h) {
+        return h.group.transformBounds({0, 1, -1, 0, 9, 9}, Art::BoundsOptions::None);
+    });
     asksWith(rows, "Art::begin", [](const Handles& h) { return !h.group.begin().atEnd(); });
     return rows;
 }
@@ -150,7 +167,30 @@ Commands allCommands() {
     Commands rows;
     changes<&Art::deselect>(rows);
     changes<&Art::select>(rows);
-    changes<&Art::offset>(rows, 5.0, 7.0, false);
+    changes<&Art::setAttribute>(rows, ArtAttribute::Hidden, false);
+    changes<&Art::setAllAttributes>(rows, ArtAttribute::Locked);
+    changes<&Art::setSelected>(rows, false);
+    changes<&Art::setLocked>(rows, false);
+    changes<&Art::setHidden>(rows, false);
+    changes<&Art::setEditable>(rows, true);
+    changes<&Art::offset>(rows, 3.0, 4.0, true);
+    changes<&Art::transform>(rows, TransformMatrix(2, 0, 0.5, 1, 0, 0), true);
+    changes<&Art::transformWithOptions>(rows, TransformMatrix(2, 0, 0, 2, 0, 0), 2.0,
+                                        Art::TransformOptions::Objects | Art::TransformOptions::ScaleLines);
+    changes<&Art::transformStrokes>(rows, 3.0);
+    using Pin = BoundsPinPointType;
+    const auto quarter = Angle(90, Angle::Units::Degrees);
+    changesWith(rows, "Art::move", [](Handles& h) { h.on<Art>().move({1, 1}); });
+    changesWith(rows, "Art::move", [](Handles& h) { h.on<Art>().move(Pin::BottomRight, {1, 1}); });
+    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter); });
+    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter, {1, 1}); });
+    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter, Pin::TopRight); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, ArtboardPoint(1, 1)); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, Pin::MidLeft); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, {1, 1}); });
+    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, Pin::TopCenter); });
     changes<&PathArt::reverseSegs>(rows);
     changes<&PathArt::setSegPoints>(rows, std::int16_t{1}, points);
     changes<&PathArt::setSegs>(rows, std::int16_t{0}, points);
@@ -204,6 +244,11 @@ class Facade : public testing::Test {
             const auto lower = document->layerAtIndex(1)->group();
             live.group = *lower->firstChild();
             live.on<Art>() = *live.group.firstChild()->sibling();
+            live.top = *lower;
+            live.around = Art(ArtType::Group, PaintOrder::InsideOnBottom, lower.get());
+            live.within = *draw::line({500, 500}, {510, 510}, &live.around);
+            live.around.select();
+            live.around.setAttribute(ArtAttribute::Locked | ArtAttribute::Hidden, true);
             live.on<HitData>() = HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false);
             live.on<Tool>().setCursorLoc({100, 60});
             live.on<MenuGroup>() = newGroup();
@@ -310,7 +355,7 @@ TEST_F(Facade, IsEmptyAfterShutDownAndAsksTheHostNothing) {
     MenuItem foreign;
     withHandles([&](Handles& live) {
         kept = live;
-        kept.on<Art>() = kept.group = Art(); // these are the document's
+        kept.on<Art>() = kept.group = kept.top = kept.around = kept.within = Art(); // these are the document's
         kept.on<Layer>() = Layer();
         kept.on<HitData>() = HitData(); // and this keeps what it found
         // A timer that is not registered any more was left running, and its handle called the host after shut-down.
@@ -359,6 +404,61 @@ TEST_F(Facade, WithoutADocumentHasNothingToShow) {
         EXPECT_EQ(draw::line({0, 0}, {1, 1}), nullptr);
         EXPECT_TRUE(Art(ArtType::Group, PaintOrder::AboveAll).isEmpty());
     });
+}
+
+// Transforms
+
+TEST_F(Facade, TurnsCounterClockwiseAndPlacesByPins) {
+    desk.inMessage([&] {
+        const auto line = draw::line({10, 10}, {30, 10});
+        const auto end = [&] { return line->path()->segPoints(1, 1).front().p; };
+        EXPECT_TRUE(line->rotate(Angle(90, Angle::Units::Degrees), {10, 10}));
+        EXPECT_TRUE(end().closeTo({10, -10}, 1e-9)); // up
+        EXPECT_TRUE(line->move(BoundsPinPointType::BottomCenter, {100, 100}));
+        EXPECT_TRUE(end().closeTo({100, 80}, 1e-9));
+        EXPECT_TRUE(line->scale(1, 3, BoundsPinPointType::BottomLeft));
+        EXPECT_TRUE(end().closeTo({100, 40}, 1e-9));
+        EXPECT_FALSE(line->scale(0));
+        EXPECT_FALSE(line->offset(0, HUGE_VAL));
+        EXPECT_TRUE(line->transformStrokes(4));
+        EXPECT_EQ(line->path()->style().stroke.width, 4);
+        EXPECT_TRUE(end().closeTo({100, 40}, 1e-9));
+        const ArtboardRect box = line->strokeBounds();
+        EXPECT_NEAR(box.width(), 4, 1e-9);
+        EXPECT_NEAR(box.height(), 60, 1e-9); // butt caps add nothing
+    });
+}
+
+// The host's own preferences and memory
+
+TEST_F(Facade, KeepsValuesOfEachKindInTheHostsPreferences) {
+    desk.inMessage([&] {
+        ai::Preferences& host = *Illustrator::instance()->preferences();
+        double angle = 7;
+        std::int32_t number = 7;
+        bool flag = false;
+        std::string text = "seven";
+        EXPECT_FALSE(host.getFloatPref("", "constrain/angle", angle));
+        EXPECT_EQ(angle, 7);
+        EXPECT_TRUE(host.setFloatPref("", "constrain/angle", 0.25) && host.setIntPref("One-19", "answer", 2));
+        EXPECT_TRUE(host.setBoolPref("One-19", "asked", true) && host.setStringPref("One-19", "who", "J\xc3\xb6rg"));
+        EXPECT_TRUE(host.getFloatPref("", "constrain/angle", angle) && host.getIntPref("One-19", "answer", number));
+        EXPECT_TRUE(host.getBoolPref("One-19", "asked", flag) && host.getStringPref("One-19", "who", text));
+        EXPECT_EQ(std::tuple(angle, number, flag, text), std::tuple(0.25, 2, true, "J\xc3\xb6rg"));
+        EXPECT_TRUE(host.getFloatPref("One-19", "answer", angle));
+        EXPECT_EQ(angle, 2);
+        EXPECT_FALSE(host.getIntPref("", "constrain/angle", number) || host.getIntPref("Two-19", "answer", number));
+        EXPECT_FALSE(host.setFloatPref("", "x", HUGE_VAL) || host.setIntPref("One-19", "", 1));
+        EXPECT_TRUE(host.exists("One-19", "answer") && host.remove("One-19", "answer"));
+        EXPECT_FALSE(host.exists("One-19", "answer") || host.remove("One-19", "answer"));
+        void* const block = Illustrator::instance()->alloc(100);
+        EXPECT_EQ(desk.session().memory.blocksInUse(), 1u);
+        EXPECT_TRUE(Illustrator::instance()->free(block));
+        kzo::plugin::host::monitor().reset(1);
+        EXPECT_EQ(Illustrator::instance()->alloc(100), nullptr);
+        kzo::plugin::host::monitor().reset();
+    });
+    EXPECT_EQ(desk.session().memory.blocksInUse(), 0u);
 }
 
 // Sharing

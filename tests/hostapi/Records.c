@@ -17,6 +17,7 @@
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
+#include "hostapi/AIPreferenceSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
@@ -43,6 +44,7 @@ RECORD_SIZE(AIAnnotatorMessage, 72);
 RECORD_SIZE(AIToolMessage, 64);
 RECORD_SIZE(StageInputMessage, 40);
 RECORD_SIZE(AIAddToolData, 24);
+RECORD_SIZE(AIRealMatrix, 48);
 RECORD_SIZE(AIPathSegment, 56);
 RECORD_SIZE(AIHitRecord, 56);
 RECORD_SIZE(AIPathStyle, 144);

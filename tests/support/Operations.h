@@ -77,6 +77,10 @@ void add(std::vector<Command<Handles>>& rows, Result (Class::*)(Parameters...), 
                         static_cast<void>((h.template on<Class>().*command)(arguments...));
                     }});
 }
+/// A command that takes more than the member's name to say.
+template <class Handles, class Run> void changesWith(std::vector<Command<Handles>>& rows, const char* name, Run run) {
+    rows.push_back({name, [run](Handles& h) { run(h); }});
+}
 template <auto command, class Handles, class... Arguments>
 void changes(std::vector<Command<Handles>>& rows, const Arguments&... arguments) {
     add<command>(rows, command, arguments...);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "session/base/Error.h"
+#include "session/base/HostPreferences.h"
 #include "session/base/Profile.h"
 #include "session/base/Reports.h"
 #include "session/documents/Documents.h"
@@ -62,6 +63,7 @@ class Session {
 
     Reports reports;
     Profile profile;
+    HostPreferences preferences;
     Documents documents{reports};
 
     // Frame

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "plugin/document/CurrentDocument.h"
+#include "plugin/frame/Application.h"
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 
@@ -25,6 +26,11 @@ void Illustrator::__destroy() { theInstance.reset(); }
 CurrentDocument* Illustrator::currentDocument() {
     return plugin::CurrentDocument().exists() ? &currentDocument_ : nullptr;
 }
+
+// Host memory
+
+void* Illustrator::alloc(std::size_t size) { return plugin::application::alloc(size); }
+bool Illustrator::free(void* block) { return plugin::application::free(block); }
 
 // Menus
 

@@ -1,9 +1,11 @@
 // The running host application.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 
+#include "core/app/HostPreferences.h"
 #include "core/document/CurrentDocument.h"
 #include "core/frame/MenuGroup.h"
 #include "core/frame/ThirdPartyPlugin.h"
@@ -17,6 +19,12 @@ class Illustrator {
 
     /// Null when no document is open.
     [[nodiscard]] CurrentDocument* currentDocument();
+
+    [[nodiscard]] ai::Preferences* preferences() { return &preferences_; } ///< the host's own
+
+    // Host memory
+    [[nodiscard]] void* alloc(std::size_t size); ///< null when the host refuses
+    bool free(void* block);                      ///< false for what is no block of the host's
 
     // Menus
     [[nodiscard]] std::size_t menuGroupCount() const;                  ///< those of the host and of all plug-ins
@@ -33,6 +41,7 @@ class Illustrator {
     Illustrator() = default;
 
     CurrentDocument currentDocument_;
+    ai::Preferences preferences_;
 };
 
 } // namespace kzo::core

@@ -1,10 +1,12 @@
 // A handle on one object of the document's art tree.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "core/Handle.h"
 #include "core/document/PathArt.h"
+#include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
 
 struct ArtObject;
@@ -16,14 +18,42 @@ class Art;
 namespace kzo::core {
 
 class __IntArtData;
+class Angle;
+class Layer;
+class TransformMatrix;
 
 extern template class Handle<plugin::Art>;
 
 /// Operations on an empty handle do nothing and return false, 0, an empty handle or null; relatives are new handles,
-/// null where there is none. The first child is the topmost.
+/// null where there is none. The first child is the topmost. Operations that change something return whether the host
+/// did it. Lengths are points, y down.
 class Art : public Handle<plugin::Art> {
   public:
     class Iterator;
+
+    /// What of the art counts for its bounds, beside the outlines; see bounds().
+    enum class BoundsOptions : std::int32_t {
+        None = 0,
+        Strokes = 1,           ///< and how far strokes reach
+        Controls = 2,          ///< and the control points
+        ExcludeHidden = 4,     ///< but not what is hidden
+        ExcludeUnselected = 8, ///< nor what is not selected
+        ExcludeUnpainted = 16  ///< nor what has neither fill nor stroke
+    };
+
+    /// What of the art a transform takes along. Gradients, patterns and masks may belong to the art and always go
+    /// along.
+    enum class TransformOptions : std::int32_t {
+        None = 0,
+        Objects = 1, ///< outlines, and what else makes up the art
+        FillGradients = 2,
+        FillPatterns = 4,
+        StrokePatterns = 8,
+        LinkedMasks = 16,
+        Children = 32,      ///< of a group, what it holds
+        SelectionOnly = 64, ///< of that, only what is selected
+        ScaleLines = 128    ///< stroke widths and dashes
+    };
 
     // Construction
     Art(); ///< empty
@@ -38,27 +68,69 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] ArtObject* aiArtHandle() const;
     [[nodiscard]] bool valid() const; ///< whether the host still knows the object
     [[nodiscard]] ArtType artType() const;
+    [[nodiscard]] bool isLayerGroup() const; ///< holds all art of a layer
 
     // Views by type; each does nothing when the art is of another type
     [[nodiscard]] PathArt* path() const;
 
     // Attributes
-    [[nodiscard]] bool attribute(ArtAttribute which) const;
+    [[nodiscard]] bool attribute(ArtAttribute which) const; ///< all of them
+    bool setAttribute(ArtAttribute which, bool on);
+    [[nodiscard]] ArtAttribute allAttributes() const;
+    bool setAllAttributes(ArtAttribute attributes); ///< those not named are taken away
     [[nodiscard]] bool selected() const;
-    [[nodiscard]] bool locked() const;
-    [[nodiscard]] bool hidden() const;
-    void select(); ///< with all its points
+    [[nodiscard]] bool fullySelected() const; ///< with all its points
+    [[nodiscard]] bool anyAncestorSelected() const;
+    bool setSelected(bool selected); ///< with all its points
+    void select();
     void deselect();
+    [[nodiscard]] bool locked() const;
+    [[nodiscard]] bool anyAncestorLocked() const;
+    bool setLocked(bool locked);
+    [[nodiscard]] bool hidden() const;
+    [[nodiscard]] bool anyAncestorHidden() const;
+    bool setHidden(bool hidden);
+    [[nodiscard]] bool editable() const; ///< neither it nor anything around it is locked or hidden
+    bool setEditable(bool editable);     ///< locks or unlocks it; what is around it stays as it is
 
     // Tree
+    [[nodiscard]] std::unique_ptr<Layer> layer() const;
     [[nodiscard]] std::unique_ptr<Art> parent() const;
     [[nodiscard]] std::unique_ptr<Art> firstChild() const;
+    [[nodiscard]] std::unique_ptr<Art> lastChild() const;
     [[nodiscard]] std::unique_ptr<Art> sibling() const;
     [[nodiscard]] std::unique_ptr<Art> priorSibling() const;
+    [[nodiscard]] std::int32_t childCount() const;
     [[nodiscard]] Iterator begin() const;
 
-    // Whole objects moved
-    bool offset(double dx, double dy, bool patterns = false); ///< with all it holds; points, y down
+    // Bounds; empty and at the origin for what takes no place
+    [[nodiscard]] ArtboardRect bounds(BoundsOptions options) const;
+    [[nodiscard]] ArtboardRect strokeBounds() const;
+    [[nodiscard]] ArtboardRect noStrokeBounds() const;
+    [[nodiscard]] ArtboardRect transformBounds(const TransformMatrix& matrix,
+                                               BoundsOptions options) const; ///< after it
+    [[nodiscard]] double x() const; ///< of these four, without strokes: the left edge
+    [[nodiscard]] double y() const; ///< the top edge
+    [[nodiscard]] double width() const;
+    [[nodiscard]] double height() const;
+
+    // Transforms. A matrix acts on points of the artboard, and one without an inverse is refused. Patterns stay behind,
+    // where the host can, unless they are asked along. Strokes keep their widths.
+    bool offset(double dx, double dy, bool patterns = false);
+    bool move(const ArtboardPoint& to); ///< the top left of its bounds
+    bool move(BoundsPinPointType pin, const ArtboardPoint& to);
+    bool rotate(const Angle& angle); ///< counter-clockwise on screen, about the middle of its bounds
+    bool rotate(const Angle& angle, const ArtboardPoint& about);
+    bool rotate(const Angle& angle, BoundsPinPointType about);
+    bool scale(double factor); ///< about the middle of its bounds
+    bool scale(double factor, const ArtboardPoint& about);
+    bool scale(double factor, BoundsPinPointType about);
+    bool scale(double factorX, double factorY);
+    bool scale(double factorX, double factorY, const ArtboardPoint& about);
+    bool scale(double factorX, double factorY, BoundsPinPointType about);
+    bool transform(const TransformMatrix& matrix, bool patterns = false);
+    bool transformWithOptions(const TransformMatrix& matrix, double lineScale, TransformOptions options);
+    bool transformStrokes(double lineScale); ///< stroke widths and dashes alone
 
     // Removal
     bool dispose(); ///< takes the object out of the document
@@ -82,3 +154,6 @@ class Art::Iterator {
 };
 
 } // namespace kzo::core
+
+template <> struct kzo::utils::IsBitSet<kzo::core::Art::BoundsOptions> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::Art::TransformOptions> : std::true_type {};

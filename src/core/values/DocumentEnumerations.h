@@ -33,7 +33,21 @@ enum class ArtAttribute : std::int32_t {
     Locked = 2,
     Hidden = 4,
     FullySelected = 8,
-    Clipped = 16 ///< only what lies inside a mask shows; cannot be set
+    Clipped = 16, ///< only what lies inside a mask shows; cannot be set
+    All = 31
+};
+
+/// Points of an object's bounds by which it is placed, turned or scaled.
+enum class BoundsPinPointType {
+    TopLeft = 10,
+    TopCenter = 20,
+    TopRight = 30,
+    MidLeft = 40,
+    MidCenter = 50,
+    MidRight = 60,
+    BottomLeft = 70,
+    BottomCenter = 80,
+    BottomRight = 90
 };
 
 // Hit tests

@@ -2,17 +2,11 @@
 #include "plugin/document/Art.h"
 
 #include "hostapi/AIArtSuite.h"
-#include "hostapi/AITransformArtSuite.h"
+#include "hostapi/AILayerSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/RefCountMap.h"
 
 namespace kzo::plugin {
-
-namespace {
-
-constexpr auto kWholeSelection = core::ArtAttribute::Selected | core::ArtAttribute::FullySelected;
-
-} // namespace
 
 ArtObject* Art::create(core::ArtType type, core::PaintOrder order, ArtObject* prep) {
     return host::get<&AIArtSuite::NewArt>(type, order, prep);
@@ -22,6 +16,8 @@ ArtObject* Art::create(core::ArtType type, core::PaintOrder order, ArtObject* pr
 
 bool Art::valid() const { return get<&AIArtSuite::ValidArt>(); }
 core::ArtType Art::artType() const { return get<&AIArtSuite::GetArtType, core::ArtType>(); }
+
+bool Art::isLayerGroup() const { return get<&AIArtSuite::IsArtLayerGroup>(); }
 
 std::optional<PathArt> Art::path() const {
     if (type_ == core::ArtType::Unknown) type_ = artType();
@@ -38,19 +34,31 @@ bool Art::setAttribute(core::ArtAttribute which, bool on) {
     return call<&AIArtSuite::SetArtUserAttr>(which, on ? which : core::ArtAttribute());
 }
 
-bool Art::select() { return setAttribute(kWholeSelection, true); }
-bool Art::deselect() { return setAttribute(kWholeSelection, false); }
+core::ArtAttribute Art::allAttributes() const {
+    return get<&AIArtSuite::GetArtUserAttr, core::ArtAttribute>(core::ArtAttribute::All);
+}
+
+bool Art::setAllAttributes(core::ArtAttribute attributes) {
+    return call<&AIArtSuite::SetArtUserAttr>(core::ArtAttribute::All, attributes);
+}
+
+bool Art::anyAncestor(core::ArtAttribute has) const {
+    for (ArtObject* around = parent(); around; around = Art(around).parent())
+        if (Art(around).attribute(has)) return true;
+    return false;
+}
+
+bool Art::editable() const { return get<&AIArtSuite::IsArtEditable>(); }
 
 // Tree
 
+AILayer* Art::layer() const { return get<&AILayerSuite::GetLayerOfArt>(); }
 ArtObject* Art::parent() const { return get<&AIArtSuite::GetArtParent>(); }
 ArtObject* Art::firstChild() const { return get<&AIArtSuite::GetArtFirstChild>(); }
+ArtObject* Art::lastChild() const { return get<&AIArtSuite::GetArtLastChild>(); }
 ArtObject* Art::sibling() const { return get<&AIArtSuite::GetArtSibling>(); }
 ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSibling>(); }
-
-// Whole objects moved
-
-bool Art::offset(double dx, double dy, bool patterns) { return call<&AITransformArtSuite::MoveArt>(dx, dy, patterns); }
+std::int32_t Art::childCount() const { return get<&AIArtSuite::CountArtChildren>(); }
 
 bool Art::dispose() {
     ArtObject* const handle = release();

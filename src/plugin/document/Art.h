@@ -3,10 +3,14 @@
 
 #include <optional>
 
+#include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
+#include "geo/Angle.h"
+#include "geo/TransformMatrix.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/host/Object.h"
 
+struct AILayer;
 struct ArtObject;
 
 namespace kzo::plugin {
@@ -22,30 +26,49 @@ class Art : public host::Object<ArtObject> {
     // Identity
     [[nodiscard]] bool valid() const;
     [[nodiscard]] core::ArtType artType() const;
+    [[nodiscard]] bool isLayerGroup() const;
     [[nodiscard]] std::optional<PathArt> path() const; ///< none when the art is of another type
 
     // Attributes
     [[nodiscard]] bool attribute(core::ArtAttribute which) const;
     bool setAttribute(core::ArtAttribute which, bool on);
-    [[nodiscard]] bool selected() const { return attribute(core::ArtAttribute::Selected); }
-    [[nodiscard]] bool locked() const { return attribute(core::ArtAttribute::Locked); }
-    [[nodiscard]] bool hidden() const { return attribute(core::ArtAttribute::Hidden); }
-    bool select();
-    bool deselect();
+    [[nodiscard]] core::ArtAttribute allAttributes() const;
+    bool setAllAttributes(core::ArtAttribute attributes);
+    [[nodiscard]] bool anyAncestor(core::ArtAttribute has) const;
+    [[nodiscard]] bool editable() const;
 
     // Tree
+    [[nodiscard]] AILayer* layer() const;
     [[nodiscard]] ArtObject* parent() const;
     [[nodiscard]] ArtObject* firstChild() const;
+    [[nodiscard]] ArtObject* lastChild() const;
     [[nodiscard]] ArtObject* sibling() const;
     [[nodiscard]] ArtObject* priorSibling() const;
+    [[nodiscard]] std::int32_t childCount() const;
 
-    // Whole objects moved
+    // Bounds; the options are bits of core::Art::BoundsOptions
+    [[nodiscard]] core::ArtboardRect bounds(std::int32_t options) const;
+    [[nodiscard]] core::ArtboardRect transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const;
+
+    // Transforms
     bool offset(double dx, double dy, bool patterns);
+    bool move(core::BoundsPinPointType pin, const core::ArtboardPoint& to);
+    bool rotate(geo::Angle angle, const core::ArtboardPoint& about);
+    bool rotateAtPin(geo::Angle angle, core::BoundsPinPointType about);
+    bool scale(double factorX, double factorY, const core::ArtboardPoint& about);
+    bool scaleAtPin(double factorX, double factorY, core::BoundsPinPointType about);
+    bool transform(const geo::TransformMatrix& matrix, bool patterns);
+    /// The options are bits of core::Art::TransformOptions.
+    bool transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, std::int32_t options);
+    bool transformStrokes(double lineScale);
 
     /// Removes the object from the document. All who share it find it empty from here on, whatever the host returns.
     bool dispose();
 
   private:
+    /// The place of a pin point, if the host tells the bounds.
+    [[nodiscard]] std::optional<core::ArtboardPoint> pin(core::BoundsPinPointType which) const;
+
     mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
 };
 

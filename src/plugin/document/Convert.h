@@ -7,11 +7,13 @@
 #include "core/values/ArtboardSegPoint.h"
 #include "core/values/DocumentEnumerations.h"
 #include "core/values/PathStyle.h"
+#include "geo/TransformMatrix.h"
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AITextFrameSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/values/ArtboardPoint.h"
 #include "plugin/values/ArtboardRect.h"
@@ -34,6 +36,10 @@ template <> struct HostForm<core::ArtboardSegPoint> {
     static core::ArtboardSegPoint fromHost(const AIPathSegment& record) {
         return core::ArtboardSegPoint(PathSegPoint(record));
     }
+};
+
+template <> struct HostForm<geo::TransformMatrix> {
+    static AIRealMatrix toHost(const geo::TransformMatrix& m) { return {m.a, m.b, m.c, m.d, m.tx, m.ty}; }
 };
 
 // Art

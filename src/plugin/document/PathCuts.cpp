@@ -39,7 +39,7 @@ template <class Visit> void forEachPath(const Visit& visit) {
         ArtObject* const top = Layer(layer).group();
         for (ArtObject* at = top; at;) {
             const Art art(at);
-            const bool shows = !art.hidden();
+            const bool shows = !art.attribute(core::ArtAttribute::Hidden);
             if (const auto path = shows ? art.path() : std::nullopt) visit(at, *path);
             ArtObject* next = shows ? art.firstChild() : nullptr;
             for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();

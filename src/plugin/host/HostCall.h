@@ -47,6 +47,9 @@ template <class Table> [[nodiscard]] const Table* acquire() {
     return suite.table || acquire(suite) ? static_cast<const Table*>(suite.table) : nullptr;
 }
 
+/// The basic suite comes with every message and is not acquired.
+template <> [[nodiscard]] inline const SPBasicSuite* acquire<SPBasicSuite>() { return basic; }
+
 template <class Table> [[nodiscard]] bool isAcquired() { return suiteOf<Table>.table != nullptr; }
 
 // Conversions

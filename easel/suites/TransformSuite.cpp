@@ -1,0 +1,38 @@
+// The transform suite.
+#include "hostapi/AITransformArtSuite.h"
+
+#include <cmath>
+
+#include "suites/Enter.h"
+
+namespace easel::suites {
+
+namespace {
+
+using model::Node;
+
+constexpr double kFlat = 1e-12; ///< area under a transform that nothing comes back from
+
+/// The matrix without an inverse or with a number out of range is refused.
+model::Affine affineFromHost(const AIRealMatrix& m) {
+    for (const double number : {m.a, m.b, m.c, m.d, m.tx, m.ty}) require(std::isfinite(number));
+    const double area = std::fabs(m.a * m.d - m.b * m.c);
+    require(area > kFlat && std::isfinite(area));
+    return {m.a, m.b, m.c, m.d, m.tx, m.ty};
+}
+
+void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::int32_t flags) {
+    const model::Affine by = (flags & kTransformObjects) ? affineFromHost(matrix) : model::Affine{};
+    require(lineScale > 0 && std::isfinite(lineScale));
+    const double lines = (flags & kScaleLines) ? lineScale : 1;
+    if (art.node.isContainer() && !(flags & kTransformChildren)) return;
+    if (!(flags & kTransformSelectionOnly)) return art.document.transform(art.node, by, lines);
+    for (Node* const node : art.document.selection())
+        if (!node->isContainer() && node->isWithin(art.node)) art.document.transform(*node, by, lines);
+}
+
+} // namespace
+
+template <> void fill(AITransformArtSuite& suite) { enter<&AITransformArtSuite::TransformArt, transformArt>(suite); }
+
+} // namespace easel::suites

@@ -1,0 +1,87 @@
+// Bounds of art and the transform suite's calls.
+#include <utility>
+
+#include "hostapi/AIArtSuite.h"
+#include "hostapi/AITransformArtSuite.h"
+#include "plugin/document/Art.h"
+#include "plugin/document/Convert.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+constexpr std::int32_t kPatterns = kTransformFillPatterns | kTransformStrokePatterns;
+constexpr std::int32_t kAllButPatterns =
+    kTransformObjects | kTransformFillGradients | kTransformLinkedMasks | kTransformChildren;
+
+geo::TransformMatrix moving(double dx, double dy) { return {.tx = dx, .ty = dy}; }
+
+/// What `matrix` does at the origin, done at `about`.
+geo::TransformMatrix around(const geo::TransformMatrix& matrix, const core::ArtboardPoint& about) {
+    return moving(-about.x(), -about.y()) * matrix * moving(about.x(), about.y());
+}
+
+} // namespace
+
+// Bounds
+
+core::ArtboardRect Art::bounds(std::int32_t options) const { return transformBounds({}, options); }
+
+core::ArtboardRect Art::transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const {
+    return get<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(matrix, options);
+}
+
+std::optional<core::ArtboardPoint> Art::pin(core::BoundsPinPointType which) const {
+    AIRealRect edges{};
+    const bool known = call<&AIArtSuite::GetArtTransformBounds>(geo::TransformMatrix(), std::int32_t{0}, &edges);
+    if (!known) return std::nullopt;
+    const int place = static_cast<int>(which) / 10 - 1; // the pins are numbered row by row
+    const auto part = [](int third) { return third / 2.0; };
+    if (place < 0 || place > 8) return std::nullopt;
+    return core::ArtboardPoint(ArtboardRect(edges).at(part(place % 3), part(place / 3)));
+}
+
+// Transforms
+
+bool Art::offset(double dx, double dy, bool patterns) { return transform(moving(dx, dy), patterns); }
+
+bool Art::move(core::BoundsPinPointType which, const core::ArtboardPoint& to) {
+    const auto from = pin(which);
+    return from && offset(to.x() - from->x(), to.y() - from->y(), true);
+}
+
+bool Art::rotate(geo::Angle angle, const core::ArtboardPoint& about) {
+    geo::TransformMatrix turn;
+    turn.setRotate(-angle); // which turns clockwise on screen
+    return transform(around(turn, about), true);
+}
+
+bool Art::rotateAtPin(geo::Angle angle, core::BoundsPinPointType about) {
+    const auto at = pin(about);
+    return at && rotate(angle, *at);
+}
+
+bool Art::scale(double factorX, double factorY, const core::ArtboardPoint& about) {
+    geo::TransformMatrix scaling;
+    scaling.setScale(factorX, factorY);
+    return transform(around(scaling, about), true);
+}
+
+bool Art::scaleAtPin(double factorX, double factorY, core::BoundsPinPointType about) {
+    const auto at = pin(about);
+    return at && scale(factorX, factorY, *at);
+}
+
+bool Art::transform(const geo::TransformMatrix& matrix, bool patterns) {
+    return transformWithOptions(matrix, 1, kAllButPatterns | (patterns ? kPatterns : 0));
+}
+
+bool Art::transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, std::int32_t options) {
+    return call<&AITransformArtSuite::TransformArt>(matrix, lineScale, options);
+}
+
+bool Art::transformStrokes(double lineScale) {
+    return transformWithOptions({}, lineScale, kTransformChildren | kScaleLines);
+}
+
+} // namespace kzo::plugin

@@ -1,0 +1,12 @@
+#include "plugin/frame/Application.h"
+
+#include "plugin/host/HostCall.h"
+
+namespace kzo::plugin::application {
+
+// Memory
+
+void* alloc(std::size_t size) { return host::get<&SPBasicSuite::AllocateBlock>(size); }
+bool free(void* block) { return host::call<&SPBasicSuite::FreeBlock>(block); }
+
+} // namespace kzo::plugin::application
