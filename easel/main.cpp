@@ -101,7 +101,7 @@ ExitCode runScript(const Command& command) {
     session.messenger.trace = trace && std::string_view(trace) == "1";
     session.documents.whileDrawing = progress("a picture");
     if (!command.profile.empty()) session.profile.use(command.profile);
-    session.alerts.handler = easel::script::printAlerts(std::cout);
+    easel::script::showWithoutAsking(session, std::cout);
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
     loadFound(session);
     ExitCode code = Done;

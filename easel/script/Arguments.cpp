@@ -260,6 +260,13 @@ void push(duk_context* engine, const PluginRecord& record) {
                std::pair("started", record.started), std::pair("broken", record.broken));
 }
 
+void push(duk_context* engine, const WidgetRecord& record) {
+    pushRecord(engine, std::pair("kind", record.kind), std::pair("text", record.text),
+               std::pair("tooltip", record.tooltip), std::pair("frame", record.frame),
+               std::pair("enabled", record.enabled), std::pair("visible", record.visible),
+               std::pair("checked", record.checked), std::pair("style", record.style));
+}
+
 void push(duk_context* engine, const CursorImageRecord& record) {
     pushRecord(engine, std::pair("plugin", record.plugin), std::pair("resource", record.resource),
                std::pair("hotSpot", record.hotSpot), std::pair("scale", record.scale));

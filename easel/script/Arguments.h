@@ -100,6 +100,17 @@ struct AnnotationRecord {
     std::string annotator;
     model::Mark mark;
 };
+/// A widget of a dialog as a script sees it.
+struct WidgetRecord {
+    std::string_view kind;
+    std::string text;
+    std::string tooltip;
+    std::vector<double> frame; ///< x, y, width, height
+    bool enabled = true;
+    bool visible = true;
+    bool checked = false;
+    std::string_view style;
+};
 /// Any value at all: true, or what counts as true.
 struct Truthy {
     bool holds = false;
@@ -169,6 +180,7 @@ void push(duk_context* engine, const PointRecord& record);
 void push(duk_context* engine, const MenuItemRecord& record);
 void push(duk_context* engine, const MenuGroupRecord& record);
 void push(duk_context* engine, const PluginRecord& record);
+void push(duk_context* engine, const WidgetRecord& record);
 void push(duk_context* engine, const CursorImageRecord& record);
 void push(duk_context* engine, const AnnotationRecord& record);
 void push(duk_context* engine, const Document& document);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "script/DialogWidgets.h"
 #include "script/Script.h"
 
 namespace easel::script {
@@ -11,11 +12,14 @@ namespace {
 
 constexpr const char* kHandlerKey = "onDialog";
 constexpr const char* kThrownKey = "thrown in onDialog";
+constexpr const char* kDeleteKey = "\x7f";
 constexpr const char* kNumberKey = DUK_HIDDEN_SYMBOL("number");
 
-constexpr std::string_view kKinds[] = {"message", "error", "confirm", "question"};
+constexpr std::string_view kAlertKinds[] = {"message", "error", "confirm", "question"};
+constexpr std::string_view kWidgetKinds[] = {"label", "field", "checkbox", "button"};
+constexpr std::string_view kStyles[] = {"plain", "default", "cancel"};
 
-std::string_view kindOf(const session::Alert& alert) { return kKinds[static_cast<std::size_t>(alert.kind) - 1]; }
+std::string_view kindOf(const session::Alert& alert) { return kAlertKinds[static_cast<std::size_t>(alert.kind) - 1]; }
 
 duk_ret_t getNumber(duk_context* engine, void* /*unused*/) {
     duk_get_prop_string(engine, -1, kNumberKey);
@@ -33,7 +37,7 @@ duk_ret_t callHandler(duk_context* engine, void* dialog) {
     duk_put_prop_string(engine, -2, kNumberKey);
     duk_freeze(engine, -1);
     duk_call(engine, 1);
-    if (!open.chosen) return duk_error(engine, DUK_ERR_ERROR, "app.onDialog: the handler left its dialog open");
+    if (!open.closed()) return duk_error(engine, DUK_ERR_ERROR, "app.onDialog: the handler left its dialog open");
     return 1;
 }
 
@@ -46,65 +50,166 @@ void keepThrown(duk_context* engine) {
     hostOf(engine).handlerThrew = true;
 }
 
-std::size_t choose(duk_context* engine, const session::Alert& alert) {
+/// False when the script's handler has thrown before, and is not called again.
+bool show(duk_context* engine, OpenDialog& open) {
     Host& host = hostOf(engine);
-    OpenDialog open{alert, ++host.dialogCount};
-    if (host.handlerThrew) return alert.buttons.size() - 1;
+    open.number = ++host.dialogCount;
+    if (host.handlerThrew) return false;
     host.dialogs.push_back(&open);
     if (duk_safe_call(engine, callHandler, &open, 0, 1) == DUK_EXEC_SUCCESS)
         duk_pop(engine);
     else
         keepThrown(engine);
     host.dialogs.pop_back();
+    return true;
+}
+
+std::size_t choose(duk_context* engine, const session::Alert& alert) {
+    OpenDialog open{&alert, nullptr};
+    show(engine, open);
     return open.chosen.value_or(alert.buttons.size() - 1);
 }
 
 // app
 
 void onDialog(Host& host, const DialogHandler& handler) {
-    host.session.alerts.handler = printAlerts(host.out);
-    if (handler.engine)
-        host.session.alerts.handler = [engine = handler.engine](const session::Alert& alert) {
-            return choose(engine, alert);
-        };
+    showWithoutAsking(host.session, host.out);
+    if (!handler.engine) return;
+    host.session.alerts.handler = [engine = handler.engine](const session::Alert& alert) {
+        return choose(engine, alert);
+    };
+    host.session.dialogs.face = [engine = handler.engine](session::Dialog& dialog) {
+        OpenDialog open{nullptr, &dialog};
+        show(engine, open);
+    };
 }
 
 // The dialog
 
 using ThisDialog = This<Dialog>;
+using session::Widget;
 
-std::string_view kind(Host& /*host*/, const ThisDialog& dialog) { return kindOf(dialog->alert); }
-std::string_view title(Host& /*host*/, const ThisDialog& /*dialog*/) { return ""; }
-std::string text(Host& /*host*/, const ThisDialog& dialog) { return dialog->alert.text; }
-std::vector<std::string> buttons(Host& /*host*/, const ThisDialog& dialog) { return dialog->alert.buttons; }
-std::vector<std::string> widgets(Host& /*host*/, const ThisDialog& /*dialog*/) { return {}; }
+/// The dialog, on which the user can still do something.
+session::Dialog& live(const ThisDialog& dialog) {
+    if (dialog->closed()) throw session::Error("this dialog is closed");
+    if (dialog->alert) throw session::Error("an alert has nothing but buttons");
+    return *dialog->dialog;
+}
 
-void close(const Dialog& dialog, std::size_t button) {
-    if (dialog->chosen) throw session::Error("this dialog is closed");
+std::string_view kind(Host& /*host*/, const ThisDialog& dialog) {
+    return dialog->alert ? kindOf(*dialog->alert) : "dialog";
+}
+std::string title(Host& /*host*/, const ThisDialog& dialog) { return dialog->alert ? "" : dialog->dialog->title; }
+std::string text(Host& /*host*/, const ThisDialog& dialog) { return dialog->alert ? dialog->alert->text : ""; }
+std::vector<std::string> buttons(Host& /*host*/, const ThisDialog& dialog) {
+    return dialog->alert ? dialog->alert->buttons : textsOf(*dialog->dialog, kStageButton);
+}
+
+std::vector<WidgetRecord> widgets(Host& /*host*/, const ThisDialog& dialog) {
+    std::vector<WidgetRecord> records;
+    if (dialog->alert) return records;
+    for (const Widget& each : dialog->dialog->widgets)
+        records.push_back({.kind = kWidgetKinds[each.kind - 1],
+                           .text = each.text,
+                           .tooltip = each.tooltip,
+                           .frame = {each.frame.left, each.frame.top, each.frame.right - each.frame.left,
+                                     each.frame.bottom - each.frame.top},
+                           .enabled = each.enabled,
+                           .visible = each.visible,
+                           .checked = each.checked,
+                           .style = kStyles[each.style - 1]});
+    return records;
+}
+
+std::optional<std::string> focused(Host& /*host*/, const ThisDialog& dialog) {
+    const Widget* const field = dialog->alert ? nullptr : dialog->dialog->find(dialog->dialog->focus);
+    return field ? std::optional(nameOf(*dialog->dialog, *field)) : std::nullopt;
+}
+
+std::string field(Host& /*host*/, const ThisDialog& dialog, const std::string& label) {
+    return fieldNamed(live(dialog), label).text;
+}
+
+void type(Host& host, const ThisDialog& dialog, const std::string& label, const std::string& text) {
+    session::Dialog& live = script::live(dialog);
+    Widget& field = fieldNamed(live, label);
+    if (!field.enabled) throw session::Error("the field beside \"" + label + "\" is disabled");
+    const std::int32_t id = field.id;
+    session::Dialogs& dialogs = host.session.dialogs;
+    dialogs.moveFocus(live, id);
+    if (Widget* const all = live.find(id); all && live.focus == id) {
+        all->selectionStart = 0;
+        all->selectionEnd = static_cast<std::int32_t>(all->text.size()); // no text has more characters than bytes
+    }
+    if (text.empty()) dialogs.type(live, id, kDeleteKey);
+    for (std::size_t at = 0; at < text.size();) {
+        std::size_t end = at + 1;
+        while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) ++end;
+        dialogs.type(live, id, text.substr(at, end - at));
+        at = end;
+    }
+}
+
+void commit(Host& host, const ThisDialog& dialog, const std::string& label) {
+    host.session.dialogs.commit(live(dialog), fieldNamed(live(dialog), label).id);
+}
+
+void check(Host& host, const ThisDialog& dialog, const std::string& label) {
+    host.session.dialogs.click(live(dialog), widgetNamed(live(dialog), kStageCheckbox, label).id);
+}
+
+void clickLabel(Host& host, const ThisDialog& dialog, const std::string& text) {
+    host.session.dialogs.click(live(dialog), widgetNamed(live(dialog), kStageLabel, text).id);
+}
+
+void doubleClickLabel(Host& host, const ThisDialog& dialog, const std::string& text) {
+    host.session.dialogs.doubleClick(live(dialog), widgetNamed(live(dialog), kStageLabel, text).id);
+}
+
+void choose(const Dialog& dialog, std::size_t button) {
+    if (dialog->closed()) throw session::Error("this dialog is closed");
     dialog->chosen = button;
 }
 
-void click(Host& /*host*/, const ThisDialog& dialog, const std::string& button) {
-    const auto& titles = dialog->alert.buttons;
-    const auto found = std::find(titles.begin(), titles.end(), button);
-    if (found == titles.end()) {
-        std::string known;
-        for (const std::string& each : titles) known += (known.empty() ? "\"" : ", \"") + each + '"';
-        throw session::Error("there is no button \"" + button + "\", only " + known);
+void click(Host& host, const ThisDialog& dialog, const std::string& button) {
+    if (!dialog->alert) {
+        session::Dialog& live = script::live(dialog);
+        return host.session.dialogs.click(live, widgetNamed(live, kStageButton, button).id);
     }
-    close(dialog, static_cast<std::size_t>(found - titles.begin()));
+    const auto& titles = dialog->alert->buttons;
+    const auto found = std::find(titles.begin(), titles.end(), button);
+    if (found == titles.end()) throw session::Error("there is no button \"" + button + "\", only " + quoted(titles));
+    choose(dialog, static_cast<std::size_t>(found - titles.begin()));
 }
 
-void press(Host& /*host*/, const ThisDialog& dialog, const std::string& key) {
+void pressInAlert(const Dialog& dialog, const std::string& key) {
     if (key == "Return")
-        close(dialog, 0);
+        choose(dialog, 0);
     else if (key == "Escape")
-        close(dialog, dialog->alert.buttons.size() - 1);
+        choose(dialog, dialog->alert->buttons.size() - 1);
     else
         throw session::Error("an alert takes the keys \"Return\" and \"Escape\", not \"" + key + '"');
 }
 
-void closeDialog(Host& /*host*/, const ThisDialog& dialog) { close(dialog, dialog->alert.buttons.size() - 1); }
+constexpr std::pair<std::string_view, std::int32_t> kKeys[] = {
+    {"Return", kStageReturnKey}, {"Escape", kStageEscapeKey}, {"Tab", kStageTabKey}, {"BackTab", kStageBackTabKey}};
+
+void press(Host& host, const ThisDialog& dialog, const std::string& key) {
+    if (dialog->alert) return pressInAlert(dialog, key);
+    session::Dialog& live = script::live(dialog);
+    for (const auto& [name, number] : kKeys)
+        if (key == name) return host.session.dialogs.press(live, number);
+    if (key == "Delete") return host.session.dialogs.type(live, live.focus, kDeleteKey);
+    throw session::Error("a dialog takes the keys \"Return\", \"Escape\", \"Tab\", \"BackTab\" and \"Delete\", not \"" +
+                         key + '"');
+}
+
+void closeDialog(Host& host, const ThisDialog& dialog) {
+    if (dialog->alert)
+        choose(dialog, dialog->alert->buttons.size() - 1);
+    else
+        host.session.dialogs.close(live(dialog));
+}
 
 void runFor(Host& host, const ThisDialog& /*dialog*/, Positive seconds) { host.session.timers.runFor(seconds.value); }
 
@@ -116,6 +221,13 @@ constexpr Row kDialogCalls[] = {
     property<text>("dialog.text"),
     property<buttons>("dialog.buttons"),
     property<widgets>("dialog.widgets"),
+    property<focused>("dialog.focused"),
+    method<field>("dialog.field", "label"),
+    method<type>("dialog.type", "label, text"),
+    method<commit>("dialog.commit", "label"),
+    method<check>("dialog.check", "label"),
+    method<clickLabel>("dialog.clickLabel", "text"),
+    method<doubleClickLabel>("dialog.doubleClickLabel", "text"),
     method<click>("dialog.click", "button"),
     method<press>("dialog.press", "key"),
     method<closeDialog>("dialog.close", ""),
@@ -124,13 +236,14 @@ constexpr Row kDialogCalls[] = {
 
 } // namespace
 
-session::Alerts::Handler printAlerts(std::ostream& out) {
-    return [&out](const session::Alert& alert) {
+void showWithoutAsking(session::Session& session, std::ostream& out) {
+    session.alerts.handler = [&out](const session::Alert& alert) {
         out << kindOf(alert) << ": " << alert.text;
         if (alert.buttons.size() > 1) out << " [" << alert.buttons.front() << ']';
         out << std::endl;
         return std::size_t{0};
     };
+    session.dialogs.face = [&out](const session::Dialog& dialog) { out << "dialog: " << dialog.title << std::endl; };
 }
 
 bool pushThrownInHandler(duk_context* engine) noexcept {

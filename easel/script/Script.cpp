@@ -83,19 +83,6 @@ void addPrototype(duk_context* engine, Kind kind, std::span<const Row> rows) {
     setPrototype(engine, kind);
 }
 
-/// The session's handler of alerts, back in its place at the end.
-class KeptHandler {
-  public:
-    explicit KeptHandler(session::Alerts& alerts) : alerts_(alerts), handler_(alerts.handler) {}
-    ~KeptHandler() { alerts_.handler = handler_; }
-    KeptHandler(const KeptHandler&) = delete;
-    KeptHandler& operator=(const KeptHandler&) = delete;
-
-  private:
-    session::Alerts& alerts_;
-    session::Alerts::Handler handler_;
-};
-
 /// Everything that the engine does for a script, in one protected call.
 duk_ret_t play(duk_context* engine, void* /*unused*/) {
     auto& running = static_cast<Running&>(hostOf(engine));
@@ -171,7 +158,7 @@ void runSource(session::Session& session, std::string source, const std::string&
     const std::unique_ptr<duk_context, void (*)(duk_context*)> engine(
         duk_create_heap(nullptr, nullptr, nullptr, static_cast<Host*>(&running), nullptr), duk_destroy_heap);
     if (!engine) throw std::bad_alloc();
-    const KeptHandler kept(session.alerts);
+    const KeptFaces kept(session);
     if (duk_safe_call(engine.get(), play, nullptr, 0, 1) != DUK_EXEC_SUCCESS)
         throw ScriptError(lineAbout(engine.get(), name));
 }

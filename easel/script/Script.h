@@ -6,8 +6,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "session/frame/Alerts.h"
-
 namespace easel::session {
 class Session;
 }
@@ -26,7 +24,8 @@ void run(session::Session& session, const std::string& path, std::ostream& out);
 /// Likewise a script that is no file; `name` is what errors call it.
 void runSource(session::Session& session, std::string source, const std::string& name, std::ostream& out);
 
-/// Prints alerts, and takes their default buttons.
-[[nodiscard]] session::Alerts::Handler printAlerts(std::ostream& out);
+/// From now on alerts are printed and take their default buttons, and dialogs are printed by their titles and
+/// cancelled.
+void showWithoutAsking(session::Session& session, std::ostream& out);
 
 } // namespace easel::script

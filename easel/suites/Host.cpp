@@ -7,6 +7,7 @@ namespace easel::suites {
 
 template <> session::Alerts& host() { return session::Session::current().alerts; }
 template <> session::Annotations& host() { return session::Session::current().annotations; }
+template <> session::Dialogs& host() { return session::Session::current().dialogs; }
 template <> session::Profile& host() { return session::Session::current().profile; }
 template <> session::Documents& host() { return session::Session::current().documents; }
 template <> session::HostPreferences& host() { return session::Session::current().preferences; }

@@ -7,6 +7,7 @@
 namespace easel::session {
 class Alerts;
 class Annotations;
+class Dialogs;
 class Documents;
 class HostPreferences;
 class Input;
@@ -30,6 +31,7 @@ template <class Part> [[nodiscard]] Part& host();
 
 template <> session::Alerts& host();
 template <> session::Annotations& host();
+template <> session::Dialogs& host();
 template <> session::Documents& host();
 template <> session::HostPreferences& host();
 template <> session::Input& host();

@@ -5,12 +5,17 @@
 
 #include "session/base/Profile.h"
 #include "session/frame/Alerts.h"
+#include "session/frame/Dialogs.h"
 #include "session/frame/Plugins.h"
 #include "session/frame/Screen.h"
 #include "session/input/Pointer.h"
 #include "suites/Enter.h"
 
 namespace easel::suites {
+
+template <> struct Argument<session::Dialog&> {
+    static session::Dialog& from(StageDialogRef handle) { return found(host<session::Dialogs>().find(handle)); }
+};
 
 namespace {
 
@@ -50,7 +55,42 @@ void log(Plugin& self, std::string_view line) {
     host<session::Reports>().add(session::Blame::Plugin, name + ": " + std::string(line));
 }
 
+using session::Dialog;
+using session::Dialogs;
+
+session::Widget widgetOf(const StageWidget& record) {
+    const auto text = [](const char* characters) { return std::string(characters ? characters : ""); };
+    return {.id = record.id,
+            .kind = record.kind,
+            .frame = record.frame,
+            .text = text(record.text),
+            .tooltip = text(record.tooltip),
+            .visible = record.visible != 0,
+            .enabled = record.enabled != 0,
+            .checked = record.checked != 0,
+            .bold = record.bold != 0,
+            .italic = record.italic != 0,
+            .alignment = record.alignment,
+            .style = record.style,
+            .linked = record.linked,
+            .selectionStart = record.selectionStart,
+            .selectionEnd = record.selectionEnd};
+}
+
+void getDialogSelection(Dialog& dialog, std::int32_t id, std::int32_t& start, std::int32_t& end) {
+    const session::Widget* const field = dialog.find(id);
+    require(field && field->kind == kStageTextField);
+    start = field->selectionStart;
+    end = field->selectionEnd;
+}
+
+AIRealPoint getFittingSize(const StageWidget& widget) {
+    host<Dialogs>().requireStaged();
+    return fittingSize(widgetOf(widget));
+}
+
 std::int32_t showAlert(std::int32_t kind, std::string_view text, const char* const& firstButton, std::int32_t count) {
+    host<Dialogs>().requireStaged();
     require(kind >= kStageMessageAlert && kind <= kStageQuestionAlert && count >= 1 && count <= 3);
     session::Alert alert{.kind = static_cast<session::Alert::Kind>(kind), .text = std::string(text), .buttons = {}};
     for (std::int32_t i = 0; i < count; ++i) alert.buttons.emplace_back(&required((&firstButton)[i]));
@@ -72,6 +112,18 @@ template <> void fill(StageSuite& suite) {
     enter<&StageSuite::ShowAlert, showAlert>(suite);
     enter<&StageSuite::Beep>(suite, [] { ++host<session::Alerts>().beeps; });
     enter<&StageSuite::GetPreferencesFolder, &session::Profile::folder>(suite);
+    enter<&StageSuite::ShowsDialogs>(suite, [] { return host<Dialogs>().staged; });
+    enter<&StageSuite::NewDialog, &Dialogs::add>(suite);
+    enter<&StageSuite::DisposeDialog, &Dialogs::remove>(suite);
+    enter<&StageSuite::SetDialogFrame, &Dialogs::setFrame>(suite);
+    enter<&StageSuite::SetDialogWidget>(
+        suite, [](Dialog& dialog, const StageWidget& widget) { Dialogs::setWidget(dialog, widgetOf(widget)); });
+    enter<&StageSuite::RemoveDialogWidget, Dialogs::removeWidget>(suite);
+    enter<&StageSuite::SetDialogFocus, Dialogs::setFocus>(suite);
+    enter<&StageSuite::GetDialogSelection, getDialogSelection>(suite);
+    enter<&StageSuite::RunDialog, &Dialogs::run>(suite);
+    enter<&StageSuite::EndDialog, Dialogs::end>(suite);
+    enter<&StageSuite::GetFittingSize, getFittingSize>(suite);
 }
 
 } // namespace easel::suites

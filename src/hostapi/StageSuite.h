@@ -38,6 +38,64 @@ typedef struct StageInputMessage {
 /* Alerts by their kind. */
 enum { kStageMessageAlert = 1, kStageErrorAlert = 2, kStageConfirmAlert = 3, kStageQuestionAlert = 4 };
 
+/* A dialog of a plug-in's that the host shows. Places and sizes are points from the top left corner of its content, y
+ * down. Texts are UTF-8. */
+typedef struct _t_StageDialogOpaque* StageDialogRef;
+
+enum { kStageLabel = 1, kStageTextField = 2, kStageCheckbox = 3, kStageButton = 4 };
+/* A click on the default button is what Return does, one on the cancel button what Escape does: plug-ins see to it. */
+enum { kStagePlainButton = 1, kStageDefaultButton = 2, kStageCancelButton = 3 };
+enum { kStageAlignLeft = 1, kStageAlignCenter = 2, kStageAlignRight = 3 };
+
+/* A widget, whole. Texts of labels are wrapped at the widget's width; other widgets have one line. */
+typedef struct StageWidget {
+    int32_t id;   /* the plug-in's own number for it, above 0 and of its own within the dialog */
+    int32_t kind; /* kStageLabel ... */
+    AIRealRect frame;
+    const char* text;
+    const char* tooltip;
+    AIBoolean visible;
+    AIBoolean enabled;
+    AIBoolean checked; /* of a checkbox */
+    AIBoolean bold;
+    AIBoolean italic;
+    int32_t alignment;      /* of a label's or a field's text */
+    int32_t style;          /* of a button */
+    int32_t linked;         /* the field that a label is for; 0 for none */
+    int32_t selectionStart; /* of a field's text, in characters; -1: as the user has it, at the end of another text */
+    int32_t selectionEnd;
+} StageWidget;
+
+#define kSelectorStageDialogEvent "Dialog Event"
+
+/* What the user does to a dialog. */
+enum {
+    /* Changed a field's text by one keystroke or a paste: `text` is all of it now, `typed` what came in, "\x7f" for
+     * either of the Delete keys; keys without a character have one of the private use area, from U+F700 on. */
+    kStageTyping = 1,
+    /* Ended the editing of a field, which keeps the focus. */
+    kStageCommit = 2,
+    kStageClick = 3,       /* on any widget; a checkbox has its new state already */
+    kStageDoubleClick = 4, /* in place of the second click */
+    kStageFocusMoved = 5,  /* to a field, or with `widget` 0 to none; not when the plug-in moved it, nor when another
+                              window came in front */
+    kStageDialogKey = 6,   /* pressed a key of those below, of which the host itself makes nothing */
+    kStageClose = 7        /* asked the dialog to go, say by its close button */
+};
+enum { kStageReturnKey = 1, kStageEscapeKey = 2, kStageTabKey = 3, kStageBackTabKey = 4 };
+
+/* Comes while the plug-in waits in RunDialog, and at no other time. */
+typedef struct StageDialogMessage {
+    SPMessageData d;
+    StageDialogRef dialog;
+    int32_t event;  /* kStageTyping ... */
+    int32_t widget; /* its id */
+    int32_t key;    /* kStageReturnKey ... */
+    AIBoolean checked;
+    const char* text;  /* null where the event has none */
+    const char* typed; /* null where the event has none */
+} StageDialogMessage;
+
 typedef struct StageSuite {
     /* The modifier keys held now, kAIShiftKey ... */
     AIErr (*GetModifiers)(uint32_t* modifiers);
@@ -68,6 +126,28 @@ typedef struct StageSuite {
     /* The folder that plug-ins keep the user's preferences in, which exists. The text is valid until the application
      * ends. */
     AIErr (*GetPreferencesFolder)(const char** path);
+
+    /* Whether the host shows alerts and dialogs itself. Where it does not, what follows and ShowAlert are refused with
+     * kRefusedErr. */
+    AIErr (*ShowsDialogs)(AIBoolean* shows);
+    /* A dialog without widgets, which does not show yet. kBadParameterErr, here and below: a size or place that is not
+     * finite, an unknown kind or style, a widget that is not there. */
+    AIErr (*NewDialog)(SPPluginRef self, const char* title, AIReal width, AIReal height, StageDialogRef* dialog);
+    AIErr (*DisposeDialog)(StageDialogRef dialog);
+    AIErr (*SetDialogFrame)(StageDialogRef dialog, const char* title, AIReal width, AIReal height);
+    /* Adds the widget, or changes the one of its id. */
+    AIErr (*SetDialogWidget)(StageDialogRef dialog, const StageWidget* widget);
+    AIErr (*RemoveDialogWidget)(StageDialogRef dialog, int32_t widget);
+    /* In which field the keys arrive; 0: in none. What was typed there stays. */
+    AIErr (*SetDialogFocus)(StageDialogRef dialog, int32_t widget);
+    AIErr (*GetDialogSelection)(StageDialogRef dialog, int32_t widget, int32_t* start, int32_t* end);
+    /* Shows the dialog and waits until EndDialog, telling the plug-in what the user does. kRefusedErr: it shows
+     * already. */
+    AIErr (*RunDialog)(StageDialogRef dialog);
+    AIErr (*EndDialog)(StageDialogRef dialog);
+    /* The size that fits the widget's text: its width on one line, and the height that it needs in its frame's width,
+     * or on one line where that is 0. */
+    AIErr (*GetFittingSize)(const StageWidget* widget, AIRealPoint* size);
 } StageSuite;
 
 DESCRIBE_SUITE(StageSuite)

@@ -50,3 +50,5 @@ RECORD_SIZE(AIHitRecord, 56);
 RECORD_SIZE(AIPathStyle, 144);
 RECORD_SIZE(AIPointText, 192);
 RECORD_SIZE(StageCursor, 48);
+RECORD_SIZE(StageWidget, 88);
+RECORD_SIZE(StageDialogMessage, 72);

@@ -88,6 +88,7 @@ void Session::forget(Plugin& plugin) {
     timers.removeIf(owned);
     annotations.removeIf(owned);
     menus.forget(plugin);
+    dialogs.forget(plugin);
     if (screen.cursor.plugin == plugin.handle) screen.cursor = {};
     plugin.toolSnapping = 0;
     plugin.monitorsInput = false;

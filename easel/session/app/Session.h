@@ -12,6 +12,7 @@
 #include "session/documents/Documents.h"
 #include "session/frame/Alerts.h"
 #include "session/frame/Annotations.h"
+#include "session/frame/Dialogs.h"
 #include "session/frame/Events.h"
 #include "session/frame/Memory.h"
 #include "session/frame/Menus.h"
@@ -77,6 +78,7 @@ class Session {
     Menus menus;
     Held held;
     Alerts alerts;
+    Dialogs dialogs{messenger};
     Timers timers{messenger, held};
     Annotations annotations{messenger, documents, held};
     Events events{documents, toolbox, menus, held, notifiers};

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "hostapi/SPTypes.h"
+#include "hostapi/StageSuite.h"
 
 namespace easel::session {
 
@@ -26,6 +27,8 @@ template <> inline constexpr unsigned kKindOf<AIMenuItemHandle> = 10;
 template <> inline constexpr unsigned kKindOf<AITimerHandle> = 11;
 template <> inline constexpr unsigned kKindOf<AIAnnotatorHandle> = 12;
 template <> inline constexpr unsigned kKindOf<AIDrawingContextHandle> = 13;
+
+template <> inline constexpr unsigned kKindOf<StageDialogRef> = 14;
 
 template <class T>
 concept Handle = kKindOf<T>

@@ -10,6 +10,7 @@
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPPluginsSuite.h"
+#include "plugin/dialogs/ModalDialog.h"
 #include "plugin/document/Art.h"
 #include "plugin/document/Layer.h"
 #include "plugin/frame/Convert.h"
@@ -17,6 +18,7 @@
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/RefCountMap.h"
 #include "plugin/platform/Platform.h"
+#include "plugin/platform/stage/StageWindows.h"
 
 namespace kzo::plugin {
 
@@ -49,12 +51,15 @@ bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <
 } // namespace
 
 void attachHost(const void* record) {
-    if (const SPBasicSuite* const basic = MessageHead(record).basic) host::basic = basic;
+    const MessageHead head(record);
+    if (head.basic) host::basic = head.basic;
+    host::self = head.self;
 }
 
 void releaseHost() {
     host::releaseAll();
     host::basic = nullptr;
+    host::self = nullptr;
 }
 
 std::string pluginName(const void* record) {
@@ -105,6 +110,7 @@ std::int32_t BasePlugin::startup() {
     handle(message::kMenu, message::kUpdate, &BasePlugin::handleMenuUpdate);
     handle(message::kStage, message::kKeyPressed, &BasePlugin::handleKey);
     handle(message::kStage, message::kMousePressed, &BasePlugin::handleButton);
+    handle(message::kStage, message::kDialogEvent, &BasePlugin::handleDialogEvent);
     for (const core::MessageType type : kToolMessages)
         handle(message::kTool, core::messageRow(type)->selector, &BasePlugin::handleToolMessage);
     dispatcher_.reserve(message::kNotifier, {}, Bound(this, &BasePlugin::handleNotifyMessage));
@@ -126,6 +132,7 @@ void BasePlugin::addPluginGroup() {
 
 std::int32_t BasePlugin::shutdown() {
     // No callback of the client's runs from here on, not even the rest of those of a message that led here.
+    ModalDialog::destroyAll();
     dispatcher_.clear();
     aroundTools_ = {};
     brightnessAdjusted = {};
@@ -190,6 +197,10 @@ void BasePlugin::handleKey() {
 void BasePlugin::handleButton() {
     if (const void* const record = Dispatcher::executing()->record)
         monitors_.pressed(Input(static_cast<core::MouseButton>(InputMessage(record).code)));
+}
+
+void BasePlugin::handleDialogEvent() {
+    if (const void* const record = Dispatcher::executing()->record) StageWindows::handleMessage(record);
 }
 
 void BasePlugin::followMarks() {

@@ -94,6 +94,7 @@ class BasePlugin {
     void handleBrightness() { brightnessAdjusted.run(); }
     void handleKey();
     void handleButton();
+    void handleDialogEvent();
     void handleNotifyMessage();
     void handleMenuChoice();
     void handleMenuUpdate() { menuItemsUpdate.run(); }

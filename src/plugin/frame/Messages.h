@@ -100,6 +100,7 @@ inline constexpr std::string_view kTool = "AI Tool";
 inline constexpr std::string_view kStage = "Stage";
 inline constexpr std::string_view kKeyPressed = "Key Pressed";
 inline constexpr std::string_view kMousePressed = "Mouse Pressed";
+inline constexpr std::string_view kDialogEvent = "Dialog Event";
 inline constexpr std::string_view kApplicationStarted = "AI Application Started Notifier";
 inline constexpr std::string_view kApplicationShutdown = "AI Application Shutdown Notifier";
 inline constexpr std::string_view kBrightnessChanged = "AI UI Brightness Changed Notifier";

@@ -29,6 +29,8 @@ template <class Table> inline constinit Suite suiteOf{SuiteTraits<Table>::kName,
 
 /// The basic suite of the message being handled; null before the first one.
 inline constinit const SPBasicSuite* basic = nullptr;
+/// The plug-in, as the host names it in that message; null before the first one.
+inline constinit SPPluginRef self = nullptr;
 
 /// "AIArtSuite::GetArtType" for &AIArtSuite::GetArtType. (The host has its own: neither side includes the other.)
 template <auto Entry> [[nodiscard]] constexpr std::string_view entryName() {

@@ -10,6 +10,7 @@
 
 #include "core/values/FrameEnumerations.h"
 #include "geo/Point.h"
+#include "plugin/platform/Windows.h"
 
 struct SPPlugin;
 
@@ -120,6 +121,7 @@ class Platform {
     [[nodiscard]] virtual Cursors& cursors() = 0;
     [[nodiscard]] virtual Mouse& mouse() = 0;
     [[nodiscard]] virtual Alerts& alerts() = 0;
+    [[nodiscard]] virtual Windows& windows() = 0;
     [[nodiscard]] virtual Folders& folders() = 0;
 
   protected:

@@ -24,6 +24,7 @@ class Notebook final : public Platform, public Log, public Alerts, public Folder
     [[nodiscard]] Cursors& cursors() override { throw std::logic_error("no cursors"); }
     [[nodiscard]] Mouse& mouse() override { throw std::logic_error("no mouse"); }
     [[nodiscard]] Alerts& alerts() override { return *this; }
+    [[nodiscard]] Windows& windows() override { throw std::logic_error("no windows"); }
     [[nodiscard]] Folders& folders() override { return *this; }
     [[nodiscard]] std::size_t show(const Alert&) override { return 0; }
     void beep() override {}

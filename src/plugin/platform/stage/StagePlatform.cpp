@@ -7,6 +7,7 @@
 #include "plugin/platform/Convert.h"
 #include "plugin/platform/Platform.h"
 #include "plugin/platform/UserFolders.h"
+#include "plugin/platform/stage/StageWindows.h"
 
 namespace kzo::plugin {
 
@@ -107,6 +108,7 @@ class StagePlatform final : public Platform {
     [[nodiscard]] Cursors& cursors() override { return cursors_; }
     [[nodiscard]] Mouse& mouse() override { return mouse_; }
     [[nodiscard]] Alerts& alerts() override { return alerts_; }
+    [[nodiscard]] Windows& windows() override { return windows_; }
     [[nodiscard]] Folders& folders() override { return folders_; }
 
   private:
@@ -115,6 +117,7 @@ class StagePlatform final : public Platform {
     StageCursors cursors_;
     StageMouse mouse_;
     StageAlerts alerts_;
+    StageWindows windows_;
     StageFolders folders_;
 };
 

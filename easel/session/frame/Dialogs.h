@@ -1,0 +1,96 @@
+// Dialogs of plug-ins: what they show, and what the user does to them, whoever draws them. The host moves no focus,
+// checks no default button and closes nothing by itself: it tells the plug-in, which decides.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "hostapi/StageSuite.h"
+#include "session/base/Handles.h"
+#include "session/frame/Messenger.h"
+
+namespace easel::session {
+
+/// A widget as it was handed over, with texts of its own.
+struct Widget {
+    std::int32_t id = 0;
+    std::int32_t kind = 0; ///< kStageLabel ...
+    AIRealRect frame{};
+    std::string text;
+    std::string tooltip;
+    bool visible = true;
+    bool enabled = true;
+    bool checked = false;
+    bool bold = false;
+    bool italic = false;
+    std::int32_t alignment = kStageAlignLeft;
+    std::int32_t style = kStagePlainButton;
+    std::int32_t linked = 0;
+    std::int32_t selectionStart = 0; ///< characters
+    std::int32_t selectionEnd = 0;
+};
+
+/// The size that fits the text of a widget, at an average width of characters.
+[[nodiscard]] AIRealPoint fittingSize(const Widget& widget);
+
+struct Dialog {
+    StageDialogRef handle = nullptr;
+    Plugin* owner = nullptr;
+    std::string title;
+    AIReal width = 0;
+    AIReal height = 0;
+    std::vector<Widget> widgets; ///< in the order in which they were added
+    std::int32_t focus = 0;      ///< the field that the keys go to; 0: none
+    bool running = false;
+    bool ended = false;
+    bool disposed = false; ///< gone for plug-ins, as soon as it no longer runs for good
+
+    [[nodiscard]] Widget* find(std::int32_t id);
+    /// Whether the user can see the widget: it shows, and not beside the content.
+    [[nodiscard]] bool shows(const Widget& widget) const;
+};
+
+class Dialogs {
+  public:
+    /// Shows a dialog, and returns when it has ended. One that returns before cancels the dialog.
+    using Face = std::function<void(Dialog&)>;
+
+    explicit Dialogs(Messenger& messenger) : messenger_(messenger) {}
+
+    Face face;
+    /// Off, the host shows neither dialogs nor alerts, and refuses what is about them.
+    bool staged = true;
+
+    // What plug-ins do; throws HostError
+    Dialog& add(Plugin& owner, std::string_view title, AIReal width, AIReal height);
+    void remove(Dialog& dialog);
+    void setFrame(Dialog& dialog, std::string_view title, AIReal width, AIReal height) const;
+    static void setWidget(Dialog& dialog, const Widget& widget);
+    static void removeWidget(Dialog& dialog, std::int32_t id);
+    static void setFocus(Dialog& dialog, std::int32_t id);
+    void run(Dialog& dialog);
+    static void end(Dialog& dialog) { dialog.ended = true; }
+    [[nodiscard]] Dialog* find(StageDialogRef handle) const;
+    void forget(const Plugin& plugin);
+    void requireStaged() const;
+
+    // What the user does; the plug-in hears of it and may do anything then, so that a widget may be gone afterwards
+    /// One keystroke: the characters take the place of the selection. "\x7f" is the Delete key.
+    void type(Dialog& dialog, std::int32_t field, const std::string& characters);
+    void moveFocus(Dialog& dialog, std::int32_t field);
+    void commit(Dialog& dialog, std::int32_t field);
+    void click(Dialog& dialog, std::int32_t widget);
+    void doubleClick(Dialog& dialog, std::int32_t widget);
+    void press(Dialog& dialog, std::int32_t key); ///< kStageReturnKey ...
+    void close(Dialog& dialog);
+
+  private:
+    void tell(const Dialog& dialog, StageDialogMessage message);
+
+    Messenger& messenger_;
+    Registry<Dialog, StageDialogRef> dialogs_;
+};
+
+} // namespace easel::session

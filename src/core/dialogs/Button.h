@@ -1,0 +1,25 @@
+// A titled push button in a dialog.
+#pragma once
+
+#include "core/dialogs/Widget.h"
+
+namespace kzo::core {
+
+/// Return clicks the default button, Escape and the dialog's close button the cancel button.
+class Button : public Widget {
+  public:
+    Button() = default; ///< empty
+    using Widget::Widget;
+    Button(const Point& origin, const std::string& text, double width);
+
+    [[nodiscard]] ButtonStyle style() const; ///< Plain at first
+    void setStyle(ButtonStyle style);
+
+    [[nodiscard]] Callback* clickCallback() const;
+    void setClickCallback(const Callback& callback);
+    [[nodiscard]] Callback* doubleClickCallback() const; // after that of the clicks
+    void setDoubleClickCallback(const Callback& callback);
+    void click(); ///< as if the user did; nothing where it is disabled or hidden
+};
+
+} // namespace kzo::core

@@ -1,0 +1,145 @@
+// A widget's state, told to the dialog that shows it.
+#include "plugin/dialogs/Widget.h"
+
+#include <algorithm>
+
+#include "plugin/dialogs/ModalDialog.h"
+#include "plugin/dialogs/Text.h"
+#include "plugin/platform/Platform.h"
+
+namespace kzo::plugin {
+
+namespace {
+
+WidgetId lastId = kNoWidget;
+
+std::string cleanedFor(core::WidgetType type, const std::string& text) {
+    const bool isLabel = type == core::WidgetType::Label;
+    return cleaned(text, isLabel ? LineBreaks::Stay : LineBreaks::BecomeBlanks,
+                   type == core::WidgetType::Button ? kMostInTitle : kMostInWidget);
+}
+
+} // namespace
+
+LastWidgets& lastWidgets() {
+    static LastWidgets last;
+    return last;
+}
+
+Widget::Widget(core::WidgetType type, const geo::Point& origin, const std::string& text, double width)
+    : id_(++lastId), reported_(cleanedFor(type, text)) {
+    state_.type = type;
+    state_.frame = {origin, {width, 0}};
+    state_.text = reported_;
+    fitHeight();
+}
+
+// What it shows
+
+void Widget::tell() {
+    if (const auto dialog = window_.lock()) dialog->widgetChanged(*this);
+}
+
+template <class Value> void Widget::change(Value& value, const Value& to) {
+    if (value == to) return;
+    value = to;
+    tell();
+}
+
+void Widget::fitHeight() {
+    if (!heightSet_) state_.frame.size.height = idealSize().height;
+}
+
+void Widget::setFrame(const geo::Rect& frame) {
+    heightSet_ = true;
+    change(state_.frame, frame);
+}
+
+void Widget::setOrigin(const geo::Point& origin) { change(state_.frame.origin, origin); }
+
+void Widget::setWidth(double width) {
+    state_.frame.size.width = width;
+    fitHeight();
+    tell();
+}
+
+void Widget::setText(const std::string& text) {
+    reported_ = cleanedFor(state_.type, text);
+    if (state_.text == reported_) return;
+    state_.text = reported_;
+    state_.selection.reset();
+    fitHeight();
+    tell();
+}
+
+void Widget::setTooltip(const std::string& tooltip) {
+    change(state_.tooltip, cleaned(tooltip, LineBreaks::Stay, kMostInWidget));
+}
+
+void Widget::setVisible(bool visible) {
+    if (!visible) giveUpFocus();
+    change(state_.visible, visible);
+}
+
+void Widget::setEnabled(bool enabled) {
+    if (!enabled) giveUpFocus();
+    change(state_.enabled, enabled);
+}
+
+void Widget::setChecked(bool checked) { change(state_.checked, checked); }
+
+void Widget::setBold(bool bold) {
+    state_.bold = bold;
+    fitHeight();
+    tell();
+}
+
+void Widget::setItalic(bool italic) { change(state_.italic, italic); }
+void Widget::setAlignment(core::TextAlignment alignment) { change(state_.alignment, alignment); }
+void Widget::setStyle(core::ButtonStyle style) { change(state_.style, style); }
+
+void Widget::setSelection(const core::SelectionRange& selection) {
+    state_.selection = core::SelectionRange{selection.start, std::max(selection.start, selection.end)};
+    tell();
+}
+
+core::SelectionRange Widget::selection() const {
+    const auto dialog = window_.lock();
+    return dialog && dialog->visible() ? dialog->window_->selection(id_)
+                                       : state_.selection.value_or(core::SelectionRange());
+}
+
+geo::Size Widget::idealSize() const { return platform().windows().fittingSize(state_); }
+
+// The focus
+
+void Widget::focus() {
+    const auto dialog = window_.lock();
+    if (dialog && is(core::WidgetType::TextField) && canBeUsed()) dialog->setFocus(id_);
+}
+
+void Widget::blur() {
+    const auto dialog = window_.lock();
+    if (dialog && (hasFocus() || !dialog->visible())) dialog->setFocus(kNoWidget);
+}
+
+bool Widget::hasFocus() const {
+    const auto dialog = window_.lock();
+    return dialog && dialog->visible() && dialog->focused_ == id_;
+}
+
+void Widget::giveUpFocus() const {
+    if (hasFocus()) window_.lock()->endEditing();
+}
+
+void Widget::click() {
+    const auto dialog = window_.lock();
+    if (!canBeUsed() || is(core::WidgetType::TextField)) return;
+    if (is(core::WidgetType::Checkbox)) setChecked(!state_.checked);
+    if (dialog)
+        dialog->clicked(*this, state_.checked);
+    else
+        clicked.run();
+}
+
+} // namespace kzo::plugin

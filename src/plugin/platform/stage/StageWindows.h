@@ -1,0 +1,17 @@
+// Windows as the host shows them: handed over through its stage suite, and heard of by its messages.
+#pragma once
+
+#include "plugin/platform/Windows.h"
+
+namespace kzo::plugin {
+
+class StageWindows final : public Windows {
+  public:
+    /// What the host tells of a dialog, by its message's record.
+    static void handleMessage(const void* record);
+
+    [[nodiscard]] std::unique_ptr<Window> make(WindowOwner& owner) override;
+    [[nodiscard]] geo::Size fittingSize(const WidgetState& state) const override;
+};
+
+} // namespace kzo::plugin

@@ -1,0 +1,104 @@
+// A plug-in with one dialog, which writes down what its callbacks hear: a line each into the file that the environment
+// variable QUESTIONNAIRE names. The message "Questionnaire", "Show" shows it. Built for every platform of dialogs.
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <string>
+
+#include "core/app/Plugin.h"
+#include "core/dialogs/Alerts.h"
+#include "core/dialogs/Checkbox.h"
+#include "core/dialogs/ModalDialog.h"
+#include "core/frame/Dispatcher.h"
+
+namespace {
+
+using namespace kzo::core;
+
+class Questionnaire {
+  public:
+    explicit Questionnaire(Plugin* plugin) {
+        plugin->dispatcher()->registerMessageCallback("Questionnaire", "Show", callback([this] { show(); }));
+        plugin->setPostStartupCallback(callback([this] { build(); }));
+        plugin->setPreShutdownCallback(callback([this] { dialog_.destroy(); }));
+    }
+
+    static inline std::unique_ptr<Questionnaire> theOne;
+
+  private:
+    static void say(const std::string& line) {
+        const char* const file = std::getenv("QUESTIONNAIRE");
+        if (file) std::ofstream(file, std::ios::app) << line << std::endl;
+    }
+
+    void build() {
+        dialog_ = ModalDialog("Questionnaire", {240, 100}, {true, callback([this] { say("OK " + texts()); }), true, ""},
+                              {true, callback([this] { say("Cancel " + texts()); }), true, ""});
+        zLabel_.setTextField(z_);
+        xLabel_.setClickCallback(callback([this] { x_.focus(); }));
+        xLabel_.setDoubleClickCallback(callback([] { say("double click"); }));
+        z_.setValueChangingCallback(callback([this] { say("typed " + z_.lastCharTyped() + ": " + z_.text()); }));
+        x_.setValueChangingCallback(callback([this] { acceptDigits(); }));
+        z_.setValueChangedCallback(callback([this] { check(); }));
+        x_.setValueChangedCallback(callback([this] { check(); }));
+        box_.setClickCallback(callback([this] { toggle(); }));
+        more_.setClickCallback(callback([this] { say("More " + texts()); }));
+        for (const Widget& widget :
+             {Widget(zLabel_), Widget(z_), Widget(xLabel_), Widget(x_), Widget(box_), Widget(more_)})
+            dialog_.addWidget(widget);
+        dialog_.setTabOrder({z_, x_});
+    }
+
+    [[nodiscard]] std::string texts() const { return z_.text() + " " + x_.text(); }
+
+    void show() {
+        z_.setText("30");
+        x_.setText("7");
+        x_.setEnabled(true);
+        box_.setChecked(false);
+        dialog_.show();
+        say("chosen " + (dialog_.chosenButton().isEmpty() ? "none" : dialog_.chosenButton().text()));
+    }
+
+    /// A text above 90 is complained about, once.
+    void check() {
+        const bool isZ = Widget::lastValueChangedWidget() == z_;
+        const TextField& field = isZ ? z_ : x_;
+        say(std::string(isZ ? "Z" : "X") + " is " + field.text());
+        if (field.text() != "95") return;
+        say("alert");
+        alerts::message("Too large");
+        z_.focus();
+    }
+
+    void acceptDigits() {
+        const std::string typed = x_.lastCharTyped();
+        if (typed == "\x7f" || (typed >= "0" && typed <= "9"))
+            lastGood_ = x_.text();
+        else
+            x_.setText(lastGood_);
+    }
+
+    void toggle() {
+        say(box_.checked() ? "checked" : "unchecked");
+        x_.setEnabled(!box_.checked());
+    }
+
+    ModalDialog dialog_;
+    Label zLabel_{{16, 18}, "Z:", 120};
+    TextField z_{{136, 16}, "", 80};
+    Label xLabel_{{16, 42}, "X:", 120};
+    TextField x_{{136, 40}, "", 80};
+    Checkbox box_{{16, 66}, "Lock X", 208, CheckboxState::Unchecked};
+    Button more_{{16, 90}, "More", 80};
+    std::string lastGood_ = "7";
+};
+
+} // namespace
+
+bool kzo::core::pluginSetup(Plugin* plugin) {
+    Questionnaire::theOne = std::make_unique<Questionnaire>(plugin);
+    return true;
+}
+
+void kzo::core::pluginDestroy(Plugin*) { Questionnaire::theOne.reset(); }
