@@ -1,5 +1,5 @@
-// Geometry values: arc length, area and crossings against an independent library, the inverse of length against itself,
-// and points on the move.
+// Geometry values: arc length and crossings against an independent library, the inverse of length against itself, and
+// points on the move.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -7,13 +7,10 @@
 #include <vector>
 
 #include <2geom/bezier-curve.h>
-#include <2geom/path.h>
-#include <2geom/sbasis-geometric.h>
 #include <benchmark/benchmark.h>
 
 #include "core/values/Bezier.h"
 #include "geo/Crossings.h"
-#include "geo/Path.h"
 
 namespace {
 
@@ -87,7 +84,7 @@ void tAtLength(benchmark::State& state) {
 }
 BENCHMARK(tAtLength);
 
-// Crossings of each curve with the next, and the area of a closed path through four of them.
+// Crossings of each curve with the next
 
 std::vector<kzo::geo::Bezier> plainCurves() {
     const auto point = [](const ArtboardPoint& p) { return kzo::geo::Point{p.x(), p.y()}; };
@@ -115,51 +112,6 @@ void curveCrossingsOfPeer(benchmark::State& state) {
     state.counters["found"] = static_cast<double>(met);
 }
 BENCHMARK(curveCrossingsOfPeer);
-
-std::vector<kzo::geo::Path> closedPaths() {
-    std::vector<kzo::geo::Path> list;
-    const auto plain = plainCurves();
-    for (std::size_t i = 0; i < plain.size(); ++i) {
-        kzo::geo::Path path{{}, true};
-        for (std::size_t k = i; k < i + 4; ++k) {
-            const kzo::geo::Bezier& b = plain[k % plain.size()];
-            path.anchors.emplace_back(b.p0, b.p1, b.p2, true);
-        }
-        list.push_back(path);
-    }
-    return list;
-}
-
-void pathArea(benchmark::State& state) {
-    const auto paths = closedPaths();
-    forEachCurve(state, [&](std::size_t i) { return paths[i].signedArea(); });
-}
-BENCHMARK(pathArea);
-
-void pathAreaOfPeer(benchmark::State& state) {
-    std::vector<Geom::Path> list;
-    double worst = 0;
-    const auto area = [](const Geom::Path& path) {
-        Geom::Point center;
-        double found = 0;
-        Geom::centroid(path.toPwSb(), center, found);
-        return found;
-    };
-    for (const kzo::geo::Path& path : closedPaths()) {
-        const auto point = [](kzo::geo::Point p) { return Geom::Point(p.x, p.y); };
-        Geom::Path made(point(path.anchors.front().p));
-        for (std::size_t i = 0; i < 4; ++i) {
-            const kzo::geo::Bezier b = path.seg(i);
-            made.append(Geom::CubicBezier(point(b.p0), point(b.p1), point(b.p2), point(b.p3)));
-        }
-        made.close();
-        worst = std::max(worst, std::abs(std::abs(area(made)) - std::abs(path.signedArea())));
-        list.push_back(made);
-    }
-    forEachCurve(state, [&](std::size_t i) { return area(list[i]); });
-    state.counters["worst difference"] = worst;
-}
-BENCHMARK(pathAreaOfPeer);
 
 void movePoint(benchmark::State& state) {
     ArtboardPoint point;

@@ -104,8 +104,8 @@ void forEachSelectedPath(const std::function<void(Art&)>& work) {
         if (art.artType() == ArtType::Path) work(art);
 }
 
-/// Writes a finding below a path.
-void note(const Art& art, const std::string& text) {
+/// Writes a finding below a path, in a line of its own.
+void note(const Art& art, const std::string& text, int line = 1) {
     const PathArt& path = *art.path();
     double left = path.midPoint().x();
     double bottom = path.midPoint().y();
@@ -113,7 +113,7 @@ void note(const Art& art, const std::string& text) {
         left = std::min(left, point.p.x());
         bottom = std::max(bottom, point.p.y());
     }
-    draw::text(text, {left, bottom + 10}, "sans-serif", 8, ParagraphJustification::Left, {0.85, 0.1, 0.1});
+    draw::text(text, {left, bottom + 9 * line}, "sans-serif", 7, ParagraphJustification::Left, {0.85, 0.1, 0.1});
 }
 
 std::string withUnit(double value, const char* unit) {
@@ -229,6 +229,9 @@ const Command kOnPaths[] = {
          forEachSelectedPath([](Art& art) {
              for (std::int16_t i = 1; i < art.path()->segPointCount(); ++i)
                  art.path()->setSegPointSelected(i, SegPointSelectionState::None);
+             for (std::int16_t i = 0; i < art.path()->segPointCount(); ++i)
+                 if (art.path()->segPointSelected(i) != SegPointSelectionState::None)
+                     mark(art.path()->segPoints(i, 1).front().p);
          });
      }},
 
@@ -241,6 +244,27 @@ const Command kOnPaths[] = {
              art.path()->endPoints(first, last);
              mark(first);
              mark(last);
+         });
+     }},
+    {"Mark Phantom Points",
+     [] {
+         forEachSelectedPath([](Art& art) {
+             for (const std::int16_t index : art.path()->phantomSegPoints())
+                 for (const ArtboardSegPoint& point : art.path()->segPoints(index, 1)) mark(point.p);
+         });
+     }},
+    {"Mark Segments That Show",
+     [] {
+         forEachSelectedPath([](Art& art) {
+             for (std::int16_t i = 0; i < art.path()->segCount(); ++i)
+                 if (!art.path()->phantomSeg(i)) mark(art.path()->bezier(i)->evaluate(0.5));
+         });
+     }},
+    {"Mark Selected Segments",
+     [] {
+         forEachSelectedPath([](Art& art) {
+             for (std::int16_t i = 0; i < art.path()->segCount(); ++i)
+                 if (art.path()->segSelected(i)) mark(art.path()->bezier(i)->evaluate(0.5));
          });
      }},
     {"Mark Middle", [] { forEachSelectedPath([](Art& art) { mark(art.path()->midPoint()); }); }},
@@ -281,7 +305,29 @@ const Command kOnPaths[] = {
                      if (art.path()->containsPoint(first.offset(10 * i, 10 * k))) mark(first.offset(10 * i, 10 * k));
          });
      }},
-    {"Write Length", [] { forEachSelectedPath([](Art& art) { note(art, withUnit(art.path()->length(), "pt")); }); }},
+    {"Write Counts",
+     [] {
+         forEachSelectedPath([](Art& art) {
+             const PathArt& path = *art.path();
+             note(art, std::to_string(path.segPointCount()) + (path.closed() ? " points, closed" : " points, open"));
+             note(art, std::to_string(path.segCount()) + " segments", 2);
+         });
+     }},
+    {"Write Selection",
+     [] {
+         forEachSelectedPath([](Art& art) {
+             const PathArt& path = *art.path();
+             int anchors = 0;
+             for (std::int16_t i = 0; i < path.segPointCount(); ++i)
+                 anchors += path.segPointSelected(i) == SegPointSelectionState::Anchor ? 1 : 0;
+             note(art, path.allSegPointsSelected() ? "all selected" : std::to_string(anchors) + " selected");
+         });
+     }},
+    {"Write Length",
+     [] {
+         forEachSelectedPath(
+             [](Art& art) { note(art, art.path()->hasLength() ? withUnit(art.path()->length(), "pt") : "no length"); });
+     }},
     {"Write Area", [] { forEachSelectedPath([](Art& art) { note(art, withUnit(art.path()->area(), "pt²")); }); }},
     {"Write Angle",
      [] {
@@ -294,10 +340,12 @@ const Command kOnPaths[] = {
      [] {
          forEachSelectedPath([](Art& art) {
              const PathArt& path = *art.path();
-             note(art, path.isCircular()      ? "a circle"
-                       : path.isRectangular() ? "a rectangle"
-                       : path.isStraight()    ? "a straight line"
-                                              : "something else");
+             note(art, path.isGuide()           ? "a guide"
+                       : path.isCircular()      ? "a circle"
+                       : path.isRectangular()   ? "a rectangle"
+                       : path.isStraight()      ? "a straight line"
+                       : path.hasStraightSegs() ? "a shape with straight sides"
+                                                : "something else");
          });
      }},
 };

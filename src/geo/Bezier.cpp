@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "geo/Cubic.h"
 #include "geo/Vector.h"
 
 namespace kzo::geo {
@@ -46,12 +47,6 @@ std::optional<Point> firstNonZero(const std::array<Point, 3>& vectors) {
     return std::nullopt;
 }
 
-/// The roots of a·t² + b·t + c; what is no root is NaN or infinite. The form avoids cancellation.
-std::array<double, 2> roots(double a, double b, double c) {
-    const double q = -0.5 * (b + std::copysign(std::sqrt(b * b - 4.0 * a * c), b));
-    return {q / a, c / q};
-}
-
 } // namespace
 
 std::optional<Circle> circleThrough(Point a, Point b, Point c) {
@@ -88,10 +83,11 @@ bool Bezier::curved() const {
     const Point chord = p3 - p0;
     const double length = norm(chord);
     if (length <= limit) return limit > 0.0;
+    const Point unit = scaled(chord, 1.0 / length);
     const auto leaves = [&](Point control) {
         const Point v = control - p0;
-        const double along = dot(v, chord) / length;
-        return std::abs(cross(v, chord)) / length > limit || along < -limit || along > length + limit;
+        const double along = dot(v, unit);
+        return std::abs(cross(v, unit)) > limit || along < -limit || along > length + limit;
     };
     return leaves(p1) || leaves(p2);
 }
@@ -100,15 +96,16 @@ bool Bezier::curved() const {
 
 std::optional<Circle> Bezier::osculatingCircle(double t) const {
     constexpr double kStraight = 1e-12;
-    const auto velocity = firstDerivative(*this, t);
+    const auto [curve, size] = usableSize(*this);
+    const auto velocity = firstDerivative(curve, t);
     if (!velocity) return std::nullopt;
-    const Point bend = secondDerivative(*this, t);
+    const Point bend = secondDerivative(curve, t);
     const double turning = cross(*velocity, bend);
     const double speed = norm(*velocity);
     // On a straight line the bend itself is rounding and points anywhere.
-    if (norm(bend) <= kStraight * extent(*this)) return std::nullopt;
+    if (norm(bend) <= kStraight * extent(curve)) return std::nullopt;
     if (std::abs(turning) <= kStraight * speed * norm(bend)) return std::nullopt;
-    const Point toCenter = scaled({-velocity->y, velocity->x}, speed * speed / turning);
+    const Point toCenter = scaled({-velocity->y, velocity->x}, size * (speed * speed / turning));
     return Circle{evaluate(t) + toCenter, norm(toCenter)};
 }
 
@@ -132,18 +129,14 @@ bool Bezier::isCircularArc() const {
 
 Box Bezier::bounds() const {
     Box box = Box{p0, p0}.unionWith({p3, p3});
-    const Point a = p1 - p0;
-    const Point b = p2 - p1;
-    const Point c = p3 - p2;
-    const auto include = [&](const std::array<double, 2>& extremes) {
+    const auto include = [&](const Turns& extremes) {
         for (const double t : extremes) {
-            if (!(t > 0.0 && t < 1.0)) continue;
             const Point point = evaluate(t);
             box = box.unionWith({point, point});
         }
     };
-    include(roots(a.x - 2.0 * b.x + c.x, 2.0 * (b.x - a.x), a.x));
-    include(roots(a.y - 2.0 * b.y + c.y, 2.0 * (b.y - a.y), a.y));
+    include(turns(p0.x, p1.x, p2.x, p3.x));
+    include(turns(p0.y, p1.y, p2.y, p3.y));
     return box;
 }
 

@@ -11,6 +11,7 @@
 #include <optional>
 #include <utility>
 
+#include "geo/Cubic.h"
 #include "geo/Vector.h"
 
 namespace kzo::geo {
@@ -149,21 +150,6 @@ double solve(const ArcLength& arc, double t1, double t2, double whole, double ta
         if (!stray && std::abs(step) <= kLastStep * std::min(t - t1, t2 - t)) break;
     }
     return t;
-}
-
-struct Scaled {
-    Bezier curve;
-    double size = 1.0; // of the curve, in units of the scaled one
-};
-
-/// The curve at a size at which the squares of its coordinates neither overflow nor vanish.
-Scaled usableSize(const Bezier& b) {
-    constexpr double kUsable = 1e100;
-    const double extent = std::max({largest(b.p1 - b.p0), largest(b.p2 - b.p0), largest(b.p3 - b.p0)});
-    if (!(extent > kUsable || (extent > 0.0 && extent < 1.0 / kUsable)) || !std::isfinite(extent)) return {b};
-    const double size = std::exp2(std::ilogb(extent)); // a power of 2 changes no digit
-    const auto at = [&](Point p) { return Point{(p.x - b.p0.x) / size, (p.y - b.p0.y) / size}; };
-    return {{Point(), at(b.p1), at(b.p2), at(b.p3)}, size};
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 
+#include "geo/Cubic.h"
 #include "geo/FlatCrossings.h"
 #include "geo/Vector.h"
 
@@ -118,8 +119,9 @@ class Meeting {
 
     [[nodiscard]] std::vector<Crossing> find(int& patience) {
         if (!usable_) return {};
-        limit_ = kStepsBeforeDoubt;
+        limit_ = std::min(kStepsBeforeDoubt, patience);
         meet(Part(a_, 0.0, 1.0), Part(b_, 0.0, 1.0));
+        patience -= std::min(steps_, patience);
         if (steps_ > limit_) {
             if (auto ends = sharedStretch()) return *ends;
             found_.clear();
@@ -346,16 +348,18 @@ class Meeting {
 } // namespace
 
 std::vector<Crossing> crossings(const Bezier& a, const Bezier& b) {
-    int patience = kMostSteps;
+    int patience = kStepsBeforeDoubt + kMostSteps;
     return crossings(a, b, patience);
 }
 
 std::vector<Crossing> crossings(const Bezier& a, const Bezier& b, int& patience) {
+    if (--patience < 0) return {};
     if (auto flat = flatCrossings(a, b)) return *flat;
     return Meeting(a, b).find(patience);
 }
 
-std::optional<Crossing> selfCrossing(const Bezier& b) {
+std::optional<Crossing> selfCrossing(const Bezier& curve) {
+    const Bezier b = usableSize(curve).curve;
     // With s the sum of the two parameters and p their product, equal points mean cube·(s² − p) + square·s + linear =
     // 0.
     const Point linear = scaled(b.p1 - b.p0, 3.0);

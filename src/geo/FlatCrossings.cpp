@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 
+#include "geo/Cubic.h"
 #include "geo/Vector.h"
 
 namespace kzo::geo {
@@ -53,19 +54,10 @@ class Flat {
 
     /// Only those that have a length.
     [[nodiscard]] std::vector<Run> runs() const {
-        const double first = along(curve_.p1 - curve_.p0);
-        const double second = along(curve_.p2 - curve_.p1);
-        const double third = along(curve_.p3 - curve_.p2);
+        const auto at = [&](Point p) { return along(p - curve_.p0); };
         std::vector<double> cuts{0.0};
-        const bool oneWay = (first >= 0 && second >= 0 && third >= 0) || (first <= 0 && second <= 0 && third <= 0);
-        if (!oneWay) {
-            const double half = second - first;
-            const double q = -(half + std::copysign(std::sqrt(half * half - (third - second - half) * first), half));
-            for (const double t : {q / (third - second - half), first / q}) {
-                if (t > 0.0 && t < 1.0) cuts.push_back(t);
-            }
-            std::sort(cuts.begin(), cuts.end());
-        }
+        const Turns found = turns(0.0, at(curve_.p1), at(curve_.p2), at(curve_.p3));
+        cuts.insert(cuts.end(), found.begin(), found.end());
         cuts.push_back(1.0);
         std::vector<Run> made;
         for (std::size_t i = 0; i + 1 < cuts.size(); ++i) {
@@ -100,6 +92,14 @@ class Flat {
     double extent_;
 };
 
+/// Held to the run, and to its end where that is as near to the other line as can be told. With retracted handles an
+/// end is approached so slowly that its parameter would be far off.
+double heldTo(const Run& run, double place, double slack) {
+    if (place <= run.low() + slack) return run.low();
+    if (place >= run.high() - slack) return run.high();
+    return place;
+}
+
 } // namespace
 
 std::optional<std::vector<Crossing>> flatCrossings(const Bezier& a, const Bezier& b) {
@@ -133,8 +133,8 @@ std::optional<std::vector<Crossing>> flatCrossings(const Bezier& a, const Bezier
                 for (const double place : {low, high}) add(of, place, with, place);
             } else {
                 // Parallel lines come here as NaN or infinite.
-                const double nearU = std::clamp(u, of.low(), of.high());
-                const double nearV = std::clamp(v, with.low(), with.high());
+                const double nearU = heldTo(of, u, limit / std::abs(turn));
+                const double nearV = heldTo(with, v, limit / std::abs(turn));
                 if (largest(first->point(nearU) - second->point(nearV)) <= 4.0 * limit) add(of, nearU, with, nearV);
             }
         }

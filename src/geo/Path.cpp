@@ -2,10 +2,10 @@
 #include "geo/Path.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <utility>
 
+#include "geo/Cubic.h"
 #include "geo/Vector.h"
 
 namespace kzo::geo {
@@ -20,29 +20,6 @@ double sweptArea(const Bezier& b, Point origin) {
     const Point in = b.p2 - b.p0;
     const Point chord = b.p3 - b.p0;
     return 0.15 * (cross(out, in) + cross(out, chord)) + 0.3 * cross(in, chord) + 0.5 * cross(b.p0 - origin, chord);
-}
-
-/// The zeros within (0, 1) of the y of the derivative, in order.
-struct Turns {
-    std::array<double, 2> t{};
-    std::size_t count = 0;
-};
-
-Turns turnsOfY(const Bezier& b) {
-    Turns turns;
-    const double first = b.p1.y - b.p0.y;
-    const double second = b.p2.y - b.p1.y;
-    const double third = b.p3.y - b.p2.y;
-    const bool neverTurns = (first >= 0 && second >= 0 && third >= 0) || (first <= 0 && second <= 0 && third <= 0);
-    if (neverTurns) return turns;
-    const double a = first - 2.0 * second + third;
-    const double half = second - first;
-    const double q = -(half + std::copysign(std::sqrt(half * half - a * first), half));
-    for (const double t : {q / a, first / q}) {
-        if (t > 0.0 && t < 1.0) turns.t[turns.count++] = t;
-    }
-    if (turns.count == 2 && turns.t[0] > turns.t[1]) std::swap(turns.t[0], turns.t[1]);
-    return turns;
 }
 
 /// Whether the curve, whose y runs one way from t1 to t2 and passes `point.y`, does so to the right of `point`.
@@ -64,12 +41,12 @@ bool crossesRay(const Bezier& b, Point point) {
     const bool above = b.p0.y > point.y;
     // Whatever the curve does further to the right, what counts is whether its ends lie on two sides.
     if (point.x < lowX) return above != (b.p3.y > point.y);
-    const Turns turns = turnsOfY(b);
+    const Turns found = turns(b.p0.y, b.p1.y, b.p2.y, b.p3.y);
     bool odd = false;
     double from = 0.0;
     bool fromAbove = above;
-    for (std::size_t i = 0; i <= turns.count; ++i) {
-        const double to = i < turns.count ? turns.t[i] : 1.0;
+    for (std::size_t i = 0; i <= found.count; ++i) {
+        const double to = i < found.count ? found.t[i] : 1.0;
         const bool toAbove = b.evaluate(to).y > point.y;
         if (fromAbove != toAbove && passesRight(b, from, to, toAbove, point)) odd = !odd;
         from = to;

@@ -43,13 +43,14 @@ bool Path::isStraight() const {
     constexpr double kStraight = 1e-9;
     const double limit = kStraight * reach;
     if (!(length > limit)) return false;
+    const Point unit = scaled(chord, 1.0 / length);
     double before = 0.0;
     for (std::size_t i = 0; i < segCount(); ++i) {
         const Bezier b = seg(i);
         const Point end = b.p3 - start;
-        const double along = dot(end, chord) / length;
+        const double along = dot(end, unit);
         const bool returns = b.p0 != b.p3 ? b.curved() : b.p1 != b.p0 || b.p2 != b.p3;
-        if (returns || along < before - limit || std::abs(cross(end, chord)) / length > limit) return false;
+        if (returns || along < before - limit || std::abs(cross(end, unit)) > limit) return false;
         before = along;
     }
     return true;

@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
+#include <utility>
 
 #include "geo/Vector.h"
 
@@ -35,12 +37,23 @@ Point direction(double turns) {
     }
 }
 
+/// What two cuts leave of a side; nothing where it is no longer than `rounding`, so that they meet in its middle.
+std::pair<double, double> sideBetween(double low, double high, double cut, double rounding) {
+    const std::pair<double, double> side(low + cut, high - cut);
+    if (side.second - side.first > rounding || !std::isfinite(cut)) return side;
+    const double middle = 0.5 * low + 0.5 * high;
+    return {middle, middle};
+}
+
 /// Eight anchors where corners are cut off, clockwise from the top side's left end. `cut` is how far along its sides.
 Path withoutCorners(const Box& box, double cut) {
     const auto [left, top] = box.min;
     const auto [right, bottom] = box.max;
-    const Point points[] = {{left + cut, top},     {right - cut, top},   {right, top + cut},   {right, bottom - cut},
-                            {right - cut, bottom}, {left + cut, bottom}, {left, bottom - cut}, {left, top + cut}};
+    const double rounding = 4.0 * std::numeric_limits<double>::epsilon() * std::max(largest(box.min), largest(box.max));
+    const auto [x1, x2] = sideBetween(left, right, cut, rounding);
+    const auto [y1, y2] = sideBetween(top, bottom, cut, rounding);
+    const Point points[] = {{x1, top},    {x2, top},    {right, y1}, {right, y2},
+                            {x2, bottom}, {x1, bottom}, {left, y2},  {left, y1}};
     Path path{{}, true};
     for (const Point p : points) path.anchors.emplace_back(p);
     return path;

@@ -98,6 +98,10 @@ TEST(Crossings, OfSpecialCurvesAreKnown) {
          {{(3 - std::sqrt(5)) / 4, 0.5}, {0.5, 0.5}}},
         {"a point", line({5, 5}, {5, 5}), line({0, 0}, {10, 10}), {}},
         {"not finite", {{0, 0}, {NAN, 0}, {1, INFINITY}, {2, 2}}, arch, {}},
+        {"a huge line that turns back",
+         {{0, 0}, {4e301, 0}, {0, 0}, {0, 0}},
+         line({1.5e301, -1e300}, {1.5e301, 1e300}),
+         {{(3 - std::sqrt(5)) / 4, 0.5}, {0.5, 0.5}}},
         {"huge", line({-1e300, -1e300}, {1e300, 1e300}), line({-1e300, 1e300}, {1e300, -1e300}), {{0.5, 0.5}}},
     };
     for (const Known& row : rows) EXPECT_TRUE(near(crossings(row.a, row.b), row.meetings)) << row.name;
@@ -152,6 +156,26 @@ TEST(Crossings, EndWithPathsThatRunTogether) {
     Path there{{}, false};
     for (int i = 0; i < 600; ++i) there.anchors.emplace_back(Point{0, i % 2 == 0 ? 0.0 : 100.0});
     EXPECT_LE(selfCrossings(there).size(), 400'000U + 600U);
+    // A hatch to and fro across a page, in any direction: boxes along the axes would nearly all overlap.
+    for (const double turn : {0.0, 0.8, 2.6}) {
+        Path hatch{{}, false};
+        const Point along{std::cos(turn), std::sin(turn)};
+        for (int i = 0; i < 32'000; ++i)
+            hatch.anchors.emplace_back(scaled(along, i % 2 * 800.0) + Point{-along.y * i * 0.02, along.x * i * 0.02});
+        EXPECT_EQ(selfCrossings(hatch).size(), 0U) << turn;
+        const Path line{{Anchor(scaled(along, 400)), Anchor(scaled(along, 400) + Point{-along.y * 700, along.x * 700})},
+                        false};
+        EXPECT_EQ(crossings(hatch, line).size(), 31'999U) << turn;
+    }
+    // Arcs within arcs by the thousand are told apart by no direction. It ends with patience.
+    Path arcs{{}, false};
+    for (int i = 0; i < 6'000; ++i) {
+        const double x = i * 1e-3 * (i % 2 * 2 - 1);
+        arcs.anchors.emplace_back(Point{x, 0}, Point{x, -i * 1e-3}, Point{x, -i * 1e-3}, true);
+    }
+    Patience patience(1e8);
+    EXPECT_LT(selfCrossings(arcs, patience).size(), 400'000U);
+    EXPECT_FALSE(patience.spend(0));
     Path close = ellipse({0, 0}, 100, 100);
     for (Anchor& anchor : close.anchors) anchor = {anchor.p.offset(0, 1e-9), anchor.in, anchor.out, false};
     EXPECT_LE(crossings(close, ellipse({0, 0}, 100, 100)).size(), 40U);

@@ -59,6 +59,14 @@ TEST(Path, ContainsAgreesWithAnotherLibrary) {
         EXPECT_NE(side(-100).contains(border.evaluate(t)), side(100).contains(border.evaluate(t))) << t;
     const Path circle = ellipse({0, 0}, 100, 100);
     EXPECT_FALSE(circle.contains({NAN, 0}) || circle.contains({1e300, 0}) || Path().contains({0, 0}));
+    // A curve that rises, falls and rises, at sizes whose squares are out of range.
+    for (const double size : {1.0, 1e155, 1e300, 1e-200}) {
+        Path wave = oneCurve({{0, 0}, {30 * size, 100 * size}, {60 * size, -100 * size}, {90 * size, 0}});
+        const std::string inside = std::string() + (wave.contains({20 * size, 15 * size}) ? 'a' : '-') +
+                                   (wave.contains({70 * size, -15 * size}) ? 'b' : '-') +
+                                   (wave.contains({20 * size, -15 * size}) ? 'c' : '-');
+        EXPECT_EQ(inside, "ab-") << size;
+    }
 }
 
 TEST(Path, LengthsAddUpAndPlacesFindThem) {

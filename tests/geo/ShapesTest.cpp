@@ -106,6 +106,15 @@ TEST(Shapes, CornersAreCutByNoMoreThanHalfTheShorterSide) {
     EXPECT_LE(stray(end, {30, 10}, 10), 3e-4);
     EXPECT_NEAR(roundedRectangle(box, 4).length(), 2 * (32 + 12) + 8 * M_PI, 0.01);
     EXPECT_TRUE(roundedRectangle({{0, 0}, {20, 20}}, 10).isCircular());
+    // Half of sides whose halves do not add up exactly: what was left between two corners was 1e-16 long.
+    Curves curves(22);
+    for (int i = 0; i < 1'000; ++i) {
+        const Point corner = i % 2 == 0 ? curves.point() : Point{0.1, 0.3};
+        const double side = i % 2 == 0 ? curves.number(1, 300) : 0.1 * (1 + i % 40);
+        const Box square{corner, corner.offset(side, side)};
+        for (const Path& path : {roundedRectangle(square, 0.5 * side), chamferedRectangle(square, 0.5 * side)})
+            EXPECT_EQ(path.anchors.size(), 4U) << i;
+    }
 }
 
 TEST(Shapes, PolygonsAndStarsTurnRoundTheirCenter) {

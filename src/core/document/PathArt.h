@@ -18,7 +18,7 @@ class HitData;
 
 /// A *segment point* is one anchor with its control points; a *segment* is the curve between two neighbouring anchors.
 /// A closed path has as many segments as points, an open one has one less. Segment i runs from point i to point i + 1;
-/// the last one of a closed path runs back to point 0 and is also number -1.
+/// the last one of a closed path runs back to point 0 and is also number -1, wherever a segment is asked for.
 ///
 /// Indices out of range are clamped, counts to what remains from the index; of a run of points that reaches past the
 /// end, what fits is written. Parameters t are held to 0 to 1. Operations that change the path return whether the host

@@ -29,8 +29,22 @@ std::optional<PathArt::Extent> PathArt::extent() const {
     std::int16_t points = 0;
     AIBoolean closed = 0;
     const bool known = call<&AIPathSuite::GetPathSegmentCount>(&points) && call<&AIPathSuite::GetPathClosed>(&closed);
-    if (!known) return std::nullopt;
-    return Extent{points, closed ? points : std::max(points - 1, 0), closed != 0};
+    return known ? std::optional(extent(points, closed != 0)) : std::nullopt;
+}
+
+PathArt::Extent PathArt::extent(int points, bool closed) {
+    return {points, closed ? points : std::max(points - 1, 0), closed};
+}
+
+PathArt::Extent PathArt::extent(const geo::Path& path) {
+    return extent(static_cast<int>(path.anchors.size()), path.closed);
+}
+
+int PathArt::Extent::segStart(int index) const { return clamped(index, closed ? -1 : 0, segs - 1); }
+
+int PathArt::Extent::segIndex(int index) const {
+    const int start = segStart(index);
+    return start < 0 ? std::max(segs - 1, 0) : start;
 }
 
 geo::Path PathArt::shape() const {
@@ -99,7 +113,7 @@ bool PathArt::insertSegPoints(std::int16_t index, const SegPoints& points) {
 bool PathArt::insertSegPointAtT(std::int16_t seg, double t) {
     geo::Path path = shape();
     if (path.segCount() == 0 || path.anchors.size() >= kMostSegPoints || !(t > 0.0 && t < 1.0)) return false;
-    const auto at = static_cast<std::size_t>(clamped(seg, 0, static_cast<int>(path.segCount()) - 1));
+    const auto at = static_cast<std::size_t>(extent(path).segIndex(seg));
     path.insertAt(at, t);
     // Inserted for itself, so that what is selected stays with its anchor; then the neighbours' handles are shortened.
     const std::size_t after = (at + 2) % path.anchors.size();

@@ -101,9 +101,14 @@ class PathArt : public host::Object<ArtObject> {
         int points = 0;
         int segs = 0;
         bool closed = false;
+
+        [[nodiscard]] int segStart(int index) const; ///< clamped; -1 is the closing one of a closed path
+        [[nodiscard]] int segIndex(int index) const; ///< the same, from 0 on
     };
 
     [[nodiscard]] std::optional<Extent> extent() const;
+    [[nodiscard]] static Extent extent(int points, bool closed);
+    [[nodiscard]] static Extent extent(const geo::Path& path);
     [[nodiscard]] geo::Path shape() const; // empty when the host refuses
     /// Gives the path the anchors and the openness of `to`; when the host refuses a part, those of `from` again.
     bool reshape(const geo::Path& from, const geo::Path& to);

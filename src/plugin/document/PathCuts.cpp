@@ -67,13 +67,15 @@ bool PathArt::trim(const HitData& hit, core::TrimDirectionType directions) {
     const geo::Path path = shape();
     if (hit.art() != handle() || hit.segIndex() < 0 || path.segCount() == 0) return false;
     std::vector<geo::Place> edges;
-    for (const geo::Crossing& crossing : geo::selfCrossings(path)) {
+    geo::Patience patience; // with all the document
+    for (const geo::Crossing& crossing : geo::selfCrossings(path, patience)) {
         edges.push_back(crossing.first);
         edges.push_back(crossing.second);
     }
     forEachPath([&](ArtObject* art, const PathArt& other) {
         if (art == handle()) return;
-        for (const geo::Crossing& crossing : geo::crossings(path, other.shape())) edges.push_back(crossing.first);
+        for (const geo::Crossing& crossing : geo::crossings(path, other.shape(), patience))
+            edges.push_back(crossing.first);
     });
     const auto left = geo::trimmed(path, place(hit.segIndex(), hit.tValue(), path), std::move(edges),
                                    any(directions & TowardsStart), any(directions & TowardsEnd));

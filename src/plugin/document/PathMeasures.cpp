@@ -36,8 +36,7 @@ double PathArt::length() const {
 }
 
 geo::Place PathArt::place(std::int16_t seg, double t, const geo::Path& path) {
-    const int last = static_cast<int>(path.segCount()) - 1;
-    return clamped(seg, 0, last) + (t > 0.0 ? std::min(t, 1.0) : 0.0);
+    return extent(path).segIndex(seg) + (t > 0.0 ? std::min(t, 1.0) : 0.0);
 }
 
 double PathArt::sublength(std::int16_t fromSeg, double fromT, std::int16_t toSeg, double toT) const {
@@ -48,8 +47,7 @@ double PathArt::sublength(std::int16_t fromSeg, double fromT, std::int16_t toSeg
 double PathArt::tAtLength(std::int16_t seg, double length) const {
     const geo::Path path = shape();
     if (path.segCount() == 0) return 0.0;
-    const int last = static_cast<int>(path.segCount()) - 1;
-    return path.seg(static_cast<std::size_t>(clamped(seg, 0, last))).tAtLength(length);
+    return path.seg(static_cast<std::size_t>(extent(path).segIndex(seg))).tAtLength(length);
 }
 
 core::ArtboardPoint PathArt::midPoint() const {

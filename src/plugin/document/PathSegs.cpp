@@ -10,20 +10,13 @@
 
 namespace kzo::plugin {
 
-namespace {
-
-/// The index of a segment, clamped; -1 is the closing one of a closed path.
-int segIndex(int index, int segs, bool closed) { return clamped(index, closed ? -1 : 0, segs - 1); }
-
-} // namespace
-
 // Segments
 
 PathArt::SegPoints PathArt::segs(std::int16_t index, std::int16_t count) const {
     const auto known = extent();
     if (!known || known->segs == 0) return {};
     const int points = known->points;
-    const int first = segIndex(index, known->segs, known->closed);
+    const int first = known->segStart(index);
     const int last = first + clamped(count, 1, known->segs - first); // the point that ends the run
     const std::vector<AIPathSegment> records = read(0, points);
     if (records.empty()) return {};
@@ -39,7 +32,7 @@ bool PathArt::setSegs(std::int16_t index, const SegPoints& points) {
     const int written = static_cast<int>(records.size()) - 1; // segments
     const int now = known->points;
     if (!known->closed) {
-        const int first = segIndex(index, known->segs, false);
+        const int first = known->segStart(index);
         const int end = std::min(first + written + 1, kMostSegPoints);
         if (end > now && !setSegPointCount(asIndex(end))) return false;
         if (write(first, end - first, records.data())) return true;
@@ -47,7 +40,7 @@ bool PathArt::setSegs(std::int16_t index, const SegPoints& points) {
         return false;
     }
     if (now == 0) return true;
-    const int first = (segIndex(index, known->segs, true) + now) % now;
+    const int first = (known->segStart(index) + now) % now;
     // A whole closed path has as many points as segments; the point that closes it again is not written twice.
     const int count = std::min(written + 1, now);
     if (first + count <= now) return write(first, count, records.data());
@@ -61,14 +54,13 @@ bool PathArt::setSegs(std::int16_t index, const SegPoints& points) {
 bool PathArt::insertSegs(std::int16_t index, const SegPoints& points) {
     const auto known = extent();
     if (!known) return false;
-    const bool closing = index == -1 && known->closed && known->points > 0;
-    return insertSegPoints(closing ? asIndex(known->points - 1) : index, points);
+    return insertSegPoints(index < 0 && known->segs > 0 ? asIndex(known->segIndex(index)) : index, points);
 }
 
 bool PathArt::deleteSegs(std::int16_t index, std::int16_t count) {
     const auto known = extent();
     if (!known) return false;
-    const int first = segIndex(index, known->segs, known->closed);
+    const int first = known->segStart(index);
     const int gone = std::min<int>(clamped(count, 0, known->segs), known->segs - first);
     if (gone == 0) return true;
     if (first >= 0) return deleteSegPoints(asIndex(first), asIndex(gone));
@@ -87,7 +79,7 @@ bool PathArt::phantomSeg(std::int16_t index) const {
 std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
     const auto known = extent();
     if (!known || known->segs == 0) return std::nullopt;
-    const int start = clamped(index, 0, known->segs - 1);
+    const int start = known->segIndex(index);
     const SegPoints a = host::fromHost<core::ArtboardSegPoint>(read(start, 1));
     const SegPoints b = host::fromHost<core::ArtboardSegPoint>(read((start + 1) % known->points, 1));
     return a.empty() || b.empty() ? std::nullopt : std::optional(core::Bezier(a[0], b[0]));
@@ -112,7 +104,7 @@ bool PathArt::segSelected(std::int16_t index) const {
     using enum core::SegPointSelectionState;
     const auto known = extent();
     if (!known || known->segs == 0) return false;
-    const int start = clamped(index, 0, known->segs - 1);
+    const int start = known->segIndex(index);
     const auto from = segPointSelected(asIndex(start));
     const auto to = segPointSelected(asIndex((start + 1) % known->points));
     return (any(from & OutControl) && any(to & InControl)) || (any(from & Anchor) && any(to & Anchor));

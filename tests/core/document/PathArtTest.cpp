@@ -114,6 +114,14 @@ TEST_F(PathArtTest, SegmentsOfClosedPathsWrap) {
         EXPECT_EQ(all(path), (Xs{0, 10, 2, 3}));
         path.setSegs(0, {corner(5, 0), corner(6, 0), corner(7, 0), corner(8, 0), corner(99, 0)});
         EXPECT_EQ(all(path), (Xs{5, 6, 7, 8})) << "the point that closes a whole path is not written twice";
+        EXPECT_TRUE(path.setSegPointSelected(3, Anchor) && path.setSegPointSelected(0, Anchor));
+        EXPECT_EQ(path.bezier(-1)->startPoint(), ArtboardPoint(8, 0));
+        EXPECT_TRUE(path.segSelected(-1) && path.segSelected(-9) && !path.segSelected(0) && !path.phantomSeg(-1));
+        EXPECT_NEAR(path.tAtLength(-1, 1.5), 0.5, 1e-9);
+        EXPECT_NEAR(path.sublength(-1, 0, 3, 1), 3, 1e-9);
+        EXPECT_NEAR(path.sublength(-1, 0.5, 0, 1), 2.5, 1e-9);
+        EXPECT_TRUE(path.insertSegPointAtT(-1, 0.5) && path.segPoints(4, 1)[0].p == ArtboardPoint(6.5, 0));
+        EXPECT_TRUE(path.deleteSegPoints(4, 1));
         path.insertSegs(-1, {corner(7.5, 0)});
         EXPECT_EQ(all(path), (Xs{5, 6, 7, 7.5, 8}));
         path.deleteSegs(-1, 2);
