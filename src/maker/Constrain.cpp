@@ -6,6 +6,7 @@
 #include <iterator>
 #include <limits>
 
+#include "core/app/Illustrator.h"
 #include "maker/Globals.h"
 
 using kzo::core::Angle;
@@ -23,6 +24,9 @@ double foldOnce(double degrees) {
 
 /// An angle is looked for a turn before, where it is, and a turn after.
 constexpr double kTurns[] = {-360.0, 0.0, 360.0};
+
+/// How far from 0 a walk over candidates may get: from a turn before a base to a turn after an angle.
+constexpr double kFurthest = 540.0;
 
 bool folded(double degrees) { return -180.0 <= degrees && degrees <= 180.0; }
 
@@ -42,16 +46,17 @@ Angle constrainToAxo(Angle angle) {
     };
     // A horizontal stroke is equally far from two axes; without this, rounding would choose between them.
     constexpr double kNearer = 1e-9;
-    const Angle* nearest = &candidates[0];
-    double least = angle.delta(*nearest).asDegrees();
+    const Angle* nearest = nullptr;
+    double least = 0;
     for (const Angle& candidate : candidates) {
+        if (!std::isfinite(candidate.asRadians())) continue; // such an axis leads nowhere
         const double difference = angle.delta(candidate).asDegrees();
-        if (difference < least - kNearer) {
+        if (!nearest || difference < least - kNearer) {
             least = difference;
             nearest = &candidate;
         }
     }
-    return *nearest;
+    return nearest ? *nearest : Angle::Zero();
 }
 
 Angle constrainToIso(Angle angle) {
@@ -76,9 +81,10 @@ bool withinRange(Angle angle, Angle lo, Angle hi) {
 // Degrees
 
 double constrainTo(double angle, double base, double step, double tol) {
-    if (step == 0.0 || tol == 0.0) return angle;
+    // Such steps never get anywhere: where they count, they are lost in rounding, or they lead back.
+    const bool leadsOn = step > 0.0 && std::isfinite(step) && kFurthest + step != kFurthest;
     base = foldOnce(base);
-    if (!folded(base)) return angle;
+    if (!leadsOn || tol == 0.0 || !folded(base)) return angle;
     angle = foldOnce(angle);
     if (!folded(angle)) return angle;
     const double first = base - 360.0;
@@ -94,15 +100,21 @@ double constrainTo(double angle, double base, double step, double tol) {
     // of where it should be are tried too, for rounding's sake.
     double best = matches(0.0) ? 0.0 : std::numeric_limits<double>::infinity();
     for (const double turn : kTurns) {
-        const double nearSide = angle + turn - std::copysign(tol / 2.0, step);
-        const double about = std::ceil((nearSide - first) / step);
+        const double about = std::ceil((angle + turn - tol / 2.0 - first) / step);
         for (const double index : {about - 1.0, about, about + 1.0})
             if (index < best && matches(index)) best = index;
     }
     if (std::isfinite(best)) return foldOnce(candidate(best));
-    // Without a match the walk ends with the first candidate beyond; one that leads back never gets there.
-    if (step < 0.0) return angle;
-    return foldOnce(candidate(std::floor((last - first) / step) + 1.0));
+    // Without a match the walk ends with the first candidate beyond.
+    double beyond = std::floor((last - first) / step) - 1.0;
+    for (int i = 0; i < 3 && candidate(beyond) <= last; ++i) ++beyond;
+    return foldOnce(candidate(beyond));
+}
+
+double sysConstrainAngle() {
+    double angle = 0.0;
+    kzo::core::Illustrator::instance()->preferences()->getFloatPref("", "constrain/angle", angle);
+    return angle;
 }
 
 bool isClockwise(double from, double to) { return foldOnce(std::fmod(to - from, 360.0)) < 0.0; }

@@ -2,16 +2,26 @@
 // plug-in, since the two tools share it and are never active at once.
 #pragma once
 
+#include <array>
 #include <memory>
+#include <string>
 
-#include "core/document/HitData.h"
-#include "core/values/Angle.h"
-#include "core/values/ArtboardPoint.h"
+#include "maker/BaseGlobals.h"
 
-struct ArtObject;
+/// What the companion plug-in told of its drawing.
+struct vlCompanionData {
+    bool found = false; ///< it told all when it was asked last; else the rest is of the time before
+    std::string scaleName;
+    double scale = 0;
+    std::string viewName;
+    std::array<double, 3> viewValues{}; ///< the companion's own; no tool reads them
+    double firstAngle = 0;              ///< of the axis to the right, degrees from the horizontal
+    double secondAngle = 0;             ///< of the axis to the left
+    unsigned char viewFlag = 0;
+};
 
 /// Angles run counter-clockwise on screen, 0 to the right; lengths are points.
-class vlGlobals {
+class vlGlobals : public vlBaseGlobals {
   public:
     // The one object
     [[nodiscard]] static vlGlobals* instance() { return instance_.get(); } ///< null outside of the plug-in's life
@@ -22,28 +32,18 @@ class vlGlobals {
     kzo::core::Angle zAxisAngle{30, kzo::core::Angle::Units::Degrees}; // to the right
     kzo::core::Angle verticalAxisAngle{90, kzo::core::Angle::Units::Degrees};
     kzo::core::Angle xAxisAngle{150, kzo::core::Angle::Units::Degrees}; // to the left
+    vlCompanionData companion;
 
     // Settings
     bool autoConcat = true;          // a line drawn from the end of an open path is joined to it
     bool usePlotwiseSettings = true; // the axes are those of the companion plug-in
     bool prefsFailed = false;        // there is no preferences file: these are its defaults, and none is written
 
-    /// The standard isometric axes: 30, 90 and 150 degrees.
-    void applyIsoAxes();
-
-    // The gesture
-    kzo::core::ArtboardPoint startPoint;
-    kzo::core::ArtboardPoint endPoint;    // on an axis, or where the modifier keys let it be
-    kzo::core::ArtboardPoint rawLocation; // of the cursor at the mover's last drag
-    kzo::core::HitData startHitData;
-    ArtObject* hitArt = nullptr; // the art that was pressed on; may be null
-    bool pressed = false;        // the press was told of by the host; without it there is no gesture
-    bool continuing = false;     // the press was on an end of an open path, which is hitArt's last point now
-    bool turned = false;         // the press turned hitArt round, to make its first point the last
-    kzo::core::Angle exitAngle;  // direction in which hitArt leaves that point
-    bool joined = false;         // the release joined the line to hitArt
-    bool dragged = false;        // a drag has been handled since the press
-    bool shiftDown = false;      // keys at the last drag
+    // The gesture, beside what all the maker's tools keep of one
+    bool pressed = false;   // the press was told of by the host; without it there is no gesture
+    bool joined = false;    // the release joined the line to hitArt
+    bool dragged = false;   // a drag has been handled since the press
+    bool shiftDown = false; // keys at the last drag
     bool optionDown = false;
     bool commandDown = false;
 

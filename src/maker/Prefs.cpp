@@ -21,8 +21,9 @@ double degrees(const Angle& angle) {
 
 void setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
     vlGlobals& globals = *vlGlobals::instance();
-    globals.zAxisAngle = Angle(zAxis, Angle::Units::Degrees);
-    globals.xAxisAngle = Angle(xAxis, Angle::Units::Degrees);
+    // Along what is no number nothing can be drawn.
+    if (std::isfinite(zAxis)) globals.zAxisAngle = Angle(zAxis, Angle::Units::Degrees);
+    if (std::isfinite(xAxis)) globals.xAxisAngle = Angle(xAxis, Angle::Units::Degrees);
     globals.autoConcat = concatenate;
     globals.usePlotwiseSettings = usePlotwise;
 }

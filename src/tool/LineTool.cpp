@@ -102,7 +102,11 @@ void Plugin::__toolSelectedCB() {
     corePlugin_->currentTool().resetCursorLocs();
     vlGlobals& globals = *vlGlobals::instance();
     globals.resetGesture();
-    if (globals.usePlotwiseSettings) globals.applyIsoAxes(); // no companion tells of others
+    if (!globals.usePlotwiseSettings) return;
+    if (getPWdata())
+        applyPWdata();
+    else
+        applyIsoAxes();
 }
 
 void Plugin::__toolDeselectedCB() {
@@ -117,7 +121,11 @@ void Plugin::__toolMouseDownCB() {
     vlGlobals& globals = *vlGlobals::instance();
     globals.resetGesture();
     lineCursor_.enable();
-    const auto hit = corePlugin_->currentTool().mouseDownHitData(0, HitRequest::AnchorsAndSegments, kPressTolerance);
+    const kzo::core::Tool tool = corePlugin_->currentTool();
+    // Of a gesture that nobody ended an older press may be left.
+    const std::size_t presses = tool.mouseDownLocs().size();
+    if (presses == 0) return;
+    const auto hit = tool.mouseDownHitData(presses - 1, HitRequest::AnchorsAndSegments, kPressTolerance);
     if (!hit || hit->isEmpty()) return;
     globals.pressed = true;
     noteContinuedPath(globals, *hit);

@@ -12,7 +12,6 @@
 namespace ortho {
 
 using kzo::core::Art;
-using kzo::core::ArtAttribute;
 using kzo::core::ArtboardPoint;
 using kzo::core::ArtType;
 using kzo::core::Illustrator;
@@ -56,11 +55,11 @@ class Selection {
         if (art.artType() == ArtType::Path && !art.path()->allSegPointsSelected())
             movePoints(*art.path(), way);
         else
-            art.offset(way.x(), way.y());
+            art.offset(way.x(), way.y(), true);
     }
 
     bool movesByItself(const Art& art) {
-        if (!isWithinReach(art) || (holdsOthers(art) && !art.attribute(ArtAttribute::FullySelected))) return false;
+        if (!isWithinReach(art) || (holdsOthers(art) && !art.fullySelected())) return false;
         const auto holder = art.parent();
         return !holder || leavesFree(*holder);
     }
@@ -80,7 +79,7 @@ class Selection {
         }
         for (auto at = unknown.rbegin(); at != unknown.rend(); ++at) {
             const Art art(*at);
-            free = free && isWithinReach(art) && !art.attribute(ArtAttribute::FullySelected);
+            free = free && isWithinReach(art) && !art.fullySelected();
             leavesFree_[*at] = free;
         }
         return free;

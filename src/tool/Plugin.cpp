@@ -2,6 +2,7 @@
 #include "tool/Plugin.h"
 
 #include "maker/Globals.h"
+#include "maker/ToolSet.h"
 
 namespace ortho {
 
@@ -14,7 +15,7 @@ constexpr std::int16_t kLineToolDarkIcon = 17002;
 constexpr const char* kMoverToolTitle = "Isometric Mover Tool";
 constexpr std::int16_t kMoverToolLightIcon = 17010;
 constexpr std::int16_t kMoverToolDarkIcon = 17012;
-constexpr std::int16_t kNewGroup = -2;
+constexpr auto kToolOptions = kzo::core::ToolOptions::TrackCursor | kzo::core::ToolOptions::BufferedDragging;
 
 using Bound = kzo::core::__Callback<Plugin>;
 
@@ -28,6 +29,7 @@ Plugin* Plugin::create(kzo::core::Plugin* corePlugin) {
 Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
     corePlugin->setName(kProductName);
     vlGlobals::create();
+    vlGlobals::instance()->init(kProductName, "");
     prefs_ = std::make_unique<vl::vlPrefs>();
     prefs_->init();
     corePlugin->setStartupCallback(Bound(this, &Plugin::startup));
@@ -39,10 +41,8 @@ Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
 Plugin::~Plugin() { vlGlobals::destroy(); }
 
 void Plugin::startup() {
-    using kzo::core::ToolOptions;
     prefs_->startup();
-    lineTool_ = kzo::core::Tool(kNewGroup, kNewGroup, kLineToolTitle, kLineToolTitle, kLineToolLightIcon,
-                                kLineToolDarkIcon, ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
+    makeTools();
     lineTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     lineTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     lineTool_.setDeselectionCallback(Bound(this, &Plugin::__toolDeselectedCB));
@@ -50,8 +50,6 @@ void Plugin::startup() {
     lineTool_.setMouseDownCallback(Bound(this, &Plugin::__toolMouseDownCB));
     lineTool_.setDragCallback(Bound(this, &Plugin::__toolDragCB));
     lineTool_.setMouseUpCallback(Bound(this, &Plugin::__toolMouseUpCB));
-    moverTool_ = kzo::core::Tool(lineTool_, &lineTool_, kMoverToolTitle, kMoverToolTitle, kMoverToolLightIcon,
-                                 kMoverToolDarkIcon, ToolOptions::TrackCursor | ToolOptions::BufferedDragging);
     moverTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     moverTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     moverTool_.setDeselectionCallback(Bound(this, &Plugin::__toolDeselectedCB));
@@ -61,7 +59,30 @@ void Plugin::startup() {
     moverTool_.setMouseUpCallback(Bound(this, &Plugin::__tool2MouseUpCB));
 }
 
-void Plugin::postStartup() { prefs_->postStartup(); }
+/// The line tool goes beside the tools of the maker's plug-ins that started before, the mover into the line tool's
+/// slot.
+void Plugin::makeTools() {
+    using kzo::core::Tool;
+    using vl::toolSet::kNone;
+    const auto lineTool = [](std::int16_t group) {
+        return Tool(group, kNone, kLineToolTitle, kLineToolTitle, kLineToolLightIcon, kLineToolDarkIcon, kToolOptions);
+    };
+    std::int16_t base = vl::toolSet::getBaseTool();
+    lineTool_ = lineTool(base);
+    if (lineTool_.isEmpty() && base != kNone) { // the number is no tool's: it is left from a host that broke down
+        base = kNone;
+        lineTool_ = lineTool(kNone);
+    }
+    moverTool_ = Tool(lineTool_, &lineTool_, kMoverToolTitle, kMoverToolTitle, kMoverToolLightIcon, kMoverToolDarkIcon,
+                      kToolOptions);
+    if (base == kNone && !lineTool_.isEmpty()) vl::toolSet::setBaseTool(lineTool_.number());
+}
+
+void Plugin::postStartup() {
+    prefs_->postStartup();
+    vl::toolSet::clearBaseTool(); // whoever starts from now on has another run of the host
+}
+
 void Plugin::preShutdown() { prefs_->preShutdown(); }
 
 void Plugin::shutdown() {

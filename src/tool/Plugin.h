@@ -32,6 +32,14 @@ class Plugin {
     void preShutdown();
     void shutdown();
 
+    // Axes
+    /// Asks the companion plug-in for its version, scale and view, and keeps what it told when it told all, in a
+    /// version that is new enough and with angles that can be drawn along. Without a document the standard axes are
+    /// applied.
+    bool getPWdata();
+    void applyPWdata();  ///< draws along the axes that the companion told
+    void applyIsoAxes(); ///< draws along the standard axes: 30, 90 and 150 degrees
+
     // Both tools
     void __toolSelectedCB();
     void __toolDeselectedCB();
@@ -50,6 +58,7 @@ class Plugin {
 
   private:
     explicit Plugin(kzo::core::Plugin* corePlugin);
+    void makeTools();
 
     // Shared by both tools
     static void readKeys();

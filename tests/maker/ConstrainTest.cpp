@@ -4,8 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include "core/app/Illustrator.h"
 #include "maker/Constrain.h"
 #include "maker/Globals.h"
+#include "support/Desk.h"
 
 namespace {
 
@@ -41,6 +43,17 @@ TEST_F(Constrain, AxesAreReadOnEveryCall) {
     vlGlobals::instance()->zAxisAngle = deg(90);
     vlGlobals::instance()->verticalAxisAngle = deg(80);
     EXPECT_NEAR(constrainToAxo(deg(268)).asDegrees(), 260, 1e-9);
+}
+
+// An axis that is not finite was answered as it was, and the line went nowhere.
+TEST_F(Constrain, AxesThatAreNotFiniteAreNone) {
+    vlGlobals& globals = *vlGlobals::instance();
+    globals.zAxisAngle = deg(std::numeric_limits<double>::quiet_NaN());
+    EXPECT_NEAR(constrainToAxo(deg(10)).asDegrees(), -30, 1e-9);
+    globals.xAxisAngle = deg(std::numeric_limits<double>::infinity());
+    EXPECT_NEAR(constrainToAxo(deg(10)).asDegrees(), 90, 1e-9);
+    globals.verticalAxisAngle = globals.xAxisAngle;
+    EXPECT_EQ(constrainToAxo(deg(10)), Angle::Zero());
 }
 
 TEST(ConstrainTo, IsoAnswersOneOfSixOrNothing) {
@@ -80,10 +93,11 @@ TEST(ConstrainTo, StepsSnapWithinHalfTheTolerance) {
         {30, 0, 45, 10, 45}, // no match: the first step beyond 390 is 405
         {47, 0, 0, 10, 47},
         {47, 0, 45, 0, 47},
-        {47, 0, -45, 10, 47},   // a step back that never gets there
-        {-47, 0, -45, 10, -45}, // and one that does: -405
-        {3, 0, -45, 10, 0},     // the very first, at -360
-        {3.2, 3, 1e-20, 1, 3},  // however small the step
+        {-47, 0, -45, 10, -47},           // a step back
+        {3.2, 3, 1e-14, 1, 3.2},          // and one that is lost in rounding
+        {3, 0, kInfinity, 10, 3},         // or endless
+        {600, 0, -45, 10, 600},           // unchanged, not even folded
+        {-178.9, 0, 0.1, 1e-300, -178.9}, // no match by a hair: the step just beyond, not the one after it
         {-47, 180, 45, 10, -45},
         {175, 180, 360, 20, -180}, // already a turn before
         {358, 0, 45, 10, 0},       // folded to −2
@@ -96,6 +110,15 @@ TEST(ConstrainTo, StepsSnapWithinHalfTheTolerance) {
         EXPECT_DOUBLE_EQ(constrainTo(row.angle, row.base, row.step, row.tol), row.result)
             << row.angle << ' ' << row.step;
     }
+}
+
+TEST(ConstrainTo, TheHostsOwnAngleIsAPreferenceOfTheHost) {
+    desk::Desk desk;
+    desk.inMessage([] {
+        EXPECT_EQ(sysConstrainAngle(), 0);
+        kzo::core::Illustrator::instance()->preferences()->setFloatPref("", "constrain/angle", 22.5);
+        EXPECT_EQ(sysConstrainAngle(), 22.5);
+    });
 }
 
 TEST(ConstrainTo, TinyStepsEndAtOnce) { EXPECT_NEAR(constrainTo(179, -180, 1e-7, 1e-9), 179, 1e-6); }
