@@ -13,10 +13,10 @@ namespace {
 
 constexpr double kOnOutline = 1e-9; ///< against the size of coordinates
 
-bool isInside(const Mask::Shape& shape, Point point) {
+bool isInShape(const Mask::Shape& shape, Point point) {
     int winding = 0;
     for (const PathData& subpath : shape.subpaths) winding += windingNumber(subpath, point);
-    return shape.evenOdd ? winding % 2 != 0 : winding != 0;
+    return isInside(winding, shape.evenOdd);
 }
 
 /// A lone anchor counts as a segment.
@@ -35,9 +35,7 @@ bool isOnOutline(const Mask::Shape& shape, Point point, double reach) {
 Affine doneWithMask(const Node& node, const Clip& clip) {
     Affine done;
     if (node.type() == NodeType::Opaque) return node.opaque().placed();
-    const Point moved = node.type() != NodeType::Path ? node.moved()
-                        : clip.outline                ? commonMove(*clip.outline, node.path()).value_or(Point{})
-                                                      : Point{};
+    const Point moved = node.isOutlined() ? commonMove(clip.outlines, node.outlines()).value_or(Point{}) : node.moved();
     done.e = moved.x;
     done.f = moved.y;
     return done;
@@ -75,7 +73,7 @@ bool Mask::contains(Point point) const {
     const Box around{point.x - reach, point.y - reach, point.x + reach, point.y + reach};
     for (std::size_t i = 0; i < shapes_.size(); ++i) {
         if (!hulls_[i].meets(around)) continue;
-        if (isInside(shapes_[i], point) || isOnOutline(shapes_[i], point, reach)) return true;
+        if (isInShape(shapes_[i], point) || isOnOutline(shapes_[i], point, reach)) return true;
     }
     return false;
 }
@@ -83,7 +81,7 @@ bool Mask::contains(Point point) const {
 bool Mask::meets(const Box& box) const {
     for (std::size_t i = 0; i < shapes_.size(); ++i) {
         if (!hulls_[i].meets(box)) continue;
-        if (isInside(shapes_[i], {box.left, box.top})) return true;
+        if (isInShape(shapes_[i], {box.left, box.top})) return true;
         const auto isMet = [&](const Cubic& curve) { return meetsBox(curve, box); };
         if (anySegment(shapes_[i], isMet)) return true;
     }

@@ -34,7 +34,7 @@ struct Clip {
     std::shared_ptr<const Mask> mask;
     /// From the document's units to the mask's: x' = a x + c y + e, y' = b x + d y + f.
     std::array<double, 6> toMask{1, 0, 0, 1, 0, 0};
-    Shared<PathData> outline; ///< of a path when it got the mask; else nothing
+    OutlineList outlines; ///< of a path when it got the mask
 };
 
 class Node;

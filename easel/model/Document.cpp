@@ -34,6 +34,9 @@ Content visiblePart(const Node& node) {
     return content;
 }
 
+/// What is locked and hidden as one with the node.
+Node& wholeOf(Node& node) { return node.isSubpath() ? *node.parent() : node; }
+
 bool looksSame(const Node& a, const Node& b) {
     return a.type() == b.type() && a.childCount() == b.childCount() && visiblePart(a) == visiblePart(b);
 }
@@ -202,6 +205,7 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
     node.state_.parent = spot.parent;
     node.state_.order = order;
     node.state_.content = impl_->newContent(type);
+    if (node.isSubpath()) node.state_.content.style = spot.parent->state_.content.style;
     impl_->tree.attachNew(node, spot.below);
     return node;
 }
@@ -218,6 +222,7 @@ void Document::remove(Node& node) {
 void Document::place(Node& node, Placement placement, Node& anchor) {
     const Spot spot = spotOf(placement, anchor);
     assert(!spot.parent->isWithin(node) && "nothing can be put into itself");
+    assert(spot.parent->mayHold(node.type()));
     if (spot.above == &node || spot.below == &node) return;
     const Transaction transaction(journal());
     journal().note(node);
@@ -225,24 +230,31 @@ void Document::place(Node& node, Placement placement, Node& anchor) {
     node.state_.parent = spot.parent;
     node.state_.order = OrderLabels::between(spot.above, spot.below, journal());
     impl_->tree.attach(node);
+    if (!node.isSubpath()) return;
+    Content& content = impl_->change(node);
+    content.style = node.parent()->content().style;
+    content.locked = content.hidden = false;
+    content.name = {};
 }
 
 void Document::setName(Node& node, std::string_view name) {
-    if (node.name() == name) return;
+    if (node.name() == name || node.isSubpath()) return;
     const Transaction transaction(journal());
     impl_->change(node).name = sharedText(name);
 }
 
 void Document::setLocked(Node& node, bool locked) {
-    if (node.locked() == locked) return;
+    Node& whole = wholeOf(node);
+    if (whole.locked() == locked) return;
     const Transaction transaction(journal());
-    impl_->change(node).locked = locked;
+    impl_->change(whole).locked = locked;
 }
 
 void Document::setHidden(Node& node, bool hidden) {
-    if (node.hidden() == hidden) return;
+    Node& whole = wholeOf(node);
+    if (whole.hidden() == hidden) return;
     const Transaction transaction(journal());
-    impl_->change(node).hidden = hidden;
+    impl_->change(whole).hidden = hidden;
 }
 
 // Selection
@@ -291,10 +303,8 @@ void Document::Impl::deselectAround(const Node& node) {
 
 Content Document::Impl::newContent(NodeType type) const {
     Content content;
-    if (type == NodeType::Path) {
-        content.path = emptyPath;
-        content.style = defaultStyle;
-    }
+    if (type == NodeType::Path) content.path = emptyPath;
+    if (type == NodeType::Path || type == NodeType::Compound) content.style = defaultStyle;
     if (type == NodeType::Opaque) content.opaque = emptyOpaque;
     return content;
 }

@@ -76,14 +76,15 @@ class Document {
     [[nodiscard]] bool hasSelection(const Node& within) const;
 
     // Art
-    /// Makes an empty layer, group, path or opaque art. The caller has checked that `anchor` may have such a neighbour
-    /// or child.
+    /// Makes an empty layer, group, path, compound path or opaque art. The caller has checked that `anchor` may have
+    /// such a neighbour or child (see Node::mayHold). A subpath has the style of its compound path.
     Node& create(NodeType type, Placement placement, Node& anchor);
     void setBounds(Node& opaque, const Box& bounds);
     void setText(Node& opaque, TextData text); ///< makes text of opaque art, in the bounds that go with it
     void remove(Node& node);
     void place(Node& node, Placement placement, Node& anchor);
-    void setName(Node& node, std::string_view name);
+    void setName(Node& node, std::string_view name); ///< a subpath takes none, for files have no place for it
+    // A subpath is locked and hidden together with its compound path.
     void setLocked(Node& node, bool locked);
     void setHidden(Node& node, bool hidden);
 
@@ -98,7 +99,7 @@ class Document {
     void removePoints(Node& path, std::size_t index, std::size_t count);
     void setClosed(Node& path, bool closed);
     void reverse(Node& path);
-    void setStyle(Node& path, const Style& style);
+    void setStyle(Node& path, const Style& style); ///< of all subpaths of a compound path
     /// Moves the node and its descendants.
     void offset(Node& node, double dx, double dy);
     /// Transforms the node and its descendants, with their strokes' lengths by `lineScale`; the affine has an inverse.

@@ -85,7 +85,9 @@ void Document::reverse(Node& path) {
 void Document::setStyle(Node& path, const Style& style) {
     if (path.style() == style) return;
     const Transaction transaction(journal());
-    impl_->change(path).style = impl_->styles.get(style);
+    const Shared<Style> shared = impl_->styles.get(style);
+    Node& whole = path.isSubpath() ? *path.parent() : path;
+    for (Node* at = &whole; at; at = nextWithin(whole, *at)) impl_->change(*at).style = shared;
 }
 
 void Document::offset(Node& node, double dx, double dy) {
@@ -94,7 +96,7 @@ void Document::offset(Node& node, double dx, double dy) {
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
         const Point moved{at->moved().x + dx, at->moved().y + dy};
         if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, {at->opaque().bounds, moved, at->opaque().turned});
-        if (at->isContainer() && at->type() != NodeType::Root)
+        if (at->type() == NodeType::Group || at->type() == NodeType::Layer)
             impl_->change(*at).opaque = moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{{}, moved});
         if (at->type() != NodeType::Path || at->path().points.empty()) continue;
         for (PathPoint& point : impl_->writablePath(*at).points) {
@@ -118,7 +120,7 @@ void Document::transform(Node& node, const Affine& by, double lineScale) {
 void Document::scaleLines(Node& node, double scale) {
     const Transaction transaction(journal());
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
-        if (at->type() != NodeType::Path) continue;
+        if (!at->isOutlined()) continue;
         Style style = at->style();
         style.strokeWidth *= scale;
         style.dashOffset *= scale;

@@ -1,7 +1,9 @@
 // Searching a document by place.
 #include "model/HitTest.h"
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 
 #include "model/Clip.h"
 #include "model/DocumentImpl.h"
@@ -11,10 +13,47 @@ namespace easel::model {
 
 namespace {
 
-bool isFilledAt(const Node& node, Point point) {
-    if (node.type() == NodeType::Opaque) return node.hull().meets({point.x, point.y, point.x, point.y});
-    return node.style().fill && isInside(node.path(), point);
-}
+/// What of the art around a point is filled there. The subpaths of a compound path are filled together, so that one may
+/// be a hole in another.
+class Fills {
+  public:
+    Fills(const std::vector<Node*>& around, Point point) : point_(point) {
+        for (const Node* const node : around) {
+            if (!node->isSubpath() || !node->style().fill) continue;
+            if (const int winding = windingNumber(node->path(), point)) subpaths_.push_back({node, winding});
+        }
+        const auto compound = [](const Subpath& subpath) { return subpath.node->parent(); };
+        const auto byCompound = [&](const Subpath& a, const Subpath& b) {
+            return std::less<>()(compound(a), compound(b));
+        };
+        std::sort(subpaths_.begin(), subpaths_.end(), byCompound);
+        for (auto first = subpaths_.begin(); first != subpaths_.end();) {
+            const auto end = std::upper_bound(first, subpaths_.end(), *first, byCompound);
+            int winding = 0;
+            for (auto at = first; at != end; ++at) winding += at->winding;
+            if (isInside(winding, first->node->style().evenOdd))
+                for (auto at = first; at != end; ++at) filled_.push_back(at->node);
+            first = end;
+        }
+        std::sort(filled_.begin(), filled_.end(), std::less<>());
+    }
+
+    [[nodiscard]] bool contain(const Node& node) const {
+        if (node.type() == NodeType::Opaque) return node.hull().meets({point_.x, point_.y, point_.x, point_.y});
+        if (node.isSubpath()) return std::binary_search(filled_.begin(), filled_.end(), &node, std::less<>());
+        return node.style().fill && isInside(windingNumber(node.path(), point_), node.style().evenOdd);
+    }
+
+  private:
+    struct Subpath {
+        const Node* node;
+        int winding;
+    };
+
+    Point point_;
+    std::vector<Subpath> subpaths_; // those that go round the point
+    std::vector<const Node*> filled_;
+};
 
 /// Calls `visit` with each segment until it returns true; a lone anchor counts as one.
 template <class Visit> bool anySegment(const PathData& path, Visit visit) {
@@ -64,9 +103,7 @@ class BestHit {
                 offer(HitKind::Anchor, node, {x, y}, distanceSquared({x, y}, point_), -1);
     }
 
-    void offerFill(Node& node) {
-        if (isFilledAt(node, point_)) offer(HitKind::Fill, node, point_, 0, -1);
-    }
+    void offerFill(Node& node) { offer(HitKind::Fill, node, point_, 0, -1); }
 
   private:
     void offer(HitKind kind, Node& node, Point at, double squared, int index, double t = 0) {
@@ -114,23 +151,30 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
     if (!isSearchable(point, tolerance)) return {};
     impl_->findNear(point, tolerance);
     std::vector<Node*>& found = impl_->found;
-    std::erase_if(found, [&](const Node* node) { return !isReachable(*node, within); });
+    // What cannot be hit may still be a hole in what can.
+    const auto end =
+        std::partition(found.begin(), found.end(), [&](const Node* node) { return isReachable(*node, within); });
     BestHit best(point, tolerance);
     const auto search = [&](HitRequest feature, auto offer) {
         if (!asksFor(request, feature) || best.isFound()) return;
-        for (Node* const node : found) offer(*node);
+        std::for_each(found.begin(), end, [&](Node* node) { offer(*node); });
     };
     search(HitRequest::Anchors, [&](Node& node) { best.offerControls(HitKind::Anchor, node, &PathPoint::anchor); });
     search(HitRequest::InHandles, [&](Node& node) { best.offerControls(HitKind::InHandle, node, &PathPoint::in); });
     search(HitRequest::OutHandles, [&](Node& node) { best.offerControls(HitKind::OutHandle, node, &PathPoint::out); });
     search(HitRequest::Segments, [&](Node& node) { best.offerSegments(node); });
-    search(HitRequest::Fills, [&](Node& node) { best.offerFill(node); });
+    if (!asksFor(request, HitRequest::Fills) || best.isFound()) return best.hit();
+    const Fills fills(found, point);
+    search(HitRequest::Fills, [&](Node& node) {
+        if (fills.contain(node)) best.offerFill(node);
+    });
     return best.hit();
 }
 
 Node* Document::topmostAt(Point point, double tolerance) {
     if (!isSearchable(point, tolerance)) return nullptr;
     impl_->findNear(point, tolerance);
+    const Fills fills(impl_->found, point);
     Node* topmost = nullptr;
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
@@ -138,7 +182,7 @@ Node* Document::topmostAt(Point point, double tolerance) {
             const auto nearest = nearestOn(curve, point, tolerance * tolerance);
             return nearest && passesClip(*node, nearest->point);
         };
-        const bool filled = isFilledAt(*node, point) && passesClip(*node, point);
+        const bool filled = fills.contain(*node) && passesClip(*node, point);
         if (filled || (node->type() == NodeType::Path && anySegment(node->path(), isNear))) topmost = node;
     }
     return topmost;
@@ -148,12 +192,12 @@ std::vector<Node*> Document::touching(const Box& box) {
     std::vector<Node*> touched;
     impl_->found.clear();
     impl_->tree.index.find(box, impl_->found);
+    const Fills fills(impl_->found, {box.left, box.top});
     const auto isTouched = [&](const Cubic& curve) { return meetsBox(curve, box); };
     for (Node* const node : impl_->found) {
         if (!isReachable(*node, root()) || !mayPassClip(*node, box)) continue;
         const bool isBox = node->type() == NodeType::Opaque;
-        if (isBox ? node->hull().meets(box)
-                  : anySegment(node->path(), isTouched) || isFilledAt(*node, {box.left, box.top}))
+        if (isBox ? node->hull().meets(box) : anySegment(node->path(), isTouched) || fills.contain(*node))
             touched.push_back(node);
     }
     return touched;

@@ -254,6 +254,4 @@ int windingNumber(const PathData& path, Point point) {
     return count;
 }
 
-bool isInside(const PathData& path, Point point) { return windingNumber(path, point) % 2 != 0; }
-
 } // namespace easel::model

@@ -27,8 +27,9 @@ struct NearestPoint {
 /// closed by a straight line.
 [[nodiscard]] int windingNumber(const PathData& path, Point point);
 
-/// Whether the even-odd rule counts the point as inside; an open path is closed by a straight line.
-[[nodiscard]] bool isInside(const PathData& path, Point point);
+[[nodiscard]] constexpr bool isInside(int windingNumber, bool evenOdd) {
+    return evenOdd ? windingNumber % 2 != 0 : windingNumber != 0;
+}
 
 [[nodiscard]] inline double distanceSquared(Point a, Point b) {
     return (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);

@@ -17,7 +17,35 @@ const std::string& Node::name() const {
 
 Box Node::hull() const {
     if (type_ == NodeType::Path) return path().hull();
-    return type_ == NodeType::Opaque ? opaque().hull() : Box{};
+    if (type_ == NodeType::Opaque) return opaque().hull();
+    Box hull;
+    for (const Shared<PathData>& outline : outlines()) hull.include(outline->hull());
+    return hull;
+}
+
+bool Node::isOutlined() const { return (type_ == NodeType::Path && !isSubpath()) || type_ == NodeType::Compound; }
+
+bool Node::isSubpath() const { return state_.parent && state_.parent->type_ == NodeType::Compound; }
+
+bool Node::mayHold(NodeType type) const {
+    switch (type_) {
+    case NodeType::Root: return type == NodeType::Layer;
+    case NodeType::Layer:
+    case NodeType::Group: return type != NodeType::Root && type != NodeType::Layer;
+    case NodeType::Compound: return type == NodeType::Path;
+    case NodeType::Path:
+    case NodeType::Opaque: break;
+    }
+    return false;
+}
+
+OutlineList Node::outlines() const {
+    OutlineList outlines;
+    if (type_ == NodeType::Path) outlines.push_back(state_.content.path);
+    if (type_ == NodeType::Compound)
+        for (const Node* subpath = lastChild(); subpath; subpath = subpath->previous())
+            outlines.push_back(subpath->state_.content.path);
+    return outlines;
 }
 
 const Clip* Node::clip() const { return clip_ ? &*clip_ : nullptr; }

@@ -1,5 +1,5 @@
-// One object of a document: a layer, a group, a path, opaque art. Nodes are read by everyone and changed by Document
-// alone, so that no change escapes the journal.
+// One object of a document: a layer, a group, a path, a compound path, opaque art. Nodes are read by everyone and
+// changed by Document alone, so that no change escapes the journal.
 #pragma once
 
 #include <boost/intrusive/set_hook.hpp>
@@ -24,7 +24,8 @@ struct NodeId {
     bool operator==(const NodeId&) const = default;
 };
 
-enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque };
+/// A compound path is drawn as one, its children are the subpaths: all paths, all of its style.
+enum class NodeType : std::uint8_t { Root, Layer, Group, Path, Opaque, Compound };
 
 /// What is selected of a point of a path: its anchor, and its control points with the curves that they shape.
 enum PointPart : std::uint8_t { kAnchorPart = 1, kInPart = 2, kOutPart = 4 };
@@ -38,7 +39,7 @@ struct Clip;
 /// from then on undo restores it, a change of it makes a step and raises an event, and saving notices it.
 struct Content {
     Shared<PathData> path;     ///< paths only
-    Shared<Style> style;       ///< paths only
+    Shared<Style> style;       ///< paths and compound paths only
     Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
     Shared<TextData> text;     ///< of opaque art that is text and was made here
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
@@ -68,6 +69,10 @@ class Node {
     [[nodiscard]] NodeId id() const { return id_; }
     [[nodiscard]] NodeType type() const { return type_; }
     [[nodiscard]] bool isContainer() const { return type_ != NodeType::Path && type_ != NodeType::Opaque; }
+    /// Whether it has an outline and paint of its own: a path that is no subpath, or a compound path.
+    [[nodiscard]] bool isOutlined() const;
+    [[nodiscard]] bool isSubpath() const; ///< of a compound path
+    [[nodiscard]] bool mayHold(NodeType type) const;
     /// Whether the node hangs in the document; false for a removed one that only the journal knows.
     [[nodiscard]] bool alive() const { return alive_; }
 
@@ -76,11 +81,12 @@ class Node {
     [[nodiscard]] bool hidden() const { return state_.content.hidden; }
     [[nodiscard]] const std::string& name() const;
     [[nodiscard]] const PathData& path() const { return *state_.content.path; }
+    [[nodiscard]] OutlineList outlines() const; ///< of a path, or of a compound path's subpaths; else none
     [[nodiscard]] const Style& style() const { return *state_.content.style; }
     [[nodiscard]] const OpaqueData& opaque() const { return *state_.content.opaque; }
     /// How far opaque art, a group or a layer has been moved as a whole; of a path its points tell.
     [[nodiscard]] Point moved() const { return state_.content.opaque ? state_.content.opaque->moved : Point{}; }
-    [[nodiscard]] Box hull() const; ///< of a path or opaque art; empty for containers
+    [[nodiscard]] Box hull() const; ///< of a path, a compound path or opaque art; else empty
     [[nodiscard]] const Content& content() const { return state_.content; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }

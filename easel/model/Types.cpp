@@ -29,6 +29,21 @@ double cubicAt(double p0, double p1, double p2, double p3, double t) {
     return s * s * s * p0 + 3 * s * s * t * p1 + 3 * s * t * t * p2 + t * t * t * p3;
 }
 
+bool isMovedBy(const PathData& was, const PathData& is, Point move) {
+    if (was.closed != is.closed || was.smooth != is.smooth) return false;
+    const auto agrees = [](double from, double to, double by) {
+        return std::fabs(to - from - by) <= kSameMove * (1 + std::fabs(from) + std::fabs(to));
+    };
+    for (std::size_t i = 0; i < was.points.size(); ++i) {
+        for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
+            const Point& from = was.points[i].*part;
+            const Point& to = is.points[i].*part;
+            if (!agrees(from.x, to.x, move.x) || !agrees(from.y, to.y, move.y)) return false;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 Turns turnsOf(const Cubic& curve) {
@@ -139,20 +154,16 @@ Box PathData::hull() const {
     return box;
 }
 
-std::optional<Point> commonMove(const PathData& was, const PathData& is) {
-    if (was.closed != is.closed || was.points.size() != is.points.size() || was.points.empty() ||
-        was.smooth != is.smooth)
-        return std::nullopt;
-    const Point move{is.points[0].anchor.x - was.points[0].anchor.x, is.points[0].anchor.y - was.points[0].anchor.y};
-    const auto agrees = [](double from, double to, double by) {
-        return std::fabs(to - from - by) <= kSameMove * (1 + std::fabs(from) + std::fabs(to));
-    };
-    for (std::size_t i = 0; i < was.points.size(); ++i) {
-        for (const auto part : {&PathPoint::anchor, &PathPoint::in, &PathPoint::out}) {
-            const Point& from = was.points[i].*part;
-            const Point& to = is.points[i].*part;
-            if (!agrees(from.x, to.x, move.x) || !agrees(from.y, to.y, move.y)) return std::nullopt;
-        }
+std::optional<Point> commonMove(const OutlineList& was, const OutlineList& is) {
+    if (was.size() != is.size()) return std::nullopt;
+    std::optional<Point> move;
+    for (std::size_t i = 0; i < was.size(); ++i) {
+        if (was[i]->points.size() != is[i]->points.size()) return std::nullopt;
+        if (was[i]->points.empty()) continue;
+        const Point from = was[i]->points[0].anchor;
+        const Point to = is[i]->points[0].anchor;
+        if (!move) move = Point{to.x - from.x, to.y - from.y};
+        if (!isMovedBy(*was[i], *is[i], *move)) return std::nullopt;
     }
     return move;
 }

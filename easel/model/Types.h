@@ -111,8 +111,11 @@ struct PathData {
     bool operator==(const PathData&) const = default;
 };
 
-/// How far all points have been moved together, if that is all that has happened to them; none for a path without any.
-[[nodiscard]] std::optional<Point> commonMove(const PathData& was, const PathData& is);
+/// What is drawn as one: a path, or the pieces of a compound path in the order of drawing.
+using OutlineList = std::vector<Shared<PathData>>;
+
+/// How far all points have been moved together, if that is all that has happened to them; none where there are none.
+[[nodiscard]] std::optional<Point> commonMove(const OutlineList& was, const OutlineList& is);
 
 /// Red, green, blue, 0 to 1.
 struct Color {
@@ -143,6 +146,7 @@ enum class Join : std::uint8_t { Miter, Round, Bevel };
 struct Style {
     bool fill = false;
     bool stroke = true;
+    bool evenOdd = false; ///< the rule that tells what is filled, else nonzero
     Color fillColor;
     Color strokeColor;
     double strokeWidth = 1;

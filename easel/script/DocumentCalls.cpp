@@ -107,7 +107,7 @@ void select(Host& host, const ThisDocument& doc, const ArtList& list) {
 
 void selectPoints(Host& host, const ThisDocument& doc, const Art& path, const std::vector<std::size_t>& indices) {
     mustBelong(path, doc, "argument 1 (path)");
-    if (path->type() != model::NodeType::Path) throw BadArgument("argument 1 (path) is a group and has no points");
+    if (path->type() != model::NodeType::Path) throw BadArgument("argument 1 (path) is no path and has no points");
     model::PointSelection points(path->path().points.size(), false);
     for (const std::size_t index : indices) {
         if (index >= points.size())

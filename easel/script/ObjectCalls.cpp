@@ -39,6 +39,7 @@ std::optional<std::string> id(Host& /*host*/, const ThisArt& art) {
 
 std::string_view type(Host& /*host*/, const ThisArt& art) {
     if (art->type() == model::NodeType::Opaque) return "opaque";
+    if (art->type() == model::NodeType::Compound) return "compound";
     return isPath(art) ? "path" : "group";
 }
 
@@ -65,7 +66,7 @@ bool hidden(Host& /*host*/, const ThisArt& art) { return art->hidden(); }
 bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip(); }
 
 std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
-    return isPath(art) ? std::optional(art->style()) : std::nullopt;
+    return art->content().style ? std::optional(art->style()) : std::nullopt;
 }
 
 // In words
@@ -85,8 +86,10 @@ std::string layerText(Host& /*host*/, const ThisLayer& layer) {
 std::string artText(Host& host, const ThisArt& art) {
     std::string text(type(host, art));
     if (isPath(art) && art->path().closed) text = "closed path";
+    if (art->type() == model::NodeType::Compound) text = "compound path";
     if (!art->name().empty()) text += " \"" + art->name() + '"';
     if (isPath(art)) text += " of " + counted(art->path().points.size(), "point");
+    if (art->type() == model::NodeType::Compound) text += " of " + counted(art->childCount(), "subpath");
     if (art->type() == model::NodeType::Group) text += " of " + counted(art->childCount(), "object");
     return text + state(art);
 }

@@ -26,6 +26,7 @@ std::int16_t hostType(const Node& node) {
     case NodeType::Layer:
     case NodeType::Group: return kGroupArt;
     case NodeType::Path: return kPathArt;
+    case NodeType::Compound: return kCompoundPathArt;
     case NodeType::Opaque: return node.content().text ? kTextFrameArt : kForeignArt;
     }
     return kUnknownArt;
@@ -35,11 +36,13 @@ std::int16_t hostType(const Node& node) {
 Node* visibleParent(const Node& node) { return node.type() == NodeType::Layer ? nullptr : node.parent(); }
 
 AIArtHandle newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep) {
-    require(type == kGroupArt || type == kPathArt);
+    require(type == kGroupArt || type == kPathArt || type == kCompoundPathArt);
     const Place place = placeFor(paintOrder, prep);
-    const Node& node =
-        place.document.create(type == kPathArt ? NodeType::Path : NodeType::Group, place.placement, place.anchor);
-    return artHandle(place.document, &node);
+    const NodeType made = type == kPathArt           ? NodeType::Path
+                          : type == kCompoundPathArt ? NodeType::Compound
+                                                     : NodeType::Group;
+    require(place.parent().mayHold(made));
+    return artHandle(place.document, &place.document.create(made, place.placement, place.anchor));
 }
 
 void disposeArt(Art art) {

@@ -156,6 +156,7 @@ AIPathStyle getStyle(PathArt path) {
 void setStyle(PathArt path, const AIPathStyle& in) {
     model::Style style = styleFromHost(in);
     style.alignment = path.node.style().alignment;
+    style.evenOdd = path.node.style().evenOdd;
     path.document.setStyle(path.node, style);
 }
 

@@ -13,6 +13,12 @@ struct Place {
     model::Document& document;
     model::Node& anchor;
     model::Placement placement;
+
+    /// What will hold it; has to be asked whether it may (model::Node::mayHold).
+    [[nodiscard]] const model::Node& parent() const {
+        const bool beside = placement == model::Placement::Above || placement == model::Placement::Below;
+        return beside ? *anchor.parent() : anchor;
+    }
 };
 
 /// Throws kBadParameterErr for a paint order that the prepositional art does not allow.

@@ -38,6 +38,7 @@ AIArtHandle newPointText(std::int16_t paintOrder, std::optional<Art> prep, const
                          .anchor = {in.anchor.h, in.anchor.v},
                          .paint = styleFromHost(in.paint)};
     const Place place = placeFor(paintOrder, prep);
+    require(place.parent().mayHold(model::NodeType::Opaque));
     model::Node& node = place.document.create(model::NodeType::Opaque, place.placement, place.anchor);
     place.document.setText(node, std::move(text));
     return artHandle(place.document, &node);

@@ -107,7 +107,6 @@ std::string_view initialValue(Name name) {
     case Name::MarkerStart:
     case Name::MarkerMid:
     case Name::MarkerEnd: return "none";
-    case Name::FillRule: return "nonzero";
     case Name::PaintOrder: return "normal";
     case Name::Visibility: return "visible";
     default: return {};

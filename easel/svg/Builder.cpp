@@ -157,28 +157,31 @@ void measureSheet(Source& source, const Units& window, const Attributes& attribu
 /// Why a shape cannot be a path of the document; `subpaths` lie on the page.
 Reason reasonAgainst(const std::vector<PathData>& subpaths, const Geom::Affine& toPage) {
     if (isFlat(toPage)) return Reason::Singular;
-    std::size_t anchors = 0;
     for (const PathData& subpath : subpaths) {
         if (!withinReach(subpath)) return Reason::TooFar;
-        anchors += subpath.points.size();
+        if (subpath.points.size() > kMostAnchors) return Reason::Anchors;
     }
-    if (anchors > kMostAnchors) return Reason::Anchors;
-    return subpaths.size() > 1 ? Reason::Subpaths : Reason::None;
+    return Reason::None;
 }
 
 /// What SVG has no place for, and the writer puts into attributes of its own or its neighbours: in the element's units.
-void applyOwnFeatures(PathData& path, const Attributes& attributes) {
-    std::vector<model::PathPoint>& points = path.points;
-    const std::string_view types = attributes.get(Name::NodeTypes);
-    model::PointFlags corners;
-    for (std::size_t i = 0; i < std::min(types.size(), points.size()); ++i) corners.push_back(types[i] == 'c');
-    path.setCorners(0, corners);
+void applyOwnFeatures(std::vector<PathData>& subpaths, const Attributes& attributes) {
+    std::string_view types = attributes.get(Name::NodeTypes);
     const std::optional<std::string_view> text = attributes.find(Name::Ends);
-    if (!text || points.empty()) return;
-    const std::vector<double> ends = numbers(*text);
-    if (ends.size() != 4) return;
-    points.front().in = {ends[0], ends[1]};
-    points.back().out = {ends[2], ends[3]};
+    const std::vector<double> ends = text ? numbers(*text) : std::vector<double>{};
+    std::size_t open = 0;
+    for (PathData& path : subpaths) {
+        const std::size_t count = path.points.size();
+        model::PointFlags corners;
+        for (std::size_t i = 0; i < std::min(types.size(), count); ++i) corners.push_back(types[i] == 'c');
+        path.setCorners(0, corners);
+        types.remove_prefix(std::min(types.size(), count + (path.closed ? 1 : 0))); // which has its first one twice
+        if (path.closed || count == 0) continue;
+        const double* const end = ends.data() + 4 * open++;
+        if (ends.size() < 4 * open) continue;
+        path.points.front().in = {end[0], end[1]};
+        path.points.back().out = {end[2], end[3]};
+    }
 }
 
 template <class Prefixes> bool has(const Prefixes& prefixes, std::string_view prefix) {
@@ -375,25 +378,31 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         ++skipped_.open;
         return;
     }
-    if (subpaths.size() == 1) applyOwnFeatures(subpaths.front(), attributes);
+    if (attributes.has(Name::NodeTypes) || attributes.has(Name::Ends)) applyOwnFeatures(subpaths, attributes);
     for (PathData& subpath : subpaths) {
         anchors_ += subpath.points.size();
         transformBy(subpath, toPage_);
     }
     if (anchors_ > kMostAnchorsInFile)
         throw std::length_error("more than " + std::to_string(kMostAnchorsInFile) + " anchors");
-    const Reason reason = attributes.transformsInStyle() ? Reason::Transform : reasonAgainst(subpaths, toPage_);
+    if (subpaths.size() > 1) subpaths_ += subpaths.size();
+    const Reason reason = attributes.transformsInStyle() ? Reason::Transform
+                          : subpaths_ > kMostElements    ? Reason::Subpaths
+                                                         : reasonAgainst(subpaths, toPage_);
     if (reason != Reason::None) {
+        if (reason == Reason::Subpaths) subpaths_ -= subpaths.size(); // a smaller one may still find room
         addOpaque(attributes, reason, trusted(hullOf(subpaths)));
         latest().damaged = outline.damaged;
         latest().wrapped = reason == Reason::Transform;
         return;
     }
     const Style own = styleOf(attributes, container().style, measured);
-    Node& path = add(NodeType::Path, attributes);
-    document_->setPath(path, std::move(subpaths.front()));
-    document_->setStyle(path, scaled(own, std::sqrt(std::fabs(toPage_.det()))));
+    Node& path = addOutlined(attributes, std::move(subpaths), scaled(own, std::sqrt(std::fabs(toPage_.det()))));
     keep(&path);
+    if (path.type() == NodeType::Compound) {
+        latest().inner = static_cast<std::uint32_t>(source_->compounds.size());
+        source_->compounds.push_back(path.outlines());
+    }
     noteTransform(attributes);
     clipPaths_.putOn(path, attributes, toPage_);
     latest().damaged = outline.damaged;
@@ -464,6 +473,17 @@ Node& Builder::add(NodeType type, const Attributes& attributes) {
     return node;
 }
 
+Node& Builder::addOutlined(const Attributes& attributes, std::vector<PathData> subpaths, const Style& style) {
+    const bool isPath = subpaths.size() == 1;
+    Node& node = add(isPath ? NodeType::Path : NodeType::Compound, attributes);
+    document_->setStyle(node, style); // which subpaths take over
+    if (isPath) document_->setPath(node, std::move(subpaths.front()));
+    if (isPath) return node;
+    for (PathData& subpath : subpaths)
+        document_->setPath(document_->create(NodeType::Path, Placement::OnTopInside, node), std::move(subpath));
+    return node;
+}
+
 Node& Builder::addOpaque(const Attributes& attributes, Reason reason, const Box& bounds) {
     Node& node = add(NodeType::Opaque, attributes);
     document_->setBounds(node, bounds);
@@ -500,8 +520,8 @@ void Builder::setFlags(Node& node, const Attributes& attributes) {
 
 /// Notes where the latest element stands.
 void Builder::keep(Node* node) {
-    const bool isContainer = !node || node->isContainer();
-    if (!isContainer) {
+    const bool isOpen = !node || isGroup(*node);
+    if (!isOpen) {
         Element element;
         element.container = open_.back().container;
         element.toPage = source_->containers[element.container].toPage;

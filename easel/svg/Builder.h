@@ -64,6 +64,8 @@ class Builder {
     // Parts of them
     model::Node& newLayer(const Attributes& attributes);
     model::Node& add(model::NodeType type, const Attributes& attributes);
+    model::Node& addOutlined(const Attributes& attributes, std::vector<model::PathData> subpaths,
+                             const model::Style& style);
     model::Node& addOpaque(const Attributes& attributes, Reason reason, const model::Box& bounds);
     model::Node& nextLayer(std::string_view title);
     model::Node& newImplicitLayer();
@@ -85,6 +87,7 @@ class Builder {
     Geom::Affine toPage_; // of the element that has just started
     std::size_t depth_ = 0;
     std::size_t anchors_ = 0;
+    std::size_t subpaths_ = 0; // of compound paths
     /// Elements that are not read, nor anything in them.
     struct Skipped {
         std::size_t open = 0;

@@ -90,7 +90,7 @@ void ClipPaths::finish() {
         model::Clip clip;
         clip.mask = mask->second;
         for (unsigned i = 0; i < 6; ++i) clip.toMask[i] = toMask[i];
-        clip.outline = use.node->content().path;
+        clip.outlines = use.node->outlines();
         model::Document::setClip(*use.node, model::Shared(std::move(clip)));
     }
 }

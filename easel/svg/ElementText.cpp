@@ -25,8 +25,9 @@ using model::PathPoint;
 using model::Point;
 using model::Style;
 
-void requireInReach(const PathData& path) {
-    if (!withinReach(path)) throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
+void requireInReach(const Node& node) {
+    for (const model::Shared<PathData>& outline : node.outlines())
+        if (!withinReach(*outline)) throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
 }
 
 void requireUsable(const Style& style) {
@@ -48,12 +49,6 @@ Style inUnits(Style style, double scale) {
     style.dashOffset /= scale;
     for (double& dash : style.dashes) dash /= scale;
     return style;
-}
-
-PathData inUnits(PathData path, const Geom::Affine& toPage) {
-    requireInReach(path);
-    transformBy(path, toPage.inverse());
-    return path;
 }
 
 /// Names can be ids when XML takes them for such.
@@ -108,11 +103,6 @@ Geom::Affine placedOf(const Node& node) {
     return {placed.a, placed.b, placed.c, placed.d, placed.e, placed.f};
 }
 
-std::string_view localName(std::string_view name) {
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? name : name.substr(colon + 1);
-}
-
 } // namespace
 
 // New elements
@@ -162,13 +152,11 @@ std::string ElementText::newText(const Node& node, const Place& place) {
 }
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
-    Tag tag = newTag(node, place, node.isContainer() ? "g" : "path");
-    if (node.type() != NodeType::Path) return tag.text();
+    Tag tag = newTag(node, place, isGroup(node) ? "g" : "path");
+    if (!node.isOutlined()) return tag.text();
     requireUsable(node.style());
     const Geom::Affine toPage = toPageIn(place);
-    const PathData outline = inUnits(node.path(), toPage);
-    tag.set("d", pathData(outline));
-    setOwnFeatures(tag, outline);
+    setOutline(tag, node, toPage);
     setPaint(tag, node, inUnits(node.style(), scaleOf(toPage)), source_.containers[place.container]);
     return tag.text();
 }
@@ -177,9 +165,9 @@ std::string ElementText::newTag(const Node& node, const Place& place) {
 /// elements of its kind.
 void ElementText::setPaint(Tag& tag, const Node& node, const Style& style, const Container& container) const {
     static constexpr std::pair<std::string_view, std::string_view> kOthers[] = {
-        {"opacity", "1"},          {"fill-opacity", "1"},    {"stroke-opacity", "1"}, {"fill-rule", "nonzero"},
-        {"marker", "none"},        {"clip-path", "none"},    {"mask", "none"},        {"filter", "none"},
-        {"paint-order", "normal"}, {"visibility", "visible"}};
+        {"opacity", "1"},   {"fill-opacity", "1"},     {"stroke-opacity", "1"},
+        {"marker", "none"}, {"clip-path", "none"},     {"mask", "none"},
+        {"filter", "none"}, {"paint-order", "normal"}, {"visibility", "visible"}};
     const bool byDefault = source_.defaults.count(std::string(tag.name())) > 0;
     if (!source_.hasStyleSheet && !byDefault) {
         const bool isServed = container.passesOnServers();
@@ -207,8 +195,9 @@ bool ElementText::isChanged(const Node& node, const Element& element, const Plac
     const model::Content& was = document_.original(node);
     const model::Content& is = node.content();
     if (element.container != place.container) return true;
-    if (place.moved == Point{}) return is != was;
-    if (is.path) requireInReach(*is.path); // it may go along without being written
+    const bool isCompound = node.type() == NodeType::Compound;
+    if (place.moved == Point{}) return is != was || (isCompound && node.outlines() != original(node));
+    requireInReach(node); // it may go along without being written
     const bool sameOtherwise =
         is.style == was.style && is.name == was.name && is.locked == was.locked && is.hidden == was.hidden;
     return !sameOtherwise || !goesAlong(node, place);
@@ -230,8 +219,8 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     if (is.locked != was.locked) setLocked(tag, node.locked());
     const bool staysInside = element.container == place.container;
     const std::optional<Point> move = moveOf(node);
-    const bool outlineTells = staysInside && node.type() == NodeType::Path && !needsTransform(element);
-    if (node.type() == NodeType::Path && (!move || (outlineTells && !goesAlong(node, place))))
+    const bool outlineTells = staysInside && node.isOutlined() && !needsTransform(element);
+    if (node.isOutlined() && (!move || (outlineTells && !goesAlong(node, place))))
         changeOutline(tag, node, element, staysInside ? place.moved : Point{});
     if (is.style != was.style) {
         requireUsable(node.style());
@@ -261,17 +250,24 @@ void ElementText::bringInherited(Tag& tag, const Container& from, const Containe
 /// How far a node has been moved since it was read; none when that is not all that was done to its outline.
 std::optional<Point> ElementText::moveOf(const Node& node) const {
     if (isTurned(node)) return std::nullopt;
-    if (node.type() != NodeType::Path) return node.moved();
-    const PathData& was = *document_.original(node).path;
-    return node.path() == was ? Point{} : commonMove(was, node.path());
+    if (!node.isOutlined()) return node.moved();
+    const model::OutlineList was = original(node);
+    const model::OutlineList is = node.outlines();
+    return is == was ? Point{} : commonMove(was, is);
+}
+
+/// The outlines that were read.
+model::OutlineList ElementText::original(const Node& node) const {
+    if (node.type() == NodeType::Path) return {document_.original(node).path};
+    return source_.compounds[source_.elements[node.origin() - 1].inner];
 }
 
 /// Whether the node has been moved as far as what it is in, and not changed in another way.
 bool ElementText::goesAlong(const Node& node, const Place& place) const {
-    const bool isDrawn = node.type() != NodeType::Path || !node.path().points.empty();
-    if (place.moved == Point{} || !isDrawn)
-        return document_.original(node).path == node.content().path && node.moved() == Point{} && !isTurned(node);
     const std::optional<Point> move = moveOf(node);
+    const bool isDrawn = !node.isOutlined() || !node.hull().isEmpty();
+    if (place.moved == Point{} || !isDrawn)
+        return move == Point{} && (!node.isOutlined() || node.outlines() == original(node));
     const auto same = [](double a, double b) {
         return std::fabs(a - b) <= kSameMove * (1 + std::fabs(a) + std::fabs(b));
     };
@@ -291,7 +287,7 @@ bool ElementText::needsTransform(const Element& element) const {
 Geom::Affine ElementText::displacement(const Node& node, const Element& element, const Place& place) const {
     const Geom::Affine& from = source_.transforms[source_.containers[element.container].toPage];
     const Geom::Affine to = toPageIn(place);
-    if (node.type() == NodeType::Path) requireInReach(node.path());
+    requireInReach(node);
     if (isTurned(node)) return from * placedOf(node) * to.inverse();
     const Point move = moveOf(node).value_or(Point{});
     if (element.container == place.container) { // in these units, without rounding what is nought
@@ -323,9 +319,7 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
         tag.rename(name.substr(0, name.size() - localName(name).size()) + "path");
     }
     const Geom::Affine along(Geom::Translate(moved.x, moved.y));
-    const PathData outline = inUnits(node.path(), source_.transforms[element.toPage] * along);
-    tag.set("d", pathData(outline));
-    setOwnFeatures(tag, outline);
+    setOutline(tag, node, source_.transforms[element.toPage] * along);
     // Others would make the outline anew from these.
     tag.remove(tag.find(source_.sodipodiPrefixes, "type"));
     tag.remove(tag.find(source_.inkscapePrefixes, "original-d"));
@@ -391,15 +385,20 @@ void ElementText::setName(Tag& tag, const Node& node) {
     }
 }
 
-void ElementText::setOwnFeatures(Tag& tag, const PathData& path) const {
-    const std::string types = nodeTypes(path);
+void ElementText::setOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
+    requireInReach(node);
+    std::vector<PathData> subpaths;
+    for (const model::Shared<PathData>& outline : node.outlines())
+        transformBy(subpaths.emplace_back(*outline), toPage.inverse());
+    tag.set("d", pathData(subpaths));
+    const std::string types = nodeTypes(subpaths);
     const std::string oldTypes = tag.find(source_.sodipodiPrefixes, "nodetypes");
     if (!types.empty()) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "nodetypes", types);
     } else if (!oldTypes.empty()) {
         tag.remove(oldTypes);
     }
-    const std::string ends = outerHandles(path);
+    const std::string ends = outerHandles(subpaths);
     const std::string oldEnds = tag.find(source_.easelPrefixes, "ends");
     if (!ends.empty()) {
         setForeign(tag, source_.easelPrefixes, "easel", kEaselNamespace, "ends", ends);

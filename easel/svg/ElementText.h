@@ -42,6 +42,7 @@ class ElementText {
 
   private:
     // What moves how
+    [[nodiscard]] model::OutlineList original(const model::Node& node) const;
     [[nodiscard]] std::optional<model::Point> moveOf(const model::Node& node) const;
     [[nodiscard]] bool goesAlong(const model::Node& node, const Place& place) const;
     [[nodiscard]] bool needsTransform(const Element& element) const;
@@ -60,7 +61,7 @@ class ElementText {
     void setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
                     std::string_view uri, std::string_view local, std::string_view value) const;
     void setName(Tag& tag, const model::Node& node);
-    void setOwnFeatures(Tag& tag, const model::PathData& path) const;
+    void setOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
     [[nodiscard]] bool takeId(const std::string& name);
     [[nodiscard]] Tag tagOf(std::string_view text) const;
     [[nodiscard]] std::string escaped(std::string_view text) const;

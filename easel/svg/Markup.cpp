@@ -58,6 +58,21 @@ void appendSegment(std::string& out, const PathPoint& start, const PathPoint& en
     append(out, end.anchor);
 }
 
+void appendSubpath(std::string& out, const PathData& path) {
+    if (path.points.empty()) return;
+    const PathPoint& first = path.points.front();
+    const PathPoint& last = path.points.back();
+    out += out.empty() ? "M" : " M";
+    append(out, first.anchor);
+    for (std::size_t i = 1; i < path.points.size(); ++i) appendSegment(out, path.points[i - 1], path.points[i]);
+    if (!path.closed) return;
+    // A straight way back goes without saying, unless it has no length: then "Z" alone would join the two anchors. Of a
+    // single anchor the way back is a loop, when it has handles.
+    const bool straight = last.out == last.anchor && first.in == first.anchor;
+    if (!straight || (path.points.size() > 1 && last.anchor == first.anchor)) appendSegment(out, last, first);
+    out += " Z";
+}
+
 std::string colorText(const model::Color& color, bool painted) {
     std::string text;
     if (painted) {
@@ -117,44 +132,40 @@ void appendAsciiEscaped(std::string& out, std::string_view text) {
     }
 }
 
-std::string pathData(const PathData& path) {
+std::string pathData(const std::vector<PathData>& subpaths) {
     std::string out;
-    if (path.points.empty()) return out;
-    const PathPoint& first = path.points.front();
-    const PathPoint& last = path.points.back();
-    out += 'M';
-    append(out, first.anchor);
-    for (std::size_t i = 1; i < path.points.size(); ++i) appendSegment(out, path.points[i - 1], path.points[i]);
-    if (!path.closed) return out;
-    // A straight way back goes without saying, unless it has no length: then "Z" alone would join the two anchors. Of a
-    // single anchor the way back is a loop, when it has handles.
-    const bool straight = last.out == last.anchor && first.in == first.anchor;
-    if (!straight || (path.points.size() > 1 && last.anchor == first.anchor)) appendSegment(out, last, first);
-    return out += " Z";
+    for (const PathData& subpath : subpaths) appendSubpath(out, subpath);
+    return out;
 }
 
-std::string nodeTypes(const PathData& path) {
+std::string nodeTypes(const std::vector<PathData>& subpaths) {
     std::string types;
     bool expected = true;
-    for (std::size_t i = 0; i < path.points.size(); ++i) {
-        types += path.isCorner(i) ? 'c' : 's';
-        expected = expected && path.isCorner(i) != looksSmooth(path.points[i]);
+    for (const PathData& path : subpaths) {
+        const std::size_t first = types.size();
+        for (std::size_t i = 0; i < path.points.size(); ++i) {
+            types += path.isCorner(i) ? 'c' : 's';
+            expected = expected && path.isCorner(i) != looksSmooth(path.points[i]);
+        }
+        if (path.closed && types.size() > first) types += types[first];
     }
-    if (expected) return "";
-    if (path.closed) types += types.front();
-    return types;
+    return expected ? "" : types;
 }
 
-std::string outerHandles(const PathData& path) {
+std::string outerHandles(const std::vector<PathData>& subpaths) {
     std::string ends;
-    if (path.points.empty() || path.closed) return ends;
-    const PathPoint& first = path.points.front();
-    const PathPoint& last = path.points.back();
-    if (first.in == first.anchor && last.out == last.anchor) return ends;
-    append(ends, first.in);
-    ends += ' ';
-    append(ends, last.out);
-    return ends;
+    bool any = false;
+    for (const PathData& path : subpaths) {
+        if (path.points.empty() || path.closed) continue;
+        const PathPoint& first = path.points.front();
+        const PathPoint& last = path.points.back();
+        any = any || first.in != first.anchor || last.out != last.anchor;
+        if (!ends.empty()) ends += ' ';
+        append(ends, first.in);
+        ends += ' ';
+        append(ends, last.out);
+    }
+    return any ? ends : "";
 }
 
 std::vector<Property> properties(const Style& style, const Style* assumed) {
@@ -171,6 +182,7 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
     };
     say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor), "fill",
         colorText(style.fillColor, style.fill));
+    say(style.evenOdd == other.evenOdd, "fill-rule", style.evenOdd ? "evenodd" : "nonzero");
     say(samePaint(style.stroke, style.strokeColor, other.stroke, other.strokeColor), "stroke",
         colorText(style.strokeColor, style.stroke));
     say(style.strokeWidth == other.strokeWidth, "stroke-width", numberText(style.strokeWidth));

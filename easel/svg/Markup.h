@@ -17,11 +17,11 @@ void appendEscaped(std::string& out, std::string_view text);
 /// Characters beyond ASCII become references, for files whose encoding may not have them.
 void appendAsciiEscaped(std::string& out, std::string_view text);
 
-[[nodiscard]] std::string pathData(const model::PathData& path);
+[[nodiscard]] std::string pathData(const std::vector<model::PathData>& subpaths);
 /// Corner or smooth, a letter for each point; empty where the handles tell it.
-[[nodiscard]] std::string nodeTypes(const model::PathData& path);
-/// The handles outside the ends of an open path; empty where there are none.
-[[nodiscard]] std::string outerHandles(const model::PathData& path);
+[[nodiscard]] std::string nodeTypes(const std::vector<model::PathData>& subpaths);
+/// The handles outside the ends of open paths; empty where there are none.
+[[nodiscard]] std::string outerHandles(const std::vector<model::PathData>& subpaths);
 
 using Property = std::pair<std::string_view, std::string>;
 /// What must be said of a style where `assumed` holds otherwise; all of it where nothing can be assumed.

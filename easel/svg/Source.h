@@ -27,7 +27,7 @@ enum class Encoding : std::uint8_t { Utf8, OtherAscii, Utf16Little, Utf16Big };
 enum class Reason : std::uint8_t {
     None,
     Kind,      ///< a text, an image, ...: the element's name tells
-    Subpaths,  ///< a document holds paths of one piece
+    Subpaths,  ///< more of them than objects in a drawing
     Anchors,   ///< more than plug-ins can count
     Singular,  ///< its transform is not invertible
     Transform, ///< has one that is no attribute, or is not understood
@@ -44,7 +44,7 @@ struct Element {
     std::uint32_t end = 0;       ///< behind the end tag
     std::uint32_t after = 0;     ///< the first of the elements that follow and are not inside
     std::uint32_t container = 0; ///< index of what holds it
-    std::uint32_t inner = 0;     ///< index of the container that it is
+    std::uint32_t inner = 0;     ///< index of the container that it is, or of the compound path
     std::uint32_t toPage = 0;    ///< index of its transform
     std::uint16_t height = 0;    ///< how deeply elements nest in it, understood or not
     Reason reason = Reason::None;
@@ -75,6 +75,11 @@ struct Container {
     }
 };
 
+/// Whether art of any kind stands in it: a group, a layer or the root.
+[[nodiscard]] inline bool isGroup(const model::Node& node) {
+    return node.isContainer() && node.type() != model::NodeType::Compound;
+}
+
 class Source : public KnownFiles {
   public:
     std::string fileName;
@@ -87,9 +92,10 @@ class Source : public KnownFiles {
 
     /// In the order of the text; the root comes first. A node's origin is the index of its element plus one.
     std::deque<Element> elements;
-    std::deque<Container> containers;    ///< the root is the first
-    std::deque<Geom::Affine> transforms; ///< the first is the root's, for what is in it
-    std::size_t elementCount = 0;        ///< those that no node came from included
+    std::deque<Container> containers;         ///< the root is the first
+    std::deque<Geom::Affine> transforms;      ///< the first is the root's, for what is in it
+    std::deque<model::OutlineList> compounds; ///< of compound paths, as they were read
+    std::size_t elementCount = 0;             ///< those that no node came from included
     bool hasStyleSheet = false;
     bool sheetHasServers = false; ///< gradients, markers, clips, anything that lies in the units of what it is put on
     bool sheetInsists = false;    ///< with "!important"

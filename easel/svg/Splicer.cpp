@@ -97,7 +97,7 @@ class Splicer {
 
     SplicedText run() {
         for (const Node* node = &document_.root(); node; node = nextWithin(document_.root(), *node))
-            if (node->origin() != 0) fates_[node->origin() - 1] = Fate::Kept;
+            if (node->origin() != 0 && !node->isSubpath()) fates_[node->origin() - 1] = Fate::Kept;
         const Element& root = source_.elements.front();
         out_.copy(0, root.begin, false);
         openElement(document_.root(), root, std::string(source_.startTag(root)), Place{}, 1, false);
@@ -143,9 +143,9 @@ class Splicer {
             out_.add(elements_.newText(*item.node, parent.place));
         } else if (!item.element) {
             out_.add(elements_.newTag(*item.node, parent.place));
-            if (item.node->firstChild()) return openNew(*item.node, std::move(behind));
+            if (isGroup(*item.node) && item.node->firstChild()) return openNew(*item.node, std::move(behind));
             out_.add("/>");
-        } else if (item.node->isContainer()) {
+        } else if (isGroup(*item.node)) {
             const Place inside{item.element->inner, parent.place.prefix, item.node->moved()};
             const bool elsewhere = parent.elsewhere || !item.inPlace;
             std::string tag = elements_.startTag(*item.node, *item.element, parent.place);

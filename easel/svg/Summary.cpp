@@ -8,8 +8,10 @@
 #include <string>
 
 #include "svg/Limits.h"
+#include "svg/Outlines.h"
 #include "svg/Picture.h"
 #include "svg/Source.h"
+#include "svg/Values.h"
 
 namespace easel::svg {
 
@@ -22,7 +24,7 @@ std::string reasonText(Reason reason) {
     switch (reason) {
     case Reason::None:
     case Reason::Kind: break;
-    case Reason::Subpaths: return "several subpaths";
+    case Reason::Subpaths: return "more than " + std::to_string(kMostElements) + " subpaths in the drawing";
     case Reason::Anchors: return "more than " + std::to_string(kMostAnchors) + " anchors";
     case Reason::Singular: return "a transform that cannot be inverted";
     case Reason::Transform: return "a transform in a style, or numbers that cannot be used";
@@ -34,8 +36,9 @@ std::string reasonText(Reason reason) {
 }
 
 struct Counts {
-    std::array<std::size_t, 5> ofType{}; // by NodeType
+    std::array<std::size_t, 6> ofType{}; // by NodeType; without subpaths
     std::map<std::string, std::size_t> opaque;
+    std::size_t opaqueShapes = 0;
 };
 
 std::string plural(std::size_t count, const std::string& noun) {
@@ -51,8 +54,9 @@ void count(const Node& layer, const Source* source, Counts& counts) {
             const std::string name =
                 element.reason == Reason::Entity ? "art" : '<' + std::string(source->tagName(element)) + '>';
             ++counts.opaque[name + ": " + reasonText(element.reason)];
+            if (element.reason != Reason::Entity && isShape(localName(source->tagName(element)))) ++counts.opaqueShapes;
         }
-        if (node->firstChild()) {
+        if (isGroup(*node) && node->firstChild()) {
             node = node->firstChild();
             continue;
         }
@@ -77,10 +81,12 @@ void summarize(model::Document& document, std::ostream& out) {
             << ", " << plural(layer.childCount(), "object") << '\n';
         count(layer, source, counts);
     }
-    const auto& ofType = counts.ofType;
-    out << "objects: " << plural(ofType[static_cast<std::size_t>(NodeType::Group)], "group") << ", "
-        << plural(ofType[static_cast<std::size_t>(NodeType::Path)], "path") << ", "
-        << ofType[static_cast<std::size_t>(NodeType::Opaque)] << " opaque\n";
+    const auto ofType = [&](NodeType type) { return counts.ofType[static_cast<std::size_t>(type)]; };
+    out << "objects: " << plural(ofType(NodeType::Group), "group") << ", " << plural(ofType(NodeType::Path), "path")
+        << ", " << plural(ofType(NodeType::Compound), "compound path") << ", " << ofType(NodeType::Opaque)
+        << " opaque\n";
+    const std::size_t shapes = ofType(NodeType::Path) + ofType(NodeType::Compound) + counts.opaqueShapes;
+    out << "shapes: " << shapes << ", " << counts.opaqueShapes << " of them opaque\n";
     for (const auto& [what, number] : counts.opaque) out << "opaque: " << number << " " << what << '\n';
 }
 

@@ -234,6 +234,9 @@ void applyProperty(model::Style& style, Name name, std::string_view value, const
     const auto diagonal = [&] { return units.length(value, Along::Diagonal); };
     switch (name) {
     case Name::Fill: return applyPaint(style.fill, style.fillColor, value);
+    case Name::FillRule:
+        if (value == "evenodd" || value == "nonzero") style.evenOdd = value == "evenodd";
+        return;
     case Name::Stroke: return applyPaint(style.stroke, style.strokeColor, value);
     case Name::StrokeLineCap: return applyChoice(style.cap, kCaps, value);
     case Name::StrokeAlignment: return applyChoice(style.alignment, kAlignments, value);

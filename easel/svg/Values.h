@@ -53,6 +53,8 @@ class Scanner {
 };
 
 [[nodiscard]] std::string_view trimmed(std::string_view text);
+/// A name without its prefix.
+[[nodiscard]] inline std::string_view localName(std::string_view name) { return name.substr(name.find(':') + 1); }
 /// Numbers up to the first thing that is none.
 [[nodiscard]] std::vector<double> numbers(std::string_view text);
 /// None when any part of it is malformed.

@@ -73,7 +73,11 @@ void editLeaf(model::Document& document, Node& node, Node& other, Choice& choice
     case 0: return document.remove(node);
     case 1: return document.offset(node, 1, 2);
     case 2: return document.setHidden(node, !node.hidden());
-    case 3: return document.place(node, other.isContainer() ? Placement::AtBottomInside : Placement::Below, other);
+    case 3: {
+        const Node& parent = other.isContainer() ? other : *other.parent();
+        if (!parent.mayHold(node.type())) return;
+        return document.place(node, other.isContainer() ? Placement::AtBottomInside : Placement::Below, other);
+    }
     case 4:
         if (node.type() != NodeType::Path) return;
         document.setClosed(node, !node.path().closed);
@@ -121,14 +125,20 @@ void requireNear(const model::PathData& was, const model::PathData& is) {
     }
 }
 
-/// The art of two documents in the same order, without groups and layers: some are put around what takes no attributes.
+/// What is neither group nor compound path, in order: groups are put around what takes no attributes, and a compound
+/// path of one subpath is a path when it is read. Paths without points may be gone.
+std::vector<Node*> artOf(model::Document& document) {
+    std::vector<Node*> art = allNodes(document);
+    std::erase_if(art, [](const Node* node) {
+        return node->isContainer() || (node->type() == NodeType::Path && node->path().points.empty());
+    });
+    return art;
+}
+
+/// The art of two documents in the same order.
 void requireSame(model::Document& was, model::Document& is) {
-    std::vector<Node*> before;
-    std::vector<Node*> after;
-    for (Node* const node : allNodes(was))
-        if (!node->isContainer()) before.push_back(node);
-    for (Node* const node : allNodes(is))
-        if (!node->isContainer()) after.push_back(node);
+    const std::vector<Node*> before = artOf(was);
+    const std::vector<Node*> after = artOf(is);
     require(before.size() == after.size(), "art was lost or came from nowhere");
     const auto* const source = dynamic_cast<const svg::Source*>(was.origin.get());
     for (std::size_t i = 0; i < before.size(); ++i) {

@@ -165,7 +165,8 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
     for (int round = 0; round < 250; ++round) {
         journal.begin();
         if (round == 100) {
-            for (int i = 0; i < 600; ++i) addPath(document, layer, random.points(2)); // enough to build it anew
+            for (int i = 0; i < 600; ++i)
+                addPath(document, document.currentLayer(), random.points(2)); // enough to build it anew
         }
         if (round == 150) { // most go at once, and it is built from the rest
             for (Node* const node : allNodes(document))
@@ -212,8 +213,10 @@ Geom::Path outline(const PathData& data) {
 TEST_F(HitTest, CurvesAgreeWithAnIndependentLibrary) {
     RandomEditor random(5);
     Node& path = addPath(document, layer, {});
-    document.setStyle(path, painted(true, 1));
+    Style style = painted(true, 1);
     for (int round = 0; round < 3000; ++round) {
+        style.evenOdd = round % 2 == 0;
+        document.setStyle(path, style);
         document.setPath(path, {random.points(1 + random.below(5)), true});
         const Geom::Path other = outline(path.path());
         const Point from = random.point();
@@ -225,10 +228,39 @@ TEST_F(HitTest, CurvesAgreeWithAnIndependentLibrary) {
             ASSERT_NEAR(std::hypot(hit.point.x - from.x, hit.point.y - from.y), expected, 1e-6) << round;
             const Geom::Point onCurve = other[std::size_t(hit.index)].pointAt(hit.t);
             ASSERT_NEAR(std::hypot(onCurve.x() - hit.point.x, onCurve.y() - hit.point.y), 0, 1e-9) << round;
-            const bool inside = other.winding({from.x, from.y}) % 2 != 0;
+            const int winding = other.winding({from.x, from.y});
+            const bool inside = style.evenOdd ? winding % 2 != 0 : winding != 0;
             ASSERT_EQ(at(from.x, from.y, HitRequest::Fills, 0).kind == HitKind::Fill, inside) << round;
         }
     }
+}
+
+TEST_F(HitTest, SubpathsAreHitAloneButFilledTogether) {
+    Node& ring = document.create(NodeType::Compound, Placement::OnTopInside, layer);
+    const auto addSquare = [&](double from, double to) -> Node& {
+        return addPath(document, ring, {corner(from, from), corner(to, from), corner(to, to), corner(from, to)}, true);
+    };
+    Node& outer = addSquare(0, 90);
+    Node& inner = addSquare(30, 60);
+    const struct {
+        double x;
+        Node* evenOdd;
+        Node* nonZero;
+    } rows[] = {{10, &outer, &outer}, {45, nullptr, &inner}, {75, &outer, &outer}, {100, nullptr, nullptr}};
+    for (const bool evenOdd : {true, false}) {
+        Style style = painted(true, 1);
+        style.evenOdd = evenOdd;
+        document.setStyle(ring, style);
+        for (const auto& row : rows) {
+            Node* const expected = evenOdd ? row.evenOdd : row.nonZero;
+            EXPECT_EQ(at(row.x, 45, HitRequest::Fills, 0).node, expected) << row.x;
+            EXPECT_EQ(document.topmostAt({row.x, 45}, 0), expected) << row.x;
+            EXPECT_EQ(document.touching({row.x, 45, row.x, 45}).empty(), !expected) << row.x;
+        }
+        EXPECT_EQ(document.hitTest(inner, {45, 45}, 0, HitRequest::Fills).node, evenOdd ? nullptr : &inner);
+    }
+    EXPECT_EQ(at(60, 29, HitRequest::Anchors, 2).node, &inner);
+    EXPECT_EQ(document.snapPoint({60, 29}, 2), (Point{60, 30}));
 }
 
 TEST_F(HitTest, InsideIsRightAtTheHeightOfCorners) {

@@ -134,8 +134,8 @@ TEST_F(CommandLine, TellsWhatADrawingHoldsAndMakesPicturesOfIt) {
     EXPECT_EQ(info.code, 0);
     EXPECT_EQ(info.output, warning + "page: 20 x 10 points\nsheet: 7.06 x 3.53 mm (a point for each unit, since the "
                                      "file leaves it open)\nlayer: Layer 1, 3 objects\n"
-                                     "objects: 0 groups, 1 path, 2 opaque\n"
-                                     "opaque: 1 <path>: several subpaths\nopaque: 1 <text>: shown, not edited\n");
+                                     "objects: 0 groups, 1 path, 1 compound path, 1 opaque\n"
+                                     "shapes: 2, 0 of them opaque\nopaque: 1 <text>: shown, not edited\n");
     EXPECT_EQ(easel("render d.svg -o d.png --scale 3").output, warning);
     EXPECT_EQ(easel("render d.svg -o d.pdf").code, 0);
     EXPECT_EQ(folder.content("d.png").substr(16, 8), std::string("\0\0\0\x3c\0\0\0\x1e", 8)); // 60 by 30

@@ -79,6 +79,8 @@ class RandomEditor {
   public:
     explicit RandomEditor(std::uint32_t seed) : engine_(seed) {}
 
+    bool compounds = true; ///< makes compound paths too, which files know only by what they look like
+
     std::size_t below(std::size_t limit) { return std::uniform_int_distribution<std::size_t>(0, limit - 1)(engine_); }
     double coordinate() { return std::uniform_real_distribution<double>(0, 100)(engine_); }
     Point point() { return {coordinate(), coordinate()}; }
@@ -104,16 +106,20 @@ class RandomEditor {
         Node& other = *nodes[below(nodes.size())];
         const bool isPath = node.type() == NodeType::Path;
         const Placement placement = placementAt(other);
+        const Node& parent = placement <= Placement::Below ? *other.parent() : other;
+        const NodeType made = compounds && below(3) == 0 ? NodeType::Compound : NodeType::Group;
         switch (below(isPath ? 20 : 10)) {
         case 0:
-        case 1: document.create(NodeType::Group, placement, other); break;
+        case 1:
+            if (parent.mayHold(made)) document.create(made, placement, other);
+            break;
         case 2:
         case 3: document.setPath(document.create(NodeType::Path, placement, other), {points(below(4)), false}); break;
         case 4:
             if (nodes.size() > 12) document.remove(node);
             break;
         case 5:
-            if (node.type() != NodeType::Layer && !other.isWithin(node)) document.place(node, placement, other);
+            if (parent.mayHold(node.type()) && !other.isWithin(node)) document.place(node, placement, other);
             break;
         case 6: document.select(node, below(3) > 0); break;
         case 7: below(2) ? document.setLocked(node, below(2)) : document.setHidden(node, below(2)); break;

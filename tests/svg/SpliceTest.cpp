@@ -157,6 +157,7 @@ TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         const auto document = read(drawing, "t.svg");
         model::RandomEditor random(seed);
+        random.compounds = false;
         for (int i = 0; i < 40; ++i) random.edit(*document);
         const std::string text = write(*document);
         const auto again = read(text, "t.svg");
@@ -165,6 +166,91 @@ TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
         while (document->journal().undo()) continue;
         ASSERT_EQ(write(*document), drawing);
     }
+}
+
+// Compound paths
+
+constexpr const char* kRing =
+    "<svg><g transform='scale(2)'><path id='ring'  d='M0,0 h9 v9 h-9 z m3 3 v3 h3 v-3 z' fill-rule='evenodd'/>"
+    "<path id='dot' d='M20,20h1'/></g></svg>";
+
+TEST(Splice, CompoundPathsAreEditedByTheirSubpaths) {
+    const struct {
+        const char* what;
+        std::function<void(Document&, Node&)> edit; // the second is the ring: its last child is the outer square
+        const char* from;
+        const char* to;
+    } rows[] = {
+        {"nothing", [](Document&, Node&) {}, "ring", "ring"},
+        {"a subpath moved", [](Document& d, Node& ring) { d.offset(*ring.firstChild(), 2, 0); },
+         "M0,0 h9 v9 h-9 z m3 3 v3 h3 v-3 z", "M0 0 L9 0 L9 9 L0 9 Z M4 3 L4 6 L7 6 L7 3 Z"},
+        {"all moved", [](Document& d, Node& ring) { d.offset(ring, 0, 2); }, "M0,0 h9 v9 h-9 z m3 3 v3 h3 v-3 z",
+         "M0 1 L9 1 L9 10 L0 10 Z M3 4 L3 7 L6 7 L6 4 Z"},
+        {"all around moved", [](Document& d, Node& ring) { d.offset(*ring.parent(), 0, 2); },
+         "<g transform='scale(2)'>", "<g transform='translate(0 2) scale(2)'>"},
+        {"a subpath removed", [](Document& d, Node& ring) { d.remove(*ring.lastChild()); },
+         "M0,0 h9 v9 h-9 z m3 3 v3 h3 v-3 z", "M3 3 L3 6 L6 6 L6 3 Z"},
+        {"a subpath added",
+         [](Document& d, Node& ring) {
+             addLine(d, ring, {2, 4}, {6, 8});
+         },
+         "m3 3 v3 h3 v-3 z", nullptr},
+        {"a path put in", [](Document& d, Node& ring) { d.place(*d.findByName("dot"), Placement::OnTopInside, ring); },
+         "<path id='dot' d='M20,20h1'/>", nullptr},
+        {"one taken out",
+         [](Document& d, Node& ring) { d.place(*ring.firstChild(), Placement::Above, *d.findByName("dot")); },
+         "M0,0 h9 v9 h-9 z m3 3 v3 h3 v-3 z", nullptr},
+        {"a subpath painted",
+         [](Document& d, Node& ring) {
+             Style style = ring.style();
+             style.evenOdd = false;
+             d.setStyle(*ring.firstChild(), style);
+         },
+         "evenodd", "nonzero"},
+        {"a subpath hidden", [](Document& d, Node& ring) { d.setHidden(*ring.firstChild(), true); },
+         "fill-rule='evenodd'", "fill-rule='evenodd' style=\"display:none\""},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        const auto document = read(kRing, "t.svg");
+        Node& ring = *document->findByName("ring");
+        ASSERT_EQ(ring.type(), NodeType::Compound);
+        ASSERT_EQ(ring.childCount(), 2U);
+        row.edit(*document, ring);
+        const std::string text = write(*document);
+        if (row.to)
+            EXPECT_EQ(text, replaced(kRing, row.from, row.to));
+        else
+            EXPECT_EQ(text.find(row.from), std::string::npos);
+        const auto again = read(text, "t.svg");
+        EXPECT_TRUE(ring.childCount() < 2 || Document::sameContent(*document, *again)) << text;
+        EXPECT_EQ(write(*again), text);
+        while (document->journal().undo()) continue;
+        EXPECT_EQ(write(*document), kRing);
+        while (document->journal().redo()) continue;
+        EXPECT_EQ(write(*document), text);
+    }
+}
+
+TEST(Splice, CornersAndOuterHandlesOfCompoundPathsAreKept) {
+    Document document(20, 20);
+    Node& ring = document.create(NodeType::Compound, Placement::OnTopInside, document.currentLayer());
+    document.setCorners(addPath(document, ring, {corner(1, 1), corner(2, 1), corner(2, 2)}, true), 1, {false});
+    addPath(document, ring, {{{3, 3}, {2, 3}, {3, 3}}, corner(4, 4)});
+    document.setCorners(addPath(document, ring, {corner(5, 5), corner(6, 6)}), 0, {false, false});
+    const std::string text = write(document);
+    EXPECT_TRUE(Document::sameContent(document, *read(text, "t.svg"))) << text;
+}
+
+TEST(Splice, DamageInTheThirdSubpathKeepsTheFirstTwo) {
+    std::string warning;
+    const std::string bytes = "<svg><path d='M0 0h5 M1 1h5 M2 2 L3 oops M4 4h5'/></svg>";
+    const auto document = read(bytes, "t.svg", [&](const std::string& line) { warning = line; });
+    EXPECT_EQ(warning, "t.svg:1:6: the outline is damaged; what comes before that is kept");
+    Node& path = *document->currentLayer().firstChild();
+    EXPECT_EQ(path.outlines().size(), 3U); // of the third its beginning
+    document->offset(path, 1, 0);
+    EXPECT_EQ(write(*document), replaced(bytes, "oops M4 4h5'", "oops M4 4h5' transform=\"translate(1 0)\""));
 }
 
 // Its handles were once left out, and all that was left was a dot.

@@ -60,6 +60,7 @@ TEST(Writer, WhatIsReadIsWhatWasWritten) {
     for (std::uint32_t seed = 1; seed <= 30; ++seed) {
         SCOPED_TRACE("seed " + std::to_string(seed));
         model::RandomEditor random(seed);
+        random.compounds = false;
         Document document(200, 100);
         for (int i = 0; i < 150; ++i) random.edit(document);
         const std::string text = write(document);
@@ -85,6 +86,7 @@ TEST(Writer, OddCasesReadBackToo) {
     document.addLayer("");
     const std::array<double, 6> dashes{1, 2, 3, 4, 5, 6};
     document.setStyle(*layer.firstChild()->next(), {true,
+                                                    true,
                                                     true,
                                                     {0.1, 0.5, 0.7},
                                                     {},

@@ -122,7 +122,7 @@ class SelectionTool final : public SelectingTool {
   private:
     static Node& outermost(Node& art) {
         Node* node = &art;
-        while (node->parent()->type() == NodeType::Group) node = node->parent();
+        while (node->parent()->type() != NodeType::Layer) node = node->parent();
         return *node;
     }
 

@@ -24,7 +24,7 @@ class BuiltinTool {
     virtual void release(model::Document& document, model::Point location, Modifiers modifiers) = 0;
 };
 
-/// Selects and moves whole objects: paths, opaque art and outermost groups.
+/// Selects and moves whole objects: paths, compound paths, opaque art and outermost groups.
 [[nodiscard]] std::unique_ptr<BuiltinTool> makeSelectionTool();
 /// Selects and moves anchors, also inside of groups, and the handles of selected anchors.
 [[nodiscard]] std::unique_ptr<BuiltinTool> makeDirectSelectionTool();

@@ -63,10 +63,12 @@ void removeSelected(Document& document) {
     for (Node* const node : document.selection()) {
         // A group takes along what is in it.
         if (!node->alive() || node->effectivelyLocked() || node->effectivelyHidden()) continue;
+        Node* const compound = node->isSubpath() ? node->parent() : nullptr;
         if (node->type() == model::NodeType::Path && !node->allPointsSelected())
             removeAnchors(document, *node);
         else
             document.remove(*node);
+        if (compound && !compound->firstChild()) document.remove(*compound);
     }
 }
 
