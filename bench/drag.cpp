@@ -1,11 +1,10 @@
-// One drag message through the whole way: roll-back, snapping, entry, tool, hit test, new feedback line. Documents of
-// 100 to 1,000,000 paths of equal density, so that only the cost of looking something up may grow.
+// One drag message through the whole way: roll-back, snapping, entry, tool, hit test, new feedback line.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
 #include <memory>
-#include <random>
 
+#include "Documents.h"
 #include "plugin/host/HostMonitor.h"
 #include "session/app/Session.h"
 
@@ -14,29 +13,6 @@ extern "C" SPErr PluginMain(const char* caller, const char* selector, void* mess
 namespace {
 
 using namespace easel;
-
-constexpr double cell = 20; // points; one path a cell
-
-void fill(model::Document& document, std::int64_t count) {
-    const auto columns = static_cast<std::int64_t>(std::ceil(std::sqrt(static_cast<double>(count))));
-    std::mt19937 random(1);
-    std::uniform_real_distribution<double> inCell(0, cell);
-    document.journal().begin();
-    for (std::int64_t i = 0; i < count; ++i) {
-        const std::int64_t row = i / columns;
-        const double left = cell * static_cast<double>(i - row * columns);
-        const double top = cell * static_cast<double>(row);
-        model::PathData data;
-        for (int k = 0; k < 3; ++k) {
-            const model::Point point{left + inCell(random), top + inCell(random)};
-            data.points.push_back({point, point, point});
-        }
-        model::Node& path =
-            document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());
-        document.setPath(path, std::move(data));
-    }
-    document.journal().end();
-}
 
 /// Under the paths many layers with one far away each, which every hit test asks in turn.
 void addLayers(model::Document& document, std::int64_t count) {
@@ -54,8 +30,8 @@ void drag(benchmark::State& state) {
     session::Session session;
     session.plugins.attach("Ortholine", PluginMain);
     session.start();
-    const double side = cell * std::ceil(std::sqrt(static_cast<double>(state.range(0))));
-    fill(session.newDocument(side, side), state.range(0));
+    const double side = documents::side(state.range(0));
+    documents::fill(session.newDocument(side, side), state.range(0));
     addLayers(*session.document(), state.range(1));
     session.input.selectTool(*session.toolbox.findByTitle("Isometric Line Tool"));
 

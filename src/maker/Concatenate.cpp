@@ -219,4 +219,6 @@ void concatSelectedPaths(double joinDist, double maxVariance, double handleParam
         closeClosePath(path, joinDist, maxVariance, handleParam);
 }
 
+void testme() { concatSelectedPaths(kJoinDistance, kMostVariance, kHandleTolerance, kStraightOn); }
+
 } // namespace vl::conc

@@ -16,6 +16,12 @@ namespace vl::conc {
 
 inline constexpr int kMostSegPoints = 32000; ///< of one path
 
+// How the line tool joins
+inline constexpr double kJoinDistance = 0.5;   ///< points between ends that meet
+inline constexpr double kMostVariance = 155;   ///< degrees by which the path may turn
+inline constexpr double kHandleTolerance = 35; ///< degrees
+inline constexpr double kStraightOn = 0;       ///< degrees
+
 // Which ends meet
 /// Index of the nearest pair of ends, one less than its route; of equally near ones the lowest.
 [[nodiscard]] int whichPointsClose(ArtObject* a, ArtObject* b);
@@ -43,5 +49,7 @@ void safelyDisposePath(ArtObject*& path);
 void assimSelectedPaths(double joinDist, double maxVariance, double handleParam, double angleTol);
 /// The same, and closes what then ends where it starts.
 void concatSelectedPaths(double joinDist, double maxVariance, double handleParam, double angleTol);
+/// The same with the numbers of the line tool, to try them on a drawing.
+void testme();
 
 } // namespace vl::conc

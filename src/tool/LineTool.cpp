@@ -25,11 +25,6 @@ constexpr double kPressTolerance = 3.0; // screen units
 constexpr double kDragTolerance = 2.0;
 constexpr double kShortestLine = 2.0; // points
 constexpr double kLengthRounding = 1e-9;
-// How a line is joined to the path that it continues
-constexpr double kJoinDistance = 0.5;   // points between ends that meet
-constexpr double kMostVariance = 155;   // degrees by which the line may turn
-constexpr double kHandleTolerance = 35; // degrees
-constexpr double kStraightOn = 0;       // degrees
 
 kzo::core::PathStyle lineStyle() {
     kzo::core::PathStyle style;
@@ -54,10 +49,14 @@ std::unique_ptr<Art> newLine(const vlGlobals& globals, const Art* group) {
     return nullptr;
 }
 
+/// A path that may be changed, also by what is around it.
+bool isWithinReach(ArtObject* art) { return vl::geo::isEditablePath(art) && Art(art).editable(); }
+
 /// Joins the line to the end that was pressed on, which is the last point of `hitArt`. False, with both as they were,
 /// when the path has gone or been locked since, or when the line turns back on it.
 bool join(vlGlobals& globals, const Art& line) {
-    if (!vl::geo::isEditablePath(globals.hitArt)) return false;
+    using namespace vl::conc;
+    if (!isWithinReach(globals.hitArt)) return false;
     kzo::core::ArtboardPoint first, last;
     const Art path(globals.hitArt);
     path.path()->endPoints(first, last);
@@ -66,12 +65,11 @@ bool join(vlGlobals& globals, const Art& line) {
     vl::geo::reverseAIPath(globals.hitArt);
     ArtObject* newPath = line.aiArtHandle();
     constexpr int kStartsMeet = 1;
-    if (vl::conc::getConnectionRoute(globals.hitArt, newPath, kJoinDistance, kMostVariance, kStraightOn) !=
-        kStartsMeet) {
+    if (getConnectionRoute(globals.hitArt, newPath, kJoinDistance, kMostVariance, kStraightOn) != kStartsMeet) {
         vl::geo::reverseAIPath(globals.hitArt);
         return false;
     }
-    return vl::conc::concat_path(globals.hitArt, newPath, kJoinDistance, kMostVariance, kHandleTolerance, kStraightOn);
+    return concat_path(globals.hitArt, newPath, kJoinDistance, kMostVariance, kHandleTolerance, kStraightOn);
 }
 
 /// Notes what the press continues: an open path that was pressed on at one of its ends. Pressed on its start the path
@@ -79,7 +77,7 @@ bool join(vlGlobals& globals, const Art& line) {
 void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
     const auto art = hit.art(); // in a group it is the member that was hit, never the group
     globals.hitArt = art ? art->aiArtHandle() : nullptr;
-    if (!vl::geo::isEditablePath(globals.hitArt)) return;
+    if (!isWithinReach(globals.hitArt)) return;
     if (hit.hitType() != HitType::Anchor || art->path()->closed()) return;
     kzo::core::PathArt* const path = art->path();
     const std::int16_t index = hit.segPointIndex();
@@ -194,9 +192,8 @@ void Plugin::finishLine(vlGlobals& globals) {
         Art(globals.hitArt).select();
     else if (line)
         line->select();
-    // Nobody is to see that a press turned the path round when nothing came of it.
-    if (globals.turned && !globals.joined && vl::geo::isEditablePath(globals.hitArt))
-        vl::geo::reverseAIPath(globals.hitArt);
+    // Nobody is to see that a press turned the path round when nothing came of it, be it out of reach by now.
+    if (globals.turned && !globals.joined) vl::geo::reverseAIPath(globals.hitArt);
 }
 
 } // namespace ortho

@@ -1,11 +1,15 @@
 // The line tool as a user meets it: mouse messages in, lines in the document out.
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <functional>
 #include <numbers>
 
+#include "core/app/Plugin.h"
 #include "maker/Globals.h"
 #include "support/Desk.h"
+#include "support/Receiver.h"
 #include "tool/Plugin.h"
 
 namespace {
@@ -71,6 +75,7 @@ TEST(LineTool, MeasuresAndTestsInAZoomedViewAsOnScreen) {
     desk.document().view.zoom = 10;
     desk.selectTool();
     EXPECT_EQ(desk.session().screen.cursor.number, 20);
+    desk.inMessage([] { EXPECT_EQ(vlGlobals::adj4vue(8), 0.8); });
     // A path's end 0.4 points away is 4 screen units away: too far to be pressed on.
     desk.addPath({{100, 100}, {140, 100}});
     desk.session().pointer.press({100.4, 100}, 0);
@@ -78,6 +83,7 @@ TEST(LineTool, MeasuresAndTestsInAZoomedViewAsOnScreen) {
     desk.session().pointer.cancel();
     desk.session().pointer.press({100.2, 100}, 0);
     EXPECT_TRUE(vlGlobals::instance()->continuing);
+    EXPECT_EQ(desk.session().screen.cursor.number, 230);
     desk.session().pointer.cancel();
 }
 
@@ -362,6 +368,53 @@ TEST(LineTool, JoinsNothingThatTurnsBackOrIsTooShort) {
 }
 
 // Trouble
+
+// What becomes of the hit path and the layers after the last drag, and how many paths there are then.
+TEST(LineTool, FindsWhatChangedBetweenPressAndRelease) {
+    struct Drawing {
+        Desk desk;
+        Document& document = desk.document();
+        Node& layer = document.currentLayer();
+        Node& other = document.addLayer("Other");
+        Node& path = desk.addPath({{100, 100}, {200, 100}}, false, &layer);
+    };
+    const struct {
+        const char* what;
+        std::function<void(Drawing&)> change;
+        std::size_t paths;
+    } rows[] = {
+        {"nothing", [](Drawing&) {}, 1},
+        {"the path is locked", [](Drawing& d) { d.document.setLocked(d.path, true); }, 2},
+        {"the path is hidden", [](Drawing& d) { d.document.setHidden(d.path, true); }, 2},
+        {"the path is gone", [](Drawing& d) { d.document.remove(d.path); }, 1},
+        {"the path is closed", [](Drawing& d) { d.document.setClosed(d.path, true); }, 2},
+        {"the path has moved", [](Drawing& d) { d.document.offset(d.path, 3, 3); }, 2},
+        {"the path has no points", [](Drawing& d) { d.document.setPointCount(d.path, 0); }, 2},
+        {"its layer is locked", [](Drawing& d) { d.document.setLocked(d.layer, true); }, 2},
+        {"its layer is hidden", [](Drawing& d) { d.document.setHidden(d.layer, true); }, 2},
+        {"its layer is gone", [](Drawing& d) { d.document.remove(d.layer); }, 1},
+        {"the current layer is locked", [](Drawing& d) { d.document.setLocked(d.other, true); }, 1},
+        {"the current layer is gone", [](Drawing& d) { d.document.remove(d.other); }, 1},
+    };
+    for (const auto& row : rows) {
+        for (const bool atStart : {false, true}) {
+            SCOPED_TRACE(testing::Message() << row.what << atStart);
+            Drawing drawing;
+            drawing.desk.selectTool();
+            vlGlobals::instance()->autoConcat = true;
+            desk::Receiver change{[&] { row.change(drawing); }};
+            kzo::core::Plugin::instance()->setToolPreMouseUpCallback(change.callback());
+            const Point from{atStart ? 100.0 : 200.0, 100};
+            drawing.desk.stroke({from, {from.x, 40}});
+            const auto paths = drawing.desk.paths();
+            EXPECT_EQ(paths.size(), row.paths);
+            const auto there = std::find(paths.begin(), paths.end(), &drawing.path);
+            const auto points = there == paths.end() ? std::vector<Point>() : drawing.desk.anchors(drawing.path);
+            EXPECT_TRUE(points.size() != 2 || points[0].x < points[1].x); // turned back, unless it was joined
+            drawing.desk.expectReports();                                 // where a layer cannot be drawn on
+        }
+    }
+}
 
 TEST(LineTool, RefusedHostCallsLeaveTheDrawingAsItWas) {
     const auto strokeWith = [](auto entryOf) {

@@ -103,6 +103,12 @@ TEST(MoverTool, MovesWhatIsSelectedOnceAndAsWhatItIs) {
              d.desk.document().setHidden(d.group, true);
          },
          {0, 0, 0, 0, 1}},
+        {"art beside a locked layer that is current, of which nobody need hear",
+         [](Drawing& d) {
+             d.select({&d.d});
+             d.desk.document().setLocked(d.desk.document().currentLayer(), true);
+         },
+         {0, 0, 0, 1, 0}},
         {"art on a locked layer",
          [](Drawing& d) {
              d.select({&d.group, &d.e});

@@ -102,9 +102,12 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     locate(location, modifiers);
     messenger_.batch([&] {
         held_.button = false;
+        const std::size_t steps = journal.undoDepth();
         send(kSelectorAIToolMouseUp, &BuiltinTool::release);
         if (buffered_) journal.dropMark();
         journal.end();
+        // A tool that did something had no need of the current layer.
+        if (journal.undoDepth() > steps) remark_ = Remark::None;
         reportRemark();
     });
 }

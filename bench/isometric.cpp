@@ -1,0 +1,92 @@
+// The mover's drag message with many objects selected, and the joining of long paths.
+#include <benchmark/benchmark.h>
+
+#include <chrono>
+#include <cmath>
+#include <vector>
+
+#include "Documents.h"
+#include "core/app/Plugin.h"
+#include "core/document/Art.h"
+#include "core/frame/Dispatcher.h"
+#include "maker/Concatenate.h"
+#include "session/app/Session.h"
+
+extern "C" SPErr PluginMain(const char* caller, const char* selector, void* message);
+
+namespace {
+
+using namespace easel;
+
+/// Arguments: paths, selected ones among them, all over the page. To be done within 40 ms for 10,000, in a time that
+/// grows with the selection alone.
+void moveSelection(benchmark::State& state) {
+    session::Session session;
+    session.plugins.attach("Ortholine", PluginMain);
+    session.start();
+    model::Document& document = session.newDocument(documents::side(state.range(0)), documents::side(state.range(0)));
+    documents::fill(document, state.range(0));
+    const std::int64_t every = state.range(0) / state.range(1);
+    std::int64_t at = 0;
+    for (model::Node* path = document.currentLayer().firstChild(); path; path = path->next())
+        if (at++ % every == 0) document.select(*path, true);
+    session.input.selectTool(*session.toolbox.findByTitle("Isometric Mover Tool"));
+    session.pointer.press({5, 5}, 0);
+    int step = 0;
+    for ([[maybe_unused]] auto _ : state) session.pointer.drag({5.0 + ++step % 97, 50}, 0);
+    session.pointer.cancel();
+}
+BENCHMARK(moveSelection)
+    ->Args({20'000, 1'000})
+    ->Args({20'000, 10'000})
+    ->Args({1'000'000, 10'000})
+    ->Args({200'000, 100'000})
+    ->Unit(benchmark::kMillisecond);
+
+/// What the plug-in does in the message that is timed.
+struct Joining {
+    benchmark::State& state;
+
+    static kzo::core::Art path(double from, double to, std::int16_t count) {
+        kzo::core::PathArt::SegPoints points;
+        for (int i = 0; i < count; ++i)
+            points.emplace_back(kzo::core::ArtboardPoint(from + (to - from) * i / (count - 1), std::sin(i)), true);
+        kzo::core::Art art(kzo::core::ArtType::Path, kzo::core::PaintOrder::AboveAll);
+        art.path()->setSegPointCount(count);
+        art.path()->setSegPoints(0, points);
+        return art;
+    }
+
+    void run() {
+        const auto count = static_cast<std::int16_t>(state.range(0));
+        for ([[maybe_unused]] auto _ : state) {
+            const kzo::core::Art first = path(0, -100, count);
+            const kzo::core::Art second = path(0, 100, count);
+            ArtObject* a = first.aiArtHandle();
+            ArtObject* b = second.aiArtHandle();
+            using namespace vl::conc;
+            const auto start = std::chrono::steady_clock::now();
+            const bool joined = concat_path(a, b, kJoinDistance, kMostVariance, kHandleTolerance, kStraightOn);
+            state.SetIterationTime(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+            if (!joined) state.SkipWithError("not joined");
+            kzo::core::Art(a).dispose();
+        }
+    }
+};
+
+/// To be done within 10 ms for two paths of 16,000 anchors.
+void joinPaths(benchmark::State& state) {
+    session::Session session;
+    auto& plugin = session.plugins.attach("Ortholine", PluginMain);
+    session.start();
+    session.newDocument(100, 100);
+    Joining joining{state};
+    using kzo::core::__Callback;
+    kzo::core::Plugin::instance()->dispatcher()->registerMessageCallback("Bench", "Join",
+                                                                         __Callback<Joining>(&joining, &Joining::run));
+    SPMessageData message{};
+    session.messenger.send(plugin, "Bench", "Join", message);
+}
+BENCHMARK(joinPaths)->Arg(1'600)->Arg(16'000)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
