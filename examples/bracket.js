@@ -1,8 +1,8 @@
-// Draws a bracket in dimetric projection, as workshops do: 7 degrees to the right, 42 to the left and there half as long.
-// Each outline is one path of joined strokes. The tools take their axes from the preferences, here those of the folder
+// Draws a bracket under its pins, in dimetric projection, as workshops do: 7 degrees to the right, 42 to the left and
+// there half as long. Each outline is one path of joined strokes. The tools take their axes from the preferences, here those of the folder
 // out/dimetric (docs/line-tool.md says how to set them):
 //
-//   easel run examples/bracket.js --plugin build/release/Ortholine.aip --profile out/dimetric
+//   ./run --profile out/dimetric examples/bracket.js
 
 var axes = {right: 7, up: 90, left: 138}; // degrees, counter-clockwise as seen
 var scale = {right: 1, up: 1, left: 0.5};
@@ -27,50 +27,29 @@ function outline(corners) {
         var length = Math.sqrt(Math.pow(to[0] - from[0], 2) + Math.pow(to[1] - from[1], 2));
         mouse.stroke([from, [from[0] + length * Math.cos(angle), from[1] + length * Math.sin(angle)]], {command: i > 1});
     }
-    assert(doc.paths[0].points.length === corners.length, "one path of " + corners.length + " anchors");
-    return doc.paths[0];
+    assert(lines()[0].points.length === corners.length, "one path of " + corners.length + " anchors");
 }
 
-// A circle that lies on the base, as the ellipse that it looks like.
-function circle(right, left, up, radius) {
-    var kappa = 0.5522847498307936 * radius; // of a quarter circle's handles
-    return [[1, 0], [0, 1], [-1, 0], [0, -1]].map(function (to) {
-        var side = [-to[1], to[0]];
-        function at(out, along) {
-            return place(right + to[0] * out + side[0] * along, left + to[1] * out + side[1] * along, up);
-        }
-        var anchor = at(radius, 0), before = at(radius, -kappa), after = at(radius, kappa);
-        return {x: anchor[0], y: anchor[1], inX: before[0], inY: before[1], outX: after[0], outY: after[1],
-                corner: false};
-    });
-}
-
-// A pin stands on the base: its top, and its side from the leftmost point of the top down, round and up again.
-function pin(right, left, up, radius, height) {
-    var top = circle(right, left, up + height, radius), foot = circle(right, left, up, radius);
-    doc.addPath([foot[2], foot[3], foot[0]].map(function (p, i) {
-        return i === 1 ? p : {x: p.x, y: p.y, inX: i ? p.inX : p.x, inY: i ? p.inY : p.y, outX: i ? p.x : p.outX,
-                              outY: i ? p.y : p.outY, corner: true};
-    }).concat([[top[0].x, top[0].y]]));
-    doc.addPath([[foot[2].x, foot[2].y], [top[2].x, top[2].y]]);
-    doc.addPath(top, {closed: true});
+function lines() {
+    return doc.paths.filter(function (path) { return path.layer.title === "Bracket"; });
 }
 
 var width = 220, depth = 160, height = 150, thick = 26;
-var doc = app.newDocument(400, 380);
+var doc = app.open("examples/bracket-parts.svg");
+doc.currentLayer = doc.layers.filter(function (layer) { return layer.title === "Bracket"; })[0];
 app.selectTool("Isometric Line Tool");
 app.snapToPoint = true;
 
-var profile = outline([[0, 0, 0], [width, 0, 0], [width, 0, height], [width - thick, 0, height],
+outline([[0, 0, 0], [width, 0, 0], [width, 0, height], [width - thick, 0, height],
                        [width - thick, 0, thick], [0, 0, thick], [0, 0, 0]]);
-var back = outline([[0, depth, 0], [0, depth, thick], [width - thick, depth, thick], [width - thick, depth, height],
+outline([[0, depth, 0], [0, depth, thick], [width - thick, depth, thick], [width - thick, depth, height],
                     [width, depth, height]]);
 [[0, 0], [0, thick], [width - thick, thick], [width - thick, height], [width, height]].forEach(function (at) {
     outline([[at[0], 0, at[1]], [at[0], depth, at[1]]]);
 });
 
 // Each stroke lies along an axis, though the hand was off.
-doc.paths.forEach(function (path) {
+lines().forEach(function (path) {
     for (var i = 1; i < path.points.length; ++i) {
         var a = path.points[i - 1], b = path.points[i];
         var degrees = (Math.atan2(a.y - b.y, b.x - a.x) * 180 / Math.PI + 360) % 180;
@@ -78,15 +57,12 @@ doc.paths.forEach(function (path) {
                "a stroke at " + degrees + " degrees; the axes of the preferences are not " + JSON.stringify(axes));
     }
 });
-assert(doc.paths.length === 7, "two outlines and five edges, not " + doc.paths.length);
+assert(lines().length === 7, "two outlines and five edges, not " + lines().length);
 assert(doc.undoDepth === 15, "each stroke is one step of undo, not " + doc.undoDepth);
 
-[[60, 50], [130, 110]].forEach(function (at) {
-    doc.addPath(circle(at[0], at[1], thick, 20), {closed: true});
-    pin(at[0], at[1], thick, 11, 34);
-});
 doc.deselectAll();
 assert(app.reports.length === 0, "nothing was amiss: " + app.reports.join("; "));
 app.save("out/bracket.svg");
 app.exportPNG("out/bracket.png", 2);
-print(doc.paths.length, "paths");
+print("out/bracket.svg");
+print("out/bracket.png");

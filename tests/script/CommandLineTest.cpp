@@ -268,13 +268,18 @@ TEST_F(CommandLine, AStrokeTellsWhatBecameOfIt) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));
-    for (const std::string name : {"cube", "shift-and-option", "select", "line-tool", "stairs", "measure", "shapes"}) {
+    folder.write("dimetric/Velloran/Ortholine 16/Preferences", R"({"Prefs":{"zAxis":7,"xAxis":138}})");
+    for (const std::string name :
+         {"cube", "shift-and-option", "select", "line-tool", "stairs", "bracket", "move", "measure", "shapes"}) {
         const std::string bundle = name == "measure"  ? TEST_BUILD_DIR "/Measure.aip"
                                    : name == "shapes" ? TEST_BUILD_DIR "/Shapes.aip"
                                                       : ORTHOLINE_BUNDLE;
-        const Ended ended = easel("run examples/" + name + ".js --plugin " + bundle);
+        const std::string profile = name == "bracket" ? " --profile dimetric" : "";
+        const Ended ended = easel("run examples/" + name + ".js --plugin " + bundle + profile);
         EXPECT_EQ(ended.code, 0) << ended.output;
     }
+    // What the bracket's script draws is what the mover's script starts from.
+    EXPECT_EQ(folder.content("out/bracket.svg"), folder.content("examples/bracket.svg"));
     for (const std::string name : {"cube", "measure", "shapes"})
         EXPECT_EQ(folder.content("out/" + name + ".png").substr(1, 3), "PNG") << name;
     EXPECT_NE(folder.content("out/cube.svg").find("inkscape:label=\"Cube\""), std::string::npos);
