@@ -7,6 +7,7 @@
 
 #include "session/base/Error.h"
 #include "session/base/HostPreferences.h"
+#include "session/base/Identity.h"
 #include "session/base/Profile.h"
 #include "session/base/Reports.h"
 #include "session/documents/Documents.h"
@@ -65,6 +66,8 @@ class Session {
     Reports reports;
     Profile profile;
     HostPreferences preferences;
+    Identity identity;
+    Browser browser;
     Documents documents{reports};
 
     // Frame
