@@ -22,7 +22,8 @@ using Bound = kzo::core::__Callback<About>;
 
 constexpr const char* kMenuGroup = "About Velloran Plugins";
 constexpr const char* kNotice = "\xc2\xa9 Velloran. All rights reserved.";
-constexpr const char* kAcknowledgement = "This plugin is built on the kzo plug-in framework, with thanks to its authors.";
+constexpr const char* kAcknowledgement =
+    "This plugin is built on the kzo plug-in framework, with thanks to its authors.";
 
 // Points
 const Size kSize{300, 264};

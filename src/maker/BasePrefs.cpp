@@ -97,8 +97,8 @@ void vlBasePrefs::shutdown() { menuItem_.destroy(); }
 
 void vlBasePrefs::makePrefsMenu(const std::string& name) {
     const auto group = sharedMenuGroup(kMenuGroup, kzo::core::BuiltinMenuGroup::Preferences);
-    menuItem_ = kzo::core::MenuItem(group, name + "...",
-                                    kzo::core::__Callback<vlBasePrefs>(this, &vlBasePrefs::__showPrefsCB));
+    menuItem_ =
+        kzo::core::MenuItem(group, name + "...", kzo::core::__Callback<vlBasePrefs>(this, &vlBasePrefs::__showPrefsCB));
     kzo::core::Plugin::instance()->setPrefsMenuItem(menuItem_);
 }
 

@@ -25,7 +25,7 @@ class vlBasePrefs {
 
     // Life
     virtual void init();
-    virtual void startup(); ///< finds and loads the file, greets at the first launch, and writes all keys
+    virtual void startup();     ///< finds and loads the file, greets at the first launch, and writes all keys
     virtual void postStartup(); ///< builds the update dialog, and checks for updates when that is due
     virtual void preShutdown(); ///< writes the file, gives a check up, and takes the dialog down
     virtual void shutdown();
@@ -96,10 +96,11 @@ class vlBasePrefs {
     kzo::core::MenuItem menuItem_;
 
     // The update check
-    bool manual_ = false;                                ///< the user asked for the check that runs
-    std::unique_ptr<kzo::core::InternetGET> request_;    ///< null when no check runs
-    std::string lastGoodDays_;                           ///< what the days field held before a wrong character
-    std::shared_ptr<const bool> life_ = std::make_shared<bool>(); ///< to see afterwards whether this object is still there
+    bool manual_ = false;                             ///< the user asked for the check that runs
+    std::unique_ptr<kzo::core::InternetGET> request_; ///< null when no check runs
+    std::string lastGoodDays_;                        ///< what the days field held before a wrong character
+    std::shared_ptr<const bool> life_ =
+        std::make_shared<bool>(); ///< to see afterwards whether this object is still there
     kzo::core::ModalDialog updateDialog_;
     kzo::core::Label updateMessage_;
     kzo::core::Checkbox automaticCheckbox_;

@@ -18,9 +18,10 @@ constexpr std::int32_t kLoad = 1;
 constexpr std::int32_t kDoNotLoad = 2;
 
 std::string question(const std::string& plugin) {
-    const std::string text = "This $PluginName plugin was built for $targetVer and is not recommended for this version. "
-                             "You can download the correct version at\n\n" +
-                             web::downloadsPage() + "\n\nWould you like to load this plugin anyway?";
+    const std::string text =
+        "This $PluginName plugin was built for $targetVer and is not recommended for this version. "
+        "You can download the correct version at\n\n" +
+        web::downloadsPage() + "\n\nWould you like to load this plugin anyway?";
     return strReplace(strReplace(text, "$PluginName", plugin), "$targetVer", product::kHostName);
 }
 

@@ -33,13 +33,11 @@ constexpr std::int32_t kMostInterval = 90;
 constexpr std::int32_t kUsualInterval = 7;
 
 const std::string kTheProduct = std::string(product::kName) + " plugin";
-const std::string kRecommended = std::string("Update checks to this version of ") + product::kName +
-                                 " are recommended at least every 7 days.";
+const std::string kRecommended =
+    std::string("Update checks to this version of ") + product::kName + " are recommended at least every 7 days.";
 
 /// What a field holds; false when that is no number.
-bool scanDays(const TextField& field, double& days) {
-    return scanNumber(field.text(), days) && std::isfinite(days);
-}
+bool scanDays(const TextField& field, double& days) { return scanNumber(field.text(), days) && std::isfinite(days); }
 
 std::int32_t wholeDays(double days) {
     return static_cast<std::int32_t>(std::clamp(std::trunc(days), double{kLeastInterval}, double{kMostInterval}));

@@ -65,7 +65,7 @@ class Session {
 
     Reports reports;
     Profile profile;
-    HostPreferences preferences;
+    HostPreferences preferences{profile, reports};
     Identity identity;
     Browser browser;
     Documents documents{reports};
