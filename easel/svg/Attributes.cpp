@@ -35,6 +35,7 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{kNodeTypes, Name::NodeTypes},
                             Known{kEnds, Name::Ends},
                             Known{"style", Name::Style},
+                            Known{"class", Name::Class},
                             Known{"viewBox", Name::ViewBox},
                             Known{"clipPathUnits", Name::ClipPathUnits},
                             Known{"transform", Name::Transform},
@@ -122,12 +123,31 @@ Attributes::Attributes(const char** pairs) {
         values_[static_cast<std::size_t>(name)] = value;
         if (isPresentation(name)) properties_.emplace_back(name, trimmed(value));
     }
+    attributeCount_ = properties_.size();
     if (!has(Name::Style)) return;
-    forEachDeclaration(get(Name::Style), [this](std::string_view text, std::string_view value) {
-        const Name name = nameOf(text);
-        if (name == Name::Transform && value != "none") transformsInStyle_ = true;
-        if (name > Name::Transform && name != Name::Unknown) properties_.emplace_back(name, value);
+    forEachDeclaration(get(Name::Style), [this](std::string_view text, std::string_view value, bool important) {
+        const bool added = addDeclaration(text, value, properties_.size() - (important ? 0 : insistingCount_));
+        if (added && important) ++insistingCount_;
     });
+}
+
+/// Before the property at `place`.
+bool Attributes::addDeclaration(std::string_view text, std::string_view value, std::size_t place) {
+    const Name name = nameOf(text);
+    if (name == Name::Transform && value != "none") transformsInStyle_ = true;
+    if (name <= Name::Transform || name == Name::Unknown) return false;
+    properties_.emplace(properties_.begin() + static_cast<std::ptrdiff_t>(place), name, value);
+    return true;
+}
+
+void Attributes::cascade(const std::vector<const StyleSheet::Declaration*>& declarations) {
+    std::size_t insisting = insistingCount_; // what the style insists on wins over what sheets do
+    for (const StyleSheet::Declaration* const declaration : declarations) {
+        const std::size_t place = declaration->important ? properties_.size() - insisting : attributeCount_;
+        const bool added = addDeclaration(declaration->name, declaration->value, place);
+        if (added && declaration->important) ++insistingCount_;
+        if (added && !declaration->important) ++attributeCount_;
+    }
 }
 
 std::string_view Attributes::property(Name name) const {

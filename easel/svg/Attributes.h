@@ -10,6 +10,7 @@
 #include <optional>
 #include <string_view>
 
+#include "svg/StyleSheet.h"
 #include "svg/Units.h"
 
 namespace easel::svg {
@@ -40,6 +41,7 @@ enum class Name : std::uint8_t {
     NodeTypes,
     Ends,
     Style,
+    Class,
     ViewBox,
     ClipPathUnits,
     // Properties; those of paint lie between Fill and StrokeDashOffset
@@ -87,6 +89,9 @@ class Attributes {
     [[nodiscard]] std::string_view get(Name name) const { return find(name).value_or(""); }
     [[nodiscard]] bool has(Name name) const { return present_[static_cast<std::size_t>(name)]; }
 
+    /// Puts what style sheets declare, which must live longer, between attributes and style.
+    void cascade(const std::vector<const StyleSheet::Declaration*>& declarations);
+
     /// Calls `use(name, value)` for each property, attributes first, as later ones win.
     template <class Use> void forEachProperty(Use use) const {
         for (const auto& [name, value] : properties_) use(name, value);
@@ -104,11 +109,16 @@ class Attributes {
     [[nodiscard]] Units units(const Units& around) const;
 
   private:
+    bool addDeclaration(std::string_view text, std::string_view value, std::size_t place);
+
     static constexpr std::size_t kCount = static_cast<std::size_t>(Name::Unknown);
 
     std::bitset<kCount> present_;
     std::array<std::string_view, kCount> values_;
+    /// Of attributes; then of the style; then those that it insists on.
     boost::container::small_vector<std::pair<Name, std::string_view>, 16> properties_;
+    std::size_t attributeCount_ = 0;
+    std::size_t insistingCount_ = 0;
     bool transformsInStyle_ = false;
 };
 

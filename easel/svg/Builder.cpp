@@ -204,7 +204,12 @@ void Builder::bindPrefix(std::string_view prefix, std::string_view uri) {
     if (known && !has(*known, prefix)) known->emplace_back(prefix);
 }
 
-void Builder::startElement(std::string_view name, const Attributes& attributes, TagBytes tag) {
+Builder::Builder(std::shared_ptr<Source> source, Warn warn, const std::vector<std::string>& sheets)
+    : source_(std::move(source)), warn_(std::move(warn)) {
+    for (const std::string& sheet : sheets) rules_.add(sheet);
+}
+
+void Builder::startElement(std::string_view name, Attributes attributes, TagBytes tag) {
     if (++source_->elementCount > kMostElements) {
         throw std::length_error("more than " + std::to_string(kMostElements) + " elements");
     }
@@ -212,7 +217,12 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
         throw std::length_error("elements nest deeper than " + std::to_string(kDeepestElement));
     }
     const std::string_view element = svgName(name);
-    if (element == "style") startSheet(tag);
+    if (!rules_.isEmpty()) {
+        styled_.push_back(
+            {std::string(element), std::string(attributes.get(Name::Id)), classesIn(attributes.get(Name::Class))});
+        attributes.cascade(rules_.declarationsFor(styled_));
+    }
+    if (element == "style") startSheet();
     clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
     if (skipped_.open > 0) {
         ++skipped_.open;
@@ -247,7 +257,8 @@ void Builder::startElement(std::string_view name, const Attributes& attributes, 
 
 void Builder::endElement(TagBytes tag) {
     clipPaths_.endElement();
-    if (depth_ == sheet_.depth) endSheet(tag);
+    if (depth_ == sheet_.depth) endSheet();
+    if (!styled_.empty()) styled_.pop_back();
     if (skipped_.open > 0) {
         if (measuring_.node) measuring_.transforms.pop_back();
         if (--skipped_.open == 0) {
@@ -267,21 +278,20 @@ void Builder::endElement(TagBytes tag) {
     --depth_;
 }
 
-// Style sheets are not evaluated, but looked through for what would matter.
+// Style sheets
 
-void Builder::startSheet(TagBytes tag) {
+void Builder::startSheet() { // of any type, as for the renderer
     source_->hasStyleSheet = true;
-    if (sheet_.depth == 0) sheet_ = {depth_, tag.end, tag.inEntity};
+    if (sheet_.depth == 0) sheet_ = {depth_, {}};
 }
 
-void Builder::endSheet(TagBytes tag) {
-    const std::string_view text = std::string_view(source_->text).substr(sheet_.begin, tag.begin - sheet_.begin);
-    const bool isElsewhere =
-        sheet_.inEntity || text.find('&') != std::string_view::npos || text.find("@import") != std::string_view::npos;
-    const auto has = [&](std::string_view what) { return isElsewhere || text.find(what) != std::string_view::npos; };
-    source_->sheetHasServers = source_->sheetHasServers || has("url(");
-    source_->sheetInsists = source_->sheetInsists || has("!important");
-    fontsAreKnown_ = fontsAreKnown_ && !has("font");
+void Builder::endSheet() {
+    const auto has = [&](std::string_view what) { return sheet_.text.find(what) != std::string::npos; };
+    const bool isElsewhere = has("@import");
+    source_->sheetHasServers = source_->sheetHasServers || isElsewhere || has("url(");
+    source_->sheetInsists = source_->sheetInsists || isElsewhere || has("important");
+    fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (rules_.isUnderstood() || !has("font"));
+    sheets_.push_back(std::move(sheet_.text));
     sheet_ = {};
 }
 

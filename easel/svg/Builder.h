@@ -30,12 +30,19 @@ class Builder {
   public:
     using Warn = std::function<void(const std::string& what)>;
 
-    Builder(std::shared_ptr<Source> source, Warn warn) : source_(std::move(source)), warn_(std::move(warn)) {}
+    /// `sheets`: the texts of the drawing's style sheets, as far as they are known.
+    Builder(std::shared_ptr<Source> source, Warn warn, const std::vector<std::string>& sheets);
 
     void bindPrefix(std::string_view prefix, std::string_view uri); ///< on the element that starts next
-    void startElement(std::string_view name, const Attributes& attributes, TagBytes tag);
+    void startElement(std::string_view name, Attributes attributes, TagBytes tag);
     void endElement(TagBytes tag);
     void linkSheet(); ///< a style sheet that is a file of its own
+    [[nodiscard]] bool isInSheet() const { return sheet_.depth > 0; }
+    void addSheetText(std::string_view text) { sheet_.text += text; } ///< to be called while in one
+    /// The texts of the style sheets met so far; where these are more than were known, what was read may look
+    /// otherwise.
+    [[nodiscard]] const std::vector<std::string>& sheets() const { return sheets_; }
+    [[nodiscard]] bool hasRead() const { return source_->elements.size() > 1; } ///< anything but the root
     /// What elements of this name have where they do not say otherwise. Names as they are written.
     void addDefault(std::string_view tagName, std::string_view attribute, std::string_view value);
     /// The document, complete and with its origin.
@@ -58,8 +65,8 @@ class Builder {
     void addReference(const Attributes& attributes);
     void measureInside(std::string_view element, const Attributes& attributes);
     void endSkipped();
-    void startSheet(TagBytes tag);
-    void endSheet(TagBytes tag);
+    void startSheet();
+    void endSheet();
 
     // Parts of them
     model::Node& newLayer(const Attributes& attributes);
@@ -103,9 +110,11 @@ class Builder {
     /// A style element that is open.
     struct Sheet {
         std::size_t depth = 0; ///< 0: none is
-        std::uint32_t begin = 0;
-        bool inEntity = false;
+        std::string text;
     } sheet_;
+    StyleSheet rules_;
+    std::vector<std::string> sheets_;
+    std::vector<Styled> styled_;      // the open elements, where there are rules
     bool fontsAreKnown_ = true;       // no style sheet has to do with them
     std::uint32_t lastReference_ = 0; // where the latest art from an entity is referred to
     bool firstLayerTaken_ = false;

@@ -20,6 +20,7 @@ namespace easel::svg {
 namespace {
 
 constexpr std::size_t kChunk = std::size_t{1} << 20;
+constexpr std::size_t kSheetsBegunAgainFor = 8;
 
 bool isUtf8Name(std::string_view name) {
     std::string lower(name);
@@ -37,12 +38,12 @@ Encoding encodingOf(std::string_view bytes) {
 /// One run of expat over the text.
 class Reading {
   public:
-    Reading(std::shared_ptr<Source> source, const Warn& warn)
+    Reading(std::shared_ptr<Source> source, const std::vector<std::string>& sheets)
         : source_(std::move(source)),
           parser_(XML_ParserCreateNS(source_->encoding == Encoding::Utf8 ? nullptr : "UTF-8", kNamespaceEnd)),
-          builder_(source_, [this, &warn](const std::string& what) {
-              if (warn) warn(currentPlace() + what);
-          }) {
+          builder_(
+              source_, [this](const std::string& what) { warnings_.push_back(currentPlace() + what); }, sheets),
+          sheetCount_(sheets.size()) {
         if (!parser_) throw std::bad_alloc();
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), start, end);
@@ -52,18 +53,25 @@ class Reading {
         XML_SetProcessingInstructionHandler(parser_.get(), process);
     }
 
+    /// Null when it has come upon style sheets that were not known, and has to be done again.
     std::unique_ptr<model::Document> run() {
         std::string_view rest = source_->text;
         bool last = false;
         while (!last) {
             const std::size_t size = std::min(rest.size(), kChunk);
             last = size == rest.size();
-            if (XML_Parse(parser_.get(), rest.data(), static_cast<int>(size), last) != XML_STATUS_OK) fail();
+            if (XML_Parse(parser_.get(), rest.data(), static_cast<int>(size), last) != XML_STATUS_OK && !isUseless())
+                fail();
+            if (isUseless()) return nullptr;
             rest.remove_prefix(size);
         }
         parser_.reset(); // what it holds is not needed while the document is sorted
+        if (hasNewSheets()) return nullptr;
         return builder_.finish();
     }
+
+    [[nodiscard]] const std::vector<std::string>& sheets() const { return builder_.sheets(); }
+    [[nodiscard]] const std::vector<std::string>& warnings() const { return warnings_; }
 
   private:
     struct FreeParser {
@@ -83,10 +91,23 @@ class Reading {
     }
 
     static void XMLCALL start(void* data, const XML_Char* name, const XML_Char** attributes) {
-        guarded(data, [&](Reading& self) { self.builder_.startElement(name, Attributes(attributes), self.bytes()); });
+        guarded(data, [&](Reading& self) {
+            self.builder_.startElement(name, Attributes(attributes), self.bytes());
+            if (self.builder_.isInSheet()) XML_SetCharacterDataHandler(self.parser_.get(), addText);
+        });
     }
     static void XMLCALL end(void* data, const XML_Char*) {
-        guarded(data, [](Reading& self) { self.builder_.endElement(self.bytes()); });
+        guarded(data, [](Reading& self) {
+            const bool wasInSheet = self.builder_.isInSheet();
+            self.builder_.endElement(self.bytes());
+            if (wasInSheet && !self.builder_.isInSheet()) XML_SetCharacterDataHandler(self.parser_.get(), nullptr);
+            if (wasInSheet && self.isUseless()) XML_StopParser(self.parser_.get(), XML_FALSE);
+        });
+    }
+    static void XMLCALL addText(void* data, const XML_Char* text, int size) {
+        guarded(data, [&](Reading& self) {
+            self.builder_.addSheetText(std::string_view(text, static_cast<std::size_t>(size)));
+        });
     }
     static void XMLCALL bindPrefix(void* data, const XML_Char* prefix, const XML_Char* uri) {
         if (!prefix || !uri) return;
@@ -116,6 +137,12 @@ class Reading {
         return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(begin + count), inEntity};
     }
 
+    [[nodiscard]] bool hasNewSheets() const { return sheets().size() > sheetCount_; }
+    /// Most sheets come first: then nothing is lost by beginning again at once.
+    [[nodiscard]] bool isUseless() const {
+        return hasNewSheets() && sheetCount_ < kSheetsBegunAgainFor && !builder_.hasRead() && !error_;
+    }
+
     [[nodiscard]] std::string currentPlace() const {
         return source_->fileName + ':' + std::to_string(XML_GetCurrentLineNumber(parser_.get())) + ':' +
                std::to_string(XML_GetCurrentColumnNumber(parser_.get()) + 1) + ": ";
@@ -135,9 +162,22 @@ class Reading {
     std::shared_ptr<Source> source_;
     std::unique_ptr<XML_ParserStruct, FreeParser> parser_;
     Builder builder_;
+    std::size_t sheetCount_;
+    std::vector<std::string> warnings_;
     std::exception_ptr error_;
     std::string place_;
 };
+
+/// A source that nothing has been read from yet.
+std::shared_ptr<Source> unread(Source& source) {
+    auto again = std::make_shared<Source>();
+    again->fileName = source.fileName;
+    again->raw = std::move(source.raw);
+    again->packed = source.packed;
+    again->encoding = source.encoding == Encoding::OtherAscii ? Encoding::Utf8 : source.encoding;
+    again->text = std::move(source.text);
+    return again;
+}
 
 } // namespace
 
@@ -170,7 +210,24 @@ std::unique_ptr<model::Document> read(std::string bytes, const std::string& file
     } catch (const std::runtime_error& error) {
         throw FileError(fileName + ": " + error.what());
     }
-    return Reading(std::move(source), warn).run();
+    std::vector<std::string> sheets;
+    for (;;) {
+        Reading reading(source, sheets);
+        const auto tell = [&] {
+            for (const std::string& line : reading.warnings())
+                if (warn) warn(line);
+        };
+        try {
+            auto document = reading.run();
+            if (document) tell();
+            if (document) return document;
+        } catch (...) {
+            tell();
+            throw;
+        }
+        sheets = reading.sheets();
+        source = unread(*source);
+    }
 }
 
 } // namespace easel::svg

@@ -67,16 +67,17 @@ class Scanner {
 /// Applies one property of paint, given as presentation attribute or in a style; lengths stay in user units.
 void applyProperty(model::Style& style, Name name, std::string_view value, const Units& units);
 
-/// Calls `use(name, value)` for each declaration of a style attribute.
+/// Calls `use(name, value, important)` for each declaration of a style attribute.
 template <class Use> void forEachDeclaration(std::string_view text, Use use) {
     while (!text.empty()) {
         const std::string_view declaration = text.substr(0, text.find(';'));
         text.remove_prefix(declaration.size() == text.size() ? text.size() : declaration.size() + 1);
         const std::size_t colon = declaration.find(':');
         if (colon == std::string_view::npos) continue;
-        std::string_view value = declaration.substr(colon + 1);
-        value = value.substr(0, value.find("!important"));
-        use(trimmed(declaration.substr(0, colon)), trimmed(value));
+        const std::string_view value = declaration.substr(colon + 1);
+        const std::size_t mark = value.find('!');
+        const bool important = mark != value.npos && trimmed(value.substr(mark + 1)) == "important";
+        use(trimmed(declaration.substr(0, colon)), trimmed(value.substr(0, important ? mark : value.npos)), important);
     }
 }
 

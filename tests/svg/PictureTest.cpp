@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
+#include <cmath>
 #include <cstdlib>
 #include <memory>
 
@@ -49,6 +50,67 @@ class Pictures : public testing::Test {
 
     desk::Folder folder;
 };
+
+/// The paint of a path that covers the page in <g id='g' class='k'>, with what is said in its tag.
+void expectPaintAsPictured(const std::string& folder, const std::string& sheets, const std::string& said,
+                           const std::string& behind = "") {
+    const std::string svg = "<svg viewBox='0 0 4 4'>" + sheets + "<g id='g' class='k'><path id='p' d='M0 0h4v4h-4z' " +
+                            said + "/></g>" + behind + "</svg>";
+    SCOPED_TRACE(svg);
+    const auto document = read(svg, "t.svg");
+    exportPicture(*document, PictureFormat::Png, {}, folder);
+    const std::uint32_t pixel = pixelOf(folder, 2, 2);
+    const model::Style& style = document->findByName("p")->style();
+    const model::Color color =
+        document->findByName("p")->hidden() || !style.fill ? model::Color{1, 1, 1} : style.fillColor;
+    const auto byte = [](double part) { return static_cast<std::uint32_t>(std::lround(part * 255)); };
+    EXPECT_EQ(byte(color.red) << 16 | byte(color.green) << 8 | byte(color.blue), pixel);
+}
+
+TEST_F(Pictures, PathsHaveThePaintOfStyleSheetsThatPicturesShow) {
+    const struct {
+        const char* rules;
+        const char* said;
+    } rows[] = {
+        {"path{fill:red}", ""},
+        {"path{fill:red}", "fill='lime'"},
+        {"path{fill:red}", "style='fill:lime'"},
+        {"path{fill:red !important}", "style='fill:lime'"},
+        {"path{fill:red ! important}", "style='fill:lime!important'"},
+        {"path{fill:red !important} path{fill:blue}", "fill='lime'"},
+        {".a{fill:red}", "class=' b\ta '"},
+        {".a{fill:red}", "class='aa'"},
+        {"#p{fill:red} path.a{fill:lime}", "class='a'"},
+        {".a{fill:red} .a{fill:blue} path{fill:lime}", "class='a'"},
+        {"path.a.b{fill:red} .a{fill:blue}", "class='b a'"},
+        {"g path{fill:red}", ""},
+        {"svg>path{fill:red} *{fill:lime}", ""},
+        {"svg > g.k>path , rect{fill:red}", ""},
+        {"svg #g path, .b { fill : red ; stroke:none }", ""},
+        {"rect,.k{fill:red}", ""},
+        {"g g path{fill:red}", ""},
+        {".none path{fill:red}", ""},
+        {"/* path{fill:red} */ path/**/{/*;*/fill:/* */blue}", ""},
+        {"@media print { path{fill:red} } path{stroke:none}", ""},
+        {"@charset 'x;{'; path{fill:red}", ""},
+        {"path{fill:red;;oops;fill:}", ""},
+        {"path{font-family:'a;b}';fill:red}", ""},
+        {"<![CDATA[ g > path{fill:red} ]]>", ""},
+        {"path{fill:r&#101;d", ""},
+        {"path{display:none}", ""},
+        {"path{fill:none;stroke-width:2}", ""},
+        {"PATH{fill:red}", ""},
+        {".\xC3\xA4{fill:red}", "class='\xC3\xA4'"},
+        {"path{fill:red} svg{fill:lime} g{fill:blue}", "fill='inherit'"},
+    };
+    const std::string picture = path("p.png");
+    for (const auto& row : rows)
+        expectPaintAsPictured(picture, "<style>" + std::string(row.rules) + "</style>", row.said);
+    expectPaintAsPictured(picture, "<style>path{fill:red}</style><style type='text/css'>path{fill:blue}</style>", "");
+    expectPaintAsPictured(picture, "<style>path{fill:red}</style><style type='text/x'>path{fill:blue}</style>", "");
+    expectPaintAsPictured(picture, "<rect/>", "",
+                          "<style>path{fill:red}</style><defs><style>g path{fill:blue}</style></defs>");
+}
 
 TEST_F(Pictures, ShowsTheDrawingOnWhiteAndMarksOverIt) {
     Document document(50, 25);
