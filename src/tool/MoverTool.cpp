@@ -12,6 +12,7 @@
 namespace ortho {
 
 using kzo::core::Art;
+using kzo::core::ArtAttribute;
 using kzo::core::ArtboardPoint;
 using kzo::core::ArtType;
 using kzo::core::Illustrator;
@@ -21,9 +22,7 @@ namespace {
 
 constexpr double kGuideReach = 7200; // points to each side of the press
 
-bool isWithinReach(const Art& art) { return !art.locked() && !art.hidden(); }
-
-bool holdsOthers(const Art& art) { return art.artType() == ArtType::Group || art.artType() == ArtType::CompoundPath; }
+constexpr auto kOutOfReach = ArtAttribute::Locked | ArtAttribute::Hidden;
 
 /// Moves the points whose anchors are selected, with their handles.
 void movePoints(PathArt& path, const ArtboardPoint& way) {
@@ -46,22 +45,21 @@ class Selection {
         auto* const document = Illustrator::instance()->currentDocument();
         if (!document) return;
         const auto selected = document->selectedArt();
-        for (Art& art : *selected)
-            if (movesByItself(art)) move(art, way);
+        for (Art& art : *selected) move(art, way);
     }
 
   private:
-    static void move(Art& art, const ArtboardPoint& way) {
-        if (art.artType() == ArtType::Path && !art.path()->allSegPointsSelected())
-            movePoints(*art.path(), way);
-        else
-            art.offset(way.x(), way.y(), true);
-    }
-
-    bool movesByItself(const Art& art) {
-        if (!isWithinReach(art) || (holdsOthers(art) && !art.fullySelected())) return false;
+    void move(Art& art, const ArtboardPoint& way) {
+        const ArtAttribute attributes = art.allAttributes(); // in one call: there may be many objects
+        if (any(attributes & kOutOfReach)) return;
+        const bool whole = any(attributes & ArtAttribute::FullySelected);
+        if (!whole && art.artType() != ArtType::Path) return; // what it holds is selected in part
         const auto holder = art.parent();
-        return !holder || leavesFree(*holder);
+        if (holder && !leavesFree(*holder)) return;
+        if (whole)
+            art.offset(way.x(), way.y(), true);
+        else
+            movePoints(*art.path(), way);
     }
 
     /// Whether what the container holds can move by itself: nothing around it is out of reach or moves as a whole.
@@ -79,7 +77,7 @@ class Selection {
         }
         for (auto at = unknown.rbegin(); at != unknown.rend(); ++at) {
             const Art art(*at);
-            free = free && isWithinReach(art) && !art.fullySelected();
+            free = free && !any(art.allAttributes() & (kOutOfReach | ArtAttribute::FullySelected));
             leavesFree_[*at] = free;
         }
         return free;

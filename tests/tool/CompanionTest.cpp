@@ -61,6 +61,8 @@ TEST_F(Companion, TellsTheAxesWhenItAnswersAllThreeMessages) {
 
 TEST_F(Companion, LeavesTheStandardAxesWhereItFails) {
     auto& plugin = load("Plotwise", told);
+    auto& allocate = desk.tables().basicSuite.AllocateBlock;
+    const auto allocates = allocate;
     constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
     const struct {
         const char* what;
@@ -86,6 +88,9 @@ TEST_F(Companion, LeavesTheStandardAxesWhereItFails) {
         {"an endless angle", 3, [&] { told.angles[1] = std::numeric_limits<double>::infinity(); }},
         {"an angle below the horizontal", 3, [&] { told.angles[0] = -1; }},
         {"an angle beyond the vertical", 3, [&] { told.angles[1] = 90.5; }},
+        {"its end before the first", 0, [&] { plugin.broken = true; }},
+        {"no memory for the record", 0,
+         [&] { allocate = [](std::size_t, void**) -> SPErr { return kOutOfMemoryErr; }; }},
         {"its end between two messages", 1, [&] { told.before = [&](int) { plugin.started = false; }; }},
     };
     EXPECT_TRUE(drawsAlong(15, 140));
@@ -93,6 +98,8 @@ TEST_F(Companion, LeavesTheStandardAxesWhereItFails) {
         SCOPED_TRACE(row.what);
         told = Told();
         plugin.started = true;
+        plugin.broken = false;
+        allocate = allocates;
         row.fail();
         EXPECT_TRUE(drawsAlong(30, 150));
         EXPECT_EQ(told.heard.size(), row.heard);

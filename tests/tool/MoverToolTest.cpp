@@ -131,6 +131,19 @@ TEST(MoverTool, MovesWhatIsSelectedOnceAndAsWhatItIs) {
     }
 }
 
+TEST(MoverTool, MovesACompoundPathOrThePartsOfItThatAreSelected) {
+    for (const bool whole : {true, false}) {
+        Desk desk;
+        Node& ring = desk.document().create(NodeType::Compound, Placement::OnTopInside, desk.document().currentLayer());
+        Node& hole = desk.addPath({{2, 2}, {4, 2}, {4, 4}}, true, &ring);
+        Node& rim = desk.addPath({{0, 0}, {9, 0}, {9, 9}}, true, &ring);
+        desk.document().select(whole ? ring : hole, true);
+        drag(desk, {0, -50});
+        EXPECT_EQ(desk.anchors(hole)[0], (Point{2, -48}));
+        EXPECT_EQ(desk.anchors(rim)[0], (Point{0, whole ? -50.0 : 0.0}));
+    }
+}
+
 TEST(MoverTool, MovesTheSelectedPointsOfAPathWithTheirHandles) {
     Desk desk;
     Node& path = desk.addPath({{0, 0}, {10, 0}, {10, 10}});
