@@ -22,6 +22,7 @@ class Mask {
 
     [[nodiscard]] bool contains(Point point) const;
     [[nodiscard]] bool meets(const Box& box) const; ///< whether anything in the box lies inside
+    [[nodiscard]] const std::vector<Shape>& shapes() const { return shapes_; }
 
   private:
     std::vector<Shape> shapes_;

@@ -85,8 +85,8 @@ double Document::width() const { return impl_->width; }
 double Document::height() const { return impl_->height; }
 
 Box Document::visibleBox() const {
-    const double halfWidth = width() / 2 / view.zoom;
-    const double halfHeight = height() / 2 / view.zoom;
+    const double halfWidth = (view.windowWidth > 0 ? view.windowWidth : width()) / 2 / view.zoom;
+    const double halfHeight = (view.windowHeight > 0 ? view.windowHeight : height()) / 2 / view.zoom;
     return {view.center.x - halfWidth, view.center.y - halfHeight, view.center.x + halfWidth,
             view.center.y + halfHeight};
 }

@@ -22,6 +22,8 @@ enum class Placement : std::uint8_t { Above, Below, OnTopInside, AtBottomInside 
 struct View {
     double zoom = 1; ///< screen units a point
     Point center;
+    double windowWidth = 0; ///< screen units; 0 where no window is open: it is then as large as the page
+    double windowHeight = 0;
 
     bool operator==(const View&) const = default;
 };
@@ -49,7 +51,7 @@ class Document {
     [[nodiscard]] double width() const;
     [[nodiscard]] double height() const;
     View view;                            ///< not part of undo
-    [[nodiscard]] Box visibleBox() const; ///< the page-sized window at the view's centre, divided by its zoom
+    [[nodiscard]] Box visibleBox() const; ///< the window at the view's centre, divided by its zoom
     /// The window fills the screen: its top left corner is the screen's origin, and a screen unit there a unit here.
     [[nodiscard]] Point toScreen(Point point) const;
     [[nodiscard]] Point fromScreen(Point place) const;
@@ -122,6 +124,9 @@ class Document {
     [[nodiscard]] Node* topmostAt(Point point, double tolerance);
     /// The paths and opaque art that have a part in the box, in no order.
     [[nodiscard]] std::vector<Node*> touching(const Box& box);
+    /// The paths, compound paths and opaque art that show, of which something has a hull that meets the box, the
+    /// bottommost first.
+    [[nodiscard]] std::vector<Node*> shownIn(const Box& box);
     /// The nearest of these within `tolerance` on visible art, passing over what the running gesture moved.
     [[nodiscard]] std::optional<Point> snapPoint(Point point, double tolerance, SnapTo what = SnapTo::Anchors);
 

@@ -203,6 +203,18 @@ std::vector<Node*> Document::touching(const Box& box) {
     return touched;
 }
 
+std::vector<Node*> Document::shownIn(const Box& box) {
+    std::vector<Node*> shown;
+    impl_->tree.index.find(box, shown);
+    for (Node*& node : shown)
+        if (node->isSubpath()) node = node->parent();
+    std::sort(shown.begin(), shown.end());
+    shown.erase(std::unique(shown.begin(), shown.end()), shown.end());
+    std::erase_if(shown, [](const Node* node) { return node->effectivelyHidden(); });
+    std::sort(shown.begin(), shown.end(), [](const Node* a, const Node* b) { return comparePaintOrder(*a, *b) > 0; });
+    return shown;
+}
+
 std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo what) {
     if (!isSearchable(point, tolerance)) return std::nullopt;
     impl_->findNear(point, tolerance);

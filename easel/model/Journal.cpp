@@ -152,6 +152,7 @@ void Journal::requireWritable() const {
 
 void Journal::note(Node& node) {
     ++changeCount_;
+    if (beforeChange) beforeChange(node);
     if (!recording_) return;
     Record& record = top();
     if (node.record_ == record.id) return;
@@ -171,6 +172,8 @@ void Journal::exchange(Record& record) {
         return note.state.parent != note.node->state_.parent || note.state.order != note.node->state_.order;
     };
     if (!record.notes.empty()) ++changeCount_;
+    if (beforeChange)
+        for (const Note& note : record.notes) beforeChange(*note.node);
     for (Note& note : record.notes) {
         Node& node = *note.node;
         if (mayMove(node, note.state.content)) tree_.index.markDirty(node);

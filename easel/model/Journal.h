@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <stdexcept>
 #include <vector>
 
@@ -105,6 +106,9 @@ class Journal {
     [[nodiscard]] Changes takeChanges();
     /// Grows with every change of the document, whichever way it comes.
     [[nodiscard]] std::uint64_t changeCount() const { return changeCount_; }
+    /// Told of each node just before it changes, whichever way the change comes, and often more than once: for whoever
+    /// paints what has changed. Changes nothing itself, and knows that removed nodes may be gone later.
+    std::function<void(const Node& node)> beforeChange;
 
     // For Document
     void requireWritable() const; ///< throws ReadOnlyError

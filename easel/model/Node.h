@@ -88,6 +88,7 @@ class Node {
     [[nodiscard]] Point moved() const { return state_.content.opaque ? state_.content.opaque->moved : Point{}; }
     [[nodiscard]] Box hull() const; ///< of a path, a compound path or opaque art; else empty
     [[nodiscard]] const Content& content() const { return state_.content; }
+    [[nodiscard]] const NodeState& state() const { return state_; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
     /// What shows of the node and its descendants; null for all of it.
