@@ -7,7 +7,6 @@
 
 #include "session/base/Error.h"
 #include "session/base/HostPreferences.h"
-#include "session/base/Identity.h"
 #include "session/base/Profile.h"
 #include "session/base/Reports.h"
 #include "session/documents/Documents.h"
@@ -65,9 +64,7 @@ class Session {
 
     Reports reports;
     Profile profile;
-    HostPreferences preferences{profile, reports};
-    Identity identity;
-    Browser browser;
+    HostPreferences preferences;
     Documents documents{reports};
 
     // Frame

@@ -1,6 +1,7 @@
 // Numbering, and the errors of files as the session's own.
 #include "session/documents/Documents.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "session/base/Error.h"
@@ -53,6 +54,12 @@ void Documents::requireFreeNumber() const {
 
 void Documents::add(std::unique_ptr<model::Document> document) {
     open_.push_back({++lastNumber_, std::move(document)});
+}
+
+void Documents::bringToFront(const model::Document& document) {
+    const auto found = std::find_if(open_.begin(), open_.end(),
+                                    [&](const Open& open) { return open.document.get() == &document; });
+    std::rotate(found, found + 1, open_.end());
 }
 
 // Files

@@ -30,6 +30,7 @@ class Documents {
     // Opening and closing
     void requireFreeNumber() const; ///< throws Error when all have been given out
     void add(std::unique_ptr<model::Document> document);
+    void bringToFront(const model::Document& document);
     void closeFront() { open_.pop_back(); }
 
     // Files

@@ -16,7 +16,15 @@ void Pointer::locate(model::Point location, Modifiers modifiers) {
     rawLocation_ = location_ = location;
     model::Document* const document = documents_.front();
     const Tool* const tool = toolbox_.current();
-    if (document) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+    if (document && heldLength_ == 0) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+}
+
+model::Point Pointer::heldTo(model::Point location) const {
+    const double distance = std::hypot(location.x - pressLocation_.x, location.y - pressLocation_.y);
+    if (heldLength_ == 0 || distance == 0) return location;
+    const double scale = heldLength_ / distance;
+    return {pressLocation_.x + scale * (location.x - pressLocation_.x),
+            pressLocation_.y + scale * (location.y - pressLocation_.y)};
 }
 
 SPErr Pointer::sendTo(Tool& tool, const char* selector, std::uint32_t flags) {
@@ -72,6 +80,8 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     // A plug-in that heard of it may have pressed the button itself, or clicked elsewhere.
     requireReleased();
     locate(location, modifiers);
+    pressLocation_ = location_;
+    heldLength_ = 0;
     held_.button = true;
     takenBack_ = false;
     awaitsRelease_ = false;
@@ -90,7 +100,7 @@ void Pointer::drag(model::Point location, Modifiers modifiers) {
     if (awaitsRelease_) return;
     requirePressed();
     if (buffered_) documents_.front()->journal().rollBackToMark();
-    locate(location, modifiers);
+    locate(heldTo(location), modifiers);
     send(kSelectorAIToolMouseDrag, &BuiltinTool::drag);
 }
 
@@ -99,7 +109,8 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     requirePressed();
     model::Journal& journal = documents_.front()->journal();
     if (buffered_) journal.rollBackToMark();
-    locate(location, modifiers);
+    locate(heldTo(location), modifiers);
+    heldLength_ = 0;
     messenger_.batch([&] {
         held_.button = false;
         const std::size_t steps = journal.undoDepth();
@@ -121,6 +132,7 @@ void Pointer::cancel() {
     if (!held_.button) return;
     messenger_.batch([&] {
         held_.button = false;
+        heldLength_ = 0;
         takenBack_ = true;
         awaitsRelease_ = true;
         if (buffered_) documents_.front()->journal().rollBackToMark();

@@ -38,6 +38,15 @@ class Pointer {
     /// still down: drags and the release that follow are no errors, and nobody hears of them.
     void cancel();
 
+    // Exact lengths, for every tool
+    /// Holds a running gesture at this many points from its press, in the direction of the mouse and without snapping;
+    /// 0 lets go, as does the gesture's end.
+    void holdLength(double length) { heldLength_ = held_.button ? length : 0; }
+    [[nodiscard]] double heldLength() const { return heldLength_; }
+    /// Where the gesture is when the mouse is there.
+    [[nodiscard]] model::Point heldTo(model::Point location) const;
+    [[nodiscard]] model::Point pressLocation() const { return pressLocation_; } ///< of the last gesture, snapped
+
     /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
     /// What cannot be is dropped with a report.
     void postPress(model::Point place) { post("press", &Pointer::press, place); }
@@ -84,6 +93,8 @@ class Pointer {
     bool buffered_ = false;       ///< the gesture's tool asked for buffered dragging
     model::Point location_;
     model::Point rawLocation_;
+    model::Point pressLocation_;
+    double heldLength_ = 0; ///< 0: wherever the mouse is
 };
 
 } // namespace easel::session
