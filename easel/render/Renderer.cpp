@@ -37,18 +37,22 @@ void require(GError* error) {
     if (owned) throw std::runtime_error(owned->message);
 }
 
+template <class Any> void drawPage(RsvgHandle* drawing, cairo_t* context, const Any& request) {
+    // Scaled here and not by a larger page, which would leave lengths in the drawing's own units as they are.
+    cairo_scale(context, request.scale, request.scale);
+    const RsvgRectangle page{0, 0, request.width, request.height};
+    GError* error = nullptr;
+    rsvg_handle_render_document(drawing, context, &page, &error);
+    require(error);
+    require(cairo_status(context));
+}
+
 void draw(RsvgHandle* drawing, cairo_surface_t* surface, const PictureRequest& request) {
     require(cairo_surface_status(surface));
     const Context context(cairo_create(surface));
     cairo_set_source_rgb(context.get(), 1, 1, 1);
     cairo_paint(context.get());
-    // Scaled here and not by a larger page, which would leave lengths in the drawing's own units as they are.
-    cairo_scale(context.get(), request.scale, request.scale);
-    const RsvgRectangle page{0, 0, request.width, request.height};
-    GError* error = nullptr;
-    rsvg_handle_render_document(drawing, context.get(), &page, &error);
-    require(error);
-    require(cairo_status(context.get()));
+    drawPage(drawing, context.get(), request);
 }
 
 } // namespace
@@ -64,8 +68,27 @@ void Renderer::load(std::string_view svg) {
     rsvg_handle_set_dpi(drawing_.get(), 96);
 }
 
-std::string Renderer::picture(const PictureRequest& request) const {
+void Renderer::requireDrawing() const {
     if (!drawing_) throw std::runtime_error("there is no drawing");
+}
+
+std::string Renderer::view(const ViewRequest& request) const {
+    requireDrawing();
+    const std::size_t stride = std::size_t{request.columns} * 4;
+    std::string pixels(stride * request.rows, '\0');
+    const Surface surface(cairo_image_surface_create_for_data(
+        reinterpret_cast<unsigned char*>(pixels.data()), CAIRO_FORMAT_ARGB32, static_cast<int>(request.columns),
+        static_cast<int>(request.rows), static_cast<int>(stride)));
+    require(cairo_surface_status(surface.get()));
+    const Context context(cairo_create(surface.get()));
+    cairo_translate(context.get(), -request.left, -request.top);
+    drawPage(drawing_.get(), context.get(), request);
+    cairo_surface_flush(surface.get());
+    return pixels;
+}
+
+std::string Renderer::picture(const PictureRequest& request) const {
+    requireDrawing();
     const double width = request.width * request.scale;
     const double height = request.height * request.scale;
     std::string bytes;

@@ -18,11 +18,14 @@ class Renderer {
     Renderer(const Renderer&) = delete;
     Renderer& operator=(const Renderer&) = delete;
 
-    /// Both throw std::exception with a reason in words. Files that the drawing links to are not opened.
+    /// All throw std::exception with a reason in words. Files that the drawing links to are not opened.
     void load(std::string_view svg);
     [[nodiscard]] std::string picture(const PictureRequest& request) const;
+    [[nodiscard]] std::string view(const ViewRequest& request) const;
 
   private:
+    void requireDrawing() const;
+
     std::unique_ptr<_RsvgHandle, void (*)(void*)> drawing_;
 };
 

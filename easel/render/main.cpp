@@ -72,6 +72,11 @@ std::string handle(Renderer& renderer, Request kind, std::string_view bytes) {
         Unpacker(bytes) >> request;
         return renderer.picture(request);
     }
+    case Request::View: {
+        ViewRequest request;
+        Unpacker(bytes) >> request;
+        return renderer.view(request);
+    }
     }
     throw std::runtime_error("the renderer does not know this request");
 }

@@ -19,7 +19,8 @@ constexpr const char* kProgramName = "easel-render";
 
 enum class Request : std::uint32_t {
     Load,   ///< a drawing's text; the requests that follow are about it
-    Picture ///< a PictureRequest; the reply is a file of its format
+    Picture, ///< a PictureRequest; the reply is a file of its format
+    View ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's order
 };
 enum class Reply : std::uint32_t {
     Done,
@@ -43,6 +44,18 @@ struct PictureRequest {
     double height = 0;
     double scale = 1;
     std::vector<model::Mark> marks{};
+};
+
+/// A part of the page for a window, on nothing: the page of `width` by `height` units is drawn `scale` times as large,
+/// and shown are `columns` by `rows` pixels from the pixel `left`, `top` of it on.
+struct ViewRequest {
+    double width = 0;
+    double height = 0;
+    double scale = 1;
+    double left = 0;
+    double top = 0;
+    std::uint32_t columns = 0;
+    std::uint32_t rows = 0;
 };
 
 /// Values in the order in which they are packed.

@@ -109,6 +109,16 @@ bool asksForPacking(std::string_view path) {
 
 std::string write(Document& document) { return encoded(textOf(document)); }
 
+bool isChangedByOthers(const Document& document, const std::string& path) {
+    const auto* const known = dynamic_cast<const KnownFiles*>(document.origin.get());
+    try {
+        if (known) known->requireUnchanged(path);
+    } catch (const FileError&) {
+        return true;
+    }
+    return false;
+}
+
 void save(Document& document, const std::string& path, Overwrite overwrite) {
     if (!document.origin) document.origin = std::make_shared<KnownFiles>();
     const auto& known = dynamic_cast<const KnownFiles&>(*document.origin);

@@ -16,6 +16,9 @@ namespace easel::svg {
 /// coordinates out of reach.
 [[nodiscard]] std::string write(model::Document& document);
 
+/// Whether another program has changed the file since this document was opened from it or saved to it.
+[[nodiscard]] bool isChangedByOthers(const model::Document& document, const std::string& path);
+
 enum class Overwrite : std::uint8_t { IfUnchanged, Always };
 
 /// Replaces the file at `path`, or leaves it as it was and throws FileError: also when another program has changed it
