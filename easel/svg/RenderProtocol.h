@@ -18,9 +18,10 @@ namespace easel::render {
 constexpr const char* kProgramName = "easel-render";
 
 enum class Request : std::uint32_t {
-    Load,   ///< a drawing's text; the requests that follow are about it
+    Load,    ///< a drawing's text; the requests that follow are about it
     Picture, ///< a PictureRequest; the reply is a file of its format
-    View ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's order
+    View     ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's
+             ///< order
 };
 enum class Reply : std::uint32_t {
     Done,

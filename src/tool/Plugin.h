@@ -7,7 +7,6 @@
 #include "core/document/Art.h"
 #include "core/frame/Cursor.h"
 #include "core/frame/Tool.h"
-#include "maker/About.h"
 #include "maker/Prefs.h"
 
 class vlGlobals;
@@ -60,7 +59,6 @@ class Plugin {
   private:
     explicit Plugin(kzo::core::Plugin* corePlugin);
     void makeTools();
-    void attachPrefsDialog(kzo::core::Tool& tool);
 
     // Shared by both tools
     static void readKeys();
@@ -73,9 +71,8 @@ class Plugin {
     bool aim();
     static void finishLine(vlGlobals& globals);
 
-    kzo::core::Plugin* corePlugin_;      // not owned
-    std::unique_ptr<vl::vlPrefs> prefs_; // none of the two where the plug-in may not load
-    std::unique_ptr<vl::About> about_;
+    kzo::core::Plugin* corePlugin_; // not owned
+    std::unique_ptr<vl::vlPrefs> prefs_;
     kzo::core::Cursor penCursor_{kzo::core::AdobeCursor::Pen};
     kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::PenContinue};
     kzo::core::Cursor moverCursor_{kzo::core::AdobeCursor::Move};

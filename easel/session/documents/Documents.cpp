@@ -57,8 +57,8 @@ void Documents::add(std::unique_ptr<model::Document> document) {
 }
 
 void Documents::bringToFront(const model::Document& document) {
-    const auto found = std::find_if(open_.begin(), open_.end(),
-                                    [&](const Open& open) { return open.document.get() == &document; });
+    const auto found =
+        std::find_if(open_.begin(), open_.end(), [&](const Open& open) { return open.document.get() == &document; });
     std::rotate(found, found + 1, open_.end());
 }
 

@@ -16,7 +16,8 @@ void Pointer::locate(model::Point location, Modifiers modifiers) {
     rawLocation_ = location_ = location;
     model::Document* const document = documents_.front();
     const Tool* const tool = toolbox_.current();
-    if (document && heldLength_ == 0) location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+    if (document && heldLength_ == 0)
+        location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
 }
 
 model::Point Pointer::heldTo(model::Point location) const {

@@ -1,0 +1,247 @@
+// Acts as calls of the session, with the statements that do the same in a script.
+#include "app/Actions.h"
+
+#include <filesystem>
+#include <vector>
+
+#include "session/input/Keys.h"
+#include "svg/Picture.h"
+
+namespace easel::app {
+
+namespace {
+
+using session::Error;
+
+std::string layerAt(std::size_t index) { return "app.document.layers[" + std::to_string(index) + ']'; }
+
+std::string absolute(const std::string& path) { return std::filesystem::absolute(path).string(); }
+
+} // namespace
+
+template <class Act> void Actions::act(const std::string& statement, Act what) {
+    what();
+    recorder_.add(statement);
+    if (done) done();
+}
+
+/// One step of the document in front.
+template <class Edit> void Actions::edit(const std::string& statement, Edit what) {
+    if (session_.pointer.pressed()) throw Error("a gesture is running");
+    model::Document& document = session_.documents.needFront();
+    act(statement, [&] {
+        session_.messenger.batch([&] {
+            const model::Journal::Scope step(document.journal());
+            what(document);
+        });
+    });
+}
+
+// Documents
+
+void Actions::startOver(const std::string& path) {
+    path_ = path;
+    modified_ = false;
+    recordedView_ = {};
+}
+
+void Actions::closeFront() {
+    if (!document()) return;
+    if (closing) closing();
+    session_.close();
+}
+
+void Actions::newDocument(double width, double height) {
+    act("app.newDocument(" + Recorder::number(width) + ", " + Recorder::number(height) + ')', [&] {
+        closeFront();
+        session_.newDocument(width, height);
+        startOver("");
+    });
+}
+
+void Actions::open(const std::string& path) {
+    act("app.open(" + Recorder::quoted(absolute(path)) + ')', [&] {
+        // What was in front stays open until the new one has been read.
+        const model::Document* const before = document();
+        session_.messenger.batch([&] {
+            session_.open(path);
+            if (!before) return;
+            session_.documents.bringToFront(*before);
+            closeFront();
+        });
+        startOver(path);
+    });
+}
+
+void Actions::save(const std::string& path, bool force) {
+    act("app.save(" + Recorder::quoted(absolute(path)) + (force ? ", {force: true})" : ")"), [&] {
+        session_.save(path, force);
+        startOver(path);
+    });
+}
+
+void Actions::exportPicture(const std::string& path, double scale) {
+    const bool isPdf = svg::formatOf(path) == svg::PictureFormat::Pdf;
+    act(std::string(isPdf ? "app.exportPDF(" : "app.exportPNG(") + Recorder::quoted(absolute(path)) + ", " +
+            Recorder::number(scale) + ')',
+        [&] { isPdf ? session_.exportPdf(path, scale) : session_.exportPng(path, scale); });
+}
+
+// Mouse
+
+void Actions::move(model::Point location, session::Modifiers modifiers) {
+    act("mouse.move(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.move(location, modifiers); });
+}
+
+/// How far the mouse reaches and snaps depends on the zoom.
+void Actions::recordView() {
+    const model::View& view = session_.documents.needFront().view;
+    if (view.zoom != recordedView_.zoom) recorder_.add("app.document.view.zoom = " + Recorder::number(view.zoom));
+    if (view.center != recordedView_.center)
+        recorder_.add("app.document.view.center = [" + Recorder::at(view.center, 0) + ']');
+    recordedView_ = view;
+}
+
+void Actions::press(model::Point location, session::Modifiers modifiers) {
+    recordView();
+    act("mouse.press(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.press(location, modifiers); });
+}
+
+void Actions::drag(model::Point location, session::Modifiers modifiers) {
+    act("mouse.drag(" + Recorder::at(session_.pointer.heldTo(location), modifiers) + ')',
+        [&] { session_.pointer.drag(location, modifiers); });
+}
+
+void Actions::release(model::Point location, session::Modifiers modifiers) {
+    const bool held = session_.pointer.heldLength() > 0;
+    act("mouse.release(" + Recorder::at(session_.pointer.heldTo(location), modifiers) + ')',
+        [&] { session_.pointer.release(location, modifiers); });
+    if (held) endHold();
+}
+
+void Actions::holdLength(double length) {
+    if (!session_.pointer.pressed()) return;
+    // A script that replays the places of the mouse must not snap them.
+    if (session_.pointer.snapping.toPoint && session_.pointer.heldLength() == 0)
+        recorder_.add("app.snapToPoint = false");
+    session_.pointer.holdLength(length);
+}
+
+void Actions::endHold() {
+    if (session_.pointer.snapping.toPoint) recorder_.add("app.snapToPoint = true");
+}
+
+// Keys, tools, menus
+
+void Actions::key(const std::string& name, session::Modifiers modifiers) {
+    const auto code = session::keyCode(name);
+    if (!code) return;
+    const std::string keys = Recorder::modifiers(modifiers);
+    act("keys.press(" + Recorder::quoted(name) + (keys.empty() ? "" : ", " + keys) + ')',
+        [&] { session_.input.pressKey(*code, modifiers); });
+}
+
+void Actions::selectTool(session::Tool& tool) {
+    act("app.selectTool(" + Recorder::quoted(tool.title) + ')', [&] { session_.input.selectTool(tool); });
+}
+
+void Actions::editTool(session::Tool& tool) {
+    act("app.editTool(" + Recorder::quoted(tool.title) + ')', [&] { session_.input.editTool(tool); });
+}
+
+void Actions::chooseMenu(const std::string& text) {
+    act("app.chooseMenu(" + Recorder::quoted(text) + ')', [&] { session_.input.chooseMenu(text); });
+}
+
+// Editing
+
+void Actions::undo() {
+    if (session_.pointer.pressed()) return;
+    act("app.document.undo()",
+        [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().undo(); }); });
+}
+
+void Actions::redo() {
+    if (session_.pointer.pressed()) return;
+    act("app.document.redo()",
+        [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().redo(); }); });
+}
+
+void Actions::removeSelected() { key("Delete", 0); }
+
+void Actions::selectAll() {
+    edit("app.document.select(app.document.paths.filter(function (path) { return !path.locked && !path.hidden; }))",
+         [](model::Document& document) {
+             for (model::Node* layer = document.root().firstChild(); layer; layer = layer->next()) {
+                 for (model::Node* art = layer->firstChild(); art; art = art->next())
+                     if (!art->effectivelyLocked() && !art->effectivelyHidden()) document.select(*art, true);
+             }
+         });
+}
+
+void Actions::deselectAll() {
+    edit("app.document.deselectAll()", [](model::Document& document) { document.deselectAll(); });
+}
+
+void Actions::nudge(double dx, double dy) {
+    edit("app.document.move(app.document.selection, " + Recorder::number(dx) + ", " + Recorder::number(dy) + ')',
+         [&](model::Document& document) {
+             for (model::Node* const node : document.selection()) {
+                 const bool moves = !node->effectivelyLocked() && !node->parent()->selected();
+                 if (moves) document.offset(*node, dx, dy);
+             }
+         });
+}
+
+void Actions::setStyle(const std::function<void(model::Style&)>& change) {
+    edit("// the style of the selection was changed", [&](model::Document& document) {
+        for (model::Node* const node : document.selection()) {
+            if (node->type() != model::NodeType::Path || node->effectivelyLocked()) continue;
+            model::Style style = node->style();
+            change(style);
+            document.setStyle(*node, style);
+        }
+    });
+}
+
+// Layers
+
+model::Node& Actions::layer(std::size_t index) const {
+    model::Node* const found = session_.documents.needFront().layerAt(index);
+    if (!found) throw Error("there is no such layer");
+    return *found;
+}
+
+void Actions::addLayer(const std::string& title) {
+    edit("app.document.addLayer(" + Recorder::quoted(title) + ')',
+         [&](model::Document& document) { document.addLayer(title); });
+}
+
+void Actions::setCurrentLayer(std::size_t index) {
+    edit("app.document.currentLayer = " + layerAt(index),
+         [&](model::Document& document) { document.setCurrentLayer(layer(index)); });
+}
+
+void Actions::setLayerTitle(std::size_t index, const std::string& title) {
+    edit(layerAt(index) + ".title = " + Recorder::quoted(title),
+         [&](model::Document& document) { document.setName(layer(index), title); });
+}
+
+void Actions::setLayerLocked(std::size_t index, bool locked) {
+    edit(layerAt(index) + ".locked = " + (locked ? "true" : "false"),
+         [&](model::Document& document) { document.setLocked(layer(index), locked); });
+}
+
+void Actions::setLayerVisible(std::size_t index, bool visible) {
+    edit(layerAt(index) + ".visible = " + (visible ? "true" : "false"),
+         [&](model::Document& document) { document.setHidden(layer(index), !visible); });
+}
+
+// View
+
+void Actions::setSnapping(bool toPoint) {
+    act(std::string("app.snapToPoint = ") + (toPoint ? "true" : "false"),
+        [&] { session_.pointer.snapping.toPoint = toPoint; });
+}
+
+} // namespace easel::app

@@ -1,0 +1,92 @@
+// What the user can do to the session, whichever widget it was done with. Each act is recorded, and the window learns
+// when it is through.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "app/Recorder.h"
+#include "session/app/Session.h"
+
+namespace easel::app {
+
+/// What cannot be done throws session::Error, and is not recorded.
+class Actions {
+  public:
+    Actions(session::Session& session, Recorder& recorder) : session_(session), recorder_(recorder) {}
+
+    [[nodiscard]] session::Session& session() const { return session_; }
+    [[nodiscard]] model::Document* document() const { return session_.document(); }
+    [[nodiscard]] std::uint32_t documentNumber() const {
+        return document() ? session_.documents.numberOf(*document()) : 0;
+    }
+
+    /// Called after each act that may have changed what a window shows.
+    std::function<void()> done;
+    std::function<void()> closing; ///< called before the document in front goes
+
+    // Documents; one is open at a time
+    void newDocument(double width, double height);
+    void open(const std::string& path);
+    void save(const std::string& path, bool force);
+    void exportPicture(const std::string& path, double scale);      ///< PNG or PDF, by the name's end
+    [[nodiscard]] const std::string& path() const { return path_; } ///< empty for a drawing without a file
+    [[nodiscard]] bool isModified() const { return modified_; }     ///< since it was opened, made or saved
+    void setModified() { modified_ = true; }
+    /// What is open counts as a drawing that was never saved, or one of this file.
+    void disown(const std::string& path) {
+        path_ = path;
+        modified_ = true;
+    }
+
+    // Mouse, in points of the document
+    void move(model::Point location, session::Modifiers modifiers);
+    void press(model::Point location, session::Modifiers modifiers);
+    void drag(model::Point location, session::Modifiers modifiers);
+    void release(model::Point location, session::Modifiers modifiers);
+    /// Holds the running gesture at a length from its press from the next drag on; 0 lets it go.
+    void holdLength(double length);
+
+    // Keys, tools, menus
+    void key(const std::string& name, session::Modifiers modifiers);
+    void selectTool(session::Tool& tool);
+    void editTool(session::Tool& tool);
+    void chooseMenu(const std::string& text);
+
+    // Editing; each is one step
+    void undo();
+    void redo();
+    void removeSelected();
+    void selectAll();
+    void deselectAll();
+    void nudge(double dx, double dy);
+    void setStyle(const std::function<void(model::Style&)>& change); ///< of the selected paths
+
+    // Layers, by their place from the top
+    void addLayer(const std::string& title);
+    void setCurrentLayer(std::size_t index);
+    void setLayerTitle(std::size_t index, const std::string& title);
+    void setLayerLocked(std::size_t index, bool locked);
+    void setLayerVisible(std::size_t index, bool visible);
+
+    // View; nobody's undo
+    void setSnapping(bool toPoint);
+
+  private:
+    template <class Act> void act(const std::string& statement, Act what);
+    template <class Edit> void edit(const std::string& statement, Edit what);
+    [[nodiscard]] model::Node& layer(std::size_t index) const;
+    void startOver(const std::string& path);
+    void closeFront();
+    void endHold();
+    void recordView();
+
+    session::Session& session_;
+    Recorder& recorder_;
+    std::string path_;
+    bool modified_ = false;
+    model::View recordedView_;
+};
+
+} // namespace easel::app

@@ -1,0 +1,39 @@
+// The Qt application with one guard around everything that Qt calls, nested loops included: what is thrown is shown and
+// the window goes on.
+#pragma once
+
+#include <QApplication>
+
+#include <exception>
+#include <functional>
+#include <utility>
+
+namespace easel::app {
+
+class Application final : public QApplication {
+  public:
+    using QApplication::QApplication;
+
+    /// Told of what was thrown, in words.
+    std::function<void(const QString& why)> failed;
+
+    bool notify(QObject* receiver, QEvent* event) override;
+    void tell(const std::exception& error) const;
+    [[nodiscard]] static Application& instance() { return *static_cast<Application*>(qApp); }
+};
+
+/// A handler for a signal: what it throws must not cross Qt, which would lose memory.
+template <class Handler> auto guarded(Handler handler) {
+    return [handler = std::move(handler)](auto&&... arguments) {
+        try {
+            if constexpr (std::is_invocable_v<const Handler&, decltype(arguments)...>)
+                handler(std::forward<decltype(arguments)>(arguments)...);
+            else
+                handler();
+        } catch (const std::exception& error) {
+            Application::instance().tell(error);
+        }
+    };
+}
+
+} // namespace easel::app

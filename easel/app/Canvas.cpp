@@ -1,0 +1,411 @@
+// Input and view. Painting of what lies over the drawing is in CanvasPainting.cpp.
+#include "app/Canvas.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QTimerEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+#include "app/Application.h"
+#include "session/input/Keys.h"
+#include "svg/Writer.h"
+
+namespace easel::app {
+
+namespace {
+
+using model::Point;
+using session::Modifiers;
+
+constexpr double kLeastZoom = 0.01;
+constexpr double kMostZoom = 256;
+constexpr double kWheelStep = 1.2;      // zoom factor of a notch
+constexpr double kNotch = 120;          // what a wheel's notch says of itself
+constexpr int kSliceMilliseconds = 8;   // of painting between events
+constexpr int kTruthMilliseconds = 150; // of rest before true pictures are made
+constexpr std::size_t kMostTrueObjects = 50'000;
+constexpr double kMargin = 24; // around the page that is fitted, in widget pixels
+constexpr std::size_t kMostDigits = 12;
+
+/// The name of a key as sessions know it; empty for keys without.
+std::string keyName(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Escape: return "Escape";
+    case Qt::Key_Backspace: return "Delete";
+    case Qt::Key_Delete: return "ForwardDelete";
+    case Qt::Key_Return: return "Return";
+    case Qt::Key_Tab: return "Tab";
+    case Qt::Key_Space: return "Space";
+    default: break;
+    }
+    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F15)
+        return "F" + std::to_string(event.key() - Qt::Key_F1 + 1);
+    if (event.key() > Qt::Key_Space && event.key() < 0x7F) return std::string(1, static_cast<char>(event.key()));
+    return {};
+}
+
+bool isModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta;
+}
+
+bool isDigit(const QKeyEvent& event) {
+    const QString text = event.text();
+    return text.size() == 1 && (text[0].isDigit() || text[0] == QLatin1Char('.') || text[0] == QLatin1Char(','));
+}
+
+} // namespace
+
+Canvas::Canvas(Actions& actions)
+    : actions_(actions),
+      scene_(watch_),
+      truths_(
+          *this,
+          [this](const QImage& image, const Port& port) {
+              scene_.setTruth(image, port);
+              truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
+              update();
+              if (port != scene_.port()) truthTimer_.start(kTruthMilliseconds, this);
+          },
+          [this](const std::string& why) {
+              truthFails_ = true;
+              truthIsDue_ = false;
+              if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
+          }) {
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_InputMethodEnabled, false);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    setMinimumSize(200, 150);
+    setObjectName("canvas");
+    setAccessibleName("Drawing");
+}
+
+Canvas::~Canvas() = default;
+
+// Showing
+
+void Canvas::showDocument() {
+    watch_.follow(document());
+    scene_.show(document());
+    truthFails_ = false;
+    text_ = nullptr;
+    typedLength_.clear();
+    updatePort();
+    showView();
+}
+
+void Canvas::leaveDocument() {
+    watch_.follow(nullptr);
+    scene_.show(nullptr);
+}
+
+bool Canvas::refresh() {
+    const Watch::Change change = watch_.take(dragging());
+    for (const model::Box& box : change.boxes) scene_.invalidate(box);
+    if (change.everything && document()) {
+        scene_.invalidateAll();
+        scene_.spoilTruth({0, 0, document()->width(), document()->height()});
+    }
+    if (change.real) truthFails_ = false;
+    if (!dragging()) typedLength_.clear();
+    if (document()) actions_.session().annotations.update();
+    showCursor();
+    if (!scene_.isComplete()) refineTimer_.start(0, this);
+    if (change.real && !dragging()) truthTimer_.start(kTruthMilliseconds, this);
+    update();
+    return change.real;
+}
+
+void Canvas::showCursor() {
+    if (handlingNow() == Handling::Hand) return setCursor(panFrom_ ? Qt::ClosedHandCursor : Qt::OpenHandCursor);
+    if (handlingNow() == Handling::Zoom) return setCursor(Qt::CrossCursor);
+    const session::Session& session = actions_.session();
+    const bool draws = session.toolbox.current()->owner != nullptr;
+    if (draws && document()) {
+        const model::Node& layer = document()->currentLayer();
+        if (layer.locked() || layer.hidden()) {
+            const std::string why = std::string("The current layer is ") + (layer.locked() ? "locked" : "hidden");
+            if (remark && lastRemark_ != why) remark(lastRemark_ = why);
+            return setCursor(Qt::ForbiddenCursor);
+        }
+    }
+    if (!lastRemark_.empty() && remark) remark(lastRemark_ = "");
+    setCursor(draws ? Qt::CrossCursor : Qt::ArrowCursor);
+}
+
+// View
+
+double Canvas::zoom() const { return document() ? document()->view.zoom : 1; }
+
+Point Canvas::toDocument(QPointF place) const { return document()->fromScreen({place.x(), place.y()}); }
+
+QPointF Canvas::fromDocument(Point point) const {
+    const Point place = document()->toScreen(point);
+    return {place.x, place.y};
+}
+
+void Canvas::updatePort() {
+    if (!document()) return;
+    document()->view.windowWidth = width();
+    document()->view.windowHeight = height();
+    actions_.session().screen.displayScale = devicePixelRatioF();
+    const double pixels = zoom() * devicePixelRatioF();
+    // The page's corner lies on a corner of pixels: its edges are sharp, and a view that is moved keeps its picture.
+    const model::Box shown = document()->visibleBox();
+    const Point corner{std::round(shown.left * pixels) / pixels, std::round(shown.top * pixels) / pixels};
+    Point& center = document()->view.center;
+    center = {center.x + corner.x - shown.left, center.y + corner.y - shown.top};
+    scene_.setPort({.origin = corner, .pixels = pixels, .size = (QSizeF(size()) * devicePixelRatioF()).toSize()});
+}
+
+/// After a change of the view.
+void Canvas::showView() {
+    updatePort();
+    actions_.session().messenger.flush();
+    if (document()) actions_.session().annotations.update();
+    if (!scene_.isComplete()) refineTimer_.start(0, this);
+    truthTimer_.start(kTruthMilliseconds, this);
+    update();
+    if (viewChanged) viewChanged();
+}
+
+void Canvas::zoomTo(double zoom, std::optional<QPointF> fixed) {
+    if (!document()) return;
+    const QPointF place = fixed.value_or(QPointF(width() / 2.0, height() / 2.0));
+    const Point still = toDocument(place);
+    model::View& view = document()->view;
+    view.zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
+    const Point moved = toDocument(place);
+    view.center = {view.center.x + still.x - moved.x, view.center.y + still.y - moved.y};
+    showView();
+}
+
+void Canvas::zoomBy(double factor, std::optional<QPointF> fixed) { zoomTo(zoom() * factor, fixed); }
+
+void Canvas::fitPage() {
+    if (!document()) return;
+    const double across = (width() - 2 * kMargin) / document()->width();
+    const double down = (height() - 2 * kMargin) / document()->height();
+    document()->view.center = {document()->width() / 2, document()->height() / 2};
+    zoomTo(std::min(across, down));
+}
+
+void Canvas::panBy(QPointF way) {
+    if (!document()) return;
+    Point& center = document()->view.center;
+    center = {center.x - way.x() / zoom(), center.y - way.y() / zoom()};
+    showView();
+}
+
+void Canvas::setHandling(Handling handling) {
+    handling_ = handling;
+    showCursor();
+}
+
+bool Canvas::isTrue() const { return scene_.isComplete() && !truthIsDue_ && !truthTimer_.isActive(); }
+
+void Canvas::askForTruth() {
+    truthIsDue_ = false;
+    if (!document() || truthFails_ || dragging() || scene_.port().size.isEmpty()) return;
+    if (!document()->origin) return scene_.dropTruth(); // it was made here, of what cairo draws
+    std::size_t objects = 0;
+    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at))
+        if (++objects > kMostTrueObjects) return scene_.dropTruth();
+    try {
+        const std::uint64_t changes = document()->journal().changeCount();
+        if (!text_ || changes != textChanges_) text_ = std::make_shared<const std::string>(svg::write(*document()));
+        textChanges_ = changes;
+    } catch (const std::exception& error) {
+        truthFails_ = true;
+        if (remark) remark(error.what());
+        return;
+    }
+    scene_.noteRequest();
+    truthIsDue_ = true;
+    truths_.ask(
+        {.svg = text_, .pageWidth = document()->width(), .pageHeight = document()->height(), .port = scene_.port()});
+}
+
+// Events
+
+bool Canvas::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::ShortcutOverride: {
+        // While a gesture runs its keys come here, not to menus.
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool takes = dragging() || key.key() == Qt::Key_Space || key.key() == Qt::Key_Escape;
+        if (takes) {
+            event->accept();
+            return true;
+        }
+        break;
+    }
+    case QEvent::WindowBlocked: // a dialog has opened and takes the release
+        cancelGesture();
+        break;
+    case QEvent::KeyPress:
+        if (static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Tab && dragging()) return true;
+        break;
+    default: break;
+    }
+    return QWidget::event(event);
+}
+
+void Canvas::resizeEvent(QResizeEvent* /*event*/) { showView(); }
+
+void Canvas::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == truthTimer_.timerId()) {
+        truthTimer_.stop();
+        return askForTruth();
+    }
+    if (event->timerId() != refineTimer_.timerId()) return QWidget::timerEvent(event);
+    for (const QRect& painted : scene_.refine(kSliceMilliseconds)) {
+        const double scale = devicePixelRatioF();
+        update(QRectF(painted.x() / scale, painted.y() / scale, painted.width() / scale, painted.height() / scale)
+                   .toAlignedRect());
+    }
+    if (scene_.isComplete()) refineTimer_.stop();
+}
+
+Modifiers Canvas::modifiersOf(Qt::KeyboardModifiers keys) const {
+    Modifiers held = heldByToggles ? heldByToggles() : 0;
+    if (keys & Qt::ShiftModifier) held |= kAIShiftKey;
+    if (keys & Qt::ControlModifier) held |= kAICommandKey;
+    if (keys & Qt::AltModifier) held |= kAIOptionKey;
+    if (keys & Qt::MetaModifier) held |= kAIControlKey;
+    return held;
+}
+
+void Canvas::mousePressEvent(QMouseEvent* event) {
+    lastPlace_ = event->position();
+    const bool pans =
+        event->button() == Qt::MiddleButton || (event->button() == Qt::LeftButton && handlingNow() == Handling::Hand);
+    if (pans && !dragging()) {
+        panFrom_ = event->position();
+        return showCursor();
+    }
+    if (!document() || dragging() || panFrom_) return;
+    if (event->button() == Qt::RightButton) return;
+    if (event->button() != Qt::LeftButton) return;
+    if (handlingNow() == Handling::Zoom)
+        return zoomBy(event->modifiers() & Qt::AltModifier ? 0.5 : 2, event->position());
+    typedLength_.clear();
+    actions_.press(toDocument(event->position()), modifiersOf(event->modifiers()));
+}
+
+void Canvas::mouseDoubleClickEvent(QMouseEvent* event) { mousePressEvent(event); }
+
+void Canvas::mouseMoveEvent(QMouseEvent* event) {
+    lastPlace_ = event->position();
+    if (panFrom_) {
+        panBy(event->position() - *panFrom_);
+        panFrom_ = event->position();
+        return;
+    }
+    if (!document()) return;
+    mouse_ = toDocument(event->position());
+    const Modifiers held = modifiersOf(event->modifiers());
+    if (dragging())
+        actions_.drag(*mouse_, held);
+    else if (handlingNow() == Handling::Tool)
+        actions_.session().pointer.move(*mouse_, held);
+    if (viewChanged) viewChanged();
+}
+
+void Canvas::mouseReleaseEvent(QMouseEvent* event) {
+    if (panFrom_ && (event->button() == Qt::MiddleButton || event->button() == Qt::LeftButton)) {
+        panFrom_.reset();
+        return showCursor();
+    }
+    if (event->button() != Qt::LeftButton || !document()) return;
+    if (dragging()) actions_.release(toDocument(event->position()), modifiersOf(event->modifiers()));
+    const session::Remark said = actions_.session().pointer.remark();
+    if (said != session::Remark::None && remark) {
+        remark(std::string("Nothing was drawn: the current layer is ") +
+               (said == session::Remark::LayerLocked ? "locked" : "hidden"));
+    }
+}
+
+void Canvas::cancelGesture() {
+    panFrom_.reset();
+    if (dragging()) actions_.key("Escape", 0);
+}
+
+void Canvas::leaveEvent(QEvent* /*event*/) {
+    mouse_.reset();
+    if (viewChanged) viewChanged();
+}
+
+void Canvas::wheelEvent(QWheelEvent* event) {
+    const QPointF notches = QPointF(event->angleDelta()) / kNotch;
+    if (event->modifiers() & Qt::ControlModifier) return zoomBy(std::pow(kWheelStep, notches.y()), event->position());
+    constexpr double kStep = 48; // widget pixels a notch
+    const QPointF way = event->pixelDelta().isNull() ? notches * kStep : QPointF(event->pixelDelta());
+    panBy(event->modifiers() & Qt::ShiftModifier ? QPointF(way.y(), way.x()) : way);
+}
+
+void Canvas::dragAgain(Modifiers modifiers) { actions_.drag(toDocument(lastPlace_), modifiers); }
+
+/// Digits during a drag are the gesture's length. Returns whether the key was one of these.
+bool Canvas::typeLength(const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Backspace && !typedLength_.empty()) {
+        typedLength_.pop_back();
+    } else if (isDigit(event) && typedLength_.size() < kMostDigits) {
+        const char c = event.text().toLatin1().front();
+        const bool isPoint = c == ',' || c == '.';
+        if (isPoint && typedLength_.find('.') != std::string::npos) return true;
+        typedLength_ += isPoint ? '.' : c;
+    } else {
+        return false;
+    }
+    actions_.holdLength(QString::fromStdString(typedLength_).toDouble());
+    dragAgain(modifiersOf(event.modifiers()));
+    return true;
+}
+
+void Canvas::hearKey(const QKeyEvent& event) {
+    const std::string name = keyName(event);
+    if (!name.empty()) actions_.key(name, modifiersOf(event.modifiers()));
+}
+
+void Canvas::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space) {
+        if (!event->isAutoRepeat() && !dragging()) {
+            spaceHeld_ = true;
+            showCursor();
+        }
+        return;
+    }
+    if (!document()) return QWidget::keyPressEvent(event);
+    if (isModifier(event->key())) {
+        if (dragging()) dragAgain(modifiersOf(event->modifiers()));
+        return;
+    }
+    if (dragging()) {
+        if (typeLength(*event)) return;
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+            return actions_.release(toDocument(lastPlace_), modifiersOf(event->modifiers()));
+        return hearKey(*event);
+    }
+    const double step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
+    switch (event->key()) {
+    case Qt::Key_Left: return actions_.nudge(-step, 0);
+    case Qt::Key_Right: return actions_.nudge(step, 0);
+    case Qt::Key_Up: return actions_.nudge(0, -step);
+    case Qt::Key_Down: return actions_.nudge(0, step);
+    default: return hearKey(*event);
+    }
+}
+
+void Canvas::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
+        spaceHeld_ = false;
+        return showCursor();
+    }
+    if (isModifier(event->key()) && dragging()) dragAgain(modifiersOf(event->modifiers()));
+}
+
+} // namespace easel::app

@@ -1,0 +1,308 @@
+// The widgets hold nothing of their own: before each event the session learns what is selected in a field, and after it
+// all of them are brought to what the session says.
+#include "app/Dialogs.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+
+#include <algorithm>
+#include <map>
+#include <utility>
+
+#include "app/Application.h"
+#include "hostapi/StageSuite.h"
+
+namespace easel::app {
+
+namespace {
+
+constexpr const char* kDeleteKey = "\x7f";
+
+QString textOf(const session::Widget& widget) { return QString::fromStdString(widget.text); }
+
+/// Characters before a place of a text, and the other way round: Qt counts those beyond U+FFFF twice.
+std::int32_t charactersBefore(const QString& text, int place) {
+    return static_cast<std::int32_t>(text.left(place).toUcs4().size());
+}
+int placeOf(const QString& text, std::int32_t characters) {
+    const QList<uint> codes = text.toUcs4().mid(0, characters);
+    return static_cast<int>(
+        QString::fromUcs4(reinterpret_cast<const char32_t*>(codes.constData()), codes.size()).size());
+}
+
+QWidget& parentFor(QWidget& window) {
+    QWidget* const modal = QApplication::activeModalWidget();
+    return modal ? *modal : window;
+}
+
+/// Without a window manager nobody else brings the window back in front.
+class Activating {
+  public:
+    ~Activating() {
+        if (before_) before_->activateWindow();
+    }
+    explicit Activating(QWidget& window) {
+        if (!before_) before_ = &window;
+    }
+    Activating(const Activating&) = delete;
+    Activating& operator=(const Activating&) = delete;
+
+  private:
+    QPointer<QWidget> before_ = QApplication::activeWindow();
+};
+
+class StagedDialog final : public QDialog {
+  public:
+    StagedDialog(session::Dialogs& dialogs, session::Dialog& dialog, QWidget& parent)
+        : QDialog(&parent), dialogs_(dialogs), dialog_(dialog) {
+        setObjectName("staged");
+        sync();
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        const int id = object->property("id").toInt();
+        switch (event->type()) {
+        case QEvent::ShortcutOverride: event->accept(); return true;
+        case QEvent::KeyPress: return id != 0 && hearKey(id, static_cast<QKeyEvent&>(*event));
+        case QEvent::InputMethod: {
+            const QString typed = static_cast<QInputMethodEvent&>(*event).commitString();
+            if (typed.isEmpty() || !fieldOf(id)) return false;
+            type(id, typed);
+            return true;
+        }
+        case QEvent::FocusIn: {
+            const Qt::FocusReason reason = static_cast<QFocusEvent&>(*event).reason();
+            if (fieldOf(id) && reason == Qt::MouseFocusReason) act([&] { dialogs_.moveFocus(dialog_, id); });
+            return false;
+        }
+        case QEvent::MouseButtonRelease:
+            if (kindOf(id) == kStageLabel) act([&] { dialogs_.click(dialog_, id); });
+            return false;
+        case QEvent::MouseButtonDblClick:
+            if (kindOf(id) == kStageLabel) act([&] { dialogs_.doubleClick(dialog_, id); });
+            return false;
+        default: return false;
+        }
+    }
+
+    void reject() override {
+        act([&] { dialogs_.press(dialog_, kStageEscapeKey); });
+    }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override {
+        if (!dialog_.ended) act([&] { dialogs_.close(dialog_); });
+        if (!dialog_.ended) event->ignore();
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (const int key = dialogKey(*event); key != 0) act([&] { dialogs_.press(dialog_, key); });
+    }
+    bool focusNextPrevChild(bool /*next*/) override { return false; }
+
+  private:
+    /// What of the keyboard is the dialog's; 0 for the rest.
+    static int dialogKey(const QKeyEvent& event) {
+        switch (event.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter: return kStageReturnKey;
+        case Qt::Key_Escape: return kStageEscapeKey;
+        case Qt::Key_Tab: return kStageTabKey;
+        case Qt::Key_Backtab: return kStageBackTabKey;
+        default: return 0;
+        }
+    }
+
+    [[nodiscard]] int kindOf(int id) const {
+        const session::Widget* const widget = dialog_.find(id);
+        return widget ? widget->kind : 0;
+    }
+    [[nodiscard]] QLineEdit* fieldOf(int id) const {
+        const auto found = widgets_.find(id);
+        return found == widgets_.end() ? nullptr : qobject_cast<QLineEdit*>(found->second);
+    }
+
+    bool hearKey(int id, QKeyEvent& event) {
+        if (const int key = dialogKey(event); key != 0) {
+            act([&] { dialogs_.press(dialog_, key); });
+            return true;
+        }
+        QLineEdit* const field = fieldOf(id);
+        if (!field) return false;
+        if (event.matches(QKeySequence::Paste)) {
+            type(id, QApplication::clipboard()->text());
+        } else if (event.matches(QKeySequence::Cut)) {
+            field->copy();
+            if (field->hasSelectedText()) type(id, kDeleteKey);
+        } else if (event.key() == Qt::Key_Backspace) {
+            type(id, kDeleteKey);
+        } else if (event.key() == Qt::Key_Delete) {
+            if (!field->hasSelectedText()) field->cursorForward(true);
+            if (field->hasSelectedText()) type(id, kDeleteKey);
+        } else if (!event.text().isEmpty() && event.text()[0].isPrint() && !(event.modifiers() & Qt::ControlModifier)) {
+            type(id, event.text());
+        } else {
+            return false; // moves the caret, selects, copies
+        }
+        return true;
+    }
+
+    void type(int id, const QString& characters) {
+        act([&] { dialogs_.type(dialog_, id, characters.toStdString()); });
+    }
+
+    /// Passes on what the user did. The dialog may have ended by then, or be another.
+    template <class Act> void act(Act what) {
+        guarded([&] {
+            for (session::Widget& widget : dialog_.widgets) {
+                const QLineEdit* const field = fieldOf(widget.id);
+                if (!field) continue;
+                const int start = field->hasSelectedText() ? field->selectionStart() : field->cursorPosition();
+                const int end = field->hasSelectedText() ? field->selectionEnd() : start;
+                widget.selectionStart = charactersBefore(field->text(), start);
+                widget.selectionEnd = charactersBefore(field->text(), end);
+            }
+            what();
+        })();
+        if (dialog_.ended) return done(0);
+        sync();
+    }
+
+    QWidget* make(const session::Widget& widget) {
+        QWidget* made = nullptr;
+        const int id = widget.id;
+        const auto clicked = guarded([this, id] { act([&] { dialogs_.click(dialog_, id); }); });
+        if (widget.kind == kStageLabel) {
+            auto* const label = new QLabel(this);
+            label->setTextFormat(Qt::PlainText);
+            label->setWordWrap(true);
+            made = label;
+        } else if (widget.kind == kStageTextField) {
+            auto* const field = new QLineEdit(this);
+            field->setAcceptDrops(false);
+            field->setContextMenuPolicy(Qt::NoContextMenu);
+            made = field;
+        } else if (widget.kind == kStageCheckbox) {
+            auto* const box = new QCheckBox(this);
+            connect(box, &QCheckBox::clicked, this, clicked);
+            made = box;
+        } else {
+            auto* const button = new QPushButton(this);
+            button->setAutoDefault(false);
+            connect(button, &QPushButton::clicked, this, clicked);
+            made = button;
+        }
+        if (widget.kind != kStageTextField) made->setFocusPolicy(Qt::NoFocus); // a click leaves the field in focus
+        made->setProperty("id", id);
+        made->installEventFilter(this);
+        return made;
+    }
+
+    void show(QWidget& shown, const session::Widget& widget) {
+        const AIRealRect& frame = widget.frame;
+        shown.setGeometry(QRectF(QPointF(frame.left, frame.top), QPointF(frame.right, frame.bottom)).toRect());
+        shown.setToolTip(QString::fromStdString(widget.tooltip));
+        QFont font = QApplication::font();
+        font.setBold(widget.bold);
+        font.setItalic(widget.italic);
+        shown.setFont(font);
+        shown.setEnabled(widget.enabled);
+        shown.setVisible(widget.visible);
+        const Qt::Alignment side = widget.alignment == kStageAlignRight    ? Qt::AlignRight
+                                   : widget.alignment == kStageAlignCenter ? Qt::AlignHCenter
+                                                                           : Qt::AlignLeft;
+        if (auto* const label = qobject_cast<QLabel*>(&shown)) {
+            label->setText(textOf(widget));
+            label->setAlignment(side | Qt::AlignTop);
+        } else if (auto* const field = qobject_cast<QLineEdit*>(&shown)) {
+            field->setAlignment(side | Qt::AlignVCenter);
+            if (field->text() != textOf(widget)) field->setText(textOf(widget));
+            const int start = placeOf(field->text(), widget.selectionStart);
+            const int end = placeOf(field->text(), widget.selectionEnd);
+            end > start ? field->setSelection(start, end - start) : field->setCursorPosition(start);
+        } else if (auto* const box = qobject_cast<QCheckBox*>(&shown)) {
+            box->setText(textOf(widget));
+            box->setChecked(widget.checked);
+        } else if (auto* const button = qobject_cast<QPushButton*>(&shown)) {
+            button->setText(textOf(widget));
+            button->setDefault(widget.style == kStageDefaultButton);
+        }
+        // Names for whoever hears the window read, and for tests.
+        shown.setObjectName(textOf(widget));
+        if (widget.kind == kStageLabel && widget.linked != 0 && widgets_.contains(widget.linked))
+            widgets_[widget.linked]->setAccessibleName(textOf(widget));
+    }
+
+    void sync() {
+        setWindowTitle(QString::fromStdString(dialog_.title));
+        setFixedSize(static_cast<int>(dialog_.width), static_cast<int>(dialog_.height));
+        for (auto at = widgets_.begin(); at != widgets_.end();) {
+            if (dialog_.find(at->first)) {
+                ++at;
+                continue;
+            }
+            at->second->hide();
+            at->second->deleteLater();
+            at = widgets_.erase(at);
+        }
+        for (const session::Widget& widget : dialog_.widgets) {
+            QWidget*& place = widgets_[widget.id];
+            if (!place) place = make(widget);
+        }
+        for (const session::Widget& widget : dialog_.widgets) show(*widgets_[widget.id], widget);
+        QLineEdit* const focused = fieldOf(dialog_.focus);
+        if (focused && focusWidget() != focused) {
+            focused->setFocus(Qt::OtherFocusReason);
+            focused->selectAll();
+        } else if (!focused && focusWidget()) {
+            focusWidget()->clearFocus();
+        }
+    }
+
+    session::Dialogs& dialogs_;
+    session::Dialog& dialog_;
+    std::map<int, QWidget*> widgets_; // by the plug-in's number
+};
+
+} // namespace
+
+std::size_t showAlert(const session::Alert& alert, QWidget& window) {
+    using Kind = session::Alert::Kind;
+    const Activating activating(window);
+    QMessageBox box(&parentFor(window));
+    box.setObjectName("alert");
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromStdString(alert.text));
+    box.setIcon(alert.kind == Kind::Error     ? QMessageBox::Critical
+                : alert.kind == Kind::Message ? QMessageBox::Information
+                                              : QMessageBox::Question);
+    std::vector<QAbstractButton*> buttons;
+    for (const std::string& title : alert.buttons) {
+        const bool isLast = buttons.size() + 1 == alert.buttons.size();
+        const QMessageBox::ButtonRole role = buttons.empty() ? QMessageBox::AcceptRole
+                                             : isLast        ? QMessageBox::RejectRole
+                                                             : QMessageBox::DestructiveRole;
+        buttons.push_back(box.addButton(QString::fromStdString(title), role));
+    }
+    box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
+    box.setEscapeButton(buttons.back());
+    box.exec();
+    const auto chosen = std::find(buttons.begin(), buttons.end(), box.clickedButton());
+    return chosen == buttons.end() ? buttons.size() - 1 : static_cast<std::size_t>(chosen - buttons.begin());
+}
+
+void showDialog(session::Dialogs& dialogs, session::Dialog& dialog, QWidget& window) {
+    const Activating activating(window);
+    StagedDialog shown(dialogs, dialog, parentFor(window));
+    shown.exec();
+}
+
+} // namespace easel::app

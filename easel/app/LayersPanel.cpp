@@ -1,0 +1,136 @@
+// One row a layer, the topmost first.
+#include "app/LayersPanel.h"
+
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+#include "app/Application.h"
+#include "app/Look.h"
+
+namespace easel::app {
+
+namespace {
+
+/// A bar in the layer's colour.
+QIcon bar(const QColor& color) {
+    QPixmap picture(6, 36);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.fillRect(0, 0, 6, 36, color);
+    return QIcon(picture);
+}
+
+} // namespace
+
+LayersPanel::LayersPanel(Actions& actions) : actions_(actions), list_(*new QTreeWidget(this)) {
+    list_.setObjectName("layers");
+    list_.setAccessibleName("Layers");
+    list_.setColumnCount(4);
+    list_.setHeaderHidden(true);
+    list_.setRootIsDecorated(false);
+    list_.setIndentation(0);
+    list_.setIconSize({18, 18});
+    list_.setEditTriggers(QAbstractItemView::EditKeyPressed);
+    QHeaderView* const header = list_.header();
+    header->setStretchLastSection(false);
+    header->setMinimumSectionSize(20);
+    for (const int column : {Shown, Locked}) {
+        header->setSectionResizeMode(column, QHeaderView::Fixed);
+        header->resizeSection(column, 26);
+    }
+    header->setSectionResizeMode(Title, QHeaderView::Stretch);
+    header->setSectionResizeMode(Count, QHeaderView::ResizeToContents);
+
+    auto* const add = new QToolButton(this);
+    add->setIcon(icon(Symbol::Plus));
+    add->setToolTip("Add a layer above all");
+    add->setAccessibleName("Add layer");
+    add->setObjectName("addLayer");
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(add);
+    buttons->addStretch();
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    auto* const title = new QLabel("<b>Layers</b>", this);
+    title->setContentsMargins(10, 8, 10, 4);
+    column->addWidget(title);
+    column->addWidget(&list_, 1);
+    column->addLayout(buttons);
+
+    connect(add, &QToolButton::clicked, this, guarded([this] { addLayer(); }));
+    connect(&list_, &QTreeWidget::itemClicked, this,
+            guarded([this](const QTreeWidgetItem* row, int at) { clicked(*row, at); }));
+    connect(&list_, &QTreeWidget::itemDoubleClicked, this, guarded([this](QTreeWidgetItem* row, int at) {
+        if (at == Title) list_.editItem(row, Title);
+    }));
+    connect(&list_, &QTreeWidget::itemChanged, this, guarded([this](const QTreeWidgetItem* row, int at) {
+        if (!filling_ && at == Title) edited(*row);
+    }));
+}
+
+void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const {
+    row.setIcon(Shown, icon(layer.hidden() ? Symbol::NoEye : Symbol::Eye));
+    row.setToolTip(Shown, layer.hidden() ? "Show the layer" : "Hide the layer");
+    row.setIcon(Locked, icon(layer.locked() ? Symbol::Lock : Symbol::NoLock));
+    row.setToolTip(Locked, layer.locked() ? "Unlock the layer" : "Lock the layer");
+    row.setIcon(Title, bar(layerColor(index)));
+    row.setText(Title, QString::fromStdString(layer.name()));
+    row.setText(Count, QString::number(layer.childCount()) + "  ");
+    row.setForeground(Title, layer.hidden() ? look().colors.faint : look().colors.text);
+    row.setForeground(Count, look().colors.faint);
+    QFont font = row.font(Title);
+    font.setBold(&layer == &actions_.document()->currentLayer());
+    row.setFont(Title, font);
+    row.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable);
+}
+
+void LayersPanel::refresh() {
+    const bool filledBefore = std::exchange(filling_, true);
+    const model::Document* const document = actions_.document();
+    const int count = document ? static_cast<int>(document->layerCount()) : 0;
+    while (list_.topLevelItemCount() > count) delete list_.takeTopLevelItem(count);
+    while (list_.topLevelItemCount() < count) list_.addTopLevelItem(new QTreeWidgetItem);
+    for (int i = 0; i < count; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const model::Node& layer = *actions_.document()->layerAt(index);
+        fill(*list_.topLevelItem(i), index, layer);
+        if (&layer == &actions_.document()->currentLayer()) list_.setCurrentItem(list_.topLevelItem(i));
+    }
+    filling_ = filledBefore;
+}
+
+void LayersPanel::clicked(const QTreeWidgetItem& row, int column) {
+    const auto index = static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)));
+    const model::Node* const layer = actions_.document() ? actions_.document()->layerAt(index) : nullptr;
+    if (!layer) return;
+    if (column == Shown)
+        actions_.setLayerVisible(index, layer->hidden());
+    else if (column == Locked)
+        actions_.setLayerLocked(index, !layer->locked());
+    else if (layer != &actions_.document()->currentLayer())
+        actions_.setCurrentLayer(index);
+}
+
+void LayersPanel::edited(const QTreeWidgetItem& row) {
+    const auto index = static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)));
+    const std::string title = row.text(Title).toStdString();
+    const model::Node* const layer = actions_.document() ? actions_.document()->layerAt(index) : nullptr;
+    if (layer && !title.empty() && title != layer->name())
+        actions_.setLayerTitle(index, title);
+    else
+        refresh();
+}
+
+void LayersPanel::addLayer() {
+    if (!actions_.document()) return;
+    actions_.addLayer("Layer " + std::to_string(actions_.document()->layerCount() + 1));
+}
+
+} // namespace easel::app

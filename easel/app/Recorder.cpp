@@ -1,0 +1,65 @@
+// Statements and values of session scripts.
+#include "app/Recorder.h"
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+
+#include "hostapi/SPTypes.h"
+#include "session/base/Error.h"
+
+namespace easel::app {
+
+Recorder::Recorder(const std::string& path) : path_(path) {
+    if (path.empty()) return;
+    file_.open(path, std::ios::binary | std::ios::trunc);
+    add("// Recorded by easel-window. Play it with: easel run " + path);
+}
+
+void Recorder::add(const std::string& statement) {
+    if (path_.empty()) return;
+    const bool isComment = statement.compare(0, 2, "//") == 0;
+    file_ << statement << (isComment ? "\n" : ";\n") << std::flush;
+    if (!file_) throw session::Error(path_ + ": cannot be written, so that nothing more is recorded");
+}
+
+std::string Recorder::quoted(std::string_view text) {
+    std::string out = "\"";
+    for (const char c : text) {
+        if (c == '"' || c == '\\') out += '\\';
+        if (static_cast<unsigned char>(c) >= 0x20) {
+            out += c;
+        } else {
+            std::array<char, 8> code{};
+            std::snprintf(code.data(), code.size(), "\\u%04x", static_cast<unsigned>(c));
+            out += code.data();
+        }
+    }
+    return out + '"';
+}
+
+std::string Recorder::number(double value) {
+    std::array<char, 32> digits{};
+    const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    return {digits.data(), end};
+}
+
+std::string Recorder::modifiers(session::Modifiers held) {
+    struct Known {
+        session::Modifiers bit;
+        const char* name;
+    };
+    static constexpr Known kKnown[] = {
+        {kAIShiftKey, "shift"}, {kAIOptionKey, "option"}, {kAIControlKey, "control"}, {kAICommandKey, "command"}};
+    std::string out;
+    for (const Known& known : kKnown)
+        if (held & known.bit) out += (out.empty() ? "{" : ", ") + std::string(known.name) + ": true";
+    return out.empty() ? out : out + '}';
+}
+
+std::string Recorder::at(model::Point location, session::Modifiers held) {
+    const std::string keys = modifiers(held);
+    return number(location.x) + ", " + number(location.y) + (keys.empty() ? "" : ", " + keys);
+}
+
+} // namespace easel::app

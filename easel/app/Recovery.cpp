@@ -1,0 +1,78 @@
+// NUMBER.svg holds the work of the process of that number, NUMBER.path the name of its file.
+#include "app/Recovery.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "svg/Files.h"
+#include "svg/Writer.h"
+
+namespace easel::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kCopyEnd = ".svg";
+constexpr const char* kPathEnd = ".path";
+
+std::string pathFileOf(const std::string& copy) { return fs::path(copy).replace_extension(kPathEnd).string(); }
+
+bool isRunning(long process) { return ::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM; }
+
+} // namespace
+
+std::string Recovery::defaultFolder() {
+    const char* const state = std::getenv("XDG_STATE_HOME");
+    const char* const home = std::getenv("HOME");
+    const fs::path base = state && *state ? fs::path(state) : fs::path(home ? home : "/tmp") / ".local/state";
+    return (base / "easel/recovery").string();
+}
+
+Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
+    std::error_code ignored;
+    fs::create_directories(folder_, ignored);
+    copy_ = (fs::path(folder_) / (std::to_string(::getpid()) + kCopyEnd)).string();
+}
+
+std::string Recovery::keep(model::Document& document, const std::string& path) {
+    try {
+        svg::replaceFile(copy_, svg::write(document));
+        svg::replaceFile(pathFileOf(copy_), path.empty() ? path : fs::absolute(path).string());
+    } catch (const std::exception& error) {
+        return error.what();
+    }
+    return {};
+}
+
+void Recovery::drop() { remove({copy_, {}}); }
+
+std::vector<Recovery::Left> Recovery::left() const {
+    std::vector<Left> found;
+    std::error_code failed;
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder_, failed)) {
+        if (entry.path().extension() != kCopyEnd) continue;
+        const long process = std::strtol(entry.path().stem().c_str(), nullptr, 10);
+        if (process <= 0 || isRunning(process)) continue;
+        Left left{entry.path().string(), {}};
+        try {
+            left.path = svg::readFile(pathFileOf(left.copy));
+        } catch (const svg::FileError&) { // the copy alone is worth something
+        }
+        found.push_back(std::move(left));
+    }
+    return found;
+}
+
+void Recovery::remove(const Left& left) {
+    std::error_code ignored;
+    fs::remove(left.copy, ignored);
+    fs::remove(pathFileOf(left.copy), ignored);
+}
+
+} // namespace easel::app

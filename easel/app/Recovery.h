@@ -1,0 +1,41 @@
+// A copy of unsaved work in a file of its own, so that a crash or a lost display costs at most some seconds of it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/Document.h"
+
+namespace easel::app {
+
+class Recovery {
+  public:
+    /// The folder for such copies: $XDG_STATE_HOME, else ~/.local/state, with easel/recovery in it.
+    [[nodiscard]] static std::string defaultFolder();
+
+    /// Makes the folder. Nothing is kept where that fails.
+    explicit Recovery(std::string folder);
+    ~Recovery() { drop(); }
+    Recovery(const Recovery&) = delete;
+    Recovery& operator=(const Recovery&) = delete;
+
+    /// Writes the document as it is; `path` is the file it belongs to, empty for none. Returns why it could not be, if
+    /// so.
+    std::string keep(model::Document& document, const std::string& path);
+    void drop(); ///< the work is saved, or nobody wants it
+
+    struct Left {
+        std::string copy;
+        std::string path; ///< the file it belongs to; empty for none
+    };
+    /// Copies that programs left which run no more.
+    [[nodiscard]] std::vector<Left> left() const;
+    static void remove(const Left& left);
+
+  private:
+    std::string folder_;
+    std::string copy_; ///< this program's
+};
+
+} // namespace easel::app

@@ -1,0 +1,72 @@
+// Ticks at round numbers, at least so far apart that the numbers can be read.
+#include "app/Ruler.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+#include "app/Look.h"
+
+namespace easel::app {
+
+namespace {
+
+constexpr double kLeastApart = 48; // widget pixels between numbers
+
+/// The least of 1, 2 and 5 times a power of ten that is far enough apart.
+double stepFor(double zoom) {
+    const double least = kLeastApart / zoom;
+    const double power = std::pow(10, std::floor(std::log10(least)));
+    for (const double times : {1.0, 2.0, 5.0})
+        if (times * power >= least) return times * power;
+    return 10 * power;
+}
+
+} // namespace
+
+Ruler::Ruler(const Canvas& canvas, Qt::Orientation orientation)
+    : canvas_(canvas), lies_(orientation == Qt::Horizontal) {
+    lies_ ? setFixedHeight(kBreadth) : setFixedWidth(kBreadth);
+}
+
+void Ruler::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    const Colors& colors = look().colors;
+    painter.fillRect(rect(), colors.panel);
+    if (!canvas_.hasDocument()) return;
+    QFont small = font();
+    small.setPixelSize(10);
+    painter.setFont(small);
+    const int length = lies_ ? width() : height();
+    const model::Point corner = canvas_.toDocument({0, 0});
+    const double start = lies_ ? corner.x : corner.y;
+    const double zoom = canvas_.zoom();
+    const double step = stepFor(zoom);
+    const auto line = [&](double at, double from) {
+        lies_ ? painter.drawLine(QPointF(at, from), QPointF(at, kBreadth))
+              : painter.drawLine(QPointF(from, at), QPointF(kBreadth, at));
+    };
+    constexpr int kParts = 10;
+    for (double index = std::floor(start / step);; ++index) {
+        const double place = (index * step - start) * zoom;
+        if (place > length) break;
+        painter.setPen(colors.line.darker(colors.dark ? 60 : 125));
+        for (int part = 1; part < kParts; ++part)
+            line(std::round(place + part * step * zoom / kParts) + 0.5, part == kParts / 2 ? 13 : 16);
+        line(std::round(place) + 0.5, 6);
+        painter.setPen(colors.faint);
+        const QString number = QString::number(index * step, 'g', 6);
+        painter.save();
+        painter.translate(lies_ ? QPointF(place + 4, 11) : QPointF(11, place - 4));
+        if (!lies_) painter.rotate(-90);
+        painter.drawText(QPointF(0, 0), number);
+        painter.restore();
+    }
+    if (const auto mouse = canvas_.mouse()) {
+        const QPointF place = canvas_.fromDocument(*mouse);
+        painter.setPen(QPen(colors.accent, 1));
+        line(lies_ ? place.x() : place.y(), 0);
+    }
+}
+
+} // namespace easel::app

@@ -1,0 +1,115 @@
+// Compares what nodes were like before they changed with what they are like now.
+#include "app/Watch.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace easel::app {
+
+using model::Box;
+using model::Document;
+using model::Node;
+using model::NodeType;
+
+Box paintedBox(const model::Content& content) {
+    if (content.opaque && !content.path) return content.opaque->hull();
+    if (!content.path) return {};
+    Box box = content.path->hull();
+    if (box.isEmpty() || !content.style || !content.style->stroke) return box;
+    const model::Style& style = *content.style;
+    const double longest = style.join == model::Join::Miter ? std::max(style.miterLimit, 1.5) : 1.5;
+    const double reach = style.strokeWidth / 2 * longest;
+    return {box.left - reach, box.top - reach, box.right + reach, box.bottom + reach};
+}
+
+void Watch::follow(Document* document) {
+    if (document_) document_->journal().beforeChange = {};
+    forget();
+    document_ = document;
+    if (!document_) return;
+    document_->journal().beforeChange = [this](const Node& node) { note(node); };
+    farthestReach_ = 0;
+    for (const Node* at = &document_->root(); at; at = model::nextWithin(document_->root(), *at)) noteReach(*at);
+}
+
+void Watch::noteReach(const Node& node) {
+    if (node.type() != NodeType::Path || node.path().points.empty()) return;
+    farthestReach_ = std::max(farthestReach_, node.hull().left - paintedBox(node.content()).left);
+}
+
+void Watch::forget() {
+    document_ = nullptr;
+    touched_.clear();
+    lifted_.clear();
+    live_.clear();
+}
+
+void Watch::note(const Node& node) {
+    const auto [at, isNew] = touched_.try_emplace(node.id().slot);
+    // The slot of a node that is gone may be another's by now.
+    if (isNew || at->second.id != node.id())
+        at->second = {node.id(), node.type(), node.alive(), node.parent(), node.state().order, node.content()};
+}
+
+Node* Watch::now(const Before& before) const { return document_->find(before.id); }
+
+bool Watch::isSame(const Before& before, const Node* node) {
+    if (!node || !before.alive) return !node && !before.alive;
+    return before.parent == node->parent() && before.order == node->state().order && before.content == node->content();
+}
+
+Watch::Change Watch::take(bool gesture) {
+    Change change;
+    live_.clear();
+    if (!document_) return change;
+    const auto lifted = std::exchange(lifted_, {});
+    for (const auto& [slot, before] : touched_) {
+        Node* const node = now(before);
+        const bool same = isSame(before, node);
+        change.real |= !same;
+        const bool isContainer = before.type != NodeType::Path && before.type != NodeType::Opaque;
+        if (isContainer) {
+            // How far a group was moved, or what it is called, shows in nothing but what it holds.
+            const bool shows =
+                !same && !(node && before.alive && before.parent == node->parent() &&
+                           before.order == node->state().order && before.content.hidden == node->hidden());
+            const bool isEmpty = !node || !node->firstChild();
+            change.everything |= shows && !(isEmpty && !before.alive);
+            continue;
+        }
+        const bool wasLifted = lifted.contains(slot);
+        if (gesture) {
+            // A compound path is drawn as one, whatever of it changes.
+            Node* const drawn = node && node->isSubpath() ? node->parent() : node;
+            if (!same) {
+                lifted_.emplace(slot, before.id);
+                if (drawn && drawn != node) lifted_.emplace(drawn->id().slot, drawn->id());
+                if (drawn && !drawn->effectivelyHidden()) live_.push_back(drawn);
+            }
+            // Lifting art out of the picture, or laying it back, paints its old place anew.
+            if (!before.alive || wasLifted != same) continue;
+            change.boxes.push_back(paintedBox(before.content));
+            for (const Node* each = drawn != node ? drawn->firstChild() : nullptr; each; each = each->next())
+                change.boxes.push_back(paintedBox(each->content()));
+            continue;
+        }
+        if (same && !wasLifted) continue;
+        if (before.alive) change.boxes.push_back(paintedBox(before.content));
+        if (node) change.boxes.push_back(paintedBox(node->content()));
+        if (node) noteReach(*node);
+    }
+    // A compound path that is laid back is painted whole.
+    for (const auto& [slot, id] : lifted) {
+        const Node* const top = lifted_.contains(slot) ? nullptr : document_->find(id);
+        for (const Node* at = top; at; at = model::nextWithin(*top, *at))
+            change.boxes.push_back(paintedBox(at->content()));
+    }
+    if (!gesture) touched_.clear();
+    std::sort(live_.begin(), live_.end());
+    live_.erase(std::unique(live_.begin(), live_.end()), live_.end());
+    std::sort(live_.begin(), live_.end(),
+              [](const Node* a, const Node* b) { return Document::comparePaintOrder(*a, *b) > 0; });
+    return change;
+}
+
+} // namespace easel::app

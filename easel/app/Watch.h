@@ -1,0 +1,65 @@
+// What of a document has changed since it was painted last: boxes to paint anew, and during a gesture the art that it
+// changes, which is painted over the picture until the gesture ends.
+#pragma once
+
+#include <unordered_map>
+#include <vector>
+
+#include "model/Document.h"
+
+namespace easel::app {
+
+/// Contains all that is painted of the art, its stroke included. A miter is as long as its limit allows.
+[[nodiscard]] model::Box paintedBox(const model::Content& content);
+
+class Watch {
+  public:
+    ~Watch() { follow(nullptr); }
+    Watch() = default;
+    Watch(const Watch&) = delete;
+    Watch& operator=(const Watch&) = delete;
+
+    /// Watches this document from now on, and no other.
+    void follow(model::Document* document);
+    /// The document that was watched is gone.
+    void forget();
+
+    struct Change {
+        std::vector<model::Box> boxes; ///< of the picture, to be painted anew
+        bool everything = false;       ///< a group or layer came, went or was hidden: all of the picture
+        bool real = false;             ///< whether anything but the selection has changed
+    };
+    /// What has changed since the last call. While a gesture runs, art that it changes is not part of the picture.
+    [[nodiscard]] Change take(bool gesture);
+
+    /// How far a stroke of the document reaches beyond the box of its path, as far as known.
+    [[nodiscard]] double farthestReach() const { return farthestReach_; }
+    /// The art that the running gesture has changed or made, the bottommost first.
+    [[nodiscard]] const std::vector<model::Node*>& live() const { return live_; }
+    /// Whether the picture leaves it out.
+    [[nodiscard]] bool isLifted(const model::Node& node) const { return lifted_.contains(node.id().slot); }
+
+  private:
+    struct Before {
+        model::NodeId id;
+        model::NodeType type;
+        bool alive;
+        const model::Node* parent;
+        std::uint64_t order;
+        model::Content content;
+    };
+
+    void note(const model::Node& node);
+    void noteReach(const model::Node& node);
+    /// The node as it is now, if it is there.
+    [[nodiscard]] model::Node* now(const Before& before) const;
+    [[nodiscard]] static bool isSame(const Before& before, const model::Node* node);
+
+    model::Document* document_ = nullptr;
+    std::unordered_map<std::uint32_t, Before> touched_; // by slot
+    std::unordered_map<std::uint32_t, model::NodeId> lifted_;
+    std::vector<model::Node*> live_;
+    double farthestReach_ = 0;
+};
+
+} // namespace easel::app

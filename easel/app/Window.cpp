@@ -1,0 +1,498 @@
+// Putting the window together, and keeping it true to the session.
+#include "app/Window.h"
+
+#include <QActionGroup>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QToolButton>
+
+#include <filesystem>
+#include <functional>
+#include <tuple>
+
+#include "app/Application.h"
+#include "app/Look.h"
+#include "svg/Writer.h"
+
+namespace easel::app {
+
+namespace {
+
+constexpr int kClockMilliseconds = 20;
+constexpr int kKeepMilliseconds = 10'000; // of unsaved work that a crash may cost
+constexpr const char* kDrawings = "SVG drawings (*.svg *.svgz)";
+constexpr double kNewWidth = 595; // A4, upright, in points
+constexpr double kNewHeight = 842;
+
+/// The icon of a plug-in's tool, from its bundle; sharp on dense screens too.
+QIcon toolIcon(const session::Tool& tool) {
+    const auto fileOf = [&](int number) {
+        const std::string file = tool.owner->filePath + "/Contents/Resources/" + std::to_string(number) + ".png";
+        return QString::fromStdString(file); // Qt finds the one of double resolution beside it
+    };
+    const bool dark = look().colors.dark;
+    QIcon icon(fileOf(dark ? tool.darkIcon : tool.lightIcon));
+    // The chosen tool's icon lies on the accent colour.
+    icon.addFile(fileOf(dark ? tool.lightIcon : tool.darkIcon), {}, QIcon::Normal, QIcon::On);
+    return icon;
+}
+
+std::string hintFor(const session::Tool& tool) {
+    if (tool.builtin) return "Click or drag to select; drag what is selected to move it. Shift adds";
+    return tool.tip.empty() ? tool.title : tool.tip;
+}
+
+} // namespace
+
+Window::Window(Actions& actions, Recovery& recovery) : actions_(actions), recovery_(recovery), canvas_(actions) {
+    setObjectName("window");
+    auto* const middle = new QWidget(this);
+    auto* const grid = new QGridLayout(middle);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    grid->addWidget(&across_, 0, 1);
+    grid->addWidget(&down_, 1, 0);
+    grid->addWidget(&canvas_, 1, 1);
+    setCentralWidget(middle);
+    makeFileMenu();
+    makeEditMenu();
+    makeViewMenu();
+    makePluginMenu();
+    makeToolbox();
+    makePanels();
+    makeStatusBar();
+    actions_.done = [this] { refresh(); };
+    actions_.closing = [this] {
+        canvas_.leaveDocument();
+        shown_ = 0;
+    };
+    canvas_.viewChanged = [this] { showView(); };
+    canvas_.remark = [this](const std::string& text) {
+        text.empty() ? statusBar()->clearMessage() : statusBar()->showMessage(QString::fromStdString(text));
+    };
+    canvas_.heldByToggles = [this] { return toggled_; };
+    resize(1300, 840);
+    showTools();
+    showTitle();
+    startClock();
+    canvas_.setFocus();
+}
+
+// Making
+
+QAction& Window::add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what) {
+    QAction* const action = menu.addAction(text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, guarded(std::move(what)));
+    return *action;
+}
+
+void Window::makeFileMenu() {
+    QMenu& menu = *menuBar()->addMenu("&File");
+    add(menu, "&New", QKeySequence::New, [this] {
+        if (mayLose()) newDocument(kNewWidth, kNewHeight);
+    });
+    add(menu, "&Open...", QKeySequence::Open, [this] {
+        if (!mayLose()) return;
+        const QString path = QFileDialog::getOpenFileName(this, "Open a drawing", {}, kDrawings);
+        if (!path.isEmpty()) open(path.toStdString());
+    });
+    menu.addSeparator();
+    add(menu, "&Save", QKeySequence::Save, [this] { save(); });
+    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
+    add(menu, "&Export a Picture...", QKeySequence("Ctrl+Shift+E"), [this] { exportPicture(); });
+    menu.addSeparator();
+    add(menu, "&Quit", QKeySequence::Quit, [this] { close(); });
+}
+
+void Window::makeEditMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Edit");
+    add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
+    add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
+    menu.addSeparator();
+    add(menu, "&Delete", {}, [this] { actions_.removeSelected(); });
+    add(menu, "Select &All", QKeySequence::SelectAll, [this] { actions_.selectAll(); });
+    add(menu, "D&eselect All", QKeySequence("Ctrl+Shift+A"), [this] { actions_.deselectAll(); });
+}
+
+void Window::makeViewMenu() {
+    QMenu& menu = *menuBar()->addMenu("&View");
+    constexpr double kStep = 1.5;
+    add(menu, "Zoom &In", QKeySequence("Ctrl++"), [this] {
+        canvas_.zoomBy(kStep);
+    }).setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
+    add(menu, "Zoom &Out", QKeySequence("Ctrl+-"), [this] { canvas_.zoomBy(1 / kStep); });
+    add(menu, "&Whole Page", QKeySequence("Ctrl+0"), [this] { canvas_.fitPage(); });
+    add(menu, "&Actual Size", QKeySequence("Ctrl+1"), [this] { canvas_.zoomTo(1); });
+    menu.addSeparator();
+    const auto addSwitch = [&](const QString& text, const QKeySequence& keys, bool on, auto change) {
+        QAction* const action = menu.addAction(text);
+        action->setShortcut(keys);
+        action->setCheckable(true);
+        action->setChecked(on);
+        connect(action, &QAction::toggled, this, guarded([change](bool checked) { change(checked); }));
+    };
+    addSwitch("Snap to &Points", {}, actions_.session().pointer.snapping.toPoint,
+              [this](bool on) { actions_.setSnapping(on); });
+    addSwitch("Isometric &Grid", QKeySequence("Ctrl+'"), false, [this](bool on) {
+        canvas_.gridShown = on;
+        canvas_.update();
+    });
+    addSwitch("&Length beside the Pointer", {}, true, [this](bool on) { canvas_.feedbackShown = on; });
+    addSwitch("&Dark", {}, look().colors.dark, [this](bool on) { setDark(on); });
+}
+
+void Window::makePluginMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Plug-ins");
+    menu.setObjectName("plugins");
+    connect(&menu, &QMenu::aboutToShow, this, guarded([this, &menu] { fillPluginMenu(menu); }));
+    fillPluginMenu(menu);
+}
+
+void Window::fillPluginMenu(QMenu& menu) {
+    menu.clear();
+    session::Session& session = actions_.session();
+    session.input.updateMenus();
+    const std::function<void(QMenu&, const session::MenuGroup&)> fill = [&](QMenu& into,
+                                                                            const session::MenuGroup& group) {
+        for (const session::MenuChild& child : group.children) {
+            if (child.group) {
+                if (!child.group->opener) fill(into, *child.group); // one without a submenu
+                continue;
+            }
+            const session::MenuItem& item = *child.item;
+            const QString text = QString::fromStdString(item.text);
+            if (item.isDivider()) {
+                into.addSeparator();
+            } else if (item.opens) {
+                fill(*into.addMenu(text), *item.opens);
+            } else {
+                QAction* const action = into.addAction(text);
+                action->setEnabled(session::Menus::isEnabled(item));
+                action->setCheckable(item.checked);
+                action->setChecked(item.checked);
+                connect(action, &QAction::triggered, this,
+                        guarded([this, chosen = item.text] { actions_.chooseMenu(chosen); }));
+            }
+        }
+    };
+    for (const session::MenuGroup* const group : session.menus.groups()) {
+        if (group->parent || group->children.empty()) continue;
+        if (!menu.isEmpty()) menu.addSeparator();
+        fill(menu, *group);
+    }
+    if (menu.isEmpty()) menu.addAction("No plug-in has items")->setEnabled(false);
+}
+
+void Window::makeToolbox() {
+    toolbox_.setObjectName("toolbox");
+    toolbox_.setMovable(false);
+    toolbox_.setOrientation(Qt::Vertical);
+    toolbox_.setIconSize({22, 22});
+    toolbox_.setWindowTitle("Tools");
+    addToolBar(Qt::LeftToolBarArea, &toolbox_);
+}
+
+/// The host's tools, those of plug-ins, then the window's own.
+void Window::showTools() {
+    session::Session& session = actions_.session();
+    const session::ToolChanges& changes = session.toolbox.changes();
+    const unsigned count = changes.members + changes.titles + changes.tips + changes.looks;
+    if (shownTools_ != count) {
+        shownTools_ = count;
+        toolbox_.clear();
+        toolActions_.clear();
+        delete tools_;
+        tools_ = new QActionGroup(this);
+        const auto addTool = [&](const QIcon& picture, const std::string& title, const QString& key) {
+            QAction* const action = toolbox_.addAction(picture, QString::fromStdString(title));
+            action->setCheckable(true);
+            action->setToolTip(QString::fromStdString(title) + (key.isEmpty() ? QString() : " (" + key + ')'));
+            if (!key.isEmpty()) action->setShortcut(key);
+            tools_->addAction(action);
+            return action;
+        };
+        int number = 0;
+        bool wasBuiltin = true;
+        for (session::Tool* const tool : session.toolbox.all()) {
+            const bool isFirst = toolActions_.empty();
+            const QString key = tool->builtin ? QString(isFirst ? "V" : "A") : QString::number(++number);
+            if (wasBuiltin && !tool->builtin) toolbox_.addSeparator();
+            wasBuiltin = tool->builtin != nullptr;
+            QAction* const action =
+                addTool(tool->builtin ? icon(isFirst ? Symbol::Select : Symbol::DirectSelect) : toolIcon(*tool),
+                        tool->title, number > 9 ? QString() : key);
+            toolActions_[tool->handle] = action;
+            connect(action, &QAction::triggered, this, guarded([this, handle = tool->handle] {
+                        canvas_.setHandling(Handling::Tool);
+                        session::Tool* const chosen = actions_.session().toolbox.find(handle);
+                        if (chosen) actions_.selectTool(*chosen);
+                        canvas_.setFocus();
+                    }));
+            auto* const button = qobject_cast<QToolButton*>(toolbox_.widgetForAction(action));
+            button->installEventFilter(&toolbox_);
+        }
+        toolbox_.addSeparator();
+        for (const auto& [symbol, title, key, handling] :
+             {std::tuple(Symbol::Hand, "Hand", "H", Handling::Hand), {Symbol::Zoom, "Zoom", "Z", Handling::Zoom}}) {
+            QAction* const action = addTool(icon(symbol), title, key);
+            connect(action, &QAction::triggered, this, guarded([this, which = handling] {
+                        canvas_.setHandling(which);
+                        canvas_.setFocus();
+                        showTools();
+                    }));
+        }
+    }
+    const session::Tool& current = *session.toolbox.current();
+    if (canvas_.handling() == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
+    hint_.setText(QString::fromStdString(canvas_.handling() == Handling::Hand ? "Drag to move the view"
+                                         : canvas_.handling() == Handling::Zoom
+                                             ? "Click to zoom in, Alt-click to zoom out"
+                                             : hintFor(current)));
+}
+
+void Window::makePanels() {
+    auto* const dock = new QDockWidget("Panels", this);
+    dock->setObjectName("panels");
+    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
+    dock->setTitleBarWidget(new QWidget(dock));
+    auto* const inside = new QWidget(dock);
+    auto* const column = new QVBoxLayout(inside);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(&layers_, 1);
+    column->addWidget(&selection_);
+    dock->setWidget(inside);
+    dock->setMinimumWidth(230);
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+}
+
+void Window::makeStatusBar() {
+    statusBar()->setSizeGripEnabled(false);
+    hint_.setContentsMargins(8, 0, 0, 0);
+    statusBar()->addWidget(&hint_, 1);
+    // Many window managers keep Alt and the mouse to themselves.
+    struct Toggle {
+        const char* text;
+        session::Modifiers bit;
+    };
+    for (const Toggle& toggle : {Toggle{"Shift", kAIShiftKey}, {"Option", kAIOptionKey}, {"Command", kAICommandKey}}) {
+        auto* const button = new QToolButton(this);
+        button->setText(toggle.text);
+        button->setObjectName(QString("hold") + toggle.text);
+        button->setCheckable(true);
+        button->setFocusPolicy(Qt::NoFocus);
+        button->setToolTip(QString("Hold ") + toggle.text + " for every gesture, as if the key were down");
+        connect(button, &QToolButton::toggled, this,
+                guarded([this, bit = toggle.bit](bool on) { toggled_ = on ? toggled_ | bit : toggled_ & ~bit; }));
+        statusBar()->addPermanentWidget(button);
+    }
+    place_.setMinimumWidth(150);
+    statusBar()->addPermanentWidget(&place_);
+    zoom_ = new QComboBox(this);
+    zoom_->setObjectName("zoom");
+    zoom_->setAccessibleName("Zoom");
+    zoom_->setEditable(true);
+    zoom_->setInsertPolicy(QComboBox::NoInsert);
+    zoom_->setFixedWidth(84);
+    for (const char* const each : {"25%", "50%", "100%", "200%", "400%", "800%"}) zoom_->addItem(each);
+    connect(zoom_, &QComboBox::textActivated, this, guarded([this](QString text) {
+                bool isNumber = false;
+                const double percent = text.remove('%').trimmed().toDouble(&isNumber);
+                if (isNumber && percent > 0) canvas_.zoomTo(percent / 100);
+                showView();
+                canvas_.setFocus();
+            }));
+    statusBar()->addPermanentWidget(zoom_);
+}
+
+// Keeping true
+
+void Window::refresh() {
+    if (shown_ != actions_.documentNumber()) {
+        shown_ = actions_.documentNumber();
+        canvas_.showDocument();
+        canvas_.fitPage();
+    }
+    if (canvas_.refresh() && !actions_.session().pointer.pressed()) {
+        actions_.setModified();
+        if (!keepTimer_.isActive()) keepTimer_.start(kKeepMilliseconds, this);
+    }
+    showTools();
+    // Panels wait for the gesture's end: they would cost more than the drag.
+    if (!actions_.session().pointer.pressed()) {
+        layers_.refresh();
+        selection_.refresh();
+        showTitle();
+    }
+    showView();
+}
+
+void Window::showTitle() {
+    const std::string name =
+        actions_.path().empty() ? "Untitled" : std::filesystem::path(actions_.path()).filename().string();
+    setWindowTitle(actions_.document() ? QString::fromStdString(name) + "[*] — Easel" : QString("Easel[*]"));
+    setWindowModified(actions_.isModified());
+}
+
+void Window::showView() {
+    across_.update();
+    down_.update();
+    const auto mouse = canvas_.mouse();
+    place_.setText(mouse ? "X " + QString::number(mouse->x, 'f', 2) + "  Y " + QString::number(mouse->y, 'f', 2) + " pt"
+                         : QString());
+    if (!zoom_->lineEdit()->hasFocus()) zoom_->setEditText(QString::number(canvas_.zoom() * 100, 'g', 4) + '%');
+}
+
+void Window::setDark(bool dark) {
+    applyLook(Application::instance(), dark);
+    actions_.session().screen.setBrightness(dark ? 0 : 1);
+    shownTools_ = ~0U;
+    refresh();
+}
+
+// Time
+
+void Window::startClock() {
+    clock_.start();
+    clockTimer_.start(kClockMilliseconds, this);
+}
+
+void Window::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == keepTimer_.timerId()) {
+        keepTimer_.stop();
+        return keepWork();
+    }
+    if (event->timerId() != clockTimer_.timerId()) return QMainWindow::timerEvent(event);
+    // Begun anew before plug-ins are called: a timer does not fire in a dialog that its own handler has opened.
+    clockTimer_.start(kClockMilliseconds, this);
+    const double seconds = static_cast<double>(clock_.restart()) / 1000;
+    const auto changes = [this] { return shown_ != 0 ? actions_.document()->journal().changeCount() : 0; };
+    const std::uint64_t before = changes();
+    actions_.session().timers.runFor(seconds);
+    if (changes() != before) refresh();
+}
+
+// Files
+
+void Window::newDocument(double width, double height) {
+    actions_.newDocument(width, height);
+    recovery_.drop();
+}
+
+void Window::open(const std::string& path) {
+    actions_.open(path);
+    recovery_.drop();
+}
+
+bool Window::save() { return actions_.path().empty() ? saveAs() : saveTo(actions_.path()); }
+
+bool Window::saveAs() {
+    if (!actions_.document()) return false;
+    QString path =
+        QFileDialog::getSaveFileName(this, "Save the drawing", QString::fromStdString(actions_.path()), kDrawings);
+    if (path.isEmpty()) return false;
+    if (!path.endsWith(".svg", Qt::CaseInsensitive) && !path.endsWith(".svgz", Qt::CaseInsensitive)) path += ".svg";
+    return saveTo(path.toStdString());
+}
+
+bool Window::saveTo(const std::string& path) {
+    bool force = false;
+    if (svg::isChangedByOthers(*actions_.document(), path)) {
+        QMessageBox question(QMessageBox::Warning, "Easel",
+                             QString::fromStdString(path) +
+                                 " was changed by another program since it was opened.\nSaving replaces those changes.",
+                             QMessageBox::Cancel, this);
+        question.setTextFormat(Qt::PlainText);
+        const auto* const replace = question.addButton("Save All the Same", QMessageBox::DestructiveRole);
+        question.exec();
+        if (question.clickedButton() != replace) return false;
+        force = true;
+    }
+    actions_.save(path, force);
+    keepTimer_.stop();
+    recovery_.drop();
+    showTitle();
+    statusBar()->showMessage("Saved " + QString::fromStdString(path), 3000);
+    return true;
+}
+
+void Window::exportPicture() {
+    if (!actions_.document()) return;
+    const QString path = QFileDialog::getSaveFileName(this, "Export a picture", {}, "Pictures (*.png *.pdf)");
+    if (path.isEmpty()) return;
+    constexpr double kDense = 2; // pixels a point
+    const bool isPdf = path.endsWith(".pdf", Qt::CaseInsensitive);
+    actions_.exportPicture((isPdf || path.endsWith(".png", Qt::CaseInsensitive) ? path : path + ".png").toStdString(),
+                           isPdf ? 1 : kDense);
+    statusBar()->showMessage("Exported " + path, 3000);
+}
+
+bool Window::mayLose() {
+    canvas_.cancelGesture();
+    if (!actions_.isModified()) return true;
+    QMessageBox question(QMessageBox::Question, "Easel", "Save the changes before going on?",
+                         QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    question.setObjectName("unsaved");
+    question.setInformativeText("They are lost otherwise.");
+    switch (question.exec()) {
+    case QMessageBox::Save: return save();
+    case QMessageBox::Discard: return true;
+    default: return false;
+    }
+}
+
+void Window::keepWork() {
+    if (!actions_.document() || !actions_.isModified()) return;
+    if (actions_.session().pointer.pressed()) return keepTimer_.start(kKeepMilliseconds, this);
+    const std::string why = recovery_.keep(*actions_.document(), actions_.path());
+    if (!why.empty()) statusBar()->showMessage("Unsaved work is not kept: " + QString::fromStdString(why));
+}
+
+void Window::offerRecovered() {
+    for (const Recovery::Left& left : recovery_.left()) {
+        QMessageBox question(QMessageBox::Question, "Easel",
+                             "Easel ended without saving a drawing. Open what was kept?", QMessageBox::NoButton, this);
+        question.setObjectName("recover");
+        question.setTextFormat(Qt::PlainText);
+        question.setInformativeText(left.path.empty() ? QString("It was never saved.")
+                                                      : QString::fromStdString(left.path));
+        const auto* const yes = question.addButton("Open It", QMessageBox::AcceptRole);
+        const auto* const no = question.addButton("Throw It Away", QMessageBox::DestructiveRole);
+        question.addButton("Later", QMessageBox::RejectRole);
+        question.exec();
+        if (question.clickedButton() == no) Recovery::remove(left);
+        if (question.clickedButton() != yes) continue;
+        actions_.open(left.copy);
+        actions_.disown(left.path);
+        const std::string why = recovery_.keep(*actions_.document(), left.path);
+        if (why.empty()) Recovery::remove(left);
+        showTitle();
+        return; // one drawing at a time; others are offered next time
+    }
+}
+
+void Window::tell(const QString& why) {
+    canvas_.cancelGesture();
+    QMessageBox box(QMessageBox::Warning, "Easel", why, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.setObjectName("failure");
+    box.exec();
+    activateWindow();
+}
+
+void Window::closeEvent(QCloseEvent* event) {
+    if (!mayLose()) return event->ignore();
+    recovery_.drop();
+    event->accept();
+}
+
+} // namespace easel::app

@@ -1,0 +1,90 @@
+// The window: menus, toolbox, rulers, canvas, panels and status bar around one document.
+#pragma once
+
+#include <QBasicTimer>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMainWindow>
+#include <QToolBar>
+
+#include <map>
+#include <string>
+
+#include "app/Actions.h"
+#include "app/Canvas.h"
+#include "app/LayersPanel.h"
+#include "app/Recovery.h"
+#include "app/Ruler.h"
+#include "app/SelectionPanel.h"
+
+class QActionGroup;
+class QComboBox;
+
+namespace easel::app {
+
+class Window final : public QMainWindow {
+  public:
+    Window(Actions& actions, Recovery& recovery);
+
+    void open(const std::string& path);
+    void newDocument(double width, double height);
+    /// Offers what an earlier run left unsaved.
+    void offerRecovered();
+    /// Writes the recovery copy now, if there is unsaved work.
+    void keepWork();
+    /// What went wrong, to be shown.
+    void tell(const QString& why);
+    [[nodiscard]] Canvas& canvas() { return canvas_; }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+  private:
+    // Making
+    void makeFileMenu();
+    void makeEditMenu();
+    void makeViewMenu();
+    void makePluginMenu();
+    void makeToolbox();
+    void makePanels();
+    void makeStatusBar();
+    QAction& add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what);
+
+    // Files
+    bool saveAs();
+    bool save();
+    bool saveTo(const std::string& path);
+    void exportPicture();
+    [[nodiscard]] bool mayLose(); ///< asks where there is unsaved work
+
+    void refresh(); ///< after an act
+    void showTitle();
+    void showView();
+    void showTools();
+    void fillPluginMenu(QMenu& menu);
+    void setDark(bool dark);
+    void startClock();
+
+    Actions& actions_;
+    Recovery& recovery_;
+    Canvas canvas_;
+    Ruler across_{canvas_, Qt::Horizontal};
+    Ruler down_{canvas_, Qt::Vertical};
+    LayersPanel layers_{actions_};
+    SelectionPanel selection_{actions_};
+    QToolBar toolbox_;
+    QActionGroup* tools_ = nullptr;
+    std::map<AIToolHandle, QAction*> toolActions_;
+    unsigned shownTools_ = ~0U; ///< the toolbox's count of changes when it was shown
+    QLabel place_;
+    QLabel hint_;
+    QComboBox* zoom_ = nullptr;
+    session::Modifiers toggled_ = 0;
+    std::uint32_t shown_ = 0; ///< number of the document
+    QBasicTimer clockTimer_;
+    QElapsedTimer clock_; ///< for the timers of plug-ins
+    QBasicTimer keepTimer_;
+};
+
+} // namespace easel::app

@@ -1,0 +1,162 @@
+// The window's executable. Exit codes: 0 when the window was closed, 1 after an error (one line on standard error), 2
+// when it was called in a way it does not know.
+#include <fcntl.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "app/Application.h"
+#include "app/Dialogs.h"
+#include "app/Look.h"
+#include "app/Window.h"
+#include "session/frame/PluginFolders.h"
+
+namespace {
+
+using namespace easel;
+
+enum ExitCode { Done = 0, Failed = 1, Misused = 2 };
+
+struct Command {
+    std::string drawing;
+    std::vector<std::string> plugins;
+    std::string profile;
+    std::string record;
+    bool dark = false;
+};
+
+app::Window* shownWindow = nullptr;
+
+int fail(ExitCode code, const std::string& why) {
+    std::fprintf(stderr, "easel-window: %s\n", why.c_str());
+    return code;
+}
+
+/// Hears what Qt says. Without a display, and when the display is lost, these lines are all that comes.
+void hearQt(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
+    const bool isLost = text.contains("connection broke");
+    if (isLost && shownWindow) shownWindow->keepWork();
+    if (type == QtFatalMsg || isLost) {
+        const std::string line = text.section('\n', 0, 0).toStdString();
+        std::fprintf(stderr, "easel-window: no display: %s\n", line.c_str());
+        std::_Exit(Failed);
+    }
+}
+
+// Signals end the loop, so that unsaved work is kept and plug-ins are told.
+int signalPipe[2];
+void hearSignal(int number) {
+    const auto byte = static_cast<unsigned char>(number);
+    static_cast<void>(!::write(signalPipe[1], &byte, 1));
+}
+
+void endOnSignals(QObject& context) {
+    if (::pipe2(signalPipe, O_CLOEXEC | O_NONBLOCK) != 0) return;
+    auto* const heard = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, &context);
+    QObject::connect(heard, &QSocketNotifier::activated, &context, app::guarded([] {
+                         unsigned char number = 0;
+                         if (::read(signalPipe[0], &number, 1) != 1) return;
+                         if (shownWindow) shownWindow->keepWork();
+                         constexpr int kBySignal = 128;
+                         QApplication::exit(kBySignal + number);
+                     }));
+    for (const int number : {SIGTERM, SIGINT, SIGHUP}) std::signal(number, hearSignal);
+}
+
+void loadPlugins(session::Session& session, const std::vector<std::string>& named) {
+    for (const std::string& bundle : named) session.plugins.load(bundle);
+    for (const std::string& bundle : session::bundlesIn(session::pluginFolders())) {
+        const std::string name = std::filesystem::path(bundle).filename();
+        const auto loaded = session.plugins.all();
+        if (std::any_of(loaded.begin(), loaded.end(), [&](const auto* plugin) { return plugin->fileName == name; }))
+            continue;
+        try {
+            session.plugins.load(bundle);
+        } catch (const session::Error& error) {
+            session.reports.add(session::Blame::Plugin, error.what());
+        }
+    }
+}
+
+/// Where the settings of plug-ins are, unless told otherwise.
+std::string defaultProfile() {
+    const char* const config = std::getenv("XDG_CONFIG_HOME");
+    const char* const home = std::getenv("HOME");
+    const std::filesystem::path base =
+        config && *config ? config : std::filesystem::path(home ? home : "/tmp") / ".config";
+    return (base / "easel").string();
+}
+
+int show(int argc, char** argv, const Command& command) {
+    qInstallMessageHandler(hearQt);
+    app::Application application(argc, argv);
+    QApplication::setApplicationName("Easel");
+    app::applyLook(application, command.dark);
+
+    session::Session session;
+    session.profile.use(command.profile.empty() ? defaultProfile() : command.profile);
+    app::Recorder recorder(command.record);
+    app::Actions actions(session, recorder);
+    app::Recovery recovery(app::Recovery::defaultFolder());
+    loadPlugins(session, command.plugins);
+    session.screen.setBrightness(command.dark ? 0 : 1);
+    app::Window window(actions, recovery);
+    shownWindow = &window;
+    application.failed = [&window](const QString& why) { window.tell(why); };
+    session.alerts.handler = [&window](const session::Alert& alert) { return app::showAlert(alert, window); };
+    session.dialogs.face = [&](session::Dialog& dialog) { app::showDialog(session.dialogs, dialog, window); };
+    endOnSignals(application);
+    window.show();
+    // The window is up before plug-ins start, who may open dialogs over it.
+    QTimer::singleShot(0, &window, app::guarded([&] {
+                           for (const std::string& line : session.start()) window.tell(QString::fromStdString(line));
+                           constexpr double kWidth = 595;
+                           constexpr double kHeight = 842;
+                           if (command.drawing.empty())
+                               window.newDocument(kWidth, kHeight);
+                           else
+                               window.open(command.drawing);
+                           window.offerRecovered();
+                       }));
+    const int code = QApplication::exec();
+    session.quit();
+    shownWindow = nullptr;
+    return code;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow any more is an error like a full disk
+    Command command;
+    CLI::App cli{"Easel, a drawing application for axonometric views", "easel-window"};
+    cli.set_version_flag("--version", "Easel " EASEL_VERSION, "Print the version and exit");
+    cli.add_option("FILE.svg", command.drawing, "The drawing to open; a new one if left out");
+    cli.add_option("--plugin", command.plugins, "A plug-in bundle (NAME.aip); can be given more than once")
+        ->allow_extra_args(false);
+    cli.add_option("--profile", command.profile, "The folder of settings; ~/.config/easel if left out");
+    cli.add_option("--record", command.record, "Writes what is done as a session script");
+    cli.add_flag("--dark", command.dark, "Light on dark");
+    try {
+        cli.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return cli.exit(error);
+        return fail(Misused, std::string(error.what()) + "; see easel-window --help");
+    }
+    try {
+        return show(argc, argv, command);
+    } catch (const std::exception& error) {
+        return fail(Failed, error.what());
+    }
+}

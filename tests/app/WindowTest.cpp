@@ -1,0 +1,244 @@
+// The window as a hand uses it: drawing, keys, files, questions, panels, and what it shows.
+#include <QAction>
+#include <QTreeWidget>
+
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "script/Script.h"
+#include "support/Shown.h"
+#include "svg/Picture.h"
+#include "svg/Writer.h"
+
+namespace {
+
+using desk::Shown;
+using easel::model::NodeType;
+using easel::model::Point;
+using testing::HasSubstr;
+
+class WindowTest : public Shown {
+  protected:
+    WindowTest() { window->newDocument(300, 200); }
+
+    const easel::model::PathData& topPath() { return document().currentLayer().firstChild()->path(); }
+    std::size_t paths() { return document().currentLayer().childCount(); }
+};
+
+// Gestures
+
+TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
+    const std::string script = folder.path("recorded.js");
+    show(script);
+    window->newDocument(300, 200);
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 150}, {120, 139}, {151, 122}});
+    stroke({{151, 122}, {150, 90}, {152, 61}});
+    press({30.25, 40.5});
+    drag({60, 60});
+    type("25.5");
+    release({60, 60});
+    actions->addLayer("Other \"one\"");
+    actions->setLayerLocked(1, true);
+    stroke({{20, 20}, {20, 90}});
+    actions->undo();
+    actions->save(folder.path("window.svg"), false);
+    const std::string drawn = folder.content("window.svg");
+    EXPECT_THAT(drawn, HasSubstr("<path"));
+    window.reset();
+    session.reset();
+
+    easel::session::Session again;
+    again.profile.use(folder.path("profile"));
+    again.plugins.load(ORTHOLINE_BUNDLE);
+    again.start();
+    std::ostringstream said;
+    std::filesystem::remove(folder.path("window.svg"));
+    easel::script::run(again, script, said);
+    EXPECT_EQ(folder.content("window.svg"), drawn);
+}
+
+TEST_F(WindowTest, HoldsTypedLengthsUntilTheGestureEnds) {
+    chooseTool("Isometric Line Tool");
+    press({100, 100});
+    drag({150, 60});
+    type("405");
+    key(canvas(), Qt::Key_Backspace);
+    const auto length = [&] {
+        const auto& points = topPath().points;
+        return std::hypot(points[1].anchor.x - points[0].anchor.x, points[1].anchor.y - points[0].anchor.y);
+    };
+    EXPECT_NEAR(length(), 40, 1e-9);
+    drag({180, 80});
+    EXPECT_NEAR(length(), 40, 1e-9);
+    key(canvas(), Qt::Key_Return);
+    EXPECT_FALSE(session->pointer.pressed());
+    EXPECT_NEAR(length(), 40, 1e-9);
+    stroke({{100, 160}, {140, 160}, {190, 160}});
+    EXPECT_NEAR(length(), 90, 1e-9); // nothing is held any more
+}
+
+TEST_F(WindowTest, ModifiersActAtOnceAndEscapeTakesBack) {
+    chooseTool("Isometric Line Tool");
+    press({100, 100});
+    drag({150, 98});
+    const Point held = topPath().points[1].anchor;
+    key(canvas(), Qt::Key_Alt); // Qt adds or takes away the key itself
+    EXPECT_NE(topPath().points[1].anchor, held);
+    EXPECT_NEAR(topPath().points[1].anchor.y, 98, 1e-9); // free of the axes
+    key(canvas(), Qt::Key_Alt, {}, Qt::AltModifier, QEvent::KeyRelease);
+    EXPECT_EQ(topPath().points[1].anchor, held);
+    key(canvas(), Qt::Key_Escape);
+    EXPECT_EQ(paths(), 0U);
+    EXPECT_EQ(document().journal().undoDepth(), 0U);
+    EXPECT_FALSE(actions->isModified());
+    release({150, 98}); // the button comes up later
+    EXPECT_EQ(paths(), 0U);
+    EXPECT_TRUE(failures.empty());
+}
+
+TEST_F(WindowTest, AGestureEndsWhenADialogOpensOverIt) {
+    chooseTool("Isometric Line Tool");
+    press({100, 100});
+    drag({150, 80});
+    clickWhenAsked("Second");
+    const easel::session::Alert alert{easel::session::Alert::Kind::Confirm, "A <b>text</b>?", {"First", "Second"}};
+    EXPECT_EQ(session->alerts.handler(alert), 1U);
+    EXPECT_EQ(asked, "A <b>text</b>?");
+    EXPECT_FALSE(session->pointer.pressed());
+    EXPECT_EQ(paths(), 0U);
+}
+
+TEST_F(WindowTest, SaysWhyALayerTakesNoArt) {
+    chooseTool("Isometric Line Tool");
+    auto& list = *window->findChild<QTreeWidget*>("layers");
+    Q_EMIT list.itemClicked(list.topLevelItem(0), 1);
+    EXPECT_TRUE(document().currentLayer().locked());
+    EXPECT_EQ(canvas().cursor().shape(), Qt::ForbiddenCursor);
+    stroke({{10, 10}, {60, 60}});
+    EXPECT_EQ(paths(), 0U);
+    Q_EMIT list.itemClicked(list.topLevelItem(0), 1);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+    list.topLevelItem(0)->setText(2, "Named");
+    EXPECT_EQ(document().currentLayer().name(), "Named");
+}
+
+TEST_F(WindowTest, NudgesSelectsAndRemoves) {
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    const Point before = topPath().points[0].anchor;
+    actions->selectAll();
+    key(canvas(), Qt::Key_Right);
+    key(canvas(), Qt::Key_Up, {}, Qt::ShiftModifier);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
+    key(canvas(), Qt::Key_Backspace);
+    EXPECT_EQ(paths(), 0U);
+    actions->undo();
+    EXPECT_EQ(paths(), 1U);
+}
+
+// View
+
+TEST_F(WindowTest, ZoomsAboutThePointer) {
+    canvas().zoomTo(1);
+    const QPointF place(40, 30);
+    const Point under = canvas().toDocument(place);
+    QWheelEvent wheel(place, canvas().mapToGlobal(place), {}, {0, 240}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&canvas(), &wheel);
+    EXPECT_NEAR(canvas().zoom(), 1.44, 1e-12);
+    EXPECT_NEAR(canvas().toDocument(place).x, under.x, 0.5); // but for whole pixels
+    EXPECT_NEAR(canvas().toDocument(place).y, under.y, 0.5);
+    canvas().zoomTo(1e9);
+    EXPECT_EQ(canvas().zoom(), 256);
+}
+
+/// The share of the page's pixels that differ by more than a little from the renderer's picture.
+double difference(const QImage& shown, const std::string& png) {
+    const QImage right = QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size()));
+    EXPECT_EQ(shown.size(), right.size());
+    int off = 0;
+    for (int y = 0; y < right.height(); ++y) {
+        for (int x = 0; x < right.width(); ++x) {
+            const QRgb a = shown.pixel(x, y);
+            const QRgb b = right.pixel(x, y);
+            off += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) > 24;
+        }
+    }
+    return off / static_cast<double>(right.width() * right.height());
+}
+
+TEST_F(WindowTest, ShowsTheRenderersPicture) {
+    // Ours to begin with, then the renderer's: gradients, text, masks and a drawing of plain paths.
+    for (const char* const drawing : {"/examples/desk.svg", "/tests/app/looks.svg"}) {
+        window->open(PROJECT_DIR + std::string(drawing));
+        canvas().zoomTo(1);
+        ASSERT_TRUE(await([&] { return canvas().isTrue(); }));
+        const std::string png = easel::svg::picture(document(), easel::svg::PictureFormat::Png, {}, drawing);
+        const QPoint corner = canvas().fromDocument({0, 0}).toPoint();
+        const QImage shown = canvas().grab().toImage().copy(
+            QRect(corner, QSize(static_cast<int>(document().width()), static_cast<int>(document().height()))));
+        EXPECT_LT(difference(shown, png), 0.001) << drawing;
+
+        chooseTool("Selection Tool");
+        actions->selectAll();
+        actions->nudge(7, 5);
+        actions->deselectAll();
+        ASSERT_TRUE(await([&] { return canvas().isTrue(); }));
+        const std::string moved = easel::svg::picture(document(), easel::svg::PictureFormat::Png, {}, drawing);
+        EXPECT_LT(difference(canvas().grab().toImage().copy(QRect(corner, shown.size())), moved), 0.001) << drawing;
+        EXPECT_NE(moved, png);
+    }
+}
+
+// Files
+
+TEST_F(WindowTest, AsksBeforeWorkIsLost) {
+    actions->addLayer("New");
+    clickWhenAsked("Cancel");
+    EXPECT_FALSE(window->close());
+    clickWhenAsked("Discard");
+    EXPECT_TRUE(window->close());
+    EXPECT_THAT(asked, HasSubstr("Save the changes"));
+}
+
+TEST_F(WindowTest, KeepsUnsavedWorkForTheNextRun) {
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    window->keepWork();
+    const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
+    const std::string kept = desk::contents(mine);
+    EXPECT_THAT(kept, HasSubstr("<path"));
+    EXPECT_TRUE(recovery.left().empty()); // this program runs still
+    // As if another program had left it, whose number no program has.
+    folder.write("recovery/99999999.svg", kept);
+    folder.write("recovery/99999999.path", "/somewhere/d.svg");
+    window->newDocument(10, 10);
+    EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
+    clickWhenAsked("Open It");
+    window->offerRecovered();
+    EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
+    EXPECT_EQ(paths(), 1U);
+    EXPECT_EQ(actions->path(), "/somewhere/d.svg");
+    EXPECT_TRUE(actions->isModified());
+    EXPECT_TRUE(recovery.left().empty());
+    EXPECT_EQ(desk::contents(mine), kept);
+}
+
+TEST_F(WindowTest, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
+    EXPECT_THROW(window->open(folder.path("none.svg")), easel::session::Error);
+    EXPECT_EQ(document().width(), 300); // what was open is still
+    const std::string path = folder.path("d.svg");
+    actions->save(path, false);
+    std::ofstream(path, std::ios::app) << "<!-- theirs -->";
+    actions->addLayer("Ours");
+    clickWhenAsked("Cancel");
+    for (QAction* const action : window->findChildren<QAction*>())
+        if (action->text() == "&Save") action->trigger();
+    EXPECT_THAT(asked, HasSubstr("changed by another program"));
+    EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
+    EXPECT_TRUE(actions->isModified());
+}
+
+} // namespace

@@ -1,0 +1,125 @@
+// A window over a session of its own, drawn without a display, and hands that use it.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QMouseEvent>
+#include <QThread>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+
+#include "app/Application.h"
+#include "app/Dialogs.h"
+#include "app/Window.h"
+#include "places/Places.h"
+#include "support/Folder.h"
+
+namespace desk {
+
+class Shown : public testing::Test {
+  protected:
+    Shown() { show(); }
+
+    void show(const std::string& record = "") {
+        window.reset();
+        actions.reset();
+        if (!session) {
+            session = std::make_unique<easel::session::Session>();
+            session->profile.use(folder.path("profile"));
+            session->plugins.load(ORTHOLINE_BUNDLE);
+            session->start(); // with alerts that nobody reads
+        }
+        recorder = std::make_unique<easel::app::Recorder>(record);
+        actions = std::make_unique<easel::app::Actions>(*session, *recorder);
+        window = std::make_unique<easel::app::Window>(*actions, recovery);
+        session->alerts.handler = [this](const auto& alert) { return easel::app::showAlert(alert, *window); };
+        session->dialogs.face = [this](auto& dialog) { easel::app::showDialog(session->dialogs, dialog, *window); };
+        easel::app::Application::instance().failed = [this](const QString& why) {
+            failures.push_back(why.toStdString());
+        };
+        window->show();
+        window->activateWindow();
+        settle();
+    }
+
+    /// Lets everything happen that is due, the picture included.
+    static void settle() {
+        for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    template <class Done> static bool await(Done done) {
+        for (int i = 0; i < 500 && !done(); ++i) {
+            QApplication::processEvents();
+            QThread::msleep(10);
+        }
+        return done();
+    }
+
+    easel::app::Canvas& canvas() { return window->canvas(); }
+    easel::model::Document& document() { return *session->document(); }
+
+    void chooseTool(const std::string& title) { actions->selectTool(*session->toolbox.findByTitle(title)); }
+
+    void mouse(QEvent::Type type, easel::model::Point at, Qt::KeyboardModifiers keys = {}) {
+        const QPointF place = canvas().fromDocument(at);
+        const bool moves = type == QEvent::MouseMove;
+        QMouseEvent event(type, place, canvas().mapToGlobal(place), moves ? Qt::NoButton : Qt::LeftButton,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, keys);
+        QApplication::sendEvent(&canvas(), &event);
+    }
+    void press(easel::model::Point at, Qt::KeyboardModifiers keys = {}) { mouse(QEvent::MouseButtonPress, at, keys); }
+    void drag(easel::model::Point at, Qt::KeyboardModifiers keys = {}) { mouse(QEvent::MouseMove, at, keys); }
+    void release(easel::model::Point at, Qt::KeyboardModifiers keys = {}) {
+        mouse(QEvent::MouseButtonRelease, at, keys);
+    }
+    void stroke(const std::vector<easel::model::Point>& places) {
+        press(places.front());
+        for (const auto& place : places) drag(place);
+        release(places.back());
+    }
+    static void key(QWidget& widget, int code, const QString& text = {}, Qt::KeyboardModifiers keys = {},
+                    QEvent::Type type = QEvent::KeyPress) {
+        QKeyEvent event(type, code, keys, text);
+        QApplication::sendEvent(&widget, &event);
+    }
+    void type(const std::string& digits) {
+        for (const char digit : digits) key(canvas(), digit, QString(QChar(digit)));
+    }
+
+    /// Answers the next dialog, which opens while something else waits for it.
+    template <class Dialog> void whenAsked(std::function<void(Dialog&)> answer) {
+        auto* const timer = new QTimer(window.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer = std::move(answer)] {
+            auto* const dialog = dynamic_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog) return;
+            timer->stop();
+            timer->deleteLater();
+            answer(*dialog);
+        });
+        timer->start(5);
+    }
+    void clickWhenAsked(const QString& button) {
+        whenAsked<QMessageBox>([this, button](QMessageBox& box) {
+            asked = (box.text() + box.informativeText()).toStdString();
+            for (QAbstractButton* const each : box.buttons())
+                if (each->text().remove('&') == button) return each->click();
+            ADD_FAILURE() << "no button " << button.toStdString();
+            box.reject();
+        });
+    }
+
+    Folder folder;
+    std::unique_ptr<easel::session::Session> session;
+    easel::app::Recovery recovery{folder.path("recovery")};
+    std::unique_ptr<easel::app::Recorder> recorder;
+    std::unique_ptr<easel::app::Actions> actions;
+    std::unique_ptr<easel::app::Window> window;
+    std::vector<std::string> failures;
+    std::string asked; ///< by the last message box
+};
+
+} // namespace desk
