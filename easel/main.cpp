@@ -60,6 +60,7 @@ struct Command {
     std::string script;
     std::vector<std::string> plugins;
     std::string profile;
+    std::int32_t hostVersion = easel::session::Identity().majorVersion;
     std::string drawing;
     std::string picture;
     std::string format;
@@ -101,6 +102,7 @@ ExitCode runScript(const Command& command) {
     session.messenger.trace = trace && std::string_view(trace) == "1";
     session.documents.whileDrawing = progress("a picture");
     if (!command.profile.empty()) session.profile.use(command.profile);
+    session.identity.majorVersion = command.hostVersion;
     easel::script::showWithoutAsking(session, std::cout);
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
     loadFound(session);
@@ -208,6 +210,8 @@ struct Commands {
         addPlugins(run, command);
         run.add_option("--profile", command.profile,
                        "The folder of the plug-ins' preferences; a temporary one if left out");
+        run.add_option("--host-version", command.hostVersion, "The major version that plug-ins are told")
+            ->check(CLI::Range(1, 1000));
         picture.add_option("IN.svg", command.drawing, "The drawing")->required();
         picture.add_option("-o", command.picture, "The picture: OUT.png, OUT.pdf or -")->required();
         picture.add_option("--format", command.format, "png or pdf, where the name does not tell")

@@ -1,6 +1,7 @@
 // print and assert, and the app object: documents, tools, menus and time, plug-ins, start and end.
 #include <array>
 #include <cerrno>
+#include <cmath>
 #include <cstring>
 #include <map>
 
@@ -155,9 +156,27 @@ std::vector<MenuGroupRecord> menus(Host& host) {
     return groups;
 }
 
-void chooseMenu(Host& host, const std::string& text) { host.session.input.chooseMenu(text); }
+void chooseMenu(Host& host, const std::string& text, const std::optional<std::string>& group) {
+    host.session.input.chooseMenu(text, group.value_or(""));
+}
 
 void runFor(Host& host, Positive seconds) { host.session.timers.runFor(seconds.value); }
+
+// Whose the application is, and its browser
+
+double hostVersion(Host& host) { return host.session.identity.majorVersion; }
+
+void setHostVersion(Host& host, double version) {
+    if (version != std::floor(version) || version < 1 || version > 1000)
+        throw BadArgument("the value must be a whole number from 1 to 1000");
+    host.session.identity.majorVersion = static_cast<std::int32_t>(version);
+}
+
+std::string userName(Host& host) { return host.session.identity.userName; }
+void setUserName(Host& host, const std::string& name) { host.session.identity.userName = name; }
+std::string userOrganization(Host& host) { return host.session.identity.userOrganization; }
+void setUserOrganization(Host& host, const std::string& name) { host.session.identity.userOrganization = name; }
+std::vector<std::string> openedURLs(Host& host) { return host.session.browser.opened; }
 
 // Settings of the user
 
@@ -238,8 +257,12 @@ constexpr Row kApp[] = {
     property<cursor>("app.cursor"),
     property<displayScale, setDisplayScale>("app.displayScale"),
     property<menus>("app.menus"),
-    method<chooseMenu>("app.chooseMenu", "text"),
+    method<chooseMenu>("app.chooseMenu", "text, group"),
     method<runFor>("app.runFor", "seconds"),
+    property<hostVersion, setHostVersion>("app.hostVersion"),
+    property<userName, setUserName>("app.userName"),
+    property<userOrganization, setUserOrganization>("app.userOrganization"),
+    property<openedURLs>("app.openedURLs"),
     property<brightness, setBrightness>("app.brightness"),
     property<snapToPoint, setSnapToPoint>("app.snapToPoint"),
     property<gridSpacing, setGridSpacing>("app.gridSpacing"),

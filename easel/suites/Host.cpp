@@ -11,6 +11,8 @@ template <> session::Dialogs& host() { return session::Session::current().dialog
 template <> session::Profile& host() { return session::Session::current().profile; }
 template <> session::Documents& host() { return session::Session::current().documents; }
 template <> session::HostPreferences& host() { return session::Session::current().preferences; }
+template <> session::Browser& host() { return session::Session::current().browser; }
+template <> session::Identity& host() { return session::Session::current().identity; }
 template <> session::Input& host() { return session::Session::current().input; }
 template <> session::Memory& host() { return session::Session::current().memory; }
 template <> session::Menus& host() { return session::Session::current().menus; }

@@ -23,10 +23,12 @@
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIPreferenceSuite.h"
 #include "hostapi/AIRealMathSuite.h"
+#include "hostapi/AIRuntimeSuite.h"
 #include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AITransformArtSuite.h"
+#include "hostapi/AIURLSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPBasic.h"
 #include "hostapi/SPInterfaceSuite.h"
@@ -73,7 +75,8 @@ class Tables final : public session::Suites {
                Published<AILayerSuite>, Published<AIDocumentSuite>, Published<AIDocumentViewSuite>,
                Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>, Published<AIHitTestSuite>,
                Published<AITransformArtSuite>, Published<AIPreferenceSuite>, Published<AICursorSnapSuite>,
-               Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<StageSuite>>
+               Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<AIRuntimeSuite>, Published<AIURLSuite>,
+               Published<StageSuite>>
         all_;
 };
 

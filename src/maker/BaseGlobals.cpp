@@ -2,9 +2,12 @@
 #include "maker/BaseGlobals.h"
 
 #include "core/app/Illustrator.h"
+#include "maker/HostGate.h"
 #include "maker/PathGeometry.h"
 
 void vlBaseGlobals::init(const std::string& product, const std::string& variant) {
+    mayLoad_ = vl::mayLoad(product);
+    if (!mayLoad_) return;
     product_ = product;
     variant_ = variant;
 }

@@ -16,8 +16,10 @@ class vlBaseGlobals {
     vlBaseGlobals() { setDefaults(); }
     virtual ~vlBaseGlobals() = default;
 
-    /// Says which product this is; the second name is that of a variant, empty where there is but one.
+    /// Says which product this is; the second name is that of a variant, empty where there is but one. Under a host
+    /// that it was not built for the user decides whether it loads.
     void init(const std::string& product, const std::string& variant);
+    [[nodiscard]] bool mayLoad() const { return mayLoad_; }
     [[nodiscard]] const std::string& product() const { return product_; }
     [[nodiscard]] const std::string& variant() const { return variant_; }
 
@@ -50,6 +52,7 @@ class vlBaseGlobals {
     std::int16_t handleMode = 0; // how the maker's other tools align the handles of what they join
 
   private:
+    bool mayLoad_ = true;
     std::string product_;
     std::string variant_;
 };

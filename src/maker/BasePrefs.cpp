@@ -5,10 +5,12 @@
 #include <limits>
 #include <system_error>
 
+#include "core/app/Plugin.h"
 #include "core/dialogs/Alerts.h"
 #include "core/services/Date.h"
 #include "core/services/Folders.h"
 #include "maker/Globals.h"
+#include "maker/MakersMenu.h"
 
 namespace vl {
 
@@ -21,7 +23,7 @@ using kzo::core::Date;
 constexpr const char* kMakerFolder = "Velloran";
 constexpr const char* kPluginFolder = "Ortholine 16";
 constexpr const char* kFileName = "Preferences";
-constexpr const char* kDateFormat = "Y-m-d";
+constexpr const char* kMenuGroup = "Velloran Plugins";
 constexpr std::int32_t kInterval = 7; // days
 
 // The blank before the line break belongs to the text.
@@ -80,8 +82,24 @@ void vlBasePrefs::fail() {
     init();
 }
 
+void vlBasePrefs::postStartup() {
+    __buildUpdateBox();
+    if (automatic_ && due_) GETversion(false);
+}
+
 void vlBasePrefs::preShutdown() {
+    request_.reset();
     if (!vlGlobals::instance()->prefsFailed) writePrefs();
+    updateDialog_.destroy();
+}
+
+void vlBasePrefs::shutdown() { menuItem_.destroy(); }
+
+void vlBasePrefs::makePrefsMenu(const std::string& name) {
+    const auto group = sharedMenuGroup(kMenuGroup, kzo::core::BuiltinMenuGroup::Preferences);
+    menuItem_ =
+        kzo::core::MenuItem(group, name + "...", kzo::core::__Callback<vlBasePrefs>(this, &vlBasePrefs::__showPrefsCB));
+    kzo::core::Plugin::instance()->setPrefsMenuItem(menuItem_);
 }
 
 // Between the values, the store and the file

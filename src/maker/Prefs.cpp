@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "maker/Globals.h"
+#include "maker/Product.h"
 
 namespace vl {
 
@@ -19,7 +20,10 @@ double degrees(const Angle& angle) {
     return std::round(angle.asDegrees() * kSteps) / kSteps;
 }
 
-void setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
+} // namespace
+
+/// In degrees, as the file has them.
+void vlPrefs::setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
     vlGlobals& globals = *vlGlobals::instance();
     // Along what is no number nothing can be drawn.
     if (std::isfinite(zAxis)) globals.zAxisAngle = Angle(zAxis, Angle::Units::Degrees);
@@ -28,8 +32,6 @@ void setLive(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
     globals.usePlotwiseSettings = usePlotwise;
 }
 
-} // namespace
-
 // Life
 
 void vlPrefs::init() {
@@ -37,9 +39,22 @@ void vlPrefs::init() {
     setLive(kZAxis, kXAxis, false, false);
 }
 
-void vlPrefs::startup() { vlBasePrefs::startup(); }
-void vlPrefs::postStartup() { vlBasePrefs::postStartup(); }
-void vlPrefs::preShutdown() { vlBasePrefs::preShutdown(); }
+void vlPrefs::startup() {
+    vlBasePrefs::startup();
+    makePrefsMenu(product::kName);
+}
+
+void vlPrefs::postStartup() {
+    vlBasePrefs::postStartup();
+    buildPrefsDlg();
+    updatePrefsDlg();
+}
+
+void vlPrefs::preShutdown() {
+    vlBasePrefs::preShutdown();
+    prefsDialog_.destroy();
+}
+
 void vlPrefs::shutdown() { vlBasePrefs::shutdown(); }
 void vlPrefs::doFirstLaunch() { vlBasePrefs::doFirstLaunch(); }
 
@@ -67,10 +82,5 @@ void vlPrefs::setPrefs() {
 
 /// The store is the base's, which has read all of it.
 void vlPrefs::readPrefs() { vlBasePrefs::readPrefs(); }
-
-void vlPrefs::applyPrefsSettings(double zAxis, double xAxis, bool concatenate, bool usePlotwise) {
-    constexpr double kHalfTurn = 180;
-    setLive(zAxis, xAxis + kHalfTurn, concatenate, usePlotwise);
-}
 
 } // namespace vl

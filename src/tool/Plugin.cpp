@@ -2,13 +2,13 @@
 #include "tool/Plugin.h"
 
 #include "maker/Globals.h"
+#include "maker/Product.h"
 #include "maker/ToolSet.h"
 
 namespace ortho {
 
 namespace {
 
-constexpr const char* kProductName = "Ortholine";
 constexpr const char* kLineToolTitle = "Isometric Line Tool";
 constexpr std::int16_t kLineToolLightIcon = 17000;
 constexpr std::int16_t kLineToolDarkIcon = 17002;
@@ -27,11 +27,13 @@ Plugin* Plugin::create(kzo::core::Plugin* corePlugin) {
 }
 
 Plugin::Plugin(kzo::core::Plugin* corePlugin) : corePlugin_(corePlugin) {
-    corePlugin->setName(kProductName);
+    corePlugin->setName(vl::product::kName);
     vlGlobals::create();
-    vlGlobals::instance()->init(kProductName, "");
+    vlGlobals::instance()->init(vl::product::kName, "");
+    if (!vlGlobals::instance()->mayLoad()) return;
     prefs_ = std::make_unique<vl::vlPrefs>();
     prefs_->init();
+    about_ = std::make_unique<vl::About>(*prefs_);
     corePlugin->setStartupCallback(Bound(this, &Plugin::startup));
     corePlugin->setPostStartupCallback(Bound(this, &Plugin::postStartup));
     corePlugin->setPreShutdownCallback(Bound(this, &Plugin::preShutdown));
@@ -42,6 +44,7 @@ Plugin::~Plugin() { vlGlobals::destroy(); }
 
 void Plugin::startup() {
     prefs_->startup();
+    about_->startup();
     makeTools();
     lineTool_.setSelectionCallback(Bound(this, &Plugin::__toolSelectedCB));
     lineTool_.setReselectionCallback(Bound(this, &Plugin::__toolSelectedCB));
@@ -79,14 +82,27 @@ void Plugin::makeTools() {
 }
 
 void Plugin::postStartup() {
+    about_->postStartup();
     prefs_->postStartup();
     vl::toolSet::clearBaseTool(); // whoever starts from now on has another run of the host
+    attachPrefsDialog(lineTool_);
+    attachPrefsDialog(moverTool_);
 }
 
-void Plugin::preShutdown() { prefs_->preShutdown(); }
+/// A double-click on the tool shows the dialog.
+void Plugin::attachPrefsDialog(kzo::core::Tool& tool) {
+    tool.setEditCallback(kzo::core::__Callback<vl::vlPrefs>(prefs_.get(), &vl::vlPrefs::__showPrefsCB));
+}
+
+void Plugin::preShutdown() {
+    about_->preShutdown();
+    prefs_->preShutdown();
+}
 
 void Plugin::shutdown() {
+    about_->shutdown();
     prefs_->shutdown();
+    about_.reset();
     prefs_.reset();
     lineTool_.destroy();
     moverTool_.destroy();
@@ -94,6 +110,8 @@ void Plugin::shutdown() {
 
 } // namespace ortho
 
-bool kzo::core::pluginSetup(Plugin* plugin) { return ortho::Plugin::create(plugin) != nullptr; }
+bool kzo::core::pluginSetup(Plugin* plugin) {
+    return ortho::Plugin::create(plugin) && vlGlobals::instance()->mayLoad();
+}
 
 void kzo::core::pluginDestroy(Plugin*) { ortho::Plugin::destroy(); }

@@ -7,6 +7,7 @@
 #include "core/document/Art.h"
 #include "core/frame/Cursor.h"
 #include "core/frame/Tool.h"
+#include "maker/About.h"
 #include "maker/Prefs.h"
 
 class vlGlobals;
@@ -59,6 +60,7 @@ class Plugin {
   private:
     explicit Plugin(kzo::core::Plugin* corePlugin);
     void makeTools();
+    void attachPrefsDialog(kzo::core::Tool& tool);
 
     // Shared by both tools
     static void readKeys();
@@ -71,8 +73,9 @@ class Plugin {
     bool aim();
     static void finishLine(vlGlobals& globals);
 
-    kzo::core::Plugin* corePlugin_; // not owned
-    std::unique_ptr<vl::vlPrefs> prefs_;
+    kzo::core::Plugin* corePlugin_;      // not owned
+    std::unique_ptr<vl::vlPrefs> prefs_; // none of the two where the plug-in may not load
+    std::unique_ptr<vl::About> about_;
     kzo::core::Cursor penCursor_{kzo::core::AdobeCursor::Pen};
     kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::PenContinue};
     kzo::core::Cursor moverCursor_{kzo::core::AdobeCursor::Move};

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """A web server for tests. Prints two ports: of Python's own HTTP server, which serves what it is asked for by path, and of
-one that speaks to sockets itself and misbehaves. Lives until its standard input ends."""
+one that speaks to sockets itself and misbehaves. The file that it is given holds the reply to queries for the newest version.
+Lives until its standard input ends."""
 import http.server
 import socket
 import sys
@@ -22,6 +23,8 @@ class Handler(http.server.BaseHTTPRequestHandler):
             self.redirect("/circle")
         elif path == "/to-file":
             self.redirect("file:///etc/hostname")
+        elif path == "/check/currentversion.php" and query == "p=ORTL":
+            self.reply(200, open(sys.argv[1], "rb").read())
         elif path == "/query":
             self.reply(200, query.encode())
         else:

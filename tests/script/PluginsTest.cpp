@@ -105,6 +105,9 @@ TEST_F(PluginScripts, SeeWhatAnnotatorsDraw) {
 TEST_F(PluginScripts, AreToldWhatCannotBe) {
     const std::pair<const char*, const char*> lines[] = {
         {"app.chooseMenu('Nothing')", "1: app.chooseMenu: no menu item has the text \"Nothing\""},
+        {"app.chooseMenu('Answering: Count', 'Nowhere')",
+         "1: app.chooseMenu: no menu item in the group \"Nowhere\" has the text \"Answering: Count\""},
+        {"app.hostVersion = 19.5", "1: app.hostVersion: the value must be a whole number from 1 to 1000"},
         {"app.chooseMenu('Answers')", "1: app.chooseMenu: the menu item \"Answers\" opens a submenu"},
         {"app.chooseMenu('Asking: nothing yet')",
          "1: app.chooseMenu: the menu item \"Asking: nothing yet\" is disabled"},

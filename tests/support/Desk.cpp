@@ -3,6 +3,9 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "core/app/Plugin.h"
 #include "core/frame/Dispatcher.h"
 #include "support/Drawing.h"
@@ -15,10 +18,22 @@ namespace desk {
 
 using namespace easel;
 
+namespace {
+
+/// A product that looks for updates has a timer and, sooner or later, a failure.
+void leaveUpdatesAlone(const std::string& profile) {
+    const std::filesystem::path file = std::filesystem::path(profile) / "Velloran/Ortholine 16/Preferences";
+    std::filesystem::create_directories(file.parent_path());
+    std::ofstream(file) << R"({"Prefs":{"autoVCheck":false}})";
+}
+
+} // namespace
+
 Desk::Desk(const Setup& setup) : session_(std::make_unique<session::Session>()) {
     plugin_ = &session_->plugins.attach("Product under test", PluginMain);
     session_->pointer.snapping.toPoint = setup.snapToPoint;
     if (!setup.profile.empty()) session_->profile.use(setup.profile);
+    if (setup.profile.empty()) leaveUpdatesAlone(session_->profile.folder());
     session_->alerts.handler = [said = setup.said](const session::Alert& alert) {
         if (said) said->push_back(alert.text);
         return std::size_t{0};

@@ -15,9 +15,10 @@ namespace desk {
 using easel::model::Point;
 
 struct Setup {
-    bool openDocument = true;                 ///< 800 by 600 points, empty
-    bool snapToPoint = false;                 ///< off, so that points are where a test puts them
-    std::string profile = {};                 ///< the folder of preferences; a temporary one if left out
+    bool openDocument = true; ///< 800 by 600 points, empty
+    bool snapToPoint = false; ///< off, so that points are where a test puts them
+    std::string profile =
+        {}; ///< the folder of preferences; a temporary one if left out, whose product looks for no updates
     std::vector<std::string>* said = nullptr; ///< gets the texts of alerts
 };
 

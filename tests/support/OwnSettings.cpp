@@ -1,5 +1,5 @@
-// Keeps tests away from the settings of whoever runs them: a product that its host gives no folder goes to the user's
-// own.
+// Keeps tests away from the settings of whoever runs them, and from the maker's server: a product that its host gives
+// no folder goes to the user's own.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -14,6 +14,7 @@ class OwnSettings : public testing::Environment {
         folder_ = testing::TempDir() + "settings-XXXXXX";
         ASSERT_NE(mkdtemp(folder_.data()), nullptr);
         setenv("XDG_CONFIG_HOME", folder_.c_str(), 1);
+        setenv("VELLORAN_WEB", "http://127.0.0.1:1", 1); // where nobody listens
     }
     void TearDown() override { std::filesystem::remove_all(folder_); }
 

@@ -7,6 +7,7 @@
 
 #include "session/base/Error.h"
 #include "session/base/HostPreferences.h"
+#include "session/base/Identity.h"
 #include "session/base/Profile.h"
 #include "session/base/Reports.h"
 #include "session/documents/Documents.h"
@@ -64,7 +65,9 @@ class Session {
 
     Reports reports;
     Profile profile;
-    HostPreferences preferences;
+    HostPreferences preferences{profile, reports};
+    Identity identity;
+    Browser browser;
     Documents documents{reports};
 
     // Frame

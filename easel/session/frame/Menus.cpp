@@ -117,8 +117,9 @@ void Menus::setText(MenuItem& item, std::string_view text) {
     sort(*item.group);
 }
 
-MenuItem* Menus::findItem(std::string_view text) const {
+MenuItem* Menus::findItem(std::string_view text, std::string_view groupText) const {
     for (const MenuGroup* group : order_) {
+        if (!groupText.empty() && group->text != groupText && group->name != groupText) continue;
         for (const MenuChild& child : group->children) {
             MenuItem* const item = child.item ? child.item : child.group->opener;
             if (item && !item->isDivider() && item->text == text) return item;

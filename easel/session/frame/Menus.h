@@ -69,7 +69,8 @@ class Menus {
     void setEnabled(MenuItem& item, bool enabled) { change(item.enabled, enabled); }
     void setChecked(MenuItem& item, bool checked) { change(item.checked, checked); }
     [[nodiscard]] MenuItem* find(AIMenuItemHandle handle) const { return items_.find(handle); }
-    [[nodiscard]] MenuItem* findItem(std::string_view text) const; ///< in the order of `groups`
+    /// In the order of `groups`; of the group that has this text or name, unless it is empty.
+    [[nodiscard]] MenuItem* findItem(std::string_view text, std::string_view group = {}) const;
     [[nodiscard]] std::vector<MenuItem*> items() const { return items_.all(); }
     /// Whether the user can choose the item: it, every group around it and their openers are enabled.
     [[nodiscard]] static bool isEnabled(const MenuItem& item);

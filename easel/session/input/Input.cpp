@@ -62,11 +62,12 @@ void Input::updateMenus() {
     }
 }
 
-void Input::chooseMenu(const std::string& text) {
+void Input::chooseMenu(const std::string& text, const std::string& group) {
     pointer_.cancel();
     updateMenus();
-    const MenuItem* const item = menus_.findItem(text);
-    if (!item) throw Error("no menu item has the text \"" + text + '"');
+    const std::string where = group.empty() ? "" : " in the group \"" + group + '"';
+    const MenuItem* const item = menus_.findItem(text, group);
+    if (!item) throw Error("no menu item" + where + " has the text \"" + text + '"');
     if (item->opens) throw Error("the menu item \"" + text + "\" opens a submenu");
     if (!Menus::isEnabled(*item)) throw Error("the menu item \"" + text + "\" is disabled");
     AIMenuMessage message{.d = {}, .menuItem = item->handle};

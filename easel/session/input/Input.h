@@ -36,8 +36,9 @@ class Input {
 
     /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
     void updateMenus();
-    /// Chooses the first item of this text. Cancels a gesture. Throws Error when there is none or it cannot be chosen.
-    void chooseMenu(const std::string& text);
+    /// Chooses the first item of this text, in the group of that text or name unless it is empty. Cancels a gesture.
+    /// Throws Error when there is none or it cannot be chosen.
+    void chooseMenu(const std::string& text, const std::string& group = {});
 
   private:
     void edit(std::int32_t code);

@@ -6,6 +6,7 @@
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/frame/Application.h"
 #include "plugin/frame/MenuGroup.h"
+#include "plugin/frame/Runtime.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 
 namespace kzo::core {
@@ -26,6 +27,14 @@ void Illustrator::__destroy() { theInstance.reset(); }
 CurrentDocument* Illustrator::currentDocument() {
     return plugin::CurrentDocument().exists() ? &currentDocument_ : nullptr;
 }
+
+// Whose it is
+
+std::int32_t Illustrator::majorVersion() const { return plugin::runtime::majorVersion(); }
+std::string Illustrator::userName() const { return plugin::runtime::userName(); }
+std::string Illustrator::userOrganization() const { return plugin::runtime::userOrganization(); }
+
+bool Illustrator::openURL(const std::string& url) { return plugin::runtime::openURL(url); }
 
 // Host memory
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <string>
 
@@ -21,6 +22,13 @@ class Illustrator {
     [[nodiscard]] CurrentDocument* currentDocument();
 
     [[nodiscard]] ai::Preferences* preferences() { return &preferences_; } ///< the host's own
+
+    // Whose it is
+    [[nodiscard]] std::int32_t majorVersion() const; ///< 0 when the host does not tell
+    [[nodiscard]] std::string userName() const;      ///< that it is registered to, UTF-8, as the user typed it
+    [[nodiscard]] std::string userOrganization() const;
+
+    bool openURL(const std::string& url); ///< in the user's browser
 
     // Host memory
     [[nodiscard]] void* alloc(std::size_t size); ///< null when the host refuses

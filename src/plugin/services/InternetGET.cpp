@@ -31,6 +31,8 @@ struct InternetGET::Transfer {
         // Refuses by the length that is announced; `take` by the one that comes.
         curl_easy_setopt(easy, CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.size));
         curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+        // One that is given up does not wait until its name is found.
+        curl_easy_setopt(easy, CURLOPT_QUICK_EXIT, 1L);
         curl_easy_setopt(easy, CURLOPT_ERRORBUFFER, message.data());
         curl_easy_setopt(easy, CURLOPT_HEADERFUNCTION, &note);
         curl_easy_setopt(easy, CURLOPT_HEADERDATA, this);

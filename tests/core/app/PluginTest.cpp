@@ -1,6 +1,7 @@
 // What the plug-in object tells and sets of the whole plug-in: its listing, snapping, undo, monitors, the interface.
 #include <gmock/gmock.h>
 
+#include "core/app/Illustrator.h"
 #include "core/app/Plugin.h"
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Keys.h"
@@ -200,6 +201,23 @@ TEST(PluginInterface, HearsOfBrightnessAndAbout) {
     EXPECT_EQ(desk.session().messenger.send(desk.product(), "SP Interface", "Anything", record), 0);
     desk.session().reload(desk.product());
     EXPECT_FALSE(ortho::Plugin::instance()->lineTool().isEmpty()); // it stays as it is
+}
+
+TEST(HostApplication, TellsWhoseItIsAndOpensAddresses) {
+    Desk desk;
+    auto& identity = desk.session().identity;
+    EXPECT_FALSE(identity.userName.empty());
+    identity = {.majorVersion = 20, .userName = "Ada Østby", .userOrganization = "Umbra"};
+    desk.inMessage([&] {
+        auto& host = *kzo::core::Illustrator::instance();
+        EXPECT_EQ(host.majorVersion(), 20);
+        EXPECT_EQ(host.userName() + "|" + host.userOrganization(), "Ada Østby|Umbra");
+        EXPECT_TRUE(host.openURL("https://a.example/b"));
+        EXPECT_FALSE(host.openURL(""));
+        const desk::Refusing no(desk.tables(), &AIRuntimeSuite::GetAppMajorVersion);
+        EXPECT_EQ(host.majorVersion(), 0);
+    });
+    EXPECT_THAT(desk.session().browser.opened, testing::ElementsAre("https://a.example/b"));
 }
 
 } // namespace

@@ -12,9 +12,9 @@ namespace {
 
 using namespace kzo::plugin;
 
-/// A platform that writes down what is logged, and has no keys, cursors or mouse; alerts take their first button, and
-/// no folder is known.
-class Notebook final : public Platform, public Log, public Alerts, public Folders {
+/// A platform that writes down what is logged, and has no keys, cursors, mouse or windows; alerts take their first
+/// button, and no folder is known.
+class Notebook final : public Platform, public Log, public Alerts, public Windows, public Folders {
   public:
     explicit Notebook(int rank) : Platform(rank) {}
 
@@ -24,10 +24,12 @@ class Notebook final : public Platform, public Log, public Alerts, public Folder
     [[nodiscard]] Cursors& cursors() override { throw std::logic_error("no cursors"); }
     [[nodiscard]] Mouse& mouse() override { throw std::logic_error("no mouse"); }
     [[nodiscard]] Alerts& alerts() override { return *this; }
-    [[nodiscard]] Windows& windows() override { throw std::logic_error("no windows"); }
+    [[nodiscard]] Windows& windows() override { return *this; }
     [[nodiscard]] Folders& folders() override { return *this; }
     [[nodiscard]] std::size_t show(const Alert&) override { return 0; }
     void beep() override {}
+    [[nodiscard]] std::unique_ptr<Window> make(WindowOwner&) override { return nullptr; }
+    [[nodiscard]] kzo::geo::Size fittingSize(const WidgetState&) const override { return {}; }
     [[nodiscard]] std::string preferences() const override { return {}; }
     void write(SPPlugin*, std::string_view name, std::string_view line) override {
         lines.push_back(std::string(name) + "/" + std::string(line));
