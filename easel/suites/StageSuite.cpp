@@ -105,6 +105,7 @@ template <> void fill(StageSuite& suite) {
     enter<&StageSuite::SetCursorImage, setCursorImage>(suite);
     enter<&StageSuite::GetCursor>(suite, [] { return host<Screen>().cursor; });
     enter<&StageSuite::GetDisplayScale, getDisplayScale>(suite);
+    enter<&StageSuite::GetBrightness, &Screen::brightness>(suite);
     enter<&StageSuite::GetPointerLocation, getPointerLocation>(suite);
     enter<&StageSuite::PostMouseEvent, postMouseEvent>(suite);
     enter<&StageSuite::MonitorInput>(suite, [](Plugin& self, bool monitor) { self.monitorsInput = monitor; });

@@ -108,6 +108,8 @@ typedef struct StageSuite {
     AIErr (*GetCursor)(StageCursor* cursor);
     /* Pixels for a screen unit on the display that shows the current document. kNoDocumentErr: none is open. */
     AIErr (*GetDisplayScale)(AIReal* scale);
+    /* Of the interface, 0 dark to 1 light. A notifier tells of changes. */
+    AIErr (*GetBrightness)(AIReal* brightness);
     /* Where the mouse pointer is on the screen. kNoDocumentErr: no document is open. */
     AIErr (*GetPointerLocation)(AIRealPoint* location);
     /* Has the user press or release the mouse button at a place of the screen, with the modifier keys held then. It

@@ -7,6 +7,7 @@
 #include "core/dialogs/Alerts.h"
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Tool.h"
+#include "plugin/dialogs/ModalDialog.h"
 #include "plugin/frame/BasePlugin.h"
 
 namespace kzo::core {
@@ -137,6 +138,11 @@ void Plugin::setToolPostEditedCallback(const Callback& callback) { setAfter(Tool
 
 Tool Plugin::currentTool() const { return Tool(impl_->currentTool()); }
 
+ModalDialog Plugin::aboutBox() const { return ModalDialog(impl_->aboutBox); }
+void Plugin::setAboutBox(const ModalDialog& dialog) { impl_->aboutBox = plugin::shared(dialog.impl()); }
+ModalDialog Plugin::prefsDialog() const { return ModalDialog(impl_->prefsDialog); }
+void Plugin::setPrefsDialog(const ModalDialog& dialog) { impl_->prefsDialog = plugin::shared(dialog.impl()); }
+
 // Undo
 
 bool Plugin::setUndoKind(UndoContext context) { return plugin::BasePlugin::setUndoKind(context); }
@@ -178,7 +184,10 @@ void Plugin::__postStartup() {
 }
 
 void Plugin::__preShutdown() {
-    preShutdown_.run([&] { preShutdownCallback_.run(); });
+    preShutdown_.run([&] {
+        const Finally own([&] { impl_->preShutdown(); });
+        preShutdownCallback_.run();
+    });
 }
 
 std::int32_t Plugin::__shutdown() {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/dialogs/ModalDialog.h"
 #include "core/frame/MenuItem.h"
 #include "core/values/Callback.h"
 #include "core/values/FrameEnumerations.h"
@@ -129,6 +130,12 @@ class Plugin {
     [[nodiscard]] Dispatcher* dispatcher() const { return dispatcher_.get(); }
     /// The tool of the last select, track or mouse message; an empty handle before the first.
     [[nodiscard]] Tool currentTool() const;
+    /// Empty until they are set. The host's message "About" shows the about box; both are dismissed before the
+    /// shut-down and destroyed after the client's share of it.
+    [[nodiscard]] ModalDialog aboutBox() const;
+    void setAboutBox(const ModalDialog& dialog);
+    [[nodiscard]] ModalDialog prefsDialog() const;
+    void setPrefsDialog(const ModalDialog& dialog);
     /// The items that lead to the about box and to the preferences; empty until they are set.
     [[nodiscard]] const MenuItem& aboutMenuItem() const { return aboutMenuItem_; }
     void setAboutMenuItem(const MenuItem& item) { aboutMenuItem_ = item; }

@@ -1,5 +1,9 @@
 #include "core/dialogs/Alerts.h"
 
+#include <algorithm>
+#include <vector>
+
+#include "plugin/dialogs/Text.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::core::alerts {
@@ -9,36 +13,63 @@ namespace {
 using plugin::Alert;
 
 constexpr const char* kOk = "OK";
+constexpr const char* kYes = "Yes";
+constexpr const char* kNo = "No";
 constexpr const char* kCancel = "Cancel";
 
-plugin::Alerts& shown() { return plugin::platform().alerts(); }
+/// A button, and what is to be done when it is chosen.
+struct Choice {
+    std::string title;
+    const Callback* callback = nullptr;
+};
 
-Response responseOf(const Alert& alert) {
-    if (!state()) return Response::None;
-    return shown().show(alert) == 0 ? Response::First : Response::Second;
+Response ask(Alert::Kind kind, const std::string& text, const std::vector<Choice>& choices) {
+    std::size_t chosen = choices.size() - 1;
+    if (state()) {
+        Alert alert{
+            .kind = kind, .text = plugin::cleaned(text, plugin::LineBreaks::Stay, plugin::kMostInAlert), .buttons = {}};
+        for (const Choice& choice : choices)
+            alert.buttons.push_back(
+                plugin::cleaned(choice.title, plugin::LineBreaks::BecomeBlanks, plugin::kMostInTitle));
+        chosen = std::min(chosen, plugin::platform().alerts().show(alert));
+        if (const Callback* const callback = choices[chosen].callback) callback->clone()->execute();
+    }
+    constexpr Response kResponses[] = {Response::First, Response::Second, Response::Third};
+    return kResponses[chosen];
 }
 
 } // namespace
 
-void message(const std::string& text) { responseOf({.kind = Alert::Kind::Message, .text = text, .buttons = {kOk}}); }
-void error(const std::string& text) { responseOf({.kind = Alert::Kind::Error, .text = text, .buttons = {kOk}}); }
+void message(const std::string& text) { ask(Alert::Kind::Message, text, {{kOk}}); }
+void error(const std::string& text) { ask(Alert::Kind::Error, text, {{kOk}}); }
 
 Response confirm(const std::string& text) { return confirm(text, kOk, kCancel); }
 
 Response confirm(const std::string& text, const std::string& firstTitle, const std::string& secondTitle) {
-    return responseOf({.kind = Alert::Kind::Confirm, .text = text, .buttons = {firstTitle, secondTitle}});
+    return ask(Alert::Kind::Confirm, text, {{firstTitle}, {secondTitle}});
 }
 
 Response confirm(const std::string& text, const std::string& firstTitle, const Callback& first,
                  const std::string& secondTitle, const Callback& second) {
-    const Response response = confirm(text, firstTitle, secondTitle);
-    if (response != Response::None) (response == Response::First ? first : second).clone()->execute();
-    return response;
+    return ask(Alert::Kind::Confirm, text, {{firstTitle, &first}, {secondTitle, &second}});
 }
 
-void beep() { shown().beep(); }
+Response question(const std::string& text) { return question(text, kYes, kNo, kCancel); }
 
-void setState(bool on) { shown().on = on; }
-bool state() { return shown().on; }
+Response question(const std::string& text, const std::string& firstTitle, const std::string& secondTitle,
+                  const std::string& thirdTitle) {
+    return ask(Alert::Kind::Question, text, {{firstTitle}, {secondTitle}, {thirdTitle}});
+}
+
+Response question(const std::string& text, const std::string& firstTitle, const Callback& first,
+                  const std::string& secondTitle, const Callback& second, const std::string& thirdTitle,
+                  const Callback& third) {
+    return ask(Alert::Kind::Question, text, {{firstTitle, &first}, {secondTitle, &second}, {thirdTitle, &third}});
+}
+
+void beep() { plugin::platform().alerts().beep(); }
+
+void setState(bool on) { plugin::platform().alerts().on = on; }
+bool state() { return plugin::platform().alerts().on; }
 
 } // namespace kzo::core::alerts

@@ -5,6 +5,7 @@
 
 #include "core/Forward.h"
 #include "core/frame/Keys.h"
+#include "plugin/dialogs/ModalDialog.h"
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/BaseTool.h"
 
@@ -120,6 +121,21 @@ Callback* Tool::increaseDiameterCallback() const { return callback(ToolEvent::In
 void Tool::setIncreaseDiameterCallback(const Callback& callback) { setCallback(ToolEvent::IncreaseDiameter, callback); }
 Callback* Tool::editCallback() const { return callback(ToolEvent::Edit); }
 void Tool::setEditCallback(const Callback& callback) { setCallback(ToolEvent::Edit, callback); }
+
+// Dialogs
+
+ModalDialog Tool::prefsDialog() const { return ModalDialog(impl() ? impl()->prefsDialog : nullptr); }
+void Tool::setPrefsDialog(const ModalDialog& dialog) {
+    if (impl()) impl()->prefsDialog = plugin::shared(dialog.impl());
+}
+bool Tool::autoShowPrefsDialog() const { return impl() && impl()->autoShowPrefsDialog; }
+void Tool::setAutoShowPrefsDialog(bool show) {
+    if (impl()) impl()->autoShowPrefsDialog = show;
+}
+ModalDialog Tool::inputDialog() const { return ModalDialog(impl() ? impl()->inputDialog : nullptr); }
+void Tool::setInputDialog(const ModalDialog& dialog) {
+    if (impl()) impl()->inputDialog = plugin::shared(dialog.impl());
+}
 
 // The gesture
 

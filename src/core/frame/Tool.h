@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/Handle.h"
+#include "core/dialogs/ModalDialog.h"
 #include "core/document/HitData.h"
 #include "core/values/ArtboardPoint.h"
 #include "core/values/BuiltinTool.h"
@@ -87,6 +88,14 @@ class Tool : public Handle<__IntToolSubclass> {
     void setIncreaseDiameterCallback(const Callback& callback);
     [[nodiscard]] Callback* editCallback() const; // double-click on the tool
     void setEditCallback(const Callback& callback);
+
+    // Dialogs; empty until they are set
+    [[nodiscard]] ModalDialog prefsDialog() const;
+    void setPrefsDialog(const ModalDialog& dialog);
+    [[nodiscard]] bool autoShowPrefsDialog() const;
+    void setAutoShowPrefsDialog(bool show); ///< at a double-click on the tool, after the callback; off at first
+    [[nodiscard]] ModalDialog inputDialog() const;
+    void setInputDialog(const ModalDialog& dialog);
 
     // The gesture
     [[nodiscard]] ArtboardPoint cursorLoc() const;

@@ -60,6 +60,7 @@ void ModalDialog::show() {
     ending_ = false;
     chosen_.reset();
     update();
+    window_->setBrightness(platform().windows().brightness());
     const Widgets fields = fieldsInOrder();
     setFocus(wantsFocus_.value_or(fields.empty() ? kNoWidget : fields.front()->handle()));
     window->run();
@@ -83,6 +84,11 @@ void ModalDialog::destroy() {
     tabOrder_.clear();
 }
 
+void ModalDialog::dismissAll() {
+    if (!all_) return;
+    for (ModalDialog* dialog : *all_) dialog->dismiss();
+}
+
 void ModalDialog::destroyAll() {
     while (all_) {
         const auto alive = std::find_if(all_->begin(), all_->end(), [](const auto* each) { return each->alive_; });
@@ -93,10 +99,10 @@ void ModalDialog::destroyAll() {
     lastWidgets() = {};
 }
 
-void ModalDialog::setBrightness(double brightness) {
+void ModalDialog::adjustBrightness() {
     if (!all_) return;
     for (const ModalDialog* dialog : *all_)
-        if (dialog->visible()) dialog->window_->setBrightness(brightness);
+        if (dialog->visible()) dialog->window_->setBrightness(platform().windows().brightness());
 }
 
 // What it shows

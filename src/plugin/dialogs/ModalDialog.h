@@ -57,8 +57,11 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     /// The button whose click closed it last; null when it was none.
     [[nodiscard]] std::shared_ptr<Widget> chosenButton() const { return chosen_.lock(); }
     void destroy();
+
+    // All dialogs of the plug-in
+    static void dismissAll();
     static void destroyAll();
-    static void setBrightness(double brightness); ///< of all that are open
+    static void adjustBrightness(); ///< of those that are open, to the interface's
 
   private:
     friend class Widget;
@@ -115,5 +118,10 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     // With no destructor, since a handle of a client may be the last thing of the process to go.
     inline static std::vector<ModalDialog*>* all_ = nullptr;
 };
+
+/// The dialog's owners, of which this is one more; null for null.
+[[nodiscard]] inline std::shared_ptr<ModalDialog> shared(ModalDialog* dialog) {
+    return dialog ? dialog->shared_from_this() : nullptr;
+}
 
 } // namespace kzo::plugin

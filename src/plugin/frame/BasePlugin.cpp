@@ -107,6 +107,7 @@ std::int32_t BasePlugin::startup() {
         dispatcher_.handle(caller, selector, Bound(this, handler));
     };
     handle(message::kMenu, message::kGo, &BasePlugin::handleMenuChoice);
+    handle(message::kInterface, message::kAbout, &BasePlugin::handleAbout);
     handle(message::kMenu, message::kUpdate, &BasePlugin::handleMenuUpdate);
     handle(message::kStage, message::kKeyPressed, &BasePlugin::handleKey);
     handle(message::kStage, message::kMousePressed, &BasePlugin::handleButton);
@@ -130,9 +131,17 @@ void BasePlugin::addPluginGroup() {
     group_ = host::get<&AIPluginGroupSuite::AddAIPluginGroup>(plugin_, name, kPluginGroupOptions);
 }
 
+void BasePlugin::preShutdown() {
+    for (const auto& dialog : {aboutBox, prefsDialog})
+        if (dialog) dialog->dismiss();
+    ModalDialog::dismissAll();
+}
+
 std::int32_t BasePlugin::shutdown() {
     // No callback of the client's runs from here on, not even the rest of those of a message that led here.
     ModalDialog::destroyAll();
+    aboutBox.reset();
+    prefsDialog.reset();
     dispatcher_.clear();
     aroundTools_ = {};
     brightnessAdjusted = {};
@@ -197,6 +206,15 @@ void BasePlugin::handleKey() {
 void BasePlugin::handleButton() {
     if (const void* const record = Dispatcher::executing()->record)
         monitors_.pressed(Input(static_cast<core::MouseButton>(InputMessage(record).code)));
+}
+
+void BasePlugin::handleBrightness() {
+    ModalDialog::adjustBrightness();
+    brightnessAdjusted.run();
+}
+
+void BasePlugin::handleAbout() {
+    if (const auto box = aboutBox) box->show();
 }
 
 void BasePlugin::handleDialogEvent() {

@@ -53,6 +53,7 @@ class BasePlugin {
     std::int32_t startup();
     /// Registers the kind of custom art that belongs to the plug-in, once.
     void addPluginGroup();
+    void preShutdown(); ///< takes what is open off the screen
     /// Lets go of all that was registered, callbacks too, and gives every suite back. Returns 0.
     std::int32_t shutdown();
 
@@ -66,6 +67,10 @@ class BasePlugin {
     core::CallbackSlot menuItemSelected; ///< after the chosen item's own
     core::CallbackSlot menuItemsUpdate;
     core::CallbackSlot brightnessAdjusted;
+
+    // Dialogs of the whole plug-in; null until they are set
+    std::shared_ptr<ModalDialog> aboutBox;
+    std::shared_ptr<ModalDialog> prefsDialog;
 
     // Tools
     /// What the client wants done around an event, whichever tool it happens to.
@@ -91,7 +96,8 @@ class BasePlugin {
     [[nodiscard]] bool subscribe(const std::string& label, std::string_view type,
                                  const core::CallbackSlot& callback = {});
     void followMarks();
-    void handleBrightness() { brightnessAdjusted.run(); }
+    void handleBrightness();
+    void handleAbout();
     void handleKey();
     void handleButton();
     void handleDialogEvent();

@@ -3,6 +3,7 @@
 
 #include "hostapi/AIToolNames.h"
 #include "hostapi/AIToolSuite.h"
+#include "plugin/dialogs/ModalDialog.h"
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/Layer.h"
 #include "plugin/frame/Convert.h"
@@ -75,6 +76,8 @@ std::int32_t BaseTool::handleEvent(ToolEvent event) {
     default: break;
     }
     runCallback(event);
+    if (event == ToolEvent::Edit && autoShowPrefsDialog && prefsDialog && handle())
+        std::shared_ptr(prefsDialog)->show();
     return answer;
 }
 

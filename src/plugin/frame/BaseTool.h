@@ -19,6 +19,8 @@ struct SPPlugin;
 
 namespace kzo::plugin {
 
+class ModalDialog;
+
 /// What can happen to a tool, in the order of the host's selectors.
 enum class ToolEvent : std::uint8_t {
     Edit,
@@ -76,6 +78,11 @@ class BaseTool : public host::Object<AITool> {
     /// Checks the current layer, records the gesture, then always runs the client's callback. Returns 0, 1000 (layer
     /// not editable) or 1001 (not visible).
     std::int32_t handleEvent(ToolEvent event);
+
+    // Dialogs
+    std::shared_ptr<ModalDialog> prefsDialog;
+    std::shared_ptr<ModalDialog> inputDialog;
+    bool autoShowPrefsDialog = false; ///< after the callback of the edit event
 
     // The gesture
     struct Cursor {

@@ -87,6 +87,7 @@ class Windows {
     /// The width that the text takes on one line, with what is around it, and the height that it needs in the width of
     /// its frame; on one line where that is 0.
     [[nodiscard]] virtual geo::Size fittingSize(const WidgetState& state) const = 0;
+    [[nodiscard]] virtual double brightness() const = 0; ///< of the interface, 0 dark to 1 light
 
   protected:
     ~Windows() = default;

@@ -30,6 +30,7 @@ class Notebook final : public Platform, public Log, public Alerts, public Window
     void beep() override {}
     [[nodiscard]] std::unique_ptr<Window> make(WindowOwner&) override { return nullptr; }
     [[nodiscard]] kzo::geo::Size fittingSize(const WidgetState&) const override { return {}; }
+    [[nodiscard]] double brightness() const override { return 1; }
     [[nodiscard]] std::string preferences() const override { return {}; }
     void write(SPPlugin*, std::string_view name, std::string_view line) override {
         lines.push_back(std::string(name) + "/" + std::string(line));

@@ -94,6 +94,8 @@ std::unique_ptr<Window> StageWindows::make(WindowOwner& owner) {
     return dialog ? std::make_unique<StageWindow>(dialog, owner) : nullptr;
 }
 
+double StageWindows::brightness() const { return host::getOr<&StageSuite::GetBrightness>(AIReal{1}); }
+
 geo::Size StageWindows::fittingSize(const WidgetState& state) const {
     const StageWidget record = recordOf(kNoWidget, state);
     const auto size = host::get<&StageSuite::GetFittingSize, geo::Point>(&record);

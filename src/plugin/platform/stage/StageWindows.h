@@ -12,6 +12,7 @@ class StageWindows final : public Windows {
 
     [[nodiscard]] std::unique_ptr<Window> make(WindowOwner& owner) override;
     [[nodiscard]] geo::Size fittingSize(const WidgetState& state) const override;
+    [[nodiscard]] double brightness() const override;
 };
 
 } // namespace kzo::plugin
