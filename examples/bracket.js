@@ -1,8 +1,7 @@
 // Draws a bracket under its pins, in dimetric projection, as workshops do: 7 degrees to the right, 42 to the left and
-// there half as long. Each outline is one path of joined strokes. The tools take their axes from the preferences, here those of the folder
-// out/dimetric (docs/line-tool.md says how to set them):
+// there half as long. The axes are set in the tools' preferences; each outline is one path of joined strokes.
 //
-//   ./run --profile out/dimetric examples/bracket.js
+//   easel run examples/bracket.js --plugin build/release/Ortholine.aip
 
 var axes = {right: 7, up: 90, left: 138}; // degrees, counter-clockwise as seen
 var scale = {right: 1, up: 1, left: 0.5};
@@ -37,6 +36,13 @@ function lines() {
 var width = 220, depth = 160, height = 150, thick = 26;
 var doc = app.open("examples/bracket-parts.svg");
 doc.currentLayer = doc.layers.filter(function (layer) { return layer.title === "Bracket"; })[0];
+app.onDialog(function (dialog) {
+    dialog.type("Z (right) axis angle:", "7");
+    dialog.type("X (left) axis angle:", "-42");
+    dialog.press("Return");
+});
+app.editTool("Isometric Line Tool"); // a double-click
+app.onDialog(null);
 app.selectTool("Isometric Line Tool");
 app.snapToPoint = true;
 
@@ -54,7 +60,7 @@ lines().forEach(function (path) {
         var a = path.points[i - 1], b = path.points[i];
         var degrees = (Math.atan2(a.y - b.y, b.x - a.x) * 180 / Math.PI + 360) % 180;
         assert(Object.keys(axes).some(function (axis) { return Math.abs(degrees - axes[axis]) < 1e-6; }),
-               "a stroke at " + degrees + " degrees; the axes of the preferences are not " + JSON.stringify(axes));
+               "a stroke at " + degrees + " degrees is along no axis");
     }
 });
 assert(lines().length === 7, "two outlines and five edges, not " + lines().length);

@@ -268,14 +268,12 @@ TEST_F(CommandLine, AStrokeTellsWhatBecameOfIt) {
 TEST_F(CommandLine, TheExamplesRunToTheirEnd) {
     std::filesystem::create_directories(folder.path("out"));
     std::filesystem::copy(PROJECT_DIR "/examples", folder.path("examples"));
-    folder.write("dimetric/Velloran/Ortholine 16/Preferences", R"({"Prefs":{"zAxis":7,"xAxis":138}})");
     for (const std::string name :
          {"cube", "shift-and-option", "select", "line-tool", "stairs", "bracket", "move", "measure", "shapes"}) {
         const std::string bundle = name == "measure"  ? TEST_BUILD_DIR "/Measure.aip"
                                    : name == "shapes" ? TEST_BUILD_DIR "/Shapes.aip"
                                                       : ORTHOLINE_BUNDLE;
-        const std::string profile = name == "bracket" ? " --profile dimetric" : "";
-        const Ended ended = easel("run examples/" + name + ".js --plugin " + bundle + profile);
+        const Ended ended = easel("run examples/" + name + ".js --plugin " + bundle);
         EXPECT_EQ(ended.code, 0) << ended.output;
     }
     // What the bracket's script draws is what the mover's script starts from.
