@@ -22,6 +22,7 @@
 #include "script/Script.h"
 #include "session/app/Session.h"
 #include "session/frame/PluginFolders.h"
+#include "svg/EnvironmentLimit.h"
 #include "svg/Files.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
@@ -34,6 +35,8 @@ enum ExitCode { Done = 0, Failed = 1, Misused = 2 };
 constexpr const char* kStandard = "-"; // as a file's name: standard input or output
 constexpr const char* kStandardInput = "standard input";
 
+constexpr unsigned long kUndoMegabytes = easel::model::Journal::kHistoryBytes >> 20;
+
 constexpr const char* kAbout = R"(A file called - is standard input or output.
 
 Exit codes: 0 all went well; 1 an error, told in one line on standard error; 2 called in a way it does not know.
@@ -43,6 +46,7 @@ Environment:
                            Unset: $XDG_DATA_HOME/easel/plug-ins, which is usually ~/.local/share/easel/plug-ins
   EASEL_RENDER_SECONDS     how much of the processor's time a picture may take (60)
   EASEL_RENDER_MEGABYTES   how much memory (4096)
+  EASEL_UNDO_MEGABYTES     how much memory the undo steps of a document may take (256)
   EASEL_TRACE=1            writes every message to a plug-in, and every call that it makes, to standard error)";
 
 ExitCode fail(ExitCode code, std::string_view line) {
@@ -100,6 +104,7 @@ ExitCode runScript(const Command& command) {
     easel::session::Session session;
     const char* const trace = std::getenv("EASEL_TRACE");
     session.messenger.trace = trace && std::string_view(trace) == "1";
+    session.documents.setHistoryLimit(easel::svg::limitFromEnvironment("EASEL_UNDO_MEGABYTES", kUndoMegabytes) << 20);
     session.documents.whileDrawing = progress("a picture");
     if (!command.profile.empty()) session.profile.use(command.profile);
     session.identity.majorVersion = command.hostVersion;

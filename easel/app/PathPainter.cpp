@@ -53,7 +53,8 @@ void stroke(cairo_t* cairo, const Style& style) {
     cairo_set_line_join(cairo, style.join == model::Join::Miter   ? CAIRO_LINE_JOIN_MITER
                                : style.join == model::Join::Round ? CAIRO_LINE_JOIN_ROUND
                                                                   : CAIRO_LINE_JOIN_BEVEL);
-    cairo_set_dash(cairo, style.dashes.data(), style.dashCount, style.dashOffset);
+    const model::Dashes& dashes = style.dashes();
+    cairo_set_dash(cairo, dashes.lengths.data(), dashes.count, dashes.offset);
     cairo_stroke(cairo);
 }
 

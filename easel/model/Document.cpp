@@ -20,8 +20,10 @@ Shared<std::string> sharedText(std::string_view text) {
 Style visiblePart(Style style) {
     if (!style.fill) style.fillColor = {};
     if (!style.stroke) style.strokeColor = {};
-    if (style.dashCount == 0) style.dashOffset = 0;
-    std::fill(style.dashes.begin() + style.dashCount, style.dashes.end(), 0);
+    Dashes dashes = style.dashes();
+    if (dashes.count == 0) dashes.offset = 0;
+    std::fill(dashes.lengths.begin() + dashes.count, dashes.lengths.end(), 0);
+    style.setDashes(dashes);
     return style;
 }
 

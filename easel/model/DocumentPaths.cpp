@@ -122,9 +122,7 @@ void Document::scaleLines(Node& node, double scale) {
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
         if (!at->isOutlined()) continue;
         Style style = at->style();
-        style.strokeWidth *= scale;
-        style.dashOffset *= scale;
-        for (double& dash : style.dashes) dash *= scale;
+        style.changeLengths([&](double& length) { length *= scale; });
         setStyle(*at, style);
     }
 }

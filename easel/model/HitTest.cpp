@@ -55,6 +55,37 @@ class Fills {
     std::vector<const Node*> filled_;
 };
 
+/// The features of a path that are worth a look, by their numbers: all, or those near the place that is searched.
+class Features {
+  public:
+    Features(std::size_t points, std::size_t segments) : points_(points), segments_(segments) {}
+    /// `near` are segments. Anchors and handles lie at their ends, except for the outer handles of an open path.
+    Features(std::size_t points, const std::vector<std::uint32_t>& near) : points_(points), near_(&near) {}
+
+    template <class Visit> void eachSegment(Visit visit) const {
+        const std::size_t count = near_ ? near_->size() : segments_;
+        for (std::size_t i = 0; i < count; ++i) visit(near_ ? (*near_)[i] : i);
+    }
+    /// In order; some may come twice.
+    template <class Visit> void eachPoint(Visit visit) const {
+        if (!near_) {
+            for (std::size_t i = 0; i < points_; ++i) visit(i);
+            return;
+        }
+        visit(0);
+        for (const std::size_t i : *near_) {
+            visit(i);
+            if (i + 1 < points_) visit(i + 1);
+        }
+        visit(points_ - 1);
+    }
+
+  private:
+    std::size_t points_;
+    std::size_t segments_ = 0;
+    const std::vector<std::uint32_t>* near_ = nullptr;
+};
+
 /// Calls `visit` with each segment until it returns true; a lone anchor counts as one.
 template <class Visit> bool anySegment(const PathData& path, Visit visit) {
     if (path.points.size() == 1) return visit(path.segment(0));
@@ -66,32 +97,36 @@ template <class Visit> bool anySegment(const PathData& path, Visit visit) {
 /// The nearest feature so far. Kinds are offered in turn, and one that is found makes the later ones needless.
 class BestHit {
   public:
-    BestHit(Point point, double tolerance)
-        : point_(point), distance_(tolerance), limit_(tolerance * tolerance * kWider) {}
+    BestHit(SpatialIndex& index, Point point, double tolerance)
+        : index_(index),
+          point_(point),
+          tolerance_(tolerance),
+          distance_(tolerance),
+          limit_(tolerance * tolerance * kWider) {}
 
     [[nodiscard]] const Hit& hit() const { return hit_; }
     [[nodiscard]] bool isFound() const { return hit_.kind != HitKind::None; }
 
     void offerControls(HitKind kind, Node& node, Point PathPoint::*control) {
         if (node.type() != NodeType::Path) return;
-        int index = -1;
-        for (const PathPoint& point : node.path().points) {
-            ++index;
+        const std::vector<PathPoint>& points = node.path().points;
+        featuresOf(node).eachPoint([&](std::size_t index) {
+            const PathPoint& point = points[index];
             const Point at = point.*control;
             const double squared = distanceSquared(at, point_);
             if (squared <= limit_ && (kind == HitKind::Anchor || at != point.anchor))
-                offer(kind, node, at, squared, index);
-        }
+                offer(kind, node, at, squared, static_cast<int>(index));
+        });
     }
 
     void offerSegments(Node& node) {
         if (node.type() != NodeType::Path) return;
         const PathData& path = node.path();
-        const std::size_t count = path.segmentCount();
-        for (std::size_t i = 0; i < count; ++i)
+        featuresOf(node).eachSegment([&](std::size_t i) {
             if (const auto nearest = nearestOn(path.segment(i), point_, limit_))
                 offer(HitKind::Segment, node, nearest->point, nearest->distanceSquared, static_cast<int>(i),
                       nearest->t);
+        });
     }
 
     void offerBounds(Node& node) {
@@ -106,6 +141,13 @@ class BestHit {
     void offerFill(Node& node) { offer(HitKind::Fill, node, point_, 0, -1); }
 
   private:
+    [[nodiscard]] Features featuresOf(const Node& node) {
+        const PathData& path = node.path();
+        if (SegmentBoxes* const boxes = index_.segments(node))
+            return {path.points.size(), boxes->near(point_, tolerance_)};
+        return {path.points.size(), path.segmentCount()};
+    }
+
     void offer(HitKind kind, Node& node, Point at, double squared, int index, double t = 0) {
         const double distance = std::sqrt(squared);
         if (distance > distance_) return;
@@ -118,7 +160,9 @@ class BestHit {
         limit_ = squared * kWider;
     }
 
+    SpatialIndex& index_;
     Point point_;
+    double tolerance_;
     double distance_; // of the hit, at first the tolerance
     double limit_;    // its square, a little wider: distances that only rounding tells apart are equal
     Hit hit_;
@@ -154,7 +198,7 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
     // What cannot be hit may still be a hole in what can.
     const auto end =
         std::partition(found.begin(), found.end(), [&](const Node* node) { return isReachable(*node, within); });
-    BestHit best(point, tolerance);
+    BestHit best(impl_->tree.index, point, tolerance);
     const auto search = [&](HitRequest feature, auto offer) {
         if (!asksFor(request, feature) || best.isFound()) return;
         std::for_each(found.begin(), end, [&](Node* node) { offer(*node); });
@@ -220,7 +264,7 @@ std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo w
     impl_->findNear(point, tolerance);
     std::vector<Node*>& found = impl_->found;
     std::erase_if(found, [&](const Node* node) { return node->effectivelyHidden() || journal().wasRolledBack(*node); });
-    BestHit best(point, tolerance);
+    BestHit best(impl_->tree.index, point, tolerance);
     for (Node* const node : found) {
         if (what == SnapTo::Bounds) {
             best.offerBounds(*node);

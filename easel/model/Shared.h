@@ -20,7 +20,7 @@ template <class T> class Shared {
     /// Whether both share one value, without looking at it.
     [[nodiscard]] bool isSameAs(const Shared& other) const { return block_ == other.block_; }
 
-    [[nodiscard]] bool hasOtherOwners() const { return block_ && block_->use_count() > 1; }
+    [[nodiscard]] std::size_t ownerCount() const { return block_ ? block_->use_count() : 0; }
 
     /// The value for writing: the owner's own copy, if there are others.
     [[nodiscard]] T& writable() {

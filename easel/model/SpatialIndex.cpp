@@ -76,10 +76,19 @@ void SpatialIndex::find(const Box& box, std::vector<Node*>& found) const {
 
 void SpatialIndex::markDirty(Node& path) {
     if (path.dirtyPlace_ != Node::kNowhere) return;
+    if (!segments_.empty()) segments_.erase(&path);
     path.dirtyPlace_ = static_cast<std::uint32_t>(entries_->dirty.size());
     const bool inTree = path.indexed_ == Node::Indexed::InTree;
     entries_->dirty.emplace_back(inTree ? treeBox(path.hull()) : treeBox({}), &path);
     path.indexed_ = inTree ? Node::Indexed::InTreeBefore : Node::Indexed::No;
+}
+
+SegmentBoxes* SpatialIndex::segments(const Node& path) {
+    constexpr std::size_t kLong = 256; // what is shorter is looked through as fast
+    if (path.type() != NodeType::Path || path.path().points.size() < kLong || path.dirtyPlace_ != Node::kNowhere)
+        return nullptr;
+    const auto known = segments_.find(&path);
+    return known != segments_.end() ? &known->second : &segments_.try_emplace(&path, path.path()).first->second;
 }
 
 void SpatialIndex::reindex() {

@@ -1,12 +1,14 @@
 // Finds the paths and the opaque art near a place, here all called paths. Paths that change while a transaction runs
 // are dirty: they are searched one by one, so that a drag costs the index nothing; `reindex` sorts them in. Knows
-// nothing of visibility or order.
+// nothing of visibility or order. Of long paths it also knows where their segments lie, once they have been searched.
 #pragma once
 
 #include <memory>
+#include <unordered_map>
 #include <vector>
 
 #include "model/Node.h"
+#include "model/SegmentBoxes.h"
 
 namespace easel::model {
 
@@ -18,6 +20,9 @@ class SpatialIndex {
 
     /// The paths whose hull meets `box`, in no order, and perhaps some that miss it by less than a millionth.
     void find(const Box& box, std::vector<Node*>& found) const;
+
+    /// Where the segments of a path lie that is long, and not dirty; null for all others.
+    [[nodiscard]] SegmentBoxes* segments(const Node& path);
 
     /// To be called before a path changes its points, lives or dies.
     void markDirty(Node& path);
@@ -32,6 +37,7 @@ class SpatialIndex {
     struct Entries;
 
     std::unique_ptr<Entries> entries_;
+    std::unordered_map<const Node*, SegmentBoxes> segments_;
 };
 
 } // namespace easel::model

@@ -26,7 +26,7 @@ class StylePool {
     };
 
     std::unordered_set<Shared<Style>, Hash, Equal> styles_;
-    std::size_t lookAgainAt_ = 64; // when there are as many, those that nobody has any more are dropped
+    std::size_t lookAgainAt_ = 64; // when there are as many, those that nobody shares are dropped
 };
 
 } // namespace easel::model

@@ -198,4 +198,11 @@ Box OpaqueData::hull() const {
     return box;
 }
 
+const Dashes& Style::dashes() const {
+    static const Dashes solid;
+    return dash ? *dash : solid;
+}
+
+void Style::setDashes(const Dashes& dashes) { dash = dashes == Dashes() ? Shared<Dashes>() : Shared(dashes); }
+
 } // namespace easel::model

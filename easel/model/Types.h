@@ -142,6 +142,15 @@ enum class Alignment : std::uint8_t { Center, Inside, Outside };
 enum class Cap : std::uint8_t { Butt, Round, Projecting };
 enum class Join : std::uint8_t { Miter, Round, Bevel };
 
+/// Of a dashed line: the lengths of dashes and gaps in turn, and where in them it begins.
+struct Dashes {
+    std::uint8_t count = 0; ///< how many of the lengths count; 0 is a solid line
+    double offset = 0;
+    std::array<double, 6> lengths{};
+
+    bool operator==(const Dashes&) const = default;
+};
+
 /// Paint of a path. The default is what a new path gets: no fill, a solid black stroke of 1 point.
 struct Style {
     bool fill = false;
@@ -154,9 +163,17 @@ struct Style {
     Cap cap = Cap::Butt;
     Join join = Join::Miter;
     Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
-    std::uint8_t dashCount = 0;              ///< how many of `dashes` count; 0 is a solid line
-    double dashOffset = 0;
-    std::array<double, 6> dashes{};
+    Shared<Dashes> dash{};                   ///< nothing in most styles, of which there may be as many as paths
+
+    [[nodiscard]] const Dashes& dashes() const;
+    void setDashes(const Dashes& dashes);
+    /// Calls `change` with each length of the stroke: its width, and those of its dashes.
+    template <class Change> void changeLengths(const Change& change) {
+        change(strokeWidth);
+        if (!dash) return;
+        change(dash.writable().offset);
+        for (double& length : dash.writable().lengths) change(length);
+    }
 
     bool operator==(const Style&) const = default;
 };

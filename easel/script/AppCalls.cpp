@@ -192,6 +192,15 @@ void setSnapToPoint(Host& host, Truthy on) { host.session.pointer.snapping.toPoi
 double gridSpacing(Host& host) { return host.session.pointer.snapping.gridSpacing; }
 void setGridSpacing(Host& host, Positive spacing) { host.session.pointer.snapping.gridSpacing = spacing.value; }
 
+constexpr double kMegabyte = 1 << 20;
+
+double undoMegabytes(Host& host) { return static_cast<double>(host.session.documents.historyLimit()) / kMegabyte; }
+void setUndoMegabytes(Host& host, double value) {
+    constexpr double kMost = 1e6;
+    if (!(value >= 0 && value <= kMost)) throw BadArgument("the value must lie between 0 and 1000000");
+    host.session.documents.setHistoryLimit(static_cast<std::size_t>(value * kMegabyte));
+}
+
 // Plug-ins
 
 std::vector<PluginRecord> plugins(Host& host) {
@@ -266,6 +275,7 @@ constexpr Row kApp[] = {
     property<brightness, setBrightness>("app.brightness"),
     property<snapToPoint, setSnapToPoint>("app.snapToPoint"),
     property<gridSpacing, setGridSpacing>("app.gridSpacing"),
+    property<undoMegabytes, setUndoMegabytes>("app.undoMegabytes"),
     property<plugins>("app.plugins"),
     method<reload>("app.reload", "plugin"),
     method<sendMessage>("app.sendMessage", "plugin, caller, selector"),

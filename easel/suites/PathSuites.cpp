@@ -148,8 +148,8 @@ AIPathStyle getStyle(PathArt path) {
                        .miterLimit = style.miterLimit,
                        .cap = static_cast<std::int16_t>(style.cap),
                        .join = static_cast<std::int16_t>(style.join),
-                       .dash = {.length = style.dashCount, .offset = style.dashOffset, .array = {}}};
-    std::copy(style.dashes.begin(), style.dashes.end(), result.dash.array);
+                       .dash = {.length = style.dashes().count, .offset = style.dashes().offset, .array = {}}};
+    std::copy(style.dashes().lengths.begin(), style.dashes().lengths.end(), result.dash.array);
     return result;
 }
 
@@ -186,13 +186,13 @@ model::Style styleFromHost(const AIPathStyle& in) {
                        .miterLimit = in.miterLimit,
                        .cap = static_cast<model::Cap>(in.cap),
                        .join = static_cast<model::Join>(in.join),
-                       .alignment = {},
-                       .dashCount = static_cast<std::uint8_t>(in.dash.length),
-                       .dashOffset = in.dash.offset};
-    for (std::size_t i = 0; i < style.dashCount; ++i) {
+                       .alignment = {}};
+    model::Dashes dashes{.count = static_cast<std::uint8_t>(in.dash.length), .offset = in.dash.offset, .lengths = {}};
+    for (std::size_t i = 0; i < dashes.count; ++i) {
         require(in.dash.array[i] >= 0 && std::isfinite(in.dash.array[i]));
-        style.dashes[i] = in.dash.array[i];
+        dashes.lengths[i] = in.dash.array[i];
     }
+    style.setDashes(dashes);
     return style;
 }
 

@@ -120,7 +120,7 @@ Attributes::Attributes(const char** pairs) {
         if (name == Name::Unknown) continue;
         const std::string_view value = pairs[1];
         present_.set(static_cast<std::size_t>(name));
-        values_[static_cast<std::size_t>(name)] = value;
+        values_[static_cast<std::size_t>(name)] = {value.data(), value.size()};
         if (isPresentation(name)) properties_.emplace_back(name, trimmed(value));
     }
     attributeCount_ = properties_.size();

@@ -84,7 +84,8 @@ class Attributes {
 
     [[nodiscard]] std::optional<std::string_view> find(Name name) const {
         const auto index = static_cast<std::size_t>(name);
-        return present_[index] ? std::optional(values_[index]) : std::nullopt;
+        if (!present_[index]) return std::nullopt;
+        return std::string_view(values_[index].text, values_[index].size);
     }
     [[nodiscard]] std::string_view get(Name name) const { return find(name).value_or(""); }
     [[nodiscard]] bool has(Name name) const { return present_[static_cast<std::size_t>(name)]; }
@@ -113,8 +114,13 @@ class Attributes {
 
     static constexpr std::size_t kCount = static_cast<std::size_t>(Name::Unknown);
 
+    struct Value {
+        const char* text;
+        std::size_t size;
+    };
+
     std::bitset<kCount> present_;
-    std::array<std::string_view, kCount> values_;
+    std::array<Value, kCount> values_; // of those that are present; there are too many to clear them for each element
     /// Of attributes; then of the style; then those that it insists on.
     boost::container::small_vector<std::pair<Name, std::string_view>, 16> properties_;
     std::size_t attributeCount_ = 0;

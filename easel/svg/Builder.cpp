@@ -43,9 +43,7 @@ bool isForeign(std::string_view element) {
 
 /// Stroke lengths under a transform that need not keep angles: scaled by the root of the area.
 Style scaled(Style style, double scale) {
-    style.strokeWidth *= scale;
-    style.dashOffset *= scale;
-    for (double& dash : style.dashes) dash *= scale;
+    style.changeLengths([&](double& length) { length *= scale; });
     return style;
 }
 

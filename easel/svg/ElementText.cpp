@@ -31,8 +31,8 @@ void requireInReach(const Node& node) {
 }
 
 void requireUsable(const Style& style) {
-    bool usable = withinReach(style.strokeWidth) && withinReach(style.miterLimit) && withinReach(style.dashOffset);
-    for (const double dash : style.dashes) usable = usable && withinReach(dash);
+    bool usable = withinReach(style.strokeWidth) && withinReach(style.miterLimit) && withinReach(style.dashes().offset);
+    for (const double dash : style.dashes().lengths) usable = usable && withinReach(dash);
     for (const model::Color& color : {style.fillColor, style.strokeColor}) {
         for (const double channel : {color.red, color.green, color.blue}) usable = usable && std::isfinite(channel);
     }
@@ -45,9 +45,7 @@ double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(trans
 
 /// A style for lengths in the units of an element.
 Style inUnits(Style style, double scale) {
-    style.strokeWidth /= scale;
-    style.dashOffset /= scale;
-    for (double& dash : style.dashes) dash /= scale;
+    style.changeLengths([&](double& length) { length /= scale; });
     return style;
 }
 

@@ -89,8 +89,8 @@ std::string numberText(double value) {
     return text;
 }
 
-bool sameDashes(const Style& a, const Style& b) {
-    return a.dashCount == b.dashCount && std::equal(a.dashes.begin(), a.dashes.begin() + a.dashCount, b.dashes.begin());
+bool sameDashes(const model::Dashes& a, const model::Dashes& b) {
+    return a.count == b.count && std::equal(a.lengths.begin(), a.lengths.begin() + a.count, b.lengths.begin());
 }
 
 } // namespace
@@ -192,11 +192,11 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
     // Few know this property, and an outline that never had it goes without.
     if (style.alignment != model::Alignment::Center || other.alignment != style.alignment)
         say(style.alignment == other.alignment, "stroke-alignment", kAlignmentTexts[static_cast<int>(style.alignment)]);
-    std::string dashes;
-    for (std::size_t i = 0; i < style.dashCount; ++i) dashes += (i > 0 ? " " : "") + numberText(style.dashes[i]);
-    say(sameDashes(style, other), "stroke-dasharray", dashes.empty() ? "none" : std::move(dashes));
-    say(style.dashCount == 0 || style.dashOffset == other.dashOffset, "stroke-dashoffset",
-        numberText(style.dashOffset));
+    const model::Dashes& dashes = style.dashes();
+    std::string lengths;
+    for (std::size_t i = 0; i < dashes.count; ++i) lengths += (i > 0 ? " " : "") + numberText(dashes.lengths[i]);
+    say(sameDashes(dashes, other.dashes()), "stroke-dasharray", lengths.empty() ? "none" : std::move(lengths));
+    say(dashes.count == 0 || dashes.offset == other.dashes().offset, "stroke-dashoffset", numberText(dashes.offset));
     return said;
 }
 

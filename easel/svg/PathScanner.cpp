@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <boost/container/small_vector.hpp>
 #include <cmath>
 #include <stdexcept>
 #include <utility>
@@ -28,8 +29,6 @@ constexpr std::size_t kUsualAnchors = 32;
 /// Collects subpaths of cubics.
 class Collector {
   public:
-    Collector() { points_.reserve(kUsualAnchors); }
-
     void moveTo(Point point) {
         flush(false);
         start_ = point;
@@ -71,15 +70,16 @@ class Collector {
         PathData& path = subpaths_.emplace_back();
         path.points.assign(points_.begin(), points_.end()); // no larger than need be
         path.closed = closed;
-        corners_.clear();
-        for (const PathPoint& point : points_) corners_.push_back(!looksSmooth(point));
-        path.setCorners(0, corners_);
+        if (std::any_of(points_.begin(), points_.end(), looksSmooth)) {
+            model::PointFlags corners;
+            for (const PathPoint& point : points_) corners.push_back(!looksSmooth(point));
+            path.setCorners(0, corners);
+        }
         points_.clear();
     }
 
     Point start_;
-    std::vector<PathPoint> points_;
-    model::PointFlags corners_;
+    boost::container::small_vector<PathPoint, kUsualAnchors> points_;
     std::vector<PathData> subpaths_;
 };
 

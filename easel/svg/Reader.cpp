@@ -19,7 +19,7 @@ namespace easel::svg {
 
 namespace {
 
-constexpr std::size_t kChunk = std::size_t{1} << 20;
+constexpr std::size_t kChunk = std::size_t{1} << 18; // expat keeps a copy of each piece
 constexpr std::size_t kSheetsBegunAgainFor = 8;
 
 bool isUtf8Name(std::string_view name) {

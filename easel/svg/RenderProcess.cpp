@@ -9,12 +9,13 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <memory>
+
+#include "svg/EnvironmentLimit.h"
 
 extern char** environ;
 
@@ -24,21 +25,17 @@ namespace {
 
 constexpr unsigned long kUsualSeconds = 60;
 constexpr unsigned long kUsualMegabytes = 4096;
-constexpr unsigned long kMostOfALimit = 1'000'000;
 /// On a busy machine a process gets a part of the time that passes; one that gets less than this counts as stuck.
 constexpr unsigned long kBusiest = 10;
 
 [[noreturn]] void fail(const std::string& what, int error) { throw RenderError(what + ": " + std::strerror(error)); }
 
 unsigned long limitFrom(const char* variable, unsigned long usual) {
-    const char* const text = std::getenv(variable);
-    if (!text) return usual;
-    unsigned long number = 0;
-    const char* const behind = text + std::strlen(text);
-    const auto [end, error] = std::from_chars(text, behind, number);
-    if (error == std::errc() && end == behind && number >= 1 && number <= kMostOfALimit) return number;
-    throw RenderError(std::string(variable) + " must be a whole number from 1 to " + std::to_string(kMostOfALimit) +
-                      ", not \"" + text + '"');
+    try {
+        return limitFromEnvironment(variable, usual);
+    } catch (const std::runtime_error& error) {
+        throw RenderError(error.what());
+    }
 }
 
 /// The renderer is built beside the program; tests, which are elsewhere, know the place from the build.

@@ -116,10 +116,11 @@ void applyDashes(model::Style& style, std::string_view value, const Units& units
     }
     if (dashes.size() % 2 != 0) dashes.insert(dashes.end(), dashes.begin(), dashes.end());
     if (std::all_of(dashes.begin(), dashes.end(), [](double dash) { return dash == 0; })) dashes.clear();
-    dashes.resize(std::min(dashes.size(), style.dashes.size()));
-    style.dashCount = static_cast<std::uint8_t>(dashes.size());
-    style.dashes = {};
-    std::copy(dashes.begin(), dashes.end(), style.dashes.begin());
+    model::Dashes read{.count = 0, .offset = style.dashes().offset, .lengths = {}};
+    dashes.resize(std::min(dashes.size(), read.lengths.size()));
+    read.count = static_cast<std::uint8_t>(dashes.size());
+    std::copy(dashes.begin(), dashes.end(), read.lengths.begin());
+    style.setDashes(read);
 }
 
 } // namespace
@@ -250,7 +251,13 @@ void applyProperty(model::Style& style, Name name, std::string_view value, const
     case Name::StrokeMiterLimit:
         if (const auto limit = diagonal(); limit && *limit >= 1) style.miterLimit = *limit;
         return;
-    case Name::StrokeDashOffset: style.dashOffset = diagonal().value_or(style.dashOffset); return;
+    case Name::StrokeDashOffset:
+        if (const auto offset = diagonal()) {
+            model::Dashes dashes = style.dashes();
+            dashes.offset = *offset;
+            style.setDashes(dashes);
+        }
+        return;
     default: return;
     }
 }

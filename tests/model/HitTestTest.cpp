@@ -198,6 +198,32 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
     }
 }
 
+TEST_F(HitTest, LongPathsAreSearchedAsTheyAreWhileTheyChange) {
+    // A path that a running transaction has made is looked through point by point.
+    Document looking{200, 200};
+    looking.journal().begin();
+    RandomEditor random(12);
+    Node& path = addPath(document, layer, {});
+    Node& same = addPath(looking, looking.currentLayer(), {});
+    for (int round = 0; round < 40; ++round) {
+        const PathData data{random.points(256 + random.below(200)), round % 2 == 0};
+        document.setPath(path, data);
+        looking.setPath(same, data);
+        for (int i = 0; i < 40; ++i) {
+            const Point from = random.point();
+            for (const HitRequest request : {HitRequest::Anchors, HitRequest::InHandles, HitRequest::OutHandles,
+                                             HitRequest::Segments, kEverything}) {
+                const Hit hit = at(from.x, from.y, request, i % 4);
+                const Hit expected = looking.hitTest(looking.root(), from, i % 4, request);
+                ASSERT_EQ(std::tie(hit.kind, hit.index, hit.t, hit.point),
+                          std::tie(expected.kind, expected.index, expected.t, expected.point))
+                    << round << ' ' << i;
+            }
+        }
+    }
+    looking.journal().end();
+}
+
 Geom::Path outline(const PathData& data) {
     const auto point = [](Point p) { return Geom::Point(p.x, p.y); };
     Geom::Path path(point(data.points.front().anchor));

@@ -219,6 +219,25 @@ TEST_F(CommandLine, ADiskThatFillsUpLeavesTheFileAsItWas) {
     expectFailure(easel("render drawing.svg -o p.png --scale 300", small), 1, "easel: p.png: File too large");
     EXPECT_EQ(folder.content("drawing.svg"), drawing);
     EXPECT_EQ(folder.fileCount(), 2);
+    // A disk of three pages, where one may be mounted.
+    folder.write("full.sh", "mkdir disk && mount -t tmpfs -o size=12k none disk || exit 1\n"
+                            "cp drawing.svg fill.js disk && cd disk\n'" EASEL_BINARY "' run fill.js > ../told 2>&1\n"
+                            "cmp drawing.svg ../drawing.svg >> ../told; ls -A >> ../told\n");
+    if (easel("--version", "unshare -m sh full.sh").code != 0) return;
+    EXPECT_EQ(folder.content("told"), "easel: fill.js:3: app.save: drawing.svg: No space left on device\n"
+                                      "drawing.svg\nfill.js\n");
+}
+
+TEST_F(CommandLine, UndoStepsTakeTheMemoryThatTheUserSays) {
+    // Each move keeps 5,000 points of 48 bytes as they were: of 20, four fit into a megabyte.
+    folder.write("s.js", "var doc = app.newDocument(9, 9), points = [];\n"
+                         "for (var i = 0; i < 5000; i++) points.push([i, i]);\ndoc.addPath(points);\n"
+                         "for (i = 0; i < 20; i++) doc.move(doc.paths[0], 1, 1);\n"
+                         "print(app.undoMegabytes, doc.undoDepth);\napp.undoMegabytes = 0;\nprint(doc.undoDepth);\n");
+    EXPECT_EQ(easel("run s.js").output, "256 21\n1\n");
+    EXPECT_EQ(easel("run s.js", "export EASEL_UNDO_MEGABYTES=1").output, "1 4\n1\n");
+    expectFailure(easel("run s.js", "export EASEL_UNDO_MEGABYTES=lots"), 1,
+                  "easel: EASEL_UNDO_MEGABYTES must be a whole number from 1 to 1000000, not \"lots\"");
 }
 
 TEST_F(CommandLine, KeepsSettingsInAProfile) {

@@ -178,7 +178,7 @@ TEST(Reader, LengthsAreMeasuredByTheViewportAndTheFont) {
         readInside("<path d='M0 0' font-size='10' style='stroke-width:.5em;stroke-dasharray:1em, 10% 2'/>");
     const Style& style = document->currentLayer().firstChild()->style();
     EXPECT_EQ(style.strokeWidth, 5);
-    EXPECT_EQ(style.dashes, (std::array<double, 6>{10, diagonal / 10, 2, 10, diagonal / 10, 2}));
+    EXPECT_EQ(style.dashes().lengths, (std::array<double, 6>{10, diagonal / 10, 2, 10, diagonal / 10, 2}));
 }
 
 TEST(Reader, RoundedRectangleTouchesItsSidesAtTheRadii) {
@@ -284,20 +284,10 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
     const Style full = styleOf("style='stroke-linecap:square; stroke-linejoin: round;stroke-miterlimit:7;"
                                "stroke-dasharray:1,2 3;stroke-dashoffset:.5; fill:none !important' stroke-width='3px'",
                                "stroke='#0f0' fill='blue' stroke-width='9'");
-    const std::array<double, 6> dashes{1, 2, 3, 1, 2, 3};
-    EXPECT_EQ(full, (Style{false,
-                           true,
-                           false,
-                           {0, 0, 1},
-                           {0, 1, 0},
-                           3,
-                           7,
-                           Cap::Projecting,
-                           Join::Round,
-                           Alignment::Center,
-                           6,
-                           0.5,
-                           dashes}));
+    const model::Shared<model::Dashes> dash(model::Dashes{6, 0.5, {1, 2, 3, 1, 2, 3}});
+    EXPECT_EQ(
+        full,
+        (Style{false, true, false, {0, 0, 1}, {0, 1, 0}, 3, 7, Cap::Projecting, Join::Round, Alignment::Center, dash}));
 
     const struct {
         const char* value;

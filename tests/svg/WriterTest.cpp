@@ -40,8 +40,10 @@ TEST(Writer, WritesPlainSvg) {
     document.setLocked(group, true);
     Node& path = addPath(document, group, {corner(0, 0), {{10.1, 0}, {5, 5}, {10.1, 0}}}, true);
     document.setName(path, "edge");
-    document.setStyle(path,
-                      {.fill = true, .fillColor = {1, 0.2, 0}, .strokeColor = {}, .dashCount = 2, .dashes = {4, 1.5}});
+    document.setStyle(path, {.fill = true,
+                             .fillColor = {1, 0.2, 0},
+                             .strokeColor = {},
+                             .dash = model::Shared(model::Dashes{2, 0, {4, 1.5}})});
     Node& line = addLine(document, layer, {1e-7, 2}, {3, 1e6});
     document.setHidden(line, true);
     EXPECT_EQ(write(document), R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -84,20 +86,13 @@ TEST(Writer, OddCasesReadBackToo) {
     document.setName(addLine(document, layer, {0, 0}, {1, 1}), "same");
     document.create(NodeType::Group, Placement::OnTopInside, layer);
     document.addLayer("");
-    const std::array<double, 6> dashes{1, 2, 3, 4, 5, 6};
-    document.setStyle(*layer.firstChild()->next(), {true,
-                                                    true,
-                                                    true,
-                                                    {0.1, 0.5, 0.7},
-                                                    {},
-                                                    0,
-                                                    10,
-                                                    model::Cap::Projecting,
-                                                    model::Join::Bevel,
-                                                    model::Alignment::Outside,
-                                                    6,
-                                                    -2.5,
-                                                    dashes});
+    model::Style style{.fill = true, .stroke = true, .evenOdd = true, .fillColor = {0.1, 0.5, 0.7}, .strokeColor = {}};
+    style.strokeWidth = 0;
+    style.cap = model::Cap::Projecting;
+    style.join = model::Join::Bevel;
+    style.alignment = model::Alignment::Outside;
+    style.setDashes({6, -2.5, {1, 2, 3, 4, 5, 6}});
+    document.setStyle(*layer.firstChild()->next(), style);
     const std::string text = write(document);
     EXPECT_TRUE(Document::sameContent(document, *read(text, "t.svg"))) << text;
 }

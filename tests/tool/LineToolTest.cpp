@@ -108,7 +108,7 @@ TEST(LineTool, MakesAnOpenSelectedThinBlackLineOfTwoCornersInTheCurrentLayer) {
     EXPECT_TRUE(line.style().stroke);
     EXPECT_EQ(line.style().strokeColor, easel::model::Color());
     EXPECT_EQ(line.style().strokeWidth, 0.5);
-    EXPECT_EQ(line.style().dashCount, 0);
+    EXPECT_EQ(line.style().dashes().count, 0);
     EXPECT_THAT(desk.document().selection(), testing::ElementsAre(&line));
 }
 

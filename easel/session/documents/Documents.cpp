@@ -52,7 +52,13 @@ void Documents::requireFreeNumber() const {
         throw Error("too many documents have been opened; start Easel anew");
 }
 
+void Documents::setHistoryLimit(std::size_t bytes) {
+    historyLimit_ = bytes;
+    for (const Open& open : open_) open.document->journal().setHistoryLimit(bytes);
+}
+
 void Documents::add(std::unique_ptr<model::Document> document) {
+    document->journal().setHistoryLimit(historyLimit_);
     open_.push_back({++lastNumber_, std::move(document)});
 }
 

@@ -28,6 +28,9 @@ class Documents {
     [[nodiscard]] AIDocumentViewHandle viewOf(const model::Document& document) const;
 
     // Opening and closing
+    /// How many bytes the undo steps of each document may take, from now on.
+    void setHistoryLimit(std::size_t bytes);
+    [[nodiscard]] std::size_t historyLimit() const { return historyLimit_; }
     void requireFreeNumber() const; ///< throws Error when all have been given out
     void add(std::unique_ptr<model::Document> document);
     void bringToFront(const model::Document& document);
@@ -52,6 +55,7 @@ class Documents {
     Reports& reports_;
     std::vector<Open> open_;
     std::uint32_t lastNumber_ = 0;
+    std::size_t historyLimit_ = model::Journal::kHistoryBytes;
 };
 
 } // namespace easel::session
