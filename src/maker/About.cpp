@@ -48,6 +48,8 @@ void About::postStartup() {
     dialog_ = kzo::core::ModalDialog(std::string("About ") + product::kName, kSize);
     addLabels();
     addButtons();
+    updateUserLabel(); // the host may ask for the box by itself
+    kzo::core::Plugin::instance()->setAboutBox(dialog_);
 }
 
 void About::addLabels() {
@@ -81,10 +83,14 @@ void About::shutdown() { menuItem_.destroy(); }
 
 // Callbacks
 
-void About::__aboutBoxCB() {
+void About::updateUserLabel() {
     const auto& host = *Illustrator::instance();
     const std::string organization = host.userOrganization();
     userLabel_.setText(host.userName() + (organization.empty() ? "" : " - " + organization));
+}
+
+void About::__aboutBoxCB() {
+    updateUserLabel();
     dialog_.show();
 }
 

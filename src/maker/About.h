@@ -33,6 +33,7 @@ class About {
 
   private:
     void addLabels();
+    void updateUserLabel();
     void addButtons();
 
     vlBasePrefs& prefs_;

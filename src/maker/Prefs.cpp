@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/app/Plugin.h"
 #include "maker/Globals.h"
 #include "maker/Product.h"
 
@@ -48,6 +49,7 @@ void vlPrefs::postStartup() {
     vlBasePrefs::postStartup();
     buildPrefsDlg();
     updatePrefsDlg();
+    kzo::core::Plugin::instance()->setPrefsDialog(prefsDialog_);
 }
 
 void vlPrefs::preShutdown() {

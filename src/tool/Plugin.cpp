@@ -89,9 +89,11 @@ void Plugin::postStartup() {
     attachPrefsDialog(moverTool_);
 }
 
-/// A double-click on the tool shows the dialog.
+/// A double-click on the tool shows the dialog, brought up to date.
 void Plugin::attachPrefsDialog(kzo::core::Tool& tool) {
-    tool.setEditCallback(kzo::core::__Callback<vl::vlPrefs>(prefs_.get(), &vl::vlPrefs::__showPrefsCB));
+    tool.setPrefsDialog(prefs_->prefsDialog());
+    tool.setAutoShowPrefsDialog(true);
+    tool.setEditCallback(kzo::core::__Callback<vl::vlPrefs>(prefs_.get(), &vl::vlPrefs::updatePrefsDlg));
 }
 
 void Plugin::preShutdown() {

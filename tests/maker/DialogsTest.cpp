@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "core/dialogs/Alerts.h"
 #include "core/services/Date.h"
 #include "script/Script.h"
 #include "session/app/Session.h"
@@ -310,6 +311,10 @@ TEST_F(ProductDialogs, AskOnceBeforeLoadingIntoAnotherHost) {
     const std::vector<std::string> none;
     EXPECT_EQ(started(19, 1, false), none);
     EXPECT_FALSE(std::filesystem::exists(folder.path(HostPreferences::kFile)));
+    kzo::core::alerts::setState(false);
+    EXPECT_EQ(started(20, 0, true), none);
+    kzo::core::alerts::setState(true);
+    EXPECT_FALSE(std::filesystem::exists(folder.path(HostPreferences::kFile))) << "nobody was asked";
     EXPECT_EQ(started(20, 0, false), asked);
     EXPECT_EQ(started(20, 1, false), none) << "the answer is kept";
     std::filesystem::remove(folder.path(HostPreferences::kFile));

@@ -89,7 +89,13 @@ bool isYearMonthDay(const std::string& text) {
 
 } // namespace
 
-Date Date::current() { return fromCalendar(calendar::day_clock::local_day()); }
+Date Date::current() {
+    try {
+        return fromCalendar(calendar::day_clock::local_day());
+    } catch (const std::exception&) {
+        return {}; // a clock beyond the calendar
+    }
+}
 
 Date Date::parsed(const std::string& text) {
     if (!isYearMonthDay(text)) return {};

@@ -94,6 +94,7 @@ long long Preferences::number(const char* key) const {
 }
 
 void Preferences::setNumber(const char* key, long long value) {
+    if (root_) require(Owned(Node::createInt(key, 0))); // a client may have taken it out
     if (const Owned found = member(key)) found->setIntValue(value);
 }
 
@@ -110,6 +111,7 @@ std::string Preferences::versionString() const {
 }
 
 void Preferences::setVersionString(const std::string& text) {
+    if (root_) require(Owned(Node::createStr(kVersionString, "")));
     if (const Owned found = member(kVersionString)) Codec<std::string>::store(*found, text);
 }
 

@@ -275,7 +275,8 @@ TEST_F(Dialogs, BelongToToolsAndThePlugin) {
         ModalDialog about("About", {100, 100});
         ModalDialog prefs("Preferences", {100, 100});
         Tool tool(-2, -2, "Knife", "Knife", 17000, 17002, ToolOptions::None);
-        EXPECT_TRUE(plugin.aboutBox().isEmpty() && tool.prefsDialog().isEmpty());
+        EXPECT_TRUE(tool.prefsDialog().isEmpty());
+        EXPECT_EQ(plugin.aboutBox().title(), "About Ortholine");
         plugin.setAboutBox(about);
         tool.setEditCallback(callback([&] { titles.push_back("edit"); }));
         tool.setPrefsDialog(prefs);

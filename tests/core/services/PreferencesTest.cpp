@@ -190,7 +190,10 @@ TEST_F(PreferencesTest, HandlesStayWithTheirKeysAfterAReload) {
     EXPECT_TRUE(store.reload(path));
     EXPECT_FALSE(x.isEmpty() || x.boolValue());
     EXPECT_EQ(second.intValue(), 8);
+    NumberPref count;
+    EXPECT_TRUE(store.getNumberPref("SaveCount", count) && store.removePref(count));
     EXPECT_TRUE(a.setIntValue(11) && store.save(path));
+    EXPECT_EQ(store.saveCount(), 1) << "there again";
     EXPECT_NE(written().find("\"a\":11"), std::string::npos);
     EXPECT_TRUE(store.removePref(a));
     EXPECT_FALSE(store.removePref(a));
