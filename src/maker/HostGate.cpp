@@ -36,8 +36,7 @@ bool mayLoad(const std::string& plugin) {
     if (choice == kNeverAsked) {
         const auto response = alerts::confirm(question(plugin), "Yes, load it", "No, don't load it");
         choice = response == alerts::Response::First ? kLoad : kDoNotLoad;
-        // Without alerts nobody has been asked.
-        if (alerts::state()) host.preferences()->setIntPref(section, kKey, choice);
+        if (alerts::asked()) host.preferences()->setIntPref(section, kKey, choice);
     }
     return choice != kDoNotLoad;
 }

@@ -7,6 +7,7 @@
 #include "core/services/Date.h"
 #include "script/Script.h"
 #include "session/app/Session.h"
+#include "support/Desk.h"
 #include "support/Folder.h"
 #include "support/WebServer.h"
 
@@ -314,6 +315,14 @@ TEST_F(ProductDialogs, AskOnceBeforeLoadingIntoAnotherHost) {
     kzo::core::alerts::setState(false);
     EXPECT_EQ(started(20, 0, true), none);
     kzo::core::alerts::setState(true);
+    {
+        easel::session::Session session;
+        session.plugins.attach("Ortholine", PluginMain);
+        session.profile.use(folder.path());
+        session.identity.majorVersion = 20;
+        const desk::Refusing mute(easel::suites::Tables::of(*session.suites), &StageSuite::ShowAlert);
+        EXPECT_EQ(session.start().size(), 1U);
+    }
     EXPECT_FALSE(std::filesystem::exists(folder.path(HostPreferences::kFile))) << "nobody was asked";
     EXPECT_EQ(started(20, 0, false), asked);
     EXPECT_EQ(started(20, 1, false), none) << "the answer is kept";

@@ -25,6 +25,7 @@ struct Choice {
 
 Response ask(Alert::Kind kind, const std::string& text, const std::vector<Choice>& choices) {
     std::size_t chosen = choices.size() - 1;
+    plugin::platform().alerts().asked = state();
     if (state()) {
         Alert alert{
             .kind = kind, .text = plugin::cleaned(text, plugin::LineBreaks::Stay, plugin::kMostInAlert), .buttons = {}};
@@ -71,5 +72,6 @@ void beep() { plugin::platform().alerts().beep(); }
 
 void setState(bool on) { plugin::platform().alerts().on = on; }
 bool state() { return plugin::platform().alerts().on; }
+bool asked() { return plugin::platform().alerts().asked; }
 
 } // namespace kzo::core::alerts

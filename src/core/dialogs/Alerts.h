@@ -36,5 +36,6 @@ void beep();
 /// first.
 void setState(bool on);
 [[nodiscard]] bool state();
+[[nodiscard]] bool asked(); ///< whether the last one was shown: switched on, and somewhere to show it
 
 } // namespace kzo::core::alerts

@@ -87,7 +87,8 @@ struct Alert {
 
 class Alerts {
   public:
-    bool on = true; ///< the plug-in shows alerts; whoever shows one asks
+    bool on = true;     ///< the plug-in shows alerts; whoever shows one asks
+    bool asked = false; ///< somebody saw the last one; a platform that could not show it takes this back
 
     /// Waits until a button is chosen, and returns its index. Where nothing can be shown it is the last.
     [[nodiscard]] virtual std::size_t show(const Alert& alert) = 0;

@@ -81,6 +81,7 @@ class StageAlerts final : public Alerts {
                                                count, &chosen) &&
             chosen >= 0 && chosen < count)
             return static_cast<std::size_t>(chosen);
+        asked = false;
         std::fprintf(stderr, "%s\n", alert.text.c_str());
         return titles.size() - 1;
     }
