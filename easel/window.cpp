@@ -102,22 +102,25 @@ int show(int argc, char** argv, const Command& command) {
     qInstallMessageHandler(hearQt);
     app::Application application(argc, argv);
     QApplication::setApplicationName("Easel");
-    app::applyLook(application, command.dark);
 
     session::Session session;
     session.profile.use(command.profile.empty() ? defaultProfile() : command.profile);
+    app::Settings settings(session.profile.folder());
+    if (command.dark) settings.setDark(true);
+    app::applyLook(application, settings.dark());
     app::Recorder recorder(command.record);
     app::Actions actions(session, recorder);
     app::Recovery recovery(app::Recovery::defaultFolder());
     loadPlugins(session, command.plugins);
-    session.screen.setBrightness(command.dark ? 0 : 1);
-    app::Window window(actions, recovery);
+    session.screen.setBrightness(settings.dark() ? 0 : 1);
+    app::Window window(actions, recovery, settings);
     shownWindow = &window;
     application.failed = [&window](const QString& why) { window.tell(why); };
     session.alerts.handler = [&window](const session::Alert& alert) { return app::showAlert(alert, window); };
     session.dialogs.face = [&](session::Dialog& dialog) { app::showDialog(session.dialogs, dialog, window); };
     endOnSignals(application);
     window.show();
+    window.activateWindow(); // without a window manager nobody else does
     // The window is up before plug-ins start, who may open dialogs over it.
     QTimer::singleShot(0, &window, app::guarded([&] {
                            for (const std::string& line : session.start()) window.tell(QString::fromStdString(line));
@@ -130,6 +133,7 @@ int show(int argc, char** argv, const Command& command) {
                            window.offerRecovered();
                        }));
     const int code = QApplication::exec();
+    window.canvas().leaveDocument(); // documents end with the session, the window after it
     session.quit();
     shownWindow = nullptr;
     return code;
@@ -147,7 +151,7 @@ int main(int argc, char** argv) {
         ->allow_extra_args(false);
     cli.add_option("--profile", command.profile, "The folder of settings; ~/.config/easel if left out");
     cli.add_option("--record", command.record, "Writes what is done as a session script");
-    cli.add_flag("--dark", command.dark, "Light on dark");
+    cli.add_flag("--dark", command.dark, "Light on dark, from now on; View > Dark changes it");
     try {
         cli.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

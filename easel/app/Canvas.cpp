@@ -275,7 +275,7 @@ Modifiers Canvas::modifiersOf(Qt::KeyboardModifiers keys) const {
     if (keys & Qt::ShiftModifier) held |= kAIShiftKey;
     if (keys & Qt::ControlModifier) held |= kAICommandKey;
     if (keys & Qt::AltModifier) held |= kAIOptionKey;
-    if (keys & Qt::MetaModifier) held |= kAIControlKey;
+    if (keys & Qt::MetaModifier) held |= superIsOption ? kAIOptionKey : kAIControlKey;
     return held;
 }
 

@@ -53,7 +53,8 @@ class Canvas final : public QWidget {
     /// Whether all that shows is painted as exactly as it will ever be.
     [[nodiscard]] bool isTrue() const;
     bool gridShown = false;
-    bool feedbackShown = true; ///< length and angle beside the pointer
+    bool superIsOption = false; ///< the Super key is Option, as Alt is
+    bool feedbackShown = true;  ///< length and angle beside the pointer
 
   protected:
     bool event(QEvent* event) override;

@@ -53,7 +53,8 @@ std::string hintFor(const session::Tool& tool) {
 
 } // namespace
 
-Window::Window(Actions& actions, Recovery& recovery) : actions_(actions), recovery_(recovery), canvas_(actions) {
+Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
+    : actions_(actions), recovery_(recovery), settings_(settings), canvas_(actions) {
     setObjectName("window");
     auto* const middle = new QWidget(this);
     auto* const grid = new QGridLayout(middle);
@@ -80,7 +81,13 @@ Window::Window(Actions& actions, Recovery& recovery) : actions_(actions), recove
         text.empty() ? statusBar()->clearMessage() : statusBar()->showMessage(QString::fromStdString(text));
     };
     canvas_.heldByToggles = [this] { return toggled_; };
-    resize(1300, 840);
+    canvas_.superIsOption = settings_.superIsOption();
+    connect(&files_, &QFileSystemWatcher::fileChanged, this, guarded([this] {
+        if (!actions_.document() || !svg::isChangedByOthers(*actions_.document(), actions_.path())) return;
+        statusBar()->showMessage("Another program has changed " + QString::fromStdString(actions_.path()) +
+                                 ". File > Reopen shows what it is now");
+    }));
+    if (!restoreGeometry(settings_.geometry())) resize(1300, 840);
     showTools();
     showTitle();
     startClock();
@@ -106,6 +113,10 @@ void Window::makeFileMenu() {
         const QString path = QFileDialog::getOpenFileName(this, "Open a drawing", {}, kDrawings);
         if (!path.isEmpty()) open(path.toStdString());
     });
+    QMenu& recent = *menu.addMenu("Open &Recent");
+    connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { fillRecentMenu(recent); }));
+    fillRecentMenu(recent);
+    add(menu, "Reop&en", {}, [this] { reopen(); });
     menu.addSeparator();
     add(menu, "&Save", QKeySequence::Save, [this] { save(); });
     add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
@@ -149,6 +160,11 @@ void Window::makeViewMenu() {
     });
     addSwitch("&Length beside the Pointer", {}, true, [this](bool on) { canvas_.feedbackShown = on; });
     addSwitch("&Dark", {}, look().colors.dark, [this](bool on) { setDark(on); });
+    menu.addSeparator();
+    addSwitch("Super Key Is &Option, like Alt", {}, settings_.superIsOption(), [this](bool on) {
+        canvas_.superIsOption = on;
+        settings_.setSuperIsOption(on);
+    });
 }
 
 void Window::makePluginMenu() {
@@ -355,6 +371,7 @@ void Window::showView() {
 void Window::setDark(bool dark) {
     applyLook(Application::instance(), dark);
     actions_.session().screen.setBrightness(dark ? 0 : 1);
+    settings_.setDark(dark);
     shownTools_ = ~0U;
     refresh();
 }
@@ -391,6 +408,27 @@ void Window::newDocument(double width, double height) {
 void Window::open(const std::string& path) {
     actions_.open(path);
     recovery_.drop();
+    noteFile();
+}
+
+void Window::fillRecentMenu(QMenu& menu) {
+    menu.clear();
+    for (const QString& path : settings_.recent()) {
+        connect(menu.addAction(path), &QAction::triggered, this, guarded([this, path] {
+                    if (mayLose()) open(path.toStdString());
+                }));
+    }
+    if (menu.isEmpty()) menu.addAction("Nothing yet")->setEnabled(false);
+}
+
+void Window::reopen() {
+    if (!actions_.path().empty() && mayLose()) open(std::string(actions_.path()));
+}
+
+void Window::noteFile() {
+    settings_.noteRecent(actions_.path());
+    if (!files_.files().isEmpty()) files_.removePaths(files_.files());
+    files_.addPath(QString::fromStdString(actions_.path()));
 }
 
 bool Window::save() { return actions_.path().empty() ? saveAs() : saveTo(actions_.path()); }
@@ -420,6 +458,7 @@ bool Window::saveTo(const std::string& path) {
     actions_.save(path, force);
     keepTimer_.stop();
     recovery_.drop();
+    noteFile();
     showTitle();
     statusBar()->showMessage("Saved " + QString::fromStdString(path), 3000);
     return true;
@@ -492,6 +531,7 @@ void Window::tell(const QString& why) {
 void Window::closeEvent(QCloseEvent* event) {
     if (!mayLose()) return event->ignore();
     recovery_.drop();
+    settings_.setGeometry(saveGeometry());
     event->accept();
 }
 

@@ -3,6 +3,7 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QFileSystemWatcher>
 #include <QLabel>
 #include <QMainWindow>
 #include <QToolBar>
@@ -16,6 +17,7 @@
 #include "app/Recovery.h"
 #include "app/Ruler.h"
 #include "app/SelectionPanel.h"
+#include "app/Settings.h"
 
 class QActionGroup;
 class QComboBox;
@@ -24,7 +26,7 @@ namespace easel::app {
 
 class Window final : public QMainWindow {
   public:
-    Window(Actions& actions, Recovery& recovery);
+    Window(Actions& actions, Recovery& recovery, Settings& settings);
 
     void open(const std::string& path);
     void newDocument(double width, double height);
@@ -57,6 +59,9 @@ class Window final : public QMainWindow {
     bool saveTo(const std::string& path);
     void exportPicture();
     [[nodiscard]] bool mayLose(); ///< asks where there is unsaved work
+    void fillRecentMenu(QMenu& menu);
+    void reopen();
+    void noteFile(); ///< the drawing has a file: watches it, and remembers it
 
     void refresh(); ///< after an act
     void showTitle();
@@ -68,6 +73,8 @@ class Window final : public QMainWindow {
 
     Actions& actions_;
     Recovery& recovery_;
+    Settings& settings_;
+    QFileSystemWatcher files_; ///< the drawing's own
     Canvas canvas_;
     Ruler across_{canvas_, Qt::Horizontal};
     Ruler down_{canvas_, Qt::Vertical};

@@ -46,8 +46,9 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     actions->save(folder.path("window.svg"), false);
     const std::string drawn = folder.content("window.svg");
     EXPECT_THAT(drawn, HasSubstr("<path"));
-    window.reset();
+    canvas().leaveDocument();
     session.reset();
+    window.reset();
 
     easel::session::Session again;
     again.profile.use(folder.path("profile"));

@@ -36,7 +36,7 @@ class Shown : public testing::Test {
         }
         recorder = std::make_unique<easel::app::Recorder>(record);
         actions = std::make_unique<easel::app::Actions>(*session, *recorder);
-        window = std::make_unique<easel::app::Window>(*actions, recovery);
+        window = std::make_unique<easel::app::Window>(*actions, recovery, settings);
         session->alerts.handler = [this](const auto& alert) { return easel::app::showAlert(alert, *window); };
         session->dialogs.face = [this](auto& dialog) { easel::app::showDialog(session->dialogs, dialog, *window); };
         easel::app::Application::instance().failed = [this](const QString& why) {
@@ -115,6 +115,7 @@ class Shown : public testing::Test {
     Folder folder;
     std::unique_ptr<easel::session::Session> session;
     easel::app::Recovery recovery{folder.path("recovery")};
+    easel::app::Settings settings{folder.path()};
     std::unique_ptr<easel::app::Recorder> recorder;
     std::unique_ptr<easel::app::Actions> actions;
     std::unique_ptr<easel::app::Window> window;

@@ -1,0 +1,34 @@
+// Settings as an INI file, which people can read.
+#include "app/Settings.h"
+
+#include <QFile>
+
+#include <filesystem>
+
+namespace easel::app {
+
+namespace {
+
+constexpr const char* kRecent = "recent";
+
+} // namespace
+
+Settings::Settings(const std::string& folder)
+    : file_(QString::fromStdString(folder + "/window.ini"), QSettings::IniFormat) {}
+
+QStringList Settings::recent() const {
+    QStringList there;
+    for (const QString& path : file_.value(kRecent).toStringList())
+        if (QFile::exists(path)) there << path;
+    return there;
+}
+
+void Settings::noteRecent(const std::string& path) {
+    const QString added = QString::fromStdString(std::filesystem::absolute(path).lexically_normal().string());
+    QStringList all = recent();
+    all.removeAll(added);
+    all.prepend(added);
+    file_.setValue(kRecent, QStringList(all.mid(0, kMostRecent)));
+}
+
+} // namespace easel::app

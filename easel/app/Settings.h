@@ -1,0 +1,36 @@
+// What the window remembers from run to run, in a file of the profile's folder.
+#pragma once
+
+#include <QByteArray>
+#include <QSettings>
+#include <QStringList>
+
+#include <string>
+
+namespace easel::app {
+
+class Settings {
+  public:
+    static constexpr int kMostRecent = 10;
+
+    explicit Settings(const std::string& folder);
+
+    /// The drawings opened and saved last, the newest first; those that are gone are left out.
+    [[nodiscard]] QStringList recent() const;
+    void noteRecent(const std::string& path);
+
+    [[nodiscard]] bool dark() const { return file_.value("dark", false).toBool(); }
+    void setDark(bool dark) { file_.setValue("dark", dark); }
+
+    /// Which key is Option besides Alt, which many window managers keep for themselves.
+    [[nodiscard]] bool superIsOption() const { return file_.value("superIsOption", false).toBool(); }
+    void setSuperIsOption(bool on) { file_.setValue("superIsOption", on); }
+
+    [[nodiscard]] QByteArray geometry() const { return file_.value("geometry").toByteArray(); }
+    void setGeometry(const QByteArray& geometry) { file_.setValue("geometry", geometry); }
+
+  private:
+    QSettings file_;
+};
+
+} // namespace easel::app
