@@ -15,6 +15,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <utility>
 
@@ -237,8 +238,21 @@ class StagedDialog final : public QDialog {
         }
         // Names for whoever hears the window read, and for tests.
         shown.setObjectName(textOf(widget));
-        if (widget.kind == kStageLabel && widget.linked != 0 && widgets_.contains(widget.linked))
-            widgets_[widget.linked]->setAccessibleName(textOf(widget));
+        if (widget.kind == kStageTextField) shown.setAccessibleName(QString::fromStdString(labelOf(widget)));
+    }
+
+    /// What stands before a field: the label that is linked with it, else the one on its left in the same line.
+    [[nodiscard]] std::string labelOf(const session::Widget& field) const {
+        const auto middle = [](const session::Widget& widget) { return (widget.frame.top + widget.frame.bottom) / 2; };
+        const session::Widget* nearest = nullptr;
+        for (const session::Widget& each : dialog_.widgets) {
+            if (each.kind != kStageLabel) continue;
+            if (each.linked == field.id) return each.text;
+            const double away = std::abs(middle(each) - middle(field));
+            const bool isBeside = each.frame.right <= field.frame.left && away < field.frame.bottom - field.frame.top;
+            if (isBeside && (!nearest || away < std::abs(middle(*nearest) - middle(field)))) nearest = &each;
+        }
+        return nearest ? nearest->text : std::string();
     }
 
     void sync() {

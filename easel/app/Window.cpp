@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 #include <QToolButton>
 
 #include <filesystem>
@@ -254,8 +255,7 @@ void Window::showTools() {
                         if (chosen) actions_.selectTool(*chosen);
                         canvas_.setFocus();
                     }));
-            auto* const button = qobject_cast<QToolButton*>(toolbox_.widgetForAction(action));
-            button->installEventFilter(&toolbox_);
+            toolbox_.widgetForAction(action)->installEventFilter(this);
         }
         toolbox_.addSeparator();
         for (const auto& [symbol, title, key, handling] :
@@ -274,6 +274,23 @@ void Window::showTools() {
                                          : canvas_.handling() == Handling::Zoom
                                              ? "Click to zoom in, Alt-click to zoom out"
                                              : hintFor(current)));
+}
+
+/// A double click on a tool asks it for its dialog.
+bool Window::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() != QEvent::MouseButtonDblClick) return false;
+    for (const auto& [handle, action] : toolActions_) {
+        if (toolbox_.widgetForAction(action) != object) continue;
+        session::Tool* const tool = actions_.session().toolbox.find(handle);
+        if (!tool) return false;
+        // When the click itself is through: the dialog would take the release of the button.
+        QTimer::singleShot(0, this, guarded([this, which = handle] {
+                               session::Tool* const asked = actions_.session().toolbox.find(which);
+                               if (asked) actions_.editTool(*asked);
+                           }));
+        return true;
+    }
+    return false;
 }
 
 void Window::makePanels() {

@@ -41,6 +41,7 @@ class Window final : public QMainWindow {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     // Making

@@ -1,5 +1,7 @@
 // The window as a hand uses it: drawing, keys, files, questions, panels, and what it shows.
 #include <QAction>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -109,6 +111,35 @@ TEST_F(WindowTest, AGestureEndsWhenADialogOpensOverIt) {
     EXPECT_EQ(asked, "A <b>text</b>?");
     EXPECT_FALSE(session->pointer.pressed());
     EXPECT_EQ(paths(), 0U);
+}
+
+/// The plug-in's own dialog, by keys and mouse; what comes of it is in the plug-in's file.
+TEST_F(WindowTest, ShowsDialogsOfPlugins) {
+    std::string title;
+    std::string transcript;
+    const auto focused = [&](QDialog& dialog) {
+        auto* const field = dynamic_cast<QLineEdit*>(dialog.focusWidget());
+        return field ? field->accessibleName().toStdString() + field->text().toStdString() + '\n'
+                     : std::string("none\n");
+    };
+    whenAsked<QDialog>([&](QDialog& dialog) {
+        transcript += focused(dialog);
+        for (const int digit : {'-', '4', '5'}) key(*dialog.focusWidget(), digit, QString(QChar(digit)));
+        key(*dialog.focusWidget(), Qt::Key_Backspace);
+        key(*dialog.focusWidget(), '2', "2");
+        transcript += focused(dialog);
+        key(*dialog.focusWidget(), Qt::Key_Tab);
+        transcript += focused(dialog);
+        dialog.findChild<QCheckBox*>("Automatically concatenate lines")->click();
+        transcript += focused(dialog);
+        key(*dialog.focusWidget(), Qt::Key_Return);
+    });
+    actions->editTool(*session->toolbox.findByTitle("Isometric Line Tool"));
+    EXPECT_EQ(transcript, "X (left) axis angle:-30\nX (left) axis angle:-42\nZ (right) axis angle:30\n"
+                          "Z (right) axis angle:30\n");
+    const std::string file = desk::contents(folder.path("profile/Velloran/Ortholine 16/Preferences"));
+    EXPECT_THAT(file, HasSubstr("\"xAxis\":138"));
+    EXPECT_THAT(file, HasSubstr("\"autoConcat\":true"));
 }
 
 TEST_F(WindowTest, SaysWhyALayerTakesNoArt) {
