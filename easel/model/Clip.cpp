@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "model/Bounds.h"
 #include "model/Nearest.h"
 #include "model/Node.h"
 
@@ -41,19 +42,23 @@ Affine doneWithMask(const Node& node, const Clip& clip) {
     return done;
 }
 
+/// From the document to the mask's units; none where the mask has no place.
+std::optional<Affine> wayToMask(const Node& node, const Clip& clip) {
+    const std::array<double, 6>& m = clip.toMask;
+    const Affine toUnits{m[0], m[1], m[2], m[3], m[4], m[5]};
+    if (!clip.fitsBox) return inverse(doneWithMask(node, clip)) * toUnits;
+    const std::optional<Affine> fitted = toUnitBox(boundsOf(node, {}, toUnits));
+    return fitted ? std::optional(toUnits * *fitted) : std::nullopt;
+}
+
 /// Whether `accepts` returns true for the mask of the node and of each ancestor; it is given the mapping from the
 /// document to the mask's units as well.
 template <class Predicate> bool eachMask(const Node& node, Predicate accepts) {
     for (const Node* at = &node; at; at = at->parent()) {
         const Clip* const clip = at->clip();
         if (!clip) continue;
-        const Affine back = inverse(doneWithMask(*at, *clip));
-        const auto toMask = [&](Point point) {
-            const auto [x, y] = back(point);
-            const std::array<double, 6>& m = clip->toMask;
-            return Point{m[0] * x + m[2] * y + m[4], m[1] * x + m[3] * y + m[5]};
-        };
-        if (!accepts(*clip->mask, toMask)) return false;
+        const std::optional<Affine> toMask = wayToMask(*at, *clip);
+        if (toMask && !accepts(*clip->mask, *toMask)) return false;
     }
     return true;
 }
@@ -86,6 +91,13 @@ bool Mask::meets(const Box& box) const {
         if (anySegment(shapes_[i], isMet)) return true;
     }
     return false;
+}
+
+std::optional<Affine> toUnitBox(const Box& box) {
+    const double width = box.right - box.left;
+    const double height = box.bottom - box.top;
+    if (!(width > 0 && height > 0)) return std::nullopt;
+    return Affine{1 / width, 0, 0, 1 / height, -box.left / width, -box.top / height};
 }
 
 bool passesClip(const Node& node, Point point) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "model/Shared.h"
@@ -35,10 +36,15 @@ struct Clip {
     std::shared_ptr<const Mask> mask;
     /// From the document's units to the mask's: x' = a x + c y + e, y' = b x + d y + f.
     std::array<double, 6> toMask{1, 0, 0, 1, 0, 0};
+    /// Only of a path: the units are made such that its box goes from 0 to 1, wherever it lies and whatever its shape.
+    bool fitsBox = false;
     OutlineList outlines; ///< of a path when it got the mask
 };
 
 class Node;
+
+/// What takes a box to the one from 0 to 1; none where it has no extent.
+[[nodiscard]] std::optional<Affine> toUnitBox(const Box& box);
 
 /// Whether the point lies inside of the masks of the node and of its ancestors.
 [[nodiscard]] bool passesClip(const Node& node, Point point);

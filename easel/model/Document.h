@@ -35,6 +35,9 @@ class Origin {
     virtual ~Origin() = default;
     Origin(const Origin&) = delete;
     Origin& operator=(const Origin&) = delete;
+
+    /// Finds out where opaque art lies, as far as that is not known (see Document::setMeasured).
+    virtual void measure(class Document& /*document*/) const {}
 };
 
 /// Every change is a transaction of its own unless one is running (see Journal). A change that changes nothing leaves
@@ -82,6 +85,10 @@ class Document {
     /// such a neighbour or child (see Node::mayHold). A subpath has the style of its compound path.
     Node& create(NodeType type, Placement placement, Node& anchor);
     void setBounds(Node& opaque, const Box& bounds);
+    /// Finds out where opaque art lies, which may take seconds the first time; searches by place do so themselves.
+    void measure();
+    /// Tells where it lay at first: to all who share what was known, also in the past, for this is no change.
+    void setMeasured(NodeId opaque, Shared<Box> known, const Box& bounds);
     void setText(Node& opaque, TextData text); ///< makes text of opaque art, in the bounds that go with it
     void remove(Node& node);
     void place(Node& node, Placement placement, Node& anchor);

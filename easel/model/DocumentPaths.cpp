@@ -138,9 +138,19 @@ void Document::Impl::transform(Node& leaf, const Affine& by) {
 }
 
 void Document::setBounds(Node& opaque, const Box& bounds) {
-    if (opaque.opaque().bounds == bounds) return;
+    if (opaque.opaque().bounds && *opaque.opaque().bounds == bounds) return;
     const Transaction transaction(journal());
-    impl_->setOpaque(opaque, {bounds, opaque.opaque().moved, opaque.opaque().turned});
+    impl_->setOpaque(opaque, {Shared(bounds), opaque.opaque().moved, opaque.opaque().turned});
+}
+
+void Document::measure() {
+    if (origin) origin->measure(*this);
+}
+
+void Document::setMeasured(NodeId art, Shared<Box> known, const Box& bounds) {
+    if (Node* const node = find(art)) impl_->tree.index.markDirty(*node);
+    known.setForAll(bounds);
+    if (!journal().running()) impl_->tree.index.reindex();
 }
 
 void Document::setText(Node& opaque, TextData text) {

@@ -193,6 +193,7 @@ void Document::Impl::findNear(Point point, double tolerance) {
 
 Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request) {
     if (!isSearchable(point, tolerance)) return {};
+    measure();
     impl_->findNear(point, tolerance);
     std::vector<Node*>& found = impl_->found;
     // What cannot be hit may still be a hole in what can.
@@ -217,6 +218,7 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
 
 Node* Document::topmostAt(Point point, double tolerance) {
     if (!isSearchable(point, tolerance)) return nullptr;
+    measure();
     impl_->findNear(point, tolerance);
     const Fills fills(impl_->found, point);
     Node* topmost = nullptr;
@@ -233,6 +235,7 @@ Node* Document::topmostAt(Point point, double tolerance) {
 }
 
 std::vector<Node*> Document::touching(const Box& box) {
+    measure();
     std::vector<Node*> touched;
     impl_->found.clear();
     impl_->tree.index.find(box, impl_->found);
@@ -261,6 +264,7 @@ std::vector<Node*> Document::shownIn(const Box& box) {
 
 std::optional<Point> Document::snapPoint(Point point, double tolerance, SnapTo what) {
     if (!isSearchable(point, tolerance)) return std::nullopt;
+    if (what == SnapTo::Bounds) measure();
     impl_->findNear(point, tolerance);
     std::vector<Node*>& found = impl_->found;
     std::erase_if(found, [&](const Node* node) { return node->effectivelyHidden() || journal().wasRolledBack(*node); });

@@ -28,6 +28,9 @@ template <class T> class Shared {
         return block_->value;
     }
 
+    /// Gives all owners another value: for what is found out, not changed.
+    void setForAll(T value) { block_->value = std::move(value); }
+
     /// By value.
     friend bool operator==(const Shared& a, const Shared& b) {
         return a.block_ == b.block_ || (a.block_ && b.block_ && a.block_->value == b.block_->value);

@@ -190,11 +190,11 @@ Box PathData::bounds() const {
 }
 
 Box OpaqueData::hull() const {
-    if (bounds.isEmpty()) return bounds;
+    if (!bounds || bounds->isEmpty()) return {};
     const Affine place = placed();
     Box box;
-    for (const double x : {bounds.left, bounds.right})
-        for (const double y : {bounds.top, bounds.bottom}) box.include(place({x, y}));
+    for (const double x : {bounds->left, bounds->right})
+        for (const double y : {bounds->top, bounds->bottom}) box.include(place({x, y}));
     return box;
 }
 

@@ -128,7 +128,7 @@ struct Color {
 
 /// Art that is shown and moved as a whole, never edited: a text, an image.
 struct OpaqueData {
-    Box bounds;                               ///< where it lay at first; empty when nobody knows
+    Shared<Box> bounds;                       ///< where it lay at first; nothing, or empty, as long as nobody knows
     Point moved;                              ///< how far it has been moved since
     std::array<double, 4> turned{1, 0, 0, 1}; ///< and turned or scaled before that: a to d of an Affine
 

@@ -5,6 +5,7 @@
 #include <cairo.h>
 #include <librsvg/rsvg.h>
 
+#include <chrono>
 #include <cmath>
 #include <new>
 #include <stdexcept>
@@ -105,6 +106,27 @@ std::string Renderer::picture(const PictureRequest& request) const {
     drawMarks(surface.get(), request.marks, request.scale);
     require(cairo_surface_write_to_png_stream(surface.get(), appendBytes, &bytes));
     return bytes;
+}
+
+std::vector<model::Box> Renderer::bounds(const BoundsRequest& request) const {
+    if (!drawing_) throw std::runtime_error("there is no drawing");
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::duration<double>(request.seconds);
+    const RsvgRectangle page{0, 0, request.width, request.height};
+    std::vector<model::Box> boxes;
+    for (const std::string& id : request.ids) {
+        if (Clock::now() > end) break;
+        RsvgRectangle ink{};
+        RsvgRectangle outline{};
+        GError* error = nullptr;
+        rsvg_handle_get_geometry_for_layer(drawing_.get(), ('#' + id).c_str(), &page, &ink, &outline, &error);
+        const Error owned(error); // there is no such element for the renderer, hence nothing to be seen
+        const RsvgRectangle& shown = outline.width > 0 || outline.height > 0 ? outline : ink;
+        const bool isThere = !owned && (shown.width > 0 || shown.height > 0);
+        boxes.push_back(isThere ? model::Box{shown.x, shown.y, shown.x + shown.width, shown.y + shown.height}
+                                : model::Box{});
+    }
+    return boxes;
 }
 
 } // namespace easel::render

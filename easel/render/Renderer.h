@@ -22,6 +22,7 @@ class Renderer {
     void load(std::string_view svg);
     [[nodiscard]] std::string picture(const PictureRequest& request) const;
     [[nodiscard]] std::string view(const ViewRequest& request) const;
+    [[nodiscard]] std::vector<model::Box> bounds(const BoundsRequest& request) const;
 
   private:
     void requireDrawing() const;

@@ -77,6 +77,13 @@ std::string handle(Renderer& renderer, Request kind, std::string_view bytes) {
         Unpacker(bytes) >> request;
         return renderer.view(request);
     }
+    case Request::Bounds: {
+        BoundsRequest request;
+        Unpacker(bytes) >> request;
+        Packer boxes;
+        boxes << renderer.bounds(request);
+        return boxes.bytes;
+    }
     }
     throw std::runtime_error("the renderer does not know this request");
 }

@@ -95,6 +95,7 @@ AIRealRect getBounds(Art art, const AIRealMatrix& matrix, std::int32_t flags) {
                                        .unpainted = (flags & kExcludeUnpaintedBounds) == 0};
     for (const double number : {matrix.a, matrix.b, matrix.c, matrix.d, matrix.tx, matrix.ty})
         require(std::isfinite(number));
+    art.document.measure();
     const model::Box box = boundsOf(art.node, options, {matrix.a, matrix.b, matrix.c, matrix.d, matrix.tx, matrix.ty});
     return box.isEmpty() ? AIRealRect{} : AIRealRect{box.left, box.top, box.right, box.bottom};
 }

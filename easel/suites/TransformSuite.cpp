@@ -27,8 +27,11 @@ void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::in
     const double lines = (flags & kScaleLines) ? lineScale : 1;
     if (art.node.isContainer() && !(flags & kTransformChildren)) return;
     if (!(flags & kTransformSelectionOnly)) return art.document.transform(art.node, by, lines);
-    for (Node* const node : art.document.selection())
-        if (!node->isContainer() && node->isWithin(art.node)) art.document.transform(*node, by, lines);
+    // A group that is selected takes its mask along.
+    for (Node* const node : art.document.selection()) {
+        const bool goesAlong = node != &art.node && node->parent()->selected();
+        if (!goesAlong && node->isWithin(art.node)) art.document.transform(*node, by, lines);
+    }
 }
 
 } // namespace

@@ -84,10 +84,7 @@ bool isFlat(const Geom::Affine& transform) {
     return !(area > kFlat && std::isfinite(area));
 }
 
-bool isInReach(const Box& box) {
-    return box.isEmpty() ||
-           (withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom));
-}
+bool isInReach(const Box& box) { return box.isEmpty() || withinReach(box); }
 
 bool isInReach(const Geom::Affine& transform) {
     bool reaches = true;
@@ -249,8 +246,17 @@ void Builder::startElement(std::string_view name, Attributes attributes, TagByte
     } catch (const std::range_error& error) { // in a transform or a measure: its geometry is unknown
         warn_(error.what());
         toPage_ = around();
-        addOpaque(attributes, dynamic_cast<const UnknownUnit*>(&error) ? Reason::Unit : Reason::Transform, {});
+        noteUnmeasured(
+            element,
+            addOpaque(attributes, dynamic_cast<const UnknownUnit*>(&error) ? Reason::Unit : Reason::Transform, {}));
     }
+}
+
+/// Notes art whose bounds can only be guessed here.
+void Builder::noteUnmeasured(std::string_view element, const Node& node) {
+    if (element == "image" || element == "foreignObject" || isFlat(toPage_)) return;
+    source_->unmeasured.push_back(
+        {static_cast<std::uint32_t>(source_->elements.size() - 1), node.id(), node.opaque().bounds});
 }
 
 void Builder::endElement(TagBytes tag) {
@@ -312,7 +318,8 @@ Units Builder::units(const Attributes& attributes) const {
 
 void Builder::endSkipped() {
     open_.back().deepest = std::max(open_.back().deepest, skipped_.deepest);
-    if (measuring_.node) document_->setBounds(*std::exchange(measuring_.node, nullptr), trusted(measuring_.box));
+    if (const Node* const node = std::exchange(measuring_.node, nullptr))
+        document_->setMeasured(node->id(), node->opaque().bounds, trusted(measuring_.box));
     if (!std::exchange(skipped_.isLatest, false)) return;
     latest().after = static_cast<std::uint32_t>(source_->elements.size());
     latest().height = static_cast<std::uint16_t>(skipped_.deepest - depth_);
@@ -364,7 +371,8 @@ void Builder::startGroup(const Attributes& attributes) {
     }
     const bool otherTransform = attributes.transformsInStyle();
     if (otherTransform || !isInReach(toPage_)) {
-        addOpaque(attributes, otherTransform ? Reason::Transform : Reason::TooFar, {});
+        Node& node = addOpaque(attributes, otherTransform ? Reason::Transform : Reason::TooFar, {});
+        if (otherTransform) noteUnmeasured("g", node);
         latest().wrapped = otherTransform;
         return;
     }
@@ -399,7 +407,8 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
                                                          : reasonAgainst(subpaths, toPage_);
     if (reason != Reason::None) {
         if (reason == Reason::Subpaths) subpaths_ -= subpaths.size(); // a smaller one may still find room
-        addOpaque(attributes, reason, trusted(hullOf(subpaths)));
+        Node& node = addOpaque(attributes, reason, trusted(hullOf(subpaths)));
+        if (reason == Reason::Transform) noteUnmeasured(element, node);
         latest().damaged = outline.damaged;
         latest().wrapped = reason == Reason::Transform;
         return;
@@ -424,6 +433,7 @@ void Builder::addForeign(std::string_view element, const Attributes& attributes)
                            isBox ? boxOf(attributes, units(attributes), toPage_) : Box{});
     // Renderers disagree on whether a nested drawing may have a transform.
     latest().wrapped = element == "svg" || attributes.transformsInStyle();
+    noteUnmeasured(element, node);
     if (element != "a" && element != "switch") return;
     measuring_.node = &node;
     measuring_.box = {};
@@ -433,7 +443,7 @@ void Builder::addForeign(std::string_view element, const Attributes& attributes)
 /// All the art of one reference is one piece, for it can only be moved together.
 void Builder::addReference(const Attributes& attributes) {
     if (lastReference_ != tag_.begin) {
-        addOpaque(attributes, Reason::Entity, {});
+        noteUnmeasured("", addOpaque(attributes, Reason::Entity, {}));
         latest().end = tag_.end;
         latest().wrapped = true;
         latest().after = static_cast<std::uint32_t>(source_->elements.size());

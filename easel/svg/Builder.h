@@ -65,6 +65,7 @@ class Builder {
     void addReference(const Attributes& attributes);
     void measureInside(std::string_view element, const Attributes& attributes);
     void endSkipped();
+    void noteUnmeasured(std::string_view element, const model::Node& node);
     void startSheet();
     void endSheet();
 

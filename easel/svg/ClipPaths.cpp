@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "model/Bounds.h"
 #include "model/Document.h"
 #include "svg/Limits.h"
 #include "svg/Outlines.h"
@@ -35,14 +36,15 @@ void ClipPaths::startElement(std::string_view element, const Attributes& attribu
     if (++depth_ > 2) return;
     if (depth_ == 2) {
         if (isShape(element))
-            addShape(element, attributes, units);
+            addShape(element, attributes, inBox_ ? Units(1, 1) : units);
         else if (element == "text" || element == "use")
             understood_ = false;
         return;
     }
     id_ = attributes.get(Name::Id);
     evenOdd_ = attributes.property(Name::ClipRule) == "evenodd";
-    understood_ = attributes.get(Name::ClipPathUnits) != "objectBoundingBox" && !attributes.transformsInStyle();
+    understood_ = !attributes.transformsInStyle();
+    inBox_ = attributes.get(Name::ClipPathUnits) == "objectBoundingBox";
     try {
         transform_ = attributes.transformInto(Geom::Affine::identity());
     } catch (const std::range_error&) { // a number beyond all numbers
@@ -55,7 +57,7 @@ void ClipPaths::endElement() {
     std::shared_ptr<const Mask> mask;
     std::vector<Mask::Shape> shapes = std::exchange(shapes_, {});
     if (understood_) mask = std::make_shared<const Mask>(std::move(shapes));
-    masks_.emplace(std::move(id_), std::move(mask)); // of several with one id the first counts
+    clipPaths_.emplace(std::move(id_), ClipPath{std::move(mask), inBox_}); // of several with one id the first counts
 }
 
 void ClipPaths::addShape(std::string_view element, const Attributes& attributes, const Units& units) {
@@ -84,15 +86,27 @@ void ClipPaths::putOn(model::Node& node, const Attributes& attributes, const Geo
 
 void ClipPaths::finish() {
     for (const Use& use : uses_) {
-        const auto mask = masks_.find(use.id);
-        if (mask == masks_.end() || !mask->second) continue;
-        const Geom::Affine toMask = use.toPage.inverse();
-        model::Clip clip;
-        clip.mask = mask->second;
-        for (unsigned i = 0; i < 6; ++i) clip.toMask[i] = toMask[i];
-        clip.outlines = use.node->outlines();
-        model::Document::setClip(*use.node, model::Shared(std::move(clip)));
+        const auto found = clipPaths_.find(use.id);
+        if (found == clipPaths_.end() || !found->second.mask) continue;
+        if (auto clip = clipFor(use, found->second))
+            model::Document::setClip(*use.node, model::Shared(*std::move(clip)));
     }
+}
+
+std::optional<model::Clip> ClipPaths::clipFor(const Use& use, const ClipPath& path) {
+    const Geom::Affine inverse = use.toPage.inverse();
+    model::Affine toMask{inverse[0], inverse[1], inverse[2], inverse[3], inverse[4], inverse[5]};
+    model::Clip clip;
+    clip.mask = path.mask;
+    clip.outlines = use.node->outlines();
+    clip.fitsBox = path.inBox && use.node->isOutlined();
+    if (path.inBox && !clip.fitsBox) {
+        const auto fitted = model::toUnitBox(boundsOf(*use.node, {}, toMask));
+        if (!fitted) return std::nullopt;
+        toMask = toMask * *fitted;
+    }
+    clip.toMask = {toMask.a, toMask.b, toMask.c, toMask.d, toMask.e, toMask.f};
+    return clip;
 }
 
 } // namespace easel::svg

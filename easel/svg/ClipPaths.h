@@ -1,11 +1,12 @@
 // Collects the clip paths of a drawing while it is read, and what they are put on; either may come first. A clip path
-// that is not understood (with text or references in it, or in units of the art's box) hides nothing.
+// that is not understood (with text or references in it) hides nothing.
 #pragma once
 
 #include <2geom/affine.h>
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -37,7 +38,14 @@ class ClipPaths {
 
     void addShape(std::string_view element, const Attributes& attributes, const Units& units);
 
-    std::map<std::string, std::shared_ptr<const model::Mask>, std::less<>> masks_; // null: not understood
+    struct ClipPath {
+        std::shared_ptr<const model::Mask> mask; ///< null: not understood
+        bool inBox = false;                      ///< in units of the box of what it is put on
+    };
+    /// The clip, as far as it can be placed.
+    [[nodiscard]] static std::optional<model::Clip> clipFor(const Use& use, const ClipPath& path);
+
+    std::map<std::string, ClipPath, std::less<>> clipPaths_;
     std::vector<Use> uses_;
 
     // The clip path that is being read
@@ -46,6 +54,7 @@ class ClipPaths {
     Geom::Affine transform_;
     bool evenOdd_ = false;
     bool understood_ = true;
+    bool inBox_ = false;
     std::vector<model::Mask::Shape> shapes_;
 };
 

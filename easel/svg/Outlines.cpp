@@ -139,6 +139,10 @@ bool withinReach(const PathData& path) {
     });
 }
 
+bool withinReach(const model::Box& box) {
+    return withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom);
+}
+
 bool looksSmooth(const PathPoint& point) {
     const Point in{point.in.x - point.anchor.x, point.in.y - point.anchor.y};
     const Point out{point.out.x - point.anchor.x, point.out.y - point.anchor.y};

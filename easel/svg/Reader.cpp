@@ -172,6 +172,7 @@ class Reading {
 std::shared_ptr<Source> unread(Source& source) {
     auto again = std::make_shared<Source>();
     again->fileName = source.fileName;
+    again->warn = source.warn;
     again->raw = std::move(source.raw);
     again->packed = source.packed;
     again->encoding = source.encoding == Encoding::OtherAscii ? Encoding::Utf8 : source.encoding;
@@ -192,6 +193,7 @@ std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn)
 std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn) {
     auto source = std::make_shared<Source>();
     source->fileName = fileName;
+    source->warn = warn;
     source->text = std::move(bytes);
     try {
         source->packed = isPacked(source->text);

@@ -20,8 +20,9 @@ constexpr const char* kProgramName = "easel-render";
 enum class Request : std::uint32_t {
     Load,    ///< a drawing's text; the requests that follow are about it
     Picture, ///< a PictureRequest; the reply is a file of its format
-    View     ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's
+    View,    ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's
              ///< order
+    Bounds   ///< a BoundsRequest; the reply is a list of boxes on the page
 };
 enum class Reply : std::uint32_t {
     Done,
@@ -59,6 +60,15 @@ struct ViewRequest {
     std::uint32_t rows = 0;
 };
 
+/// Where the elements with these ids lie on a page of `width` by `height` that the drawing is fitted to. The box of
+/// what does not show is empty; there are fewer boxes than ids when the time is up before the last.
+struct BoundsRequest {
+    double width = 0;
+    double height = 0;
+    double seconds = 0;
+    std::vector<std::string> ids{};
+};
+
 /// Values in the order in which they are packed.
 class Packer {
   public:
@@ -82,6 +92,10 @@ class Packer {
     }
     Packer& operator<<(const PictureRequest& picture) {
         return *this << picture.format << picture.width << picture.height << picture.scale << picture.marks;
+    }
+
+    Packer& operator<<(const BoundsRequest& bounds) {
+        return *this << bounds.width << bounds.height << bounds.seconds << bounds.ids;
     }
 
     std::string bytes;
@@ -110,6 +124,9 @@ class Unpacker {
     }
     Unpacker& operator>>(PictureRequest& picture) {
         return *this >> picture.format >> picture.width >> picture.height >> picture.scale >> picture.marks;
+    }
+    Unpacker& operator>>(BoundsRequest& bounds) {
+        return *this >> bounds.width >> bounds.height >> bounds.seconds >> bounds.ids;
     }
 
   private:

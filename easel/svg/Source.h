@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -51,6 +52,13 @@ struct Element {
     bool damaged = false;       ///< only the beginning of its outline could be read
     bool voidTransform = false; ///< its transform is "none", or cannot be read
     bool wrapped = false;       ///< takes no attribute itself: what changes goes to a group around it
+};
+
+/// Opaque art whose place is for the renderer to tell.
+struct Unmeasured {
+    std::uint32_t element = 0; ///< its index
+    model::NodeId node;
+    model::Shared<model::Box> bounds; ///< to be told
 };
 
 /// What an element passes on to those inside it.
@@ -106,6 +114,11 @@ class Source : public KnownFiles {
     std::map<std::uint32_t, std::string> implicitLayers;
     std::vector<std::string> inkscapePrefixes, sodipodiPrefixes, easelPrefixes; ///< bound anywhere in the file
     bool prefixesAtRoot = true; ///< no element but the root binds any of them
+
+    mutable std::vector<Unmeasured> unmeasured; ///< as long as nobody has asked where they are; no part of the drawing
+    std::function<void(const std::string& line)> warn; ///< about the drawing, also later; may be empty
+
+    void measure(model::Document& document) const override;
 
     [[nodiscard]] bool isWhatWasRead(std::string_view bytes) const override {
         return bytes == (raw.empty() ? text : raw);

@@ -42,6 +42,31 @@ constexpr const char* kNested = R"svg(
     <clipPath id="w"><rect x="1000" width="1" height="1"/></clipPath>
   </defs>)svg";
 
+TEST(ClipPaths, InUnitsOfTheBoxFitWhatTheyArePutOn) {
+    // The left half, and within it no more than the lower half.
+    const auto document = readInside(R"svg(
+      <clipPath id="left" clipPathUnits="objectBoundingBox"><rect width="50%" height="1"/></clipPath>
+      <clipPath id="low" clipPathUnits="objectBoundingBox"><path d="M0 .5h1v.5h-1z"/></clipPath>
+      <g id="g" transform="scale(2)" clip-path="url(#left)">
+        <rect id="a" x="10" width="20" height="20"/><rect id="b" x="40" y="10" width="10" height="10" clip-path="url(#low)"/>
+      </g>
+      <path id="c" d="M200 0h40v40h-40z m10 10h10v10z" clip-path="url(#low)"/>)svg");
+    const auto expectHits = [&](const std::vector<std::tuple<double, double, const char*>>& rows) {
+        for (const auto& [x, y, id] : rows) EXPECT_EQ(at(*document, x, y), id) << x << ' ' << y;
+    };
+    // The group goes from 20 to 100, so that b is hidden.
+    expectHits({{40, 20, "a"}, {58, 20, "a"}, {62, 20, ""}, {90, 38, ""}, {230, 10, ""}});
+    EXPECT_EQ(document->topmostAt({230, 30}, 0)->parent()->name(), "c");
+    document->offset(*document->findByName("g"), 100, 0);
+    expectHits({{140, 20, "a"}, {162, 20, ""}, {40, 20, ""}});
+    // The mask of a path follows its shape: now the path goes from 0 to 80.
+    model::Node& outer = *document->findByName("c")->lastChild();
+    const model::PathPoint deep[] = {model::cornerAt({240, 80}), model::cornerAt({200, 80})};
+    document->setPoints(outer, 2, deep, 2);
+    EXPECT_EQ(document->topmostAt({230, 30}, 0), nullptr);
+    EXPECT_EQ(document->topmostAt({230, 50}, 0), &outer);
+}
+
 TEST(ClipPaths, HideWhatLiesOutsideOfAnyMaskAround) {
     const auto document = readInside(kNested);
     Node* const group = document->findByName("g");

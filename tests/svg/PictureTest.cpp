@@ -112,6 +112,55 @@ TEST_F(Pictures, PathsHaveThePaintOfStyleSheetsThatPicturesShow) {
                           "<style>path{fill:red}</style><defs><style>g path{fill:blue}</style></defs>");
 }
 
+/// The box of what is not white.
+model::Box shownBox(const Image& image, double scale) {
+    model::Box box;
+    for (std::size_t i = 0; i < image.pixels.size(); ++i) {
+        if ((image.pixels[i] & 0xFFFFFF) == 0xFFFFFF) continue;
+        const double x = static_cast<double>(i % static_cast<std::size_t>(image.width));
+        const double y = static_cast<double>(i / static_cast<std::size_t>(image.width));
+        box.include(model::Box{x / scale, y / scale, (x + 1) / scale, (y + 1) / scale});
+    }
+    return box;
+}
+
+TEST_F(Pictures, ShowOpaqueArtWhereItIsHit) {
+    const std::string head = "<!DOCTYPE svg [<!ENTITY e '<rect x=\"20\" y=\"30\" width=\"30\" height=\"9\"/>'>]>"
+                             "<svg xmlns='http://www.w3.org/2000/svg' xmlns:h='http://www.w3.org/1999/xlink' "
+                             "viewBox='-10 -10 200 100'><defs><path id='d' d='M0 0h30v9h-30z'/>"
+                             "<symbol id='s' viewBox='0 0 2 1'><path d='M0 0h1v1z'/></symbol></defs>";
+    const char* const kinds[] = {
+        "<text x='20' y='50' font-size='40'>Ham</text>",
+        "<g transform='translate(5 6) scale(1.5 2)'><text id='t' x='20' y='20'>Hamburg</text></g>",
+        "<text id='t'/><text id='t' x='80' y='30'>Two of one id</text>",
+        "<use id='u' h:href='#d' x='50' y='60' transform='scale(.5)'/>",
+        "<use h:href='#s' x='50' y='30' width='40' height='30'/>",
+        "<svg x='30' y='20' width='50' height='50' viewBox='0 0 10 10'><path d='M2 2h3v4z'/></svg>",
+        "<a><text x='20' y='20'>link</text><path d='M70 70h9v9z'/></a>",
+        "<g style='transform:translate(20px,30px)'><path d='M0 0h20v9z'/></g>",
+        "<g><g>&e;</g></g>",
+    };
+    for (const char* const kind : kinds) {
+        SCOPED_TRACE(kind);
+        const auto document = read(head + kind + "</svg>", "t.svg");
+        exportPicture(*document, PictureFormat::Png, {.scale = 4}, path("p.png"));
+        const model::Box shown = shownBox(imageOf(path("p.png")), 4);
+        const auto expectSame = [&](double dx) {
+            model::Box hit;
+            for (const Node* art : document->touching({-1e6, -1e6, 1e6, 1e6})) hit.include(art->hull());
+            EXPECT_NEAR(hit.left, shown.left + dx, 1.5);
+            EXPECT_NEAR(hit.right, shown.right + dx, 1.5);
+            EXPECT_NEAR(hit.top, shown.top, 1.5);
+            EXPECT_NEAR(hit.bottom, shown.bottom, 1.5);
+        };
+        model::Document& moved = *document;
+        moved.offset(moved.currentLayer(), 3, 0); // before anybody asks, and undone afterwards
+        expectSame(3);
+        moved.journal().undo();
+        expectSame(0);
+    }
+}
+
 TEST_F(Pictures, ShowsTheDrawingOnWhiteAndMarksOverIt) {
     Document document(50, 25);
     Node& square = addPath(document, document.currentLayer(),
