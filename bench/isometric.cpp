@@ -47,10 +47,10 @@ BENCHMARK(moveSelection)
 struct Joining {
     benchmark::State& state;
 
-    static kzo::core::Art path(double from, double to, std::int16_t count) {
+    /// A wave from the origin, a point for each anchor.
+    static kzo::core::Art path(double step, std::int16_t count) {
         kzo::core::PathArt::SegPoints points;
-        for (int i = 0; i < count; ++i)
-            points.emplace_back(kzo::core::ArtboardPoint(from + (to - from) * i / (count - 1), std::sin(i)), true);
+        for (int i = 0; i < count; ++i) points.emplace_back(kzo::core::ArtboardPoint(step * i, std::sin(i)), true);
         kzo::core::Art art(kzo::core::ArtType::Path, kzo::core::PaintOrder::AboveAll);
         art.path()->setSegPointCount(count);
         art.path()->setSegPoints(0, points);
@@ -60,8 +60,8 @@ struct Joining {
     void run() {
         const auto count = static_cast<std::int16_t>(state.range(0));
         for ([[maybe_unused]] auto _ : state) {
-            const kzo::core::Art first = path(0, -100, count);
-            const kzo::core::Art second = path(0, 100, count);
+            const kzo::core::Art first = path(-1, count);
+            const kzo::core::Art second = path(1, count);
             ArtObject* a = first.aiArtHandle();
             ArtObject* b = second.aiArtHandle();
             using namespace vl::conc;

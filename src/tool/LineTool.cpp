@@ -175,7 +175,8 @@ void Plugin::__toolDragCB() {
 
 void Plugin::__toolMouseUpCB() {
     vlGlobals& globals = *vlGlobals::instance();
-    if (globals.pressed) {
+    // What is taken back needs no end, nor an alert that it cannot be joined.
+    if (globals.pressed && !corePlugin_->currentTool().gestureTakenBack()) {
         if (!globals.dragged) aim(); // a click has an end point too
         readKeys();                  // Command counts as it is now
         finishLine(globals);

@@ -115,7 +115,7 @@ void Plugin::__tool2DragCB() {
 
 void Plugin::__tool2MouseUpCB() {
     vlGlobals& globals = *vlGlobals::instance();
-    if (globals.dragged) {
+    if (globals.dragged && !corePlugin_->currentTool().gestureTakenBack()) {
         globals.dragged = false; // so that no guide stays behind
         __tool2DragCB();
     }

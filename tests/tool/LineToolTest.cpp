@@ -9,6 +9,7 @@
 #include "core/app/Plugin.h"
 #include "maker/Globals.h"
 #include "support/Desk.h"
+#include "support/Drawing.h"
 #include "support/Receiver.h"
 #include "tool/Plugin.h"
 
@@ -210,6 +211,27 @@ TEST(LineTool, EndedByEscapeOrAnotherChoiceOfToolLeavesTheDocumentAsBeforeThePre
         EXPECT_TRUE(path.selected());
         desk.stroke({{300, 300}, {300, 200}});
         EXPECT_EQ(desk.anchors(*desk.paths().front())[0], (Point{300, 300}));
+    }
+}
+
+// Escape once raised the alert that the path, which goes back anyway, would be too long.
+TEST(LineTool, TellsOfTooManyPointsOnlyWhereTheLineIsToStay) {
+    for (const bool stays : {false, true}) {
+        std::vector<std::string> said;
+        Desk desk({.said = &said});
+        std::vector<easel::model::PathPoint> points;
+        for (int i = 0; i < 32000; ++i) points.push_back(easel::model::cornerAt({0.01 * i, 100.0 + (i + 1) % 2}));
+        const Point end = points.back().anchor;
+        easel::model::addPath(desk.document(), desk.document().currentLayer(), std::move(points));
+        desk.selectTool();
+        vlGlobals::instance()->autoConcat = true;
+        said.clear();
+        auto& pointer = desk.session().pointer;
+        pointer.press(end, 0);
+        pointer.drag({end.x, 10}, 0);
+        stays ? pointer.release({end.x, 10}, 0) : pointer.cancel();
+        EXPECT_EQ(said.size(), stays ? 1u : 0u);
+        EXPECT_EQ(desk.paths().size(), stays ? 2u : 1u);
     }
 }
 
