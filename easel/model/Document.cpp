@@ -103,7 +103,29 @@ Point Document::fromScreen(Point place) const {
     return {shown.left + place.x / view.zoom, shown.top + place.y / view.zoom};
 }
 
+// Artboards
+
+std::vector<Artboard> Document::artboards() {
+    const std::vector<Artboard>& known = root().extras().artboards;
+    return known.empty() ? std::vector{Artboard{.id = 1, .title = "Artboard 1", .place = {}}} : known;
+}
+
+void Document::setArtboards(std::vector<Artboard> artboards) {
+    Extras extras = root().extras();
+    extras.artboards = std::move(artboards);
+    for (const Artboard& artboard : extras.artboards)
+        settings.lastArtboard = std::max(settings.lastArtboard, artboard.id);
+    setExtras(root(), std::move(extras));
+}
+
+Box Document::placeOf(const Artboard& artboard) const { return artboard.place.value_or(Box{0, 0, width(), height()}); }
+
 // Layers
+
+Node& Document::reach() {
+    Node* const isolated = find(settings.isolated);
+    return isolated ? *isolated : root();
+}
 
 Node& Document::root() { return impl_->tree.root(); }
 
@@ -206,10 +228,51 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
     journal().note(node);
     node.state_.parent = spot.parent;
     node.state_.order = order;
-    node.state_.content = impl_->newContent(type);
+    node.state_.content = impl_->newContent(type, settings.pathStyle);
     if (node.isSubpath()) node.state_.content.style = spot.parent->state_.content.style;
     impl_->tree.attachNew(node, spot.below);
     return node;
+}
+
+Node& Document::duplicate(const Node& node, Placement placement, Node& anchor) {
+    const Transaction transaction(journal());
+    Node& copy = impl_->copyOf(*this, node, placement, anchor);
+    // Each container takes its children from the bottom up; the copies are met in the same order as what they copy.
+    const Node* from = &node;
+    Node* to = &copy;
+    while (from) {
+        if (const Node* child = from->lastChild()) {
+            from = child;
+            to = &impl_->copyOf(*this, *from, Placement::OnTopInside, *to);
+            continue;
+        }
+        while (from != &node && !from->previous()) {
+            from = from->parent();
+            to = to->parent();
+        }
+        if (from == &node) break;
+        from = from->previous();
+        to = &impl_->copyOf(*this, *from, Placement::OnTopInside, *to->parent());
+    }
+    return copy;
+}
+
+Node& Document::Impl::copyOf(Document& document, const Node& node, Placement placement, Node& anchor) {
+    Node& copy = document.create(node.type(), placement, anchor);
+    copy.state_.content = node.content();
+    copy.state_.content.name = {};
+    copy.clip_ = node.clip_;
+    copy.copied_ = node.copied_;
+    if (node.origin_ == 0) return copy;
+    Copied copied{node.origin_, document.original(node)};
+    copied.was.name = {};
+    copy.copied_ = Shared(std::move(copied));
+    return copy;
+}
+
+void Document::removeChildren(Node& node) {
+    const Transaction transaction(journal());
+    while (Node* const child = node.firstChild()) remove(*child);
 }
 
 void Document::remove(Node& node) {
@@ -259,6 +322,12 @@ void Document::setHidden(Node& node, bool hidden) {
     impl_->change(whole).hidden = hidden;
 }
 
+void Document::setExtras(Node& node, Extras extras) {
+    if (node.extras() == extras) return;
+    const Transaction transaction(journal());
+    impl_->change(node).extras = extras == Extras() ? Shared<Extras>() : Shared(std::move(extras));
+}
+
 // Selection
 
 void Document::select(Node& node, bool selected) {
@@ -303,10 +372,13 @@ void Document::Impl::deselectAround(const Node& node) {
     for (Node* at = node.parent(); at; at = at->parent()) setSelected(*at, false, {});
 }
 
-Content Document::Impl::newContent(NodeType type) const {
+Content Document::Impl::newContent(NodeType type, const Style& pathStyle) {
     Content content;
     if (type == NodeType::Path) content.path = emptyPath;
-    if (type == NodeType::Path || type == NodeType::Compound) content.style = defaultStyle;
+    if (type == NodeType::Path || type == NodeType::Compound) {
+        if (!(*newStyle == pathStyle)) newStyle = styles.get(pathStyle);
+        content.style = newStyle;
+    }
     if (type == NodeType::Opaque) content.opaque = emptyOpaque;
     return content;
 }

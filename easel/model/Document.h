@@ -12,6 +12,7 @@
 #include "model/HitTest.h"
 #include "model/Journal.h"
 #include "model/Node.h"
+#include "model/Settings.h"
 
 namespace easel::model {
 
@@ -54,14 +55,22 @@ class Document {
     [[nodiscard]] double width() const;
     [[nodiscard]] double height() const;
     View view;                            ///< not part of undo
+    Settings settings;                    ///< nor are these
     [[nodiscard]] Box visibleBox() const; ///< the window at the view's centre, divided by its zoom
     /// The window fills the screen: its top left corner is the screen's origin, and a screen unit there a unit here.
     [[nodiscard]] Point toScreen(Point point) const;
     [[nodiscard]] Point fromScreen(Point place) const;
 
+    // Artboards; there is always one, and at first it is the page
+    [[nodiscard]] std::vector<Artboard> artboards();
+    void setArtboards(std::vector<Artboard> artboards); ///< one at least; new ones by newArtboardId
+    [[nodiscard]] std::uint32_t newArtboardId() { return ++settings.lastArtboard; }
+    [[nodiscard]] Box placeOf(const Artboard& artboard) const;
+
     // Layers; layer 0 is the topmost. The last layer cannot be removed; when the current one goes, the topmost takes
     // over.
     [[nodiscard]] Node& root();
+    [[nodiscard]] Node& reach(); ///< what the pointer can reach: the isolated group, or all
     [[nodiscard]] std::size_t layerCount() const;
     [[nodiscard]] Node* layerAt(std::size_t index); ///< or null; costs the way from the layer asked for before
     [[nodiscard]] Node& currentLayer();
@@ -90,12 +99,16 @@ class Document {
     /// Tells where it lay at first: to all who share what was known, also in the past, for this is no change.
     void setMeasured(NodeId opaque, Shared<Box> known, const Box& bounds);
     void setText(Node& opaque, TextData text); ///< makes text of opaque art, in the bounds that go with it
+    /// A copy of art with all that it holds, without their names; as it is, it is not selected.
+    Node& duplicate(const Node& node, Placement placement, Node& anchor);
     void remove(Node& node);
+    void removeChildren(Node& node);
     void place(Node& node, Placement placement, Node& anchor);
     void setName(Node& node, std::string_view name); ///< a subpath takes none, for files have no place for it
     // A subpath is locked and hidden together with its compound path.
     void setLocked(Node& node, bool locked);
     void setHidden(Node& node, bool hidden);
+    void setExtras(Node& node, Extras extras);
 
     // Paths
     void setPath(Node& path, PathData data);

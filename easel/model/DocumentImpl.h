@@ -41,13 +41,14 @@ struct Document::Impl {
     StylePool styles;
     std::unordered_map<std::uint32_t, Content> originals; // of nodes that have been changed, by their origin
     const Shared<PathData> emptyPath{PathData{}};
-    const Shared<Style> defaultStyle{Style{}};
+    Shared<Style> newStyle{Style{}}; // of the last new path
     const Shared<OpaqueData> emptyOpaque{OpaqueData{}};
     std::vector<Node*> found; // of the last search, kept for its storage
 
     void setSelected(Node& node, bool selected, Shared<PointSelection> points);
     void deselectAround(const Node& node);
-    [[nodiscard]] Content newContent(NodeType type) const;
+    [[nodiscard]] Content newContent(NodeType type, const Style& pathStyle);
+    Node& copyOf(Document& document, const Node& node, Placement placement, Node& anchor); ///< without its children
     /// The node's content for writing, noted. Nothing else changes a content, so that no change of it is lost.
     Content& change(Node& node);
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.

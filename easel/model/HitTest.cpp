@@ -223,7 +223,7 @@ Node* Document::topmostAt(Point point, double tolerance) {
     const Fills fills(impl_->found, point);
     Node* topmost = nullptr;
     for (Node* const node : impl_->found) {
-        if (!isReachable(*node, root()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
+        if (!isReachable(*node, reach()) || (topmost && comparePaintOrder(*node, *topmost) > 0)) continue;
         const auto isNear = [&](const Cubic& curve) {
             const auto nearest = nearestOn(curve, point, tolerance * tolerance);
             return nearest && passesClip(*node, nearest->point);
@@ -242,7 +242,7 @@ std::vector<Node*> Document::touching(const Box& box) {
     const Fills fills(impl_->found, {box.left, box.top});
     const auto isTouched = [&](const Cubic& curve) { return meetsBox(curve, box); };
     for (Node* const node : impl_->found) {
-        if (!isReachable(*node, root()) || !mayPassClip(*node, box)) continue;
+        if (!isReachable(*node, reach()) || !mayPassClip(*node, box)) continue;
         const bool isBox = node->type() == NodeType::Opaque;
         if (isBox ? node->hull().meets(box) : anySegment(node->path(), isTouched) || fills.contain(*node))
             touched.push_back(node);

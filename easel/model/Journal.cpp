@@ -59,12 +59,15 @@ void Journal::end() {
         outer_.bytes = 0;
         for (const Note& note : outer_.notes) outer_.bytes += bytesOf(note);
         history_ += outer_.bytes;
-        undo_.push_back(std::exchange(outer_, Record{++lastId_, {}, 0}));
+        outer_.state = ++lastState_;
+        undo_.push_back(std::exchange(outer_, Record{++lastId_, {}, 0, 0}));
     } else if (change != Change::None && !undo_.empty()) {
         const std::size_t added = join(outer_, undo_.back());
         undo_.back().bytes += added;
         history_ += added;
+        if (change == Change::Real) undo_.back().state = ++lastState_;
     } else {
+        if (change == Change::Real) firstState_ = ++lastState_;
         forget(outer_);
     }
     limitHistory();
@@ -143,6 +146,13 @@ std::size_t Journal::undoDepth() const { return undo_.size(); }
 std::size_t Journal::redoDepth() const { return redo_.size(); }
 
 Changes Journal::takeChanges() { return std::exchange(changes_, {}); }
+
+std::uint64_t Journal::state() const {
+    constexpr std::uint64_t kUnsettled = UINT64_MAX;
+    const bool changed = running() && recording_ && std::max(netChange(outer_), netChange(inner_)) >= Change::Order;
+    if (changed) return kUnsettled;
+    return undo_.empty() ? firstState_ : undo_.back().state;
+}
 
 // For Document
 
@@ -246,6 +256,7 @@ void Journal::limitHistory() {
         const Record oldest = std::move(undo_.front());
         undo_.pop_front();
         history_ -= oldest.bytes;
+        firstState_ = oldest.state;
         for (const Note& note : oldest.notes)
             if (--note.node->noteCount_ == 0 && !note.node->alive_ && !note.node->parent()) tree_.destroy(*note.node);
     }

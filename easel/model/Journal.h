@@ -109,6 +109,9 @@ class Journal {
     /// Told of each node just before it changes, whichever way the change comes, and often more than once: for whoever
     /// paints what has changed. Changes nothing itself, and knows that removed nodes may be gone later.
     std::function<void(const Node& node)> beforeChange;
+    /// Tells apart what the document contains, as far as there are steps: undo and redo come back to what was. What
+    /// the running transaction has changed counts, selection does not.
+    [[nodiscard]] std::uint64_t state() const;
 
     // For Document
     void requireWritable() const; ///< throws ReadOnlyError
@@ -127,7 +130,8 @@ class Journal {
     struct Record {
         std::uint64_t id = 0;
         std::vector<Note> notes;
-        std::size_t bytes = 0; ///< of a step: what it takes to keep it
+        std::size_t bytes = 0;   ///< of a step: what it takes to keep it
+        std::uint64_t state = 0; ///< of a step: what the document contains after it
     };
     enum class Change : std::uint8_t { None, Selection, Order, Real };
 
@@ -159,7 +163,9 @@ class Journal {
     UndoKind kind_ = UndoKind::Standard;
     UndoKind kindAtMark_ = UndoKind::Standard;
     std::uint64_t lastId_ = 0;
-    std::uint32_t rollBack_ = 1; // numbers the roll-backs; 0 in a node: none
+    std::uint64_t lastState_ = 0;
+    std::uint64_t firstState_ = 0; // below all steps
+    std::uint32_t rollBack_ = 1;   // numbers the roll-backs; 0 in a node: none
     Record outer_;
     Record inner_;
     std::deque<Record> undo_;

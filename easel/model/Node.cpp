@@ -15,6 +15,11 @@ const std::string& Node::name() const {
     return state_.content.name ? *state_.content.name : none;
 }
 
+const Extras& Node::extras() const {
+    static const Extras ordinary;
+    return state_.content.extras ? *state_.content.extras : ordinary;
+}
+
 Box Node::hull() const {
     if (type_ == NodeType::Path) return path().hull();
     if (type_ == NodeType::Opaque) return opaque().hull();

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "model/Extras.h"
 #include "model/Shared.h"
 #include "model/Types.h"
 
@@ -42,6 +43,7 @@ struct Content {
     Shared<Style> style;       ///< paths and compound paths only
     Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
     Shared<TextData> text;     ///< of opaque art that is text and was made here
+    Shared<Extras> extras;     ///< nothing for ordinary ones
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
     bool locked = false;
     bool hidden = false;
@@ -57,6 +59,12 @@ struct NodeState {
     Shared<PointSelection> pointSelection; ///< nothing: all points, if the path is selected
     [[no_unique_address]] Content content;
     bool selected = false;
+};
+
+/// What a duplicate was made of: the origin's name for it, and what it was like then.
+struct Copied {
+    std::uint32_t origin = 0;
+    Content was;
 };
 
 class Node {
@@ -87,10 +95,13 @@ class Node {
     /// How far opaque art, a group or a layer has been moved as a whole; of a path its points tell.
     [[nodiscard]] Point moved() const { return state_.content.opaque ? state_.content.opaque->moved : Point{}; }
     [[nodiscard]] Box hull() const; ///< of a path, a compound path or opaque art; else empty
+    [[nodiscard]] const Extras& extras() const;
     [[nodiscard]] const Content& content() const { return state_.content; }
     [[nodiscard]] const NodeState& state() const { return state_; }
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
+    /// Of a duplicate of something that the document's origin knows; else null.
+    [[nodiscard]] const Copied* copied() const { return copied_ ? &*copied_ : nullptr; }
     /// What shows of the node and its descendants; null for all of it.
     [[nodiscard]] const Clip* clip() const;
     [[nodiscard]] std::uint8_t selectedParts(std::size_t index) const;
@@ -128,7 +139,8 @@ class Node {
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;
-    Shared<Clip> clip_; // for the node's life too
+    Shared<Clip> clip_; // for the node's life too, as is the next
+    Shared<Copied> copied_;
     NodeState state_;
     Hook hook_;                                 // in the parent's children
     std::unique_ptr<struct Children> children_; // containers only

@@ -164,6 +164,8 @@ struct Style {
     Join join = Join::Miter;
     Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
     Shared<Dashes> dash{};                   ///< nothing in most styles, of which there may be as many as paths
+    bool overprintFill = false;              ///< printed over what lies below, not in place of it
+    bool overprintStroke = false;
 
     [[nodiscard]] const Dashes& dashes() const;
     void setDashes(const Dashes& dashes);

@@ -198,6 +198,29 @@ void read(const Value& value, PointRecord& slot) {
     slot.corner = value.member<std::optional<bool>>("corner").value_or(true);
 }
 
+void read(const Value& value, PaintRecord& slot) {
+    if (duk_is_null(value.engine(), value.index())) return;
+    const char* const text = duk_get_string_default(value.engine(), value.index(), "");
+    const std::string_view digits = *text ? text + 1 : text;
+    const bool isHex = *text == '#' && digits.size() == 6 &&
+                       digits.find_first_not_of("0123456789abcdefABCDEF") == std::string_view::npos;
+    if (!isHex) value.fail("a colour like \"#ff8800\" or null");
+    const auto channel = [&](std::size_t at) {
+        return std::stoi(std::string(digits.substr(at, 2)), nullptr, 16) / 255.0;
+    };
+    slot.color = {channel(0), channel(2), channel(4)};
+}
+
+void read(const Value& value, StyleRecord& slot) {
+    static constexpr std::array<std::string_view, 3> kNames{"fill", "stroke", "width"};
+    mustBeObject(value, "an object like {fill: \"#ff8800\", stroke: null, width: 1}");
+    value.mustHaveOnly(kNames);
+    slot.fill = value.member<std::optional<PaintRecord>>("fill");
+    slot.stroke = value.member<std::optional<PaintRecord>>("stroke");
+    slot.width = value.member<std::optional<double>>("width");
+    if (slot.width && *slot.width < 0) value.refuse("a width cannot be negative");
+}
+
 void read(const Value& value, Document& slot) {
     slot = found(value, findDocument(value.engine(), value.index(), Kind::Document), "a document");
 }
@@ -236,6 +259,12 @@ void push(duk_context* engine, const model::Style& style) {
     const auto paint = [](bool on, const model::Color& color) { return on ? std::optional(color) : std::nullopt; };
     pushRecord(engine, std::pair("fill", paint(style.fill, style.fillColor)),
                std::pair("stroke", paint(style.stroke, style.strokeColor)), std::pair("width", style.strokeWidth));
+}
+
+void push(duk_context* engine, const ArtboardRecord& record) {
+    pushRecord(engine, std::pair("title", record.title), std::pair("x", record.place[0]),
+               std::pair("y", record.place[1]), std::pair("width", record.place[2]),
+               std::pair("height", record.place[3]));
 }
 
 void push(duk_context* engine, const PointRecord& record) {

@@ -111,6 +111,20 @@ struct WidgetRecord {
     bool checked = false;
     std::string_view style;
 };
+struct ArtboardRecord {
+    std::string title;
+    std::array<double, 4> place{}; ///< x, y, width, height
+};
+/// A colour, or null where nothing is painted.
+struct PaintRecord {
+    std::optional<model::Color> color;
+};
+/// What a script says of paint; what it leaves out stays.
+struct StyleRecord {
+    std::optional<PaintRecord> fill;
+    std::optional<PaintRecord> stroke;
+    std::optional<double> width;
+};
 /// Any value at all: true, or what counts as true.
 struct Truthy {
     bool holds = false;
@@ -133,6 +147,8 @@ void read(const Value& value, std::string& slot);
 void read(const Value& value, ModifierKeys& slot);
 void read(const Value& value, model::Point& slot); ///< [x, y]
 void read(const Value& value, PointRecord& slot);  ///< [x, y] or {x, y, inX, inY, outX, outY, corner}
+void read(const Value& value, PaintRecord& slot);  ///< "#rrggbb" or null
+void read(const Value& value, StyleRecord& slot);  ///< {fill, stroke, width}
 void read(const Value& value, Document& slot);
 void read(const Value& value, View& slot);
 void read(const Value& value, Layer& slot);
@@ -177,6 +193,7 @@ void push(duk_context* engine, model::Point point);
 void push(duk_context* engine, const model::Color& color); ///< "#rrggbb"
 void push(duk_context* engine, const model::Style& style); ///< {fill, stroke, width}
 void push(duk_context* engine, const PointRecord& record);
+void push(duk_context* engine, const ArtboardRecord& record);
 void push(duk_context* engine, const MenuItemRecord& record);
 void push(duk_context* engine, const MenuGroupRecord& record);
 void push(duk_context* engine, const PluginRecord& record);

@@ -138,6 +138,7 @@ void define(duk_context* engine, std::span<const Row> rows);
 [[nodiscard]] std::span<const Row> mouseRows();
 [[nodiscard]] std::span<const Row> keysRows();
 [[nodiscard]] std::span<const Row> documentRows();
+[[nodiscard]] std::span<const Row> arrangeRows(); ///< of documents as well
 [[nodiscard]] std::span<const Row> viewRows();
 [[nodiscard]] std::span<const Row> layerRows();
 [[nodiscard]] std::span<const Row> artRows();

@@ -1,25 +1,13 @@
 // Document and view objects: looking up, selecting, editing, history. Each editing call is one undo step.
+#include "script/ArtList.h"
 #include "script/Step.h"
 
 #include <array>
 #include <sstream>
-#include <unordered_set>
 
 namespace easel::script {
 
 namespace {
-
-/// One piece of art or a list of them.
-struct ArtList {
-    std::vector<Art> items;
-};
-
-void read(const Value& value, ArtList& slot) {
-    if (duk_is_array(value.engine(), value.index()))
-        read(value, slot.items);
-    else
-        read(value, slot.items.emplace_back());
-}
 
 struct PathOptions {
     bool closed = false;
@@ -32,34 +20,6 @@ void read(const Value& value, PathOptions& slot) {
     value.mustHaveOnly(kNames);
     slot.closed = value.member<std::optional<bool>>("closed").value_or(false);
     slot.layer = value.member<std::optional<Layer>>("layer");
-}
-
-void mustBelong(const Object& object, const Document& document, std::string_view argument) {
-    if (object.document != document.open) throw BadArgument(std::string(argument) + " belongs to another document");
-}
-
-std::vector<Object> objects(const Document& document, const std::vector<model::Node*>& nodes) {
-    std::vector<Object> found;
-    found.reserve(nodes.size());
-    for (auto* node : nodes) found.push_back({document.open, node});
-    return found;
-}
-
-/// The art of a list, each piece once, without what lies in a group that is listed as well.
-std::vector<model::Node*> outermost(const ArtList& list, const Document& document) {
-    std::unordered_set<const model::Node*> listed;
-    for (const Art& art : list.items) {
-        mustBelong(art, document, "argument 1 (objects)");
-        listed.insert(art.node);
-    }
-    std::unordered_set<const model::Node*> taken;
-    std::vector<model::Node*> nodes;
-    for (const Art& art : list.items) {
-        const auto* around = art->parent();
-        while (around && listed.count(around) == 0) around = around->parent();
-        if (!around && taken.insert(art.node).second) nodes.push_back(art.node);
-    }
-    return nodes;
 }
 
 using ThisDocument = This<Document>;

@@ -61,12 +61,48 @@ bool selected(Host& /*host*/, const ThisArt& art) { return art->selected(); }
 
 bool artLocked(Host& /*host*/, const ThisArt& art) { return art->locked(); }
 
+void setArtLocked(Host& host, const ThisArt& art, bool locked) {
+    edit(host, *art.document, [&] { art.document->setLocked(*art.node, locked); });
+}
+
 bool hidden(Host& /*host*/, const ThisArt& art) { return art->hidden(); }
+
+void setArtHidden(Host& host, const ThisArt& art, bool hidden) {
+    edit(host, *art.document, [&] { art.document->setHidden(*art.node, hidden); });
+}
+
+double opacity(Host& /*host*/, const ThisArt& art) { return art->extras().opacity; }
+
+void setOpacity(Host& host, const ThisArt& art, double opacity) {
+    if (opacity < 0 || opacity > 1) throw BadArgument("argument 1 (value) must be from 0 to 1");
+    model::Extras extras = art->extras();
+    extras.opacity = opacity;
+    edit(host, *art.document, [&] { art.document->setExtras(*art.node, extras); });
+}
 
 bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip(); }
 
 std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
     return art->content().style ? std::optional(art->style()) : std::nullopt;
+}
+
+/// Of a group, every path in it.
+void setStyle(Host& host, const ThisArt& art, const StyleRecord& says) {
+    const auto paint = [](const auto& said, bool& on, model::Color& color) {
+        if (!said) return;
+        on = said->color.has_value();
+        if (on) color = *said->color;
+    };
+    edit(host, *art.document, [&] {
+        for (model::Node* at = art.node; at; at = nextWithin(*art.node, *at)) {
+            if (!at->content().style) continue;
+            model::Style changed = at->style();
+            paint(says.fill, changed.fill, changed.fillColor);
+            paint(says.stroke, changed.stroke, changed.strokeColor);
+            changed.strokeWidth = says.width.value_or(changed.strokeWidth);
+            art.document->setStyle(*at, changed);
+        }
+    });
 }
 
 // In words
@@ -108,10 +144,11 @@ constexpr Row kArtCalls[] = {
     property<points>("path.points"),
     property<layer>("path.layer"),
     property<selected>("path.selected"),
-    property<artLocked>("path.locked"),
-    property<hidden>("path.hidden"),
+    property<artLocked, setArtLocked>("path.locked"),
+    property<hidden, setArtHidden>("path.hidden"),
     property<clipped>("path.clipped"),
-    property<style>("path.style"),
+    property<style, setStyle>("path.style"),
+    property<opacity, setOpacity>("path.opacity"),
     method<artText>("path.toString", ""),
 };
 

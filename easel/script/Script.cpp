@@ -76,9 +76,9 @@ void addObject(duk_context* engine, const char* name, std::span<const Row> rows,
     duk_put_global_string(engine, name);
 }
 
-void addPrototype(duk_context* engine, Kind kind, std::span<const Row> rows) {
+template <class... Rows> void addPrototype(duk_context* engine, Kind kind, Rows... rows) {
     duk_push_object(engine);
-    define(engine, rows);
+    (define(engine, rows), ...);
     duk_freeze(engine, -1);
     setPrototype(engine, kind);
 }
@@ -96,7 +96,7 @@ duk_ret_t play(duk_context* engine, void* /*unused*/) {
     addObject(engine, "app", appRows(), dialogAppRows());
     addObject(engine, "mouse", mouseRows());
     addObject(engine, "keys", keysRows());
-    addPrototype(engine, Kind::Document, documentRows());
+    addPrototype(engine, Kind::Document, documentRows(), arrangeRows());
     addPrototype(engine, Kind::View, viewRows());
     addPrototype(engine, Kind::Layer, layerRows());
     addPrototype(engine, Kind::Art, artRows());

@@ -1,10 +1,14 @@
 // The art, matching art and hit test suites on the document's tree.
+#include <algorithm>
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "model/Bounds.h"
+#include "session/documents/Documents.h"
 #include "session/frame/Memory.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
@@ -50,6 +54,35 @@ void disposeArt(Art art) {
     art.document.remove(art.node);
 }
 
+/// Where art goes that is there already, or is to be copied: not into itself.
+Place placeOutside(const Art& art, std::int16_t paintOrder, const std::optional<Art>& prep) {
+    require(art.node.type() != NodeType::Layer, kRefusedErr);
+    const Place place = placeFor(paintOrder, prep);
+    require(&place.document == &art.document);
+    const bool inside = place.placement == Placement::OnTopInside || place.placement == Placement::AtBottomInside;
+    require(!(inside ? &place.anchor : place.anchor.parent())->isWithin(art.node), kRefusedErr);
+    require(place.parent().mayHold(art.node.type()));
+    return place;
+}
+
+AIArtHandle duplicateArt(Art art, std::int16_t paintOrder, std::optional<Art> prep) {
+    const Place place = placeOutside(art, paintOrder, prep);
+    return artHandle(art.document, &art.document.duplicate(art.node, place.placement, place.anchor));
+}
+
+void reorderArt(Art art, std::int16_t paintOrder, std::optional<Art> prep) {
+    const Place place = placeOutside(art, paintOrder, prep);
+    art.document.place(art.node, place.placement, place.anchor);
+}
+
+const char* getUid(Art art) {
+    static std::string uid;
+    const model::NodeId id = art.node.id();
+    uid = std::to_string(host<session::Documents>().numberOf(art.document)) + '-' + std::to_string(id.slot) + '-' +
+          std::to_string(id.generation);
+    return uid.c_str();
+}
+
 bool validArt(AIArtHandle handle) {
     try {
         static_cast<void>(resolveArt(handle));
@@ -59,8 +92,7 @@ bool validArt(AIArtHandle handle) {
     }
 }
 
-std::int32_t getAttributes(Art art, std::int32_t which) {
-    const Node& node = art.node;
+std::int32_t attributesOf(const Node& node, std::int32_t which) {
     const bool fully = node.type() == NodeType::Path ? node.allPointsSelected() : node.selected();
     return which &
            ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) | (node.hidden() ? kArtHidden : 0) |
@@ -102,16 +134,45 @@ AIRealRect getBounds(Art art, const AIRealMatrix& matrix, std::int32_t flags) {
 
 // Matching art
 
-void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
-    model::Document& document = currentDocument();
-    const std::vector<Node*> selected = document.selection();
+void handOut(const model::Document& document, const std::vector<Node*>& found, AIArtHandle**& list,
+             std::int32_t& count) {
     AIArtHandle** handle = nullptr;
-    if (!selected.empty()) {
-        handle = reinterpret_cast<AIArtHandle**>(host<Memory>().newHandle(selected.size() * sizeof(AIArtHandle)));
-        for (std::size_t i = 0; i < selected.size(); ++i) (*handle)[i] = artHandle(document, selected[i]);
+    if (!found.empty()) {
+        handle = reinterpret_cast<AIArtHandle**>(host<Memory>().newHandle(found.size() * sizeof(AIArtHandle)));
+        const std::uint32_t number = host<session::Documents>().numberOf(document);
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            const model::NodeId id = found[i]->id();
+            (*handle)[i] = session::makeHandle<AIArtHandle>(number, id.generation, id.slot);
+        }
     }
     list = handle;
-    count = static_cast<std::int32_t>(selected.size());
+    count = static_cast<std::int32_t>(found.size());
+}
+
+void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
+    model::Document& document = currentDocument();
+    handOut(document, document.selection(), list, count);
+}
+
+bool matches(const Node& node, const AIMatchingArtSpec& spec) {
+    if (spec.type == kAnyArt ? node.type() == NodeType::Layer : hostType(node) != spec.type) return false;
+    return attributesOf(node, spec.which) == (spec.attributes & spec.which);
+}
+
+void getMatchingWithin(Art within, const AIMatchingArtSpec& specs, std::int32_t specCount, AIArtHandle**& list,
+                       std::int32_t& count) {
+    require(specCount >= 1);
+    const Node& top = within.node;
+    std::vector<Node*> found;
+    for (Node* at = nextWithin(top, top); at; at = nextWithin(top, *at))
+        if (std::any_of(&specs, &specs + specCount, [&](const auto& spec) { return matches(*at, spec); }))
+            found.push_back(at);
+    handOut(within.document, found, list, count);
+}
+
+void getMatching(const AIMatchingArtSpec& specs, std::int32_t specCount, AIArtHandle**& list, std::int32_t& count) {
+    model::Document& document = currentDocument();
+    getMatchingWithin({document, document.root()}, specs, specCount, list, count);
 }
 
 // Hit test
@@ -119,7 +180,7 @@ void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
 AIHitRecord hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance, std::int32_t request) {
     require(std::isfinite(point.h) && std::isfinite(point.v) && tolerance >= 0);
     model::Document& document = art ? art->document : currentDocument();
-    const model::Hit hit = document.hitTest(art ? art->node : document.root(), {point.h, point.v}, tolerance,
+    const model::Hit hit = document.hitTest(art ? art->node : document.reach(), {point.h, point.v}, tolerance,
                                             static_cast<model::HitRequest>(request));
     static constexpr std::int32_t kTypes[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
                                               kAIOutHandleHit, kAISegmentHit, kAIFillHit};
@@ -137,7 +198,10 @@ AIHitRecord hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tol
 Place placeFor(std::int16_t paintOrder, const std::optional<Art>& prep) {
     model::Document& document = prep ? prep->document : currentDocument();
     if (paintOrder == kPlaceAboveAll || paintOrder == kPlaceBelowAll) {
-        Node& layer = prep ? *document.find(prep->node.layer().id()) : document.currentLayer();
+        Node& isolated = document.reach();
+        Node& layer = prep                                ? *document.find(prep->node.layer().id())
+                      : isolated.type() == NodeType::Root ? document.currentLayer()
+                                                          : isolated;
         return {document, layer, paintOrder == kPlaceAboveAll ? Placement::OnTopInside : Placement::AtBottomInside};
     }
     require(prep.has_value() && paintOrder >= kPlaceAbove && paintOrder <= kPlaceInsideOnBottom);
@@ -153,12 +217,17 @@ template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::DisposeArt, disposeArt>(suite);
     enter<&AIArtSuite::ValidArt, validArt>(suite);
     enter<&AIArtSuite::GetArtType>(suite, [](Art art) { return hostType(art.node); });
-    enter<&AIArtSuite::GetArtUserAttr, getAttributes>(suite);
+    enter<&AIArtSuite::GetArtUserAttr>(suite,
+                                       [](Art art, std::int32_t which) { return attributesOf(art.node, which); });
     enter<&AIArtSuite::SetArtUserAttr, setAttributes>(suite);
     enter<&AIArtSuite::GetArtParent>(suite, [](Art art) { return artHandle(art.document, visibleParent(art.node)); });
     enter<&AIArtSuite::GetArtFirstChild>(suite, [](Art art) { return artHandle(art.document, art.node.firstChild()); });
     enter<&AIArtSuite::GetArtSibling, getSibling>(suite);
     enter<&AIArtSuite::GetArtPriorSibling, getPriorSibling>(suite);
+    enter<&AIArtSuite::DuplicateArt, duplicateArt>(suite);
+    enter<&AIArtSuite::ReorderArt, reorderArt>(suite);
+    enter<&AIArtSuite::DisposeArtChildren>(suite, [](Art art) { art.document.removeChildren(art.node); });
+    enter<&AIArtSuite::GetArtUID, getUid>(suite);
     enter<&AIArtSuite::GetArtLastChild>(suite, [](Art art) { return artHandle(art.document, art.node.lastChild()); });
     enter<&AIArtSuite::CountArtChildren>(suite, [](Art art) { return art.node.childCount(); });
     enter<&AIArtSuite::IsArtLayerGroup>(suite, [](Art art) { return art.node.type() == NodeType::Layer; });
@@ -169,6 +238,8 @@ template <> void fill(AIArtSuite& suite) {
 
 template <> void fill(AIMatchingArtSuite& suite) {
     enter<&AIMatchingArtSuite::GetSelectedArt, getSelectedArt>(suite);
+    enter<&AIMatchingArtSuite::GetMatchingArt, getMatching>(suite);
+    enter<&AIMatchingArtSuite::GetMatchingArtWithin, getMatchingWithin>(suite);
     enter<&AIMatchingArtSuite::DeselectAll>(suite, [] { currentDocument().deselectAll(); });
 }
 

@@ -23,6 +23,7 @@ template <> session::Plugins& host() { return session::Session::current().plugin
 template <> session::Pointer& host() { return session::Session::current().pointer; }
 template <> session::Reports& host() { return session::Session::current().reports; }
 template <> session::Screen& host() { return session::Session::current().screen; }
+template <> session::Session& host() { return session::Session::current(); }
 template <> session::Suites& host() { return *session::Session::current().suites; }
 template <> session::Timers& host() { return session::Session::current().timers; }
 template <> session::Toolbox& host() { return session::Session::current().toolbox; }

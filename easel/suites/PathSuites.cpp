@@ -137,11 +137,36 @@ void getLength(PathArt path, AIReal& length, AIReal flatness) {
 
 // Style
 
-AIPathStyle getStyle(PathArt path) {
-    const model::Style& style = path.node.style();
+/// The topmost selected path of the current document; refuses when there is none.
+model::Node& currentPath() {
+    for (model::Node* const node : currentDocument().selection())
+        if (node->type() == model::NodeType::Path) return *node;
+    throw HostError{kRefusedErr};
+}
+
+void setCurrentStyle(const AIPathStyle& in) {
+    const model::Style style = styleFromHost(in);
+    static_cast<void>(currentPath());
+    model::Document& document = currentDocument();
+    for (model::Node* const node : document.selection())
+        if (node->type() == model::NodeType::Path) paintPath({document, *node}, style);
+}
+
+void setAlignment(PathArt path, std::int16_t alignment) {
+    require(alignment >= kAICenterStroke && alignment <= kAIOutsideStroke);
+    model::Style style = path.node.style();
+    style.alignment = static_cast<model::Alignment>(alignment);
+    path.document.setStyle(path.node, style);
+}
+
+} // namespace
+
+AIPathStyle styleToHost(const model::Style& style) {
     const auto color = [](const model::Color& c) { return AIColor{c.red, c.green, c.blue}; };
     AIPathStyle result{.fillPaint = style.fill,
                        .strokePaint = style.stroke,
+                       .fillOverprint = style.overprintFill,
+                       .strokeOverprint = style.overprintStroke,
                        .fillColor = color(style.fillColor),
                        .strokeColor = color(style.strokeColor),
                        .strokeWidth = style.strokeWidth,
@@ -153,21 +178,11 @@ AIPathStyle getStyle(PathArt path) {
     return result;
 }
 
-void setStyle(PathArt path, const AIPathStyle& in) {
-    model::Style style = styleFromHost(in);
+void paintPath(const Art& path, model::Style style) {
     style.alignment = path.node.style().alignment;
     style.evenOdd = path.node.style().evenOdd;
     path.document.setStyle(path.node, style);
 }
-
-void setAlignment(PathArt path, std::int16_t alignment) {
-    require(alignment >= kAICenterStroke && alignment <= kAIOutsideStroke);
-    model::Style style = path.node.style();
-    style.alignment = static_cast<model::Alignment>(alignment);
-    path.document.setStyle(path.node, style);
-}
-
-} // namespace
 
 model::Style styleFromHost(const AIPathStyle& in) {
     const auto unit = [](double value) { return value >= 0 && value <= 1; };
@@ -186,7 +201,9 @@ model::Style styleFromHost(const AIPathStyle& in) {
                        .miterLimit = in.miterLimit,
                        .cap = static_cast<model::Cap>(in.cap),
                        .join = static_cast<model::Join>(in.join),
-                       .alignment = {}};
+                       .alignment = {},
+                       .overprintFill = in.fillOverprint != 0,
+                       .overprintStroke = in.strokeOverprint != 0};
     model::Dashes dashes{.count = static_cast<std::uint8_t>(in.dash.length), .offset = in.dash.offset, .lengths = {}};
     for (std::size_t i = 0; i < dashes.count; ++i) {
         require(in.dash.array[i] >= 0 && std::isfinite(in.dash.array[i]));
@@ -216,8 +233,15 @@ template <> void fill(AIPathSuite& suite) {
 }
 
 template <> void fill(AIPathStyleSuite& suite) {
-    enter<&AIPathStyleSuite::GetPathStyle, getStyle>(suite);
-    enter<&AIPathStyleSuite::SetPathStyle, setStyle>(suite);
+    enter<&AIPathStyleSuite::GetPathStyle>(suite, [](PathArt path) { return styleToHost(path.node.style()); });
+    enter<&AIPathStyleSuite::SetPathStyle>(
+        suite, [](PathArt path, const AIPathStyle& style) { paintPath(path, styleFromHost(style)); });
+    enter<&AIPathStyleSuite::GetInitialPathStyle>(suite,
+                                                  [] { return styleToHost(currentDocument().settings.pathStyle); });
+    enter<&AIPathStyleSuite::SetInitialPathStyle>(
+        suite, [](const AIPathStyle& style) { currentDocument().settings.pathStyle = styleFromHost(style); });
+    enter<&AIPathStyleSuite::GetCurrentPathStyle>(suite, [] { return styleToHost(currentPath().style()); });
+    enter<&AIPathStyleSuite::SetCurrentPathStyle, setCurrentStyle>(suite);
     enter<&AIPathStyleSuite::SetStrokeAlignment, setAlignment>(suite);
 }
 

@@ -26,5 +26,16 @@ struct Place {
 
 /// Throws kBadParameterErr for a value out of its range.
 [[nodiscard]] model::Style styleFromHost(const AIPathStyle& style);
+[[nodiscard]] AIPathStyle styleToHost(const model::Style& style);
+/// Where its stroke lies stays.
+void paintPath(const Art& path, model::Style style);
+
+// Text
+
+/// Whether the bytes are UTF-8 of characters that a drawing can say: no control characters, no U+FFFE, no U+FFFF.
+[[nodiscard]] bool isPlainText(std::string_view text);
+[[nodiscard]] model::Justification justificationFromHost(std::int16_t justification); ///< throws kBadParameterErr
+[[nodiscard]] std::int16_t justificationToHost(model::Justification justification);
+[[nodiscard]] bool isText(const model::Node& node);
 
 } // namespace easel::suites

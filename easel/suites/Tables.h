@@ -8,11 +8,17 @@
 
 #include "hostapi/AIAnnotatorDrawerSuite.h"
 #include "hostapi/AIAnnotatorSuite.h"
+#include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AIArtboardSuite.h"
+#include "hostapi/AIBlendStyleSuite.h"
 #include "hostapi/AICursorSnapSuite.h"
+#include "hostapi/AIDictionarySuite.h"
+#include "hostapi/AIDocumentListSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIHitTestSuite.h"
+#include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
@@ -74,7 +80,9 @@ class Tables final : public session::Suites {
                Published<AIPathSuite>, Published<AIPathStyleSuite>, Published<AITextFrameSuite>,
                Published<AILayerSuite>, Published<AIDocumentSuite>, Published<AIDocumentViewSuite>,
                Published<AIMatchingArtSuite>, Published<AIMdMemorySuite>, Published<AIHitTestSuite>,
-               Published<AITransformArtSuite>, Published<AIPreferenceSuite>, Published<AICursorSnapSuite>,
+               Published<AITransformArtSuite>, Published<AIPreferenceSuite>, Published<AIBlendStyleSuite>,
+               Published<AIArtStyleSuite>, Published<AIIsolationModeSuite>, Published<AIDocumentListSuite>,
+               Published<AIArtboardSuite>, Published<AIDictionarySuite>, Published<AICursorSnapSuite>,
                Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<AIRuntimeSuite>, Published<AIURLSuite>,
                Published<StageSuite>>
         all_;

@@ -10,9 +10,6 @@
 
 namespace easel::suites {
 
-namespace {
-
-/// Whether the bytes are UTF-8 of characters that a drawing can say: no control characters, no U+FFFE, no U+FFFF.
 bool isPlainText(std::string_view text) {
     const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; };
     return utf8::is_valid(text) && std::none_of(text.begin(), text.end(), isControl) &&
@@ -28,6 +25,15 @@ model::Justification justificationFromHost(std::int16_t justification) {
     }
 }
 
+std::int16_t justificationToHost(model::Justification justification) {
+    static constexpr std::int16_t kAll[] = {kAILeftJustification, kAICenterJustification, kAIRightJustification};
+    return kAll[static_cast<std::size_t>(justification)];
+}
+
+bool isText(const model::Node& node) { return node.type() == model::NodeType::Opaque && node.content().text; }
+
+namespace {
+
 AIArtHandle newPointText(std::int16_t paintOrder, std::optional<Art> prep, const AIPointText& in) {
     require(in.contents && in.font && *in.contents && isPlainText(in.contents) && isPlainText(in.font));
     require(in.size > 0 && std::isfinite(in.size) && std::isfinite(in.anchor.h) && std::isfinite(in.anchor.v));
@@ -39,6 +45,7 @@ AIArtHandle newPointText(std::int16_t paintOrder, std::optional<Art> prep, const
                          .paint = styleFromHost(in.paint)};
     const Place place = placeFor(paintOrder, prep);
     require(place.parent().mayHold(model::NodeType::Opaque));
+    if (text.font.empty()) text.font = place.document.settings.text.font;
     model::Node& node = place.document.create(model::NodeType::Opaque, place.placement, place.anchor);
     place.document.setText(node, std::move(text));
     return artHandle(place.document, &node);

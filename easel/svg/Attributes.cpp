@@ -34,6 +34,11 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{kInsensitive, Name::Insensitive},
                             Known{kNodeTypes, Name::NodeTypes},
                             Known{kEnds, Name::Ends},
+                            Known{kKnockout, Name::Knockout},
+                            Known{kCenterPoint, Name::CenterPoint},
+                            Known{kOverprint, Name::Overprint},
+                            Known{kData, Name::Data},
+                            Known{kArtboards, Name::Artboards},
                             Known{"style", Name::Style},
                             Known{"class", Name::Class},
                             Known{"viewBox", Name::ViewBox},
@@ -61,7 +66,9 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{"clip-path", Name::ClipPath},
                             Known{"clip-rule", Name::ClipRule},
                             Known{"font-size", Name::FontSize},
-                            Known{"font", Name::Font}};
+                            Known{"font", Name::Font},
+                            Known{"opacity", Name::Opacity},
+                            Known{"mix-blend-mode", Name::MixBlendMode}};
 
 constexpr std::size_t kSlots = 512;
 
@@ -88,9 +95,10 @@ Name nameOf(std::string_view text) {
     return kTable[slot].name;
 }
 
-/// A shorthand cannot be an attribute.
+/// Shorthands and what came with style sheets cannot be attributes.
 bool isPresentation(Name name) {
-    return name > Name::Transform && name != Name::Unknown && name != Name::Marker && name != Name::Font;
+    return name > Name::Transform && name != Name::Unknown && name != Name::Marker && name != Name::Font &&
+           name != Name::MixBlendMode;
 }
 
 } // namespace

@@ -40,6 +40,11 @@ enum class Name : std::uint8_t {
     Insensitive,
     NodeTypes,
     Ends,
+    Knockout,
+    CenterPoint,
+    Overprint,
+    Data,
+    Artboards,
     Style,
     Class,
     ViewBox,
@@ -69,6 +74,8 @@ enum class Name : std::uint8_t {
     ClipRule,
     FontSize,
     Font,
+    Opacity,
+    MixBlendMode,
     Unknown
 };
 

@@ -7,6 +7,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "svg/Extras.h"
 #include "svg/Limits.h"
 #include "svg/Markup.h"
 #include "svg/Names.h"
@@ -362,6 +363,10 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
     source_->containers.push_back({.style = initialStyle(), .units = Units(width, height), .inherited = {}});
     openContainer(attributes, nullptr);
     Document::setOrigin(document_->root(), 1);
+    if (attributes.has(Name::Data))
+        document_->setExtras(document_->root(), {.dictionary = readExtras(attributes).dictionary});
+    if (auto artboards = readArtboards(attributes); !artboards.empty()) document_->setArtboards(std::move(artboards));
+    document_->settings.units = rulerUnits(attributes.get(Name::Width));
 }
 
 void Builder::startGroup(const Attributes& attributes) {
@@ -413,7 +418,8 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
         latest().wrapped = reason == Reason::Transform;
         return;
     }
-    const Style own = styleOf(attributes, container().style, measured);
+    Style own = styleOf(attributes, container().style, measured);
+    readOverprint(own, attributes);
     Node& path = addOutlined(attributes, std::move(subpaths), scaled(own, std::sqrt(std::fabs(toPage_.det()))));
     keep(&path);
     if (path.type() == NodeType::Compound) {
@@ -534,6 +540,7 @@ Node& Builder::newImplicitLayer() {
 void Builder::setFlags(Node& node, const Attributes& attributes) {
     document_->setHidden(node, attributes.property(Name::Display) == "none");
     document_->setLocked(node, attributes.find(Name::Insensitive) == "true");
+    document_->setExtras(node, readExtras(attributes));
 }
 
 /// Notes where the latest element stands.

@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "svg/Extras.h"
 #include "svg/FileError.h"
 #include "svg/Limits.h"
 #include "svg/Names.h"
@@ -101,6 +102,53 @@ Geom::Affine placedOf(const Node& node) {
     return {placed.a, placed.b, placed.c, placed.d, placed.e, placed.f};
 }
 
+/// Behind a comment, a section of data, an instruction or an end tag, which the text begins with, if with any.
+std::size_t behindMarkup(std::string_view text) {
+    static constexpr std::pair<std::string_view, std::string_view> kKinds[] = {
+        {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}, {"<", ">"}};
+    for (const auto& [begin, end] : kKinds)
+        if (text.substr(0, begin.size()) == begin)
+            return std::min(text.find(end), text.size() - end.size()) + end.size();
+    return text.size();
+}
+
+/// Behind the start tag that the text begins with; values may contain brackets.
+std::size_t behindTag(std::string_view text) {
+    char quote = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (quote == 0 && c == '>') return at + 1;
+        if (quote == 0 && (c == '"' || c == '\''))
+            quote = c;
+        else if (c == quote)
+            quote = 0;
+    }
+    return text.size();
+}
+
+/// A copy of markup without what only one element of a drawing can have.
+std::string withoutIds(std::string_view markup) {
+    std::string text;
+    while (!markup.empty()) {
+        const std::size_t open = std::min(markup.find('<'), markup.size());
+        text += markup.substr(0, open);
+        markup.remove_prefix(open);
+        const bool isElement = markup.size() > 1 && markup[1] != '!' && markup[1] != '?' && markup[1] != '/';
+        if (!isElement) { // up to its end; what stands in comments is text
+            const std::size_t end = behindMarkup(markup);
+            text += markup.substr(0, end);
+            markup.remove_prefix(end);
+            continue;
+        }
+        const std::size_t end = behindTag(markup);
+        Tag tag(markup.substr(0, end));
+        for (const std::string_view name : {"id", "xml:id"}) tag.remove(name);
+        text += tag.text();
+        markup.remove_prefix(end);
+    }
+    return text;
+}
+
 } // namespace
 
 // New elements
@@ -146,17 +194,54 @@ std::string ElementText::newText(const Node& node, const Place& place) {
     tag.set("text-anchor", kAnchors[static_cast<int>(text.justification)]);
     tag.set("xml:space", "preserve");
     setPaint(tag, node, text.paint, source_.containers[place.container]);
+    if (!overprintText(text.paint).empty()) setOverprint(tag, text.paint);
+    setExtras(tag, node.extras(), {});
     return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
 }
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
     Tag tag = newTag(node, place, isGroup(node) ? "g" : "path");
-    if (!node.isOutlined()) return tag.text();
+    if (!node.isOutlined()) {
+        setExtras(tag, node.extras(), {});
+        return tag.text();
+    }
     requireUsable(node.style());
     const Geom::Affine toPage = toPageIn(place);
     setOutline(tag, node, toPage);
     setPaint(tag, node, inUnits(node.style(), scaleOf(toPage)), source_.containers[place.container]);
+    if (!overprintText(node.style()).empty()) setOverprint(tag, node.style());
+    setExtras(tag, node.extras(), {});
     return tag.text();
+}
+
+const model::Content& ElementText::wasOf(const Node& node) const {
+    static const model::Content kNothing;
+    if (node.copied()) return node.copied()->was;
+    return node.type() == NodeType::Root && node.origin() == 0 ? kNothing : document_.original(node);
+}
+
+// Duplicates of what was read
+
+std::string ElementText::copiedTag(const Node& node, const Element& element, const Place& place) {
+    const std::string copied = withoutIds(source_.startTag(element));
+    Tag tag = tagOf(copied);
+    change(tag, node, element, place);
+    std::string text = tag.text();
+    text.resize(text.find_last_not_of(" \t\r\n/>") + 1);
+    return text;
+}
+
+std::string ElementText::copiedElement(const Node& node, const Element& element, const Place& place) {
+    if (element.wrapped) {
+        const std::string inside(std::string_view(source_.text).substr(element.begin, element.end - element.begin));
+        return wrapper(node, element, place) + '>' + withoutIds(inside) + "</" + place.prefix + "g>";
+    }
+    std::string text = copiedTag(node, element, place);
+    if (element.tagEnd == element.end) return text + "/>";
+    const std::string name(Tag(text).name());
+    const std::size_t endTag = source_.text.rfind('<', element.end - 1);
+    const std::string_view inside = std::string_view(source_.text).substr(element.tagEnd, endTag - element.tagEnd);
+    return text + '>' + withoutIds(inside) + "</" + name + '>';
 }
 
 /// Whatever could make the art look otherwise is ruled out: what it would inherit, and what a style sheet may say of
@@ -190,14 +275,14 @@ void ElementText::setPaint(Tag& tag, const Node& node, const Style& style, const
 // Changed elements
 
 bool ElementText::isChanged(const Node& node, const Element& element, const Place& place) const {
-    const model::Content& was = document_.original(node);
+    const model::Content& was = wasOf(node);
     const model::Content& is = node.content();
     if (element.container != place.container) return true;
     const bool isCompound = node.type() == NodeType::Compound;
     if (place.moved == Point{}) return is != was || (isCompound && node.outlines() != original(node));
     requireInReach(node); // it may go along without being written
-    const bool sameOtherwise =
-        is.style == was.style && is.name == was.name && is.locked == was.locked && is.hidden == was.hidden;
+    const bool sameOtherwise = is.style == was.style && is.name == was.name && is.locked == was.locked &&
+                               is.hidden == was.hidden && is.extras == was.extras;
     return !sameOtherwise || !goesAlong(node, place);
 }
 
@@ -211,10 +296,11 @@ std::string ElementText::startTag(const Node& node, const Element& element, cons
 
 void ElementText::change(Tag& tag, const Node& node, const Element& element, const Place& place) {
     const model::Content& is = node.content();
-    const model::Content& was = document_.original(node);
+    const model::Content& was = wasOf(node);
     if (is.name != was.name) setName(tag, node);
     if (is.hidden != was.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
     if (is.locked != was.locked) setLocked(tag, node.locked());
+    if (is.extras != was.extras) setExtras(tag, node.extras(), was.extras ? *was.extras : model::Extras());
     const bool staysInside = element.container == place.container;
     const std::optional<Point> move = moveOf(node);
     const bool outlineTells = staysInside && node.isOutlined() && !needsTransform(element);
@@ -225,6 +311,7 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
         const double scale = scaleOf(source_.transforms[element.toPage]);
         const Style before = inUnits(*was.style, scale);
         for (const auto& [name, value] : properties(inUnits(*is.style, scale), &before)) setProperty(tag, name, value);
+        if (overprintText(*is.style) != overprintText(*was.style)) setOverprint(tag, *is.style);
     }
     const bool moves = staysInside ? (move || isTurned(node)) && !goesAlong(node, place) : true;
     if (!outlineTells && moves) prefixTransform(tag, element, displacement(node, element, place));
@@ -256,8 +343,9 @@ std::optional<Point> ElementText::moveOf(const Node& node) const {
 
 /// The outlines that were read.
 model::OutlineList ElementText::original(const Node& node) const {
-    if (node.type() == NodeType::Path) return {document_.original(node).path};
-    return source_.compounds[source_.elements[node.origin() - 1].inner];
+    if (node.type() == NodeType::Path) return {wasOf(node).path};
+    const std::uint32_t origin = node.copied() ? node.copied()->origin : node.origin();
+    return source_.compounds[source_.elements[origin - 1].inner];
 }
 
 /// Whether the node has been moved as far as what it is in, and not changed in another way.
@@ -328,15 +416,41 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
     Tag tag('<' + place.prefix + 'g');
     const Geom::Affine displaced = displacement(node, element, place);
     if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
-    const model::Content& was = document_.original(node);
+    const model::Content& was = wasOf(node);
     if (node.hidden() && !was.hidden) tag.set("style", "display:none");
     if (node.locked() && !was.locked) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
+    }
+    if (node.content().extras != was.extras) {
+        // The element keeps its own opacity, so that the group only makes up the difference.
+        model::Extras extras = node.extras();
+        const double own = was.extras ? was.extras->opacity : 1;
+        extras.opacity = own > 0 ? std::min(extras.opacity / own, 1.0) : 1;
+        setExtras(tag, extras, {});
     }
     return tag.text();
 }
 
 // Attributes
+
+void ElementText::setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const {
+    if (is.opacity != was.opacity) setProperty(tag, "opacity", opacityText(is.opacity));
+    if (is.blendMode != was.blendMode) setProperty(tag, "mix-blend-mode", std::string(blendModeText(is.blendMode)));
+    if (is.knockout != was.knockout) setOwn(tag, "knockout", knockoutText(is.knockout));
+    if (is.centerPoint != was.centerPoint) setOwn(tag, "center-point", is.centerPoint ? "visible" : "");
+    if (is.artboards != was.artboards) setOwn(tag, "artboards", artboardsText(is.artboards));
+    if (is.dictionary != was.dictionary) setOwn(tag, "data", dataText(is.dictionary));
+}
+
+void ElementText::setOverprint(Tag& tag, const Style& style) const { setOwn(tag, "overprint", overprintText(style)); }
+
+void ElementText::setOwn(Tag& tag, std::string_view local, std::string_view value) const {
+    const std::string old = tag.find(source_.easelPrefixes, local);
+    if (!value.empty())
+        setForeign(tag, source_.easelPrefixes, "easel", kEaselNamespace, local, value);
+    else if (!old.empty())
+        tag.remove(old);
+}
 
 /// A declaration wins over an attribute, and a style sheet lies between the two.
 void ElementText::setProperty(Tag& tag, std::string_view name, const std::string& value) const {
@@ -346,7 +460,7 @@ void ElementText::setProperty(Tag& tag, std::string_view name, const std::string
         std::string changed(*style);
         changed.replace(declared->first, declared->second - declared->first, value);
         tag.set("style", std::move(changed));
-    } else if (style || source_.hasStyleSheet || name == "display") {
+    } else if (style || source_.hasStyleSheet || name == "display" || name == "mix-blend-mode") {
         std::string changed(style.value_or(""));
         const std::size_t end = changed.find_last_not_of(kSpace);
         if (end != std::string::npos && changed[end] != ';') changed += ';';
@@ -405,7 +519,7 @@ void ElementText::setOutline(Tag& tag, const Node& node, const Geom::Affine& toP
     }
 }
 
-/// Whether nothing in the file is called so. What only looks like an id, in a comment, counts as well.
+/// Whether nothing in the file is called so. What only extras like an id, in a comment, counts as well.
 bool ElementText::takeId(const std::string& name) {
     if (!ids_) {
         ids_.emplace();

@@ -34,6 +34,10 @@ class ElementText {
     /// The whole element of a text that was made here.
     [[nodiscard]] std::string newText(const model::Node& node, const Place& place);
 
+    /// The whole element of a duplicate that holds nothing, and the start tag, without its end, of one that does.
+    [[nodiscard]] std::string copiedElement(const model::Node& node, const Element& element, const Place& place);
+    [[nodiscard]] std::string copiedTag(const model::Node& node, const Element& element, const Place& place);
+
     [[nodiscard]] bool isChanged(const model::Node& node, const Element& element, const Place& place) const;
     /// The start tag of an element that was read.
     [[nodiscard]] std::string startTag(const model::Node& node, const Element& element, const Place& place);
@@ -41,6 +45,9 @@ class ElementText {
     [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place) const;
 
   private:
+    /// What it was like when it was read, or when what it copies was.
+    [[nodiscard]] const model::Content& wasOf(const model::Node& node) const;
+
     // What moves how
     [[nodiscard]] model::OutlineList original(const model::Node& node) const;
     [[nodiscard]] std::optional<model::Point> moveOf(const model::Node& node) const;
@@ -57,6 +64,9 @@ class ElementText {
     void setPaint(Tag& tag, const model::Node& node, const model::Style& style, const Container& container) const;
     void bringInherited(Tag& tag, const Container& from, const Container& to) const;
     void setLocked(Tag& tag, bool locked) const;
+    void setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const;
+    void setOverprint(Tag& tag, const model::Style& style) const;
+    void setOwn(Tag& tag, std::string_view local, std::string_view value) const; ///< an attribute of Easel's own
     void setProperty(Tag& tag, std::string_view name, const std::string& value) const;
     void setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
                     std::string_view uri, std::string_view local, std::string_view value) const;

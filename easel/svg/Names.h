@@ -17,6 +17,11 @@ constexpr std::string_view kLabel = "http://www.inkscape.org/namespaces/inkscape
 constexpr std::string_view kInsensitive = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd|insensitive";
 constexpr std::string_view kNodeTypes = "http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd|nodetypes";
 constexpr std::string_view kEnds = "urn:easel:drawing|ends";
+constexpr std::string_view kKnockout = "urn:easel:drawing|knockout";
+constexpr std::string_view kCenterPoint = "urn:easel:drawing|center-point";
+constexpr std::string_view kOverprint = "urn:easel:drawing|overprint";
+constexpr std::string_view kArtboards = "urn:easel:drawing|artboards";
+constexpr std::string_view kData = "urn:easel:drawing|data";
 
 constexpr std::string_view kLayerTitle = "Layer "; ///< of art that is in no layer; a number follows
 

@@ -100,7 +100,7 @@ class Splicer {
             if (node->origin() != 0 && !node->isSubpath()) fates_[node->origin() - 1] = Fate::Kept;
         const Element& root = source_.elements.front();
         out_.copy(0, root.begin, false);
-        openElement(document_.root(), root, std::string(source_.startTag(root)), Place{}, 1, false);
+        openElement(document_.root(), root, elements_.startTag(document_.root(), root, Place{}), Place{}, 1, false);
         while (!open_.empty()) {
             if (open_.back().next == open_.back().items.size())
                 close();
@@ -141,9 +141,13 @@ class Splicer {
         if (!item.inPlace) requireRoom(item);
         if (!item.element && item.node->content().text) {
             out_.add(elements_.newText(*item.node, parent.place));
+        } else if (item.node->copied() && !isGroup(*item.node)) {
+            out_.add(elements_.copiedElement(*item.node, copiedOf(*item.node), parent.place));
         } else if (!item.element) {
-            out_.add(elements_.newTag(*item.node, parent.place));
-            if (isGroup(*item.node) && item.node->firstChild()) return openNew(*item.node, std::move(behind));
+            const Node& node = *item.node;
+            out_.add(node.copied() ? elements_.copiedTag(node, copiedOf(node), parent.place)
+                                   : elements_.newTag(node, parent.place));
+            if (isGroup(node) && node.firstChild()) return openNew(node, std::move(behind));
             out_.add("/>");
         } else if (isGroup(*item.node)) {
             const Place inside{item.element->inner, parent.place.prefix, item.node->moved()};
@@ -196,6 +200,11 @@ class Splicer {
         const std::string& own = parent.layout.childBreak;
         level.layout = {own, own.empty() ? "" : own + "  ", own};
         level.closing = "</" + level.place.prefix + "g>";
+        if (node.copied()) {
+            const Element& element = copiedOf(node);
+            level.place = {element.inner, level.place.prefix, node.moved()};
+            level.closing = "</" + std::string(source_.tagName(element)) + '>';
+        }
         level.behind = std::move(behind);
         level.atEnd = true;
         collect(node, level);
@@ -315,6 +324,10 @@ class Splicer {
     }
 
     // What is in an element
+
+    [[nodiscard]] const Element& copiedOf(const Node& node) const {
+        return source_.elements[node.copied()->origin - 1];
+    }
 
     [[nodiscard]] const Element* elementOf(const Node& node) const {
         return node.origin() == 0 ? nullptr : &source_.elements[node.origin() - 1];

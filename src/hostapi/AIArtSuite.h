@@ -71,6 +71,13 @@ typedef struct AIArtSuite {
     AIErr (*GetArtFirstChild)(AIArtHandle art, AIArtHandle* child);
     AIErr (*GetArtSibling)(AIArtHandle art, AIArtHandle* sibling);
     AIErr (*GetArtPriorSibling)(AIArtHandle art, AIArtHandle* sibling);
+    /* Copies an object with all it holds; the copy is not selected. Puts an object elsewhere. kRefusedErr: the group of
+     * a layer, or a place in the object itself. */
+    AIErr (*DuplicateArt)(AIArtHandle art, int16_t paintOrder, AIArtHandle prep, AIArtHandle* copy);
+    AIErr (*ReorderArt)(AIArtHandle art, int16_t paintOrder, AIArtHandle prep);
+    AIErr (*DisposeArtChildren)(AIArtHandle art);
+    /* A text that no other object has had, and that undo brings back with the object. */
+    AIErr (*GetArtUID)(AIArtHandle art, const char** uid);
     AIErr (*GetArtLastChild)(AIArtHandle art, AIArtHandle* child);
     AIErr (*CountArtChildren)(AIArtHandle art, int32_t* count);
     /* Whether it is the group that holds all art of a layer. */

@@ -13,6 +13,10 @@ typedef struct AIDocumentViewSuite {
     AIErr (*GetNthDocumentView)(int32_t index, AIDocumentViewHandle* view);
     /* The visible part of the document, in points. A null view means the first. */
     AIErr (*GetDocumentViewBounds)(AIDocumentViewHandle view, AIRealRect* bounds);
+    AIErr (*GetDocumentViewCenter)(AIDocumentViewHandle view, AIRealPoint* center);
+    AIErr (*SetDocumentViewCenter)(AIDocumentViewHandle view,
+                                   const AIRealPoint* center);            /* kBadParameterErr: not finite */
+    AIErr (*SetDocumentViewZoom)(AIDocumentViewHandle view, AIReal zoom); /* kBadParameterErr: not positive */
     /* Screen units a document point; 1 is actual size. A null view means the first. */
     AIErr (*GetDocumentViewZoom)(AIDocumentViewHandle view, AIReal* zoom);
 } AIDocumentViewSuite;

@@ -7,10 +7,23 @@
 #define kAIMatchingArtSuite "AI Matching Art Suite"
 #define kAIMatchingArtSuiteVersion 6
 
+/* What art matches: its kind, and that the attributes in `which` are those in `attributes`. */
+typedef struct AIMatchingArtSpec {
+    int16_t type;
+    int32_t which;
+    int32_t attributes;
+} AIMatchingArtSpec;
+
+enum { kAnyArt = -1 }; /* any kind but the groups of layers */
+
 typedef struct AIMatchingArtSuite {
     /* All selected art of the current document, topmost first, as a memory handle that the caller disposes; null when
      * nothing is selected. */
     AIErr (*GetSelectedArt)(AIArtHandle*** list, int32_t* count);
+    /* All art that matches any of the specifications, likewise: of the current document, or of what `within` holds. */
+    AIErr (*GetMatchingArt)(const AIMatchingArtSpec* specs, int32_t specCount, AIArtHandle*** list, int32_t* count);
+    AIErr (*GetMatchingArtWithin)(AIArtHandle within, const AIMatchingArtSpec* specs, int32_t specCount,
+                                  AIArtHandle*** list, int32_t* count);
     AIErr (*DeselectAll)(void);
 } AIMatchingArtSuite;
 

@@ -29,6 +29,8 @@ typedef struct AIDashStyle {
 typedef struct AIPathStyle {
     AIBoolean fillPaint;
     AIBoolean strokePaint;
+    AIBoolean fillOverprint; /* printed over what lies below, not in place of it */
+    AIBoolean strokeOverprint;
     AIColor fillColor;
     AIColor strokeColor;
     AIReal strokeWidth; /* points */
@@ -42,6 +44,13 @@ typedef struct AIPathStyleSuite {
     AIErr (*GetPathStyle)(AIArtHandle path, AIPathStyle* style);
     /* kBadParameterErr: a value out of its range. */
     AIErr (*SetPathStyle)(AIArtHandle path, const AIPathStyle* style);
+    /* Of new paths in the current document. */
+    AIErr (*GetInitialPathStyle)(AIPathStyle* style);
+    AIErr (*SetInitialPathStyle)(const AIPathStyle* style);
+    /* Of the topmost selected path of the current document; setting it paints every selected path. kRefusedErr: none
+     * is selected. */
+    AIErr (*GetCurrentPathStyle)(AIPathStyle* style);
+    AIErr (*SetCurrentPathStyle)(const AIPathStyle* style);
     /* Where the stroke lies; other paints of the path stay as they are, as does this when they are set. */
     AIErr (*SetStrokeAlignment)(AIArtHandle path, int16_t alignment);
 } AIPathStyleSuite;

@@ -30,6 +30,7 @@ typedef struct ArtObject* AIArtHandle;
 typedef struct AILayer* AILayerHandle;
 typedef struct AIDocument* AIDocumentHandle;
 typedef struct AIDocumentView* AIDocumentViewHandle;
+typedef struct AIArtboard* AIArtboardHandle;
 typedef struct AITool* AIToolHandle;
 typedef struct AINotifier* AINotifierHandle;
 typedef struct AIPluginGroup* AIPluginGroupHandle;

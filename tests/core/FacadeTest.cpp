@@ -4,6 +4,7 @@
 #include <cmath>
 #include <tuple>
 
+#include "FacadeRows.h"
 #include "core/app/Illustrator.h"
 #include "core/app/Plugin.h"
 #include "core/document/Art.h"
@@ -25,6 +26,7 @@
 #include "plugin/frame/ThirdPartyPlugin.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/host/RefCountMap.h"
+#include "suites/Arguments.h"
 #include "support/Desk.h"
 #include "support/Drawing.h"
 #include "support/Operations.h"
@@ -33,191 +35,14 @@
 
 namespace {
 
-using namespace kzo::core;
+using namespace facade;
 using desk::Desk;
 using desk::Receiver;
 using easel::model::Node;
-
-/// One handle of each kind: all empty, or all on something for which every operation has a telling answer. The art is
-/// the middle one of three paths in the group: closed, curved, selected, locked, hidden.
-struct Handles : std::tuple<Art, Layer, Tool, HitData, MenuGroup, MenuItem, Timer, Annotator, ThirdPartyPlugin> {
-    Art group;
-    Art top;    ///< all of the lower layer
-    Art around; ///< a group that is selected, locked and hidden,
-    Art within; ///< and a line in it
-    MenuItem divider;
-
-    template <class Class> [[nodiscard]] const Class& on() const { return std::get<Class>(*this); }
-    template <class Class> [[nodiscard]] Class& on() { return std::get<Class>(*this); }
-};
-template <> const PathArt& Handles::on<PathArt>() const { return *on<Art>().path(); }
-template <> PathArt& Handles::on<PathArt>() { return *on<Art>().path(); }
-
-using Queries = std::vector<operations::Query<Handles>>;
-using Commands = std::vector<operations::Command<Handles>>;
-using operations::asks, operations::changes, operations::changesWith, operations::knows, operations::nothing;
-
-/// A query that takes arguments.
-template <class Ask> void asksWith(Queries& rows, const char* name, Ask ask) {
-    rows.push_back({name, [ask](const Handles& h) { return operations::isNeutral<nothing>(ask(h)); },
-                    [ask](const Handles& h) { return operations::shown(ask(h)); }});
-}
-
-// One table a class
-
-Queries queriesOfArt() {
-    Queries rows;
-    knows<nothing, &Art::aiArtHandle>(rows);
-    asks<nothing, &Art::valid, &Art::artType, &Art::selected, &Art::locked, &Art::hidden, &Art::parent, &Art::sibling,
-         &Art::priorSibling>(rows);
-    asksWith(rows, "Art::attribute",
-             [](const Handles& h) { return h.on<Art>().attribute(ArtAttribute::FullySelected); });
-    asksWith(rows, "Art::firstChild", [](const Handles& h) { return h.group.firstChild() != nullptr; });
-    asks<nothing, &Art::allAttributes, &Art::fullySelected, &Art::layer, &Art::strokeBounds, &Art::noStrokeBounds,
-         &Art::x, &Art::y, &Art::width, &Art::height>(rows);
-    asksWith(rows, "Art::isLayerGroup", [](const Handles& h) { return h.top.isLayerGroup(); });
-    asksWith(rows, "Art::editable", [](const Handles& h) { return h.group.editable(); });
-    asksWith(rows, "Art::anyAncestorSelected", [](const Handles& h) { return h.within.anyAncestorSelected(); });
-    asksWith(rows, "Art::anyAncestorLocked", [](const Handles& h) { return h.within.anyAncestorLocked(); });
-    asksWith(rows, "Art::anyAncestorHidden", [](const Handles& h) { return h.within.anyAncestorHidden(); });
-    asksWith(rows, "Art::lastChild", [](const Handles& h) { return h.group.lastChild() != nullptr; });
-    asksWith(rows, "Art::childCount", [](const Handles& h) { return h.group.childCount(); });
-    asksWith(rows, "Art::bounds", [](const Handles& h) { return h.group.bounds(Art::BoundsOptions::Controls); });
-    asksWith(rows, "Art::transformBounds", [](const Handles& h) {
-        return h.group.transformBounds({0, 1, -1, 0, 9, 9}, Art::BoundsOptions::None);
-    });
-    asksWith(rows, "Art::begin", [](const Handles& h) { return !h.group.begin().atEnd(); });
-    return rows;
-}
-
-Queries queriesOfPathArt() {
-    Queries rows;
-    asks<nothing, &PathArt::segPointCount, &PathArt::segCount, &PathArt::closed, &PathArt::length>(rows);
-    asksWith(rows, "PathArt::segPoints", [](const Handles& h) { return h.on<PathArt>().segPoints(0, 4); });
-    asksWith(rows, "PathArt::segPointClosestToPoint",
-             [](const Handles& h) { return h.on<PathArt>().segPointClosestToPoint(ArtboardPoint(100, 60)); });
-    asksWith(rows, "PathArt::bezier", [](const Handles& h) { return h.on<PathArt>().bezier(0) != nullptr; });
-    return rows;
-}
-
-Queries queriesOfLayer() {
-    Queries rows;
-    knows<nothing, &Layer::aiLayerHandle>(rows);
-    asks<nothing, &Layer::title, &Layer::visible, &Layer::editable, &Layer::hasSelectedArt, &Layer::next,
-         &Layer::group>(rows);
-    return rows;
-}
-
-Queries queriesOfTool() {
-    Queries rows;
-    asks<nothing, &Tool::title, &Tool::tip, &Tool::options, &Tool::selected, &Tool::shiftKeyDown>(rows);
-    asks<-2, &Tool::number>(rows);
-    knows<nothing, &Tool::aiToolHandle, &Tool::lightIconID, &Tool::darkIconID, &Tool::mouseDownCallback>(rows);
-    asksWith(rows, "Tool::cursorHitData", [](const Handles& h) {
-        const auto hit = h.on<Tool>().cursorHitData(HitRequest::Everything, 2);
-        return hit && hit->hit();
-    });
-    return rows;
-}
-
-Queries queriesOfHitData() {
-    Queries rows;
-    knows<nothing, &HitData::hit, &HitData::hitType, &HitData::art, &HitData::inGroup>(rows);
-    knows<-1, &HitData::segPointIndex>(rows);
-    return rows;
-}
-
-Queries queriesOfMenus() {
-    Queries rows;
-    knows<nothing, &MenuGroup::aiMenuGroup>(rows);
-    asks<nothing, &MenuGroup::aiMenuItemHandle, &MenuGroup::text, &MenuGroup::enabled, &MenuGroup::sorted,
-         &MenuGroup::isPartial, &MenuGroup::parent, &MenuGroup::children>(rows);
-    knows<nothing, &MenuItem::aiMenuItemHandle, &MenuItem::callback>(rows);
-    asks<nothing, &MenuItem::text, &MenuItem::enabled, &MenuItem::checked, &MenuItem::parent>(rows);
-    asksWith(rows, "MenuItem::isDivider", [](const Handles& h) { return h.divider.isDivider(); });
-    return rows;
-}
-
-Queries queriesOfTheRest() {
-    Queries rows;
-    knows<nothing, &Timer::aiTimerHandle, &Timer::callback>(rows);
-    asks<nothing, &Timer::name, &Timer::delay, &Timer::active>(rows);
-    knows<nothing, &Annotator::aiAnnotatorHandle, &Annotator::callback>(rows);
-    asks<nothing, &Annotator::name, &Annotator::options, &Annotator::active>(rows);
-    knows<nothing, &ThirdPartyPlugin::spPluginRef>(rows);
-    asks<nothing, &ThirdPartyPlugin::name, &ThirdPartyPlugin::fileName, &ThirdPartyPlugin::filePath,
-         &ThirdPartyPlugin::options, &ThirdPartyPlugin::started>(rows);
-    asks<true, &ThirdPartyPlugin::broken>(rows);
-    return rows;
-}
-
-Queries allQueries() {
-    Queries all;
-    for (const auto& table : {queriesOfArt(), queriesOfPathArt(), queriesOfLayer(), queriesOfTool(), queriesOfHitData(),
-                              queriesOfMenus(), queriesOfTheRest()})
-        all.insert(all.end(), table.begin(), table.end());
-    return all;
-}
-
-/// What they set differs from what the handles are on.
-Commands allCommands() {
-    const PathArt::SegPoints points = {ArtboardSegPoint({1, 2}, true), ArtboardSegPoint({3, 4}, true)};
-    PathStyle wide;
-    wide.stroke.width = 7;
-    Commands rows;
-    changes<&Art::deselect>(rows);
-    changes<&Art::select>(rows);
-    changes<&Art::setAttribute>(rows, ArtAttribute::Hidden, false);
-    changes<&Art::setAllAttributes>(rows, ArtAttribute::Locked);
-    changes<&Art::setSelected>(rows, false);
-    changes<&Art::setLocked>(rows, false);
-    changes<&Art::setHidden>(rows, false);
-    changes<&Art::setEditable>(rows, true);
-    changes<&Art::offset>(rows, 3.0, 4.0, true);
-    changes<&Art::transform>(rows, TransformMatrix(2, 0, 0.5, 1, 0, 0), true);
-    changes<&Art::transformWithOptions>(rows, TransformMatrix(2, 0, 0, 2, 0, 0), 2.0,
-                                        Art::TransformOptions::Objects | Art::TransformOptions::ScaleLines);
-    changes<&Art::transformStrokes>(rows, 3.0);
-    using Pin = BoundsPinPointType;
-    const auto quarter = Angle(90, Angle::Units::Degrees);
-    changesWith(rows, "Art::move", [](Handles& h) { h.on<Art>().move({1, 1}); });
-    changesWith(rows, "Art::move", [](Handles& h) { h.on<Art>().move(Pin::BottomRight, {1, 1}); });
-    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter); });
-    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter, {1, 1}); });
-    changesWith(rows, "Art::rotate", [=](Handles& h) { h.on<Art>().rotate(quarter, Pin::TopRight); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, ArtboardPoint(1, 1)); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, Pin::MidLeft); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, {1, 1}); });
-    changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, Pin::TopCenter); });
-    changes<&PathArt::reverseSegs>(rows);
-    changes<&PathArt::setSegPoints>(rows, std::int16_t{1}, points);
-    changes<&PathArt::setSegs>(rows, std::int16_t{0}, points);
-    changes<&PathArt::setSegCount>(rows, std::int16_t{5});
-    changes<&PathArt::setSegPointCount>(rows, std::int16_t{2});
-    changes<&PathArt::setClosed>(rows, false);
-    changes<&PathArt::setStyle>(rows, wide);
-    changes<&Layer::deselectArt>(rows);
-    changes<&Tool::setTitle>(rows, "Other");
-    changes<&Tool::setTip>(rows, "Other");
-    changes<&Tool::setLightIconID>(rows, std::int16_t{9});
-    changes<&Tool::setDarkIconID>(rows, std::int16_t{9});
-    changes<&Tool::setOptions>(rows, ToolOptions::TrackCursor);
-    changes<&MenuGroup::setText>(rows, "Other");
-    changes<&MenuGroup::setEnabled>(rows, false);
-    changes<&MenuGroup::setSorted>(rows, false);
-    changes<&MenuItem::setText>(rows, "Other");
-    changes<&MenuItem::setChecked>(rows, false);
-    changes<&MenuItem::setEnabled>(rows, false);
-    changes<&Timer::setDelay>(rows, 2.0);
-    changes<&Timer::setActive>(rows, false);
-    changes<&Annotator::setOptions>(rows, Annotator::Options::First);
-    changes<&Annotator::setActive>(rows, false);
-    return rows;
-}
+using easel::model::Style;
 
 const Queries rows = allQueries();
+const Queries ofDocument = documentQueries();
 
 class Facade : public testing::Test {
   protected:
@@ -245,6 +70,10 @@ class Facade : public testing::Test {
             live.group = *lower->firstChild();
             live.on<Art>() = *live.group.firstChild()->sibling();
             live.top = *lower;
+            live.lower = *document->layerAtIndex(1);
+            live.on<Artboard>() = *document->artboardAtIndex(0);
+            live.on<View>() = *document->currentView();
+            live.words = *draw::text("words", {600, 500}, "", 12, ParagraphJustification::Left, {}, lower.get());
             live.around = Art(ArtType::Group, PaintOrder::InsideOnBottom, lower.get());
             live.within = *draw::line({500, 500}, {510, 510}, &live.around);
             live.around.select();
@@ -262,11 +91,40 @@ class Facade : public testing::Test {
             Node& marked = *desk.document().find(pathNode.id());
             desk.document().setLocked(marked, true);
             desk.document().setHidden(marked, true);
+            style(live);
             // The upper layer holds a copy of nothing but a selected line and the hit's target stays below.
             const auto line = draw::line({0, 0}, {10, 10}, live.on<Layer>().group().get());
             line->select();
             work(live);
         });
+    }
+
+    /// Gives the art all that can be asked of it.
+    void style(Handles& live) {
+        Art& art = live.on<Art>();
+        ArtStyle look;
+        look.opacity = 0.5;
+        look.blendMode = BlendMode::Multiply;
+        look.knockout = BlendKnockout::On;
+        look.paint.fill.painted = true;
+        look.paint.stroke.width = 3;
+        art.setStyle(look);
+        art.setCenterPointVisible(true);
+        Dictionary data = art.dictionary();
+        EXPECT_TRUE(data.setBool("flag", true) && data.setInt("number", 5) && data.setFloat("length", 2.5));
+        EXPECT_TRUE(data.setString("text", "words") && Dictionary().setInt("number", 6));
+        live.shut = Layer(PaintOrder::BelowAll);
+        EXPECT_TRUE(live.shut.setLocked(true) && CurrentDocument().setCurrentLayer(live.on<Layer>()));
+        EXPECT_TRUE(live.around.isolate());
+        CurrentDocument document;
+        EXPECT_TRUE(document.setGrid({36, 4, true, false}) &&
+                    document.setDefaultTextStyle({{"Serif", 9}, ParagraphJustification::Left}));
+        PathStyle thick;
+        thick.stroke.width = 2;
+        EXPECT_TRUE(document.setDefaultPathStyle(thick));
+        desk.document().settings.textFocus = desk.document().find(pathNode.id())->id(); // as good as any
+        desk.session().documents.setPath(desk.document(), "/tmp/drawing.svg");
+        document.setModified(true);
     }
 
     Receiver receiver;
@@ -292,11 +150,18 @@ TEST_F(Facade, AnswersNeutrallyWhenEmptyRefusedOrWithoutSuite) {
             EXPECT_EQ(monitor.calls() > 0, row.asksHost) << row.name;
             EXPECT_TRUE(neutral || !row.asksHost) << row.name << " with its call refused";
         }
+        for (const auto& row : ofDocument) {
+            monitor.reset();
+            EXPECT_FALSE(row.neutral(live)) << row.name;
+            monitor.reset(1);
+            EXPECT_TRUE(row.neutral(live)) << row.name << " with its call refused";
+        }
         monitor.reset();
         kzo::plugin::host::releaseAll();
         desk.tables().each([](auto& suite) { suite.available = false; });
         for (const auto& row : rows)
             EXPECT_TRUE(!row.asksHost || row.neutral(live)) << row.name << " without its suite";
+        for (const auto& row : ofDocument) EXPECT_TRUE(row.neutral(live)) << row.name << " without its suite";
         EXPECT_TRUE(newGroup().isEmpty());
         EXPECT_TRUE(MenuItem(BuiltinMenuGroup::Edit, "x", receiver.callback()).isEmpty());
         EXPECT_TRUE(Timer("x", 1, receiver.callback()).isEmpty());
@@ -313,22 +178,28 @@ TEST_F(Facade, AnswersNeutrallyWhenEmptyRefusedOrWithoutSuite) {
 // when it is done, and is taken back with its message where it changed the document.
 TEST_F(Facade, CommandsDoNothingWhenEmptyOrRefusedAndAreUndone) {
     auto& monitor = kzo::plugin::host::monitor();
+    desk.expectReports(); // of what is gone until its command is undone
     Handles live;
     withHandles([&](Handles& made) { live = made; });
     const auto answers = [&] {
         std::string all;
         for (const auto& row : rows) all += row.name + " " + row.shown(live) + "\n";
+        for (const auto& row : ofDocument) all += row.name + " " + row.shown(live) + "\n";
         return all;
     };
     const auto document = [&] { return easel::model::listing(desk.document()); };
-    for (const auto& command : allCommands()) {
+    Commands commands = documentCommands();
+    const std::size_t withoutHandle = commands.size();
+    for (const auto& command : allCommands()) commands.push_back(command);
+    for (const auto& command : commands) {
         SCOPED_TRACE(command.name);
+        const bool needsHandle = &command >= &commands[withoutHandle];
         const auto drawn = document();
         const std::size_t steps = desk.document().journal().undoDepth();
         std::string before;
         std::string after;
         bool refused = true;
-        for (std::uint64_t call = 0; refused; ++call) {
+        for (std::uint64_t call = needsHandle ? 0 : 1; refused; ++call) {
             desk.inMessage([&] {
                 before = answers();
                 Handles empty;
@@ -355,8 +226,11 @@ TEST_F(Facade, IsEmptyAfterShutDownAndAsksTheHostNothing) {
     MenuItem foreign;
     withHandles([&](Handles& live) {
         kept = live;
-        kept.on<Art>() = kept.group = kept.top = kept.around = kept.within = Art(); // these are the document's
-        kept.on<Layer>() = Layer();
+        kept.on<Art>() = kept.group = kept.top = kept.around = kept.within = kept.words =
+            Art(); // these are the document's
+        kept.on<Layer>() = kept.lower = kept.shut = Layer();
+        kept.on<Artboard>() = Artboard();
+        kept.on<View>() = View();
         kept.on<HitData>() = HitData(); // and this keeps what it found
         // A timer that is not registered any more was left running, and its handle called the host after shut-down.
         Plugin::instance()->dispatcher()->unregisterTimer(kept.on<Timer>());
@@ -393,16 +267,68 @@ TEST_F(Facade, WithoutADocumentHasNothingToShow) {
     desk.inMessage([&] {
         EXPECT_EQ(Illustrator::instance()->currentDocument(), nullptr);
         CurrentDocument document;
-        EXPECT_EQ(document.layerCount(), 0);
-        EXPECT_EQ(document.currentLayer(), nullptr);
-        EXPECT_EQ(document.firstLayer(), nullptr);
-        EXPECT_TRUE(document.selectedArt()->empty());
-        EXPECT_FALSE(document.anyArtSelected());
+        Handles none;
+        for (const auto& row : ofDocument) EXPECT_TRUE(row.neutral(none)) << row.name;
+        for (const auto& command : documentCommands()) command.run(none);
         EXPECT_EQ(document.zoom(), 1);
         document.deselectAllArt();
         EXPECT_TRUE(HitData(nullptr, {1, 1}, HitRequest::Everything, 5, true).isEmpty());
         EXPECT_EQ(draw::line({0, 0}, {1, 1}), nullptr);
         EXPECT_TRUE(Art(ArtType::Group, PaintOrder::AboveAll).isEmpty());
+    });
+}
+
+// Order
+
+// Over two overlapping paths the upper one comes first, and nothing is left behind.
+TEST_F(Facade, ListsAllArtUnderAPointAndLeavesTheOrder) {
+    Style filled;
+    filled.fill = true;
+    std::vector<const Node*> stack{&desk.document().addLayer("Above").layer()};
+    for (int i = 0; i < 5; ++i) {
+        Node& square =
+            desk.addPath({{300, 300}, {340, 300}, {340, 340}, {300, 340}}, true, i < 3 ? &groupNode : nullptr);
+        desk.document().setStyle(square, filled);
+        stack.push_back(&square);
+    }
+    const auto before = easel::model::listing(desk.document());
+    const std::size_t steps = desk.document().journal().undoDepth();
+    const auto find = [&] { return CurrentDocument().artAtPoint({320, 320}, HitRequest::Fills); };
+    auto& monitor = kzo::plugin::host::monitor();
+    desk.inMessage([&] {
+        const auto found = find();
+        ASSERT_EQ(found->size(), 5u);
+        for (std::size_t i = 0; i < 5; ++i)
+            EXPECT_EQ((*found)[i].uid(), Art(easel::suites::artHandle(desk.document(), stack[5 - i])).uid());
+        EXPECT_TRUE(CurrentDocument().artAtPoint({700, 20}, HitRequest::Everything)->empty());
+    });
+    EXPECT_EQ(easel::model::listing(desk.document()).text, before.text);
+    for (std::uint64_t call = 1;; ++call) {
+        bool refused = false;
+        desk.inMessage([&] {
+            monitor.reset(call);
+            find();
+            refused = monitor.calls() >= call;
+            monitor.reset();
+        });
+        if (!refused) break;
+        EXPECT_EQ(easel::model::listing(desk.document()).text, before.text) << "call " << call;
+    }
+    EXPECT_EQ(desk.document().journal().undoDepth(), steps);
+}
+
+TEST_F(Facade, PutsNothingIntoItself) {
+    withHandles([&](Handles& live) {
+        EXPECT_FALSE(live.group.reorder(PaintOrder::InsideOnTop, &live.on<Art>()));
+        EXPECT_FALSE(live.group.reorder(PaintOrder::Above, &live.on<Art>()));
+        EXPECT_FALSE(live.around.reorder(PaintOrder::InsideOnTop, &live.around));
+        EXPECT_EQ(live.group.duplicate(PaintOrder::InsideOnTop, &live.group), nullptr);
+        EXPECT_FALSE(live.top.reorder(PaintOrder::AboveAll));
+        EXPECT_FALSE(Layer(*Illustrator::instance()->currentDocument()->layerAtIndex(0)).isEmpty());
+        EXPECT_TRUE(live.on<Layer>().dispose());
+        EXPECT_TRUE(live.on<Layer>().isEmpty());
+        EXPECT_TRUE(live.shut.dispose());
+        EXPECT_FALSE(live.lower.dispose()); // the last one
     });
 }
 

@@ -3,11 +3,17 @@
 
 #include "hostapi/AIAnnotatorDrawerSuite.h"
 #include "hostapi/AIAnnotatorSuite.h"
+#include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AIArtboardSuite.h"
+#include "hostapi/AIBlendStyleSuite.h"
 #include "hostapi/AICursorSnapSuite.h"
+#include "hostapi/AIDictionarySuite.h"
+#include "hostapi/AIDocumentListSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIHitTestSuite.h"
+#include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
@@ -50,6 +56,10 @@ RECORD_SIZE(AIRealMatrix, 48);
 RECORD_SIZE(AIPathSegment, 56);
 RECORD_SIZE(AIHitRecord, 56);
 RECORD_SIZE(AIPathStyle, 144);
+RECORD_SIZE(AIArtStyle, 160);
+RECORD_SIZE(AIMatchingArtSpec, 12);
+RECORD_SIZE(AIGrid, 16);
+RECORD_SIZE(AITextStyle, 24);
 RECORD_SIZE(AIPointText, 192);
 RECORD_SIZE(StageCursor, 48);
 RECORD_SIZE(StageWidget, 88);

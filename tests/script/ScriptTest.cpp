@@ -163,6 +163,33 @@ TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
               "a" + mark + "\xf0\x9f\x9a\x80" + mark + mark + "b" + mark + "\n");
 }
 
+TEST_F(ScriptTest, ArrangesArtLayersAndArtboards) {
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(99, 99);
+        var pair = [doc.addPath([[0, 0], [1, 1]]), doc.addPath([[2, 2], [3, 3]])];
+        doc.group(pair).opacity = 0.5;
+        var group = pair[0].layer && doc.duplicate(doc.group(pair))[0];
+        group.style = {fill: '#ff8000', width: 3};
+        assert(doc.paths[0].style.fill === '#ff8000' && doc.paths[0].style.stroke === '#000000');
+        assert(pair[0].style.fill === null, 'what was copied stays');
+        assert(doc.ungroup(group).length === 2);
+        doc.reorder(doc.paths[0], 'back');
+        doc.reorder(pair[0], 'above', pair[1]);
+        pair[0].hidden = pair[0].locked = true;
+        doc.addArtboard('Side', 10, 20, 30, 40);
+        assert(doc.artboards.length === 2 && doc.artboards[1].x === 10 && doc.artboards[1].height === 40);
+        doc.removeArtboard(0);
+        doc.moveLayer(doc.addLayer('Top'), 1);
+        assert(doc.layers[1].title === 'Top');
+        doc.removeLayer(doc.layers[1]);
+        var depth = doc.undoDepth;
+        assert(depth === 17, depth);
+        while (doc.undo()) depth -= 1;
+        assert(depth === 0 && doc.paths.length === 0 && doc.artboards.length === 1);
+    )js"),
+              "");
+}
+
 TEST_F(ScriptTest, AnObjectWhoseThingIsGoneThrowsUntilUndoBringsItBack) {
     EXPECT_EQ(play(R"js(
         var doc = app.newDocument(9, 9), path = doc.addPath([[1, 2]]), layer = doc.addLayer("L");

@@ -50,6 +50,25 @@ template <auto neutral, class Answer> bool isNeutral(const Answer& answer) {
 template <class Answer> std::string shown(const Answer& answer) {
     if constexpr (std::is_enum_v<Answer>)
         return std::to_string(static_cast<long>(answer));
+    else if constexpr (requires { answer.spacing; })
+        return testing::PrintToString(answer.spacing);
+    else if constexpr (requires { answer.stroke; })
+        return testing::PrintToString(answer.stroke.width);
+    else if constexpr (requires { answer.opacity; })
+        return testing::PrintToString(answer.opacity);
+    else if constexpr (requires { answer.font; })
+        return testing::PrintToString(answer.font.size);
+    else if constexpr (requires { answer.asDegrees(); })
+        return testing::PrintToString(answer.asDegrees());
+    else if constexpr (requires { answer.right; })
+        return testing::PrintToString(std::vector{answer.left, answer.top, answer.right, answer.bottom});
+    else if constexpr (requires { answer.x(); })
+        return testing::PrintToString(std::vector{answer.x(), answer.y()});
+    else if constexpr (requires {
+                           *answer == *answer;
+                           answer->size();
+                       })
+        return testing::PrintToString(answer->size());
     else if constexpr (std::is_arithmetic_v<Answer> || std::is_same_v<Answer, std::string>)
         return testing::PrintToString(answer);
     else

@@ -182,5 +182,83 @@ TEST(Looks, MovedGroupsCanBeEditedFurther) {
     }
 }
 
+// Duplicates are written from what they copy: the picture is the same with the copy in its place.
+TEST(Looks, ADuplicateLooksLikeWhatItCopies) {
+    const char* const contents[] = {
+        "<rect id='p' x='10' y='10' width='50' height='30' fill='url(#u)' opacity='.5'/>",
+        "<g transform='scale(.5)' stroke='blue'><path id='p' d='M9 9h60v60z' stroke-width='6' "
+        "clip-path='url(#c)'/></g>",
+        "<g id='p' transform='rotate(10)' fill='lime'><!-- <a id='x'> --><circle id='q' cx='40' cy='40' r='20'/><text "
+        "x='50' y='40'>t</text></g>",
+        "<path id='p' fill-rule='evenodd' d='M5 5h60v60h-60z m10 10h20v20h-20z' style='mix-blend-mode:multiply'/>",
+        "<g fill='blue'><text id='p' font-size='20' x='10' y='40'>one &gt; <tspan id='t' "
+        "fill='red'>two</tspan></text></g>",
+        "<svg id='p' x='20' y='20' width='40' height='40' viewBox='0 0 10 10'><rect width='5' height='9'/></svg>",
+    };
+    for (const char* const content : contents) {
+        for (const bool toLayer : {false, true}) {
+            const std::string original = drawing(content);
+            const auto document = read(original, "t.svg");
+            Node& node = *document->findByName("p");
+            Node& layer = document->currentLayer();
+            Node& copy = toLayer ? document->duplicate(node, Placement::OnTopInside, layer)
+                                 : document->duplicate(node, Placement::Above, node);
+            document->remove(node);
+            const std::string text = write(*document);
+            expectSamePicture(text, original);
+            EXPECT_EQ(text.find("id='p'"), std::string::npos);
+            EXPECT_EQ(write(*read(text, "t.svg")), text);
+            document->offset(copy, 11, 7);
+            expectSamePicture(write(*document),
+                              drawing("<g transform='translate(11 7)'>" + std::string(content) + "</g>"));
+        }
+    }
+}
+
+TEST(Looks, TurnedArtLooksAsIfItsGroupWasTurned) {
+    const char* const contents[] = {
+        "<path id='p' d='M30 30h40v20z' fill='red' stroke='none'/>",
+        "<image id='p' x='30' y='30' width='20' height='10' href='data:image/svg+xml,&lt;svg "
+        "xmlns=&quot;http://www.w3.org/"
+        "2000/svg&quot; width=&quot;20&quot; height=&quot;10&quot;&gt;&lt;rect width=&quot;9&quot; "
+        "height=&quot;9&quot;/&gt;"
+        "&lt;/svg&gt;'/>",
+        "<g transform='scale(.5)'><text id='p' x='60' y='80' font-size='20'>text</text></g>",
+    };
+    for (const char* const content : contents) {
+        const auto document = read(drawing(content), "t.svg");
+        document->offset(*document->findByName("p"), -40, -40);
+        document->transform(*document->findByName("p"), {0, 1, -2, 0, 40, 40});
+        document->offset(*document->findByName("p"), 20, 0);
+        expectSamePicture(write(*document),
+                          drawing("<g transform='translate(60 40) matrix(0 1 -2 0 0 0) translate(-40 -40)'>" +
+                                  std::string(content) + "</g>"));
+    }
+}
+
+TEST(Looks, WhatPlugInsAddIsReadAgain) {
+    Document document(100, 100);
+    Node& layer = document.currentLayer();
+    Node& path = addLine(document, layer, {0, 0}, {9, 9});
+    model::Style style = path.style();
+    style.overprintFill = true;
+    document.setStyle(path, style);
+    model::Extras extras{.opacity = 0.25, .blendMode = model::BlendMode::Luminosity, .knockout = model::Knockout::On};
+    extras.centerPoint = true;
+    extras.dictionary = {{"a \"b\" <c>", "J\xc3\xb6rg's"}, {"n", -7}, {"x", 2.0}, {"f", true}};
+    document.setExtras(path, extras);
+    document.setExtras(layer, {.opacity = 0.5});
+    document.setArtboards(
+        {{.id = 1, .title = "Page", .place = {}}, {.id = 2, .title = "&", .place = model::Box{1, 2, 3, 4}}});
+    const auto again = read(write(document), "t.svg");
+    EXPECT_TRUE(Document::sameContent(document, *again)) << write(document);
+    const auto other = read(write(*again), "t.svg");
+    other->setExtras(*other->currentLayer().firstChild(), {});
+    other->setArtboards({});
+    EXPECT_EQ(write(*other).find("opacity:0.25"), std::string::npos);
+    EXPECT_EQ(write(*other).find("easel:data"), std::string::npos);
+    EXPECT_EQ(write(*other).find("easel:artboards"), std::string::npos);
+}
+
 } // namespace
 } // namespace easel::svg

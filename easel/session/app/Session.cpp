@@ -96,13 +96,13 @@ void Session::forget(Plugin& plugin) {
 
 // The life of documents
 
-model::Document& Session::adopt(std::unique_ptr<model::Document> document, const char* event) {
+model::Document& Session::adopt(std::unique_ptr<model::Document> document, const char* event, const std::string& path) {
     documents.requireFreeNumber();
     // One batch, so that no posted press begins a gesture in the document that goes behind.
     model::Document& adopted = *document;
     messenger.batch([&] {
         pointer.cancel();
-        documents.add(std::move(document));
+        documents.add(std::move(document), path);
         notifiers.raise(event);
     });
     return adopted;
@@ -114,7 +114,7 @@ model::Document& Session::newDocument(double width, double height) {
 }
 
 model::Document& Session::open(const std::string& path) {
-    return adopt(documents.read(path), kAIDocumentOpenedNotifier);
+    return adopt(documents.read(path), kAIDocumentOpenedNotifier, path);
 }
 
 void Session::save(const std::string& path, bool force) {
@@ -122,6 +122,7 @@ void Session::save(const std::string& path, bool force) {
     pointer.cancel();
     notifiers.raise(kAIDocumentWritePreprocessNotifier);
     Documents::write(front, path, force);
+    documents.setPath(front, path);
     messenger.batch([&] {
         notifiers.raise(kAIDocumentWritePostprocessNotifier);
         notifiers.raise(kAIDocumentSavedNotifier);

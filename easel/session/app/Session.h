@@ -96,7 +96,7 @@ class Session {
     /// Drops what a plug-in that has ended or declined had registered.
     void forget(Plugin& plugin);
     /// Brings the document to the front and raises the event.
-    model::Document& adopt(std::unique_ptr<model::Document> document, const char* event);
+    model::Document& adopt(std::unique_ptr<model::Document> document, const char* event, const std::string& path = {});
 
     static Session* current_;
 };

@@ -27,6 +27,7 @@ template <> inline constexpr unsigned kKindOf<AIMenuItemHandle> = 10;
 template <> inline constexpr unsigned kKindOf<AITimerHandle> = 11;
 template <> inline constexpr unsigned kKindOf<AIAnnotatorHandle> = 12;
 template <> inline constexpr unsigned kKindOf<AIDrawingContextHandle> = 13;
+template <> inline constexpr unsigned kKindOf<AIArtboardHandle> = 14;
 
 template <> inline constexpr unsigned kKindOf<StageDialogRef> = 14;
 

@@ -2,6 +2,7 @@
 #include "session/documents/Documents.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "session/base/Error.h"
@@ -20,6 +21,10 @@ template <class Work> auto withFile(Work work) {
     } catch (const svg::FileError& error) {
         throw Error(error.what());
     }
+}
+
+std::string absolute(const std::string& path) {
+    return path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
 }
 
 } // namespace
@@ -57,9 +62,40 @@ void Documents::setHistoryLimit(std::size_t bytes) {
     for (const Open& open : open_) open.document->journal().setHistoryLimit(bytes);
 }
 
-void Documents::add(std::unique_ptr<model::Document> document) {
+void Documents::add(std::unique_ptr<model::Document> document, const std::string& path) {
     document->journal().setHistoryLimit(historyLimit_);
-    open_.push_back({++lastNumber_, std::move(document)});
+    const std::uint64_t state = document->journal().state();
+    open_.push_back({++lastNumber_, std::move(document), absolute(path), state});
+}
+
+model::Document* Documents::at(std::size_t index) const {
+    return index < open_.size() ? open_[open_.size() - 1 - index].document.get() : nullptr;
+}
+
+std::size_t Documents::indexOf(const model::Document& document) const {
+    std::size_t index = 0;
+    while (open_[index].document.get() != &document) ++index;
+    return index;
+}
+
+// What becomes of a document's file
+
+const std::string& Documents::pathOf(const model::Document& document) const { return open_[indexOf(document)].path; }
+
+void Documents::setPath(const model::Document& document, const std::string& path) {
+    open_[indexOf(document)].path = absolute(path);
+    setModified(document, false);
+}
+
+bool Documents::isModified(const model::Document& document) const {
+    const Open& open = open_[indexOf(document)];
+    return open.document->journal().state() != open.savedState;
+}
+
+void Documents::setModified(const model::Document& document, bool modified) {
+    constexpr std::uint64_t kNever = UINT64_MAX - 1;
+    Open& open = open_[indexOf(document)];
+    open.savedState = modified ? kNever : open.document->journal().state();
 }
 
 void Documents::bringToFront(const model::Document& document) {

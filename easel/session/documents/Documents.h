@@ -32,9 +32,17 @@ class Documents {
     void setHistoryLimit(std::size_t bytes);
     [[nodiscard]] std::size_t historyLimit() const { return historyLimit_; }
     void requireFreeNumber() const; ///< throws Error when all have been given out
-    void add(std::unique_ptr<model::Document> document);
+    void add(std::unique_ptr<model::Document> document, const std::string& path = {});
     void bringToFront(const model::Document& document);
     void closeFront() { open_.pop_back(); }
+    [[nodiscard]] std::size_t count() const { return open_.size(); }
+    [[nodiscard]] model::Document* at(std::size_t index) const; ///< the one in front is 0; or null
+
+    // What becomes of a document's file
+    [[nodiscard]] const std::string& pathOf(const model::Document& document) const; ///< absolute; empty without a file
+    void setPath(const model::Document& document, const std::string& path);         ///< and it is as in the file
+    [[nodiscard]] bool isModified(const model::Document& document) const;
+    void setModified(const model::Document& document, bool modified);
 
     // Files
     /// Reads a drawing, and reports what of it is not edited.
@@ -50,7 +58,10 @@ class Documents {
     struct Open {
         std::uint32_t number;
         std::unique_ptr<model::Document> document;
+        std::string path{};
+        std::uint64_t savedState = 0; ///< of the journal
     };
+    [[nodiscard]] std::size_t indexOf(const model::Document& document) const;
 
     Reports& reports_;
     std::vector<Open> open_;

@@ -36,6 +36,10 @@ std::string Illustrator::userOrganization() const { return plugin::runtime::user
 
 bool Illustrator::openURL(const std::string& url) { return plugin::runtime::openURL(url); }
 
+// Documents
+
+int Illustrator::documentCount() const { return plugin::application::documentCount(); }
+
 // Host memory
 
 void* Illustrator::alloc(std::size_t size) { return plugin::application::alloc(size); }

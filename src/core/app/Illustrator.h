@@ -18,6 +18,8 @@ class Illustrator {
     /// Made on first use, gone with the plug-in's shut-down.
     [[nodiscard]] static Illustrator* instance();
 
+    // Documents
+    [[nodiscard]] int documentCount() const; ///< that are open
     /// Null when no document is open.
     [[nodiscard]] CurrentDocument* currentDocument();
 

@@ -2,6 +2,8 @@
 #include "core/document/Art.h"
 
 #include "core/Forward.h"
+#include "core/document/Artboard.h"
+#include "core/document/Dictionary.h"
 #include "core/document/Layer.h"
 #include "core/document/PathArt.h"
 #include "plugin/document/Art.h"
@@ -41,6 +43,7 @@ Art::~Art() = default;
 ArtObject* Art::aiArtHandle() const { return ask(impl(), &Impl::handle); }
 bool Art::valid() const { return ask(impl(), &Impl::valid); }
 ArtType Art::artType() const { return ask(impl(), &Impl::artType); }
+std::string Art::uid() const { return ask(impl(), &Impl::uid); }
 bool Art::isLayerGroup() const { return ask(impl(), &Impl::isLayerGroup); }
 
 // Views by type
@@ -79,6 +82,15 @@ std::unique_ptr<Art> Art::lastChild() const { return newHandle<Art>(ask(impl(), 
 std::unique_ptr<Art> Art::sibling() const { return newHandle<Art>(ask(impl(), &Impl::sibling)); }
 std::unique_ptr<Art> Art::priorSibling() const { return newHandle<Art>(ask(impl(), &Impl::priorSibling)); }
 std::int32_t Art::childCount() const { return ask(impl(), &Impl::childCount); }
+std::unique_ptr<std::vector<Art>> Art::matchingChildren(const std::vector<MatchArtSpec>& specs) const {
+    const std::vector<ArtObject*> found = ask(impl(), &Impl::matchingChildren, specs);
+    return std::make_unique<std::vector<Art>>(found.begin(), found.end());
+}
+std::unique_ptr<Artboard> Art::artboard() const { return newHandle<Artboard>(ask(impl(), &Impl::artboard)); }
+std::vector<Artboard> Art::allArtboards() const {
+    const std::vector<AIArtboard*> found = ask(impl(), &Impl::allArtboards);
+    return {found.begin(), found.end()};
+}
 Art::Iterator Art::begin() const { return Iterator(firstChild()); }
 
 std::unique_ptr<Art> Art::Iterator::art() const { return child_ ? std::make_unique<Art>(*child_) : nullptr; }
@@ -93,8 +105,45 @@ Art::Iterator& Art::Iterator::operator--() {
     return *this;
 }
 
+// Copies and places
+
+std::unique_ptr<Art> Art::duplicate(PaintOrder order, const Art* prep) const {
+    return newHandle<Art>(ask(impl(), &Impl::duplicate, order, prep ? prep->aiArtHandle() : nullptr));
+}
+bool Art::reorder(PaintOrder order, const Art* prep) {
+    return ask(impl(), &Impl::reorder, order, prep ? prep->aiArtHandle() : nullptr);
+}
+
+// Isolation
+
+bool Art::canIsolate() const { return ask(impl(), &Impl::canIsolate); }
+bool Art::isIsolated() const { return ask(impl(), &Impl::isIsolated); }
+bool Art::isolate() { return ask(impl(), &Impl::isolate); }
+
+// Look
+
+ArtStyle Art::style() const { return ask(impl(), &Impl::style); }
+bool Art::setStyle(const ArtStyle& style) { return ask(impl(), &Impl::setStyle, style); }
+bool Art::isStyled() const { return ask(impl(), &Impl::isStyled); }
+bool Art::hasFill() const { return ask(impl(), &Impl::hasFill); }
+bool Art::hasStroke() const { return ask(impl(), &Impl::hasStroke); }
+double Art::opacity() const { return ask(impl(), &Impl::opacity); }
+bool Art::setOpacity(double opacity) { return ask(impl(), &Impl::setOpacity, opacity); }
+BlendMode Art::blendMode() const { return ask(impl(), &Impl::blendMode); }
+bool Art::setBlendMode(BlendMode mode) { return ask(impl(), &Impl::setBlendMode, mode); }
+BlendKnockout Art::knockout() const { return ask(impl(), &Impl::knockout); }
+BlendKnockout Art::inheritedKnockout() const { return ask(impl(), &Impl::inheritedKnockout); }
+bool Art::setKnockout(BlendKnockout knockout) { return ask(impl(), &Impl::setKnockout, knockout); }
+bool Art::centerPointVisible() const { return ask(impl(), &Impl::centerPointVisible); }
+bool Art::setCenterPointVisible(bool visible) { return ask(impl(), &Impl::setCenterPointVisible, visible); }
+
+// What plug-ins keep with it
+
+Dictionary Art::dictionary() const { return Dictionary(*this); }
+
 // Removal
 
+bool Art::disposeChildren() { return ask(impl(), &Impl::disposeChildren); }
 bool Art::dispose() { return ask(impl(), &Impl::dispose); }
 
 } // namespace kzo::core

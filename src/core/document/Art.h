@@ -3,11 +3,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "core/Handle.h"
 #include "core/document/PathArt.h"
 #include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
+#include "core/values/DocumentValues.h"
 
 struct ArtObject;
 
@@ -19,6 +22,8 @@ namespace kzo::core {
 
 class __IntArtData;
 class Angle;
+class Artboard;
+class Dictionary;
 class Layer;
 class TransformMatrix;
 
@@ -68,6 +73,7 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] ArtObject* aiArtHandle() const;
     [[nodiscard]] bool valid() const; ///< whether the host still knows the object
     [[nodiscard]] ArtType artType() const;
+    [[nodiscard]] std::string uid() const;   ///< no other object has had it, and undo brings it back
     [[nodiscard]] bool isLayerGroup() const; ///< holds all art of a layer
 
     // Views by type; each does nothing when the art is of another type
@@ -101,7 +107,40 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] std::unique_ptr<Art> sibling() const;
     [[nodiscard]] std::unique_ptr<Art> priorSibling() const;
     [[nodiscard]] std::int32_t childCount() const;
+    /// All that matches any of these, also deeper down, topmost first; never null.
+    [[nodiscard]] std::unique_ptr<std::vector<Art>> matchingChildren(const std::vector<MatchArtSpec>& specs) const;
+    [[nodiscard]] std::unique_ptr<Artboard> artboard() const; ///< that it has most of its bounds on; null for none
+    [[nodiscard]] std::vector<Artboard> allArtboards() const; ///< that its bounds reach
     [[nodiscard]] Iterator begin() const;
+
+    // Copies and places. Nothing can be put into itself, and the group of a layer stays.
+    [[nodiscard]] std::unique_ptr<Art> duplicate(PaintOrder order,
+                                                 const Art* prep = nullptr) const; ///< null if refused
+    bool reorder(PaintOrder order, const Art* prep = nullptr);
+
+    // Isolation, see CurrentDocument
+    [[nodiscard]] bool canIsolate() const;
+    [[nodiscard]] bool isIsolated() const; ///< or something around it is
+    bool isolate();
+
+    // Look. The paint of a group is that of its topmost path, and setting it paints every path in it.
+    [[nodiscard]] ArtStyle style() const;
+    bool setStyle(const ArtStyle& style);
+    [[nodiscard]] bool isStyled() const;  ///< is blended in another way than art is at first
+    [[nodiscard]] bool hasFill() const;   ///< or anything in it
+    [[nodiscard]] bool hasStroke() const; ///< or anything in it
+    [[nodiscard]] double opacity() const; ///< 0 to 1
+    bool setOpacity(double opacity);
+    [[nodiscard]] BlendMode blendMode() const;
+    bool setBlendMode(BlendMode mode);
+    [[nodiscard]] BlendKnockout knockout() const;
+    [[nodiscard]] BlendKnockout inheritedKnockout() const; ///< on or off, as what is around it says
+    bool setKnockout(BlendKnockout knockout);
+    [[nodiscard]] bool centerPointVisible() const; ///< the middle of its bounds shows as a point
+    bool setCenterPointVisible(bool visible);
+
+    // What plug-ins keep with it
+    [[nodiscard]] Dictionary dictionary() const;
 
     // Bounds; empty and at the origin for what takes no place
     [[nodiscard]] ArtboardRect bounds(BoundsOptions options) const;
@@ -113,6 +152,8 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] double y() const; ///< the top edge
     [[nodiscard]] double width() const;
     [[nodiscard]] double height() const;
+    [[nodiscard]] double area() const;      ///< of what the paths in it enclose, each for itself
+    [[nodiscard]] double perimeter() const; ///< the lengths of the paths in it
 
     // Transforms. A matrix acts on points of the artboard, and one without an inverse is refused. Patterns stay behind,
     // where the host can, unless they are asked along. Strokes keep their widths.
@@ -134,6 +175,7 @@ class Art : public Handle<plugin::Art> {
 
     // Removal
     bool dispose(); ///< takes the object out of the document
+    bool disposeChildren();
 
   private:
     std::unique_ptr<__IntArtData> data_;

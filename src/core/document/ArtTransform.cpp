@@ -21,6 +21,8 @@ double Art::x() const { return noStrokeBounds().left; }
 double Art::y() const { return noStrokeBounds().top; }
 double Art::width() const { return noStrokeBounds().width(); }
 double Art::height() const { return noStrokeBounds().height(); }
+double Art::area() const { return ask(impl(), &Impl::area); }
+double Art::perimeter() const { return ask(impl(), &Impl::perimeter); }
 
 // Transforms
 

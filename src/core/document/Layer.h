@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/Handle.h"
+#include "core/values/DocumentEnumerations.h"
 
 struct AILayer;
 
@@ -18,7 +19,7 @@ class Art;
 
 extern template class Handle<plugin::Layer>;
 
-/// An empty handle returns false, an empty text or null.
+/// An empty handle returns false, an empty text or null; what changes something returns whether the host did it.
 class Layer : public Handle<plugin::Layer> {
   public:
     class Iterator;
@@ -26,18 +27,36 @@ class Layer : public Handle<plugin::Layer> {
     Layer() = default; ///< empty
     using Handle::Handle;
     explicit Layer(AILayer* handle);
+    /// Makes an empty layer, above or below another one or all, which is current from then on. Empty when the host
+    /// refuses.
+    explicit Layer(PaintOrder order, const Layer* prep = nullptr);
 
     [[nodiscard]] AILayer* aiLayerHandle() const;
 
+    // Attributes
     [[nodiscard]] std::string title() const;
+    bool setTitle(const std::string& title);
     [[nodiscard]] bool visible() const;
+    bool setVisible(bool visible);
     [[nodiscard]] bool editable() const;
+    bool setEditable(bool editable);
+    [[nodiscard]] bool locked() const; ///< not editable; false for an empty handle
+    bool setLocked(bool locked);
+
+    // Selection
     [[nodiscard]] bool hasSelectedArt() const;
+    void selectArt();
     void deselectArt();
 
-    [[nodiscard]] std::unique_ptr<Layer> next() const; ///< the one below, or null
-    [[nodiscard]] std::unique_ptr<Art> group() const;  ///< the group that holds all art of the layer
-    [[nodiscard]] Iterator begin() const;              ///< from this layer down
+    // Order and art
+    bool reorder(PaintOrder order, const Layer* prep = nullptr);
+    [[nodiscard]] std::unique_ptr<Layer> prior() const;  ///< the one above, or null
+    [[nodiscard]] std::unique_ptr<Layer> next() const;   ///< the one below, or null
+    [[nodiscard]] std::unique_ptr<Art> group() const;    ///< the group that holds all art of the layer
+    [[nodiscard]] std::unique_ptr<Art> firstArt() const; ///< the topmost, or null
+    [[nodiscard]] Iterator begin() const;                ///< from this layer down
+
+    bool dispose(); ///< takes it out of the document with its art, unless it is the last
 };
 
 /// Walks layers from the topmost down.

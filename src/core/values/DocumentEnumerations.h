@@ -50,6 +50,51 @@ enum class BoundsPinPointType {
     BottomRight = 90
 };
 
+/// What art is looked for; the kinds are those of ArtType.
+enum class MatchArtType {
+    Any = -1, ///< but the groups of layers
+    Group = 100,
+    Path = 110,
+    CompoundPath = 120,
+    Placed = 200,
+    Raster = 300,
+    PluginGroup = 310,
+    Mesh = 320,
+    TextFrame = 330,
+    Symbol = 340,
+    ForeignObject = 350,
+    LegacyText = 360
+};
+
+// Blending; these have the host's numbers
+
+enum class BlendMode {
+    Normal,
+    Multiply,
+    Screen,
+    Overlay,
+    SoftLight,
+    HardLight,
+    ColorDodge,
+    ColorBurn,
+    Darken,
+    Lighten,
+    Difference,
+    Exclusion,
+    Hue,
+    Saturation,
+    Color,
+    Luminosity
+};
+
+/// Whether what a group holds shows through what it holds above that.
+enum class BlendKnockout { Off, On, Inherit };
+
+// Documents; these have the host's numbers
+
+enum class DocumentColorModel { Gray = 0, RGB = 1, CMYK = 2 };
+enum class RulerUnits { Inches = 0, Centimeters = 1, Points = 2, Picas = 3, Millimeters = 4, Pixels = 6 };
+
 // Hit tests
 
 /// What to look for.

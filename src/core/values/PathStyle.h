@@ -34,6 +34,7 @@ struct StrokeStyle {
     StrokeCap cap = StrokeCap::Butt;
     StrokeJoin join = StrokeJoin::Miter;
     DashStyle dash;
+    bool overprint = false; ///< printed over what lies below, not in place of it
 
     bool operator==(const StrokeStyle&) const = default;
 };
@@ -41,6 +42,7 @@ struct StrokeStyle {
 struct FillStyle {
     bool painted = false;
     ArtColor color;
+    bool overprint = false;
 
     bool operator==(const FillStyle&) const = default;
 };

@@ -2,7 +2,10 @@
 #include "plugin/document/Art.h"
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
+#include "hostapi/AIMatchingArtSuite.h"
+#include "plugin/document/ArtList.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/RefCountMap.h"
 
@@ -17,6 +20,7 @@ ArtObject* Art::create(core::ArtType type, core::PaintOrder order, ArtObject* pr
 bool Art::valid() const { return get<&AIArtSuite::ValidArt>(); }
 core::ArtType Art::artType() const { return get<&AIArtSuite::GetArtType, core::ArtType>(); }
 
+std::string Art::uid() const { return get<&AIArtSuite::GetArtUID>(); }
 bool Art::isLayerGroup() const { return get<&AIArtSuite::IsArtLayerGroup>(); }
 
 std::optional<PathArt> Art::path() const {
@@ -59,6 +63,31 @@ ArtObject* Art::lastChild() const { return get<&AIArtSuite::GetArtLastChild>(); 
 ArtObject* Art::sibling() const { return get<&AIArtSuite::GetArtSibling>(); }
 ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSibling>(); }
 std::int32_t Art::childCount() const { return get<&AIArtSuite::CountArtChildren>(); }
+
+std::vector<ArtObject*> Art::matchingChildren(const std::vector<core::MatchArtSpec>& specs) const {
+    const std::vector<AIMatchingArtSpec> records = host::toHost(specs);
+    const auto count = static_cast<std::int32_t>(records.size());
+    return artList([&](auto* list, auto* found) {
+        return count > 0 && call<&AIMatchingArtSuite::GetMatchingArtWithin>(records.data(), count, list, found);
+    });
+}
+
+// Copies and places
+
+ArtObject* Art::duplicate(core::PaintOrder order, ArtObject* prep) const {
+    return get<&AIArtSuite::DuplicateArt>(order, prep);
+}
+bool Art::reorder(core::PaintOrder order, ArtObject* prep) { return call<&AIArtSuite::ReorderArt>(order, prep); }
+
+// Isolation
+
+bool Art::canIsolate() const { return get<&AIIsolationModeSuite::CanIsolateArt>(); }
+bool Art::isIsolated() const { return get<&AIIsolationModeSuite::IsArtIsolated>(); }
+bool Art::isolate() { return call<&AIIsolationModeSuite::EnterIsolationMode>(); }
+
+// Removal
+
+bool Art::disposeChildren() { return call<&AIArtSuite::DisposeArtChildren>(); }
 
 bool Art::dispose() {
     ArtObject* const handle = release();

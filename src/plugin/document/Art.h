@@ -2,14 +2,18 @@
 #pragma once
 
 #include <optional>
+#include <string>
+#include <vector>
 
 #include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
+#include "core/values/DocumentValues.h"
 #include "geo/Angle.h"
 #include "geo/TransformMatrix.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/host/Object.h"
 
+struct AIArtboard;
 struct AILayer;
 struct ArtObject;
 
@@ -27,6 +31,7 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] bool valid() const;
     [[nodiscard]] core::ArtType artType() const;
     [[nodiscard]] bool isLayerGroup() const;
+    [[nodiscard]] std::string uid() const;
     [[nodiscard]] std::optional<PathArt> path() const; ///< none when the art is of another type
 
     // Attributes
@@ -45,9 +50,39 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] ArtObject* sibling() const;
     [[nodiscard]] ArtObject* priorSibling() const;
     [[nodiscard]] std::int32_t childCount() const;
+    [[nodiscard]] std::vector<ArtObject*> matchingChildren(const std::vector<core::MatchArtSpec>& specs) const;
+    [[nodiscard]] AIArtboard* artboard() const; ///< null where it lies on none
+    [[nodiscard]] std::vector<AIArtboard*> allArtboards() const;
+
+    // Copies and places
+    [[nodiscard]] ArtObject* duplicate(core::PaintOrder order, ArtObject* prep) const; ///< null when the host refuses
+    bool reorder(core::PaintOrder order, ArtObject* prep);
+
+    // Isolation
+    [[nodiscard]] bool canIsolate() const;
+    [[nodiscard]] bool isIsolated() const;
+    bool isolate();
+
+    // Look
+    [[nodiscard]] core::ArtStyle style() const;
+    bool setStyle(const core::ArtStyle& style);
+    [[nodiscard]] bool isStyled() const;
+    [[nodiscard]] bool hasFill() const;
+    [[nodiscard]] bool hasStroke() const;
+    [[nodiscard]] double opacity() const;
+    bool setOpacity(double opacity);
+    [[nodiscard]] core::BlendMode blendMode() const;
+    bool setBlendMode(core::BlendMode mode);
+    [[nodiscard]] core::BlendKnockout knockout() const;
+    [[nodiscard]] core::BlendKnockout inheritedKnockout() const;
+    bool setKnockout(core::BlendKnockout knockout);
+    [[nodiscard]] bool centerPointVisible() const;
+    bool setCenterPointVisible(bool visible);
 
     // Bounds; the options are bits of core::Art::BoundsOptions
     [[nodiscard]] core::ArtboardRect bounds(std::int32_t options) const;
+    [[nodiscard]] double area() const;
+    [[nodiscard]] double perimeter() const;
     [[nodiscard]] core::ArtboardRect transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const;
 
     // Transforms
@@ -64,6 +99,7 @@ class Art : public host::Object<ArtObject> {
 
     /// Removes the object from the document. All who share it find it empty from here on, whatever the host returns.
     bool dispose();
+    bool disposeChildren();
 
   private:
     /// The place of a pin point, if the host tells the bounds.

@@ -1,9 +1,11 @@
 // Bounds of art and the transform suite's calls.
-#include <utility>
+#include <algorithm>
+#include <vector>
 
 #include "hostapi/AIArtSuite.h"
 #include "hostapi/AITransformArtSuite.h"
 #include "plugin/document/Art.h"
+#include "plugin/document/Artboard.h"
 #include "plugin/document/Convert.h"
 
 namespace kzo::plugin {
@@ -29,6 +31,50 @@ core::ArtboardRect Art::bounds(std::int32_t options) const { return transformBou
 
 core::ArtboardRect Art::transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const {
     return get<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(matrix, options);
+}
+
+namespace {
+
+/// The sum over the art, if it is a path, and all paths in it.
+template <class Measure> double sumOfPaths(ArtObject* top, Measure measure) {
+    double sum = 0;
+    for (ArtObject* at = top; at;) {
+        const Art art(at);
+        if (const auto path = art.path()) sum += measure(*path);
+        ArtObject* next = art.firstChild();
+        for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();
+        at = next;
+    }
+    return sum;
+}
+
+} // namespace
+
+double Art::area() const {
+    return sumOfPaths(handle(), [](const PathArt& path) { return path.area(); });
+}
+
+double Art::perimeter() const {
+    return sumOfPaths(handle(), [](const PathArt& path) { return path.length(); });
+}
+
+AIArtboard* Art::artboard() const {
+    const std::vector<AIArtboard*> boards = allArtboards();
+    const core::ArtboardRect place = bounds(0);
+    const auto shared = [&](AIArtboard* board) { return (place - Artboard(board).bounds()).area(); };
+    const auto best = std::max_element(boards.begin(), boards.end(),
+                                       [&](AIArtboard* a, AIArtboard* b) { return shared(a) < shared(b); });
+    return best == boards.end() ? nullptr : *best;
+}
+
+std::vector<AIArtboard*> Art::allArtboards() const {
+    AIRealRect edges{};
+    std::vector<AIArtboard*> boards;
+    if (!call<&AIArtSuite::GetArtTransformBounds>(geo::TransformMatrix(), std::int32_t{0}, &edges)) return boards;
+    const auto place = host::fromHost<core::ArtboardRect>(edges);
+    for (AIArtboard* const board : Artboard::all())
+        if (Artboard(board).bounds().overlaps(place)) boards.push_back(board);
+    return boards;
 }
 
 std::optional<core::ArtboardPoint> Art::pin(core::BoundsPinPointType which) const {

@@ -12,6 +12,8 @@ AIPathStyle HostForm<core::PathStyle>::toHost(const core::PathStyle& style) {
     AIPathStyle record{
         .fillPaint = style.fill.painted,
         .strokePaint = stroke.painted,
+        .fillOverprint = style.fill.overprint,
+        .strokeOverprint = stroke.overprint,
         .fillColor = host::toHost(style.fill.color),
         .strokeColor = host::toHost(stroke.color),
         .strokeWidth = stroke.width,
@@ -25,14 +27,15 @@ AIPathStyle HostForm<core::PathStyle>::toHost(const core::PathStyle& style) {
 
 core::PathStyle HostForm<core::PathStyle>::fromHost(const AIPathStyle& record) {
     core::PathStyle style;
-    style.fill = {record.fillPaint != 0, host::fromHost<core::ArtColor>(record.fillColor)};
+    style.fill = {record.fillPaint != 0, host::fromHost<core::ArtColor>(record.fillColor), record.fillOverprint != 0};
     style.stroke = {.painted = record.strokePaint != 0,
                     .color = host::fromHost<core::ArtColor>(record.strokeColor),
                     .width = record.strokeWidth,
                     .miterLimit = record.miterLimit,
                     .cap = host::fromHost<core::StrokeCap>(record.cap),
                     .join = host::fromHost<core::StrokeJoin>(record.join),
-                    .dash = {.lengths = {}, .count = 0, .offset = record.dash.offset}};
+                    .dash = {.lengths = {}, .count = 0, .offset = record.dash.offset},
+                    .overprint = record.strokeOverprint != 0};
     const int count = std::clamp<int>(record.dash.length, 0, kMaxDashComponents);
     style.stroke.dash.count = static_cast<std::size_t>(count);
     std::copy_n(std::begin(record.dash.array), count, style.stroke.dash.lengths.begin());

@@ -6,10 +6,14 @@
 #include "core/values/ArtboardRect.h"
 #include "core/values/ArtboardSegPoint.h"
 #include "core/values/DocumentEnumerations.h"
+#include "core/values/DocumentValues.h"
 #include "core/values/PathStyle.h"
 #include "geo/TransformMatrix.h"
+#include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIHitTestSuite.h"
+#include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AITextFrameSuite.h"
@@ -103,6 +107,40 @@ inline constexpr Pair<core::StrokeAlignment> kStrokeAlignments[] = {
 };
 template <> struct HostForm<core::StrokeAlignment> : Paired<kStrokeAlignments, core::StrokeAlignment::Center, -1> {};
 
+template <> struct HostForm<core::BlendMode> : SameNumbers<core::BlendMode> {};
+template <> struct HostForm<core::BlendKnockout> : SameNumbers<core::BlendKnockout> {};
+template <> struct HostForm<core::ArtStyle> {
+    static AIArtStyle toHost(const core::ArtStyle& style) {
+        return {host::toHost(style.paint), style.opacity, host::toHost(style.blendMode), host::toHost(style.knockout)};
+    }
+    static core::ArtStyle fromHost(const AIArtStyle& record) {
+        return {host::fromHost<core::PathStyle>(record.paint), record.opacity, core::BlendMode(record.blendingMode),
+                core::BlendKnockout(record.knockout)};
+    }
+};
+
+// Documents
+
+template <> struct HostForm<core::DocumentColorModel> : SameNumbers<core::DocumentColorModel> {};
+template <> struct HostForm<core::RulerUnits> : SameNumbers<core::RulerUnits> {};
+template <> struct HostForm<core::DocumentSetup> {
+    static core::DocumentSetup fromHost(const AIDocumentSetup& record) { return {record.width, record.height}; }
+};
+template <> struct HostForm<core::Grid> {
+    static AIGrid toHost(const core::Grid& grid) { return {grid.spacing, grid.subdivisions, grid.visible, grid.snaps}; }
+    static core::Grid fromHost(const AIGrid& record) {
+        return {record.spacing, record.subdivisions, record.visible != 0, record.snaps != 0};
+    }
+};
+template <> struct HostForm<core::MatchArtSpec> {
+    static AIMatchingArtSpec toHost(const core::MatchArtSpec& spec) {
+        const auto type = spec.type == core::MatchArtType::Any
+                              ? std::int16_t{kAnyArt}
+                              : host::toHost(core::ArtType(static_cast<int>(spec.type)));
+        return {type, bits(spec.which), bits(spec.attributes)};
+    }
+};
+
 // Text
 
 inline constexpr Pair<core::ParagraphJustification> kJustifications[] = {
@@ -112,5 +150,15 @@ inline constexpr Pair<core::ParagraphJustification> kJustifications[] = {
 };
 template <>
 struct HostForm<core::ParagraphJustification> : Paired<kJustifications, core::ParagraphJustification::Left, -1> {};
+template <> struct HostForm<core::TextStyle> {
+    /// Its font's name must live as long as the record.
+    static AITextStyle toHost(const core::TextStyle& style) {
+        return {style.font.name.c_str(), style.font.size, host::toHost(style.justification)};
+    }
+    static core::TextStyle fromHost(const AITextStyle& record) {
+        return {{record.font ? record.font : "", record.size},
+                host::fromHost<core::ParagraphJustification>(record.justification)};
+    }
+};
 
 } // namespace kzo::plugin::host

@@ -1,53 +1,103 @@
-// The document, layer, view and matching art suites' calls.
+// The document, artboard, view, path style and isolation suites' calls. Layers and art are in CurrentDocumentArt.cpp.
 #include "plugin/document/CurrentDocument.h"
 
+#include "hostapi/AIArtboardSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
-#include "hostapi/AILayerSuite.h"
-#include "hostapi/AIMatchingArtSuite.h"
-#include "hostapi/AIMdMemorySuite.h"
-#include "plugin/document/Layer.h"
-#include "plugin/host/HostCall.h"
+#include "hostapi/AIIsolationModeSuite.h"
+#include "plugin/document/Convert.h"
 
 namespace kzo::plugin {
 
-bool CurrentDocument::exists() const { return host::get<&AIDocumentSuite::GetDocument>() != nullptr; }
+using Suite = AIDocumentSuite;
 
-// Layers
+AIDocument* CurrentDocument::aiDocumentHandle() const { return host::get<&Suite::GetDocument>(); }
+void* CurrentDocument::platformWindow() const { return host::get<&Suite::GetDocumentWindow>(); }
 
-int CurrentDocument::layerCount() const { return host::get<&AILayerSuite::CountLayers>(); }
-AILayer* CurrentDocument::layerAtIndex(int index) const { return host::get<&AILayerSuite::GetNthLayer>(index); }
-AILayer* CurrentDocument::currentLayer() const { return host::get<&AILayerSuite::GetCurrentLayer>(); }
+// Artboards
 
-// Selection
-
-std::vector<ArtObject*> CurrentDocument::selectedArt() const {
-    AIArtHandle** list = nullptr;
-    std::int32_t count = 0;
-    std::vector<ArtObject*> selected;
-    if (!host::call<&AIMatchingArtSuite::GetSelectedArt>(&list, &count) || !list) return selected;
-    for (std::int32_t i = 0; i < count; ++i)
-        if ((*list)[i]) selected.push_back((*list)[i]);
-    host::call<&AIMdMemorySuite::MdMemoryDisposeHandle>(reinterpret_cast<AIMdMemoryHandle>(list));
-    return selected;
+int CurrentDocument::artboardCount() const { return host::get<&AIArtboardSuite::CountArtboards>(); }
+AIArtboard* CurrentDocument::artboardAtIndex(int index) const {
+    return host::get<&AIArtboardSuite::GetNthArtboard>(index);
+}
+AIArtboard* CurrentDocument::artboardByTitle(const std::string& title) const {
+    return host::get<&AIArtboardSuite::GetArtboardByTitle>(title);
+}
+AIArtboard* CurrentDocument::currentArtboard() const { return host::get<&AIArtboardSuite::GetCurrentArtboard>(); }
+bool CurrentDocument::setCurrentArtboard(AIArtboard* artboard) {
+    return host::call<&AIArtboardSuite::SetCurrentArtboard>(artboard);
+}
+AIArtboard* CurrentDocument::insertArtboard(const core::ArtboardRect& bounds) {
+    return host::get<&AIArtboardSuite::InsertArtboard>(bounds);
 }
 
-bool CurrentDocument::anyArtSelected() const {
-    for (AILayer* layer = firstLayer(); layer; layer = Layer(layer).next())
-        if (Layer(layer).hasSelectedArt()) return true;
-    return false;
+// Styles
+
+core::PathStyle CurrentDocument::selectedArtPathStyle() const {
+    return host::get<&AIPathStyleSuite::GetCurrentPathStyle, core::PathStyle>();
+}
+bool CurrentDocument::setSelectedArtPathStyle(const core::PathStyle& style) {
+    return host::call<&AIPathStyleSuite::SetCurrentPathStyle>(style);
+}
+core::PathStyle CurrentDocument::defaultPathStyle() const {
+    return host::get<&AIPathStyleSuite::GetInitialPathStyle, core::PathStyle>();
+}
+bool CurrentDocument::setDefaultPathStyle(const core::PathStyle& style) {
+    return host::call<&AIPathStyleSuite::SetInitialPathStyle>(style);
+}
+core::TextStyle CurrentDocument::defaultTextStyle() const { return host::get<&Suite::GetTextStyle, core::TextStyle>(); }
+bool CurrentDocument::setDefaultTextStyle(const core::TextStyle& style) {
+    const AITextStyle record = host::toHost(style);
+    return host::call<&Suite::SetTextStyle>(&record);
 }
 
-void CurrentDocument::deselectAllArt() {
-    host::call<&AIMatchingArtSuite::DeselectAll>();
-    for (AILayer* layer = firstLayer(); layer; layer = Layer(layer).next()) Layer(layer).deselectArt();
+// Views
+
+int CurrentDocument::viewCount() const { return host::get<&AIDocumentViewSuite::CountDocumentViews>(); }
+AIDocumentView* CurrentDocument::viewAtIndex(int index) const {
+    return host::get<&AIDocumentViewSuite::GetNthDocumentView>(index);
 }
-
-// View
-
 double CurrentDocument::zoom() const {
-    const double zoom = host::get<&AIDocumentViewSuite::GetDocumentViewZoom>(AIDocumentViewHandle{});
-    return zoom > 0 ? zoom : 1.0;
+    return host::getOr<&AIDocumentViewSuite::GetDocumentViewZoom>(1.0, AIDocumentViewHandle());
 }
+
+// What it is like
+
+std::string CurrentDocument::fileName() const { return host::get<&Suite::GetDocumentFileName>(); }
+std::string CurrentDocument::filePath() const { return host::get<&Suite::GetDocumentFilePath>(); }
+bool CurrentDocument::modified() const { return host::get<&Suite::GetDocumentModified>(); }
+bool CurrentDocument::setModified(bool modified) { return host::call<&Suite::SetDocumentModified>(modified); }
+core::DocumentColorModel CurrentDocument::colorModel() const {
+    return host::get<&Suite::GetDocumentColorModel, core::DocumentColorModel>();
+}
+core::RulerUnits CurrentDocument::rulerUnits() const {
+    return host::getOr<&Suite::GetDocumentRulerUnits>(core::RulerUnits::Points);
+}
+core::DocumentSetup CurrentDocument::setup() const {
+    return host::get<&Suite::GetDocumentSetup, core::DocumentSetup>();
+}
+core::ArtboardRect CurrentDocument::maxBounds() const {
+    return host::get<&Suite::GetDocumentMaxBounds, core::ArtboardRect>();
+}
+core::Grid CurrentDocument::grid() const { return host::get<&Suite::GetGrid, core::Grid>(); }
+bool CurrentDocument::setGrid(const core::Grid& grid) { return host::call<&Suite::SetGrid>(grid); }
+
+// What is done with it
+
+bool CurrentDocument::undo() { return host::call<&Suite::Undo>(); }
+bool CurrentDocument::redo() { return host::call<&Suite::Redo>(); }
+bool CurrentDocument::sync() { return host::call<&Suite::SyncDocument>(); }
+bool CurrentDocument::redraw() { return host::call<&Suite::RedrawDocument>(); }
+bool CurrentDocument::save() { return host::call<&Suite::SaveDocument>(); }
+bool CurrentDocument::close() { return host::call<&Suite::CloseDocument>(); }
+
+// Modes
+
+bool CurrentDocument::exitIsolationMode() { return host::call<&AIIsolationModeSuite::ExitIsolationMode>(); }
+bool CurrentDocument::inIsolationMode() const { return host::get<&AIIsolationModeSuite::IsInIsolationMode>(); }
+ArtObject* CurrentDocument::isolatedArt() const { return host::get<&AIIsolationModeSuite::GetIsolatedArt>(); }
+ArtObject* CurrentDocument::textFocus() const { return host::get<&Suite::GetTextFocus>(); }
+bool CurrentDocument::setTextFocus(ArtObject* text) { return host::call<&Suite::SetTextFocus>(text); }
+bool CurrentDocument::loseTextFocus() { return host::call<&Suite::LoseTextFocus>(); }
 
 } // namespace kzo::plugin

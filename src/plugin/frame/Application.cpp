@@ -1,8 +1,13 @@
 #include "plugin/frame/Application.h"
 
+#include "hostapi/AIDocumentListSuite.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin::application {
+
+// Documents
+
+int documentCount() { return host::get<&AIDocumentListSuite::Count>(); }
 
 // Memory
 

@@ -5,6 +5,9 @@
 
 namespace kzo::plugin::application {
 
+// Documents
+[[nodiscard]] int documentCount();
+
 // Memory
 [[nodiscard]] void* alloc(std::size_t size); ///< null when the host refuses
 bool free(void* block);                      ///< false for a block that is not the host's

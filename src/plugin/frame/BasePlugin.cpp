@@ -12,7 +12,9 @@
 #include "hostapi/SPPluginsSuite.h"
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/document/Art.h"
+#include "plugin/document/Artboard.h"
 #include "plugin/document/Layer.h"
+#include "plugin/document/View.h"
 #include "plugin/frame/Convert.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"
@@ -151,7 +153,7 @@ std::int32_t BasePlugin::shutdown() {
     std::apply([](auto&... kinds) { (kinds.destroyAll(), ...); }, registered_);
     monitors_.clear();
     // Handles that outlive the plug-in are empty.
-    forgetAll<Art, Layer, MenuItem, __IntMenuGroupData, ThirdPartyPlugin, __CursorContainerID>();
+    forgetAll<Art, Artboard, Layer, View, MenuItem, __IntMenuGroupData, ThirdPartyPlugin, __CursorContainerID>();
     releaseHost();
     return 0;
 }
