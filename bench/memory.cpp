@@ -68,6 +68,11 @@ const struct {
          return "<g inkscape:groupmode='layer' inkscape:label='Layer number " + std::to_string(i) + "'><path d='M" +
                 n(4) + "'/></g>";
      }},
+    {"memory/compounds", 100'000,
+     [](int i, Numbers& n) {
+         return "<path id='path" + std::to_string(i) + '\'' + styled(i) + " d='M" + n(2) + " C" + n(12) + "ZM" + n(6) +
+                "ZM" + n(6) + "Z'/>";
+     }},
     {"memory/texts", 200'000, [](int i, Numbers&) { return "<text>Number " + std::to_string(i) + "</text>"; }},
     {"memory/smoothCurves", 400,
      [](int, Numbers&) {

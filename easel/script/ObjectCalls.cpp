@@ -57,6 +57,20 @@ std::optional<std::vector<PointRecord>> points(Host& /*host*/, const ThisArt& ar
 
 Object layer(Host& /*host*/, const ThisArt& art) { return {art.document, art.document->find(art->layer().id())}; }
 
+/// What holds it, unless that is the layer.
+std::optional<Object> parent(Host& /*host*/, const ThisArt& art) {
+    model::Node* const holder = art->parent();
+    const bool isArt = holder && holder->type() != model::NodeType::Layer;
+    return isArt ? std::optional(Object{art.document, holder}) : std::nullopt;
+}
+
+std::optional<std::vector<Object>> children(Host& /*host*/, const ThisArt& art) {
+    if (!art->isContainer()) return std::nullopt;
+    std::vector<Object> objects;
+    for (model::Node* child = art->firstChild(); child; child = child->next()) objects.push_back({art.document, child});
+    return objects;
+}
+
 bool selected(Host& /*host*/, const ThisArt& art) { return art->selected(); }
 
 bool artLocked(Host& /*host*/, const ThisArt& art) { return art->locked(); }
@@ -143,6 +157,8 @@ constexpr Row kArtCalls[] = {
     property<closed>("path.closed"),
     property<points>("path.points"),
     property<layer>("path.layer"),
+    property<parent>("path.parent"),
+    property<children>("path.children"),
     property<selected>("path.selected"),
     property<artLocked, setArtLocked>("path.locked"),
     property<hidden, setArtHidden>("path.hidden"),

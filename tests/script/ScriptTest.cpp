@@ -135,6 +135,21 @@ TEST_F(ScriptTest, EditsADocumentInUndoSteps) {
               "2 3,4 7 null\n");
 }
 
+TEST_F(ScriptTest, SubpathsAreReachedThroughTheirCompoundPath) {
+    session.open(
+        folder.write("d.svg", "<svg><path id='ring' d='M0 0h9v9z M3 3h3v3z'/><g id='g'><path d='M1 1h1'/></g></svg>"));
+    EXPECT_EQ(play(R"js(
+        var doc = app.document, ring = doc.find('ring'), hole = ring.children[0];
+        print(ring, ring.type, ring.parent, ring.points, ring.style.fill, hole, hole.parent === ring, hole.children);
+        print(doc.find('g').children[0].parent, doc.paths.length);
+        doc.move(hole, 1, 0);
+        print(hole.points[0].x, ring.children[1].points[0].x);
+    )js"),
+              "compound path \"ring\" of 2 subpaths compound null null #000000 closed path of 3 points true null\n"
+              "group \"g\" of 1 object 3\n"
+              "4 0\n");
+}
+
 TEST_F(ScriptTest, AFileThatAnotherProgramChangedIsReplacedByForceAlone) {
     const std::string name = folder.write("d.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>");
     session.open(name);
