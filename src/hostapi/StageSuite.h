@@ -140,7 +140,7 @@ typedef struct StageSuite {
     /* Adds the widget, or changes the one of its id. */
     AIErr (*SetDialogWidget)(StageDialogRef dialog, const StageWidget* widget);
     AIErr (*RemoveDialogWidget)(StageDialogRef dialog, int32_t widget);
-    /* In which field the keys arrive; 0: in none. What was typed there stays. */
+    /* In which field the keys arrive, all of its text selected; 0: in none. What was typed there stays. */
     AIErr (*SetDialogFocus)(StageDialogRef dialog, int32_t widget);
     AIErr (*GetDialogSelection)(StageDialogRef dialog, int32_t widget, int32_t* start, int32_t* end);
     /* Shows the dialog and waits until EndDialog, telling the plug-in what the user does. kRefusedErr: it shows

@@ -131,8 +131,12 @@ void Dialogs::removeWidget(Dialog& dialog, std::int32_t id) {
 }
 
 void Dialogs::setFocus(Dialog& dialog, std::int32_t id) {
-    const Widget* const field = dialog.find(id);
+    Widget* const field = dialog.find(id);
     require(id == 0 || (field && field->kind == kStageTextField));
+    if (field && dialog.focus != id) {
+        field->selectionStart = 0;
+        field->selectionEnd = length(field->text);
+    }
     dialog.focus = id;
 }
 

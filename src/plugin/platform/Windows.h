@@ -73,7 +73,7 @@ class Window {
     virtual void setFrame(const std::string& title, const geo::Size& content) = 0;
     virtual void setWidget(WidgetId id, const WidgetState& state) = 0; ///< a new one, or a changed one
     virtual void removeWidget(WidgetId id) = 0;
-    virtual void setFocus(WidgetId id) = 0; ///< of a field; kNoWidget ends the editing. What was typed stays.
+    virtual void setFocus(WidgetId id) = 0; ///< to a field, all of its text selected; kNoWidget: to none
     [[nodiscard]] virtual core::SelectionRange selection(WidgetId id) const = 0;
     virtual bool run() = 0; ///< shows it until `stop`; false where it cannot be shown
     virtual void stop() = 0;
