@@ -1,16 +1,19 @@
 # kzo_add_plugin(NAME name [SOURCES files...] [CODE targets...] [RESOURCES files...] [VERSION n.n.n] [IDENTIFIER text]
-#                [PLIST file]): a plug-in bundle NAME.aip on the framework, in the calling project's build folder.
+#                [PLIST file] [WINDOWS]): a plug-in bundle NAME.aip on the framework, in the calling project's build folder.
 #
 # SOURCES and RESOURCES are paths from the calling CMakeLists.txt; CODE names object or interface libraries compiled
 # elsewhere; of SOURCES and CODE there must be one. A resource that is an SVG drawing is shipped as PNG in normal and double
 # resolution, any other file as it is. VERSION is the calling project's, else 1.0.0; IDENTIFIER is reverse-domain; PLIST is a
 # template for configure_file in place of cmake/Plugin.plist.in, with the same @PLUGIN_...@ variables.
 #
+# With WINDOWS, where the project was configured with KZO_APPKIT, the plug-in shows its dialogs in windows of its own in a host
+# that shows none.
+#
 # The library exports the entry alone, and a symbol that nobody defines stops the link, not the host. The author's
 # warnings stay the author's business.
 
 function(kzo_add_plugin)
-    cmake_parse_arguments(PARSE_ARGV 0 ARG "" "NAME;VERSION;IDENTIFIER;PLIST" "SOURCES;CODE;RESOURCES")
+    cmake_parse_arguments(PARSE_ARGV 0 ARG "WINDOWS" "NAME;VERSION;IDENTIFIER;PLIST" "SOURCES;CODE;RESOURCES")
     kzo_check_plugin_arguments()
     if(NOT ARG_VERSION)
         set(ARG_VERSION ${PROJECT_VERSION})
@@ -35,6 +38,10 @@ function(kzo_add_plugin)
     set_target_properties(${ARG_NAME} PROPERTIES
         PREFIX "" SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${contents}/Linux LINK_DEPENDS ${exports}
         CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+
+    if(ARG_WINDOWS)
+        kzo_add_windows(${ARG_NAME})
+    endif()
 
     set(PLUGIN_NAME ${ARG_NAME})
     set(PLUGIN_VERSION ${ARG_VERSION})
@@ -62,6 +69,9 @@ function(kzo_check_plugin_arguments)
     endif()
     if(ARG_IDENTIFIER AND NOT "${ARG_IDENTIFIER}" MATCHES "^[A-Za-z0-9-]+(\\.[A-Za-z0-9-]+)+$")
         message(FATAL_ERROR "kzo_add_plugin: IDENTIFIER \"${ARG_IDENTIFIER}\" of ${ARG_NAME} is not like com.maker.product")
+    endif()
+    if(ARG_WINDOWS AND NOT TARGET appkit)
+        message(FATAL_ERROR "kzo_add_plugin: ${ARG_NAME} has WINDOWS, which needs -DKZO_APPKIT=ON")
     endif()
     foreach(file ${ARG_SOURCES} ${ARG_RESOURCES} ${ARG_PLIST})
         get_filename_component(path ${file} ABSOLUTE)

@@ -64,6 +64,7 @@ struct Command {
     std::string script;
     std::vector<std::string> plugins;
     std::string profile;
+    bool nativeDialogs = false;
     std::int32_t hostVersion = easel::session::Identity().majorVersion;
     std::string drawing;
     std::string picture;
@@ -107,6 +108,7 @@ ExitCode runScript(const Command& command) {
     session.documents.setHistoryLimit(easel::svg::limitFromEnvironment("EASEL_UNDO_MEGABYTES", kUndoMegabytes) << 20);
     session.documents.whileDrawing = progress("a picture");
     if (!command.profile.empty()) session.profile.use(command.profile);
+    session.dialogs.staged = !command.nativeDialogs;
     session.identity.majorVersion = command.hostVersion;
     easel::script::showWithoutAsking(session, std::cout);
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
@@ -217,6 +219,8 @@ struct Commands {
                        "The folder of the plug-ins' preferences; a temporary one if left out");
         run.add_option("--host-version", command.hostVersion, "The major version that plug-ins are told")
             ->check(CLI::Range(1, 1000));
+        run.add_flag("--native-dialogs", command.nativeDialogs,
+                     "Leave dialogs and alerts to the plug-ins' own windows, where they have any");
         picture.add_option("IN.svg", command.drawing, "The drawing")->required();
         picture.add_option("-o", command.picture, "The picture: OUT.png, OUT.pdf or -")->required();
         picture.add_option("--format", command.format, "png or pdf, where the name does not tell")

@@ -59,10 +59,13 @@ void ModalDialog::show() {
     window_ = window.get();
     ending_ = false;
     chosen_.reset();
+    const Widgets fields = fieldsInOrder();
+    const auto first = find(wantsFocus_.value_or(fields.empty() ? kNoWidget : fields.front()->handle()));
+    const auto selected = first ? first->state().selection : std::nullopt;
     update();
     window_->setBrightness(platform().windows().brightness());
-    const Widgets fields = fieldsInOrder();
-    setFocus(wantsFocus_.value_or(fields.empty() ? kNoWidget : fields.front()->handle()));
+    setFocus(first ? first->handle() : kNoWidget);
+    if (selected) first->setSelection(*selected); // the focus has selected all
     window->run();
     window_ = nullptr;
     focused_ = kNoWidget;

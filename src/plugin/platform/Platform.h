@@ -125,6 +125,9 @@ class Platform {
     [[nodiscard]] virtual Windows& windows() = 0;
     [[nodiscard]] virtual Folders& folders() = 0;
 
+    /// The next in rank, for what this one leaves to it. The stage is the last.
+    [[nodiscard]] Platform& following() const { return *next_; }
+
   protected:
     ~Platform(); ///< takes itself off the list
 

@@ -1,0 +1,370 @@
+#include "plugin/platform/cocoa/CocoaWindow.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
+
+#include "plugin/host/HostCall.h"
+#include "plugin/platform/Background.h"
+#include "plugin/platform/Platform.h"
+#include "plugin/platform/cocoa/Application.h"
+
+namespace kzo::plugin::cocoa {
+
+namespace {
+
+using core::WidgetType;
+
+constexpr double kFontSize = 12;
+
+NSRect rectOf(const geo::Rect& frame) {
+    return NSMakeRect(frame.origin.x, frame.origin.y, frame.size.width, frame.size.height);
+}
+
+/// Characters of the text up to this unit of its encoding.
+std::size_t characters(NSString* text, NSUInteger units) {
+    std::size_t count = 0;
+    for (const char byte : fromCocoa([text substringToIndex:units]))
+        if ((static_cast<unsigned char>(byte) & 0xC0U) != 0x80) ++count;
+    return count;
+}
+
+NSUInteger units(NSString* text, std::size_t characters) {
+    NSUInteger at = 0;
+    for (; characters > 0 && at < [text length]; --characters)
+        at += NSMaxRange([text rangeOfComposedCharacterSequenceAtIndex:at]) - at;
+    return at;
+}
+
+WindowEvent::Key keyOf(NSEvent* event) {
+    NSString* const typed = [event characters];
+    const NSUInteger others = NSEventModifierFlagControl | NSEventModifierFlagOption | NSEventModifierFlagCommand;
+    if ([typed length] != 1 || ([event modifierFlags] & others) != 0) return WindowEvent::Key::None;
+    const bool shifted = ([event modifierFlags] & NSEventModifierFlagShift) != 0;
+    switch ([typed characterAtIndex:0]) {
+    case 0x0D:
+    case 0x03: return WindowEvent::Key::Return;
+    case 0x1B: return WindowEvent::Key::Escape;
+    case 0x09: return shifted ? WindowEvent::Key::BackTab : WindowEvent::Key::Tab;
+    case 0x19: return WindowEvent::Key::BackTab;
+    default: return WindowEvent::Key::None;
+    }
+}
+
+/// Both Delete keys are one character; the rest is as the keyboard has it.
+std::string typedBy(NSEvent* event) {
+    constexpr unichar kForwardDelete = 0xF728;
+    NSString* const typed = [event characters];
+    const unichar first = [typed length] == 1 ? [typed characterAtIndex:0] : 0;
+    return first == 0x08 || first == 0x7F || first == kForwardDelete ? "\x7f" : fromCocoa(typed);
+}
+
+void replaceText(NSText* editor, NSString* text) {
+    [editor setString:text];
+    [editor setSelectedRange:NSMakeRange([text length], 0)];
+}
+
+} // namespace
+
+NSFont* fontOf(const WidgetState& state) {
+    NSFont* const font = state.bold ? [NSFont boldSystemFontOfSize:kFontSize] : [NSFont systemFontOfSize:kFontSize];
+    return state.italic ? [[NSFontManager sharedFontManager] convertFont:font toHaveTrait:NSItalicFontMask] : font;
+}
+
+CocoaWindow::CocoaWindow(WindowOwner& owner) : owner_(owner) {
+    delegate_ = [[KZO_CLASS(Delegate) alloc] initWithListener:this];
+    panel_ = [[KZO_CLASS(Panel) alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
+                                                 styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                                                   backing:NSBackingStoreBuffered
+                                                     defer:NO];
+    [panel_ setReleasedWhenClosed:NO];
+    [panel_ setDelegate:(id)delegate_];
+    [panel_ setListener:this];
+    NSView* const content = [[KZO_CLASS(Content) alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)];
+    [panel_ setContentView:content];
+    [content release];
+}
+
+CocoaWindow::~CocoaWindow() {
+    guarded([this] {
+        [panel_ setListener:nullptr];
+        [panel_ setDelegate:nil];
+        [panel_ orderOut:nil];
+        [panel_ release];
+        [delegate_ release];
+    });
+}
+
+void CocoaWindow::setFrame(const std::string& title, const geo::Size& content) {
+    guarded([&] {
+        [panel_ setTitle:toCocoa(title)];
+        [panel_ setContentSize:NSMakeSize(content.width, content.height)];
+    });
+}
+
+// Controls
+
+NSControl* CocoaWindow::control(WidgetId id) const { return (NSControl*)[[panel_ contentView] viewWithTag:id]; }
+
+NSControl* CocoaWindow::newControl(const WidgetState& state) {
+    const NSRect frame = rectOf(state.frame);
+    if (state.type == WidgetType::Label) {
+        KZO_CLASS(Text)* const label = [[KZO_CLASS(Text) alloc] initWithFrame:frame];
+        [label setListener:this];
+        [label setEditable:NO];
+        [label setSelectable:NO];
+        [label setBezeled:NO];
+        [label setDrawsBackground:NO];
+        [[label cell] setWraps:YES];
+        return label;
+    }
+    if (state.type == WidgetType::TextField) {
+        NSTextField* const field = [[NSTextField alloc] initWithFrame:frame];
+        [field setDelegate:(id)delegate_];
+        [[field cell] setWraps:NO];
+        [[field cell] setScrollable:YES];
+        return field;
+    }
+    NSButton* const button = [[NSButton alloc] initWithFrame:frame];
+    [button setButtonType:state.type == WidgetType::Checkbox ? NSButtonTypeSwitch : NSButtonTypeMomentaryPushIn];
+    if (state.type == WidgetType::Button) [button setBezelStyle:NSBezelStyleRounded];
+    [[button cell] setRefusesFirstResponder:YES]; // the field that is edited keeps the focus
+    [button setTarget:delegate_];
+    [button setAction:@selector(clicked:)];
+    return button;
+}
+
+void CocoaWindow::setText(NSControl* control, const WidgetState& state) {
+    NSString* const text = toCocoa(state.text);
+    if (state.type == WidgetType::Button || state.type == WidgetType::Checkbox) {
+        NSColor* const color =
+            dark_ && state.type == WidgetType::Checkbox ? [NSColor whiteColor] : [NSColor controlTextColor];
+        NSMutableParagraphStyle* const lines = [[NSMutableParagraphStyle new] autorelease];
+        if (state.type == WidgetType::Button) [lines setAlignment:NSTextAlignmentCenter];
+        NSDictionary* const looks =
+            [NSDictionary dictionaryWithObjectsAndKeys:lines, NSParagraphStyleAttributeName, fontOf(state),
+                                                       NSFontAttributeName, color, NSForegroundColorAttributeName, nil];
+        NSAttributedString* const title = [[NSAttributedString alloc] initWithString:text attributes:looks];
+        [(NSButton*)control setAttributedTitle:title];
+        [title release];
+        return;
+    }
+    if (state.type == WidgetType::Label)
+        [(NSTextField*)control setTextColor:dark_ ? [NSColor whiteColor] : [NSColor controlTextColor]];
+    NSText* const editor = editorOf(control);
+    if (!editor) {
+        [control setStringValue:text];
+    } else if (![[editor string] isEqualToString:text]) {
+        // The editor still has to place its caret behind what was typed; another text waits until it has.
+        if (typing_)
+            late_ = {static_cast<WidgetId>([control tag]), state.text};
+        else
+            replaceText(editor, text);
+    }
+    if (!state.selection) return;
+    const NSUInteger start = units(text, state.selection->start);
+    [editor setSelectedRange:NSMakeRange(start, units(text, state.selection->end) - start)];
+}
+
+namespace {
+
+/// Setting them, even to what they are, can end the editing of a field.
+void setLook(NSControl* view, const WidgetState& state) {
+    constexpr NSTextAlignment kAlignments[] = {NSTextAlignmentLeft, NSTextAlignmentLeft, NSTextAlignmentCenter,
+                                               NSTextAlignmentRight};
+    const NSTextAlignment alignment = kAlignments[static_cast<int>(state.alignment)];
+    const bool isText = state.type == WidgetType::Label || state.type == WidgetType::TextField;
+    if (![[view font] isEqual:fontOf(state)]) [view setFont:fontOf(state)];
+    if (isText && [view alignment] != alignment) [view setAlignment:alignment];
+}
+
+} // namespace
+
+void CocoaWindow::setWidget(WidgetId id, const WidgetState& state) {
+    guarded([&] {
+        NSControl* view = control(id);
+        if (!view) {
+            view = [newControl(state) autorelease];
+            [view setTag:id];
+            [[panel_ contentView] addSubview:view];
+        }
+        setLook(view, state);
+        if (!NSEqualRects([view frame], rectOf(state.frame))) [view setFrame:rectOf(state.frame)];
+        setText(view, state);
+        if ([view isHidden] == state.visible) [view setHidden:!state.visible];
+        if ([view isEnabled] != state.enabled) [view setEnabled:state.enabled];
+        [view setToolTip:state.tooltip.empty() ? nil : toCocoa(state.tooltip)];
+        if (state.type == WidgetType::Checkbox)
+            [(NSButton*)view setState:state.checked ? NSControlStateValueOn : NSControlStateValueOff];
+        [view setNeedsDisplay:YES];
+    });
+}
+
+void CocoaWindow::removeWidget(WidgetId id) {
+    guarded([&] { [control(id) removeFromSuperview]; });
+}
+
+void CocoaWindow::setBrightness(double brightness) {
+    dark_ = brightness < 0.5;
+    guarded([&] { paint(brightness); });
+}
+
+void CocoaWindow::paint(double brightness) {
+    [panel_ setBackgroundColor:dark_ ? [NSColor colorWithCalibratedWhite:brightness / 2 + 0.15 alpha:1]
+                                     : [NSColor windowBackgroundColor]];
+    NSEnumerator* const views = [[[panel_ contentView] subviews] objectEnumerator];
+    while (NSControl* const view = [views nextObject])
+        if ([view isKindOfClass:[KZO_CLASS(Text) class]])
+            [(NSTextField*)view setTextColor:dark_ ? [NSColor whiteColor] : [NSColor controlTextColor]];
+    [[panel_ contentView] setNeedsDisplay:YES];
+}
+
+// The focus
+
+/// Where the text of the control is edited now; nil where it is not.
+NSText* CocoaWindow::editorOf(NSControl* control) const {
+    NSText* const editor = [panel_ fieldEditor:NO forObject:control];
+    return editor && [panel_ firstResponder] == editor && (id)[editor delegate] == control ? editor : nil;
+}
+
+WidgetId CocoaWindow::focused() const {
+    id responder = [panel_ firstResponder];
+    if ([responder isKindOfClass:[NSText class]]) responder = [responder delegate];
+    return [responder isKindOfClass:[NSTextField class]] ? static_cast<WidgetId>([responder tag]) : kNoWidget;
+}
+
+void CocoaWindow::setFocus(WidgetId id) {
+    focused_ = id; // before it happens, so that it is no news
+    guarded([&] { [panel_ makeFirstResponder:id == kNoWidget ? nil : control(id)]; });
+}
+
+core::SelectionRange CocoaWindow::selection(WidgetId id) const {
+    core::SelectionRange selected;
+    guarded([&] {
+        NSText* const editor = editorOf(control(id));
+        if (!editor) return;
+        const NSRange range = [editor selectedRange];
+        selected = {characters([editor string], range.location), characters([editor string], NSMaxRange(range))};
+    });
+    return selected;
+}
+
+// What the user does
+
+void CocoaWindow::tell(const WindowEvent& event) {
+    NSAutoreleasePool* pool = [NSAutoreleasePool new];
+    try {
+        owner_.handle(event);
+    } catch (const std::exception& error) {
+        platform().log().write(host::self, "", std::string("exception in a callback of a dialog: ") + error.what());
+    } catch (...) {
+        platform().log().write(host::self, "", "exception in a callback of a dialog");
+    }
+    [pool release];
+}
+
+void CocoaWindow::eventHandled() {
+    if (late_) {
+        const auto [id, text] = *std::exchange(late_, std::nullopt);
+        if (NSText* const editor = editorOf(control(id))) replaceText(editor, toCocoa(text));
+    }
+    lookAtFocus();
+}
+
+void CocoaWindow::lookAtFocus() {
+    const WidgetId now = focused();
+    if (now == focused_) return;
+    focused_ = now;
+    tell({.kind = WindowEvent::Kind::FocusMoved, .widget = now, .text = {}, .typed = {}});
+}
+
+void CocoaWindow::typed(NSTextField* field) {
+    lookAtFocus();
+    NSText* const editor = editorOf(field);
+    const bool outer = std::exchange(typing_, true);
+    tell({.kind = WindowEvent::Kind::Typing,
+          .widget = static_cast<WidgetId>([field tag]),
+          .text = fromCocoa(editor ? [editor string] : [field stringValue]),
+          .typed = lastTyped_});
+    typing_ = outer;
+}
+
+void CocoaWindow::clicked(NSControl* control, bool twice) {
+    lookAtFocus();
+    const bool checked =
+        [control isKindOfClass:[NSButton class]] && [(NSButton*)control state] == NSControlStateValueOn;
+    tell({.kind = twice ? WindowEvent::Kind::DoubleClick : WindowEvent::Kind::Click,
+          .widget = static_cast<WidgetId>([control tag]),
+          .checked = checked,
+          .text = {},
+          .typed = {}});
+}
+
+bool CocoaWindow::keyPressed(NSEvent* event) {
+    const WindowEvent::Key key = keyOf(event);
+    if (key == WindowEvent::Key::None) {
+        lastTyped_ = typedBy(event);
+        return false;
+    }
+    lookAtFocus();
+    tell({.kind = WindowEvent::Kind::Key, .key = key, .text = {}, .typed = {}});
+    return true;
+}
+
+void CocoaWindow::closeAsked() { tell({.kind = WindowEvent::Kind::Close, .text = {}, .typed = {}}); }
+
+// The modal loop
+
+bool CocoaWindow::run() {
+    return guarded([this] { loop(); });
+}
+
+void CocoaWindow::loop() {
+    NSWindow* const before = [NSApp keyWindow];
+    [panel_ center];
+    [NSApp activateIgnoringOtherApps:YES];
+    NSModalSession session = [NSApp beginModalSessionForWindow:panel_];
+    [panel_ makeKeyAndOrderFront:nil];
+    printPlaces();
+    while (!stopped_ && [NSApp runModalSession:session] == NSModalResponseContinue) {
+        NSAutoreleasePool* pool = [NSAutoreleasePool new];
+        if (!stopped_)
+            [[NSRunLoop currentRunLoop] runMode:NSModalPanelRunLoopMode
+                                     beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
+        static_cast<void>(background::move(std::chrono::milliseconds(0)));
+        [pool release];
+    }
+    [NSApp endModalSession:session];
+    [panel_ orderOut:nil];
+    [before makeKeyWindow];
+}
+
+/// For whoever drives the window from outside: where on the screen the middle of each control is, y from the top, in a
+/// file that the environment variable KZO_PLACES names.
+void CocoaWindow::printPlaces() const {
+    const char* const name = std::getenv("KZO_PLACES");
+    std::FILE* const file = name ? std::fopen(name, "a") : nullptr;
+    if (!file) return;
+    const auto print = [&](const char* kind, NSView* view, NSString* label) {
+        NSString* const text = [label stringByReplacingOccurrencesOfString:@"\n" withString:@" "];
+        const NSRect place = [panel_ convertRectToScreen:[view convertRect:[view bounds] toView:nil]];
+        std::fprintf(file, "%s\t%.0f\t%.0f\t%s\n", kind, NSMidX(place), NSMaxY([[panel_ screen] frame]) - NSMidY(place),
+                     fromCocoa(text).c_str());
+    };
+    std::fprintf(file, "window\t%s\n", fromCocoa([panel_ title]).c_str());
+    NSEnumerator* const views = [[[panel_ contentView] subviews] objectEnumerator];
+    while (NSControl* const view = [views nextObject]) {
+        if ([view isKindOfClass:[NSButton class]])
+            print("button", view, [(NSButton*)view title]);
+        else
+            print([(NSTextField*)view isEditable] ? "field" : "label", view, [view stringValue]);
+    }
+    // The frame's only button: the window can be closed, and nothing else.
+    NSEnumerator* const frame = [[[[panel_ contentView] superview] subviews] objectEnumerator];
+    while (NSView* const view = [frame nextObject])
+        if ([view isKindOfClass:[NSButton class]]) print("close", view, @"close");
+    std::fputs("end\n", file);
+    std::fclose(file);
+}
+
+} // namespace kzo::plugin::cocoa
