@@ -36,7 +36,7 @@ class vlBaseGlobals {
     // Dragging
     kzo::core::ArtboardPoint startPoint;  // where the gesture began
     kzo::core::ArtboardPoint endPoint;    // where it is, held to an axis or let go by keys
-    kzo::core::ArtboardPoint rawLocation; // where the cursor was at the mover's last drag
+    kzo::core::ArtboardPoint rawLocation; // where the cursor was when the tool last asked
 
     // Hit
     kzo::core::HitData startHitData; // what was pressed on

@@ -39,12 +39,15 @@ kzo::core::PathStyle lineStyle() {
     return style;
 }
 
+/// Rounding must not make a line of just the length too short.
+bool isTooShort(double length) { return length < kShortestLine - kLengthRounding; }
+
 /// The line from the press to here. Null when nothing may be drawn, the host refused, or it is too short: a click
-/// without a real drag leaves nothing behind.
+/// without a real drag leaves nothing behind, also beside an end that the line starts on.
 std::unique_ptr<Art> newLine(const vlGlobals& globals, const Art* group) {
+    if (isTooShort(globals.startHitData.point() | globals.rawLocation)) return nullptr;
     auto line = group ? kzo::core::draw::line(globals.startPoint, globals.endPoint, lineStyle(), group) : nullptr;
-    // Rounding must not remove a line of just the length.
-    if (!line || line->path()->length() >= kShortestLine - kLengthRounding) return line;
+    if (!line || !isTooShort(line->path()->length())) return line;
     line->dispose();
     return nullptr;
 }
@@ -89,6 +92,15 @@ void noteContinuedPath(vlGlobals& globals, const kzo::core::HitData& hit) {
     globals.exitAngle = vl::geo::getExitAngle(path);
 }
 
+/// Whether the path is as the press turned it: the host may have taken that back, or its user changed the path.
+bool isStillTurned(const vlGlobals& globals) {
+    if (!globals.turned) return false;
+    kzo::core::ArtboardPoint first, last;
+    const Art path(globals.hitArt);
+    path.path()->endPoints(first, last);
+    return last == globals.startPoint && vl::geo::getExitAngle(path.path()) == globals.exitAngle;
+}
+
 /// Whether keys and settings ask for a join: Command is for the other of the two.
 bool wantsToJoin(const vlGlobals& globals) { return globals.continuing && globals.autoConcat != globals.commandDown; }
 
@@ -98,9 +110,8 @@ void Plugin::__toolSelectedCB() {
     penCursor_.enable();
     // What a gesture left that was broken off is no part of the next.
     corePlugin_->currentTool().resetCursorLocs();
-    vlGlobals& globals = *vlGlobals::instance();
-    globals.resetGesture();
-    if (!globals.usePlotwiseSettings) return;
+    dropGesture();
+    if (!vlGlobals::instance()->usePlotwiseSettings) return;
     if (getPWdata())
         applyPWdata();
     else
@@ -110,14 +121,20 @@ void Plugin::__toolSelectedCB() {
 void Plugin::__toolDeselectedCB() {
     lineTool_.resetCursorLocs();
     moverTool_.resetCursorLocs();
-    vlGlobals::instance()->resetGesture();
+    dropGesture();
 }
 
 void Plugin::__toolMouseMovedCB() { corePlugin_->currentTool().trackCursor(); }
 
-void Plugin::__toolMouseDownCB() {
+void Plugin::dropGesture() {
     vlGlobals& globals = *vlGlobals::instance();
+    if (isStillTurned(globals)) vl::geo::reverseAIPath(globals.hitArt);
     globals.resetGesture();
+}
+
+void Plugin::__toolMouseDownCB() {
+    dropGesture();
+    vlGlobals& globals = *vlGlobals::instance();
     lineCursor_.enable();
     const kzo::core::Tool tool = corePlugin_->currentTool();
     // Of a gesture that nobody ended an older press may be left.
@@ -128,7 +145,7 @@ void Plugin::__toolMouseDownCB() {
     globals.pressed = true;
     noteContinuedPath(globals, *hit);
     globals.startHitData = *hit;
-    globals.startPoint = hit->point();
+    globals.startPoint = globals.rawLocation = hit->point();
     // A press beside the end is one on it, so that the two meet exactly.
     if (globals.continuing) hit->snapForHit(globals.startPoint);
     globals.endPoint = globals.startPoint;
@@ -161,8 +178,12 @@ bool Plugin::aim() {
     const auto hit = corePlugin_->currentTool().cursorHitData(HitRequest::AnchorsAndSegments, kDragTolerance);
     if (!hit || hit->isEmpty()) return false;
 
-    const Angle direction = heldDirection(globals.startPoint ^ hit->point());
-    globals.endPoint = globals.startPoint.move(globals.startPoint | hit->point(), direction);
+    globals.rawLocation = hit->point();
+    globals.endPoint = globals.startPoint;
+    // Beside the end that was pressed on there is a way from that end even where the mouse has not moved.
+    if (globals.rawLocation == globals.startHitData.point()) return true;
+    const Angle direction = heldDirection(globals.startPoint ^ globals.rawLocation);
+    globals.endPoint = globals.startPoint.move(globals.startPoint | globals.rawLocation, direction);
     return true;
 }
 

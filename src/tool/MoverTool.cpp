@@ -89,8 +89,8 @@ class Selection {
 } // namespace
 
 void Plugin::__tool2MouseDownCB() {
+    dropGesture();
     vlGlobals& globals = *vlGlobals::instance();
-    globals.resetGesture();
     moverCursor_.enable();
     globals.startPoint = globals.endPoint = corePlugin_->currentTool().cursorLoc();
     globals.pressed = true;

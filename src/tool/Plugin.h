@@ -63,6 +63,8 @@ class Plugin {
     void attachPrefsDialog(kzo::core::Tool& tool);
 
     // Shared by both tools
+    /// Forgets a gesture whose release got lost. A path that its press turned round is turned back.
+    static void dropGesture();
     static void readKeys();
     /// The free direction, held to an axis or to what the keys ask for.
     [[nodiscard]] static kzo::core::Angle heldDirection(const kzo::core::Angle& free);
@@ -73,14 +75,14 @@ class Plugin {
     bool aim();
     static void finishLine(vlGlobals& globals);
 
-    kzo::core::Plugin* corePlugin_;      // not owned
-    std::unique_ptr<vl::vlPrefs> prefs_; // none of the two where the plug-in may not load
-    std::unique_ptr<vl::About> about_;
+    kzo::core::Plugin* corePlugin_; // not owned
     kzo::core::Cursor penCursor_{kzo::core::AdobeCursor::Pen};
     kzo::core::Cursor lineCursor_{kzo::core::AdobeCursor::PenContinue};
     kzo::core::Cursor moverCursor_{kzo::core::AdobeCursor::Move};
     kzo::core::Tool lineTool_;
     kzo::core::Tool moverTool_;
+    std::unique_ptr<vl::vlPrefs> prefs_; // none of the two where the plug-in may not load
+    std::unique_ptr<vl::About> about_;
 
     static inline std::unique_ptr<Plugin> instance_;
 };

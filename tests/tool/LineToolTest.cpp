@@ -122,6 +122,27 @@ TEST(LineTool, LeavesNoLineThatIsShorterThanTwoPoints) {
         EXPECT_EQ(desk.paths().size(), length < 2 ? 0u : 1u) << length;
         EXPECT_EQ(desk.document().journal().undoDepth(), length < 2 ? 0u : 1u) << length;
     }
+    // A click beside an end is none on it from afar: 2.6 screen units are more than two points.
+    for (const double zoom : {1.0, 0.25}) {
+        for (const int keys : {0, int{kAICommandKey}}) {
+            for (const Point end : {Point{100, 100}, {200, 100}}) {
+                Desk desk;
+                desk.document().view.zoom = zoom;
+                Node& path = desk.addPath({{100, 100}, {200, 100}});
+                const auto steps = desk.document().journal().undoDepth();
+                desk.selectTool();
+                const Point beside{end.x + (end.x > 100 ? 2.25 : -2.25) / zoom, end.y - 1.3 / zoom};
+                desk.session().pointer.press(beside, keys);
+                EXPECT_TRUE(vlGlobals::instance()->continuing);
+                if (end.x > 100) desk.session().pointer.drag(beside, keys);
+                EXPECT_EQ(vlGlobals::instance()->endPoint.x(), end.x);
+                desk.session().pointer.release({beside.x, beside.y + 1.9}, keys);
+                EXPECT_EQ(desk.anchors(path), (std::vector<Point>{{100, 100}, {200, 100}}));
+                EXPECT_EQ(desk.paths().size(), 1u);
+                EXPECT_EQ(desk.document().journal().undoDepth(), steps);
+            }
+        }
+    }
     // A press and a release with no drag between them draw the line from one to the other.
     Desk desk;
     desk.selectTool();
@@ -186,29 +207,34 @@ TEST(LineTool, LeavesOneLineAndOneStepAfterAThousandDrags) {
 }
 
 TEST(LineTool, EndedByEscapeOrAnotherChoiceOfToolLeavesTheDocumentAsBeforeThePress) {
-    enum class End { Escape, AnotherChoice, None };
-    for (const End end : {End::Escape, End::AnotherChoice, End::None}) {
+    enum class End { Escape, AnotherChoice, Press, Deselection };
+    for (const End end : {End::Escape, End::AnotherChoice, End::Press, End::Deselection}) {
+        const bool lost = end == End::Press || end == End::Deselection; // the release, by the host
+        SCOPED_TRACE(static_cast<int>(end));
         Desk desk;
         Node& path = desk.addPath({{100, 100}, {160, 100}});
         desk.document().select(path, true);
         const std::string before = desk.svg();
         desk.selectTool();
         auto& pointer = desk.session().pointer;
-        if (end == End::None) { // a host that loses the release
+        if (lost) {
             AIToolMessage press{.d = {},
                                 .tool = desk.session().toolbox.current()->handle,
-                                .cursor = {50, 50},
+                                .cursor = {100, 100}, // on the start, which turns the path round
                                 .modifiers = 0,
                                 .flags = 0};
             desk.session().messenger.send(desk.product(), kCallerAITool, kSelectorAIToolMouseDown, press.d);
+            if (end == End::Deselection) desk.selectTool("Isometric Mover Tool");
+            if (end == End::Deselection) desk.selectTool();
+            desk.stroke({{300, 300}});
         } else {
-            pointer.press({100, 100}, 0); // on the start, which turns the path round
+            pointer.press({100, 100}, 0);
             pointer.drag({100, 40}, 0);
             end == End::Escape ? pointer.cancel() : desk.selectTool();
         }
         EXPECT_FALSE(pointer.pressed());
         EXPECT_EQ(desk.svg(), before);
-        EXPECT_TRUE(path.selected());
+        EXPECT_EQ(path.selected(), !lost); // a click deselects
         desk.stroke({{300, 300}, {300, 200}});
         EXPECT_EQ(desk.anchors(*desk.paths().front())[0], (Point{300, 300}));
     }

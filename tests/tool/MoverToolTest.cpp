@@ -5,8 +5,10 @@
 #include <functional>
 #include <numbers>
 
+#include "core/app/Plugin.h"
 #include "support/Desk.h"
 #include "support/Drawing.h"
+#include "support/Receiver.h"
 
 namespace {
 
@@ -178,6 +180,45 @@ TEST(MoverTool, ShowsAGuideFromTheSecondDragOn) {
     EXPECT_EQ(desk.session().screen.cursor.number, 20);
     EXPECT_EQ(desk.paths().size(), 1u);
     EXPECT_EQ(desk.anchors(path)[0], (Point{0, -40}));
+}
+
+// What the last drag moved, and what becomes of it before the release moves it for good.
+TEST(MoverTool, MovesWhatCanStillBeMovedAtTheRelease) {
+    struct Drawing {
+        Desk desk;
+        easel::model::Document& document = desk.document();
+        Node& rest = desk.addPath({{0, 0}, {10, 0}});
+        Node& layer = document.addLayer("Upper");
+        Node& path = desk.addPath({{0, 0}, {10, 0}}, false, &layer);
+    };
+    const struct {
+        const char* what;
+        std::function<void(Drawing&)> change;
+        std::size_t paths;
+        double moved; // the path; the rest moves in any case
+    } rows[] = {
+        {"nothing", [](Drawing&) {}, 2, -50},
+        {"it is locked", [](Drawing& d) { d.document.setLocked(d.path, true); }, 2, 0},
+        {"it is hidden", [](Drawing& d) { d.document.setHidden(d.path, true); }, 2, 0},
+        {"it is gone", [](Drawing& d) { d.document.remove(d.path); }, 1, 0},
+        {"its layer is locked", [](Drawing& d) { d.document.setLocked(d.layer, true); }, 2, 0},
+        {"its layer is hidden", [](Drawing& d) { d.document.setHidden(d.layer, true); }, 2, 0},
+        {"its layer is gone", [](Drawing& d) { d.document.remove(d.layer); }, 1, 0},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        Drawing drawing;
+        for (Node* const path : {&drawing.path, &drawing.rest}) drawing.document.select(*path, true);
+        desk::Receiver change{[&] { row.change(drawing); }};
+        kzo::core::Plugin::instance()->setToolPreMouseUpCallback(change.callback());
+        drag(drawing.desk, {0, -50});
+        const auto paths = drawing.desk.paths();
+        ASSERT_EQ(paths.size(), row.paths);
+        EXPECT_EQ(drawing.desk.anchors(*paths.back())[0], (Point{0, -50}));
+        if (row.paths > 1) {
+            EXPECT_EQ(drawing.desk.anchors(*paths.front())[0], (Point{0, row.moved}));
+        }
+    }
 }
 
 // Back where it began, by a click or without a selection: no step. By Escape: as before the press.
