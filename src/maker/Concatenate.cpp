@@ -5,6 +5,7 @@
 #include <array>
 #include <cmath>
 #include <cstdlib>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -146,7 +147,7 @@ void closeClosePath(ArtObject* art, double closeDist, double maxVariance, double
     if (handle.isEmpty()) return;
     PathArt& path = *handle.path();
     PathArt::SegPoints points = allPoints(path);
-    if (points.size() < 2 || path.closed()) return;
+    if (points.size() < 3) return; // one point would be left of a line
     if (!points.front().p.closeTo(points.back().p, closeDist)) return;
     if (tangentVariance(art, art, kFirstLast) > maxVariance) return;
 
@@ -171,40 +172,63 @@ void safelyDisposePath(ArtObject*& path) {
 
 namespace {
 
-/// Joins b into a at whichever ends meet, and leaves the directions as they were when it cannot.
-bool joinWhereTheyMeet(ArtObject*& a, ArtObject*& b, double joinDist, double maxVariance, double handleParam,
-                       double angleTol) {
-    const int route = getConnectionRoute(a, b, joinDist, maxVariance, angleTol);
-    if (route == kNone) return false;
-    // First with last and last with first become first with first and last with last, the two that join where they
-    // meet.
-    const bool turned = route == kFirstLast || route == kLastFirst;
-    const bool startsMeet = route == kFirstFirst || route == kFirstLast;
-    if (turned) vl::geo::reverseAIPath(b);
-    // Rounding may tip the scales the other way once a path is turned.
-    if (getConnectionRoute(a, b, joinDist, maxVariance, angleTol) != (startsMeet ? kFirstFirst : kLastLast)) {
-        if (turned) vl::geo::reverseAIPath(b);
+/// Joins paths wherever they meet, until nothing does.
+class Joiner {
+  public:
+    Joiner(double joinDist, double maxVariance, double handleParam, double angleTol)
+        : joinDist_(joinDist), maxVariance_(maxVariance), handleParam_(handleParam), angleTol_(angleTol) {}
+
+    /// Each path in turn takes in what meets it. True when one did.
+    bool joinOnce(std::vector<ArtObject*>& paths) {
+        const std::size_t before = paths.size();
+        for (std::size_t i = 0; i < paths.size(); ++i) {
+            for (std::size_t j = i + 1; j < paths.size();) {
+                const bool joined = joinWhereTheyMeet(paths[i], paths[j]);
+                if (joined) paths.erase(paths.begin() + static_cast<std::ptrdiff_t>(j));
+                // Its ends are new: what did not meet them before may now.
+                j = joined ? i + 1 : j + 1;
+            }
+        }
+        return paths.size() < before;
+    }
+
+  private:
+    /// Joins b into a at whichever ends meet, and leaves the directions as they were when it cannot.
+    bool joinWhereTheyMeet(ArtObject*& a, ArtObject*& b) {
+        if (refused_.contains({a, b})) return false;
+        // Two firsts and two lasts join where they meet. Of the other two pairs one path is turned before, so that its
+        // first meets the other's: which fits is only known then, as each way to meet has its own directions.
+        const Meeting nearest = nearestEnds(*Art(a).path(), *Art(b).path());
+        if (!(joinDist_ >= nearest.distance)) return false;
+        const int ends = nearest.index + 1;
+        ArtObject* const turned = ends == kFirstLast ? b : ends == kLastFirst ? a : nullptr;
+        if (turned) vl::geo::reverseAIPath(turned);
+        const int route = getConnectionRoute(a, b, joinDist_, maxVariance_, angleTol_);
+        if (route != kNone) {
+            if (concat_path(a, b, joinDist_, maxVariance_, handleParam_, angleTol_)) return true;
+            vl::geo::reverseAIPath(route == kFirstFirst ? a : b);
+            // The user has been told why; paths only grow, so it would be the same again.
+            refused_.insert({a, b});
+        }
+        if (turned) vl::geo::reverseAIPath(turned);
         return false;
     }
-    if (concat_path(a, b, joinDist, maxVariance, handleParam, angleTol)) return true;
-    if (startsMeet) vl::geo::reverseAIPath(a);
-    if (startsMeet == turned) vl::geo::reverseAIPath(b);
-    return false;
-}
+
+    double joinDist_;
+    double maxVariance_;
+    double handleParam_;
+    double angleTol_;
+    std::set<std::pair<ArtObject*, ArtObject*>> refused_;
+};
 
 /// The paths that are left, topmost first.
 std::vector<ArtObject*> joinSelected(double joinDist, double maxVariance, double handleParam, double angleTol) {
     std::vector<ArtObject*> paths;
     std::vector<ArtObject*> closed;
     vl::geo::getAllPaths(paths, closed, true);
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        for (std::size_t j = i + 1; j < paths.size();) {
-            const bool joined = joinWhereTheyMeet(paths[i], paths[j], joinDist, maxVariance, handleParam, angleTol);
-            if (joined) paths.erase(paths.begin() + static_cast<std::ptrdiff_t>(j));
-            // Its ends are new: what did not meet them before may now.
-            j = joined ? i + 1 : j + 1;
-        }
-    }
+    Joiner joiner(joinDist, maxVariance, handleParam, angleTol);
+    // A path has new ends from what a later one took in.
+    for (bool more = true; more;) more = joiner.joinOnce(paths);
     return paths;
 }
 

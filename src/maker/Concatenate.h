@@ -40,7 +40,8 @@ bool concat_path(ArtObject*& a, ArtObject*& b, double joinDist, double maxVarian
 /// direction, but for `angleTol` degrees, too. False when a and b are one, when one of them has no points, when the
 /// host refuses, and, with an alert, when there would be too many points for one path; then both are left as they are.
 bool appendPath(ArtObject*& a, ArtObject*& b, double, double handleParam, double joinDist, double angleTol);
-/// Closes the path with one point in place of its first and last ones, when these meet and fit.
+/// Closes the path with one point in place of its first and last ones, when these meet and fit and are
+/// not all there is.
 void closeClosePath(ArtObject* path, double closeDist, double maxVariance, double handleParam);
 void safelyDisposePath(ArtObject*& path);
 

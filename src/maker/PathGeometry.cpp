@@ -54,7 +54,8 @@ void alignSegPtHandles(ArtboardSegPoint& point, double tolerance, int mode) {
     const Angle through = point.in ^ point.out;
     // A quarter of the bend: a tolerance of 35 degrees lets bends of up to 140 through.
     const Angle test = arriving.delta(leaving) / 2.0 / 2.0;
-    if (std::abs(test.asDegrees()) > tolerance) return;
+    constexpr double kRounding = 1e-9; // a bend of just the size passes, whichever way it points
+    if (test.asDegrees() > tolerance + kRounding) return;
 
     const double inLength = point.in | point.p;
     const double outLength = point.out | point.p;

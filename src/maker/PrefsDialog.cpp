@@ -1,8 +1,6 @@
 // The dialog for the axes and the two switches.
 #include "maker/Prefs.h"
 
-#include <cmath>
-
 #include "core/dialogs/Alerts.h"
 #include "maker/Globals.h"
 #include "maker/Numbers.h"
@@ -21,11 +19,15 @@ using kzo::core::TextField;
 using kzo::core::Widget;
 using Bound = kzo::core::__Callback<vlPrefs>;
 
-/// What stands in a field; 0 where that is no number.
+/// What stands in a field; 0 where nothing can be read. It may be endless or no number, which is never drawn along.
 double axisIn(const TextField& field) {
     double degrees = 0;
-    return scanNumber(field.text(), degrees) && std::isfinite(degrees) ? degrees : 0;
+    scanNumber(field.text(), degrees);
+    return degrees;
 }
+
+/// False for what is no number, too.
+bool isWithin(double degrees, double least, double most) { return least <= degrees && degrees <= most; }
 
 } // namespace
 
@@ -88,18 +90,18 @@ void vlPrefs::__usePlotwiseSettingsCB() {
     plotwiseCheckbox_.setChecked(live);
 }
 
-/// Warns of an axis that is out of range. It is applied all the same.
+/// Warns of an axis that is out of range. It is applied all the same, unless it is endless or no number.
 void vlPrefs::__dlgUpdateCB() {
     constexpr double kQuarterTurn = 90;
     if (zField_.text().empty()) zField_.setText("30");
     const double z = axisIn(zField_);
-    if (z < 0 || z > kQuarterTurn) {
+    if (!isWithin(z, 0, kQuarterTurn)) {
         kzo::core::alerts::message("Z axis must be in the range 0 to 90");
         return zField_.focus();
     }
     if (xField_.text().empty()) xField_.setText("-30");
     const double x = axisIn(xField_);
-    if (x > 0 || x < -kQuarterTurn) {
+    if (!isWithin(x, -kQuarterTurn, 0)) {
         kzo::core::alerts::message("X axis must be in the range 0 to -90.");
         xField_.focus();
     }

@@ -3,6 +3,7 @@
 
 #include "maker/Concatenate.h"
 #include "support/Desk.h"
+#include "support/Drawing.h"
 #include "support/MadePath.h"
 
 namespace {
@@ -130,6 +131,16 @@ TEST_F(Concatenate, APathWhoseEndsMeetIsClosedOnce) {
         EXPECT_THAT(anchorsOf(ring), ElementsAre(ArtboardPoint(0.125, 0), ArtboardPoint(10, 0), ArtboardPoint(5, 8)));
         closeClosePath(ring, kJoin, kVariance, kHandles);
         EXPECT_EQ(Art(ring).path()->segPointCount(), 3);
+        // A closed path with two points where one would do loses one; a line that is as short stays a line.
+        ArtObject* const twice = madePath({{0, 0}, {10, 0}, {5, 8}, {0.25, 0}});
+        Art(twice).path()->setClosed(true);
+        closeClosePath(twice, kJoin, 180, kHandles);
+        EXPECT_EQ(Art(twice).path()->segPointCount(), 3);
+        EXPECT_TRUE(Art(twice).path()->closed());
+        ArtObject* const dash = madePath({{0, 0}, {0.25, 0}});
+        closeClosePath(dash, kJoin, kVariance, kHandles);
+        EXPECT_EQ(Art(dash).path()->segPointCount(), 2);
+        EXPECT_FALSE(Art(dash).path()->closed());
         ArtObject* const open = madePath({{0, 0}, {10, 0}, {5, 8}, {0.6, 0}});
         closeClosePath(open, kJoin, kVariance, kHandles);
         EXPECT_FALSE(Art(open).path()->closed());
@@ -154,6 +165,40 @@ TEST_F(Concatenate, SelectedPathsBecomeOneWhicheverWayTheyRun) {
     desk.inMessage([] { testme(); });
     EXPECT_TRUE(desk.paths()[1]->path().closed);
     EXPECT_EQ(desk.anchors(*desk.paths()[1]).size(), 4u);
+}
+
+TEST_F(Concatenate, SelectedPathsJoinUntilNothingMeetsAndFits) {
+    using Points = std::vector<desk::Point>;
+    const Points hook{{100, 0}, {200, 0}, {200, 100}, {100, 100}}, straight{{0, 0}, {100, 0}};
+    const Points whole{{0, 0}, {200, 0}, {200, 100}, {100, 100}};
+    const struct {
+        const char* what;
+        std::vector<Points> paths; // the topmost first
+        std::vector<Points> left;
+    } rows[] = {
+        {"a hook, and a line onto its start", {hook, straight}, {{whole.rbegin(), whole.rend()}}},
+        {"a line, and a hook from its end", {straight, hook}, {whole}},
+        {"a line back over another", {{{0, 0}, {10, 0}}, {{10, 0}, {4, 0}}}, {{{0, 0}, {10, 0}}, {{10, 0}, {4, 0}}}},
+        {"a line whose end is as near to both ends of a ring",
+         {{{-9, 0}, {0, 0}}, {{0, 0}, {5, 5}, {5, -5}, {0, 0}}},
+         {{{-9, 0}, {0, 0}, {5, 5}, {5, -5}, {0, 0}}}},
+        {"a line that fits a path only once another has taken its nearer end",
+         {{{0, 0}, {10, 0}}, {{10, 0.25}, {5, 0.25}, {5, 20}, {0, 20}, {0, 0.5}}, {{10, 0.75}, {10, 30}}},
+         {{{10, 0}, {0, 0.25}, {0, 20}, {5, 20}, {5, 0.25}, {10, 0.5}, {10, 30}}}},
+    };
+    for (const auto& row : rows) {
+        easel::model::Document& document = desk.document();
+        for (easel::model::Node* const path : desk.paths()) document.remove(*path);
+        for (auto points = row.paths.rbegin(); points != row.paths.rend(); ++points) {
+            std::vector<easel::model::PathPoint> corners;
+            for (const desk::Point point : *points) corners.push_back(easel::model::cornerAt(point));
+            document.select(addPath(document, document.currentLayer(), std::move(corners)), true);
+        }
+        desk.inMessage([] { assimSelectedPaths(kJoin, kVariance, kHandles, 0); });
+        std::vector<Points> left;
+        for (const easel::model::Node* const path : desk.paths()) left.push_back(desk.anchors(*path));
+        EXPECT_EQ(left, row.left) << row.what;
+    }
 }
 
 } // namespace

@@ -151,8 +151,10 @@ TEST_F(ProductDialogs, TakeAxesAndSwitches) {
         {typed(kX, "30") + "d.press('Return'); ", kXMessage, "210", "30"},
         // Sent back to X, the user gets to Z at the second try.
         {typed(kX, "30") + typed(kZ, "-1") + typed(kZ, "-1") + ok, std::string(kXMessage) + kZMessage, "210", "-1"},
-        {typed(kX, "left") + typed(kZ, "inf") + ok, "", "180", "0"}, // no numbers
-        {typed(kX, "1e400") + ok, "", "180", "30"},
+        {typed(kX, "left") + typed(kZ, "right") + ok, "", "180", "0"},       // nothing can be read
+        {typed(kX, "left") + typed(kZ, "inf") + ok, kZMessage, "180", "30"}, // and along this nothing be drawn
+        {typed(kX, "1e999") + ok, kXMessage, "150", "30"},
+        {typed(kZ, "nan") + ok, kZMessage, "150", "30"},
         {typed(kX, "-12.5 degrees") + ok, "", "167.5", "30"},
         {"d.clickLabel('" + std::string(kZ) + "'); print(d.focused); d.press('Tab'); print(d.focused); d.close();",
          std::string(kZ) + "\n" + kX + "\n", "150", "30"},

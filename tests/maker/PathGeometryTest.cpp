@@ -68,6 +68,13 @@ TEST(PathGeometry, HandlesAreAlignedWithinFourTimesTheTolerance) {
     EXPECT_EQ(aligned(-41, kRetractHandles), bent(-41));
     EXPECT_TRUE(isSimpleSegPt(aligned(39.9, kRetractHandles)));
     EXPECT_TRUE(aligned(39.9, kRetractHandles).corner);
+    // Just the tolerance passes, whichever way the path runs.
+    for (int way = 0; way < 360; way += 10) {
+        ArtboardSegPoint point({0, 0}, ArtboardPoint().move(10, deg(way + 180)),
+                               ArtboardPoint().move(20, deg(way + 40)), true);
+        alignSegPtHandles(point, 10, kRetractHandles);
+        EXPECT_TRUE(isSimpleSegPt(point)) << way;
+    }
     EXPECT_EQ(aligned(30, 0), bent(30));
     EXPECT_EQ(aligned(30, 8), bent(30));
 
