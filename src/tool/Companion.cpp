@@ -118,12 +118,12 @@ std::optional<ThirdPartyPlugin> findCompanion() {
 } // namespace
 
 bool Plugin::getPWdata() {
+    vlCompanionData& kept = vlGlobals::instance()->companion;
+    kept.found = false;
     if (!Illustrator::instance()->currentDocument()) {
         applyIsoAxes();
         return false;
     }
-    vlCompanionData& kept = vlGlobals::instance()->companion;
-    kept.found = false;
     const auto companion = findCompanion();
     vlCompanionData told;
     if (!companion || !askVersion(*companion) || !askScale(*companion, told) || !askView(*companion, told))

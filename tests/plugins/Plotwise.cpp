@@ -20,10 +20,10 @@ template <class T> void put(void* record, std::size_t offset, T value) {
     std::memcpy(static_cast<char*>(record) + offset, &value, sizeof value);
 }
 
-void putName(void* record, std::size_t offset, std::size_t end, const std::string& name) {
+void putName(void* record, std::size_t offset, std::size_t end, const std::string& name, bool ends) {
     char* const field = static_cast<char*>(record) + offset;
-    if (!told->endsNames) std::memset(field, 'x', end - offset);
-    if (told->endsNames) std::memcpy(field, name.c_str(), name.size() + 1);
+    if (!ends) std::memset(field, 'x', end - offset);
+    if (ends) std::memcpy(field, name.c_str(), name.size() + 1);
 }
 
 void* at(const void* record, std::size_t offset) {
@@ -40,13 +40,13 @@ void answerVersion(void* record, unsigned char ok) {
 void answerScale(void* record, unsigned char ok) {
     told->layer = at(record, 40);
     put(record, 48, ok);
-    putName(record, 49, 1080, told->scaleName);
+    putName(record, 49, 1080, told->scaleName, told->endsScaleName);
     put(record, 1080, told->scale);
 }
 
 void answerView(void* record, unsigned char ok) {
     put(record, 40, ok);
-    putName(record, 41, 1072, told->viewName);
+    putName(record, 41, 1072, told->viewName, told->endsViewName);
     for (std::size_t i = 0; i < 2; ++i) {
         put(record, 1072 + 8 * i, told->viewValues[i]);
         put(record, 1088 + 8 * i, told->angles[i]);

@@ -20,9 +20,10 @@ struct Told {
     double viewValues[2] = {1.5, 2.5};
     double angles[2] = {15, 40};
     unsigned char viewFlag = 7;
-    bool endsNames = true; ///< else they fill their fields
-    int notOkAt = 0;       ///< the number of the message, from 1, that is answered, but not with ok
-    int errorAt = 0;       ///< and of that which is answered with an error
+    bool endsScaleName = true; ///< else it fills its field
+    bool endsViewName = true;
+    int notOkAt = 0; ///< the number of the message, from 1, that is answered, but not with ok
+    int errorAt = 0; ///< and of that which is answered with an error
     std::function<void(int)> before = [](int) {}; ///< runs before each is answered
 
     std::vector<std::string> heard; ///< selectors

@@ -83,7 +83,8 @@ TEST_F(Companion, LeavesTheStandardAxesWhereItFails) {
         {"an error at the view", 3, [&] { told.errorAt = 3; }},
         {"no name of the scale", 2, [&] { told.scaleName.clear(); }},
         {"no name of the view", 3, [&] { told.viewName.clear(); }},
-        {"names without an end", 2, [&] { told.endsNames = false; }},
+        {"a name of the scale without an end", 2, [&] { told.endsScaleName = false; }},
+        {"a name of the view without an end", 3, [&] { told.endsViewName = false; }},
         {"an angle that is no number", 3, [&] { told.angles[0] = kNaN; }},
         {"an endless angle", 3, [&] { told.angles[1] = std::numeric_limits<double>::infinity(); }},
         {"an angle below the horizontal", 3, [&] { told.angles[0] = -1; }},
@@ -123,8 +124,10 @@ TEST_F(Companion, IsFoundUnderItsOlderNameToo) {
 
 TEST_F(Companion, IsNotAskedWithoutADocumentOrWhenTheSettingIsOff) {
     load("Plotwise", told);
+    vlGlobals::instance()->companion.found = true;
     desk.session().close();
     EXPECT_TRUE(drawsAlong(30, 150));
+    EXPECT_FALSE(vlGlobals::instance()->companion.found); // what it told was of another document
     desk.session().newDocument(10, 10);
     vlGlobals::instance()->usePlotwiseSettings = false;
     desk.selectTool();
