@@ -106,9 +106,17 @@ class SelectionTool final : public SelectingTool {
         document.select(object, true);
     }
 
-    void move(Document& document, Point way, Modifiers /*modifiers*/) override {
-        for (Node* const node : document.selection())
-            if (!node->parent()->selected() && isEditable(*node)) document.offset(*node, way.x, way.y);
+    /// With Option, copies.
+    void move(Document& document, Point way, Modifiers modifiers) override {
+        for (Node* node : document.selection()) {
+            if (node->parent()->selected() || !isEditable(*node)) continue;
+            if (modifiers & kAIOptionKey) {
+                document.select(*node, false);
+                node = &document.duplicate(*node, model::Placement::Above, *node);
+                document.select(*node, true);
+            }
+            document.offset(*node, way.x, way.y);
+        }
     }
 
     void selectWithin(Document& document, const Box& box, bool toggling) override {

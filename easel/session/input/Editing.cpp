@@ -1,6 +1,7 @@
 // Removing objects and anchors.
 #include "session/input/Editing.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -56,7 +57,69 @@ void removeAnchors(Document& document, Node& path) {
     }
 }
 
+/// Topmost first. A group takes along what is in it, a compound path its pieces.
+std::vector<Node*> wholeObjects(Document& document) {
+    std::vector<Node*> objects;
+    for (Node* node : document.selection()) {
+        if (node->isSubpath()) node = node->parent();
+        const bool inside = node->parent()->selected() && node->parent()->type() != model::NodeType::Layer;
+        if (inside || node->effectivelyLocked() || node->effectivelyHidden()) continue;
+        if (std::find(objects.begin(), objects.end(), node) == objects.end()) objects.push_back(node);
+    }
+    return objects;
+}
+
 } // namespace
+
+void selectAll(Document& document) {
+    const model::Journal::Scope oneStep(document.journal());
+    for (Node* layer = document.root().firstChild(); layer; layer = layer->next()) {
+        for (Node* art = layer->firstChild(); art; art = art->next())
+            if (!art->effectivelyLocked() && !art->effectivelyHidden()) document.select(*art, true);
+    }
+}
+
+void duplicateSelected(Document& document) {
+    constexpr double kAside = 10; // points, down and to the right
+    const model::Journal::Scope oneStep(document.journal());
+    const std::vector<Node*> objects = wholeObjects(document);
+    document.deselectAll();
+    for (Node* const object : objects) {
+        Node& copy = document.duplicate(*object, model::Placement::Above, *object);
+        document.offset(copy, kAside, kAside);
+        document.select(copy, true);
+    }
+}
+
+void groupSelected(Document& document) {
+    const model::Journal::Scope oneStep(document.journal());
+    const std::vector<Node*> objects = wholeObjects(document);
+    if (objects.empty() || (objects.size() == 1 && objects[0]->type() == model::NodeType::Group)) return;
+    Node& group = document.create(model::NodeType::Group, model::Placement::Above, *objects.front());
+    for (Node* const object : objects) document.place(*object, model::Placement::AtBottomInside, group);
+    document.select(group, true);
+}
+
+void ungroupSelected(Document& document) {
+    const model::Journal::Scope oneStep(document.journal());
+    for (Node* const group : wholeObjects(document)) {
+        if (group->type() != model::NodeType::Group) continue;
+        while (Node* const child = group->firstChild()) {
+            document.place(*child, model::Placement::Above, *group);
+            document.select(*child, true);
+        }
+        document.remove(*group);
+    }
+}
+
+void arrangeSelected(Document& document, bool toFront) {
+    const model::Journal::Scope oneStep(document.journal());
+    std::vector<Node*> objects = wholeObjects(document);
+    // The last one to go lies outermost.
+    if (toFront) std::reverse(objects.begin(), objects.end());
+    const auto where = toFront ? model::Placement::OnTopInside : model::Placement::AtBottomInside;
+    for (Node* const object : objects) document.place(*object, where, *object->parent());
+}
 
 void removeSelected(Document& document) {
     const model::Journal::Scope oneStep(document.journal());

@@ -10,4 +10,17 @@ namespace easel::session {
 /// goes too.
 void removeSelected(model::Document& document);
 
+/// Selects all that is neither locked nor hidden.
+void selectAll(model::Document& document);
+
+// With whole objects that are selected, and not locked or hidden; each is one step
+/// Puts copies above them, a little aside, and selects these.
+void duplicateSelected(model::Document& document);
+/// Puts them into a new group where the topmost was. Does nothing with one alone that is a group already.
+void groupSelected(model::Document& document);
+/// Puts what the groups among them hold in their places.
+void ungroupSelected(model::Document& document);
+/// Puts them in front of, or behind, all else of what they are in.
+void arrangeSelected(model::Document& document, bool toFront);
+
 } // namespace easel::session

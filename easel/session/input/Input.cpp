@@ -15,17 +15,25 @@ void Input::pressKey(std::int32_t code, Modifiers modifiers) {
     pointer_.setModifiers(modifiers);
     monitors_.notify(kSelectorStageKeyPressed, code);
     if (code == key::kEscape) pointer_.cancel();
-    if (code == key::kLeftBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
-    if (code == key::kRightBracket) pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
+    if (code == key::kLeftBracket && !(modifiers & kAICommandKey)) pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
+    if (code == key::kRightBracket && !(modifiers & kAICommandKey)) pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
     if (!pointer_.pressed() && documents_.front()) messenger_.batch([&] { edit(code); });
 }
 
 void Input::edit(std::int32_t code) {
     model::Document& document = *documents_.front();
     const Modifiers held = pointer_.modifiers();
+    constexpr Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
     if (code == key::kDelete || code == key::kForwardDelete) removeSelected(document);
     if (code == key::kZ && held == kAICommandKey) document.journal().undo();
-    if (code == key::kZ && held == (kAICommandKey | kAIShiftKey)) document.journal().redo();
+    if (code == key::kZ && held == kShiftCommand) document.journal().redo();
+    if (code == key::kA && held == kAICommandKey) selectAll(document);
+    if (code == key::kA && held == kShiftCommand) document.deselectAll();
+    if (code == key::kD && held == kAICommandKey) duplicateSelected(document);
+    if (code == key::kG && held == kAICommandKey) groupSelected(document);
+    if (code == key::kG && held == kShiftCommand) ungroupSelected(document);
+    if (code == key::kRightBracket && held == kShiftCommand) arrangeSelected(document, true);
+    if (code == key::kLeftBracket && held == kShiftCommand) arrangeSelected(document, false);
 }
 
 // Tools

@@ -11,6 +11,9 @@ namespace key {
 inline constexpr std::int32_t kEscape = 0x35;
 inline constexpr std::int32_t kDelete = 0x33;
 inline constexpr std::int32_t kForwardDelete = 0x75;
+inline constexpr std::int32_t kA = 0x00;
+inline constexpr std::int32_t kD = 0x02;
+inline constexpr std::int32_t kG = 0x05;
 inline constexpr std::int32_t kZ = 0x06;
 inline constexpr std::int32_t kLeftBracket = 0x21;
 inline constexpr std::int32_t kRightBracket = 0x1E;
