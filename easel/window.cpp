@@ -139,10 +139,7 @@ int show(int argc, char** argv, const Command& command) {
     return code;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow any more is an error like a full disk
+int run(int argc, char** argv) {
     Command command;
     CLI::App cli{"Easel, a drawing application for axonometric views", "easel-window"};
     cli.set_version_flag("--version", "Easel " EASEL_VERSION, "Print the version and exit");
@@ -158,9 +155,18 @@ int main(int argc, char** argv) {
         if (error.get_exit_code() == 0) return cli.exit(error);
         return fail(Misused, std::string(error.what()) + "; see easel-window --help");
     }
+    return show(argc, argv, command);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow any more is an error like a full disk
+    int code = Failed;
     try {
-        return show(argc, argv, command);
+        code = run(argc, argv);
     } catch (const std::exception& error) {
-        return fail(Failed, error.what());
+        std::fprintf(stderr, "easel-window: %s\n", error.what());
     }
+    return code;
 }

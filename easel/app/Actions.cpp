@@ -167,22 +167,6 @@ void Actions::redo() {
         [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().redo(); }); });
 }
 
-void Actions::removeSelected() { key("Delete", 0); }
-
-void Actions::selectAll() {
-    edit("app.document.select(app.document.paths.filter(function (path) { return !path.locked && !path.hidden; }))",
-         [](model::Document& document) {
-             for (model::Node* layer = document.root().firstChild(); layer; layer = layer->next()) {
-                 for (model::Node* art = layer->firstChild(); art; art = art->next())
-                     if (!art->effectivelyLocked() && !art->effectivelyHidden()) document.select(*art, true);
-             }
-         });
-}
-
-void Actions::deselectAll() {
-    edit("app.document.deselectAll()", [](model::Document& document) { document.deselectAll(); });
-}
-
 void Actions::nudge(double dx, double dy) {
     edit("app.document.move(app.document.selection, " + Recorder::number(dx) + ", " + Recorder::number(dy) + ')',
          [&](model::Document& document) {
@@ -193,15 +177,16 @@ void Actions::nudge(double dx, double dy) {
          });
 }
 
-void Actions::setStyle(const std::function<void(model::Style&)>& change) {
-    edit("// the style of the selection was changed", [&](model::Document& document) {
-        for (model::Node* const node : document.selection()) {
-            if (node->type() != model::NodeType::Path || node->effectivelyLocked()) continue;
-            model::Style style = node->style();
-            change(style);
-            document.setStyle(*node, style);
-        }
-    });
+void Actions::setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change) {
+    edit("app.document.selection.forEach(function (art) { art.style = " + scriptStyle + "; })",
+         [&](model::Document& document) {
+             for (model::Node* const node : document.selection()) {
+                 if (!node->isOutlined() || node->effectivelyLocked()) continue;
+                 model::Style style = node->style();
+                 change(style);
+                 document.setStyle(*node, style);
+             }
+         });
 }
 
 // Layers
@@ -235,6 +220,19 @@ void Actions::setLayerLocked(std::size_t index, bool locked) {
 void Actions::setLayerVisible(std::size_t index, bool visible) {
     edit(layerAt(index) + ".visible = " + (visible ? "true" : "false"),
          [&](model::Document& document) { document.setHidden(layer(index), !visible); });
+}
+
+void Actions::removeLayer(std::size_t index) {
+    if (session_.documents.needFront().layerCount() == 1) throw Error("the last layer cannot be removed");
+    edit("app.document.removeLayer(" + layerAt(index) + ')',
+         [&](model::Document& document) { document.remove(layer(index)); });
+}
+
+void Actions::moveLayer(std::size_t index, std::size_t to) {
+    if (index == to) return;
+    edit("app.document.moveLayer(" + layerAt(index) + ", " + std::to_string(to) + ')', [&](model::Document& document) {
+        document.place(layer(index), to < index ? model::Placement::Above : model::Placement::Below, layer(to));
+    });
 }
 
 // View

@@ -57,11 +57,9 @@ class Actions {
     // Editing; each is one step
     void undo();
     void redo();
-    void removeSelected();
-    void selectAll();
-    void deselectAll();
     void nudge(double dx, double dy);
-    void setStyle(const std::function<void(model::Style&)>& change); ///< of the selected paths
+    /// Of the selected paths, said as scripts say it.
+    void setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change);
 
     // Layers, by their place from the top
     void addLayer(const std::string& title);
@@ -69,6 +67,8 @@ class Actions {
     void setLayerTitle(std::size_t index, const std::string& title);
     void setLayerLocked(std::size_t index, bool locked);
     void setLayerVisible(std::size_t index, bool visible);
+    void removeLayer(std::size_t index);
+    void moveLayer(std::size_t index, std::size_t to);
 
     // View; nobody's undo
     void setSnapping(bool toPoint);

@@ -24,7 +24,7 @@ class Application final : public QApplication {
 
 /// A handler for a signal: what it throws must not cross Qt, which would lose memory.
 template <class Handler> auto guarded(Handler handler) {
-    return [handler = std::move(handler)](auto&&... arguments) {
+    return [handler = std::move(handler)](auto&&... arguments) -> void {
         try {
             if constexpr (std::is_invocable_v<const Handler&, decltype(arguments)...>)
                 handler(std::forward<decltype(arguments)>(arguments)...);

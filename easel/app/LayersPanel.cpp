@@ -47,14 +47,22 @@ LayersPanel::LayersPanel(Actions& actions) : actions_(actions), list_(*new QTree
     header->setSectionResizeMode(Title, QHeaderView::Stretch);
     header->setSectionResizeMode(Count, QHeaderView::ResizeToContents);
 
-    auto* const add = new QToolButton(this);
-    add->setIcon(icon(Symbol::Plus));
-    add->setToolTip("Add a layer above all");
-    add->setAccessibleName("Add layer");
-    add->setObjectName("addLayer");
     auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(add);
+    const auto addButton = [&](Symbol symbol, const char* name, const char* tip, auto what) {
+        auto* const button = new QToolButton(this);
+        button->setIcon(icon(symbol));
+        button->setToolTip(tip);
+        button->setAccessibleName(tip);
+        button->setObjectName(name);
+        buttons->addWidget(button);
+        connect(button, &QToolButton::clicked, this, guarded(what));
+    };
+    addButton(Symbol::Plus, "addLayer", "Add a layer above all", [this] { addLayer(); });
+    addButton(Symbol::Up, "layerUp", "Move the current layer up", [this] { moveCurrent(-1); });
+    addButton(Symbol::Down, "layerDown", "Move the current layer down", [this] { moveCurrent(1); });
     buttons->addStretch();
+    addButton(Symbol::Trash, "removeLayer", "Remove the current layer with all that it holds",
+              [this] { actions_.removeLayer(currentIndex()); });
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
@@ -64,7 +72,6 @@ LayersPanel::LayersPanel(Actions& actions) : actions_(actions), list_(*new QTree
     column->addWidget(&list_, 1);
     column->addLayout(buttons);
 
-    connect(add, &QToolButton::clicked, this, guarded([this] { addLayer(); }));
     connect(&list_, &QTreeWidget::itemClicked, this,
             guarded([this](const QTreeWidgetItem* row, int at) { clicked(*row, at); }));
     connect(&list_, &QTreeWidget::itemDoubleClicked, this, guarded([this](QTreeWidgetItem* row, int at) {
@@ -126,6 +133,19 @@ void LayersPanel::edited(const QTreeWidgetItem& row) {
         actions_.setLayerTitle(index, title);
     else
         refresh();
+}
+
+std::size_t LayersPanel::currentIndex() const {
+    if (!actions_.document()) throw session::Error("no document is open");
+    std::size_t index = 0;
+    while (actions_.document()->layerAt(index) != &actions_.document()->currentLayer()) ++index;
+    return index;
+}
+
+void LayersPanel::moveCurrent(int by) {
+    const int to = static_cast<int>(currentIndex()) + by;
+    if (to >= 0 && to < static_cast<int>(actions_.document()->layerCount()))
+        actions_.moveLayer(currentIndex(), static_cast<std::size_t>(to));
 }
 
 void LayersPanel::addLayer() {

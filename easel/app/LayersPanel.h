@@ -21,6 +21,8 @@ class LayersPanel final : public QWidget {
     void clicked(const QTreeWidgetItem& row, int column);
     void edited(const QTreeWidgetItem& row);
     void addLayer();
+    void moveCurrent(int by); ///< places, down is positive
+    [[nodiscard]] std::size_t currentIndex() const;
     void fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const;
 
     Actions& actions_;

@@ -20,7 +20,7 @@ constexpr double kFarthestPixel = 1e6; // what lies beyond is no place that Qt c
 
 /// A painter on a part of an image, in the units of the document.
 Cairo painterOn(QImage& image, const QRect& part, const Port& port) {
-    unsigned char* const bits = image.bits() + part.y() * image.bytesPerLine() + part.x() * 4;
+    unsigned char* const bits = image.scanLine(part.y()) + qsizetype{4} * part.x();
     const Surface surface(cairo_image_surface_create_for_data(bits, CAIRO_FORMAT_ARGB32, part.width(), part.height(),
                                                               static_cast<int>(image.bytesPerLine())),
                           cairo_surface_destroy);

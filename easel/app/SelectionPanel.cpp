@@ -81,7 +81,8 @@ SelectionPanel::SelectionPanel(Actions& actions) : actions_(actions), title_(*ne
     connect(stroke_, &QDoubleSpinBox::valueChanged, this, guarded([this] {
                 if (filling_) return;
                 const double width = stroke_->value();
-                actions_.setStyle([width](model::Style& style) {
+                const std::string said = width > 0 ? "{width: " + Recorder::number(width) + '}' : "{stroke: null}";
+                actions_.setStyle(said, [width](model::Style& style) {
                     style.stroke = width > 0;
                     if (width > 0) style.strokeWidth = width;
                 });
@@ -140,7 +141,8 @@ void SelectionPanel::chooseColor(bool stroke) {
     const QColor chosen = QColorDialog::getColor(Qt::black, this, stroke ? "Stroke colour" : "Fill colour");
     if (!chosen.isValid() && stroke) return;
     const model::Color color{chosen.redF(), chosen.greenF(), chosen.blueF()};
-    actions_.setStyle([&](model::Style& style) {
+    const std::string value = chosen.isValid() ? Recorder::quoted(chosen.name().toStdString()) : "null";
+    actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}', [&](model::Style& style) {
         if (stroke) {
             style.stroke = true;
             style.strokeColor = color;

@@ -62,44 +62,24 @@ Watch::Change Watch::take(bool gesture) {
     Change change;
     live_.clear();
     if (!document_) return change;
-    const auto lifted = std::exchange(lifted_, {});
+    const auto wereLifted = std::exchange(lifted_, {});
     for (const auto& [slot, before] : touched_) {
         Node* const node = now(before);
         const bool same = isSame(before, node);
         change.real |= !same;
-        const bool isContainer = before.type != NodeType::Path && before.type != NodeType::Opaque;
-        if (isContainer) {
-            // How far a group was moved, or what it is called, shows in nothing but what it holds.
-            const bool shows =
-                !same && !(node && before.alive && before.parent == node->parent() &&
-                           before.order == node->state().order && before.content.hidden == node->hidden());
-            const bool isEmpty = !node || !node->firstChild();
-            change.everything |= shows && !(isEmpty && !before.alive);
-            continue;
+        if (before.type != NodeType::Path && before.type != NodeType::Opaque) {
+            change.everything |= !same && showsAsAWhole(before, node);
+        } else if (gesture) {
+            if (!same) lift(slot, before.id, node);
+            if (before.alive && wereLifted.contains(slot) == same) addBoxes(before, node, change);
+        } else if (!same || wereLifted.contains(slot)) {
+            if (before.alive) change.boxes.push_back(paintedBox(before.content));
+            if (node) change.boxes.push_back(paintedBox(node->content()));
+            if (node) noteReach(*node);
         }
-        const bool wasLifted = lifted.contains(slot);
-        if (gesture) {
-            // A compound path is drawn as one, whatever of it changes.
-            Node* const drawn = node && node->isSubpath() ? node->parent() : node;
-            if (!same) {
-                lifted_.emplace(slot, before.id);
-                if (drawn && drawn != node) lifted_.emplace(drawn->id().slot, drawn->id());
-                if (drawn && !drawn->effectivelyHidden()) live_.push_back(drawn);
-            }
-            // Lifting art out of the picture, or laying it back, paints its old place anew.
-            if (!before.alive || wasLifted != same) continue;
-            change.boxes.push_back(paintedBox(before.content));
-            for (const Node* each = drawn != node ? drawn->firstChild() : nullptr; each; each = each->next())
-                change.boxes.push_back(paintedBox(each->content()));
-            continue;
-        }
-        if (same && !wasLifted) continue;
-        if (before.alive) change.boxes.push_back(paintedBox(before.content));
-        if (node) change.boxes.push_back(paintedBox(node->content()));
-        if (node) noteReach(*node);
     }
     // A compound path that is laid back is painted whole.
-    for (const auto& [slot, id] : lifted) {
+    for (const auto& [slot, id] : wereLifted) {
         const Node* const top = lifted_.contains(slot) ? nullptr : document_->find(id);
         for (const Node* at = top; at; at = model::nextWithin(*top, *at))
             change.boxes.push_back(paintedBox(at->content()));
@@ -110,6 +90,31 @@ Watch::Change Watch::take(bool gesture) {
     std::sort(live_.begin(), live_.end(),
               [](const Node* a, const Node* b) { return Document::comparePaintOrder(*a, *b) > 0; });
     return change;
+}
+
+/// How far a container was moved, or what it is called, shows in nothing but what it holds; one that is new and empty
+/// shows nowhere.
+bool Watch::showsAsAWhole(const Before& before, const Node* node) {
+    const bool stays = node && before.alive && before.parent == node->parent() && before.order == node->state().order &&
+                       before.content.hidden == node->hidden();
+    const bool isEmpty = !node || !node->firstChild();
+    return !stays && (!isEmpty || before.alive);
+}
+
+/// Art that a gesture changes is no part of the picture. A compound path is drawn as one, whatever of it changes.
+void Watch::lift(std::uint32_t slot, model::NodeId id, Node* node) {
+    Node* const drawn = node && node->isSubpath() ? node->parent() : node;
+    lifted_.emplace(slot, id);
+    if (drawn && drawn != node) lifted_.emplace(drawn->id().slot, drawn->id());
+    if (drawn && !drawn->effectivelyHidden()) live_.push_back(drawn);
+}
+
+/// Lifting art out of the picture, or laying it back, paints its old place anew.
+void Watch::addBoxes(const Before& before, const Node* node, Change& change) {
+    change.boxes.push_back(paintedBox(before.content));
+    if (!node || !node->isSubpath()) return;
+    for (const Node* each = node->parent()->firstChild(); each; each = each->next())
+        change.boxes.push_back(paintedBox(each->content()));
 }
 
 } // namespace easel::app

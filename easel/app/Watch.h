@@ -54,6 +54,9 @@ class Watch {
     /// The node as it is now, if it is there.
     [[nodiscard]] model::Node* now(const Before& before) const;
     [[nodiscard]] static bool isSame(const Before& before, const model::Node* node);
+    [[nodiscard]] static bool showsAsAWhole(const Before& before, const model::Node* node);
+    void lift(std::uint32_t slot, model::NodeId id, model::Node* node);
+    static void addBoxes(const Before& before, const model::Node* node, Change& change);
 
     model::Document* document_ = nullptr;
     std::unordered_map<std::uint32_t, Before> touched_; // by slot

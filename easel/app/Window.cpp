@@ -18,7 +18,7 @@
 
 #include <filesystem>
 #include <functional>
-#include <tuple>
+#include <utility>
 
 #include "app/Application.h"
 #include "app/Look.h"
@@ -49,7 +49,8 @@ QIcon toolIcon(const session::Tool& tool) {
 
 std::string hintFor(const session::Tool& tool) {
     if (tool.builtin) return "Click or drag to select; drag what is selected to move it. Shift adds";
-    return tool.tip.empty() ? tool.title : tool.tip;
+    const std::string what = tool.tip.empty() ? tool.title : tool.tip;
+    return what + ": drag; digits give an exact length, Esc takes back";
 }
 
 } // namespace
@@ -131,9 +132,20 @@ void Window::makeEditMenu() {
     add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
     add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
     menu.addSeparator();
-    add(menu, "&Delete", {}, [this] { actions_.removeSelected(); });
-    add(menu, "Select &All", QKeySequence::SelectAll, [this] { actions_.selectAll(); });
-    add(menu, "D&eselect All", QKeySequence("Ctrl+Shift+A"), [this] { actions_.deselectAll(); });
+    constexpr session::Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
+    const auto addKey = [&](const QString& text, const char* keys, const char* name, session::Modifiers held) {
+        add(menu, text, QKeySequence(keys), [this, name, held] { actions_.key(name, held); });
+    };
+    addKey("&Delete", "", "Delete", 0);
+    addKey("D&uplicate", "Ctrl+D", "D", kAICommandKey);
+    menu.addSeparator();
+    addKey("Select &All", "Ctrl+A", "A", kAICommandKey);
+    addKey("D&eselect All", "Ctrl+Shift+A", "A", kShiftCommand);
+    menu.addSeparator();
+    addKey("&Group", "Ctrl+G", "G", kAICommandKey);
+    addKey("U&ngroup", "Ctrl+Shift+G", "G", kShiftCommand);
+    addKey("Bring to &Front", "Ctrl+Shift+]", "]", kShiftCommand);
+    addKey("Send to &Back", "Ctrl+Shift+[", "[", kShiftCommand);
 }
 
 void Window::makeViewMenu() {
@@ -219,61 +231,63 @@ void Window::makeToolbox() {
     addToolBar(Qt::LeftToolBarArea, &toolbox_);
 }
 
+QAction& Window::addTool(const QIcon& picture, const QString& title, const QString& key, std::function<void()> what) {
+    QAction* const action = toolbox_.addAction(picture, title);
+    action->setCheckable(true);
+    action->setToolTip(title + (key.isEmpty() ? QString() : " (" + key + ')'));
+    if (!key.isEmpty()) action->setShortcut(key);
+    tools_->addAction(action);
+    connect(action, &QAction::triggered, this, guarded([this, what = std::move(what)] {
+                what();
+                canvas_.setFocus();
+            }));
+    return *action;
+}
+
 /// The host's tools, those of plug-ins, then the window's own.
-void Window::showTools() {
-    session::Session& session = actions_.session();
-    const session::ToolChanges& changes = session.toolbox.changes();
-    const unsigned count = changes.members + changes.titles + changes.tips + changes.looks;
-    if (shownTools_ != count) {
-        shownTools_ = count;
-        toolbox_.clear();
-        toolActions_.clear();
-        delete tools_;
-        tools_ = new QActionGroup(this);
-        const auto addTool = [&](const QIcon& picture, const std::string& title, const QString& key) {
-            QAction* const action = toolbox_.addAction(picture, QString::fromStdString(title));
-            action->setCheckable(true);
-            action->setToolTip(QString::fromStdString(title) + (key.isEmpty() ? QString() : " (" + key + ')'));
-            if (!key.isEmpty()) action->setShortcut(key);
-            tools_->addAction(action);
-            return action;
-        };
-        int number = 0;
-        bool wasBuiltin = true;
-        for (session::Tool* const tool : session.toolbox.all()) {
-            const bool isFirst = toolActions_.empty();
-            const QString key = tool->builtin ? QString(isFirst ? "V" : "A") : QString::number(++number);
-            if (wasBuiltin && !tool->builtin) toolbox_.addSeparator();
-            wasBuiltin = tool->builtin != nullptr;
-            QAction* const action =
-                addTool(tool->builtin ? icon(isFirst ? Symbol::Select : Symbol::DirectSelect) : toolIcon(*tool),
-                        tool->title, number > 9 ? QString() : key);
-            toolActions_[tool->handle] = action;
-            connect(action, &QAction::triggered, this, guarded([this, handle = tool->handle] {
-                        canvas_.setHandling(Handling::Tool);
-                        session::Tool* const chosen = actions_.session().toolbox.find(handle);
-                        if (chosen) actions_.selectTool(*chosen);
-                        canvas_.setFocus();
-                    }));
-            toolbox_.widgetForAction(action)->installEventFilter(this);
-        }
-        toolbox_.addSeparator();
-        for (const auto& [symbol, title, key, handling] :
-             {std::tuple(Symbol::Hand, "Hand", "H", Handling::Hand), {Symbol::Zoom, "Zoom", "Z", Handling::Zoom}}) {
-            QAction* const action = addTool(icon(symbol), title, key);
-            connect(action, &QAction::triggered, this, guarded([this, which = handling] {
-                        canvas_.setHandling(which);
-                        canvas_.setFocus();
-                        showTools();
-                    }));
-        }
+void Window::fillToolbox() {
+    toolbox_.clear();
+    toolActions_.clear();
+    delete tools_;
+    tools_ = new QActionGroup(this);
+    int number = 0;
+    for (const session::Tool* const tool : actions_.session().toolbox.all()) {
+        const bool isFirst = toolActions_.empty();
+        if (tool->owner && number == 0) toolbox_.addSeparator();
+        constexpr int kMostKeys = 9;
+        const QString key = tool->builtin           ? QString(isFirst ? "V" : "A")
+                            : ++number <= kMostKeys ? QString::number(number)
+                                                    : QString();
+        const QIcon picture = tool->builtin ? icon(isFirst ? Symbol::Select : Symbol::DirectSelect) : toolIcon(*tool);
+        QAction& action = addTool(picture, QString::fromStdString(tool->title), key, [this, handle = tool->handle] {
+            canvas_.setHandling(Handling::Tool);
+            session::Tool* const chosen = actions_.session().toolbox.find(handle);
+            if (chosen) actions_.selectTool(*chosen);
+        });
+        toolActions_[tool->handle] = &action;
+        toolbox_.widgetForAction(&action)->installEventFilter(this);
     }
-    const session::Tool& current = *session.toolbox.current();
-    if (canvas_.handling() == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
-    hint_.setText(QString::fromStdString(canvas_.handling() == Handling::Hand ? "Drag to move the view"
-                                         : canvas_.handling() == Handling::Zoom
-                                             ? "Click to zoom in, Alt-click to zoom out"
-                                             : hintFor(current)));
+    toolbox_.addSeparator();
+    const auto handle = [this](Handling which) {
+        return [this, which] {
+            canvas_.setHandling(which);
+            showTools();
+        };
+    };
+    addTool(icon(Symbol::Hand), "Hand", "H", handle(Handling::Hand));
+    addTool(icon(Symbol::Zoom), "Zoom", "Z", handle(Handling::Zoom));
+}
+
+void Window::showTools() {
+    const session::ToolChanges& changes = actions_.session().toolbox.changes();
+    const unsigned count = changes.members + changes.titles + changes.tips + changes.looks;
+    if (std::exchange(shownTools_, count) != count) fillToolbox();
+    const session::Tool& current = *actions_.session().toolbox.current();
+    const Handling handling = canvas_.handling();
+    if (handling == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
+    hint_.setText(QString::fromStdString(handling == Handling::Hand   ? "Drag to move the view"
+                                         : handling == Handling::Zoom ? "Click to zoom in, Alt-click to zoom out"
+                                                                      : hintFor(current)));
 }
 
 /// A double click on a tool asks it for its dialog.

@@ -67,6 +67,8 @@ class Window final : public QMainWindow {
     void refresh(); ///< after an act
     void showTitle();
     void showView();
+    QAction& addTool(const QIcon& picture, const QString& title, const QString& key, std::function<void()> what);
+    void fillToolbox();
     void showTools();
     void fillPluginMenu(QMenu& menu);
     void setDark(bool dark);

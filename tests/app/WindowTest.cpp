@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QToolButton>
 #include <QTreeWidget>
 
 #include <cmath>
@@ -156,18 +157,56 @@ TEST_F(WindowTest, SaysWhyALayerTakesNoArt) {
     EXPECT_EQ(document().currentLayer().name(), "Named");
 }
 
-TEST_F(WindowTest, NudgesSelectsAndRemoves) {
+TEST_F(WindowTest, KeysEditWhatIsSelected) {
     chooseTool("Isometric Line Tool");
     stroke({{100, 100}, {100, 60}});
+    const auto command = [&](const char* name, easel::session::Modifiers more = 0) {
+        actions->key(name, kAICommandKey | more);
+    };
     const Point before = topPath().points[0].anchor;
-    actions->selectAll();
+    command("A");
     key(canvas(), Qt::Key_Right);
     key(canvas(), Qt::Key_Up, {}, Qt::ShiftModifier);
     EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
-    key(canvas(), Qt::Key_Backspace);
-    EXPECT_EQ(paths(), 0U);
-    actions->undo();
+    command("D");
+    EXPECT_EQ(paths(), 2U);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 11, before.y}));
+    command("[", kAIShiftKey);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
+    command("A");
+    command("G");
     EXPECT_EQ(paths(), 1U);
+    command("G", kAIShiftKey);
+    EXPECT_EQ(paths(), 2U);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10})); // still in front
+    // A drag with Option leaves the original where it is.
+    actions->key("A", kAICommandKey | kAIShiftKey);
+    chooseTool("Selection Tool");
+    press({101, 70}, Qt::AltModifier);
+    drag({141, 70}, Qt::AltModifier);
+    drag({151, 70}, Qt::AltModifier);
+    release({151, 70}, Qt::AltModifier);
+    EXPECT_EQ(paths(), 3U);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 51, before.y - 10}));
+    key(canvas(), Qt::Key_Backspace);
+    EXPECT_EQ(paths(), 2U);
+    actions->undo();
+    EXPECT_EQ(paths(), 3U);
+}
+
+TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
+    actions->addLayer("Upper");
+    const auto press = [&](const char* name) { window->findChild<QToolButton*>(name)->click(); };
+    press("layerDown");
+    EXPECT_EQ(document().layerAt(1)->name(), "Upper");
+    press("layerDown");
+    press("layerUp");
+    EXPECT_EQ(document().layerAt(0)->name(), "Upper");
+    press("removeLayer");
+    press("removeLayer");
+    EXPECT_EQ(document().layerCount(), 1U);
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0], "the last layer cannot be removed");
 }
 
 // View
@@ -214,9 +253,9 @@ TEST_F(WindowTest, ShowsTheRenderersPicture) {
         EXPECT_LT(difference(shown, png), 0.001) << drawing;
 
         chooseTool("Selection Tool");
-        actions->selectAll();
+        actions->key("A", kAICommandKey);
         actions->nudge(7, 5);
-        actions->deselectAll();
+        actions->key("A", kAICommandKey | kAIShiftKey);
         ASSERT_TRUE(await([&] { return canvas().isTrue(); }));
         const std::string moved = easel::svg::picture(document(), easel::svg::PictureFormat::Png, {}, drawing);
         EXPECT_LT(difference(canvas().grab().toImage().copy(QRect(corner, shown.size())), moved), 0.001) << drawing;

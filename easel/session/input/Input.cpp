@@ -15,8 +15,10 @@ void Input::pressKey(std::int32_t code, Modifiers modifiers) {
     pointer_.setModifiers(modifiers);
     monitors_.notify(kSelectorStageKeyPressed, code);
     if (code == key::kEscape) pointer_.cancel();
-    if (code == key::kLeftBracket && !(modifiers & kAICommandKey)) pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
-    if (code == key::kRightBracket && !(modifiers & kAICommandKey)) pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
+    if (code == key::kLeftBracket && !(modifiers & kAICommandKey))
+        pointer_.sendTo(*toolbox_.current(), kSelectorAIDecreaseDiameter);
+    if (code == key::kRightBracket && !(modifiers & kAICommandKey))
+        pointer_.sendTo(*toolbox_.current(), kSelectorAIIncreaseDiameter);
     if (!pointer_.pressed() && documents_.front()) messenger_.batch([&] { edit(code); });
 }
 
