@@ -118,6 +118,7 @@ int show(int argc, char** argv, const Command& command) {
     application.failed = [&window](const QString& why) { window.tell(why); };
     session.alerts.handler = [&window](const session::Alert& alert) { return app::showAlert(alert, window); };
     session.dialogs.face = [&](session::Dialog& dialog) { app::showDialog(session.dialogs, dialog, window); };
+    session.browser.open = app::openAddress;
     endOnSignals(application);
     window.show();
     window.activateWindow(); // without a window manager nobody else does

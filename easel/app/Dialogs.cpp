@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QInputMethodEvent>
 #include <QLabel>
@@ -13,6 +14,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QUrl>
 
 #include <algorithm>
 #include <cmath>
@@ -26,8 +28,6 @@ namespace easel::app {
 
 namespace {
 
-constexpr const char* kDeleteKey = "\x7f";
-
 QString textOf(const session::Widget& widget) { return QString::fromStdString(widget.text); }
 
 /// Characters before a place of a text, and the other way round: Qt counts those beyond U+FFFF twice.
@@ -38,6 +38,23 @@ int placeOf(const QString& text, std::int32_t characters) {
     const QList<uint> codes = text.toUcs4().mid(0, characters);
     return static_cast<int>(
         QString::fromUcs4(reinterpret_cast<const char32_t*>(codes.constData()), codes.size()).size());
+}
+
+QString deleteKey() { return QString::fromUtf8(session::kDeleteKey.data(), session::kDeleteKey.size()); }
+
+/// What a key is told as that moves the caret or has a function; 0 for others.
+int codeWithoutCharacter(int key) {
+    switch (key) {
+    case Qt::Key_Up: return 0xF700;
+    case Qt::Key_Down: return 0xF701;
+    case Qt::Key_Left: return 0xF702;
+    case Qt::Key_Right: return 0xF703;
+    case Qt::Key_Home: return 0xF729;
+    case Qt::Key_End: return 0xF72B;
+    case Qt::Key_PageUp: return 0xF72C;
+    case Qt::Key_PageDown: return 0xF72D;
+    default: return key >= Qt::Key_F1 && key <= Qt::Key_F35 ? 0xF704 + key - Qt::Key_F1 : 0;
+    }
 }
 
 QWidget& parentFor(QWidget& window) {
@@ -85,12 +102,16 @@ class StagedDialog final : public QDialog {
             if (fieldOf(id) && reason == Qt::MouseFocusReason) act([&] { dialogs_.moveFocus(dialog_, id); });
             return false;
         }
+        case QEvent::MouseButtonPress: inDoubleClick_ = false; return false;
         case QEvent::MouseButtonRelease:
+            if (std::exchange(inDoubleClick_, false)) return true; // its end is no click
             if (kindOf(id) == kStageLabel) act([&] { dialogs_.click(dialog_, id); });
             return false;
         case QEvent::MouseButtonDblClick:
-            if (kindOf(id) == kStageLabel) act([&] { dialogs_.doubleClick(dialog_, id); });
-            return false;
+            if (kindOf(id) != kStageLabel && kindOf(id) != kStageButton) return false;
+            inDoubleClick_ = true;
+            act([&] { dialogs_.doubleClick(dialog_, id); });
+            return true;
         default: return false;
         }
     }
@@ -142,22 +163,28 @@ class StagedDialog final : public QDialog {
             type(id, QApplication::clipboard()->text());
         } else if (event.matches(QKeySequence::Cut)) {
             field->copy();
-            if (field->hasSelectedText()) type(id, kDeleteKey);
+            if (field->hasSelectedText()) type(id, deleteKey());
         } else if (event.key() == Qt::Key_Backspace) {
-            type(id, kDeleteKey);
+            type(id, deleteKey());
         } else if (event.key() == Qt::Key_Delete) {
             if (!field->hasSelectedText()) field->cursorForward(true);
-            if (field->hasSelectedText()) type(id, kDeleteKey);
+            field->hasSelectedText() ? type(id, deleteKey()) : typeNothing(id, deleteKey());
+        } else if (const int code = codeWithoutCharacter(event.key()); code != 0) {
+            field->event(&event); // moves the caret, selects
+            typeNothing(id, QChar(code));
         } else if (!event.text().isEmpty() && event.text()[0].isPrint() && !(event.modifiers() & Qt::ControlModifier)) {
             type(id, event.text());
         } else {
-            return false; // moves the caret, selects, copies
+            return false; // selects all, copies
         }
         return true;
     }
 
     void type(int id, const QString& characters) {
         act([&] { dialogs_.type(dialog_, id, characters.toStdString()); });
+    }
+    void typeNothing(int id, const QString& key) {
+        act([&] { dialogs_.typeNothing(dialog_, id, key.toStdString()); });
     }
 
     /// Passes on what the user did. The dialog may have ended by then, or be another.
@@ -284,6 +311,7 @@ class StagedDialog final : public QDialog {
     session::Dialogs& dialogs_;
     session::Dialog& dialog_;
     std::map<int, QWidget*> widgets_; // by the plug-in's number
+    bool inDoubleClick_ = false;      // and its button still down
 };
 
 } // namespace
@@ -317,6 +345,11 @@ void showDialog(session::Dialogs& dialogs, session::Dialog& dialog, QWidget& win
     const Activating activating(window);
     StagedDialog shown(dialogs, dialog, parentFor(window));
     shown.exec();
+}
+
+void openAddress(const std::string& address) {
+    const QUrl url(QString::fromStdString(address));
+    if (url.scheme() == "http" || url.scheme() == "https") QDesktopServices::openUrl(url);
 }
 
 } // namespace easel::app

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 
 #include "session/frame/Alerts.h"
 #include "session/frame/Dialogs.h"
@@ -14,5 +15,8 @@ namespace easel::app {
 /// Both wait for the user. `window` is what they lie over, unless a dialog is open already.
 [[nodiscard]] std::size_t showAlert(const session::Alert& alert, QWidget& window);
 void showDialog(session::Dialogs& dialogs, session::Dialog& dialog, QWidget& window);
+
+/// Has the user's browser open an address of the web, and no other.
+void openAddress(const std::string& address);
 
 } // namespace easel::app

@@ -12,7 +12,6 @@ namespace {
 
 constexpr const char* kHandlerKey = "onDialog";
 constexpr const char* kThrownKey = "thrown in onDialog";
-constexpr const char* kDeleteKey = "\x7f";
 constexpr const char* kNumberKey = DUK_HIDDEN_SYMBOL("number");
 
 constexpr std::string_view kAlertKinds[] = {"message", "error", "confirm", "question"};
@@ -141,7 +140,7 @@ void type(Host& host, const ThisDialog& dialog, const std::string& label, const 
         all->selectionStart = 0;
         all->selectionEnd = static_cast<std::int32_t>(all->text.size()); // no text has more characters than bytes
     }
-    if (text.empty()) dialogs.type(live, id, kDeleteKey);
+    if (text.empty()) dialogs.type(live, id, std::string(session::kDeleteKey));
     for (std::size_t at = 0; at < text.size();) {
         std::size_t end = at + 1;
         while (end < text.size() && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80) ++end;
@@ -162,8 +161,17 @@ void clickLabel(Host& host, const ThisDialog& dialog, const std::string& text) {
     host.session.dialogs.click(live(dialog), widgetNamed(live(dialog), kStageLabel, text).id);
 }
 
+void twice(session::Dialogs& dialogs, session::Dialog& dialog, std::int32_t widget) {
+    dialogs.click(dialog, widget);
+    dialogs.doubleClick(dialog, widget);
+}
+
 void doubleClickLabel(Host& host, const ThisDialog& dialog, const std::string& text) {
-    host.session.dialogs.doubleClick(live(dialog), widgetNamed(live(dialog), kStageLabel, text).id);
+    twice(host.session.dialogs, live(dialog), widgetNamed(live(dialog), kStageLabel, text).id);
+}
+
+void doubleClick(Host& host, const ThisDialog& dialog, const std::string& button) {
+    twice(host.session.dialogs, live(dialog), widgetNamed(live(dialog), kStageButton, button).id);
 }
 
 void choose(const Dialog& dialog, std::size_t button) {
@@ -194,14 +202,24 @@ void pressInAlert(const Dialog& dialog, const std::string& key) {
 constexpr std::pair<std::string_view, std::int32_t> kKeys[] = {
     {"Return", kStageReturnKey}, {"Escape", kStageEscapeKey}, {"Tab", kStageTabKey}, {"BackTab", kStageBackTabKey}};
 
+/// Go to the field that has the focus.
+constexpr std::pair<std::string_view, std::string_view> kFieldKeys[] = {
+    {"Delete", session::kDeleteKey}, {"Left", session::kLeftKey}, {"Right", session::kRightKey},
+    {"Up", session::kUpKey},         {"Down", session::kDownKey}, {"Home", session::kHomeKey},
+    {"End", session::kEndKey},       {"F1", session::kF1Key}};
+
 void press(Host& host, const ThisDialog& dialog, const std::string& key) {
     if (dialog->alert) return pressInAlert(dialog, key);
     session::Dialog& live = script::live(dialog);
     for (const auto& [name, number] : kKeys)
         if (key == name) return host.session.dialogs.press(live, number);
-    if (key == "Delete") return host.session.dialogs.type(live, live.focus, kDeleteKey);
-    throw session::Error("a dialog takes the keys \"Return\", \"Escape\", \"Tab\", \"BackTab\" and \"Delete\", not \"" +
-                         key + '"');
+    std::vector<std::string> known;
+    for (const auto& [name, number] : kKeys) known.emplace_back(name);
+    for (const auto& [name, characters] : kFieldKeys) {
+        if (key == name) return host.session.dialogs.type(live, live.focus, std::string(characters));
+        known.emplace_back(name);
+    }
+    throw session::Error("a dialog takes the keys " + quoted(known) + ", not \"" + key + '"');
 }
 
 void closeDialog(Host& host, const ThisDialog& dialog) {
@@ -229,6 +247,7 @@ constexpr Row kDialogCalls[] = {
     method<clickLabel>("dialog.clickLabel", "text"),
     method<doubleClickLabel>("dialog.doubleClickLabel", "text"),
     method<click>("dialog.click", "button"),
+    method<doubleClick>("dialog.doubleClick", "button"),
     method<press>("dialog.press", "key"),
     method<closeDialog>("dialog.close", ""),
     method<runFor>("dialog.runFor", "seconds"),
@@ -241,7 +260,7 @@ void showWithoutAsking(session::Session& session, std::ostream& out) {
         out << kindOf(alert) << ": " << alert.text;
         if (alert.buttons.size() > 1) out << " [" << alert.buttons.front() << ']';
         out << std::endl;
-        return std::size_t{0};
+        return std::nullopt;
     };
     session.dialogs.face = [&out](const session::Dialog& dialog) { out << "dialog: " << dialog.title << std::endl; };
 }

@@ -12,7 +12,9 @@ namespace {
 
 void openURL(std::string_view url) {
     require(!url.empty());
-    host<session::Browser>().opened.emplace_back(url);
+    session::Browser& browser = host<session::Browser>();
+    browser.opened.emplace_back(url);
+    if (browser.open) browser.open(browser.opened.back());
 }
 
 } // namespace

@@ -89,12 +89,15 @@ AIRealPoint getFittingSize(const StageWidget& widget) {
     return fittingSize(widgetOf(widget));
 }
 
-std::int32_t showAlert(std::int32_t kind, std::string_view text, const char* const& firstButton, std::int32_t count) {
+void showAlert(std::int32_t kind, std::string_view text, const char* const& firstButton, std::int32_t count,
+               std::int32_t& chosen, AIBoolean& asked) {
     host<Dialogs>().requireStaged();
     require(kind >= kStageMessageAlert && kind <= kStageQuestionAlert && count >= 1 && count <= 3);
     session::Alert alert{.kind = static_cast<session::Alert::Kind>(kind), .text = std::string(text), .buttons = {}};
     for (std::int32_t i = 0; i < count; ++i) alert.buttons.emplace_back(&required((&firstButton)[i]));
-    return static_cast<std::int32_t>(host<session::Alerts>().show(alert));
+    const std::optional<std::size_t> answer = host<session::Alerts>().show(alert);
+    chosen = static_cast<std::int32_t>(answer.value_or(0));
+    asked = answer.has_value();
 }
 
 } // namespace

@@ -70,8 +70,9 @@ typedef struct StageWidget {
 
 /* What the user does to a dialog. */
 enum {
-    /* Changed a field's text by one keystroke or a paste: `text` is all of it now, `typed` what came in, "\x7f" for
-     * either of the Delete keys; keys without a character have one of the private use area, from U+F700 on. */
+    /* Pressed a key in a field, or pasted: `text` is all of the field's now, changed or not, `typed` what came in,
+     * "\x7f" for either of the Delete keys; keys without a character, such as the arrows, have one of the private use
+     * area, from U+F700 on. */
     kStageTyping = 1,
     /* Ended the editing of a field, which keeps the focus. */
     kStageCommit = 2,
@@ -122,8 +123,10 @@ typedef struct StageSuite {
     /* Has the host note a line under the plug-in's name where it notes what goes wrong. */
     AIErr (*Log)(SPPluginRef self, const char* line);
     /* Shows an alert with one to three buttons, of which the first is the default and Escape chooses the last, and
-     * waits for the user: `chosen` counts from 0. kBadParameterErr: another kind, or another number of buttons. */
-    AIErr (*ShowAlert)(int32_t kind, const char* text, const char* const* buttons, int32_t count, int32_t* chosen);
+     * waits for the user: `chosen` counts from 0. Where nobody is there to be `asked` it is the default.
+     * kBadParameterErr: another kind, or another number of buttons. */
+    AIErr (*ShowAlert)(int32_t kind, const char* text, const char* const* buttons, int32_t count, int32_t* chosen,
+                       AIBoolean* asked);
     AIErr (*Beep)(void);
     /* The folder that plug-ins keep the user's preferences in, which exists. The text is valid until the application
      * ends. */

@@ -48,7 +48,8 @@ void About::postStartup() {
     dialog_ = kzo::core::ModalDialog(std::string("About ") + product::kName, kSize);
     addLabels();
     addButtons();
-    updateUserLabel(); // the host may ask for the box by itself
+    // The host may ask for the box by itself.
+    dialog_.setShowCallback(Bound(this, &About::updateUserLabel));
     kzo::core::Plugin::instance()->setAboutBox(dialog_);
 }
 
@@ -89,10 +90,7 @@ void About::updateUserLabel() {
     userLabel_.setText(host.userName() + (organization.empty() ? "" : " - " + organization));
 }
 
-void About::__aboutBoxCB() {
-    updateUserLabel();
-    dialog_.show();
-}
+void About::__aboutBoxCB() { dialog_.show(); }
 
 void About::__checkUpdatesBtnCB() {
     dialog_.dismiss();

@@ -99,8 +99,6 @@ class vlBasePrefs {
     bool manual_ = false;                             ///< the user asked for the check that runs
     std::unique_ptr<kzo::core::InternetGET> request_; ///< null when no check runs
     std::string lastGoodDays_;                        ///< what the days field held before a wrong character
-    std::shared_ptr<const bool> life_ =
-        std::make_shared<bool>(); ///< to see afterwards whether this object is still there
     kzo::core::ModalDialog updateDialog_;
     kzo::core::Label updateMessage_;
     kzo::core::Checkbox automaticCheckbox_;

@@ -43,10 +43,11 @@ std::int32_t wholeDays(double days) {
     return static_cast<std::int32_t>(std::clamp(std::trunc(days), double{kLeastInterval}, double{kMostInterval}));
 }
 
-/// What a reply says, 0 for what is no number.
+/// What a reply says, 0 for what is no number. What is too large for one is infinite, and so newer than any.
 double versionOf(const std::string& reply) {
     double version = 0;
-    return scanNumber(reply, version) && std::isfinite(version) ? version : 0;
+    scanNumber(reply, version);
+    return version;
 }
 
 } // namespace
@@ -104,10 +105,8 @@ void vlBasePrefs::verifyVersionOKCB() {
     if (reply.size() > 1) {
         const bool newer = versionOf(reply) > product::kVersion;
         if (!newer && !manual_) return;
-        const std::weak_ptr<const bool> life = life_;
         showUpdateBox(newer ? "An update to version " + reply + " for " + kTheProduct + " is available."
                             : "Your " + kTheProduct + " is up to date.");
-        if (life.expired()) return; // the host has ended under the dialog
         incrementVersCheck();
         due_ = false;
     } else if (manual_) {

@@ -102,10 +102,9 @@ void Plugin::preShutdown() {
 }
 
 void Plugin::shutdown() {
+    // Both stay, for the host may end in an alert that a callback of theirs shows.
     about_->shutdown();
     prefs_->shutdown();
-    about_.reset();
-    prefs_.reset();
     lineTool_.destroy();
     moverTool_.destroy();
 }

@@ -114,6 +114,45 @@ TEST_F(WindowTest, AGestureEndsWhenADialogOpensOverIt) {
     EXPECT_EQ(paths(), 0U);
 }
 
+/// What a plug-in hears of keys and clicks, "event:typed" each.
+TEST_F(WindowTest, TellsPluginsOfEveryKeyAndClick) {
+    static std::string heard;
+    heard.clear();
+    auto& plugin = session->plugins.attach("Hearing", [](const char*, const char* selector, void* message) -> SPErr {
+        if (std::string(selector) != kSelectorStageDialogEvent) return kNoErr;
+        const auto& event = *static_cast<const StageDialogMessage*>(message);
+        heard += std::to_string(event.event) + (event.typed ? std::string(":") + event.typed : "") + " ";
+        return kNoErr;
+    });
+    session->start();
+    easel::session::Dialog& dialog = session->dialogs.add(plugin, "Keys", 200, 100);
+    for (const std::int32_t kind : {kStageLabel, kStageTextField, kStageButton}) {
+        easel::session::Widget widget;
+        widget.id = widget.kind = kind;
+        widget.frame = {0, kind * 20., 99, kind * 20. + 19};
+        widget.text = std::to_string(kind);
+        easel::session::Dialogs::setWidget(dialog, widget);
+    }
+    easel::session::Dialogs::setFocus(dialog, kStageTextField);
+    whenAsked<QDialog>([&](QDialog& shown) {
+        const auto part = [&](int id) { return shown.findChild<QWidget*>(QString::number(id)); };
+        for (const auto code : {Qt::Key_Left, Qt::Key_F1, Qt::Key_End, Qt::Key_Delete})
+            key(*part(kStageTextField), code);
+        for (const int id : {kStageLabel, kStageButton})
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                                    QEvent::MouseButtonRelease, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                const QPointF middle(5, 5);
+                QMouseEvent event(type, middle, part(id)->mapToGlobal(middle.toPoint()), Qt::LeftButton,
+                                  type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+                QApplication::sendEvent(part(id), &event);
+            }
+        easel::session::Dialogs::end(dialog);
+        key(shown, Qt::Key_Escape);
+    });
+    session->dialogs.run(dialog);
+    EXPECT_EQ(heard, "1:\xEF\x9C\x82 1:\xEF\x9C\x84 1:\xEF\x9C\xAB 1:\x7f 3 4 3 3 4 3 ");
+}
+
 /// The plug-in's own dialog, by keys and mouse; what comes of it is in the plug-in's file.
 TEST_F(WindowTest, ShowsDialogsOfPlugins) {
     std::string title;

@@ -190,6 +190,7 @@ TEST_F(ProductDialogs, SayWhatComesOfAnUpdateCheck) {
         {"16.210001", newer("16.210001"), newer("16.210001")},
         {"nonsense", current, ""},
         {"nan", current, ""},
+        {"1e400", newer("1e400"), newer("1e400")},
         {"", failed, ""},
         {"9", failed, ""},
         {"17\x01\xff\n", newer("17 \xef\xbf\xbd\n"), newer("17 \xef\xbf\xbd\n")},
@@ -238,6 +239,9 @@ TEST_F(ProductDialogs, KeepTheScheduleOfUpdateChecks) {
         {days("99999999999999999999") + notNow, advice, "90"},
         {days("") + notNow, "", "7"},
         {days("3x4") + "print(d.field('days')); " + notNow, "34\n" + advice, "34"},
+        {days("12") +
+             "d.press('Home'); d.press('Delete'); print(d.field('days')); d.press('End'); d.press('Delete'); " + notNow,
+         "12\n", "1"},
         {days("5") + "d.commit('days'); print(d.focused); " + notNow, "null\n", "5"},
         {"d.check('Check for updates every'); print(d.widgets[2].enabled, d.focused); " + notNow,
          "Are you sure you want to disable this? " + advice + "false null\n", "7", false},
@@ -258,15 +262,49 @@ TEST_F(ProductDialogs, KeepTheScheduleOfUpdateChecks) {
 }
 
 TEST_F(ProductDialogs, AboutLeadsToTheMaker) {
-    EXPECT_EQ(
-        played(kQuiet, "about(function (d) { print(d.widgets[2].text); d.click('Acknowledgements');\n"
-                       "  d.click('Web site'); d.press('Return'); }); about(function (d) { d.press('Escape'); });\n"
-                       "print(app.openedURLs);"),
-        "Ada\nThis plugin is built on the kzo plug-in framework, with thanks to its authors.\n" + server->url("/\n"));
+    const std::string thanks = "This plugin is built on the kzo plug-in framework, with thanks to its authors.\n";
+    EXPECT_EQ(played(kQuiet,
+                     "about(function (d) { print(d.widgets[2].text); d.doubleClick('Acknowledgements');\n"
+                     "  d.click('Web site'); d.press('Return'); }); about(function (d) { d.press('Escape'); });\n"
+                     "print(app.openedURLs);"),
+              "Ada\n" + thanks + thanks + server->url("/\n"));
+    EXPECT_EQ(played(kQuiet,
+                     "app.userOrganization = 'Umbra'; user = function (d) { print(d.widgets[2].text); d.close(); };\n"
+                     "app.sendMessage('Ortholine', 'SP Interface', 'About');"),
+              "Ada - Umbra\n")
+        << "asked for by the host";
     // The host ends under each of the dialogs.
     server->setNewest("16.3");
     for (const char* opens : {"prefs", "about", "check"})
         EXPECT_EQ(played(kQuiet, std::string(opens) + "(function (d) { app.quit(); });"), "") << opens;
+    // And in alerts that their buttons show: what a button is for is done all the same.
+    const std::string ends = "app.onDialog(function (d) {\n"
+                             "  if (d.kind === 'dialog') return user(d);\n"
+                             "  app.quit(); d.press('Return'); });\n";
+    const std::array<std::string, 4> rows[] = {
+        {"prefs", "d.type('Z (right) axis angle:', '95'); d.click('OK');", "zAxis", "95"},
+        {"check", "d.type('days', '30'); d.click('Get Update');", "vCheckFreq", "30"},
+        {"check", "d.type('days', '30'); d.click('Not Now');", "vCheckFreq", "30"},
+        {"check", "d.check('Check for updates every');", "autoVCheck", "false"},
+        {"about", "d.click('Acknowledgements');", "autoVCheck", "true"},
+    };
+    for (const auto& [opens, does, key, value] : rows) {
+        EXPECT_EQ(played(R"({"Prefs":{"vCheckDue":"2999-01-01"}})", ends + opens + "(function (d) { " + does + " });"),
+                  "");
+        EXPECT_EQ(kept(key), value) << does;
+    }
+    {
+        easel::session::Session first; // in the welcome
+        desk::Folder fresh;
+        first.plugins.attach("Ortholine", PluginMain);
+        first.profile.use(fresh.path());
+        first.alerts.handler = [&](const auto&) {
+            first.quit();
+            return std::size_t{0};
+        };
+        first.start();
+        EXPECT_TRUE(std::filesystem::exists(fresh.path(kFile)));
+    }
     // A user's name of any bytes and length is cut and cleaned.
     userName.clear();
     for (int i = 0; i < 10000; ++i) userName += "\x07x\xff";
@@ -324,6 +362,16 @@ TEST_F(ProductDialogs, AskOnceBeforeLoadingIntoAnotherHost) {
         session.identity.majorVersion = 20;
         const desk::Refusing mute(easel::suites::Tables::of(*session.suites), &StageSuite::ShowAlert);
         EXPECT_EQ(session.start().size(), 1U);
+    }
+    {
+        std::ostringstream out;
+        easel::session::Session session;
+        session.plugins.attach("Ortholine", PluginMain);
+        session.profile.use(folder.path());
+        session.identity.majorVersion = 20;
+        easel::script::showWithoutAsking(session, out);
+        EXPECT_TRUE(session.start().empty()) << "loaded for this once";
+        EXPECT_NE(out.str().find("[Yes, load it]"), std::string::npos);
     }
     EXPECT_FALSE(std::filesystem::exists(folder.path(HostPreferences::kFile))) << "nobody was asked";
     EXPECT_EQ(started(20, 0, false), asked);

@@ -7,8 +7,8 @@
 
 namespace {
 
-/// A plug-in that shows an alert when it is sent the message "Show", and answers the number of the chosen button. The
-/// selector is the alert's kind and buttons: "3 Yes No".
+/// A plug-in that shows an alert when it is sent the message "Show", and answers the number of the chosen button, and
+/// 10 more where nobody was asked. The selector is the alert's kind and buttons: "3 Yes No".
 SPErr alerting(const char* caller, const char* selector, void* message) {
     const void* table = nullptr;
     if (std::string(caller) != "Show") return kNoErr;
@@ -22,11 +22,12 @@ SPErr alerting(const char* caller, const char* selector, void* message) {
     std::vector<const char*> buttons;
     for (const std::string& title : titles) buttons.push_back(title.c_str());
     std::int32_t chosen = -1;
+    AIBoolean asked = 0;
     const auto* const stage = static_cast<const StageSuite*>(table);
     const AIErr error =
-        stage->ShowAlert(kind, "Sure?", buttons.data(), static_cast<std::int32_t>(buttons.size()), &chosen);
+        stage->ShowAlert(kind, "Sure?", buttons.data(), static_cast<std::int32_t>(buttons.size()), &chosen, &asked);
     basic->ReleaseSuite(kStageSuite, kStageSuiteVersion);
-    return error == kNoErr ? chosen : error == kBadParameterErr ? 50 : 99;
+    return error == kNoErr ? chosen + (asked ? 0 : 10) : error == kBadParameterErr ? 50 : 99;
 }
 
 class Dialogs : public desk::Playing {
@@ -41,9 +42,9 @@ class Dialogs : public desk::Playing {
 };
 
 TEST_F(Dialogs, ArePrintedAndTakeTheirDefaultButtonWithoutAHandler) {
-    EXPECT_EQ(playing("null", "1 OK"), "message: Sure?\n0\n");
-    EXPECT_EQ(playing("undefined", "2 OK"), "error: Sure?\n0\n");
-    EXPECT_EQ(playing("null"), "confirm: Sure? [Yes]\n0\n");
+    EXPECT_EQ(playing("null", "1 OK"), "message: Sure?\n10\n");
+    EXPECT_EQ(playing("undefined", "2 OK"), "error: Sure?\n10\n");
+    EXPECT_EQ(playing("null"), "confirm: Sure? [Yes]\n10\n");
     for (const char* wrong : {"0 OK", "5 OK", "1", "1 a b c d"}) EXPECT_EQ(playing("null", wrong), "50\n") << wrong;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,9 @@ struct Identity {
     [[nodiscard]] static std::string loginName();
 };
 
-/// Without a face that has a browser, addresses are only noted.
 struct Browser {
-    std::vector<std::string> opened; ///< in their order
+    std::function<void(const std::string& address)> open; ///< without a face that has a browser, it is only noted
+    std::vector<std::string> opened;                      ///< in their order
 };
 
 } // namespace easel::session

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,15 +19,15 @@ struct Alert {
 
 class Alerts {
   public:
-    /// Returns the index of the chosen button.
-    using Handler = std::function<std::size_t(const Alert&)>;
+    /// Returns the index of the button that was chosen, or nothing where nobody was there to choose.
+    using Handler = std::function<std::optional<std::size_t>(const Alert&)>;
 
-    Handler handler; ///< without one the default button is chosen
+    Handler handler;
     int beeps = 0;
 
-    [[nodiscard]] std::size_t show(const Alert& alert) const {
+    [[nodiscard]] std::optional<std::size_t> show(const Alert& alert) const {
         const Handler chooses = handler; // which may set another one
-        return chooses ? chooses(alert) : 0;
+        return chooses ? chooses(alert) : std::nullopt;
     }
 };
 

@@ -10,8 +10,6 @@ namespace easel::session {
 
 namespace {
 
-constexpr std::string_view kDelete = "\x7f";
-
 bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; }
 
 std::int32_t length(std::string_view text) {
@@ -24,6 +22,26 @@ std::size_t offsetOf(std::string_view text, std::int32_t character) {
     for (; at < text.size(); ++at)
         if (startsCharacter(text[at]) && character-- == 0) break;
     return at;
+}
+
+/// Whether the characters stand for a key that has none of its own, U+F700 to U+F73F.
+bool isNoCharacter(std::string_view characters) { return characters.size() == 3 && characters.starts_with("\xEF\x9C"); }
+
+void moveCaret(Widget& field, std::string_view key) {
+    const std::int32_t end = length(field.text);
+    const bool selects = field.selectionStart < field.selectionEnd;
+    std::int32_t at = field.selectionStart;
+    if (key == kUpKey || key == kHomeKey)
+        at = 0;
+    else if (key == kDownKey || key == kEndKey)
+        at = end;
+    else if (key == kLeftKey)
+        at = selects ? at : std::max(0, at - 1);
+    else if (key == kRightKey)
+        at = selects ? field.selectionEnd : std::min(end, at + 1);
+    else
+        return;
+    field.selectionStart = field.selectionEnd = at;
 }
 
 bool finite(const AIRealRect& r) {
@@ -172,15 +190,24 @@ void Dialogs::type(Dialog& dialog, std::int32_t id, const std::string& character
     moveFocus(dialog, id);
     Widget* const field = dialog.find(id);
     if (!field || dialog.focus != id || dialog.ended) return;
-    const bool deletes = characters == kDelete;
+    if (isNoCharacter(characters)) {
+        moveCaret(*field, characters);
+        return typeNothing(dialog, id, characters);
+    }
+    const bool deletes = characters == kDeleteKey;
     std::int32_t start = field->selectionStart;
     if (deletes && start == field->selectionEnd && start > 0) --start;
     const std::size_t from = offsetOf(field->text, start);
     const std::size_t to = offsetOf(field->text, field->selectionEnd);
-    if (deletes && from == to) return;
     const std::string put = deletes ? "" : characters;
     field->text.replace(from, to - from, put);
     field->selectionStart = field->selectionEnd = start + length(put);
+    typeNothing(dialog, id, characters);
+}
+
+void Dialogs::typeNothing(Dialog& dialog, std::int32_t id, const std::string& key) {
+    const Widget* const field = dialog.find(id);
+    if (!field || dialog.focus != id) return;
     const std::string text = field->text;
     tell(dialog, {.d = {},
                   .dialog = nullptr,
@@ -189,7 +216,7 @@ void Dialogs::type(Dialog& dialog, std::int32_t id, const std::string& character
                   .key = 0,
                   .checked = 0,
                   .text = text.c_str(),
-                  .typed = characters.c_str()});
+                  .typed = key.c_str()});
 }
 
 namespace {
@@ -223,9 +250,8 @@ void Dialogs::click(Dialog& dialog, std::int32_t id) {
 }
 
 void Dialogs::doubleClick(Dialog& dialog, std::int32_t id) {
-    click(dialog, id);
     const Widget* const widget = dialog.find(id);
-    if (widget && widget->enabled) tell(dialog, about(kStageDoubleClick, id));
+    if (widget && widget->visible && widget->enabled) tell(dialog, about(kStageDoubleClick, id));
 }
 
 void Dialogs::press(Dialog& dialog, std::int32_t key) {

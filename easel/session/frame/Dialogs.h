@@ -13,6 +13,16 @@
 
 namespace easel::session {
 
+// Keys of a field, as characters: those that have none of their own have one of the private use area.
+inline constexpr std::string_view kDeleteKey = "\x7f";
+inline constexpr std::string_view kUpKey = "\xEF\x9C\x80"; // U+F700
+inline constexpr std::string_view kDownKey = "\xEF\x9C\x81";
+inline constexpr std::string_view kLeftKey = "\xEF\x9C\x82";
+inline constexpr std::string_view kRightKey = "\xEF\x9C\x83";
+inline constexpr std::string_view kF1Key = "\xEF\x9C\x84"; // U+F704, with the others behind it
+inline constexpr std::string_view kHomeKey = "\xEF\x9C\xA9";
+inline constexpr std::string_view kEndKey = "\xEF\x9C\xAB";
+
 /// A widget as it was handed over, with texts of its own.
 struct Widget {
     std::int32_t id = 0;
@@ -77,13 +87,15 @@ class Dialogs {
     void requireStaged() const;
 
     // What the user does; the plug-in hears of it and may do anything then, so that a widget may be gone afterwards
-    /// One keystroke: the characters take the place of the selection. "\x7f" is the Delete key.
+    /// One keystroke: the characters take the place of the selection, or a key of a field does what it is for.
     void type(Dialog& dialog, std::int32_t field, const std::string& characters);
+    /// One that left the text as it was, whatever it did to the caret.
+    void typeNothing(Dialog& dialog, std::int32_t field, const std::string& key);
     void moveFocus(Dialog& dialog, std::int32_t field);
     void commit(Dialog& dialog, std::int32_t field);
     void click(Dialog& dialog, std::int32_t widget);
-    void doubleClick(Dialog& dialog, std::int32_t widget);
-    void press(Dialog& dialog, std::int32_t key); ///< kStageReturnKey ...
+    void doubleClick(Dialog& dialog, std::int32_t widget); ///< the second click of one
+    void press(Dialog& dialog, std::int32_t key);          ///< kStageReturnKey ...
     void close(Dialog& dialog);
 
   private:

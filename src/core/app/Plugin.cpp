@@ -205,6 +205,8 @@ void Plugin::__decline() {
 }
 
 std::int32_t Plugin::shutDownOwn() {
+    for (const auto& dialog : {impl_->aboutBox, impl_->prefsDialog})
+        if (dialog) dialog->destroy();
     dispatcher_.reset();
     Illustrator::__destroy();
     alerts::setState(true);

@@ -5,7 +5,8 @@
 
 namespace kzo::core {
 
-/// Return clicks the default button, Escape and the dialog's close button the cancel button.
+/// Return clicks the default button, Escape and the dialog's close button the cancel button. A click leaves the focus
+/// in the field that has it.
 class Button : public Widget {
   public:
     Button() = default; ///< empty
@@ -17,7 +18,7 @@ class Button : public Widget {
 
     [[nodiscard]] Callback* clickCallback() const;
     void setClickCallback(const Callback& callback);
-    [[nodiscard]] Callback* doubleClickCallback() const; // after that of the clicks
+    [[nodiscard]] Callback* doubleClickCallback() const; // in place of the second click's
     void setDoubleClickCallback(const Callback& callback);
     void click(); ///< as if the user did; nothing where it is disabled or hidden
 };

@@ -65,6 +65,9 @@ void ModalDialog::update() { ask(impl(), &Impl::update); }
 
 // The user's choice
 
+void ModalDialog::setShowCallback(const Callback& callback) {
+    if (impl()) impl()->showing.set(callback);
+}
 void ModalDialog::show() { ask(impl(), &Impl::show); }
 void ModalDialog::dismiss() { ask(impl(), &Impl::dismiss); }
 bool ModalDialog::visible() const { return ask(impl(), &Impl::visible); }

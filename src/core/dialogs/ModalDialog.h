@@ -59,6 +59,9 @@ class ModalDialog : public Handle<plugin::ModalDialog> {
     void setTabOrder(const std::vector<TextField>& fields); ///< empty: all fields, as they were added
     void update();                                          ///< shows everything again
 
+    /// Runs before it shows, whoever asks for that.
+    void setShowCallback(const Callback& callback);
+
     // The user's choice
     void show(); ///< and waits until it is dismissed; nothing while it shows already
     void dismiss();

@@ -51,7 +51,8 @@ class Widget : public Handle<plugin::Widget> {
     void setEnabled(bool enabled);
     void update(); ///< shows it again
 
-    // The focus: which field the keys go to. Before the dialog shows these say where it will be at first.
+    // The focus: which field the keys go to; no other kind of widget takes it, or has any to give up. Before the
+    // dialog shows these say where it will be at first.
     void focus();
     void blur(); ///< ends the editing, which is a commit
     [[nodiscard]] bool hasFocus() const;

@@ -19,6 +19,19 @@ std::string lastCharacter(const std::string& text) {
     return text.substr(at);
 }
 
+/// A flag that is up until the end of a block, however that ends.
+class Raised {
+  public:
+    explicit Raised(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
+    ~Raised() { flag_ = outer_; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+  private:
+    bool& flag_;
+    bool outer_;
+};
+
 } // namespace
 
 void ModalDialog::handle(const WindowEvent& event) {
@@ -54,6 +67,7 @@ void ModalDialog::typed(Widget& field, const WindowEvent& event) {
     field.lastTyped = lastCharacter(event.typed);
     if (field.state_.text != event.text) widgetChanged(field);
     lastWidgets().changing = field.weak_from_this();
+    const Raised beingTyped(field.beingTyped_);
     field.changing.run();
 }
 
@@ -77,7 +91,9 @@ void ModalDialog::pressed(Widget& button) {
     clicking_ = outer;
 }
 
+/// Whoever clicks a button fast that makes nothing of it has clicked it again.
 void ModalDialog::doubleClicked(Widget& widget) {
+    if (widget.is(WidgetType::Button) && !widget.doubleClicked.get()) return pressed(widget);
     lastWidgets().clicked = widget.weak_from_this();
     widget.doubleClicked.run();
 }
@@ -131,6 +147,13 @@ ModalDialog::Widgets ModalDialog::fieldsInOrder() const {
     return fields;
 }
 
+WidgetId ModalDialog::focusAtFirst() const {
+    const auto wanted = wantsFocus_ ? find(*wantsFocus_) : nullptr;
+    if (wantsFocus_ == kNoWidget || (wanted && wanted->canBeUsed())) return *wantsFocus_;
+    const Widgets fields = fieldsInOrder();
+    return fields.empty() ? kNoWidget : fields.front()->handle();
+}
+
 void ModalDialog::setFocus(WidgetId id) {
     if (!visible()) {
         wantsFocus_ = id;
@@ -163,7 +186,7 @@ void ModalDialog::focusNext(int step) {
         setFocus(fields[static_cast<std::size_t>(next)]->handle());
 }
 
-/// Nobody hears of what was typed; whoever ends the editing so knows of it.
+/// Nobody hears of what was typed: the default button's callback looks for itself, and the cancel button's gives it up.
 void ModalDialog::endEditing() {
     const auto field = find(std::exchange(focused_, kNoWidget));
     if (!field) return;

@@ -54,13 +54,14 @@ ModalDialog::OwnButton ModalDialog::ownButton(const DialogButton& button, core::
 void ModalDialog::show() {
     if (!alive_ || window_) return;
     const std::shared_ptr<ModalDialog> held = shared_from_this();
+    showing.run();
+    if (!alive_ || window_) return; // destroyed or shown by that
     const std::unique_ptr<Window> window = platform().windows().make(*this);
     if (!window) return;
     window_ = window.get();
     ending_ = false;
     chosen_.reset();
-    const Widgets fields = fieldsInOrder();
-    const auto first = find(wantsFocus_.value_or(fields.empty() ? kNoWidget : fields.front()->handle()));
+    const auto first = find(focusAtFirst());
     const auto selected = first ? first->state().selection : std::nullopt;
     update();
     window_->setBrightness(platform().windows().brightness());
@@ -133,13 +134,14 @@ void ModalDialog::remove(const Widget& widget) {
     const auto at = std::find_if(widgets_.begin(), widgets_.end(), same);
     if (at == widgets_.end()) return;
     const std::shared_ptr<Widget> held = *at;
-    held->giveUpFocus();
+    const bool isLeft = visible() && held->hasFocus();
     held->window_.reset();
     widgets_.erase(at);
     std::erase_if(tabOrder_, same);
-    if (!window_) return;
-    window_->removeWidget(widget.handle());
+    if (isLeft) setFocus(kNoWidget);
+    if (window_) window_->removeWidget(widget.handle());
     update();
+    if (isLeft) report(*held);
 }
 
 void ModalDialog::update() {

@@ -51,7 +51,8 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     void update(); ///< shows everything again
 
     // Life
-    void show(); ///< and waits until it is dismissed
+    core::CallbackSlot showing; ///< brings it up to date before it shows
+    void show();                ///< and waits until it is dismissed
     void dismiss();
     [[nodiscard]] bool visible() const { return window_ && !ending_; }
     /// The button whose click closed it last; null when it was none.
@@ -87,6 +88,7 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     [[nodiscard]] std::shared_ptr<Widget> find(WidgetId id) const;
     [[nodiscard]] std::shared_ptr<Widget> buttonOf(core::ButtonStyle style) const;
     [[nodiscard]] Widgets fieldsInOrder() const;
+    [[nodiscard]] WidgetId focusAtFirst() const; ///< when it opens
     void setFocus(WidgetId id);
     void focusMoved(WidgetId id);
     void focusNext(int step);

@@ -64,9 +64,11 @@ void Widget::setWidth(double width) {
 }
 
 void Widget::setText(const std::string& text) {
-    reported_ = cleanedFor(state_.type, text);
-    if (state_.text == reported_) return;
-    state_.text = reported_;
+    const std::string shown = cleanedFor(state_.type, text);
+    // What comes of a keystroke stays the user's, to be reported when he is done.
+    if (!beingTyped_) reported_ = shown;
+    if (state_.text == shown) return;
+    state_.text = shown;
     state_.selection.reset();
     fitHeight();
     tell();
@@ -77,13 +79,13 @@ void Widget::setTooltip(const std::string& tooltip) {
 }
 
 void Widget::setVisible(bool visible) {
-    if (!visible) giveUpFocus();
     change(state_.visible, visible);
+    if (!visible) giveUpFocus();
 }
 
 void Widget::setEnabled(bool enabled) {
-    if (!enabled) giveUpFocus();
     change(state_.enabled, enabled);
+    if (!enabled) giveUpFocus();
 }
 
 void Widget::setChecked(bool checked) { change(state_.checked, checked); }
@@ -120,16 +122,17 @@ void Widget::focus() {
 
 void Widget::blur() {
     const auto dialog = window_.lock();
-    if (dialog && (hasFocus() || !dialog->visible())) dialog->setFocus(kNoWidget);
+    if (dialog && hasFocus()) dialog->setFocus(kNoWidget);
 }
 
 bool Widget::hasFocus() const {
     const auto dialog = window_.lock();
-    return dialog && dialog->visible() && dialog->focused_ == id_;
+    return dialog && id_ == (dialog->visible() ? dialog->focused_ : dialog->focusAtFirst());
 }
 
-void Widget::giveUpFocus() const {
-    if (hasFocus()) window_.lock()->endEditing();
+void Widget::giveUpFocus() {
+    const auto dialog = window_.lock();
+    if (dialog && dialog->visible()) blur();
 }
 
 void Widget::click() {

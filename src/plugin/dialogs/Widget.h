@@ -42,7 +42,7 @@ class Widget : public std::enable_shared_from_this<Widget> {
     [[nodiscard]] geo::Size idealSize() const;
     void update() { tell(); } ///< shows it again
 
-    // The focus, which fields can have
+    // The focus, which only fields can have
     void focus();
     void blur();
     [[nodiscard]] bool hasFocus() const;
@@ -67,12 +67,13 @@ class Widget : public std::enable_shared_from_this<Widget> {
     template <class Value> void change(Value& value, const Value& to);
     void fitHeight();
     void tell();
-    void giveUpFocus() const;
+    void giveUpFocus(); ///< of what can be used no longer
 
     WidgetId id_;
     WidgetState state_;
     bool heightSet_ = false;
-    std::string reported_; ///< the text that its owner knows of: set by it, or reported to it as changed
+    std::string reported_;    ///< the text that its owner knows of: set by it, or reported to it as changed
+    bool beingTyped_ = false; ///< its callback for keystrokes runs
     std::weak_ptr<ModalDialog> window_;
 };
 

@@ -20,7 +20,6 @@
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/RefCountMap.h"
 #include "plugin/platform/Platform.h"
-#include "plugin/platform/stage/StageWindows.h"
 
 namespace kzo::plugin {
 
@@ -220,7 +219,7 @@ void BasePlugin::handleAbout() {
 }
 
 void BasePlugin::handleDialogEvent() {
-    if (const void* const record = Dispatcher::executing()->record) StageWindows::handleMessage(record);
+    if (const void* const record = Dispatcher::executing()->record) platform().windows().handleMessage(record);
 }
 
 void BasePlugin::followMarks() {

@@ -36,11 +36,11 @@ struct WidgetState {
 /// What the user does. A window tells nothing of what it is told itself, say where the focus goes.
 struct WindowEvent {
     enum class Kind {
-        Typing = 1, ///< `text` is the field's now, `typed` the keystroke
-        Commit = 2, ///< the editing of a field has ended, though the focus stays
-        Click = 3,  ///< a checkbox has its new state already
-        DoubleClick = 4,
-        FocusMoved = 5, ///< to `widget`, or to none
+        Typing = 1,      ///< `text` is the field's now, changed or not, `typed` the keystroke
+        Commit = 2,      ///< the editing of a field has ended, though the focus stays
+        Click = 3,       ///< a checkbox has its new state already
+        DoubleClick = 4, ///< in place of the second click
+        FocusMoved = 5,  ///< to `widget`, or to none
         Key = 6,
         Close = 7
     };
@@ -88,6 +88,8 @@ class Windows {
     /// its frame; on one line where that is 0.
     [[nodiscard]] virtual geo::Size fittingSize(const WidgetState& state) const = 0;
     [[nodiscard]] virtual double brightness() const = 0; ///< of the interface, 0 dark to 1 light
+    /// What the host tells of a window, by its message's record; for windows that the host shows.
+    virtual void handleMessage(const void* /*record*/) {}
 
   protected:
     ~Windows() = default;

@@ -141,19 +141,34 @@ TEST_F(Dialogs, ReportACommitOnce) {
             for (int i = 0; i < 3; ++i) hosts().commit(open, id);
             EXPECT_EQ(changes, 1);
             hosts().type(open, id, "3");
-            field.setEnabled(false); // which ends the editing, but is no doing of the user's
-            EXPECT_EQ(changes, 1);
+            field.setEnabled(false); // by which it is left
+            EXPECT_EQ(changes, 2);
             EXPECT_EQ(open.focus, 0);
             field.setEnabled(true);
             field.focus();
+            field.setValueChangingCallback(callback([&] { field.setText("9"); }));
             hosts().type(open, id, "4");
+            EXPECT_EQ(changes, 2);
+            hosts().commit(open, id);
+            EXPECT_EQ(changes, 3) << "of a text that its keystroke led to";
+            field.setValueChangingCallback(callback([] {}));
+            hosts().type(open, id, "5");
+            dialog.removeWidget(field);
+            EXPECT_EQ(changes, 4);
+            dialog.addWidget(field);
+            field.focus();
+            hosts().type(open, id, "6");
             hosts().press(open, kStageReturnKey);
             hosts().commit(open, id); // by a host that is late with it
         };
+        EXPECT_TRUE(field.hasFocus()) << "as soon as it shows";
+        field.blur();
+        EXPECT_FALSE(field.hasFocus());
+        field.focus();
         dialog.show();
         EXPECT_EQ(dialog.chosenButton(), dialog.okButton());
     });
-    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(changes, 4);
     EXPECT_EQ(pressed, 1);
 }
 
@@ -186,6 +201,20 @@ TEST_F(Dialogs, KeepWhatTheyAreTold) {
             EXPECT_EQ(field.text(), "axyc");
             EXPECT_EQ(field.selectionRange(), (SelectionRange{3, 3}));
             EXPECT_EQ(Widget::lastValueChangingWidget(), field);
+            int keys = 0;
+            field.setValueChangingCallback(callback([&] { ++keys; }));
+            namespace keyed = easel::session;
+            const std::pair<std::string_view, std::size_t> carets[] = {
+                {keyed::kLeftKey, 2},   {keyed::kRightKey, 3}, {keyed::kUpKey, 0},    {keyed::kLeftKey, 0},
+                {keyed::kDeleteKey, 0}, {keyed::kEndKey, 4},   {keyed::kRightKey, 4}, {keyed::kHomeKey, 0},
+                {keyed::kDownKey, 4},   {keyed::kF1Key, 4}};
+            for (const auto& [key, place] : carets) {
+                hosts().type(open, shownField.id, std::string(key));
+                EXPECT_EQ(field.lastCharTyped(), key);
+                EXPECT_EQ(field.selectionRange(), (SelectionRange{place, place})) << keys;
+            }
+            EXPECT_EQ(keys, 10);
+            EXPECT_EQ(field.text(), "axyc");
             box.setVisible(false);
             EXPECT_FALSE(open.widgets[2].visible);
             box.click(); // nobody could
@@ -195,6 +224,13 @@ TEST_F(Dialogs, KeepWhatTheyAreTold) {
             hosts().press(open, kStageReturnKey);
             EXPECT_TRUE(dialog.visible()) << "OK was told not to close it";
             EXPECT_EQ(Widget::lastClickedWidget(), dialog.okButton());
+            const std::int32_t ok = open.widgets.back().id;
+            hosts().doubleClick(open, ok);
+            EXPECT_EQ(pressed, 2) << "nobody cares for its double clicks";
+            int twice = 0;
+            dialog.okButton().setDoubleClickCallback(callback([&] { ++twice; }));
+            hosts().doubleClick(open, ok);
+            EXPECT_EQ(twice * 10 + pressed, 12);
             dialog.show(); // it does already
         };
         dialog.show();

@@ -77,10 +77,13 @@ class StageAlerts final : public Alerts {
         for (const std::string& title : alert.buttons) titles.push_back(title.c_str());
         const auto count = static_cast<std::int32_t>(titles.size());
         std::int32_t chosen = 0;
+        AIBoolean seen = 0;
         if (host::call<&StageSuite::ShowAlert>(static_cast<std::int32_t>(alert.kind), alert.text.c_str(), titles.data(),
-                                               count, &chosen) &&
-            chosen >= 0 && chosen < count)
+                                               count, &chosen, &seen) &&
+            chosen >= 0 && chosen < count) {
+            asked = seen != 0;
             return static_cast<std::size_t>(chosen);
+        }
         asked = false;
         std::fprintf(stderr, "%s\n", alert.text.c_str());
         return titles.size() - 1;

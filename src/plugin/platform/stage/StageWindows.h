@@ -7,12 +7,10 @@ namespace kzo::plugin {
 
 class StageWindows final : public Windows {
   public:
-    /// What the host tells of a dialog, by its message's record.
-    static void handleMessage(const void* record);
-
     [[nodiscard]] std::unique_ptr<Window> make(WindowOwner& owner) override;
     [[nodiscard]] geo::Size fittingSize(const WidgetState& state) const override;
     [[nodiscard]] double brightness() const override;
+    void handleMessage(const void* record) override;
 };
 
 } // namespace kzo::plugin
