@@ -68,6 +68,8 @@ function(layer name dir)
         add_library(${name} OBJECT ${sources})
         target_link_libraries(${name} PRIVATE project_flags ${roots} ${ARG_LIBRARIES})
     endif()
+    # Objective-C++, which only some plug-ins are compiled with, checks its own.
+    list(FILTER headers EXCLUDE REGEX "cocoa/")
     if(HOUSE_CHECK_HEADERS AND headers)
         set(header_roots ${name}_root)
         foreach(known ${ARG_HEADERS_DEPEND})
