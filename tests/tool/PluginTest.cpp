@@ -15,7 +15,9 @@ const desk::Folder* maker = nullptr; // where the file with the base tool's numb
 std::string recorded;                // what stood in it when the next plug-in started
 
 SPErr nextPlugin(const char* caller, const char* selector, void*) {
-    if (std::string(caller) + selector == "SP InterfaceStartup") recorded = maker->content("Velloran/Base tool");
+    const bool starts =
+        std::string_view(caller) == kSPInterfaceCaller && std::string_view(selector) == kSPInterfaceStartupSelector;
+    if (starts) recorded = maker->content("Velloran/Base tool");
     return kNoErr;
 }
 
