@@ -153,19 +153,20 @@ struct Dashes {
 
 /// Paint of a path. The default is what a new path gets: no fill, a solid black stroke of 1 point.
 struct Style {
+    // Side by side, since there may be as many styles as paths.
     bool fill = false;
     bool stroke = true;
     bool evenOdd = false; ///< the rule that tells what is filled, else nonzero
+    Cap cap = Cap::Butt;
+    Join join = Join::Miter;
+    Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
+    bool overprintFill = false;              ///< printed over what lies below, not in place of it
+    bool overprintStroke = false;
     Color fillColor;
     Color strokeColor;
     double strokeWidth = 1;
     double miterLimit = 10;
-    Cap cap = Cap::Butt;
-    Join join = Join::Miter;
-    Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
-    Shared<Dashes> dash{};                   ///< nothing in most styles, of which there may be as many as paths
-    bool overprintFill = false;              ///< printed over what lies below, not in place of it
-    bool overprintStroke = false;
+    Shared<Dashes> dash{}; ///< nothing in most styles
 
     [[nodiscard]] const Dashes& dashes() const;
     void setDashes(const Dashes& dashes);

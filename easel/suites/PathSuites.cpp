@@ -195,15 +195,15 @@ model::Style styleFromHost(const AIPathStyle& in) {
     require(in.dash.length >= 0 && in.dash.length <= kMaxDashComponents && std::isfinite(in.dash.offset));
     model::Style style{.fill = in.fillPaint != 0,
                        .stroke = in.strokePaint != 0,
-                       .fillColor = color(in.fillColor),
-                       .strokeColor = color(in.strokeColor),
-                       .strokeWidth = in.strokeWidth,
-                       .miterLimit = in.miterLimit,
                        .cap = static_cast<model::Cap>(in.cap),
                        .join = static_cast<model::Join>(in.join),
                        .alignment = {},
                        .overprintFill = in.fillOverprint != 0,
-                       .overprintStroke = in.strokeOverprint != 0};
+                       .overprintStroke = in.strokeOverprint != 0,
+                       .fillColor = color(in.fillColor),
+                       .strokeColor = color(in.strokeColor),
+                       .strokeWidth = in.strokeWidth,
+                       .miterLimit = in.miterLimit};
     model::Dashes dashes{.count = static_cast<std::uint8_t>(in.dash.length), .offset = in.dash.offset, .lengths = {}};
     for (std::size_t i = 0; i < dashes.count; ++i) {
         require(in.dash.array[i] >= 0 && std::isfinite(in.dash.array[i]));

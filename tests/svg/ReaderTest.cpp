@@ -285,9 +285,14 @@ TEST(Reader, StylesAreInheritedAndOverridden) {
                                "stroke-dasharray:1,2 3;stroke-dashoffset:.5; fill:none !important' stroke-width='3px'",
                                "stroke='#0f0' fill='blue' stroke-width='9'");
     const model::Shared<model::Dashes> dash(model::Dashes{6, 0.5, {1, 2, 3, 1, 2, 3}});
-    EXPECT_EQ(
-        full,
-        (Style{false, true, false, {0, 0, 1}, {0, 1, 0}, 3, 7, Cap::Projecting, Join::Round, Alignment::Center, dash}));
+    EXPECT_EQ(full, (Style{.fill = false,
+                           .cap = Cap::Projecting,
+                           .join = Join::Round,
+                           .fillColor = {0, 0, 1},
+                           .strokeColor = {0, 1, 0},
+                           .strokeWidth = 3,
+                           .miterLimit = 7,
+                           .dash = dash}));
 
     const struct {
         const char* value;
