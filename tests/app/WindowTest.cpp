@@ -1,7 +1,9 @@
 // The window as a hand uses it: drawing, keys, files, questions, panels, and what it shows.
 #include <QAction>
 #include <QCheckBox>
+#include <QDesktopServices>
 #include <QLineEdit>
+#include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -151,6 +153,19 @@ TEST_F(WindowTest, TellsPluginsOfEveryKeyAndClick) {
     });
     session->dialogs.run(dialog);
     EXPECT_EQ(heard, "1:\xEF\x9C\x82 1:\xEF\x9C\x84 1:\xEF\x9C\xAB 1:\x7f 3 4 3 3 4 3 ");
+}
+
+TEST_F(WindowTest, OpensAddressesOfTheWebAlone) {
+    QTextBrowser browser; // whose signal stands in for the user's
+    std::string opened;
+    QObject::connect(&browser, &QTextBrowser::anchorClicked,
+                     [&](const QUrl& url) { opened += url.toString().toStdString() + ' '; });
+    for (const char* scheme : {"http", "https", "file"})
+        QDesktopServices::setUrlHandler(scheme, &browser, "anchorClicked");
+    for (const char* address : {"http://a.example/", "https://b.example/?c=d", "file:///etc/passwd", "none"})
+        easel::app::openAddress(address);
+    for (const char* scheme : {"http", "https", "file"}) QDesktopServices::unsetUrlHandler(scheme);
+    EXPECT_EQ(opened, "http://a.example/ https://b.example/?c=d ");
 }
 
 /// The plug-in's own dialog, by keys and mouse; what comes of it is in the plug-in's file.
