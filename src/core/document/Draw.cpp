@@ -1,6 +1,7 @@
 // Paths out of the points of elementary shapes, and text.
 #include "core/document/Draw.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -61,7 +62,10 @@ Path through(const std::vector<ArtboardPoint>& points) {
 
 Path ellipseOf(const ArtboardPoint& center, double width, double height, bool reversed) {
     Path path = geo::ellipse(plain(center), width, height);
-    if (reversed) path.reverse();
+    if (reversed) {
+        path.reverse();
+        std::rotate(path.anchors.begin(), path.anchors.end() - 1, path.anchors.end()); // begins at the top all the same
+    }
     return path;
 }
 

@@ -28,6 +28,10 @@ class PathArt {
   public:
     using SegPoints = std::vector<ArtboardSegPoint>;
     using Intersections = std::vector<PathIntersection>;
+    using SegPointSelectionState = core::SegPointSelectionState;
+    using TrimDirectionType = core::TrimDirectionType;
+    using WindingOrderType = core::WindingOrderType;
+    using StrokeAlignment = core::StrokeAlignment;
 
     explicit PathArt(const Art* owner) : owner_(owner) {}
     PathArt(const PathArt&) = delete;

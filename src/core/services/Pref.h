@@ -82,13 +82,14 @@ using SizePref = Pref<Size>;                       // width, height
 using FontPref = Pref<Font>;                       // fontName (a text), fontSize
 using TransformMatrixPref = Pref<TransformMatrix>; // a, b, c, d, tx, ty
 using DashStylePref = Pref<DashStyle>;             // dashes (an array of at most 6), dashOffset
-using FillStylePref = Pref<FillStyle>;             // fillPainted (a switch), fillColor (as ArtColorPref)
+using FillStylePref = Pref<FillStyle>;             // fillPainted (a switch), fillColor (as ArtColorPref),
+                                                   // fillOverprint (a switch)
 using StrokeStylePref = Pref<StrokeStyle>;         // strokePainted (a switch), strokeColor (as ArtColorPref),
                                                    // strokeWidth, miterLimit, cap (110 butt, 120 round,
                                                    // 130 projecting), join (110 miter, 120 round, 130 bevel),
-                                                   // dash (as DashStylePref)
+                                                   // dash (as DashStylePref), strokeOverprint (a switch)
 using DashStyleMapPref = Pref<DashStyleMap>;       // dashes, dashOffset, both switches
-using FillStyleMapPref = Pref<FillStyleMap>;       // fillPainted, fillColor, both switches
+using FillStyleMapPref = Pref<FillStyleMap>;       // the members of FillStylePref as switches
 using StrokeStyleMapPref = Pref<StrokeStyleMap>;   // the members of StrokeStylePref as switches, dash as
                                                    // DashStyleMapPref
 

@@ -38,6 +38,7 @@ struct DashStyleMap {
 struct FillStyleMap {
     bool painted = false;
     bool color = false;
+    bool overprint = false;
 
     bool operator==(const FillStyleMap&) const = default;
 };
@@ -50,6 +51,7 @@ struct StrokeStyleMap {
     bool cap = false;
     bool join = false;
     DashStyleMap dash;
+    bool overprint = false;
 
     bool operator==(const StrokeStyleMap&) const = default;
 };

@@ -73,13 +73,16 @@ bool PathArt::reshape(const geo::Path& from, const geo::Path& to) {
 
 std::int16_t PathArt::segPointCount() const { return get<&AIPathSuite::GetPathSegmentCount>(); }
 
-bool PathArt::setSegPointCount(std::int16_t count) { return call<&AIPathSuite::SetPathSegmentCount>(asIndex(count)); }
+bool PathArt::setSegPointCount(std::int16_t count) {
+    return call<&AIPathSuite::SetPathSegmentCount>(asIndex(std::max<int>(count, 0)));
+}
 
 std::int16_t PathArt::segCount() const { return asIndex(extent().value_or(Extent()).segs); }
 
 bool PathArt::setSegCount(std::int16_t count) {
     AIBoolean closed = 0;
-    return call<&AIPathSuite::GetPathClosed>(&closed) && setSegPointCount(asIndex(closed ? count : count + 1));
+    return call<&AIPathSuite::GetPathClosed>(&closed) &&
+           setSegPointCount(asIndex(std::max<int>(count, 0) + (closed ? 0 : 1)));
 }
 
 bool PathArt::closed() const { return get<&AIPathSuite::GetPathClosed>(); }

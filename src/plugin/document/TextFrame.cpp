@@ -1,6 +1,8 @@
 // The text frame suite's calls.
 #include "plugin/document/TextFrame.h"
 
+#include <cmath>
+
 #include "hostapi/AITextFrameSuite.h"
 #include "plugin/document/Convert.h"
 #include "plugin/host/HostCall.h"
@@ -10,12 +12,15 @@ namespace kzo::plugin {
 ArtObject* newPointText(const PointText& text, core::PaintOrder order, ArtObject* prep) {
     // The host takes a text up to its first zero byte: what stands behind it would be lost.
     if (text.contents.find('\0') != std::string::npos || text.font.find('\0') != std::string::npos) return nullptr;
+    const auto place = text.position.toAIRealPoint();
+    const bool isSized = text.size > 0 && std::isfinite(text.size);
+    if (!isSized || !std::isfinite(place.h) || !std::isfinite(place.v)) return nullptr;
     const AIPointText record{.contents = text.contents.c_str(),
                              .font = text.font.c_str(),
                              .size = text.size,
                              .justification = host::toHost(text.justification),
                              .paint = host::toHost(text.paint),
-                             .anchor = text.position.toAIRealPoint()};
+                             .anchor = place};
     return host::get<&AITextFrameSuite::NewPointText>(order, prep, &record);
 }
 

@@ -99,11 +99,13 @@ template <class Members> void list(Members& members, core::DashStyleMap& value) 
 template <class Members> void list(Members& members, core::FillStyle& value) {
     members("fillPainted", value.painted);
     members("fillColor", value.color);
+    members("fillOverprint", value.overprint);
 }
 
 template <class Members> void list(Members& members, core::FillStyleMap& value) {
     members("fillPainted", value.painted);
     members("fillColor", value.color);
+    members("fillOverprint", value.overprint);
 }
 
 /// A style and its map have the same members; the map's are switches.
@@ -115,6 +117,7 @@ template <class Members, class Style> void listStroke(Members& members, Style& v
     members("cap", value.cap);
     members("join", value.join);
     members("dash", value.dash);
+    members("strokeOverprint", value.overprint);
 }
 
 template <class Members> void list(Members& members, core::StrokeStyle& value) { listStroke(members, value); }

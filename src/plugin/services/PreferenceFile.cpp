@@ -15,8 +15,11 @@ namespace {
 class Descriptor {
   public:
     /// Does not wait for the other end of a pipe.
-    Descriptor(const std::string& path, int flags)
-        : number_(::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666)) {}
+    Descriptor(const std::string& path, int flags) {
+        do {
+            number_ = ::open(path.c_str(), flags | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0666);
+        } while (number_ < 0 && errno == EINTR);
+    }
     ~Descriptor() {
         if (number_ >= 0) ::close(number_);
     }
@@ -58,7 +61,7 @@ class Descriptor {
     [[nodiscard]] bool cut(std::size_t size) const { return ::ftruncate(number_, static_cast<off_t>(size)) == 0; }
 
   private:
-    int number_;
+    int number_ = -1;
 };
 
 /// Replaces what the open file holds. False, with the old contents in place, when a step fails.
@@ -103,6 +106,7 @@ PreferenceFile PreferenceFile::read(const std::string& path) {
 
 bool PreferenceFile::rewrite(const std::string& path, const std::string& text) {
     if (const Descriptor file(path, O_RDWR); file.isOpen()) return rewriteOpen(file, text);
+    if (errno != ENOENT) return false; // it is there, and nothing of it may be lost
     const Descriptor made(path, O_RDWR | O_CREAT);
     if (!made.isOpen()) return false;
     if (rewriteOpen(made, text)) return true;

@@ -117,7 +117,7 @@ TEST_F(PreferencesTest, KeepsEveryCompoundKind) {
                            {1, 2, 3, 4, 5, 6});
     keeps<DashStyle>(store, path, &P::getDashStylePref, &P::getOrCreateDashStylePref, {}, dash);
     keeps<FillStyle>(store, path, &P::getFillStylePref, &P::getOrCreateFillStylePref, {},
-                     {.painted = true, .color = {.red = 1}});
+                     {.painted = true, .color = {.red = 1}, .overprint = true});
     keeps<StrokeStyle>(store, path, &P::getStrokeStylePref, &P::getOrCreateStrokeStylePref, {},
                        {.painted = false,
                         .color = {.blue = 1},
@@ -125,7 +125,8 @@ TEST_F(PreferencesTest, KeepsEveryCompoundKind) {
                         .miterLimit = 4,
                         .cap = StrokeCap::Round,
                         .join = StrokeJoin::Bevel,
-                        .dash = dash});
+                        .dash = dash,
+                        .overprint = true});
     keeps<DashStyleMap>(store, path, &P::getDashStyleMapPref, &P::getOrCreateDashStyleMapPref, {}, {.lengths = true});
     keeps<FillStyleMap>(store, path, &P::getFillStyleMapPref, &P::getOrCreateFillStyleMapPref, {}, {.color = true});
     keeps<StrokeStyleMap>(store, path, &P::getStrokeStyleMapPref, &P::getOrCreateStrokeStyleMapPref, {},
