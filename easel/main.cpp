@@ -84,21 +84,6 @@ easel::svg::Waiting progress(const std::string& what) {
 
 // Scripts and plug-ins
 
-/// Loads what lies in the plug-in folders, except for bundles of the same name as one that is loaded.
-void loadFound(easel::session::Session& session) {
-    for (const std::string& bundle : easel::session::bundlesIn(easel::session::pluginFolders())) {
-        const std::string name = std::filesystem::path(bundle).filename();
-        const auto loaded = session.plugins.all();
-        if (std::any_of(loaded.begin(), loaded.end(), [&](const auto* plugin) { return plugin->fileName == name; }))
-            continue;
-        try {
-            session.plugins.load(bundle);
-        } catch (const easel::session::Error& error) {
-            session.reports.add(easel::session::Blame::Plugin, error.what());
-        }
-    }
-}
-
 ExitCode runScript(const Command& command) {
     const bool fromInput = command.script == kStandard;
     const std::string source = fromInput ? easel::svg::readAll(STDIN_FILENO, kStandardInput) : std::string();
@@ -112,7 +97,7 @@ ExitCode runScript(const Command& command) {
     session.identity.majorVersion = command.hostVersion;
     easel::script::showWithoutAsking(session, std::cout);
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
-    loadFound(session);
+    easel::session::loadFound(session.plugins, session.reports);
     ExitCode code = Done;
     for (const std::string& line : session.start()) code = fail(Failed, line);
     if (code == Done && fromInput) easel::script::runSource(session, source, kStandardInput, std::cout);
@@ -140,7 +125,7 @@ ExitCode listPlugins(const Command& command) {
             code = fail(Failed, error.what());
         }
     }
-    loadFound(session);
+    easel::session::loadFound(session.plugins, session.reports);
     if (!session.reports.lines().empty()) code = Failed;
     std::string text;
     if (session.plugins.all().empty() && code == Done) text = wherePluginsAre();

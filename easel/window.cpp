@@ -74,21 +74,6 @@ void endOnSignals(QObject& context) {
     for (const int number : {SIGTERM, SIGINT, SIGHUP}) std::signal(number, hearSignal);
 }
 
-void loadPlugins(session::Session& session, const std::vector<std::string>& named) {
-    for (const std::string& bundle : named) session.plugins.load(bundle);
-    for (const std::string& bundle : session::bundlesIn(session::pluginFolders())) {
-        const std::string name = std::filesystem::path(bundle).filename();
-        const auto loaded = session.plugins.all();
-        if (std::any_of(loaded.begin(), loaded.end(), [&](const auto* plugin) { return plugin->fileName == name; }))
-            continue;
-        try {
-            session.plugins.load(bundle);
-        } catch (const session::Error& error) {
-            session.reports.add(session::Blame::Plugin, error.what());
-        }
-    }
-}
-
 /// Where the settings of plug-ins are, unless told otherwise.
 std::string defaultProfile() {
     const char* const config = std::getenv("XDG_CONFIG_HOME");
@@ -111,7 +96,8 @@ int show(int argc, char** argv, const Command& command) {
     app::Recorder recorder(command.record);
     app::Actions actions(session, recorder);
     app::Recovery recovery(app::Recovery::defaultFolder());
-    loadPlugins(session, command.plugins);
+    for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
+    session::loadFound(session.plugins, session.reports);
     session.screen.setBrightness(settings.dark() ? 0 : 1);
     app::Window window(actions, recovery, settings);
     shownWindow = &window;

@@ -160,7 +160,7 @@ class StagedDialog final : public QDialog {
         QLineEdit* const field = fieldOf(id);
         if (!field) return false;
         if (event.matches(QKeySequence::Paste)) {
-            type(id, QApplication::clipboard()->text());
+            if (const QString text = QApplication::clipboard()->text(); !text.isEmpty()) type(id, text);
         } else if (event.matches(QKeySequence::Cut)) {
             field->copy();
             if (field->hasSelectedText()) type(id, deleteKey());

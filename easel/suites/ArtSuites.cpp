@@ -154,25 +154,25 @@ void getSelectedArt(AIArtHandle**& list, std::int32_t& count) {
     handOut(document, document.selection(), list, count);
 }
 
-bool matches(const Node& node, const AIMatchingArtSpec& spec) {
-    if (spec.type == kAnyArt ? node.type() == NodeType::Layer : hostType(node) != spec.type) return false;
-    return attributesOf(node, spec.which) == (spec.attributes & spec.which);
+bool matches(const Node& node, const AIMatchingArtSpec& kind) {
+    if (kind.type == kAnyArt ? node.type() == NodeType::Layer : hostType(node) != kind.type) return false;
+    return attributesOf(node, kind.which) == (kind.attributes & kind.which);
 }
 
-void getMatchingWithin(Art within, const AIMatchingArtSpec& specs, std::int32_t specCount, AIArtHandle**& list,
+void getMatchingWithin(Art within, const AIMatchingArtSpec& kinds, std::int32_t kindCount, AIArtHandle**& list,
                        std::int32_t& count) {
-    require(specCount >= 1);
+    require(kindCount >= 1);
     const Node& top = within.node;
     std::vector<Node*> found;
     for (Node* at = nextWithin(top, top); at; at = nextWithin(top, *at))
-        if (std::any_of(&specs, &specs + specCount, [&](const auto& spec) { return matches(*at, spec); }))
+        if (std::any_of(&kinds, &kinds + kindCount, [&](const auto& kind) { return matches(*at, kind); }))
             found.push_back(at);
     handOut(within.document, found, list, count);
 }
 
-void getMatching(const AIMatchingArtSpec& specs, std::int32_t specCount, AIArtHandle**& list, std::int32_t& count) {
+void getMatching(const AIMatchingArtSpec& kinds, std::int32_t kindCount, AIArtHandle**& list, std::int32_t& count) {
     model::Document& document = currentDocument();
-    getMatchingWithin({document, document.root()}, specs, specCount, list, count);
+    getMatchingWithin({document, document.root()}, kinds, kindCount, list, count);
 }
 
 // Hit test

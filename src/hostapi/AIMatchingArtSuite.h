@@ -21,8 +21,8 @@ typedef struct AIMatchingArtSuite {
      * nothing is selected. */
     AIErr (*GetSelectedArt)(AIArtHandle*** list, int32_t* count);
     /* All art that matches any of the specifications, likewise: of the current document, or of what `within` holds. */
-    AIErr (*GetMatchingArt)(const AIMatchingArtSpec* specs, int32_t specCount, AIArtHandle*** list, int32_t* count);
-    AIErr (*GetMatchingArtWithin)(AIArtHandle within, const AIMatchingArtSpec* specs, int32_t specCount,
+    AIErr (*GetMatchingArt)(const AIMatchingArtSpec* kinds, int32_t kindCount, AIArtHandle*** list, int32_t* count);
+    AIErr (*GetMatchingArtWithin)(AIArtHandle within, const AIMatchingArtSpec* kinds, int32_t kindCount,
                                   AIArtHandle*** list, int32_t* count);
     AIErr (*DeselectAll)(void);
 } AIMatchingArtSuite;

@@ -6,6 +6,8 @@
 #include <set>
 #include <sstream>
 
+#include "session/base/Error.h"
+
 namespace easel::session {
 
 namespace fs = std::filesystem;
@@ -43,6 +45,20 @@ std::vector<std::string> bundlesIn(const std::vector<std::string>& folders) {
             if (names.insert(bundle.filename()).second) bundles.push_back(bundle.string());
     }
     return bundles;
+}
+
+void loadFound(Plugins& plugins, Reports& reports) {
+    for (const std::string& bundle : bundlesIn(pluginFolders())) {
+        const std::string name = std::filesystem::path(bundle).filename();
+        const auto loaded = plugins.all();
+        if (std::any_of(loaded.begin(), loaded.end(), [&](const auto* plugin) { return plugin->fileName == name; }))
+            continue;
+        try {
+            plugins.load(bundle);
+        } catch (const Error& error) {
+            reports.add(Blame::Plugin, error.what());
+        }
+    }
 }
 
 } // namespace easel::session

@@ -82,8 +82,8 @@ std::unique_ptr<Art> Art::lastChild() const { return newHandle<Art>(ask(impl(), 
 std::unique_ptr<Art> Art::sibling() const { return newHandle<Art>(ask(impl(), &Impl::sibling)); }
 std::unique_ptr<Art> Art::priorSibling() const { return newHandle<Art>(ask(impl(), &Impl::priorSibling)); }
 std::int32_t Art::childCount() const { return ask(impl(), &Impl::childCount); }
-std::unique_ptr<std::vector<Art>> Art::matchingChildren(const std::vector<MatchArtSpec>& specs) const {
-    const std::vector<ArtObject*> found = ask(impl(), &Impl::matchingChildren, specs);
+std::unique_ptr<std::vector<Art>> Art::matchingChildren(const std::vector<MatchArtSpec>& kinds) const {
+    const std::vector<ArtObject*> found = ask(impl(), &Impl::matchingChildren, kinds);
     return std::make_unique<std::vector<Art>>(found.begin(), found.end());
 }
 std::unique_ptr<Artboard> Art::artboard() const { return newHandle<Artboard>(ask(impl(), &Impl::artboard)); }

@@ -108,7 +108,7 @@ class Art : public Handle<plugin::Art> {
     [[nodiscard]] std::unique_ptr<Art> priorSibling() const;
     [[nodiscard]] std::int32_t childCount() const;
     /// All that matches any of these, also deeper down, topmost first; never null.
-    [[nodiscard]] std::unique_ptr<std::vector<Art>> matchingChildren(const std::vector<MatchArtSpec>& specs) const;
+    [[nodiscard]] std::unique_ptr<std::vector<Art>> matchingChildren(const std::vector<MatchArtSpec>& kinds) const;
     [[nodiscard]] std::unique_ptr<Artboard> artboard() const; ///< that it has most of its bounds on; null for none
     [[nodiscard]] std::vector<Artboard> allArtboards() const; ///< that its bounds reach
     [[nodiscard]] Iterator begin() const;

@@ -65,8 +65,8 @@ void CurrentDocument::deselectAllArt() { Impl().deselectAllArt(); }
 CurrentDocument::ArtList CurrentDocument::artOfType(MatchArtType type) const {
     return matchingArt({{.type = type, .which = {}, .attributes = {}}});
 }
-CurrentDocument::ArtList CurrentDocument::matchingArt(const std::vector<MatchArtSpec>& specs) const {
-    return listOf(Impl().matchingArt(specs));
+CurrentDocument::ArtList CurrentDocument::matchingArt(const std::vector<MatchArtSpec>& kinds) const {
+    return listOf(Impl().matchingArt(kinds));
 }
 CurrentDocument::ArtList CurrentDocument::artAtPoint(const ArtboardPoint& point, HitRequest request) const {
     return listOf(Impl().artAtPoint(point, request));

@@ -49,7 +49,7 @@ class CurrentDocument {
 
     // Finding art, topmost first
     [[nodiscard]] ArtList artOfType(MatchArtType type) const;
-    [[nodiscard]] ArtList matchingArt(const std::vector<MatchArtSpec>& specs) const; ///< any of these
+    [[nodiscard]] ArtList matchingArt(const std::vector<MatchArtSpec>& kinds) const; ///< any of these
     /// All that is under the point. The order of the art is the same afterwards, and nothing to be undone.
     [[nodiscard]] ArtList artAtPoint(const ArtboardPoint& point, HitRequest request) const;
 

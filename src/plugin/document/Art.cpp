@@ -64,8 +64,8 @@ ArtObject* Art::sibling() const { return get<&AIArtSuite::GetArtSibling>(); }
 ArtObject* Art::priorSibling() const { return get<&AIArtSuite::GetArtPriorSibling>(); }
 std::int32_t Art::childCount() const { return get<&AIArtSuite::CountArtChildren>(); }
 
-std::vector<ArtObject*> Art::matchingChildren(const std::vector<core::MatchArtSpec>& specs) const {
-    const std::vector<AIMatchingArtSpec> records = host::toHost(specs);
+std::vector<ArtObject*> Art::matchingChildren(const std::vector<core::MatchArtSpec>& kinds) const {
+    const std::vector<AIMatchingArtSpec> records = host::toHost(kinds);
     const auto count = static_cast<std::int32_t>(records.size());
     return artList([&](auto* list, auto* found) {
         return count > 0 && call<&AIMatchingArtSuite::GetMatchingArtWithin>(records.data(), count, list, found);

@@ -50,7 +50,7 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] ArtObject* sibling() const;
     [[nodiscard]] ArtObject* priorSibling() const;
     [[nodiscard]] std::int32_t childCount() const;
-    [[nodiscard]] std::vector<ArtObject*> matchingChildren(const std::vector<core::MatchArtSpec>& specs) const;
+    [[nodiscard]] std::vector<ArtObject*> matchingChildren(const std::vector<core::MatchArtSpec>& kinds) const;
     [[nodiscard]] AIArtboard* artboard() const; ///< null where it lies on none
     [[nodiscard]] std::vector<AIArtboard*> allArtboards() const;
 

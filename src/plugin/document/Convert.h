@@ -133,11 +133,11 @@ template <> struct HostForm<core::Grid> {
     }
 };
 template <> struct HostForm<core::MatchArtSpec> {
-    static AIMatchingArtSpec toHost(const core::MatchArtSpec& spec) {
-        const auto type = spec.type == core::MatchArtType::Any
+    static AIMatchingArtSpec toHost(const core::MatchArtSpec& kind) {
+        const auto type = kind.type == core::MatchArtType::Any
                               ? std::int16_t{kAnyArt}
-                              : host::toHost(core::ArtType(static_cast<int>(spec.type)));
-        return {type, bits(spec.which), bits(spec.attributes)};
+                              : host::toHost(core::ArtType(static_cast<int>(kind.type)));
+        return {type, bits(kind.which), bits(kind.attributes)};
     }
 };
 

@@ -46,7 +46,7 @@ class CurrentDocument {
     void deselectAllArt();
 
     // Finding art
-    [[nodiscard]] std::vector<ArtObject*> matchingArt(const std::vector<core::MatchArtSpec>& specs) const;
+    [[nodiscard]] std::vector<ArtObject*> matchingArt(const std::vector<core::MatchArtSpec>& kinds) const;
     /// All art under the point, topmost first. The order of art is as before when this returns.
     [[nodiscard]] std::vector<ArtObject*> artAtPoint(const core::ArtboardPoint& point, core::HitRequest request);
 

@@ -44,8 +44,8 @@ void CurrentDocument::deselectAllArt() {
 
 // Finding art
 
-std::vector<ArtObject*> CurrentDocument::matchingArt(const std::vector<core::MatchArtSpec>& specs) const {
-    const std::vector<AIMatchingArtSpec> records = host::toHost(specs);
+std::vector<ArtObject*> CurrentDocument::matchingArt(const std::vector<core::MatchArtSpec>& kinds) const {
+    const std::vector<AIMatchingArtSpec> records = host::toHost(kinds);
     const auto count = static_cast<std::int32_t>(records.size());
     return artList([&](auto* list, auto* found) {
         return count > 0 && host::call<&AIMatchingArtSuite::GetMatchingArt>(records.data(), count, list, found);
