@@ -7,6 +7,7 @@
 #include <fstream>
 #include <map>
 #include <regex>
+#include <set>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -141,8 +142,11 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
         folder.write("new", after);
         folder.write("Preferences", before);
         ASSERT_EQ(rewrite(""), 0);
-        // Every call behind the mark, by its name and how many of that name there
-        // were.
+        // Every call behind the mark that can touch a file, by its name and how many of that name there were. How often
+        // a process asks for memory differs from one run to the next.
+        static const std::set<std::string> files{"openat", "open",  "read",       "pread64", "write",  "pwrite64",
+                                                 "lseek",  "fstat", "newfstatat", "close",   "fsync",  "fdatasync",
+                                                 "flock",  "fcntl", "ftruncate",  "rename",  "unlink", "fallocate"};
         std::map<std::string, int> counts;
         std::vector<std::pair<std::string, int>> calls;
         std::istringstream lines(folder.content("trace"));
@@ -150,7 +154,7 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
         for (std::string line; std::getline(lines, line);) {
             const std::string name = line.substr(0, line.find('('));
             const int count = ++counts[name];
-            if (rewriting) calls.emplace_back(name, count);
+            if (rewriting && files.count(name)) calls.emplace_back(name, count);
             rewriting = rewriting || line.find("rewriting") != std::string::npos;
         }
         ASSERT_GT(calls.size(), 5U);
