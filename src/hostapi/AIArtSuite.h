@@ -5,7 +5,6 @@
 #ifndef HOSTAPI_AIARTSUITE_H
 #define HOSTAPI_AIARTSUITE_H
 
-#include "hostapi/AITransformArtSuite.h"
 #include "hostapi/SPTypes.h"
 
 #define kAIArtSuite "AI Art Suite"

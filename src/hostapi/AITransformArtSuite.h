@@ -7,11 +7,6 @@
 #define kAITransformArtSuite "AI Transform Art Suite"
 #define kAITransformArtSuiteVersion 7
 
-/* A point (x, y) goes to (a x + c y + tx, b x + d y + ty). */
-typedef struct AIRealMatrix {
-    AIReal a, b, c, d, tx, ty;
-} AIRealMatrix;
-
 /* What is transformed, a bit set. Gradients, patterns and linked masks belong to the art in Easel and always go along
  * with it. */
 enum {

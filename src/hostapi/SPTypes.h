@@ -25,6 +25,11 @@ typedef struct AIRealRect {
     AIReal bottom;
 } AIRealRect;
 
+/* A point (x, y) goes to (a x + c y + tx, b x + d y + ty). */
+typedef struct AIRealMatrix {
+    AIReal a, b, c, d, tx, ty;
+} AIRealMatrix;
+
 typedef struct SPPlugin* SPPluginRef;
 typedef struct ArtObject* AIArtHandle;
 typedef struct AILayer* AILayerHandle;

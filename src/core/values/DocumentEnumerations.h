@@ -1,4 +1,4 @@
-// Enumerations and bit sets of art, hit tests and styles. Their values are our own; plugin/document/Convert.h maps them
+// Enumerations and bit sets of art, hit tests and styles. Their values are our own; plugin/document/Convert*.h map them
 // onto the host's.
 #pragma once
 

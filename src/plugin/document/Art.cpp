@@ -7,6 +7,7 @@
 #include "hostapi/AIMatchingArtSuite.h"
 #include "plugin/document/ArtList.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertArt.h"
 #include "plugin/host/RefCountMap.h"
 
 namespace kzo::plugin {

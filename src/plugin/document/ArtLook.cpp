@@ -3,8 +3,23 @@
 #include "hostapi/AIBlendStyleSuite.h"
 #include "plugin/document/Art.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
 
 namespace kzo::plugin {
+
+namespace host {
+
+template <> struct HostForm<core::ArtStyle> {
+    static AIArtStyle toHost(const core::ArtStyle& style) {
+        return {host::toHost(style.paint), style.opacity, host::toHost(style.blendMode), host::toHost(style.knockout)};
+    }
+    static core::ArtStyle fromHost(const AIArtStyle& record) {
+        return {host::fromHost<core::PathStyle>(record.paint), record.opacity, core::BlendMode(record.blendingMode),
+                core::BlendKnockout(record.knockout)};
+    }
+};
+
+} // namespace host
 
 core::ArtStyle Art::style() const { return get<&AIArtStyleSuite::GetArtStyle, core::ArtStyle>(); }
 bool Art::setStyle(const core::ArtStyle& style) { return call<&AIArtStyleSuite::SetArtStyle>(style); }

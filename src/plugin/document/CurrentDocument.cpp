@@ -6,8 +6,34 @@
 #include "hostapi/AIDocumentViewSuite.h"
 #include "hostapi/AIIsolationModeSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
+#include "plugin/document/ConvertText.h"
 
 namespace kzo::plugin {
+
+namespace host {
+
+template <> struct HostForm<core::DocumentSetup> {
+    static core::DocumentSetup fromHost(const AIDocumentSetup& record) { return {record.width, record.height}; }
+};
+template <> struct HostForm<core::Grid> {
+    static AIGrid toHost(const core::Grid& grid) { return {grid.spacing, grid.subdivisions, grid.visible, grid.snaps}; }
+    static core::Grid fromHost(const AIGrid& record) {
+        return {record.spacing, record.subdivisions, record.visible != 0, record.snaps != 0};
+    }
+};
+template <> struct HostForm<core::TextStyle> {
+    /// Its font's name must live as long as the record.
+    static AITextStyle toHost(const core::TextStyle& style) {
+        return {style.font.name.c_str(), style.font.size, host::toHost(style.justification)};
+    }
+    static core::TextStyle fromHost(const AITextStyle& record) {
+        return {{record.font ? record.font : "", record.size},
+                host::fromHost<core::ParagraphJustification>(record.justification)};
+    }
+};
+
+} // namespace host
 
 using Suite = AIDocumentSuite;
 

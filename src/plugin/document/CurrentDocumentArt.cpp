@@ -7,6 +7,7 @@
 #include "plugin/document/Art.h"
 #include "plugin/document/ArtList.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertArt.h"
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/HitData.h"
 #include "plugin/document/Layer.h"

@@ -11,6 +11,19 @@
 
 namespace kzo::plugin {
 
+namespace host {
+
+inline constexpr Pair<core::HitType> kHitTypes[] = {
+    {core::HitType::Anchor, kAIAnchorHit},
+    {core::HitType::InControl, kAIInHandleHit},
+    {core::HitType::OutControl, kAIOutHandleHit},
+    {core::HitType::Segment, kAISegmentHit},
+    {core::HitType::Fill, kAIFillHit},
+};
+template <> struct HostForm<core::HitType> : Paired<kHitTypes, core::HitType::None> {};
+
+} // namespace host
+
 namespace {
 
 // Near, but never on, the ends of a path: a split there leaves no empty piece.

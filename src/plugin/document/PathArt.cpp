@@ -7,6 +7,7 @@
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertPath.h"
 #include "plugin/document/PathRecords.h"
 #include "plugin/host/HostCall.h"
 

@@ -5,13 +5,13 @@
 #include "geo/Crossings.h"
 #include "geo/PathCuts.h"
 #include "plugin/document/Art.h"
-#include "plugin/document/Convert.h"
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/document/HitData.h"
 #include "plugin/document/Layer.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/document/PathRecords.h"
 #include "plugin/host/HostCall.h"
+#include "plugin/values/ArtboardPoint.h"
 
 namespace kzo::plugin {
 

@@ -4,10 +4,11 @@
 #include "geo/Vector.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
-#include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/document/PathRecords.h"
 #include "plugin/host/HostCall.h"
+#include "plugin/values/ArtboardPoint.h"
 
 namespace kzo::plugin {
 

@@ -1,12 +1,11 @@
-// The host's path records as plain anchors, and numbers as the host's 16-bit ones. For the sources of PathArt.
+// Numbers of a path as the host's 16-bit ones. For the sources of PathArt.
 #pragma once
 
 #include <algorithm>
 #include <cstdint>
 #include <limits>
 
-#include "geo/Path.h"
-#include "hostapi/AIPathSuite.h"
+#include "geo/Bezier.h"
 
 namespace kzo::plugin {
 
@@ -20,14 +19,6 @@ inline constexpr int kMostSegPoints = std::numeric_limits<std::int16_t>::max();
 /// Sums of 16-bit numbers are computed in `int`, and held to what the host can be told.
 [[nodiscard]] inline std::int16_t asIndex(int value) {
     return clamped(value, std::numeric_limits<std::int16_t>::min(), kMostSegPoints);
-}
-
-[[nodiscard]] inline geo::Anchor toAnchor(const AIPathSegment& r) {
-    return {{r.p.h, r.p.v}, {r.in.h, r.in.v}, {r.out.h, r.out.v}, r.corner != 0};
-}
-
-[[nodiscard]] inline AIPathSegment toRecord(const geo::Anchor& a) {
-    return {{a.p.x, a.p.y}, {a.in.x, a.in.y}, {a.out.x, a.out.y}, static_cast<AIBoolean>(a.corner ? 1 : 0)};
 }
 
 /// Nothing shows of such a segment: its ends and handles are in one place.

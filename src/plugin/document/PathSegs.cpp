@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "hostapi/AIPathSuite.h"
-#include "plugin/document/Convert.h"
+#include "plugin/document/ConvertPath.h"
 #include "plugin/document/PathArt.h"
 #include "plugin/document/PathRecords.h"
 #include "plugin/host/HostCall.h"

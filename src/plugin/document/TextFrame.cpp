@@ -5,6 +5,8 @@
 
 #include "hostapi/AITextFrameSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
+#include "plugin/document/ConvertText.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin {

@@ -3,6 +3,7 @@
 
 #include "hostapi/AIAnnotatorDrawerSuite.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
 
 namespace kzo::plugin {
 

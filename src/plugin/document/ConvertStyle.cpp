@@ -1,5 +1,5 @@
 // The path style's record.
-#include "plugin/document/Convert.h"
+#include "plugin/document/ConvertStyle.h"
 
 #include <algorithm>
 #include <cstddef>
