@@ -1,6 +1,7 @@
 // Acts as calls of the session, with the statements that do the same in a script.
 #include "app/Actions.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <vector>
 
@@ -14,6 +15,11 @@ namespace {
 using session::Error;
 
 std::string layerAt(std::size_t index) { return "app.document.layers[" + std::to_string(index) + ']'; }
+
+// Those of the selected objects that are not locked, nor in anything that is
+constexpr const char* kEditable = "app.document.selection.filter(function (art) { for (var at = art; at; at = "
+                                  "at.parent) if (at.locked) return false; "
+                                  "return !art.layer.locked; })";
 
 std::string absolute(const std::string& path) { return std::filesystem::absolute(path).string(); }
 
@@ -35,6 +41,19 @@ template <class Edit> void Actions::edit(const std::string& statement, Edit what
             what(document);
         });
     });
+}
+
+/// One step with what is selected: whole objects, none of them locked.
+template <class Edit> void Actions::editSelected(const char* call, const std::string& arguments, Edit what) {
+    const auto isLocked = [](const model::Node* node) { return node->effectivelyLocked(); };
+    const std::vector<model::Node*> selection = session_.documents.needFront().selection();
+    const bool anyLocked = std::any_of(selection.begin(), selection.end(), isLocked);
+    edit(std::string("app.document.") + call + '(' + (anyLocked ? kEditable : "app.document.selection") + ", " +
+             arguments + ')',
+         [&](model::Document& document) {
+             for (model::Node* const node : selection)
+                 if (!isLocked(node) && !node->parent()->selected()) what(document, *node);
+         });
 }
 
 // Documents
@@ -168,25 +187,19 @@ void Actions::redo() {
 }
 
 void Actions::nudge(double dx, double dy) {
-    edit("app.document.move(app.document.selection, " + Recorder::number(dx) + ", " + Recorder::number(dy) + ')',
-         [&](model::Document& document) {
-             for (model::Node* const node : document.selection()) {
-                 const bool moves = !node->effectivelyLocked() && !node->parent()->selected();
-                 if (moves) document.offset(*node, dx, dy);
-             }
-         });
+    editSelected("move", Recorder::number(dx) + ", " + Recorder::number(dy),
+                 [&](model::Document& document, model::Node& art) { document.offset(art, dx, dy); });
 }
 
 void Actions::setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change) {
-    edit("app.document.selection.forEach(function (art) { art.style = " + scriptStyle + "; })",
-         [&](model::Document& document) {
-             for (model::Node* const node : document.selection()) {
-                 if (!node->isOutlined() || node->effectivelyLocked()) continue;
-                 model::Style style = node->style();
-                 change(style);
-                 document.setStyle(*node, style);
-             }
-         });
+    editSelected("setStyle", scriptStyle, [&](model::Document& document, model::Node& art) {
+        for (model::Node* at = &art; at; at = model::nextWithin(art, *at)) {
+            if (!at->content().style) continue;
+            model::Style style = at->style();
+            change(style);
+            document.setStyle(*at, style);
+        }
+    });
 }
 
 // Layers

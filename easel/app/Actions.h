@@ -58,7 +58,7 @@ class Actions {
     void undo();
     void redo();
     void nudge(double dx, double dy);
-    /// Of the selected paths, said as scripts say it.
+    /// Of what is selected, said as scripts say it.
     void setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change);
 
     // Layers, by their place from the top
@@ -76,6 +76,7 @@ class Actions {
   private:
     template <class Act> void act(const std::string& statement, Act what);
     template <class Edit> void edit(const std::string& statement, Edit what);
+    template <class Edit> void editSelected(const char* call, const std::string& arguments, Edit what);
     [[nodiscard]] model::Node& layer(std::size_t index) const;
     void startOver(const std::string& path);
     void closeFront();

@@ -291,7 +291,7 @@ void Canvas::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) return;
     if (event->button() != Qt::LeftButton) return;
     if (handlingNow() == Handling::Zoom)
-        return zoomBy(event->modifiers() & Qt::AltModifier ? 0.5 : 2, event->position());
+        return zoomBy(modifiersOf(event->modifiers()) & kAIOptionKey ? 0.5 : 2, event->position());
     typedLength_.clear();
     actions_.press(toDocument(event->position()), modifiersOf(event->modifiers()));
 }

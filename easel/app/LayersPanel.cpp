@@ -1,13 +1,16 @@
 // One row a layer, the topmost first.
 #include "app/LayersPanel.h"
 
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <functional>
 #include <utility>
 
 #include "app/Application.h"
@@ -26,9 +29,45 @@ QIcon bar(const QColor& color) {
     return QIcon(picture);
 }
 
+/// Rows are carried to another place by mouse, or by Alt and an arrow key.
+class LayerList final : public QTreeWidget {
+  public:
+    LayerList(QWidget* parent, std::function<void(int from, int to)> move)
+        : QTreeWidget(parent), move_(std::move(move)) {
+        setDragDropMode(QAbstractItemView::InternalMove);
+        invisibleRootItem()->setFlags(Qt::ItemIsDropEnabled);
+    }
+
+  protected:
+    void dropEvent(QDropEvent* event) override {
+        event->setDropAction(Qt::IgnoreAction); // the list moves no rows itself
+        event->accept();
+        const QPoint place = event->position().toPoint();
+        const QTreeWidgetItem* const under = itemAt(place);
+        int to = topLevelItemCount();
+        if (under) to = row(under) + (place.y() > visualItemRect(under).center().y() ? 1 : 0);
+        const int from = row(currentItem());
+        if (from >= 0) move_(from, to > from ? to - 1 : to);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        const int way = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
+        if (way == 0 || !(event->modifiers() & Qt::AltModifier)) return QTreeWidget::keyPressEvent(event);
+        const int from = row(currentItem());
+        if (from >= 0) move_(from, from + way);
+    }
+
+  private:
+    [[nodiscard]] int row(const QTreeWidgetItem* item) const {
+        return indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(item));
+    }
+
+    std::function<void(int from, int to)> move_;
+};
+
 } // namespace
 
-LayersPanel::LayersPanel(Actions& actions) : actions_(actions), list_(*new QTreeWidget(this)) {
+LayersPanel::LayersPanel(Actions& actions)
+    : actions_(actions), list_(*new LayerList(this, guarded([this](int from, int to) { move(from, to); }))) {
     list_.setObjectName("layers");
     list_.setAccessibleName("Layers");
     list_.setColumnCount(4);
@@ -58,8 +97,9 @@ LayersPanel::LayersPanel(Actions& actions) : actions_(actions), list_(*new QTree
         connect(button, &QToolButton::clicked, this, guarded(what));
     };
     addButton(Symbol::Plus, "addLayer", "Add a layer above all", [this] { addLayer(); });
-    addButton(Symbol::Up, "layerUp", "Move the current layer up", [this] { moveCurrent(-1); });
-    addButton(Symbol::Down, "layerDown", "Move the current layer down", [this] { moveCurrent(1); });
+    addButton(Symbol::Up, "layerUp", "Move the current layer up (Alt+Up in the list)", [this] { moveCurrent(-1); });
+    addButton(Symbol::Down, "layerDown", "Move the current layer down (Alt+Down in the list)",
+              [this] { moveCurrent(1); });
     buttons->addStretch();
     addButton(Symbol::Trash, "removeLayer", "Remove the current layer with all that it holds",
               [this] { actions_.removeLayer(currentIndex()); });
@@ -95,7 +135,7 @@ void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Nod
     QFont font = row.font(Title);
     font.setBold(&layer == &actions_.document()->currentLayer());
     row.setFont(Title, font);
-    row.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable);
+    row.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled);
 }
 
 void LayersPanel::refresh() {
@@ -143,9 +183,14 @@ std::size_t LayersPanel::currentIndex() const {
 }
 
 void LayersPanel::moveCurrent(int by) {
-    const int to = static_cast<int>(currentIndex()) + by;
-    if (to >= 0 && to < static_cast<int>(actions_.document()->layerCount()))
-        actions_.moveLayer(currentIndex(), static_cast<std::size_t>(to));
+    const int from = static_cast<int>(currentIndex());
+    move(from, from + by);
+}
+
+void LayersPanel::move(int from, int to) {
+    if (!actions_.document() || to < 0 || to >= static_cast<int>(actions_.document()->layerCount())) return;
+    actions_.moveLayer(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
+    list_.setCurrentItem(list_.topLevelItem(to)); // which may be another than the current layer
 }
 
 void LayersPanel::addLayer() {

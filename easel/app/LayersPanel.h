@@ -22,6 +22,7 @@ class LayersPanel final : public QWidget {
     void edited(const QTreeWidgetItem& row);
     void addLayer();
     void moveCurrent(int by); ///< places, down is positive
+    void move(int from, int to);
     [[nodiscard]] std::size_t currentIndex() const;
     void fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const;
 

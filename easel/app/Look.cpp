@@ -83,6 +83,7 @@ constexpr const char* kSheet = R"(
     QStatusBar::item { border: none; }
     QLineEdit, QDoubleSpinBox, QComboBox { background: FIELD; border: 1px solid LINE; border-radius: 3px; padding: 2px 5px; }
     QLineEdit:focus, QDoubleSpinBox:focus, QComboBox:focus { border-color: ACCENT; }
+    QComboBox::drop-down { border: none; width: 18px; }
     QTreeWidget { background: FIELD; border: none; outline: none; }
     QTreeWidget::item { height: 26px; }
     QTreeWidget::item:selected { background: CHOSEN; color: TEXT; }

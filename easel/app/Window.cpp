@@ -53,6 +53,20 @@ std::string hintFor(const session::Tool& tool) {
     return what + ": drag; digits give an exact length, Esc takes back";
 }
 
+/// A letter of the tool's title that no other tool has, first of its last words: what tells tools of a family apart.
+QString letterFor(const session::Tool& tool, QString& taken) {
+    QStringList words = QString::fromStdString(tool.title).toUpper().split(' ', Qt::SkipEmptyParts);
+    if (words.size() > 1) words.removeAll("TOOL");
+    for (auto word = words.crbegin(); word != words.crend(); ++word) {
+        for (const QChar letter : *word) {
+            if (letter < 'A' || letter > 'Z' || taken.contains(letter)) continue;
+            taken += letter;
+            return letter;
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
@@ -231,11 +245,12 @@ void Window::makeToolbox() {
     addToolBar(Qt::LeftToolBarArea, &toolbox_);
 }
 
-QAction& Window::addTool(const QIcon& picture, const QString& title, const QString& key, std::function<void()> what) {
+QAction& Window::addTool(const QIcon& picture, const QString& title, const QStringList& keys,
+                         std::function<void()> what) {
     QAction* const action = toolbox_.addAction(picture, title);
     action->setCheckable(true);
-    action->setToolTip(title + (key.isEmpty() ? QString() : " (" + key + ')'));
-    if (!key.isEmpty()) action->setShortcut(key);
+    action->setToolTip(title + (keys.isEmpty() ? QString() : " (" + keys.join(" or ") + ')'));
+    action->setShortcuts(QList<QKeySequence>(keys.begin(), keys.end()));
     tools_->addAction(action);
     connect(action, &QAction::triggered, this, guarded([this, what = std::move(what)] {
                 what();
@@ -251,15 +266,20 @@ void Window::fillToolbox() {
     delete tools_;
     tools_ = new QActionGroup(this);
     int number = 0;
+    QString taken = "VAHZ";
     for (const session::Tool* const tool : actions_.session().toolbox.all()) {
         const bool isFirst = toolActions_.empty();
         if (tool->owner && number == 0) toolbox_.addSeparator();
         constexpr int kMostKeys = 9;
-        const QString key = tool->builtin           ? QString(isFirst ? "V" : "A")
-                            : ++number <= kMostKeys ? QString::number(number)
-                                                    : QString();
+        QStringList keys;
+        if (tool->builtin)
+            keys << (isFirst ? "V" : "A");
+        else
+            keys << letterFor(*tool, taken);
+        if (!tool->builtin && ++number <= kMostKeys) keys << QString::number(number);
+        keys.removeAll(QString());
         const QIcon picture = tool->builtin ? icon(isFirst ? Symbol::Select : Symbol::DirectSelect) : toolIcon(*tool);
-        QAction& action = addTool(picture, QString::fromStdString(tool->title), key, [this, handle = tool->handle] {
+        QAction& action = addTool(picture, QString::fromStdString(tool->title), keys, [this, handle = tool->handle] {
             canvas_.setHandling(Handling::Tool);
             session::Tool* const chosen = actions_.session().toolbox.find(handle);
             if (chosen) actions_.selectTool(*chosen);
@@ -274,8 +294,8 @@ void Window::fillToolbox() {
             showTools();
         };
     };
-    addTool(icon(Symbol::Hand), "Hand", "H", handle(Handling::Hand));
-    addTool(icon(Symbol::Zoom), "Zoom", "Z", handle(Handling::Zoom));
+    addTool(icon(Symbol::Hand), "Hand", {"H"}, handle(Handling::Hand));
+    addTool(icon(Symbol::Zoom), "Zoom", {"Z"}, handle(Handling::Zoom));
 }
 
 void Window::showTools() {

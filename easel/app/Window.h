@@ -67,7 +67,7 @@ class Window final : public QMainWindow {
     void refresh(); ///< after an act
     void showTitle();
     void showView();
-    QAction& addTool(const QIcon& picture, const QString& title, const QString& key, std::function<void()> what);
+    QAction& addTool(const QIcon& picture, const QString& title, const QStringList& keys, std::function<void()> what);
     void fillToolbox();
     void showTools();
     void fillPluginMenu(QMenu& menu);

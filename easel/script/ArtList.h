@@ -20,5 +20,7 @@ void mustBelong(const Object& object, const Document& document, std::string_view
 [[nodiscard]] std::vector<Object> objects(const Document& document, const std::vector<model::Node*>& nodes);
 /// The art of a list, each piece once, without what lies in a group that is listed as well.
 [[nodiscard]] std::vector<model::Node*> outermost(const ArtList& list, const Document& document);
+/// Paints every path of the art as the record says.
+void restyle(model::Document& document, model::Node& art, const StyleRecord& says);
 
 } // namespace easel::script

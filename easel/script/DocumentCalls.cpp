@@ -133,6 +133,13 @@ void remove(Host& host, const ThisDocument& doc, const ArtList& list) {
     });
 }
 
+void setStyle(Host& host, const ThisDocument& doc, const ArtList& list, const StyleRecord& says) {
+    const auto nodes = outermost(list, doc);
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) restyle(*doc, *node, says);
+    });
+}
+
 // History
 
 model::Journal& history(Host& host, const ThisDocument& doc) {
@@ -189,6 +196,7 @@ constexpr Row kDocumentCalls[] = {
     method<addPath>("doc.addPath", "points, options"),
     method<move>("doc.move", "objects, dx, dy"),
     method<remove>("doc.remove", "objects"),
+    method<setStyle>("doc.setStyle", "objects, style"),
     method<undo>("doc.undo", ""),
     method<redo>("doc.redo", ""),
     property<undoDepth>("doc.undoDepth"),

@@ -1,4 +1,5 @@
 // Layer and art objects: what they are, and the few things of a layer that can be set.
+#include "script/ArtList.h"
 #include "script/Step.h"
 
 namespace easel::script {
@@ -102,21 +103,7 @@ std::optional<model::Style> style(Host& /*host*/, const ThisArt& art) {
 
 /// Of a group, every path in it.
 void setStyle(Host& host, const ThisArt& art, const StyleRecord& says) {
-    const auto paint = [](const auto& said, bool& on, model::Color& color) {
-        if (!said) return;
-        on = said->color.has_value();
-        if (on) color = *said->color;
-    };
-    edit(host, *art.document, [&] {
-        for (model::Node* at = art.node; at; at = nextWithin(*art.node, *at)) {
-            if (!at->content().style) continue;
-            model::Style changed = at->style();
-            paint(says.fill, changed.fill, changed.fillColor);
-            paint(says.stroke, changed.stroke, changed.strokeColor);
-            changed.strokeWidth = says.width.value_or(changed.strokeWidth);
-            art.document->setStyle(*at, changed);
-        }
-    });
+    edit(host, *art.document, [&] { restyle(*art.document, *art.node, says); });
 }
 
 // In words

@@ -48,6 +48,16 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     actions->setLayerLocked(1, true);
     stroke({{20, 20}, {20, 90}});
     actions->undo();
+    actions->moveLayer(1, 0);
+    // Several objects at once are one step, and what is locked stays.
+    actions->key("A", kAICommandKey);
+    stroke({{60, 20}, {60, 90}});
+    document().select(*document().layerAt(0)->firstChild(), true);
+    const std::size_t steps = document().journal().undoDepth();
+    actions->setStyle("{width: 3}", [](auto& style) { style.strokeWidth = 3; });
+    actions->nudge(1, 2);
+    EXPECT_EQ(document().journal().undoDepth(), steps + 2);
+    actions->undo();
     actions->save(folder.path("window.svg"), false);
     const std::string drawn = folder.content("window.svg");
     EXPECT_THAT(drawn, HasSubstr("<path"));
@@ -256,6 +266,18 @@ TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     press("layerDown");
     press("layerUp");
     EXPECT_EQ(document().layerAt(0)->name(), "Upper");
+    actions->addLayer("Third");
+    const auto order = [&] {
+        std::string names;
+        for (std::size_t i = 0; i < document().layerCount(); ++i) names += document().layerAt(i)->name() + ' ';
+        return names;
+    };
+    auto& list = *window->findChild<QTreeWidget*>("layers");
+    key(list, Qt::Key_Down, {}, Qt::AltModifier);
+    EXPECT_EQ(order(), "Upper Third Layer 1 ");
+    actions->undo();
+    EXPECT_EQ(order(), "Third Upper Layer 1 ");
+    press("removeLayer");
     press("removeLayer");
     press("removeLayer");
     EXPECT_EQ(document().layerCount(), 1U);
