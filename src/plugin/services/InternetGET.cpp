@@ -215,14 +215,13 @@ void InternetGET::failRefused() {
     while (InternetGET* const request = transfers ? transfers->refused() : nullptr) request->end(CURLE_FAILED_INIT);
 }
 
-namespace {
-
-InternetError meaningOf(CURLcode result, long systemError) {
+InternetError InternetGET::meaningOf(int result, const Transfer& transfer) {
     switch (result) {
     case CURLE_OK: return InternetError::None;
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY: return InternetError::Offline;
     case CURLE_COULDNT_CONNECT: {
+        const long systemError = transfer.info(CURLINFO_OS_ERRNO);
         const bool offline = systemError == ENETUNREACH || systemError == EHOSTUNREACH || systemError == ENETDOWN;
         return offline ? InternetError::Offline : InternetError::Unreachable;
     }
@@ -230,15 +229,15 @@ InternetError meaningOf(CURLcode result, long systemError) {
     case CURLE_PARTIAL_FILE:
     case CURLE_RECV_ERROR:
     case CURLE_SEND_ERROR: return InternetError::Unreachable;
-    case CURLE_URL_MALFORMAT:
-    case CURLE_UNSUPPORTED_PROTOCOL: return InternetError::BadURL;
+    case CURLE_URL_MALFORMAT: return InternetError::BadURL;
+    case CURLE_UNSUPPORTED_PROTOCOL: // of an address, or what a server speaks
+        return transfer.info(CURLINFO_PRIMARY_PORT) != 0 && !transfer.headEnded ? InternetError::Other
+                                                                                : InternetError::BadURL;
     case CURLE_OPERATION_TIMEDOUT: return InternetError::TimedOut;
     case CURLE_TOO_MANY_REDIRECTS: return InternetError::Redirects;
     default: return InternetError::Other;
     }
 }
-
-} // namespace
 
 void InternetGET::end(int result) {
     constexpr long kFound = 200;
@@ -250,7 +249,7 @@ void InternetGET::end(int result) {
     if (transfer->tooLarge || code == CURLE_FILESIZE_EXCEEDED) {
         fail(InternetError::TooLarge, result, "The reply is too large.");
     } else if (code != CURLE_OK) {
-        const InternetError meaning = meaningOf(code, transfer->easy ? transfer->info(CURLINFO_OS_ERRNO) : 0);
+        const InternetError meaning = meaningOf(code, *transfer);
         const char* const said = transfer->message.front() ? transfer->message.data() : curl_easy_strerror(code);
         fail(meaning, result, meaning == InternetError::Offline ? "The Internet appears to be offline." : said);
     } else if (!transfer->headEnded) {

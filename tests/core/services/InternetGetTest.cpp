@@ -91,7 +91,7 @@ TEST_F(InternetGetTest, TellsRepliesApart) {
         {server->rudeUrl("/more-than-said"), InternetError::None, "16.3"},
         {server->rudeUrl("/endless"), InternetError::TooLarge, ""},
         {server->rudeUrl("/endless-head"), InternetError::Unreachable, ""},
-        {server->rudeUrl("/garbage"), InternetError::BadURL, ""},
+        {server->rudeUrl("/garbage"), InternetError::Other, ""},
         {server->rudeUrl("/says-huge"), InternetError::TooLarge, ""},
         {"http://127.0.0.1:1/", InternetError::Unreachable, ""},
         {"http://nowhere.invalid/", InternetError::Offline, ""},
