@@ -137,10 +137,15 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
                                     folder.path("new") + " >/dev/null 2>&1";
         return std::system(command.c_str());
     };
+    const char* const missing = "none";
+    const auto start = [&](const std::string& before) {
+        std::filesystem::remove(folder.path("Preferences"));
+        if (before != missing) folder.write("Preferences", before);
+    };
     for (const auto& [before, after] :
-         {std::pair{small, large}, {large, small}, {small, preferences(3, 7)}, {"", large}}) {
+         {std::pair{small, large}, {large, small}, {small, preferences(3, 7)}, {"", large}, {missing, large}}) {
         folder.write("new", after);
-        folder.write("Preferences", before);
+        start(before);
         ASSERT_EQ(rewrite(""), 0);
         // Every call behind the mark that can touch a file, by its name and how many of that name there were. How often
         // a process asks for memory differs from one run to the next.
@@ -161,7 +166,7 @@ TEST(PreferenceFile, IsOldOrNewWhereverTheProcessIsKilled) {
         EXPECT_EQ(std::count_if(calls.begin(), calls.end(), [](const auto& call) { return call.first == "fsync"; }), 1);
         int changed = 0;
         for (const auto& [name, count] : calls) {
-            folder.write("Preferences", before);
+            start(before);
             EXPECT_NE(rewrite("-e inject=" + name + ":signal=KILL:when=" + std::to_string(count)), 0) << name << count;
             const std::string left = meaning(folder.content("Preferences"));
             EXPECT_TRUE(left == meaning(before) || left == after) << name << ' ' << count << '\n'
