@@ -41,7 +41,11 @@ class UnlimitedBySignal {
 };
 
 FileStamp stampOf(const struct stat& status) {
-    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    return {status.st_dev,
+            status.st_ino,
+            status.st_size,
+            {status.st_mtim.tv_sec, status.st_mtim.tv_nsec},
+            {status.st_ctim.tv_sec, status.st_ctim.tv_nsec}};
 }
 
 /// What a name stands for once all links are followed; a link may lead to what does not exist yet.
@@ -90,7 +94,7 @@ class Successor {
         write(small);
     }
 
-    void takePlace() {
+    FileStamp takePlace() {
         struct stat old {};
         const bool replaces = ::stat(path_.c_str(), &old) == 0;
         mode_t mode = replaces ? old.st_mode & 07777 : usualMode();
@@ -105,6 +109,9 @@ class Successor {
         const std::string folder = std::filesystem::path(path_).parent_path().string();
         const Descriptor parent(::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
         if (parent.get() >= 0) ::fsync(parent.get());
+        struct stat now {};
+        if (::fstat(file_.get(), &now) != 0) fail(shown_, errno);
+        return stampOf(now);
     }
 
   private:
@@ -171,11 +178,11 @@ std::string readAll(int file, const std::string& name) {
     }
 }
 
-void replaceFile(const std::string& path, std::string_view bytes) {
-    replaceFile(path, std::vector<std::string_view>{bytes});
+FileStamp replaceFile(const std::string& path, std::string_view bytes) {
+    return replaceFile(path, std::vector<std::string_view>{bytes});
 }
 
-void replaceFile(const std::string& path, const std::vector<std::string_view>& pieces) {
+FileStamp replaceFile(const std::string& path, const std::vector<std::string_view>& pieces) {
     const std::string target = linkedFile(path);
     struct stat old {};
     if (::stat(target.c_str(), &old) == 0) {
@@ -185,7 +192,7 @@ void replaceFile(const std::string& path, const std::vector<std::string_view>& p
     }
     Successor successor(path, target);
     successor.write(pieces);
-    successor.takePlace();
+    return successor.takePlace();
 }
 
 } // namespace easel::svg

@@ -1,8 +1,10 @@
-// A file is what it was while its place, its size and its time are; else its bytes decide, if they are still at hand.
+// A file is what it was while its stamp is; else its bytes decide: those that were read are at hand, of those that were
+// saved a checksum.
 #include "svg/KnownFiles.h"
 
+#include <zlib.h>
+
 #include <filesystem>
-#include <optional>
 #include <system_error>
 
 #include "svg/FileError.h"
@@ -17,21 +19,31 @@ std::string pathWithoutLinks(const std::string& path) {
     return error ? path : canonical.string();
 }
 
-} // namespace
-
-void KnownFiles::note(const std::string& path) const {
-    if (const std::optional<FileStamp> stamp = stampOf(path)) note(path, *stamp);
+std::uint32_t checksumOf(const std::vector<std::string_view>& pieces) {
+    uLong sum = ::crc32_z(0, nullptr, 0);
+    for (const std::string_view piece : pieces)
+        sum = ::crc32_z(sum, reinterpret_cast<const Bytef*>(piece.data()), piece.size());
+    return static_cast<std::uint32_t>(sum);
 }
 
-void KnownFiles::note(const std::string& path, const FileStamp& stamp) const {
-    stamps_[pathWithoutLinks(path)] = stamp;
+} // namespace
+
+void KnownFiles::noteRead(const std::string& path, const FileStamp& stamp) const {
+    files_[pathWithoutLinks(path)] = {stamp, std::nullopt};
+}
+
+void KnownFiles::noteSaved(const std::string& path, const FileStamp& stamp,
+                           const std::vector<std::string_view>& pieces) const {
+    files_[pathWithoutLinks(path)] = {stamp, checksumOf(pieces)};
 }
 
 void KnownFiles::requireUnchanged(const std::string& path) const {
-    const auto known = stamps_.find(pathWithoutLinks(path));
+    const auto found = files_.find(pathWithoutLinks(path));
     const std::optional<FileStamp> now = stampOf(path);
-    if (known == stamps_.end() || !now || *now == known->second) return;
-    if (isWhatWasRead(readFile(path))) return;
+    if (found == files_.end() || !now || *now == found->second.stamp) return;
+    const std::string bytes = readFile(path);
+    const std::optional<std::uint32_t> saved = found->second.checksum;
+    if (saved ? checksumOf({bytes}) == *saved : isWhatWasRead(bytes)) return;
     throw FileError(path + ": Another program has changed the file since it was opened");
 }
 

@@ -1,8 +1,12 @@
 // The files that a document was read from and saved to, so that nobody else's changes in them are overwritten.
 #pragma once
 
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "model/Document.h"
 #include "svg/Files.h"
@@ -11,9 +15,9 @@ namespace easel::svg {
 
 class KnownFiles : public model::Origin {
   public:
-    /// Notes the file as it is now. Not part of what the document came from, hence never too late.
-    void note(const std::string& path) const;
-    void note(const std::string& path, const FileStamp& stamp) const;
+    // Neither is part of what the document came from, hence they are never too late
+    void noteRead(const std::string& path, const FileStamp& stamp) const;
+    void noteSaved(const std::string& path, const FileStamp& stamp, const std::vector<std::string_view>& pieces) const;
     /// Throws FileError when the file is known, there, and not what it was. One that was only touched is unchanged.
     void requireUnchanged(const std::string& path) const;
 
@@ -22,7 +26,12 @@ class KnownFiles : public model::Origin {
     [[nodiscard]] virtual bool isWhatWasRead(std::string_view /*bytes*/) const { return false; }
 
   private:
-    mutable std::map<std::string, FileStamp> stamps_; // by path without links
+    struct Known {
+        FileStamp stamp;
+        std::optional<std::uint32_t> checksum; ///< of what was saved; none where the file has only been read
+    };
+
+    mutable std::map<std::string, Known> files_; // by path without links
 };
 
 } // namespace easel::svg

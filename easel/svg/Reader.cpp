@@ -186,7 +186,7 @@ std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn)
     FileStamp stamp;
     std::string bytes = readFile(path, &stamp);
     auto document = read(std::move(bytes), path, warn);
-    dynamic_cast<const KnownFiles&>(*document->origin).note(path, stamp);
+    dynamic_cast<const KnownFiles&>(*document->origin).noteRead(path, stamp);
     return document;
 }
 

@@ -128,22 +128,21 @@ void save(Document& document, const std::string& path, Overwrite overwrite) {
         const Source& source = text.source;
         const bool sameFile = source.fileName == path;
         const bool packs = asksForPacking(path) || (sameFile && source.packed);
+        std::string whole;
+        std::vector<std::string_view> pieces;
         if (packs == source.packed && text.spliced.isSource()) {
             // Packing again need not give the same bytes, so those that were read are kept.
-            replaceFile(path, source.raw.empty() ? source.text : source.raw);
-        } else if (packs) {
-            replaceFile(path, pack(encoded(text)));
-        } else if (isRecoded(source)) {
-            replaceFile(path, encoded(text));
+            pieces.push_back(source.raw.empty() ? source.text : source.raw);
+        } else if (packs || isRecoded(source)) {
+            whole = packs ? pack(encoded(text)) : encoded(text);
+            pieces.push_back(whole);
         } else {
-            std::vector<std::string_view> pieces;
             for (const SplicedText::Piece& piece : text.spliced.pieces()) pieces.push_back(text.spliced.textOf(piece));
-            replaceFile(path, pieces);
         }
+        known.noteSaved(path, replaceFile(path, pieces), pieces);
     } catch (const UnsavableError& error) {
         throw FileError(path + ": " + error.what());
     }
-    known.note(path);
 }
 
 } // namespace easel::svg

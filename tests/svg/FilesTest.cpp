@@ -40,6 +40,20 @@ TEST_F(Files, ChangesOfOthersAreOverwrittenOnlyWhenToldTo) {
     EXPECT_EQ(saving(Overwrite::Always), "");
     EXPECT_EQ(folder.content("a.svg"), "<svg><g/></svg>");
     EXPECT_EQ(saving(), ""); // for it is ours again
+    document->setName(*document->root().firstChild()->firstChild(), "g");
+    EXPECT_EQ(saving(), "");
+    // Once a file that was only touched since it was saved counted as changed, one with another time of its own as not.
+    std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now());
+    EXPECT_EQ(saving(), "");
+    const auto time = std::filesystem::last_write_time(path);
+    for (const char* text : {"<svg><g/></svg>", "<svg><g id=\"h\"/></svg>"}) { // as it was read, and as long as ours
+        folder.write("a.svg", text);
+        std::filesystem::last_write_time(path, time);
+        EXPECT_EQ(saving(), path + kChanged);
+    }
+    EXPECT_EQ(saving(Overwrite::Always), "");
+    document->journal().undo();
+    EXPECT_EQ(saving(), "");
     const std::string other = folder.write("other.svg", "anything");
     EXPECT_EQ(saving(Overwrite::IfUnchanged, other), ""); // nothing was known of this one
     folder.write("other.svg", "something else");
