@@ -261,12 +261,11 @@ Node& Document::Impl::copyOf(Document& document, const Node& node, Placement pla
     Node& copy = document.create(node.type(), placement, anchor);
     copy.state_.content = node.content();
     copy.state_.content.name = {};
-    copy.clip_ = node.clip_;
-    copy.copied_ = node.copied_;
+    copy.kept_ = node.kept_;
     if (node.origin_ == 0) return copy;
     Copied copied{node.origin_, document.original(node)};
     copied.was.name = {};
-    copy.copied_ = Shared(std::move(copied));
+    copy.kept_ = Shared(Kept{node.kept_ ? node.kept_->clip : Shared<Clip>(), Shared(std::move(copied))});
     return copy;
 }
 
@@ -396,7 +395,10 @@ const Content& Document::original(const Node& node) const {
 
 void Document::setOrigin(Node& node, std::uint32_t number) { node.origin_ = number; }
 
-void Document::setClip(Node& node, Shared<Clip> clip) { node.clip_ = std::move(clip); }
+void Document::setClip(Node& node, Shared<Clip> clip) {
+    if (!node.kept_) node.kept_ = Shared(Kept());
+    node.kept_.writable().clip = std::move(clip);
+}
 
 Journal& Document::journal() { return impl_->journal; }
 

@@ -53,7 +53,12 @@ struct Document::Impl {
     Content& change(Node& node);
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.
     PathData& writablePath(Node& path);
-    void setOpaque(Node& opaque, const OpaqueData& data);
+    template <class Change> void setOpaque(Node& opaque, const Change& changeData) {
+        tree.index.markDirty(opaque);
+        OpaqueData data = opaque.opaque();
+        changeData(data);
+        change(opaque).opaque = Shared(std::move(data));
+    }
     void transform(Node& leaf, const Affine& by); ///< nothing of a container itself
     void fitPointSelection(Node& path, std::size_t count);
     void findNear(Point point, double tolerance);

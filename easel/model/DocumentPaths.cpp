@@ -95,9 +95,10 @@ void Document::offset(Node& node, double dx, double dy) {
     const Transaction transaction(journal());
     for (Node* at = &node; at; at = nextWithin(node, *at)) {
         const Point moved{at->moved().x + dx, at->moved().y + dy};
-        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, {at->opaque().bounds, moved, at->opaque().turned});
+        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, [&](OpaqueData& data) { data.moved = moved; });
         if (at->type() == NodeType::Group || at->type() == NodeType::Layer)
-            impl_->change(*at).opaque = moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{{}, moved});
+            impl_->change(*at).opaque =
+                moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{.bounds = {}, .moved = moved});
         if (at->type() != NodeType::Path || at->path().points.empty()) continue;
         for (PathPoint& point : impl_->writablePath(*at).points) {
             for (Point* const place : {&point.anchor, &point.in, &point.out}) {
@@ -130,7 +131,10 @@ void Document::scaleLines(Node& node, double scale) {
 void Document::Impl::transform(Node& leaf, const Affine& by) {
     if (leaf.type() == NodeType::Opaque) {
         const Affine placed = leaf.opaque().placed() * by;
-        setOpaque(leaf, {leaf.opaque().bounds, {placed.e, placed.f}, {placed.a, placed.b, placed.c, placed.d}});
+        setOpaque(leaf, [&](OpaqueData& data) {
+            data.moved = {placed.e, placed.f};
+            data.turned = {placed.a, placed.b, placed.c, placed.d};
+        });
     }
     if (leaf.type() != NodeType::Path || leaf.path().points.empty()) return;
     for (PathPoint& point : writablePath(leaf).points)
@@ -140,7 +144,7 @@ void Document::Impl::transform(Node& leaf, const Affine& by) {
 void Document::setBounds(Node& opaque, const Box& bounds) {
     if (opaque.opaque().bounds && *opaque.opaque().bounds == bounds) return;
     const Transaction transaction(journal());
-    impl_->setOpaque(opaque, {Shared(bounds), opaque.opaque().moved, opaque.opaque().turned});
+    impl_->setOpaque(opaque, [&](OpaqueData& data) { data.bounds = Shared(bounds); });
 }
 
 void Document::measure() {
@@ -155,13 +159,10 @@ void Document::setMeasured(NodeId art, Shared<Box> known, const Box& bounds) {
 
 void Document::setText(Node& opaque, TextData text) {
     const Transaction transaction(journal());
-    setBounds(opaque, text.bounds());
-    impl_->change(opaque).text = Shared(std::move(text));
-}
-
-void Document::Impl::setOpaque(Node& opaque, const OpaqueData& data) {
-    tree.index.markDirty(opaque);
-    change(opaque).opaque = Shared(data);
+    impl_->setOpaque(opaque, [&](OpaqueData& data) {
+        data.bounds = Shared(text.bounds());
+        data.text = Shared(std::move(text));
+    });
 }
 
 /// Keeps the flags of the points that are left; points that are added are not selected.

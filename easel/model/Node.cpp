@@ -53,7 +53,7 @@ OutlineList Node::outlines() const {
     return outlines;
 }
 
-const Clip* Node::clip() const { return clip_ ? &*clip_ : nullptr; }
+const Clip* Node::clip() const { return kept_ && kept_->clip ? &*kept_->clip : nullptr; }
 
 std::uint8_t Node::selectedParts(std::size_t index) const {
     if (!state_.selected) return 0;

@@ -42,7 +42,6 @@ struct Content {
     Shared<PathData> path;     ///< paths only
     Shared<Style> style;       ///< paths and compound paths only
     Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
-    Shared<TextData> text;     ///< of opaque art that is text and was made here
     Shared<Extras> extras;     ///< nothing for ordinary ones
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
     bool locked = false;
@@ -65,6 +64,12 @@ struct NodeState {
 struct Copied {
     std::uint32_t origin = 0;
     Content was;
+};
+
+/// What few nodes have, and keep for their life.
+struct Kept {
+    Shared<Clip> clip;
+    Shared<Copied> copied;
 };
 
 class Node {
@@ -101,7 +106,7 @@ class Node {
     /// What the document's origin calls this node; 0 for one that was made here.
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
     /// Of a duplicate of something that the document's origin knows; else null.
-    [[nodiscard]] const Copied* copied() const { return copied_ ? &*copied_ : nullptr; }
+    [[nodiscard]] const Copied* copied() const { return kept_ && kept_->copied ? &*kept_->copied : nullptr; }
     /// What shows of the node and its descendants; null for all of it.
     [[nodiscard]] const Clip* clip() const;
     [[nodiscard]] std::uint8_t selectedParts(std::size_t index) const;
@@ -139,8 +144,7 @@ class Node {
     NodeType type_;
     bool alive_ = false;
     Indexed indexed_ = Indexed::No;
-    Shared<Clip> clip_; // for the node's life too, as is the next
-    Shared<Copied> copied_;
+    Shared<Kept> kept_; // for the node's life too; nothing for most
     NodeState state_;
     Hook hook_;                                 // in the parent's children
     std::unique_ptr<struct Children> children_; // containers only

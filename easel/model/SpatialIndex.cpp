@@ -5,6 +5,7 @@
 #include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
 #include <boost/iterator/function_output_iterator.hpp>
+#include <boost/iterator/iterator_adaptor.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -48,16 +49,25 @@ bool same(const TreeBox& a, const TreeBox& b) {
 
 } // namespace
 
+/// While a drawing is read all of its paths are dirty, so that a dirty one takes no more than it must.
 struct SpatialIndex::Entries {
     Rtree tree;
-    std::vector<Entry> dirty; // a box counts where the tree still has the path there
+    std::vector<Node*> dirty;
+    std::vector<TreeBox> before; // where the tree still has dirty paths, at their places; not for those behind
 
-    /// The path as it is to be found from now on, no longer dirty. Its state tells whether it is to be found at all.
-    static Entry settled(Node& path) {
-        const Box hull = path.alive_ ? path.hull() : Box{};
-        path.indexed_ = hull.isEmpty() ? Node::Indexed::No : Node::Indexed::InTree;
+    static Entry entryOf(Node* path) { return {treeBox(path->alive_ ? path->hull() : Box{}), path}; }
+    /// Makes the entries of a list of paths. The tree keeps one for each path while it is built.
+    struct Making : boost::iterator_adaptor<Making, Node* const*, Entry, boost::use_default, Entry> {
+        using iterator_adaptor_::iterator_adaptor_;
+
+        [[nodiscard]] Entry dereference() const { return entryOf(*base()); }
+    };
+    /// Whether the path is to be found from now on; it is no longer dirty.
+    static bool settle(Node& path) {
+        const bool isFound = path.alive_ && !path.hull().isEmpty();
+        path.indexed_ = isFound ? Node::Indexed::InTree : Node::Indexed::No;
         path.dirtyPlace_ = Node::kNowhere;
-        return {treeBox(hull), &path};
+        return isFound;
     }
 };
 
@@ -70,17 +80,19 @@ void SpatialIndex::find(const Box& box, std::vector<Node*>& found) const {
                          boost::make_function_output_iterator([&found](const Entry& entry) {
                              if (entry.second->indexed_ == Node::Indexed::InTree) found.push_back(entry.second);
                          }));
-    for (const Entry& entry : entries_->dirty)
-        if (entry.second->alive_ && entry.second->hull().meets(box)) found.push_back(entry.second);
+    for (Node* const path : entries_->dirty)
+        if (path->alive_ && path->hull().meets(box)) found.push_back(path);
 }
 
 void SpatialIndex::markDirty(Node& path) {
     if (path.dirtyPlace_ != Node::kNowhere) return;
     if (!segments_.empty()) segments_.erase(&path);
     path.dirtyPlace_ = static_cast<std::uint32_t>(entries_->dirty.size());
-    const bool inTree = path.indexed_ == Node::Indexed::InTree;
-    entries_->dirty.emplace_back(inTree ? treeBox(path.hull()) : treeBox({}), &path);
-    path.indexed_ = inTree ? Node::Indexed::InTreeBefore : Node::Indexed::No;
+    entries_->dirty.push_back(&path);
+    if (path.indexed_ != Node::Indexed::InTree) return;
+    path.indexed_ = Node::Indexed::InTreeBefore;
+    entries_->before.resize(path.dirtyPlace_, treeBox({}));
+    entries_->before.push_back(treeBox(path.hull()));
 }
 
 SegmentBoxes* SpatialIndex::segments(const Node& path) {
@@ -92,44 +104,47 @@ SegmentBoxes* SpatialIndex::segments(const Node& path) {
 }
 
 void SpatialIndex::reindex() {
-    std::vector<Entry>& dirty = entries_->dirty;
-    Rtree& tree = entries_->tree;
+    auto& [tree, dirty, before] = *entries_;
     if (dirty.size() > kFewDirty && dirty.size() * kInsertionCost > tree.size()) return rebuild();
-    for (const Entry& before : dirty) {
-        const bool wasInTree = before.second->indexed_ == Node::Indexed::InTreeBefore;
-        const Entry now = Entries::settled(*before.second);
-        const bool isInTree = before.second->indexed_ == Node::Indexed::InTree;
-        if (wasInTree && isInTree && same(now.first, before.first)) continue;
-        if (wasInTree) tree.remove(before);
+    for (std::size_t i = 0; i < dirty.size(); ++i) {
+        const bool wasInTree = dirty[i]->indexed_ == Node::Indexed::InTreeBefore;
+        const bool isInTree = Entries::settle(*dirty[i]);
+        const Entry now = Entries::entryOf(dirty[i]);
+        if (wasInTree && isInTree && same(now.first, before[i])) continue;
+        if (wasInTree) tree.remove(Entry(before[i], dirty[i]));
         if (isInTree) tree.insert(now);
     }
     dirty.clear();
+    before.clear();
     if (dirty.capacity() > 2 * kFewDirty) dirty.shrink_to_fit();
+    if (before.capacity() > 2 * kFewDirty) before.shrink_to_fit();
 }
 
-/// The list of the dirty becomes that of all, for it may be the largest thing in memory while a drawing is read.
+/// The list of the dirty becomes that of all, and the tree makes its entries from that as it needs them.
 void SpatialIndex::rebuild() {
-    std::vector<Entry> all = std::exchange(entries_->dirty, {});
+    entries_->before = {};
+    std::vector<Node*> all = std::exchange(entries_->dirty, {});
     const auto dirtyCount = static_cast<std::ptrdiff_t>(all.size());
     for (const Entry& entry : entries_->tree)
-        if (entry.second->indexed_ == Node::Indexed::InTree) all.push_back(entry);
+        if (entry.second->indexed_ == Node::Indexed::InTree) all.push_back(entry.second);
     entries_->tree.clear();
-    std::for_each(all.begin(), all.begin() + dirtyCount, [](Entry& entry) { entry = Entries::settled(*entry.second); });
-    std::erase_if(all, [](const Entry& entry) { return entry.second->indexed_ == Node::Indexed::No; });
-    entries_->tree = Rtree(all);
+    const auto isGone = [](Node* path) { return !Entries::settle(*path); };
+    all.erase(std::remove_if(all.begin(), all.begin() + dirtyCount, isGone), all.begin() + dirtyCount);
+    entries_->tree = Rtree(Entries::Making(all.data()), Entries::Making(all.data() + all.size()));
 }
 
 void SpatialIndex::forget(Node& path) {
     if (path.indexed_ == Node::Indexed::No && path.dirtyPlace_ == Node::kNowhere) return;
     markDirty(path);
-    std::vector<Entry>& dirty = entries_->dirty;
+    auto& [tree, dirty, before] = *entries_;
     const std::uint32_t place = path.dirtyPlace_;
-    if (path.indexed_ == Node::Indexed::InTreeBefore) entries_->tree.remove(dirty[place]);
-    if (place + 1 != dirty.size()) {
-        dirty[place] = dirty.back();
-        dirty[place].second->dirtyPlace_ = place;
-    }
+    if (path.indexed_ == Node::Indexed::InTreeBefore) tree.remove(Entry(before[place], &path));
+    Node* const last = dirty.back();
+    if (last->indexed_ == Node::Indexed::InTreeBefore) before[place] = before[last->dirtyPlace_];
+    dirty[place] = last;
+    last->dirtyPlace_ = place;
     dirty.pop_back();
+    before.resize(std::min(before.size(), dirty.size()), treeBox({}));
     path.indexed_ = Node::Indexed::No;
     path.dirtyPlace_ = Node::kNowhere;
 }

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "model/Children.h"
+#include "model/Clip.h"
 
 namespace easel::model {
 
@@ -74,7 +75,7 @@ void Tree::giveBack(Node& node) {
     node.state_ = {};
     node.record_ = 0;
     node.origin_ = 0;
-    node.copied_ = {};
+    node.kept_ = {};
     node.rolledBackBy_ = 0;
     // A slot whose generations are used up stays empty for ever, so that no identity comes twice.
     if (node.id_.generation == kLastGeneration) return;

@@ -95,25 +95,44 @@ void Box::include(const Box& other) {
     bottom = std::max(bottom, other.bottom);
 }
 
+SmoothPoints::SmoothPoints(const PointFlags& flags) {
+    const std::size_t first = std::min(flags.size(), kFirst);
+    for (std::size_t i = 0; i < first; ++i) first_ |= static_cast<std::uint64_t>(flags[i]) << i;
+    const auto rest = flags.begin() + static_cast<std::ptrdiff_t>(first);
+    if (std::find(rest, flags.end(), true) != flags.end()) rest_ = Shared(PointFlags(rest, flags.end()));
+}
+
+PointFlags SmoothPoints::flags(std::size_t count) const {
+    PointFlags flags(count);
+    if (*this)
+        for (std::size_t i = 0; i < count; ++i) flags[i] = (*this)[i];
+    return flags;
+}
+
 void PathData::setCorners(std::size_t index, const PointFlags& corners) {
     if (!smooth && std::find(corners.begin(), corners.end(), false) == corners.end()) return;
-    if (!smooth) smooth = Shared(PointFlags(points.size()));
-    PointFlags& flags = smooth.writable();
+    PointFlags flags = smooth.flags(points.size());
     for (std::size_t i = 0; i < corners.size(); ++i) flags[index + i] = !corners[i];
-    if (std::find(flags.begin(), flags.end(), true) == flags.end()) smooth = {};
+    smooth = SmoothPoints(flags);
 }
 
 void PathData::resize(std::size_t count) {
+    if (smooth) {
+        PointFlags flags = smooth.flags(points.size());
+        flags.resize(count);
+        smooth = SmoothPoints(flags);
+    }
     points.resize(count);
-    if (!smooth) return;
-    smooth.writable().resize(count);
-    setCorners(0, {}); // those that were smooth may be gone
 }
 
 void PathData::insert(std::size_t index, const PathPoint* first, std::size_t count) {
     const auto at = static_cast<std::ptrdiff_t>(index);
+    if (smooth) {
+        PointFlags flags = smooth.flags(points.size());
+        flags.insert(flags.begin() + at, count, false);
+        smooth = SmoothPoints(flags);
+    }
     points.insert(points.begin() + at, first, first + count);
-    if (smooth) smooth.writable().insert(smooth.writable().begin() + at, count, false);
 }
 
 void PathData::erase(std::size_t index, std::size_t count) {
@@ -121,16 +140,22 @@ void PathData::erase(std::size_t index, std::size_t count) {
         const auto at = list.begin() + static_cast<std::ptrdiff_t>(index);
         list.erase(at, at + static_cast<std::ptrdiff_t>(count));
     };
+    if (smooth) {
+        PointFlags flags = smooth.flags(points.size());
+        cut(flags);
+        smooth = SmoothPoints(flags);
+    }
     cut(points);
-    if (!smooth) return;
-    cut(smooth.writable());
-    setCorners(0, {}); // those that were smooth may be gone
 }
 
 void PathData::reverse() {
+    if (smooth) {
+        PointFlags flags = smooth.flags(points.size());
+        std::reverse(flags.begin(), flags.end());
+        smooth = SmoothPoints(flags);
+    }
     std::reverse(points.begin(), points.end());
     for (PathPoint& point : points) std::swap(point.in, point.out);
-    if (smooth) std::reverse(smooth.writable().begin(), smooth.writable().end());
 }
 
 Cubic PathData::segment(std::size_t index) const {

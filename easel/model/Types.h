@@ -70,6 +70,27 @@ struct PathPoint {
 /// One flag a point.
 using PointFlags = std::vector<bool>;
 
+/// Which points of a path are smooth. Most paths have few points: those of the first 64 cost no memory of their own.
+class SmoothPoints {
+  public:
+    SmoothPoints() = default;
+    explicit SmoothPoints(const PointFlags& flags);
+
+    [[nodiscard]] explicit operator bool() const { return first_ != 0 || rest_; } ///< whether any is
+    [[nodiscard]] bool operator[](std::size_t index) const {
+        return index < kFirst ? (first_ >> index & 1U) != 0 : rest_ && (*rest_)[index - kFirst];
+    }
+    [[nodiscard]] PointFlags flags(std::size_t count) const; ///< of the first `count` points
+
+    bool operator==(const SmoothPoints&) const = default;
+
+  private:
+    static constexpr std::size_t kFirst = 64;
+
+    std::uint64_t first_ = 0;
+    Shared<PointFlags> rest_; // nothing where none of them is smooth
+};
+
 /// A curve between two anchors, which are the first and the last of its control points. It is straight when the other
 /// two lie on the anchors next to them.
 using Cubic = std::array<Point, 4>;
@@ -91,9 +112,9 @@ struct Turns {
 struct PathData {
     std::vector<PathPoint> points;
     bool closed = false;
-    Shared<PointFlags> smooth{}; ///< the points that are no corners; nothing if there are none
+    SmoothPoints smooth{}; ///< the points that are no corners
 
-    [[nodiscard]] bool isCorner(std::size_t index) const { return !smooth || !(*smooth)[index]; }
+    [[nodiscard]] bool isCorner(std::size_t index) const { return !smooth[index]; }
     void setCorners(std::size_t index, const PointFlags& corners); ///< of as many points, beginning at `index`
     void resize(std::size_t count); ///< cuts off at the end, or appends corners at the origin
     void insert(std::size_t index, const PathPoint* first, std::size_t count); ///< corners
@@ -124,18 +145,6 @@ struct Color {
     double blue = 0;
 
     bool operator==(const Color&) const = default;
-};
-
-/// Art that is shown and moved as a whole, never edited: a text, an image.
-struct OpaqueData {
-    Shared<Box> bounds;                       ///< where it lay at first; nothing, or empty, as long as nobody knows
-    Point moved;                              ///< how far it has been moved since
-    std::array<double, 4> turned{1, 0, 0, 1}; ///< and turned or scaled before that: a to d of an Affine
-
-    [[nodiscard]] Box hull() const; ///< where it lies now
-    [[nodiscard]] Affine placed() const { return {turned[0], turned[1], turned[2], turned[3], moved.x, moved.y}; }
-
-    bool operator==(const OpaqueData&) const = default;
 };
 
 enum class Alignment : std::uint8_t { Center, Inside, Outside };
@@ -196,6 +205,19 @@ struct TextData {
     [[nodiscard]] Box bounds() const;
 
     bool operator==(const TextData&) const = default;
+};
+
+/// Art that is shown and moved as a whole, never edited: a text, an image.
+struct OpaqueData {
+    Shared<Box> bounds;                       ///< where it lay at first; nothing, or empty, as long as nobody knows
+    Point moved;                              ///< how far it has been moved since
+    std::array<double, 4> turned{1, 0, 0, 1}; ///< and turned or scaled before that: a to d of an Affine
+    Shared<TextData> text{};                  ///< of text that was made here
+
+    [[nodiscard]] Box hull() const; ///< where it lies now
+    [[nodiscard]] Affine placed() const { return {turned[0], turned[1], turned[2], turned[3], moved.x, moved.y}; }
+
+    bool operator==(const OpaqueData&) const = default;
 };
 
 } // namespace easel::model

@@ -31,7 +31,7 @@ std::int16_t hostType(const Node& node) {
     case NodeType::Group: return kGroupArt;
     case NodeType::Path: return kPathArt;
     case NodeType::Compound: return kCompoundPathArt;
-    case NodeType::Opaque: return node.content().text ? kTextFrameArt : kForeignArt;
+    case NodeType::Opaque: return node.opaque().text ? kTextFrameArt : kForeignArt;
     }
     return kUnknownArt;
 }

@@ -30,7 +30,7 @@ std::int16_t justificationToHost(model::Justification justification) {
     return kAll[static_cast<std::size_t>(justification)];
 }
 
-bool isText(const model::Node& node) { return node.type() == model::NodeType::Opaque && node.content().text; }
+bool isText(const model::Node& node) { return node.type() == model::NodeType::Opaque && node.opaque().text; }
 
 namespace {
 

@@ -171,7 +171,7 @@ Tag ElementText::newTag(const Node& node, const Place& place, std::string_view n
 }
 
 std::string ElementText::newText(const Node& node, const Place& place) {
-    const model::TextData& text = *node.content().text;
+    const model::TextData& text = *node.opaque().text;
     requireUsable(text.paint);
     Tag tag = newTag(node, place, "text");
     // Its lengths are the page's, whatever is around it.

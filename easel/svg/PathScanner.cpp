@@ -71,9 +71,9 @@ class Collector {
         path.points.assign(points_.begin(), points_.end()); // no larger than need be
         path.closed = closed;
         if (std::any_of(points_.begin(), points_.end(), looksSmooth)) {
-            model::PointFlags corners;
-            for (const PathPoint& point : points_) corners.push_back(!looksSmooth(point));
-            path.setCorners(0, corners);
+            model::PointFlags smooth;
+            for (const PathPoint& point : points_) smooth.push_back(looksSmooth(point));
+            path.smooth = model::SmoothPoints(smooth);
         }
         points_.clear();
     }

@@ -139,7 +139,7 @@ class Splicer {
     void write(const Item& item, std::string behind) {
         const Level& parent = open_.back();
         if (!item.inPlace) requireRoom(item);
-        if (!item.element && item.node->content().text) {
+        if (!item.element && item.node->type() == NodeType::Opaque && item.node->opaque().text) {
             out_.add(elements_.newText(*item.node, parent.place));
         } else if (item.node->copied() && !isGroup(*item.node)) {
             out_.add(elements_.copiedElement(*item.node, copiedOf(*item.node), parent.place));

@@ -155,7 +155,9 @@ TEST_F(DocumentTest, CornersFollowThePoints) {
         for (std::size_t i = 0; i < path.path().points.size(); ++i) letters += path.path().isCorner(i) ? 'c' : 's';
         return letters;
     };
-    const std::pair<std::function<void()>, const char*> rows[] = {
+    const std::string many(70, 'c'); // more than one word has bits
+    const PathPoint point = corner(9, 9);
+    const std::pair<std::function<void()>, std::string> rows[] = {
         {[&] {
              document.setCorners(path, 1, {true, true});
          },
@@ -170,10 +172,13 @@ TEST_F(DocumentTest, CornersFollowThePoints) {
              document.setCorners(path, 1, {false, false});
          },
          "css"},
-        {[&] {
-             document.setCorners(path, 0, {true, true, true});
-         },
-         "ccc"},
+        {[&] { document.setPointCount(path, 70); }, "css" + many.substr(3)},
+        {[&] { document.reverse(path); }, many.substr(3) + "ssc"},
+        {[&] { document.insertPoints(path, 0, &point, 1); }, many.substr(2) + "ssc"},
+        {[&] { document.removePoints(path, 0, 6); }, many.substr(8) + "ssc"},
+        {[&] { document.setPointCount(path, 63); }, many.substr(8) + 's'},
+        {[&] { document.setPointCount(path, 70); }, many.substr(8) + "sccccccc"},
+        {[&] { document.setCorners(path, 0, PointFlags(70, true)); }, many},
     };
     for (const auto& [change, expected] : rows) {
         change();

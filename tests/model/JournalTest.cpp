@@ -6,6 +6,7 @@
 
 #include <algorithm>
 
+#include "model/Clip.h"
 #include "support/Drawing.h"
 
 namespace easel::model {
@@ -236,19 +237,24 @@ TEST_F(JournalTest, StorageOfABigChangeIsGivenBack) {
 
 // Identities
 
+// A node's mask once stayed with its slot, and hid parts of whatever came there next.
 TEST_F(JournalTest, SlotIsReusedByANewGenerationOnceNobodyKnowsTheNode) {
     journal.begin();
     journal.mark();
     const NodeId rolledBack = addLine(document, layer, {0, 0}, {1, 1}).id();
     journal.rollBackToMark();
-    const NodeId next = addLine(document, layer, {0, 0}, {1, 1}).id();
+    Node& masked = addLine(document, layer, {0, 0}, {1, 1});
+    const NodeId next = masked.id();
+    Document::setClip(masked, Shared(Clip()));
     journal.end();
     EXPECT_EQ(next, (NodeId{rolledBack.slot, rolledBack.generation + 1}));
     EXPECT_EQ(document.find(rolledBack), nullptr);
 
     journal.undo();
     addLine(document, layer, {2, 2}, {3, 3}); // forgets what could be redone
-    EXPECT_EQ(addLine(document, layer, {4, 4}, {5, 5}).id(), (NodeId{next.slot, next.generation + 1}));
+    const Node& last = addLine(document, layer, {4, 4}, {5, 5});
+    EXPECT_EQ(last.id(), (NodeId{next.slot, next.generation + 1}));
+    EXPECT_EQ(last.clip(), nullptr);
 }
 
 TEST_F(JournalTest, SilentRemovalWithoutHistoryFreesAllThatWasInside) {
