@@ -7,8 +7,8 @@
 
 #include "model/Bounds.h"
 #include "model/Document.h"
-#include "svg/Limits.h"
 #include "svg/Outlines.h"
+#include "svg/Reach.h"
 #include "svg/Values.h"
 
 namespace easel::svg {

@@ -10,9 +10,9 @@
 
 #include "svg/Extras.h"
 #include "svg/FileError.h"
-#include "svg/Limits.h"
 #include "svg/Names.h"
 #include "svg/Outlines.h"
+#include "svg/Reach.h"
 #include "svg/Values.h"
 
 namespace easel::svg {
@@ -84,8 +84,8 @@ std::string transformText(const Geom::Affine& transform) {
     const bool moves = std::fabs(transform[0] - 1) < kAlmost && std::fabs(transform[1]) < kAlmost &&
                        std::fabs(transform[2]) < kAlmost && std::fabs(transform[3] - 1) < kAlmost;
     std::string text = moves ? "translate(" : "matrix(";
+    if (!withinReach(transform)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
     for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
-        if (!withinReach(transform[i])) throw UnsavableError("an object beyond 1e9 points cannot be saved");
         appendNumber(text, transform[i]);
         text += i < 5 ? ' ' : ')';
     }

@@ -7,8 +7,8 @@
 #include <string>
 #include <utility>
 
-#include "svg/Outlines.h"
 #include "svg/Packing.h"
+#include "svg/Reach.h"
 #include "svg/RenderProcess.h"
 #include "svg/Values.h"
 

@@ -7,7 +7,6 @@
 #include <stdexcept>
 #include <utility>
 
-#include "svg/Limits.h"
 #include "svg/PathScanner.h"
 #include "svg/Values.h"
 
@@ -128,19 +127,6 @@ void transformBy(PathData& path, const Geom::Affine& transform) {
             *p = {moved.x(), moved.y()};
         }
     }
-}
-
-bool withinReach(const PathData& path) {
-    return std::all_of(path.points.begin(), path.points.end(), [](const PathPoint& point) {
-        bool reaches = true;
-        for (const Point at : {point.anchor, point.in, point.out})
-            reaches = reaches && withinReach(at.x) && withinReach(at.y);
-        return reaches;
-    });
-}
-
-bool withinReach(const model::Box& box) {
-    return withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom);
 }
 
 bool looksSmooth(const PathPoint& point) {

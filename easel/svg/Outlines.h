@@ -22,10 +22,6 @@ struct Outline {
 
 void transformBy(model::PathData& path, const Geom::Affine& transform);
 
-/// Whether all of its points lie where coordinates are trusted; false for what is no number.
-[[nodiscard]] bool withinReach(const model::PathData& path);
-[[nodiscard]] bool withinReach(const model::Box& box);
-
 /// Whether both handles of a point are drawn out, in opposite directions.
 [[nodiscard]] bool looksSmooth(const model::PathPoint& point);
 /// How far the handles of an arc of this angle reach, against the radius.

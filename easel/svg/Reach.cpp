@@ -1,0 +1,35 @@
+#include "svg/Reach.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace easel::svg {
+
+bool withinReach(const model::PathData& path) {
+    return std::all_of(path.points.begin(), path.points.end(), [](const model::PathPoint& point) {
+        bool reaches = true;
+        for (const model::Point at : {point.anchor, point.in, point.out})
+            reaches = reaches && withinReach(at.x) && withinReach(at.y);
+        return reaches;
+    });
+}
+
+bool withinReach(const model::Box& box) {
+    return withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom);
+}
+
+bool withinReach(const Geom::Affine& transform) {
+    bool reaches = true;
+    for (unsigned i = 0; i < 6; ++i) reaches = reaches && withinReach(transform[i]);
+    return reaches;
+}
+
+model::Box trusted(const model::Box& box) { return withinReach(box) ? box : model::Box{}; }
+
+bool isFlat(const Geom::Affine& transform) {
+    constexpr double kFlat = 1e-12;
+    const double area = std::fabs(transform.det());
+    return !(area > kFlat && std::isfinite(area));
+}
+
+} // namespace easel::svg
