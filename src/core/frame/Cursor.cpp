@@ -14,7 +14,7 @@ template class Handle<Impl>;
 namespace {
 
 std::shared_ptr<Impl> hostCursor(unsigned number) {
-    return plugin::frame() && number < plugin::kFirstImageCursor ? plugin::share<Impl>(number) : nullptr;
+    return number < plugin::kFirstImageCursor ? plugin::share<Impl>(number) : nullptr;
 }
 
 std::shared_ptr<Impl> imageCursor(const plugin::CursorImages& images, const Point& hotSpot) {

@@ -31,7 +31,7 @@ MenuGroup::MenuGroup(const MenuGroup& parent, const std::string& text, bool sort
                      bool onTop)
     : MenuGroup(newGroup(parent.__name(), text, {sorted, merged, subMenu, onTop})) {}
 
-MenuGroup::MenuGroup(_t_MenuGroupOpaque* handle) : Handle(plugin::frame() ? plugin::share<Impl>(handle) : nullptr) {}
+MenuGroup::MenuGroup(_t_MenuGroupOpaque* handle) : Handle(plugin::share<Impl>(handle)) {}
 
 // Identity
 

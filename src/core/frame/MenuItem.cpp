@@ -32,7 +32,7 @@ MenuItem::MenuItem(const MenuGroup& group, const std::string& text, const Callba
     : Handle(newItem(group.__name(), text, callback)) {}
 MenuItem::MenuItem(BuiltinMenuGroup group, const std::string& text, const Callback& callback)
     : Handle(newItem(plugin::builtinGroupName(group), text, callback)) {}
-MenuItem::MenuItem(_t_MenuItemOpaque* handle) : Handle(plugin::frame() ? plugin::share<Impl>(handle) : nullptr) {}
+MenuItem::MenuItem(_t_MenuItemOpaque* handle) : Handle(plugin::share<Impl>(handle)) {}
 
 MenuItem MenuItem::Divider(const MenuGroup& group) {
     return MenuItem(registered([&](SPPlugin* self) { return Impl::addDivider(self, group.__name()); }));

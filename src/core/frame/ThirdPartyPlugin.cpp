@@ -2,7 +2,6 @@
 #include "core/frame/ThirdPartyPlugin.h"
 
 #include "core/Forward.h"
-#include "plugin/frame/BasePlugin.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 #include "plugin/host/RefCountMap.h"
 
@@ -18,8 +17,7 @@ constexpr std::int32_t kBadParameter = 0x5061726D;   // "Parm"
 
 } // namespace
 
-ThirdPartyPlugin::ThirdPartyPlugin(SPPlugin* plugin)
-    : Handle(plugin::frame() ? plugin::share<Impl>(plugin) : nullptr) {}
+ThirdPartyPlugin::ThirdPartyPlugin(SPPlugin* plugin) : Handle(plugin::share<Impl>(plugin)) {}
 
 SPPlugin* ThirdPartyPlugin::spPluginRef() const { return ask(impl(), &Impl::handle); }
 std::string ThirdPartyPlugin::name() const { return ask(impl(), &Impl::name); }

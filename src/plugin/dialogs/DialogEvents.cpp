@@ -19,17 +19,17 @@ std::string lastCharacter(const std::string& text) {
     return text.substr(at);
 }
 
-/// A flag that is up until the end of a block, however that ends.
-class Raised {
+/// Another value, until the end of a block, however that ends.
+template <class T> class Temporary {
   public:
-    explicit Raised(bool& flag) : flag_(flag), outer_(std::exchange(flag, true)) {}
-    ~Raised() { flag_ = outer_; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
+    Temporary(T& place, T value) : place_(place), outer_(std::exchange(place, std::move(value))) {}
+    ~Temporary() { place_ = std::move(outer_); }
+    Temporary(const Temporary&) = delete;
+    Temporary& operator=(const Temporary&) = delete;
 
   private:
-    bool& flag_;
-    bool outer_;
+    T& place_;
+    T outer_;
 };
 
 } // namespace
@@ -67,7 +67,7 @@ void ModalDialog::typed(Widget& field, const WindowEvent& event) {
     field.lastTyped = lastCharacter(event.typed);
     if (field.state_.text != event.text) widgetChanged(field);
     lastWidgets().changing = field.weak_from_this();
-    const Raised beingTyped(field.beingTyped_);
+    const Temporary beingTyped(field.beingTyped_, true);
     field.changing.run();
 }
 
@@ -85,10 +85,9 @@ void ModalDialog::pressed(Widget& button) {
     const bool closes = (held == ok_.widget && ok_.closes) || (held == cancel_.widget && cancel_.closes);
     if (button.state().style != ButtonStyle::Plain) endEditing();
     lastWidgets().clicked = held;
-    const auto outer = std::exchange(clicking_, held);
+    const Temporary clicking(clicking_, std::weak_ptr(held));
     button.clicked.run();
     if (closes) dismiss();
-    clicking_ = outer;
 }
 
 /// Whoever clicks a button fast that makes nothing of it has clicked it again.
@@ -159,9 +158,10 @@ void ModalDialog::setFocus(WidgetId id) {
         wantsFocus_ = id;
         return;
     }
-    const bool outer = std::exchange(movingFocus_, true);
-    window_->setFocus(id);
-    movingFocus_ = outer;
+    {
+        const Temporary moving(movingFocus_, true);
+        window_->setFocus(id);
+    }
     focusMoved(id);
 }
 

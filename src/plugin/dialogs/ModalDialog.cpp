@@ -58,6 +58,14 @@ void ModalDialog::show() {
     if (!alive_ || window_) return; // destroyed or shown by that
     const std::unique_ptr<Window> window = platform().windows().make(*this);
     if (!window) return;
+    struct Open { // until the end, however that comes
+        ModalDialog& dialog;
+        ~Open() {
+            dialog.window_ = nullptr;
+            dialog.focused_ = kNoWidget;
+            dialog.wantsFocus_.reset();
+        }
+    } const open{*this};
     window_ = window.get();
     ending_ = false;
     chosen_.reset();
@@ -68,9 +76,6 @@ void ModalDialog::show() {
     setFocus(first ? first->handle() : kNoWidget);
     if (selected) first->setSelection(*selected); // the focus has selected all
     window->run();
-    window_ = nullptr;
-    focused_ = kNoWidget;
-    wantsFocus_.reset();
 }
 
 void ModalDialog::dismiss() {

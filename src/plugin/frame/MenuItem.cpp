@@ -14,7 +14,7 @@ std::shared_ptr<MenuItem> MenuItem::add(SPPlugin* plugin, const std::string& gro
                                         std::int32_t options, const core::CallbackSlot& callback) {
     if (group.empty()) return nullptr;
     _t_MenuItemOpaque* const handle = host::get<&AIMenuSuite::AddMenuItem>(plugin, group, text, options);
-    return handle ? share<MenuItem>(handle, [&] { return MenuItem(handle, callback); }) : nullptr;
+    return share<MenuItem>(handle, [&] { return MenuItem(handle, callback); });
 }
 
 std::shared_ptr<MenuItem> MenuItem::add(SPPlugin* plugin, const std::string& group, const std::string& text,

@@ -21,6 +21,8 @@ bool acquire(Suite& suite) {
     return true;
 }
 
+bool isAttached() { return basic != nullptr; }
+
 void releaseAll() {
     while (Suite* const suite = lastAcquired) {
         if (basic && basic->ReleaseSuite) basic->ReleaseSuite(suite->name, suite->version);

@@ -22,6 +22,9 @@ template <> struct NaturalForm<std::uint8_t> { using type = bool; };
 template <> struct NaturalForm<const char*> { using type = std::string; };
 template <auto Entry> using Natural = typename NaturalForm<typename AnswerOf<decltype(Entry)>::type>::type;
 
+/// Whether there is a host to call: from the first message on, until shut-down.
+[[nodiscard]] bool isAttached();
+
 // Calls that are about no object; arguments and answers are converted on the way (HostForm)
 
 /// Returns whether the host did it.

@@ -6,6 +6,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "plugin/host/Object.h"
+
 namespace kzo::plugin {
 
 /// The implementation object that all handles of one host object share.
@@ -85,14 +87,16 @@ template <class Key, class Wrapper> class RefCountMap {
 template <class Impl> using KeyOf = decltype(std::declval<const Impl&>().handle());
 template <class Impl> using MapOf = RefCountMap<KeyOf<Impl>, __RefCountWrapper<KeyOf<Impl>, Impl>>;
 
-/// The implementation object that the handles on one host object share; `make()` returns it if there is none yet.
+/// The implementation object that the handles on one host object share; `make()` returns it if there is none yet. Null
+/// for the null handle, and where no host is attached, so that handles made after shut-down are empty.
 template <class Impl, class Make> [[nodiscard]] std::shared_ptr<Impl> share(KeyOf<Impl> key, Make make) {
+    if (!key || !host::isAttached()) return nullptr;
     auto* const wrapper = MapOf<Impl>::acquire(key, make);
     return std::shared_ptr<Impl>(&wrapper->impl, [wrapper](Impl*) { MapOf<Impl>::release(wrapper); });
 }
-/// The same, made of the key alone; null for the null handle.
+/// The same, made of the key alone.
 template <class Impl> [[nodiscard]] std::shared_ptr<Impl> share(KeyOf<Impl> key) {
-    return key ? share<Impl>(key, [key] { return Impl(key); }) : nullptr;
+    return share<Impl>(key, [key] { return Impl(key); });
 }
 
 template <class... Impls> void forgetAll() { (MapOf<Impls>::forgetAll(), ...); }

@@ -1,6 +1,7 @@
 // The entry: what is answered before start-up, in which order a life runs, and what stays behind.
 #include <gmock/gmock.h>
 
+#include "core/app/Illustrator.h"
 #include "core/app/Plugin.h"
 #include "core/frame/Dispatcher.h"
 #include "hostapi/AINotifierSuite.h"
@@ -74,12 +75,16 @@ TEST(Entry, RunsTheClientsWorkAfterItsOwnOnTheWayUpAndBeforeItOnTheWayDown) {
     Plugin::instance()->setPreShutdownCallback(preShutdown.callback());
     Plugin::instance()->setShutdownCallback(shutdown.callback());
     const kzo::core::Tool kept = ortho::Plugin::instance()->lineTool();
+    AILayer* layer = nullptr;
+    desk.inMessage(
+        [&] { layer = kzo::core::Illustrator::instance()->currentDocument()->currentLayer()->aiLayerHandle(); });
     EXPECT_FALSE(kept.isEmpty());
     desk.session().quit();
     EXPECT_THAT(seen, testing::ElementsAre("pre-shut-down", "shut-down"));
-    // A handle that lives on is empty, and asks the host nothing.
+    // A handle that lives on is empty, as is one made later, and asks the host nothing.
     const auto calls = kzo::plugin::host::monitor().calls();
     EXPECT_TRUE(kept.isEmpty());
+    EXPECT_TRUE(layer && kzo::core::Layer(layer).isEmpty());
     EXPECT_EQ(kept.number(), -2);
     EXPECT_EQ(kept.title(), "");
     EXPECT_EQ(kzo::plugin::host::monitor().calls(), calls);

@@ -258,6 +258,13 @@ TEST_F(Dialogs, EndInOddMoments) {
              timer = Timer("Late", 1, callback([&] { dialog.dismiss(); }));
              desk.session().timers.runFor(2);
          }},
+        {"after its button's callback threw",
+         [&](auto& open) {
+             desk.expectReports();
+             dialog.okButton().setClickCallback(callback([] { throw std::runtime_error("odd"); }));
+             hosts().press(open, kStageReturnKey);
+             hosts().press(open, kStageEscapeKey);
+         }},
         {"destroyed by itself", [&](auto&) { dialog.destroy(); }},
         {"by its host", [](auto&) {}},
         {"with another one above",
@@ -272,6 +279,7 @@ TEST_F(Dialogs, EndInOddMoments) {
         user = end;
         desk.inMessage([&] { dialog.show(); });
         EXPECT_FALSE(dialog.visible()) << name;
+        EXPECT_TRUE(dialog.chosenButton().isEmpty()) << name;
     }
     make();
     desk.inMessage([&] {
