@@ -11,7 +11,9 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QProcess>
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <memory>
@@ -42,8 +44,8 @@ struct Folder {
 };
 
 struct Shown {
-    Shown() {
-        session.profile.use(folder.path / "profile");
+    explicit Shown(const std::filesystem::path& within) : folder(within) {
+        session.profile.use(folder / "profile");
         session.plugins.attach("Ortholine", PluginMain);
         session.start();
         window.emplace(actions, recovery, settings);
@@ -65,12 +67,12 @@ struct Shown {
         while (!window->canvas().isTrue()) QApplication::processEvents(QEventLoop::AllEvents, 5);
     }
 
-    Folder folder;
+    std::filesystem::path folder;
     session::Session session;
     app::Recorder recorder{""};
     app::Actions actions{session, recorder};
-    app::Recovery recovery{folder.path / "recovery"};
-    app::Settings settings{folder.path};
+    app::Recovery recovery{folder / "recovery"};
+    app::Settings settings{folder};
     std::optional<app::Window> window;
 };
 
@@ -84,9 +86,12 @@ void repaintEmpty(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations());
 }
 
+enum class Grip { Ground, Topmost, Bottommost };
+
 /// Argument: paths, all of them visible. A picture for each message: more than screens show.
-void drag(benchmark::State& state, const char* tool, bool onArt) {
-    Shown shown;
+void drag(benchmark::State& state, const char* tool, Grip grip) {
+    const Folder folder;
+    Shown shown(folder.path);
     const double side = documents::side(state.range(0));
     shown.actions.newDocument(side, side);
     documents::fill(*shown.session.document(), state.range(0));
@@ -95,7 +100,9 @@ void drag(benchmark::State& state, const char* tool, bool onArt) {
     shown.settle();
     shown.actions.selectTool(*shown.session.toolbox.findByTitle(tool));
     model::Point from{side / 2, side / 2};
-    if (onArt) from = shown.session.document()->currentLayer().firstChild()->path().points[0].anchor;
+    const model::Node& layer = shown.session.document()->currentLayer();
+    if (grip != Grip::Ground)
+        from = (grip == Grip::Topmost ? layer.firstChild() : layer.lastChild())->path().points[0].anchor;
     shown.send(QEvent::MouseButtonPress, from);
     double turn = 0;
     for (auto _ : state) {
@@ -107,68 +114,101 @@ void drag(benchmark::State& state, const char* tool, bool onArt) {
     shown.send(QEvent::MouseButtonRelease, from);
 }
 
-void start(benchmark::State& state) {
-    for (auto _ : state) {
-        Shown shown;
-        shown.actions.newDocument(595, 842);
-        shown.window->canvas().repaint();
-        benchmark::DoNotOptimize(shown.window->isVisible());
-    }
+/// A program from its start until it says so on standard output; then it is ended.
+double secondsUntil(const char* line, const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    QElapsedTimer clock;
+    clock.start();
+    process.start(program, arguments, QIODevice::ReadOnly);
+    QByteArray said;
+    while (!said.contains(line) && process.waitForReadyRead()) said += process.readAllStandardOutput();
+    const double seconds = static_cast<double>(clock.nsecsElapsed()) * 1e-9;
+    if (!said.contains(line)) qFatal("%s did not start", qPrintable(program));
+    process.kill();
+    process.waitForFinished();
+    return seconds;
 }
 
-void startEmpty(benchmark::State& state) {
+/// The window's process and, in turn, that of an empty one: until the first picture, and until the drawing shows.
+void start(benchmark::State& state) {
+    const Folder folder;
+    Shown(folder.path); // the profile is that of a second start: the plug-in has said its welcome
+    const QStringList arguments{"--time-start", "--plugin", ORTHOLINE_BUNDLE, "--profile",
+                                QString::fromStdString(folder.path / "profile")};
+    double window = 1e9;
+    double drawing = 1e9;
+    double empty = 1e9;
     for (auto _ : state) {
-        QMainWindow empty;
-        empty.resize(kSize);
-        empty.show();
-        QApplication::processEvents();
-        empty.repaint();
+        window = std::min(window, secondsUntil("window", EASEL_WINDOW, arguments));
+        drawing = std::min(drawing, secondsUntil("drawing", EASEL_WINDOW, arguments));
+        empty = std::min(empty, secondsUntil("window", EMPTY_WINDOW, {}));
     }
+    state.counters["empty window, ms"] = empty * 1000;
+    state.counters["window, ms"] = window * 1000;
+    state.counters["drawing, ms"] = drawing * 1000;
+    state.counters["ratio"] = window / empty;
 }
 
 /// A file of 500,000 paths: until something of it shows, until all of it is sharp, and the longest time that an event
-/// waited in between.
+/// waited in between, while the drawing before is used.
 void openLarge(benchmark::State& state) {
-    Shown shown;
-    const std::string file = (shown.folder.path / "large.svg").string();
+    const Folder folder;
+    Shown shown(folder.path);
+    const std::string file = (folder.path / "large.svg").string();
     {
         const double side = documents::side(state.range(0));
         model::Document document(side, side);
         documents::fill(document, state.range(0));
         svg::replaceFile(file, svg::write(document));
     }
+    shown.actions.newDocument(300, 300);
+    shown.actions.selectTool(*shown.session.toolbox.findByTitle("Isometric Line Tool"));
+    double longest = 0;
+    const auto slice = [&](bool uses) {
+        QElapsedTimer clock;
+        clock.start();
+        if (uses) {
+            shown.send(QEvent::MouseButtonPress, {100, 100});
+            shown.send(QEvent::MouseMove, {120, 130});
+            shown.actions.key("Escape", 0);
+            shown.send(QEvent::MouseButtonRelease, {120, 130});
+        }
+        QApplication::processEvents(QEventLoop::AllEvents, 1);
+        longest = std::max(longest, static_cast<double>(clock.nsecsElapsed()) * 1e-6);
+    };
     for (auto _ : state) {
         QElapsedTimer clock;
         clock.start();
-        shown.actions.open(file);
+        shown.window->open(file);
+        while (shown.window->isReading()) slice(true);
+        state.counters["longest wait until read, ms"] = longest;
         shown.window->canvas().repaint();
         state.counters["first picture, s"] = static_cast<double>(clock.elapsed()) / 1000;
-        qint64 longest = 0;
-        while (!shown.window->canvas().isTrue()) {
-            QElapsedTimer slice;
-            slice.start();
-            QApplication::processEvents(QEventLoop::AllEvents, 1);
-            longest = std::max(longest, slice.elapsed());
-        }
+        while (!shown.window->canvas().isTrue()) slice(false);
         state.counters["sharp, s"] = static_cast<double>(clock.elapsed()) / 1000;
-        state.counters["longest slice, ms"] = static_cast<double>(longest);
+        state.counters["longest wait, ms"] = longest;
         state.counters["memory, MiB"] = bench::memoryInUse("VmHWM:") / (1 << 20);
     }
 }
 
 BENCHMARK(repaintEmpty)->Name("window/repaintEmpty")->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(drag, line, "Isometric Line Tool", false)
+BENCHMARK_CAPTURE(drag, line, "Isometric Line Tool", Grip::Ground)
     ->Name("window/dragLine")
     ->Arg(1'000)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(drag, move, "Selection Tool", true)
+BENCHMARK_CAPTURE(drag, move, "Selection Tool", Grip::Topmost)
     ->Name("window/moveOne")
     ->Arg(1'000)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
-BENCHMARK(startEmpty)->Name("window/startEmpty")->Unit(benchmark::kMillisecond);
-BENCHMARK(start)->Name("window/start")->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(drag, below, "Selection Tool", Grip::Bottommost)
+    ->Name("window/moveLowest")
+    ->Arg(1'000)
+    ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK(start)->Name("window/start")->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(openLarge)->Name("window/open")->Arg(500'000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
 
@@ -13,7 +14,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/Application.h"
@@ -34,6 +37,7 @@ struct Command {
     std::string profile;
     std::string record;
     bool dark = false;
+    bool timeStart = false;
 };
 
 app::Window* shownWindow = nullptr;
@@ -83,6 +87,50 @@ std::string defaultProfile() {
     return (base / "easel").string();
 }
 
+/// Sees when the window is painted for the first time, and when the drawing is.
+class FirstPictures final : public QObject {
+  public:
+    FirstPictures(app::Canvas& canvas, std::function<void()> shown, std::function<void()> drawn)
+        : QObject(&canvas), canvas_(canvas), shown_(std::move(shown)), drawn_(std::move(drawn)) {
+        canvas.installEventFilter(this);
+        constexpr int kHidden = 300; // milliseconds; a window that nobody sees is never painted
+        QTimer::singleShot(kHidden, this, app::guarded([this] { tell(shown_); }));
+    }
+
+    bool eventFilter(QObject* /*canvas*/, QEvent* event) override {
+        if (event->type() != QEvent::Paint) return false;
+        // When the picture is there.
+        QTimer::singleShot(0, this, app::guarded([this] {
+                               tell(shown_);
+                               if (canvas_.hasDocument()) tell(drawn_);
+                           }));
+        return false;
+    }
+
+  private:
+    static void tell(std::function<void()>& whom) {
+        if (const auto once = std::exchange(whom, {})) once();
+    }
+
+    app::Canvas& canvas_;
+    std::function<void()> shown_;
+    std::function<void()> drawn_;
+};
+
+/// Plug-ins start, who may open dialogs over the window, and the drawing is opened.
+void begin(app::Window& window, session::Session& session, const Command& command) {
+    for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
+    session::loadFound(session.plugins, session.reports);
+    for (const std::string& line : session.start()) window.tell(QString::fromStdString(line));
+    constexpr double kWidth = 595;
+    constexpr double kHeight = 842;
+    if (command.drawing.empty())
+        window.newDocument(kWidth, kHeight);
+    else
+        window.open(command.drawing);
+    window.offerRecovered();
+}
+
 int show(int argc, char** argv, const Command& command) {
     qInstallMessageHandler(hearQt);
     app::Application application(argc, argv);
@@ -96,8 +144,6 @@ int show(int argc, char** argv, const Command& command) {
     app::Recorder recorder(command.record);
     app::Actions actions(session, recorder);
     app::Recovery recovery(app::Recovery::defaultFolder());
-    for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
-    session::loadFound(session.plugins, session.reports);
     session.screen.setBrightness(settings.dark() ? 0 : 1);
     app::Window window(actions, recovery, settings);
     shownWindow = &window;
@@ -106,19 +152,25 @@ int show(int argc, char** argv, const Command& command) {
     session.dialogs.face = [&](session::Dialog& dialog) { app::showDialog(session.dialogs, dialog, window); };
     session.browser.open = app::openAddress;
     endOnSignals(application);
+    const auto say = [&](const char* what) {
+        if (command.timeStart) std::printf("%s\n", what);
+        std::fflush(stdout);
+    };
+    const auto shown = [&] {
+        say("window");
+        try {
+            begin(window, session, command);
+        } catch (const session::Error& error) { // a plug-in that was named is not there
+            QApplication::exit(fail(Failed, error.what()));
+        }
+    };
+    const auto drawn = [&] {
+        say("drawing");
+        if (command.timeStart) QApplication::exit(Done);
+    };
+    const FirstPictures pictures(window.canvas(), shown, drawn);
     window.show();
     window.activateWindow(); // without a window manager nobody else does
-    // The window is up before plug-ins start, who may open dialogs over it.
-    QTimer::singleShot(0, &window, app::guarded([&] {
-                           for (const std::string& line : session.start()) window.tell(QString::fromStdString(line));
-                           constexpr double kWidth = 595;
-                           constexpr double kHeight = 842;
-                           if (command.drawing.empty())
-                               window.newDocument(kWidth, kHeight);
-                           else
-                               window.open(command.drawing);
-                           window.offerRecovered();
-                       }));
     const int code = QApplication::exec();
     window.canvas().leaveDocument(); // documents end with the session, the window after it
     session.quit();
@@ -135,6 +187,8 @@ int run(int argc, char** argv) {
         ->allow_extra_args(false);
     cli.add_option("--profile", command.profile, "The folder of settings; ~/.config/easel if left out");
     cli.add_option("--record", command.record, "Writes what is done as a session script");
+    cli.add_flag("--time-start", command.timeStart,
+                 "Prints a line when the first picture shows, and one when the drawing does, and ends");
     cli.add_flag("--dark", command.dark, "Light on dark, from now on; View > Dark changes it");
     try {
         cli.parse(argc, argv);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 #include <vector>
 
 #include "session/input/Keys.h"
@@ -78,12 +79,11 @@ void Actions::newDocument(double width, double height) {
     });
 }
 
-void Actions::open(const std::string& path) {
+void Actions::open(std::unique_ptr<model::Document> read, const std::string& path) {
     act("app.open(" + Recorder::quoted(absolute(path)) + ')', [&] {
-        // What was in front stays open until the new one has been read.
         const model::Document* const before = document();
         session_.messenger.batch([&] {
-            session_.open(path);
+            session_.open(std::move(read), path);
             if (!before) return;
             session_.documents.bringToFront(*before);
             closeFront();

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "app/Recorder.h"
@@ -28,7 +29,7 @@ class Actions {
 
     // Documents; one is open at a time
     void newDocument(double width, double height);
-    void open(const std::string& path);
+    void open(std::unique_ptr<model::Document> read, const std::string& path); ///< which it was read from
     void save(const std::string& path, bool force);
     void exportPicture(const std::string& path, double scale);      ///< PNG or PDF, by the name's end
     [[nodiscard]] const std::string& path() const { return path_; } ///< empty for a drawing without a file

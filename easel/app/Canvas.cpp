@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "app/Application.h"
 #include "session/input/Keys.h"
@@ -113,6 +114,7 @@ bool Canvas::refresh() {
     if (!dragging()) typedLength_.clear();
     if (document()) actions_.session().annotations.update();
     showCursor();
+    scene_.takeLive(kSliceMilliseconds);
     if (!scene_.isComplete()) refineTimer_.start(0, this);
     if (change.real && !dragging()) truthTimer_.start(kTruthMilliseconds, this);
     update();
@@ -205,6 +207,10 @@ void Canvas::setHandling(Handling handling) {
     showCursor();
 }
 
+void Canvas::setNotice(const QString& notice) {
+    if (std::exchange(notice_, notice) != notice && !document()) update();
+}
+
 bool Canvas::isTrue() const { return scene_.isComplete() && !truthIsDue_ && !truthTimer_.isActive(); }
 
 void Canvas::askForTruth() {
@@ -236,7 +242,7 @@ bool Canvas::event(QEvent* event) {
     case QEvent::ShortcutOverride: {
         // While a gesture runs its keys come here, not to menus.
         const auto& key = static_cast<const QKeyEvent&>(*event);
-        const bool takes = dragging() || key.key() == Qt::Key_Space || key.key() == Qt::Key_Escape;
+        const bool takes = dragging() || key.key() == Qt::Key_Space;
         if (takes) {
             event->accept();
             return true;

@@ -39,6 +39,8 @@ class Canvas final : public QWidget {
     /// Ends a gesture at once, as Escape does.
     void cancelGesture();
     void setHandling(Handling handling);
+    /// What the empty desk says; nothing: how to begin.
+    void setNotice(const QString& notice);
     [[nodiscard]] Handling handling() const { return handling_; }
 
     // View
@@ -104,6 +106,7 @@ class Canvas final : public QWidget {
     QPointF lastPlace_;       ///< of the mouse, in the widget
     std::string typedLength_; ///< during a gesture
     std::string lastRemark_;
+    QString notice_;
     bool truthFails_ = false;                 ///< for the document as it is
     std::shared_ptr<const std::string> text_; ///< of the document, as SVG
     std::uint64_t textChanges_ = 0;           ///< the document's count then

@@ -123,7 +123,7 @@ void Canvas::paintDesk(QPainter& painter) const {
     painter.fillRect(rect(), colors.desk);
     if (!document()) {
         painter.setPen(colors.faint);
-        painter.drawText(rect(), Qt::AlignCenter, "File > New or Open begins a drawing");
+        painter.drawText(rect(), Qt::AlignCenter, notice_.isEmpty() ? "File > New or Open begins a drawing" : notice_);
         return;
     }
     const QRectF page = rectangleOf({0, 0, document()->width(), document()->height()}, *this);

@@ -6,32 +6,18 @@
 #include <QPainter>
 #include <QRegion>
 
-#include <functional>
 #include <vector>
 
+#include "app/LiveArt.h"
+#include "app/Port.h"
 #include "app/Watch.h"
 #include "model/Document.h"
 
 namespace easel::app {
 
-/// Which part of a document a window shows, and how: `pixels` of the window a point, its top left corner at `origin`.
-struct Port {
-    model::Point origin;
-    double pixels = 1;
-    QSize size; ///< in pixels
-
-    bool operator==(const Port&) const = default;
-
-    [[nodiscard]] model::Box box(const QRect& rectangle) const; ///< of the document
-    [[nodiscard]] QRect rectangle(const model::Box& box) const; ///< whole pixels around it
-    [[nodiscard]] QPointF place(model::Point point) const {     ///< in pixels
-        return {(point.x - origin.x) * pixels, (point.y - origin.y) * pixels};
-    }
-};
-
 class Scene {
   public:
-    explicit Scene(Watch& watch) : watch_(watch) {}
+    explicit Scene(Watch& watch) : watch_(watch), live_(watch) {}
 
     /// Shows this document from now on; the picture begins anew.
     void show(model::Document* document);
@@ -44,11 +30,13 @@ class Scene {
 
     /// Paints invalid tiles for about this long, nearest to the middle first. Returns what has been painted.
     QRegion refine(int milliseconds);
-    [[nodiscard]] bool isComplete() const { return invalid_.isEmpty(); }
+    [[nodiscard]] bool isComplete() const { return invalid_.isEmpty() && live_.isComplete(); }
 
     /// The picture, as it is now.
     [[nodiscard]] const QImage& image() const { return image_; }
-    /// What the running gesture changes, over the picture.
+    /// Takes what the running gesture changes now, and sees for about this long to what lies above it. Returns where.
+    QRegion takeLive(int milliseconds);
+    /// What the running gesture changes, over the picture and in paint order.
     void paintLive(QPainter& painter, const QRect& pixels) const;
 
     /// The true looks of art that cairo does not draw, made elsewhere; of this view when it was asked for.
@@ -69,6 +57,7 @@ class Scene {
     [[nodiscard]] QRect pageRectangle() const;
 
     Watch& watch_;
+    LiveArt live_;
     model::Document* document_ = nullptr;
     Port port_;
     QImage image_;

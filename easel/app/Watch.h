@@ -32,8 +32,11 @@ class Watch {
     /// What has changed since the last call. While a gesture runs, art that it changes is not part of the picture.
     [[nodiscard]] Change take(bool gesture);
 
-    /// How far a stroke of the document reaches beyond the box of its path, as far as known.
-    [[nodiscard]] double farthestReach() const { return farthestReach_; }
+    /// Hulls of all that is painted in the box lie in this one: strokes reach beyond.
+    [[nodiscard]] model::Box paintedWithin(const model::Box& box) const {
+        return {box.left - farthestReach_, box.top - farthestReach_, box.right + farthestReach_,
+                box.bottom + farthestReach_};
+    }
     /// The art that the running gesture has changed or made, the bottommost first.
     [[nodiscard]] const std::vector<model::Node*>& live() const { return live_; }
     /// Whether the picture leaves it out.

@@ -133,6 +133,8 @@ void Window::makeFileMenu() {
     connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { fillRecentMenu(recent); }));
     fillRecentMenu(recent);
     add(menu, "Reop&en", {}, [this] { reopen(); });
+    stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { giveUpReading(); });
+    stopReading_->setEnabled(false);
     menu.addSeparator();
     add(menu, "&Save", QKeySequence::Save, [this] { save(); });
     add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
@@ -439,6 +441,7 @@ void Window::timerEvent(QTimerEvent* event) {
         keepTimer_.stop();
         return keepWork();
     }
+    if (event->timerId() == readingTimer_.timerId()) return followReading();
     if (event->timerId() != clockTimer_.timerId()) return QMainWindow::timerEvent(event);
     // Begun anew before plug-ins are called: a timer does not fire in a dialog that its own handler has opened.
     clockTimer_.start(kClockMilliseconds, this);
@@ -452,14 +455,9 @@ void Window::timerEvent(QTimerEvent* event) {
 // Files
 
 void Window::newDocument(double width, double height) {
+    giveUpReading();
     actions_.newDocument(width, height);
     recovery_.drop();
-}
-
-void Window::open(const std::string& path) {
-    actions_.open(path);
-    recovery_.drop();
-    noteFile();
 }
 
 void Window::fillRecentMenu(QMenu& menu) {
@@ -561,11 +559,12 @@ void Window::offerRecovered() {
         question.exec();
         if (question.clickedButton() == no) Recovery::remove(left);
         if (question.clickedButton() != yes) continue;
-        actions_.open(left.copy);
-        actions_.disown(left.path);
-        const std::string why = recovery_.keep(*actions_.document(), left.path);
-        if (why.empty()) Recovery::remove(left);
-        showTitle();
+        read(left.copy, [this, left] {
+            actions_.disown(left.path);
+            const std::string why = recovery_.keep(*actions_.document(), left.path);
+            if (why.empty()) Recovery::remove(left);
+            showTitle();
+        });
         return; // one drawing at a time; others are offered next time
     }
 }

@@ -8,11 +8,15 @@
 #include <QMainWindow>
 #include <QToolBar>
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "app/Actions.h"
 #include "app/Canvas.h"
+#include "app/FileReading.h"
 #include "app/LayersPanel.h"
 #include "app/Recovery.h"
 #include "app/Ruler.h"
@@ -21,6 +25,7 @@
 
 class QActionGroup;
 class QComboBox;
+class QProgressBar;
 
 namespace easel::app {
 
@@ -28,7 +33,9 @@ class Window final : public QMainWindow {
   public:
     Window(Actions& actions, Recovery& recovery, Settings& settings);
 
+    /// Begins to read the file; it is shown when that is done.
     void open(const std::string& path);
+    [[nodiscard]] bool isReading() const { return reading_ != nullptr; }
     void newDocument(double width, double height);
     /// Offers what an earlier run left unsaved.
     void offerRecovered();
@@ -62,6 +69,10 @@ class Window final : public QMainWindow {
     [[nodiscard]] bool mayLose(); ///< asks where there is unsaved work
     void fillRecentMenu(QMenu& menu);
     void reopen();
+    void read(const std::string& path, std::function<void()> opened);
+    void followReading();
+    void giveUpReading();
+    void showReading();
     void noteFile(); ///< the drawing has a file: watches it, and remembers it
 
     void refresh(); ///< after an act
@@ -92,6 +103,15 @@ class Window final : public QMainWindow {
     QComboBox* zoom_ = nullptr;
     session::Modifiers toggled_ = 0;
     std::uint32_t shown_ = 0; ///< number of the document
+    // What is being read
+    std::unique_ptr<FileReading> reading_;
+    std::function<void()> opened_;     ///< what follows
+    std::uint64_t stateWhenAsked_ = 0; ///< of the drawing in front, when the user agreed to lose its changes
+    std::vector<std::unique_ptr<FileReading>> givenUp_;
+    QAction* stopReading_ = nullptr;
+    QProgressBar* progress_ = nullptr;
+    QBasicTimer readingTimer_;
+
     QBasicTimer clockTimer_;
     QElapsedTimer clock_; ///< for the timers of plug-ins
     QBasicTimer keepTimer_;

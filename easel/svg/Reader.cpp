@@ -54,7 +54,7 @@ class Reading {
     }
 
     /// Null when it has come upon style sheets that were not known, and has to be done again.
-    std::unique_ptr<model::Document> run() {
+    std::unique_ptr<model::Document> run(const Progress& progress) {
         std::string_view rest = source_->text;
         bool last = false;
         while (!last) {
@@ -64,6 +64,8 @@ class Reading {
                 fail();
             if (isUseless()) return nullptr;
             rest.remove_prefix(size);
+            const auto left = static_cast<double>(rest.size());
+            if (progress) progress(last ? 1 : 1 - left / static_cast<double>(source_->text.size()));
         }
         parser_.reset(); // what it holds is not needed while the document is sorted
         if (hasNewSheets()) return nullptr;
@@ -182,15 +184,16 @@ std::shared_ptr<Source> unread(Source& source) {
 
 } // namespace
 
-std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn) {
+std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn, const Progress& progress) {
     FileStamp stamp;
     std::string bytes = readFile(path, &stamp);
-    auto document = read(std::move(bytes), path, warn);
+    auto document = read(std::move(bytes), path, warn, progress);
     dynamic_cast<const KnownFiles&>(*document->origin).noteRead(path, stamp);
     return document;
 }
 
-std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn) {
+std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn,
+                                      const Progress& progress) {
     auto source = std::make_shared<Source>();
     source->fileName = fileName;
     source->warn = warn;
@@ -220,7 +223,7 @@ std::unique_ptr<model::Document> read(std::string bytes, const std::string& file
                 if (warn) warn(line);
         };
         try {
-            auto document = reading.run();
+            auto document = reading.run(progress);
             if (document) tell();
             if (document) return document;
         } catch (...) {

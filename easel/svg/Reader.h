@@ -14,12 +14,15 @@ namespace easel::svg {
 
 /// Takes one line, `FILE:LINE:COLUMN: what was not read`, while reading goes on.
 using Warn = std::function<void(const std::string& line)>;
+/// Told now and then which share of the file has been read. What it throws ends the reading.
+using Progress = std::function<void(double share)>;
 
 /// Throws FileError.
-[[nodiscard]] std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn = {});
+[[nodiscard]] std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn = {},
+                                                    const Progress& progress = {});
 
 /// Reads a whole file; `fileName` is what errors and warnings call it. Throws FileError.
 [[nodiscard]] std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName,
-                                                    const Warn& warn = {});
+                                                    const Warn& warn = {}, const Progress& progress = {});
 
 } // namespace easel::svg

@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QDesktopServices>
 #include <QLineEdit>
+#include <QProgressBar>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -285,6 +286,45 @@ TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     EXPECT_EQ(failures[0], "the last layer cannot be removed");
 }
 
+/// The picture under way is that of the finished gesture, also where others lie above what moves.
+TEST_F(WindowTest, KeepsPaintOrderDuringAGesture) {
+    folder.write("order.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='200'>"
+                              "<rect id='low' x='20' y='60' width='60' height='60' fill='#f00'/>"
+                              "<g><circle cx='160' cy='90' r='40' fill='#0f0' stroke='#000' stroke-width='5'/></g>"
+                              "<rect id='high' x='20' y='130' width='60' height='40' fill='#00f'/>"
+                              "<path d='M120,40 h100 v20 h-100 z' fill='#ff0'/></svg>");
+    open(folder.path("order.svg"));
+    canvas().feedbackShown = false;
+    canvas().zoomTo(1);
+    const auto picture = [&] {
+        EXPECT_TRUE(await([&] { return canvas().isTrue(); }));
+        return canvas().grab().toImage();
+    };
+    const auto colorAt = [&](const QImage& image, Point at) {
+        return image.pixelColor(canvas().fromDocument(at).toPoint()).name().toStdString();
+    };
+    for (const char* const both : {"", "high"}) {
+        chooseTool("Selection Tool");
+        actions->key("A", kAICommandKey | kAIShiftKey);
+        if (*both) document().select(*document().findByName(both), true);
+        press({30, 70}, *both ? Qt::ShiftModifier : Qt::NoModifier);
+        drag({80, 60});
+        drag({140, 40}); // which the high one reaches the ring with
+        const QImage during = picture();
+        release({140, 40});
+        const QImage after = picture();
+        int off = 0;
+        for (int y = 0; y < after.height(); ++y)
+            for (int x = 0; x < after.width(); ++x) off += during.pixel(x, y) != after.pixel(x, y);
+        EXPECT_LT(off, after.width() * after.height() / 1000) << both;
+        EXPECT_EQ(colorAt(during, {160, 80}), "#00ff00") << both; // above the low one
+        EXPECT_EQ(colorAt(during, {135, 50}), "#ffff00") << both;
+        EXPECT_EQ(colorAt(during, {135, 35}), "#ff0000") << both; // which is there
+        EXPECT_EQ(colorAt(during, {150, 115}), *both ? "#0000ff" : "#00ff00") << both;
+        actions->undo();
+    }
+}
+
 // View
 
 TEST_F(WindowTest, ZoomsAboutThePointer) {
@@ -319,7 +359,7 @@ double difference(const QImage& shown, const std::string& png) {
 TEST_F(WindowTest, ShowsTheRenderersPicture) {
     // Ours to begin with, then the renderer's: gradients, text, masks and a drawing of plain paths.
     for (const char* const drawing : {"/examples/desk.svg", "/tests/app/looks.svg"}) {
-        window->open(PROJECT_DIR + std::string(drawing));
+        open(PROJECT_DIR + std::string(drawing));
         canvas().zoomTo(1);
         ASSERT_TRUE(await([&] { return canvas().isTrue(); }));
         const std::string png = easel::svg::picture(document(), easel::svg::PictureFormat::Png, {}, drawing);
@@ -365,6 +405,7 @@ TEST_F(WindowTest, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
     clickWhenAsked("Open It");
     window->offerRecovered();
+    ASSERT_TRUE(await([&] { return !window->isReading(); }));
     EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
     EXPECT_EQ(paths(), 1U);
     EXPECT_EQ(actions->path(), "/somewhere/d.svg");
@@ -373,8 +414,44 @@ TEST_F(WindowTest, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_EQ(desk::contents(mine), kept);
 }
 
+/// The drawing in front can be used while another is read.
+TEST_F(WindowTest, ReadsBesideAllElse) {
+    std::string large = "<svg xmlns='http://www.w3.org/2000/svg' width='77' height='10'>";
+    for (int i = 0; i < 20'000; ++i) large += "<path d='M1,1 L" + std::to_string(i % 70) + ",9'/>";
+    const std::string path = folder.write("large.svg", large + "</svg>");
+    const auto begin = [&] {
+        window->open(path);
+        EXPECT_TRUE(window->isReading());
+        chooseTool("Isometric Line Tool");
+        stroke({{100, 100}, {100, 60}});
+    };
+    begin();
+    EXPECT_EQ(paths(), 1U);
+    for (QAction* const action : window->findChildren<QAction*>())
+        if (action->text() == "Stop Rea&ding") action->trigger();
+    EXPECT_FALSE(window->isReading());
+    settle();
+    EXPECT_EQ(document().width(), 300);
+
+    begin(); // what was drawn meanwhile is not lost without a question
+    clickWhenAsked("Cancel");
+    ASSERT_TRUE(await([&] { return !window->isReading() && !asked.empty(); }));
+    EXPECT_EQ(document().width(), 300);
+    begin();
+    press({50, 50});
+    ASSERT_TRUE(await([&] { return window->findChild<QProgressBar*>("reading")->value() == 100; }));
+    settle();
+    EXPECT_TRUE(window->isReading()); // until the gesture has ended
+    clickWhenAsked("Discard");
+    release({50, 50});
+    ASSERT_TRUE(await([&] { return document().width() == 77; }));
+    EXPECT_EQ(paths(), 20'000U);
+}
+
 TEST_F(WindowTest, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
-    EXPECT_THROW(window->open(folder.path("none.svg")), easel::session::Error);
+    open(folder.path("none.svg"));
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0], folder.path("none.svg") + ": No such file or directory");
     EXPECT_EQ(document().width(), 300); // what was open is still
     const std::string path = folder.path("d.svg");
     actions->save(path, false);

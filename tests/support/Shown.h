@@ -59,6 +59,11 @@ class Shown : public testing::Test {
         return done();
     }
 
+    void open(const std::string& path) {
+        window->open(path);
+        EXPECT_TRUE(await([&] { return !window->isReading(); }));
+    }
+
     easel::app::Canvas& canvas() { return window->canvas(); }
     easel::model::Document& document() { return *session->document(); }
 

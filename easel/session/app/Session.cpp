@@ -113,8 +113,10 @@ model::Document& Session::newDocument(double width, double height) {
     return adopt(std::move(made), kAIDocumentNewNotifier);
 }
 
-model::Document& Session::open(const std::string& path) {
-    return adopt(documents.read(path), kAIDocumentOpenedNotifier, path);
+model::Document& Session::open(const std::string& path) { return open(documents.read(path), path); }
+
+model::Document& Session::open(std::unique_ptr<model::Document> read, const std::string& path) {
+    return adopt(std::move(read), kAIDocumentOpenedNotifier, path);
 }
 
 void Session::save(const std::string& path, bool force) {

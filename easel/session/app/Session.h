@@ -2,6 +2,7 @@
 // faces on it. One session at a time lives in a process, since a suite's functions carry no session of their own.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -54,7 +55,8 @@ class Session {
 
     // The life of documents, with the events that go with it; the last one opened is in front
     model::Document& newDocument(double width, double height);
-    model::Document& open(const std::string& path); ///< throws Error
+    model::Document& open(const std::string& path);                                        ///< throws Error
+    model::Document& open(std::unique_ptr<model::Document> read, const std::string& path); ///< read from there already
     /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
     /// Not onto a file that another program has changed, unless by `force`.
     void save(const std::string& path, bool force = false);

@@ -1,0 +1,175 @@
+// Runs of live art, and tiles of what lies above each. A tile is laid on live art alone, not beside it: there the
+// kept picture has it already.
+#include "app/LiveArt.h"
+
+#include <QElapsedTimer>
+#include <QPainter>
+
+#include <algorithm>
+#include <unordered_map>
+
+#include "app/PathPainter.h"
+
+namespace easel::app {
+
+namespace {
+
+using model::Document;
+using model::Node;
+
+constexpr std::size_t kMostRectangles = 64; // beyond, one around all live art says where tiles are needed
+
+bool showsSomething(const Node& node) { return !node.hidden() && (!node.isContainer() || node.firstChild()); }
+
+bool liesAtOrAbove(const Node& node, const Node& other) {
+    return node.isWithin(other) || Document::comparePaintOrder(node, other) < 0;
+}
+
+} // namespace
+
+void LiveArt::show(Document* document, const Port& port) {
+    if (document != document_) live_.clear();
+    document_ = document;
+    port_ = port;
+    tiles_.clear();
+    update();
+}
+
+void LiveArt::invalidate(const model::Box& box) {
+    const QRect pixels = port_.rectangle(box);
+    std::erase_if(tiles_, [&](const auto& tile) { return pixelsOf(tile.first).intersects(pixels); });
+}
+
+void LiveArt::update() {
+    wanted_.clear();
+    if (!document_ || watch_.live().empty()) {
+        live_.clear();
+        runs_.clear();
+        tiles_.clear();
+        return;
+    }
+    if (live_ != watch_.live() || arrangement_ != document_->arrangement()) findRuns();
+    wantTiles();
+}
+
+/// From the topmost down, since the ceiling of live art right below other live art is that one's.
+void LiveArt::findRuns() {
+    live_ = watch_.live();
+    arrangement_ = document_->arrangement();
+    std::unordered_map<const Node*, const Node*> ceilings;
+    const auto ceilingOf = [&](const Node& live) -> const Node* {
+        for (const Node* at = &live; at; at = at->parent()) {
+            for (const Node* above = at->previous(); above; above = above->previous()) {
+                const auto known = ceilings.find(above);
+                if (known != ceilings.end()) return known->second;
+                if (!watch_.isLifted(*above) && showsSomething(*above)) return above;
+            }
+        }
+        return nullptr;
+    };
+    std::vector<Run> runs;
+    for (auto node = live_.rbegin(); node != live_.rend(); ++node) {
+        const Node* const ceiling = ceilings[*node] = ceilingOf(**node);
+        if (runs.empty() || runs.back().ceiling != ceiling) runs.push_back({ceiling, {}});
+        runs.back().art.push_back(*node);
+    }
+    std::reverse(runs.begin(), runs.end());
+    for (Run& run : runs) std::reverse(run.art.begin(), run.art.end());
+    if (runs.size() > kMostRuns) runs = {Run{runs.back().ceiling, live_}};
+    const auto sameCeiling = [](const Run& a, const Run& b) { return a.ceiling == b.ceiling; };
+    if (!std::equal(runs.begin(), runs.end(), runs_.begin(), runs_.end(), sameCeiling)) tiles_.clear();
+    runs_ = std::move(runs);
+}
+
+void LiveArt::wantTiles() {
+    if (!runs_.front().ceiling) return; // the lowest has nothing above
+    const auto want = [&](const QRect& pixels) {
+        forTilesIn(pixels & QRect(QPoint(0, 0), port_.size), [&](Place place) {
+            if (!tiles_.contains(place)) wanted_.push_back(place);
+        });
+    };
+    if (live_.size() > kMostRectangles) return want(rectangle());
+    for (const Node* const art : live_) want(rectangleOf(*art));
+    std::sort(wanted_.begin(), wanted_.end());
+    wanted_.erase(std::unique(wanted_.begin(), wanted_.end()), wanted_.end());
+}
+
+QRegion LiveArt::refine(int milliseconds) {
+    QRegion made;
+    QElapsedTimer clock;
+    clock.start();
+    while (!wanted_.empty() && clock.elapsed() < milliseconds) {
+        const Place place = wanted_.back();
+        wanted_.pop_back();
+        makeTile(place);
+        made += pixelsOf(place);
+    }
+    return made;
+}
+
+void LiveArt::makeTile(Place place) {
+    Tile& tile = tiles_[place];
+    const QRect pixels = pixelsOf(place);
+    const Port port = port_.part(pixels);
+    std::vector<std::vector<const Node*>> between(runs_.size() + 1);
+    std::size_t below = 0; // runs that lie below the node
+    for (const Node* const node : document_->shownIn(watch_.paintedWithin(port_.box(pixels)))) {
+        if (watch_.isLifted(*node)) continue;
+        while (below < runs_.size() && runs_[below].ceiling && liesAtOrAbove(*node, *runs_[below].ceiling)) ++below;
+        between[below].push_back(node);
+    }
+    if (below == 0) return; // nothing lies above
+    tile.resize(runs_.size());
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+        if (between[i + 1].empty()) continue;
+        tile[i] = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
+        const Cairo cairo = painterOn(tile[i], QRect(QPoint(0, 0), pixels.size()), port);
+        for (const Node* const node : between[i + 1]) app::paint(cairo.get(), *node, 1 / port.pixels);
+    }
+}
+
+QRect LiveArt::pixelsOf(Place place) const {
+    return QRect(place.first * kTile, place.second * kTile, kTile, kTile) & QRect(QPoint(0, 0), port_.size);
+}
+
+template <class Act> void LiveArt::forTilesIn(const QRect& pixels, Act act) const {
+    if (pixels.isEmpty()) return;
+    for (int row = pixels.top() / kTile; row <= pixels.bottom() / kTile; ++row)
+        for (int column = pixels.left() / kTile; column <= pixels.right() / kTile; ++column) act(Place(column, row));
+}
+
+QRect LiveArt::rectangleOf(const Node& art) const {
+    QRect around;
+    for (const Node* at = &art; at; at = model::nextWithin(art, *at))
+        around |= port_.rectangle(paintedBox(at->content()));
+    return around;
+}
+
+QRect LiveArt::rectangle() const {
+    QRect around;
+    for (const Node* const art : watch_.live()) around |= rectangleOf(*art);
+    return around & QRect(QPoint(0, 0), port_.size);
+}
+
+QImage LiveArt::picture(const QRect& part) const {
+    QImage over(part.size(), QImage::Format_ARGB32_Premultiplied);
+    const QRect all(QPoint(0, 0), part.size());
+    const Cairo cairo = painterOn(over, all, port_.part(part));
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+        for (const Node* const art : runs_[i].art) app::paint(cairo.get(), *art, 1 / port_.pixels);
+        if (!runs_[i].ceiling) continue;
+        cairo_surface_flush(cairo_get_target(cairo.get()));
+        QPainter painter(&over);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+        forTilesIn(part, [&](Place place) {
+            const auto tile = tiles_.find(place);
+            if (tile == tiles_.end() || tile->second.empty() || tile->second[i].isNull()) return;
+            painter.drawImage(pixelsOf(place).topLeft() - part.topLeft(), tile->second[i]);
+        });
+        painter.end();
+        cairo_surface_mark_dirty(cairo_get_target(cairo.get()));
+    }
+    return over;
+}
+
+} // namespace easel::app

@@ -1,0 +1,69 @@
+// The art that a gesture changes, painted over the kept picture where it stands in paint order: what lies above it is
+// kept in small tiles, and laid on top of it again.
+#pragma once
+
+#include <QImage>
+#include <QRegion>
+
+#include <cstdint>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "app/Port.h"
+#include "app/Watch.h"
+
+namespace easel::app {
+
+/// Tiles are made a few milliseconds at a time; until one is there, live art shows above all in it.
+class LiveArt {
+  public:
+    explicit LiveArt(const Watch& watch) : watch_(watch) {}
+
+    /// Another document or another port: what is kept is of no use.
+    void show(model::Document* document, const Port& port);
+    /// Whatever is kept of this box is of no use.
+    void invalidate(const model::Box& box);
+    /// Takes what the watch says is live now.
+    void update();
+
+    /// Makes tiles for about this long. Returns where.
+    QRegion refine(int milliseconds);
+    [[nodiscard]] bool isComplete() const { return wanted_.empty(); }
+
+    /// Whole pixels around all live art; nothing when none is.
+    [[nodiscard]] QRect rectangle() const;
+    /// A picture of this part of the port, which lies over what the port shows without live art.
+    [[nodiscard]] QImage picture(const QRect& part) const;
+
+  private:
+    static constexpr int kTile = 64;            // pixels
+    static constexpr std::size_t kMostRuns = 8; // beyond, all live art lies where the topmost does
+
+    /// Live art with nothing else between.
+    struct Run {
+        const model::Node* ceiling; ///< what comes right above, not live; null for nothing
+        std::vector<model::Node*> art;
+    };
+    using Place = std::pair<int, int>; // column and row of a tile
+    /// What lies between each run and the next, or above all; null images for nothing.
+    using Tile = std::vector<QImage>;
+
+    void findRuns();
+    void wantTiles();
+    void makeTile(Place place);
+    [[nodiscard]] QRect pixelsOf(Place place) const;
+    template <class Act> void forTilesIn(const QRect& pixels, Act act) const;
+    [[nodiscard]] QRect rectangleOf(const model::Node& art) const;
+
+    const Watch& watch_;
+    model::Document* document_ = nullptr;
+    Port port_;
+    std::vector<model::Node*> live_; ///< when the runs were found
+    std::uint64_t arrangement_ = 0;
+    std::vector<Run> runs_; ///< the bottommost first
+    std::map<Place, Tile> tiles_;
+    std::vector<Place> wanted_;
+};
+
+} // namespace easel::app
