@@ -52,6 +52,8 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"mouse.stroke([])", "mouse.stroke: argument 1 (points) must have a point"},
         {"keys.press('Enter')",
          "keys.press: argument 1 (name) must be the name of a key, not \"Enter\"; is it \"Return\"?"},
+        {"keys.press('\u00e9')",
+         "keys.press: argument 1 (name) must be the name of a key, not \"\u00e9\"; docs/session-scripts.md lists them"},
         {"app.newDocument(-1, 5)", "app.newDocument: argument 1 (width) must be a number greater than 0, not -1"},
         {"app.selectTool('Lasso')", "app.selectTool: no tool has the title \"Lasso\""},
         {"app.tools = []", "app.tools: cannot be set"},

@@ -79,8 +79,8 @@ std::string_view similarKey(std::string_view name) {
         const bool isPart =
             meant.size() > 2 && (key.rfind(meant, 0) == 0 || (key.size() > 1 && meant.find(key) != key.npos));
         const std::size_t far = isPart ? 1 : difference(meant, key);
-        // A key of one character is like no other but itself, written small.
-        if (far >= least || (far > 0 && std::min(key.size(), meant.size()) < 2)) continue;
+        // A name of which no character is right is not meant; of one character is only the key itself, written small.
+        if (far >= std::min({least, key.size(), meant.size()})) continue;
         least = far;
         nearest = row.name;
     }
