@@ -19,12 +19,14 @@ inline double memoryInUse(const std::string& field) {
     return kilobytes * 1024;
 }
 
-/// In bytes, beyond what was in use before; negative when the process came to a bad end.
-template <class Work> double peakOf(Work work) {
+/// In bytes, beyond what was in use after `warmUp`, which loads the code that the work needs; negative when the process
+/// came to a bad end.
+template <class Work, class WarmUp> double peakOf(Work work, WarmUp warmUp) {
     int ends[2];
     if (::pipe(ends) != 0) return -1;
     const pid_t child = ::fork();
     if (child == 0) {
+        warmUp();
         // What earlier measurements have freed must not be had for nothing, nor their peak count.
         ::malloc_trim(0);
         std::ofstream("/proc/self/clear_refs") << 5;

@@ -1,6 +1,7 @@
 // The most memory that reading takes, on drawings of one kind each, against what it may take: the text, 450 bytes an
-// object and 48 bytes a point.
+// object and 48 bytes a point. And what the model takes for a path besides its points, once it is read.
 #include <benchmark/benchmark.h>
+#include <malloc.h>
 
 #include <functional>
 #include <random>
@@ -93,12 +94,38 @@ void read(benchmark::State& state, std::size_t kind) {
             if (at->type() == model::NodeType::Path) points += static_cast<double>(at->path().points.size());
     }
     double peak = 0;
-    for (auto _ : state) peak = bench::peakOf([&] { benchmark::DoNotOptimize(svg::read(text, "drawing.svg")); });
+    const std::string small = drawing(1, kKinds[kind].element);
+    for (auto _ : state)
+        peak = bench::peakOf([&] { benchmark::DoNotOptimize(svg::read(text, "drawing.svg")); },
+                             [&] { benchmark::DoNotOptimize(svg::read(small, "drawing.svg")); });
     if (peak < 0) state.SkipWithError("not read");
     const auto size = static_cast<double>(text.size());
     state.counters["peak/text"] = peak / size;
     state.counters["peak/budget"] = peak / (size + kBytesAnObject * objects + kBytesAPoint * points);
 }
+
+/// Paths of two points and a name.
+void holdPaths(benchmark::State& state) {
+    constexpr int kPaths = 200'000;
+    const auto inUse = [] {
+        const struct mallinfo2 info = mallinfo2();
+        return static_cast<double>(info.uordblks + info.hblkhd);
+    };
+    for (auto _ : state) {
+        const double before = inUse();
+        model::Document document(1000, 1000);
+        document.journal().beginUnrecorded();
+        for (int i = 0; i < kPaths; ++i) {
+            model::Node& path =
+                document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());
+            document.setPath(path, {{model::cornerAt({0, i * 0.001}), model::cornerAt({9, i * 0.002})}, false});
+            document.setName(path, "path" + std::to_string(i));
+        }
+        document.journal().end();
+        state.counters["bytes a path"] = (inUse() - before) / kPaths - 2 * kBytesAPoint;
+    }
+}
+BENCHMARK(holdPaths)->Name("memory/model")->Iterations(1)->Unit(benchmark::kMillisecond);
 
 const int kRegistered = [] {
     for (std::size_t i = 0; i < std::size(kKinds); ++i)

@@ -128,7 +128,7 @@ void readMemory(benchmark::State& state) {
     const std::string& path = file(state.range(0) != 0);
     double peak = 0;
     for (auto _ : state) {
-        peak = bench::peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); });
+        peak = bench::peakOf([&] { benchmark::DoNotOptimize(svg::open(path)); }, [] {});
     }
     state.counters["peak/file"] = peak / static_cast<double>(std::filesystem::file_size(path));
 }
