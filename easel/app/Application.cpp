@@ -2,23 +2,32 @@
 #include "app/Application.h"
 
 #include <cstdio>
+#include <exception>
+#include <string>
 
 namespace easel::app {
 
 bool Application::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
-    } catch (const std::exception& error) {
-        tell(error);
+    } catch (...) {
+        tellOfThrown();
     }
     return true;
 }
 
-void Application::tell(const std::exception& error) const {
+void Application::tellOfThrown() const {
+    std::string why = "something was thrown that says nothing of itself";
+    try {
+        throw;
+    } catch (const std::exception& error) {
+        why = error.what();
+    } catch (...) { // no words of its own
+    }
     if (failed)
-        failed(QString::fromUtf8(error.what()));
+        failed(QString::fromStdString(why));
     else
-        std::fprintf(stderr, "easel-window: %s\n", error.what());
+        std::fprintf(stderr, "easel-window: %s\n", why.c_str());
 }
 
 } // namespace easel::app

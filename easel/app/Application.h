@@ -4,7 +4,6 @@
 
 #include <QApplication>
 
-#include <exception>
 #include <functional>
 #include <utility>
 
@@ -18,7 +17,7 @@ class Application final : public QApplication {
     std::function<void(const QString& why)> failed;
 
     bool notify(QObject* receiver, QEvent* event) override;
-    void tell(const std::exception& error) const;
+    void tellOfThrown() const; ///< to be called where something was caught
     [[nodiscard]] static Application& instance() { return *static_cast<Application*>(qApp); }
 };
 
@@ -30,8 +29,8 @@ template <class Handler> auto guarded(Handler handler) {
                 handler(std::forward<decltype(arguments)>(arguments)...);
             else
                 handler();
-        } catch (const std::exception& error) {
-            Application::instance().tell(error);
+        } catch (...) {
+            Application::instance().tellOfThrown();
         }
     };
 }

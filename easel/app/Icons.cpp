@@ -1,60 +1,64 @@
-// Icons as small drawings, rendered by librsvg at the size and density asked for. They are ours, so they are drawn in
-// this process.
+// Icons as small drawings, painted at the size and density asked for by what paints the art of documents.
 #include <QApplication>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPalette>
-#include <librsvg/rsvg.h>
+#include <QPixmapCache>
 
 #include <array>
-#include <memory>
 #include <string>
 
 #include "app/Look.h"
+#include "app/PathPainter.h"
+#include "app/Port.h"
+#include "svg/Reader.h"
 
 namespace easel::app {
 
 namespace {
 
-// 24 by 24 units each; strokes take the text's colour.
-constexpr std::array<const char*, 12> kDrawings{
-    R"(<path d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)",
-    R"(<path fill="currentColor" d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)",
-    R"(<path d="M8 12.5V6a1.5 1.5 0 0 1 3 0v5-7a1.5 1.5 0 0 1 3 0v7-5.5a1.5 1.5 0 0 1 3 0V14c0 4-2 7-5.5 7C8 21 7 19 5 15.500c-.7-1.4 1.2-2.6 2.2-1.400Z"/>)",
-    R"(<circle cx="10" cy="10" r="6"/><path d="M14.5 14.5 L20.5 20.5 M7.5 10 H12.5 M10 7.5 V12.5"/>)",
-    R"(<path d="M2.5 12 C6 6 18 6 21.5 12 C18 18 6 18 2.5 12 Z"/><circle cx="12" cy="12" r="2.8"/>)",
-    R"(<path opacity="0.45" d="M4 4 L20 20"/>)",
-    R"(<rect x="5.5" y="11" width="13" height="9" rx="1.5"/><path d="M8.5 11 V8 a3.5 3.5 0 0 1 7 0 V11"/>)",
-    R"(<g opacity="0.22"><rect x="5.5" y="11" width="13" height="9" rx="1.5"/><path d="M8.5 11 V8 a3.5 3.5 0 0 1 7 0"/></g>)",
-    R"(<path d="M12 5 V19 M5 12 H19"/>)",
-    R"(<path d="M4.5 6.5 H19.5 M9 6.5 V4 H15 V6.5 M6.5 6.5 L7.5 20.5 H16.5 L17.5 6.5 M10 10 V17 M14 10 V17"/>)",
-    R"(<path d="M12 20 V5 M6 11 L12 5 L18 11"/>)",
-    R"(<path d="M12 4 V19 M6 13 L12 19 L18 13"/>)",
+constexpr double kSide = 24; // units of each drawing
+
+struct Drawing {
+    const char* text; ///< strokes take the text's colour
+    double opacity = 1;
 };
+constexpr std::array<Drawing, 12> kDrawings{{
+    {R"(<path d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
+    {R"(<path fill="COLOR" d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
+    {R"(<path d="M8 12.5V6a1.5 1.5 0 0 1 3 0v5-7a1.5 1.5 0 0 1 3 0v7-5.5a1.5 1.5 0 0 1 3 0V14c0 4-2 7-5.5 7C8 21 7 19 5 15.500c-.7-1.4 1.2-2.6 2.2-1.400Z"/>)"},
+    {R"(<circle cx="10" cy="10" r="6"/><path d="M14.5 14.5 L20.5 20.5 M7.5 10 H12.5 M10 7.5 V12.5"/>)"},
+    {R"(<path d="M2.5 12 C6 6 18 6 21.5 12 C18 18 6 18 2.5 12 Z"/><circle cx="12" cy="12" r="2.8"/>)"},
+    {R"(<path d="M4 4 L20 20"/>)", 0.45},
+    {R"(<rect x="5.5" y="11" width="13" height="9" rx="1.5"/><path d="M8.5 11 V8 a3.5 3.5 0 0 1 7 0 V11"/>)"},
+    {R"(<rect x="5.5" y="11" width="13" height="9" rx="1.5"/><path d="M8.5 11 V8 a3.5 3.5 0 0 1 7 0"/>)", 0.22},
+    {R"(<path d="M12 5 V19 M5 12 H19"/>)"},
+    {R"(<path d="M4.5 6.5 H19.5 M9 6.5 V4 H15 V6.5 M6.5 6.5 L7.5 20.5 H16.5 L17.5 6.5 M10 10 V17 M14 10 V17"/>)"},
+    {R"(<path d="M12 20 V5 M6 11 L12 5 L18 11"/>)"},
+    {R"(<path d="M12 4 V19 M6 13 L12 19 L18 13"/>)"},
+}};
 
 constexpr const char* kFrame =
-    R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24"><g color="COLOR" fill="none" stroke="COLOR" )"
+    R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24"><g fill="none" stroke="COLOR" )"
     R"(stroke-width="1.6" stroke-linejoin="round" stroke-linecap="round">)";
 
-std::string drawingOf(Symbol symbol, const QColor& color) {
-    std::string text = std::string(kFrame) + kDrawings[static_cast<std::size_t>(symbol)] + "</g></svg>";
+std::string textOf(const Drawing& drawing, const QColor& color) {
+    std::string text = std::string(kFrame) + drawing.text + "</g></svg>";
     const std::string name = color.name().toStdString();
     for (std::size_t at = text.find("COLOR"); at != text.npos; at = text.find("COLOR")) text.replace(at, 5, name);
     return text;
 }
 
-QPixmap draw(const std::string& svg, QSize pixels) {
+QPixmap draw(const Drawing& drawing, const QColor& color, QSize pixels) {
     QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    const std::unique_ptr<RsvgHandle, decltype(&g_object_unref)> drawing(
-        rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), nullptr), g_object_unref);
-    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
-        cairo_image_surface_create_for_data(image.bits(), CAIRO_FORMAT_ARGB32, pixels.width(), pixels.height(),
-                                            static_cast<int>(image.bytesPerLine())),
-        cairo_surface_destroy);
-    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo(cairo_create(surface.get()), cairo_destroy);
-    const RsvgRectangle all{0, 0, static_cast<double>(pixels.width()), static_cast<double>(pixels.height())};
-    if (drawing) rsvg_handle_render_document(drawing.get(), cairo.get(), &all, nullptr);
+    const Port port{.origin = {}, .pixels = pixels.width() / kSide, .size = pixels};
+    const Cairo cairo = painterOn(image, QRect(QPoint(0, 0), pixels), port);
+    const auto document = svg::read(textOf(drawing, color), "icon");
+    cairo_push_group(cairo.get());
+    for (const model::Node* const node : document->shownIn({0, 0, kSide, kSide}))
+        paint(cairo.get(), *node, 1 / port.pixels);
+    cairo_pop_group_to_source(cairo.get());
+    cairo_paint_with_alpha(cairo.get(), drawing.opacity);
     return QPixmap::fromImage(image);
 }
 
@@ -73,7 +77,12 @@ class Engine final : public QIconEngine {
         const QColor color = mode == QIcon::Disabled ? colors.faint
                              : state == QIcon::On    ? colors.accentText
                                                      : colors.text;
-        return draw(drawingOf(symbol_, color), size);
+        const auto index = static_cast<std::size_t>(symbol_);
+        const QString key =
+            QString("easel-icon-%1-%2-%3x%4").arg(index).arg(color.name()).arg(size.width()).arg(size.height());
+        QPixmap drawn;
+        if (!QPixmapCache::find(key, &drawn)) QPixmapCache::insert(key, drawn = draw(kDrawings[index], color, size));
+        return drawn;
     }
     QIconEngine* clone() const override { return new Engine(symbol_); }
 

@@ -81,12 +81,12 @@ constexpr const char* kSheet = R"(
     QDockWidget::title { padding: 6px; background: PANEL; }
     QStatusBar { background: PANEL; }
     QStatusBar::item { border: none; }
-    QLineEdit, QDoubleSpinBox, QComboBox { background: FIELD; border: 1px solid LINE; border-radius: 3px; padding: 2px 5px; }
-    QLineEdit:focus, QDoubleSpinBox:focus, QComboBox:focus { border-color: ACCENT; }
-    QComboBox::drop-down { border: none; width: 18px; }
+    QLineEdit, QDoubleSpinBox { background: FIELD; border: 1px solid LINE; border-radius: 3px; padding: 2px 5px; }
+    QLineEdit:focus, QDoubleSpinBox:focus { border-color: ACCENT; }
     QTreeWidget { background: FIELD; border: none; outline: none; }
     QTreeWidget::item { height: 26px; }
     QTreeWidget::item:selected { background: CHOSEN; color: TEXT; }
+    QComboBox QLineEdit { border: none; background: transparent; padding: 0; }
     QPushButton { background: FIELD; border: 1px solid LINE; border-radius: 4px; padding: 4px 14px; min-height: 16px; }
     QPushButton:default { background: ACCENT; color: ACCENTTEXT; border-color: ACCENT; }
     QPushButton:focus { border-color: ACCENT; }

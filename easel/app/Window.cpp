@@ -12,6 +12,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
@@ -29,6 +30,7 @@ namespace easel::app {
 namespace {
 
 constexpr int kClockMilliseconds = 20;
+constexpr int kReportMilliseconds = 10'000;
 constexpr int kKeepMilliseconds = 10'000; // of unsaved work that a crash may cost
 constexpr const char* kDrawings = "SVG drawings (*.svg *.svgz)";
 constexpr double kNewWidth = 595; // A4, upright, in points
@@ -99,6 +101,9 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     canvas_.heldByToggles = [this] { return toggled_; };
     canvas_.superIsOption = settings_.superIsOption();
     connect(&files_, &QFileSystemWatcher::fileChanged, this, guarded([this] {
+        // A file that was replaced is another one.
+        const QString file = QString::fromStdString(actions_.path());
+        if (!file.isEmpty() && !files_.files().contains(file)) files_.addPath(file);
         if (!actions_.document() || !svg::isChangedByOthers(*actions_.document(), actions_.path())) return;
         statusBar()->showMessage("Another program has changed " + QString::fromStdString(actions_.path()) +
                                  ". File > Reopen shows what it is now");
@@ -346,6 +351,7 @@ void Window::makePanels() {
 
 void Window::makeStatusBar() {
     statusBar()->setSizeGripEnabled(false);
+    statusBar()->setContentsMargins(0, 0, 8, 0);
     hint_.setContentsMargins(8, 0, 0, 0);
     statusBar()->addWidget(&hint_, 1);
     // Many window managers keep Alt and the mouse to themselves.
@@ -395,6 +401,9 @@ void Window::refresh() {
         actions_.setModified();
         if (!keepTimer_.isActive()) keepTimer_.start(kKeepMilliseconds, this);
     }
+    const std::vector<std::string>& said = actions_.session().reports.lines();
+    if (std::exchange(reportsShown_, said.size()) < said.size())
+        statusBar()->showMessage(QString::fromStdString(said.back()), kReportMilliseconds);
     showTools();
     // Panels wait for the gesture's end: they would cost more than the drag.
     if (!actions_.session().pointer.pressed()) {
@@ -570,6 +579,8 @@ void Window::offerRecovered() {
 }
 
 void Window::tell(const QString& why) {
+    if (tells_) return statusBar()->showMessage(why); // what fails again and again shall not pile up boxes
+    const QScopedValueRollback<bool> telling(tells_, true);
     canvas_.cancelGesture();
     QMessageBox box(QMessageBox::Warning, "Easel", why, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
@@ -579,7 +590,9 @@ void Window::tell(const QString& why) {
 }
 
 void Window::closeEvent(QCloseEvent* event) {
-    if (!mayLose()) return event->ignore();
+    event->ignore(); // also when saving fails
+    if (!mayLose()) return;
+    giveUpReading();
     recovery_.drop();
     settings_.setGeometry(saveGeometry());
     event->accept();

@@ -102,6 +102,8 @@ class Window final : public QMainWindow {
     QLabel hint_;
     QComboBox* zoom_ = nullptr;
     session::Modifiers toggled_ = 0;
+    std::size_t reportsShown_ = 0;
+    bool tells_ = false;      ///< a box with a failure is open
     std::uint32_t shown_ = 0; ///< number of the document
     // What is being read
     std::unique_ptr<FileReading> reading_;

@@ -385,6 +385,13 @@ TEST_F(WindowTest, AsksBeforeWorkIsLost) {
     actions->addLayer("New");
     clickWhenAsked("Cancel");
     EXPECT_FALSE(window->close());
+    actions->disown(folder.path("none/d.svg")); // no such folder
+    clickWhenAsked("Save");
+    EXPECT_FALSE(window->close());
+    EXPECT_THAT(failures, testing::ElementsAre(HasSubstr("No such file or directory")));
+    QTimer::singleShot(0, window.get(), easel::app::guarded([] { throw 1; }));
+    settle();
+    EXPECT_EQ(failures.back(), "something was thrown that says nothing of itself");
     clickWhenAsked("Discard");
     EXPECT_TRUE(window->close());
     EXPECT_THAT(asked, HasSubstr("Save the changes"));
