@@ -5,37 +5,24 @@
 
 namespace kzo::core::ai {
 
-namespace host = plugin::preferences;
+namespace store = plugin::preferences;
+using Text = const std::string&;
 
-bool Preferences::exists(const std::string& section, const std::string& key) const {
-    return host::exists(section, key);
-}
-bool Preferences::remove(const std::string& section, const std::string& key) { return host::remove(section, key); }
+bool Preferences::exists(Text section, Text key) const { return store::exists(section, key); }
+bool Preferences::remove(Text section, Text key) { return store::remove(section, key); }
 
-bool Preferences::getBoolPref(const std::string& section, const std::string& key, bool& value) const {
-    return host::read(section, key, value);
+bool Preferences::getBoolPref(Text section, Text key, bool& value) const { return store::read(section, key, value); }
+bool Preferences::getIntPref(Text section, Text key, std::int32_t& value) const {
+    return store::read(section, key, value);
 }
-bool Preferences::getIntPref(const std::string& section, const std::string& key, std::int32_t& value) const {
-    return host::read(section, key, value);
-}
-bool Preferences::getFloatPref(const std::string& section, const std::string& key, double& value) const {
-    return host::read(section, key, value);
-}
-bool Preferences::getStringPref(const std::string& section, const std::string& key, std::string& value) const {
-    return host::read(section, key, value);
+bool Preferences::getFloatPref(Text section, Text key, double& value) const { return store::read(section, key, value); }
+bool Preferences::getStringPref(Text section, Text key, std::string& value) const {
+    return store::read(section, key, value);
 }
 
-bool Preferences::setBoolPref(const std::string& section, const std::string& key, bool value) {
-    return host::write(section, key, value);
-}
-bool Preferences::setIntPref(const std::string& section, const std::string& key, std::int32_t value) {
-    return host::write(section, key, value);
-}
-bool Preferences::setFloatPref(const std::string& section, const std::string& key, double value) {
-    return host::write(section, key, value);
-}
-bool Preferences::setStringPref(const std::string& section, const std::string& key, const std::string& value) {
-    return host::write(section, key, value);
-}
+bool Preferences::setBoolPref(Text section, Text key, bool value) { return store::write(section, key, value); }
+bool Preferences::setIntPref(Text section, Text key, std::int32_t value) { return store::write(section, key, value); }
+bool Preferences::setFloatPref(Text section, Text key, double value) { return store::write(section, key, value); }
+bool Preferences::setStringPref(Text section, Text key, Text value) { return store::write(section, key, value); }
 
 } // namespace kzo::core::ai

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
-#include <memory>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "core/Handle.h"
 
 struct ArtObject;
 
@@ -40,8 +42,10 @@ class Dictionary {
 
   private:
     [[nodiscard]] ArtObject* handle() const;
+    template <class Value> bool read(const std::string& key, Value& value) const;
+    template <class Value> bool write(const std::string& key, const Value& value);
 
-    std::shared_ptr<const Art> art_; ///< null: the document's
+    std::optional<Handle<plugin::Art>> art_; ///< none: the document's
 };
 
 } // namespace kzo::core

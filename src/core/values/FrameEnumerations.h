@@ -1,5 +1,5 @@
-// Enumerations and bit sets of tools, keys, plug-ins and undo. Their values are our own; plugin/frame/Convert.h maps
-// them onto the host's.
+// Enumerations and bit sets of tools, keys, plug-ins and undo. Their values are our own; plugin/frame maps them onto
+// the host's.
 #pragma once
 
 #include <cstdint>

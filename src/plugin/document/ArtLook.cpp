@@ -14,8 +14,9 @@ template <> struct HostForm<core::ArtStyle> {
         return {host::toHost(style.paint), style.opacity, host::toHost(style.blendMode), host::toHost(style.knockout)};
     }
     static core::ArtStyle fromHost(const AIArtStyle& record) {
-        return {host::fromHost<core::PathStyle>(record.paint), record.opacity, core::BlendMode(record.blendingMode),
-                core::BlendKnockout(record.knockout)};
+        return {host::fromHost<core::PathStyle>(record.paint), record.opacity,
+                host::fromHost<core::BlendMode>(record.blendingMode),
+                host::fromHost<core::BlendKnockout>(record.knockout)};
     }
 };
 

@@ -68,23 +68,20 @@ AIArtboard* Art::artboard() const {
 }
 
 std::vector<AIArtboard*> Art::allArtboards() const {
-    AIRealRect edges{};
-    std::vector<AIArtboard*> boards;
-    if (!call<&AIArtSuite::GetArtTransformBounds>(geo::TransformMatrix(), std::int32_t{0}, &edges)) return boards;
-    const auto place = host::fromHost<core::ArtboardRect>(edges);
-    for (AIArtboard* const board : Artboard::all())
-        if (Artboard(board).bounds().overlaps(place)) boards.push_back(board);
+    const auto place = find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), 0);
+    if (!place) return {};
+    std::vector<AIArtboard*> boards = Artboard::all();
+    std::erase_if(boards, [&](AIArtboard* board) { return !Artboard(board).bounds().overlaps(*place); });
     return boards;
 }
 
 std::optional<core::ArtboardPoint> Art::pin(core::BoundsPinPointType which) const {
-    AIRealRect edges{};
-    const bool known = call<&AIArtSuite::GetArtTransformBounds>(geo::TransformMatrix(), std::int32_t{0}, &edges);
-    if (!known) return std::nullopt;
+    const auto edges = find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), 0);
+    if (!edges) return std::nullopt;
     const int place = static_cast<int>(which) / 10 - 1; // the pins are numbered row by row
     const auto part = [](int third) { return third / 2.0; };
     if (place < 0 || place > 8) return std::nullopt;
-    return core::ArtboardPoint(ArtboardRect(edges).at(part(place % 3), part(place / 3)));
+    return core::ArtboardPoint(edges->impl().at(part(place % 3), part(place / 3)));
 }
 
 // Transforms

@@ -8,11 +8,7 @@
 namespace kzo::plugin {
 
 std::vector<AIArtboard*> Artboard::all() {
-    std::vector<AIArtboard*> boards;
-    const int count = host::get<&AIArtboardSuite::CountArtboards>();
-    for (int i = 0; i < count; ++i)
-        if (AIArtboard* const board = host::get<&AIArtboardSuite::GetNthArtboard>(i)) boards.push_back(board);
-    return boards;
+    return host::all<&AIArtboardSuite::CountArtboards, &AIArtboardSuite::GetNthArtboard>();
 }
 
 int Artboard::index() const { return getOr<&AIArtboardSuite::GetArtboardIndex>(-1); }

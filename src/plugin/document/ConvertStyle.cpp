@@ -27,15 +27,16 @@ AIPathStyle HostForm<core::PathStyle>::toHost(const core::PathStyle& style) {
 
 core::PathStyle HostForm<core::PathStyle>::fromHost(const AIPathStyle& record) {
     core::PathStyle style;
-    style.fill = {record.fillPaint != 0, host::fromHost<core::ArtColor>(record.fillColor), record.fillOverprint != 0};
-    style.stroke = {.painted = record.strokePaint != 0,
+    style.fill = {host::fromHost<bool>(record.fillPaint), host::fromHost<core::ArtColor>(record.fillColor),
+                  host::fromHost<bool>(record.fillOverprint)};
+    style.stroke = {.painted = host::fromHost<bool>(record.strokePaint),
                     .color = host::fromHost<core::ArtColor>(record.strokeColor),
                     .width = record.strokeWidth,
                     .miterLimit = record.miterLimit,
                     .cap = host::fromHost<core::StrokeCap>(record.cap),
                     .join = host::fromHost<core::StrokeJoin>(record.join),
                     .dash = {.lengths = {}, .count = 0, .offset = record.dash.offset},
-                    .overprint = record.strokeOverprint != 0};
+                    .overprint = host::fromHost<bool>(record.strokeOverprint)};
     const int count = std::clamp<int>(record.dash.length, 0, kMaxDashComponents);
     style.stroke.dash.count = static_cast<std::size_t>(count);
     std::copy_n(std::begin(record.dash.array), count, style.stroke.dash.lengths.begin());

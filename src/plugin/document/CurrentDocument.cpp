@@ -19,7 +19,8 @@ template <> struct HostForm<core::DocumentSetup> {
 template <> struct HostForm<core::Grid> {
     static AIGrid toHost(const core::Grid& grid) { return {grid.spacing, grid.subdivisions, grid.visible, grid.snaps}; }
     static core::Grid fromHost(const AIGrid& record) {
-        return {record.spacing, record.subdivisions, record.visible != 0, record.snaps != 0};
+        return {record.spacing, record.subdivisions, host::fromHost<bool>(record.visible),
+                host::fromHost<bool>(record.snaps)};
     }
 };
 template <> struct HostForm<core::TextStyle> {
@@ -73,8 +74,7 @@ bool CurrentDocument::setDefaultPathStyle(const core::PathStyle& style) {
 }
 core::TextStyle CurrentDocument::defaultTextStyle() const { return host::get<&Suite::GetTextStyle, core::TextStyle>(); }
 bool CurrentDocument::setDefaultTextStyle(const core::TextStyle& style) {
-    const AITextStyle record = host::toHost(style);
-    return host::call<&Suite::SetTextStyle>(&record);
+    return host::call<&Suite::SetTextStyle>(style);
 }
 
 // Views

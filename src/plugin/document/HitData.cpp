@@ -55,7 +55,7 @@ bool HitData::test(ArtObject* art, double tolerance) {
     if (type_ == core::HitType::None) return false;
     art_ = record.art;
     textRange_ = record.textRange;
-    inGroup_ = record.inGroup != 0;
+    inGroup_ = host::fromHost<bool>(record.inGroup);
     featurePoint_ = host::fromHost<core::ArtboardPoint>(record.point);
     if (type_ == core::HitType::Fill || record.segment < 0) return true; // text has anchors, but no segments
     if (type_ == core::HitType::Segment) {

@@ -27,10 +27,9 @@ bool PathArt::write(int index, int count, const AIPathSegment* records) {
 }
 
 std::optional<PathArt::Extent> PathArt::extent() const {
-    std::int16_t points = 0;
-    AIBoolean closed = 0;
-    const bool known = call<&AIPathSuite::GetPathSegmentCount>(&points) && call<&AIPathSuite::GetPathClosed>(&closed);
-    return known ? std::optional(extent(points, closed != 0)) : std::nullopt;
+    const auto points = find<&AIPathSuite::GetPathSegmentCount>();
+    const auto isClosed = points ? find<&AIPathSuite::GetPathClosed>() : std::nullopt;
+    return isClosed ? std::optional(extent(*points, *isClosed)) : std::nullopt;
 }
 
 PathArt::Extent PathArt::extent(int points, bool closed) {
@@ -81,9 +80,8 @@ bool PathArt::setSegPointCount(std::int16_t count) {
 std::int16_t PathArt::segCount() const { return asIndex(extent().value_or(Extent()).segs); }
 
 bool PathArt::setSegCount(std::int16_t count) {
-    AIBoolean closed = 0;
-    return call<&AIPathSuite::GetPathClosed>(&closed) &&
-           setSegPointCount(asIndex(std::max<int>(count, 0) + (closed ? 0 : 1)));
+    const auto isClosed = find<&AIPathSuite::GetPathClosed>();
+    return isClosed && setSegPointCount(asIndex(std::max<int>(count, 0) + (*isClosed ? 0 : 1)));
 }
 
 bool PathArt::closed() const { return get<&AIPathSuite::GetPathClosed>(); }

@@ -50,13 +50,12 @@ void MarkFollower::follow(const ToolMessage* message) {
 }
 
 void MarkFollower::followView() {
-    AIRealRect seen{};
-    if (!host::call<&AIDocumentViewSuite::GetDocumentViewBounds>(AIDocumentViewHandle{}, &seen)) return;
-    const auto bounds = host::fromHost<core::ArtboardRect>(seen);
-    if (!isFurtherThan(kViewTolerance, bounds.topLeft(), viewBounds_.topLeft()) &&
-        !isFurtherThan(kViewTolerance, bounds.bottomRight(), viewBounds_.bottomRight()))
+    const auto bounds =
+        host::find<&AIDocumentViewSuite::GetDocumentViewBounds, core::ArtboardRect>(AIDocumentViewHandle{});
+    if (!bounds || (!isFurtherThan(kViewTolerance, bounds->topLeft(), viewBounds_.topLeft()) &&
+                    !isFurtherThan(kViewTolerance, bounds->bottomRight(), viewBounds_.bottomRight())))
         return;
-    viewBounds_ = bounds;
+    viewBounds_ = *bounds;
     invalidateMarks();
 }
 

@@ -15,13 +15,25 @@
 #include "plugin/document/Artboard.h"
 #include "plugin/document/Layer.h"
 #include "plugin/document/View.h"
-#include "plugin/frame/Convert.h"
 #include "plugin/frame/Cursor.h"
 #include "plugin/frame/MenuGroup.h"
+#include "plugin/host/HostCall.h"
 #include "plugin/host/RefCountMap.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
+
+namespace host {
+
+constexpr std::int16_t kNoUndoContext = -1;
+constexpr Pair<core::UndoContext> kUndoContexts[] = {
+    {core::UndoContext::Standard, kAIStandardUndoContext},
+    {core::UndoContext::Silent, kAISilentUndoContext},
+    {core::UndoContext::Append, kAIAppendUndoContext},
+};
+template <> struct HostForm<core::UndoContext> : Paired<kUndoContexts, core::UndoContext::Standard, kNoUndoContext> {};
+
+} // namespace host
 
 namespace {
 
@@ -275,9 +287,9 @@ bool BasePlugin::toolsSnapTo(core::ToolSnapping kind) const {
 }
 
 void BasePlugin::setToolsSnapTo(core::ToolSnapping kind, bool snap) {
-    std::int32_t kinds = 0;
-    if (!host::call<&AICursorSnapSuite::GetToolSnapping>(plugin_, &kinds)) return;
-    host::call<&AICursorSnapSuite::SetToolSnapping>(plugin_, snap ? kinds | bits(kind) : kinds & ~bits(kind));
+    const auto kinds = host::find<&AICursorSnapSuite::GetToolSnapping>(plugin_);
+    if (!kinds) return;
+    host::call<&AICursorSnapSuite::SetToolSnapping>(plugin_, snap ? *kinds | bits(kind) : *kinds & ~bits(kind));
 }
 
 // Undo

@@ -10,25 +10,18 @@ namespace {
 using Suite = AIPreferenceSuite;
 using Text = const std::string&;
 
-template <auto Entry, class Ours> bool readAs(Text section, Text key, Ours& value) {
-    typename host::AnswerOf<decltype(Entry)>::type held{};
-    if (!host::call<Entry>(section, key, &held)) return false;
-    value = host::fromHost<Ours>(held);
-    return true;
-}
-
 } // namespace
 
 bool exists(Text section, Text key) { return host::get<&Suite::PreferenceExists>(section, key); }
 bool remove(Text section, Text key) { return host::call<&Suite::RemovePreference>(section, key); }
 
-bool read(Text section, Text key, bool& value) { return readAs<&Suite::GetBooleanPreference>(section, key, value); }
+bool read(Text section, Text key, bool& value) { return host::read<&Suite::GetBooleanPreference>(value, section, key); }
 bool read(Text section, Text key, std::int32_t& value) {
-    return readAs<&Suite::GetIntegerPreference>(section, key, value);
+    return host::read<&Suite::GetIntegerPreference>(value, section, key);
 }
-bool read(Text section, Text key, double& value) { return readAs<&Suite::GetRealPreference>(section, key, value); }
+bool read(Text section, Text key, double& value) { return host::read<&Suite::GetRealPreference>(value, section, key); }
 bool read(Text section, Text key, std::string& value) {
-    return readAs<&Suite::GetStringPreference>(section, key, value);
+    return host::read<&Suite::GetStringPreference>(value, section, key);
 }
 
 bool write(Text section, Text key, bool value) { return host::call<&Suite::PutBooleanPreference>(section, key, value); }

@@ -4,11 +4,27 @@
 #include <algorithm>
 
 #include "hostapi/AIMenuGroups.h"
-#include "plugin/frame/Convert.h"
+#include "hostapi/AIMenuSuite.h"
 #include "plugin/frame/MenuItem.h"
+#include "plugin/host/HostCall.h"
 #include "plugin/host/RefCountMap.h"
 
 namespace kzo::plugin {
+
+namespace host {
+
+template <> struct HostForm<MenuGroupPlace> {
+    static constexpr std::int32_t toHost(const MenuGroupPlace& place) {
+        std::int32_t options = place.sorted ? kMenuGroupSortedOption : 0;
+        if (!place.merged) return options;
+        options |= kMenuGroupPartialOption;
+        if (place.subMenu) options |= kMenuGroupSubMenuOption;
+        if (place.onTop) options |= kMenuGroupOnTopOption;
+        return options;
+    }
+};
+
+} // namespace host
 
 namespace {
 
@@ -63,10 +79,10 @@ std::int32_t __IntMenuGroupData::options() const { return get<&AIMenuSuite::GetM
 bool __IntMenuGroupData::sorted() const { return (options() & kMenuGroupSortedOption) != 0; }
 
 void __IntMenuGroupData::setSorted(bool sorted) {
-    std::int32_t options = 0;
-    if (!call<&AIMenuSuite::GetMenuGroupOptions>(&options)) return;
-    call<&AIMenuSuite::SetMenuGroupOptions>(sorted ? options | kMenuGroupSortedOption
-                                                   : options & ~kMenuGroupSortedOption);
+    const auto options = find<&AIMenuSuite::GetMenuGroupOptions>();
+    if (!options) return;
+    call<&AIMenuSuite::SetMenuGroupOptions>(sorted ? *options | kMenuGroupSortedOption
+                                                   : *options & ~kMenuGroupSortedOption);
 }
 
 bool __IntMenuGroupData::isPartial() const { return (options() & kMenuGroupPartialOption) != 0; }

@@ -10,44 +10,49 @@
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/StageSuite.h"
 #include "plugin/document/Convert.h"
-#include "plugin/platform/Platform.h"
+#include "plugin/platform/Convert.h"
 
 namespace kzo::plugin {
 
+namespace {
+
+template <class Record> const Record& as(const void* record) { return *static_cast<const Record*>(record); }
+
+} // namespace
+
 MessageHead::MessageHead(const void* record)
-    : self(static_cast<const SPMessageData*>(record)->self), basic(static_cast<const SPMessageData*>(record)->basic) {}
+    : self(as<SPMessageData>(record).self), basic(as<SPMessageData>(record).basic) {}
 
 NotifyMessage::NotifyMessage(const void* record)
-    : notifier(static_cast<const AINotifierMessage*>(record)->notifier),
-      type(static_cast<const AINotifierMessage*>(record)->type ? static_cast<const AINotifierMessage*>(record)->type
-                                                               : "") {}
+    : notifier(as<AINotifierMessage>(record).notifier),
+      type(as<AINotifierMessage>(record).type ? as<AINotifierMessage>(record).type : "") {}
 
-MenuMessage::MenuMessage(const void* record) : item(static_cast<const AIMenuMessage*>(record)->menuItem) {}
+MenuMessage::MenuMessage(const void* record) : item(as<AIMenuMessage>(record).menuItem) {}
 
-TimerMessage::TimerMessage(const void* record) : timer(static_cast<const AITimerMessage*>(record)->timer) {}
+TimerMessage::TimerMessage(const void* record) : timer(as<AITimerMessage>(record).timer) {}
 
 AnnotatorMessage::AnnotatorMessage(const void* record) {
-    const auto& host = *static_cast<const AIAnnotatorMessage*>(record);
-    annotator = host.annotator;
-    context = host.context;
-    view = host.view;
-    triggeredByDragScroll = host.triggeredByDragScroll != 0;
-    showEdges = host.showEdges != 0;
-    rects_ = host.invalidationRects;
-    rectCount_ = rects_ ? std::max(host.invalidationRectCount, 0) : 0;
+    const auto& said = as<AIAnnotatorMessage>(record);
+    annotator = said.annotator;
+    context = said.context;
+    view = said.view;
+    triggeredByDragScroll = host::fromHost<bool>(said.triggeredByDragScroll);
+    showEdges = host::fromHost<bool>(said.showEdges);
+    rects_ = said.invalidationRects;
+    rectCount_ = rects_ ? std::max(said.invalidationRectCount, 0) : 0;
 }
 
 std::vector<core::ArtboardRect> AnnotatorMessage::invalidationRects() const {
     return host::fromHost<core::ArtboardRect>(std::vector<AIRealRect>(rects_, rects_ + rectCount_));
 }
 
-InputMessage::InputMessage(const void* record) : code(static_cast<const StageInputMessage*>(record)->code) {}
+InputMessage::InputMessage(const void* record) : code(as<StageInputMessage>(record).code) {}
 
 ToolMessage::ToolMessage(const void* record)
-    : tool(static_cast<const AIToolMessage*>(record)->tool),
-      cursor(host::fromHost<core::ArtboardPoint>(static_cast<const AIToolMessage*>(record)->cursor)),
-      modifiers(modifierKeys(static_cast<const AIToolMessage*>(record)->modifiers)),
-      takenBack((static_cast<const AIToolMessage*>(record)->flags & kAIGestureTakenBack) != 0) {}
+    : tool(as<AIToolMessage>(record).tool),
+      cursor(host::fromHost<core::ArtboardPoint>(as<AIToolMessage>(record).cursor)),
+      modifiers(host::fromHost<core::ModifierKeys>(as<AIToolMessage>(record).modifiers)),
+      takenBack((as<AIToolMessage>(record).flags & kAIGestureTakenBack) != 0) {}
 
 void ToolMessage::holdCursor(void* record, const core::ArtboardPoint& at) {
     static_cast<AIToolMessage*>(record)->cursor = host::toHost(at);

@@ -10,11 +10,7 @@
 namespace kzo::plugin {
 
 std::vector<SPPlugin*> ThirdPartyPlugin::all() {
-    std::vector<SPPlugin*> plugins;
-    const std::int32_t count = host::get<&SPPluginsSuite::CountPlugins>();
-    for (std::int32_t i = 0; i < count; ++i)
-        if (SPPlugin* const plugin = host::get<&SPPluginsSuite::GetNthPlugin>(i)) plugins.push_back(plugin);
-    return plugins;
+    return host::all<&SPPluginsSuite::CountPlugins, &SPPluginsSuite::GetNthPlugin>();
 }
 
 std::string ThirdPartyPlugin::name() const { return get<&SPPluginsSuite::GetPluginName>(); }

@@ -152,13 +152,20 @@ template <auto Entry, class... Arguments> bool call(const Arguments&... argument
     return callAs<Entry>(Entry, arguments...);
 }
 
-template <auto Entry, class As, class... Arguments> As getOr(const As& neutral, const Arguments&... arguments) {
+template <auto Entry, class As, class... Arguments> std::optional<As> find(const Arguments&... arguments) {
     typename AnswerOf<decltype(Entry)>::type answer{};
-    return call<Entry>(arguments..., &answer) ? HostForm<As>::fromHost(answer) : neutral;
+    return call<Entry>(arguments..., &answer) ? std::optional<As>(HostForm<As>::fromHost(answer)) : std::nullopt;
 }
 
-template <auto Entry, class As, class... Arguments> As get(const Arguments&... arguments) {
-    return getOr<Entry, As>(As(), arguments...);
+/// All that the host lists of something, by its count and the operation that returns the one at an index; without those
+/// that it refuses.
+template <auto Count, auto Nth, class... Arguments>
+[[nodiscard]] std::vector<Natural<Nth>> all(const Arguments&... arguments) {
+    std::vector<Natural<Nth>> list;
+    const std::int32_t count = get<Count>(arguments...);
+    for (std::int32_t i = 0; i < count; ++i)
+        if (auto each = get<Nth>(arguments..., i); each != Natural<Nth>()) list.push_back(std::move(each));
+    return list;
 }
 
 } // namespace kzo::plugin::host

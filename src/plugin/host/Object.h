@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -29,12 +30,26 @@ template <auto Entry> using Natural = typename NaturalForm<typename AnswerOf<dec
 
 /// Returns whether the host did it.
 template <auto Entry, class... Arguments> bool call(const Arguments&... arguments);
-/// Returns the operation's answer, as an `As`; `neutral` when the host refuses.
+/// Returns the operation's answer, as an `As`; nothing when the host refuses.
 template <auto Entry, class As = Natural<Entry>, class... Arguments>
-[[nodiscard]] As getOr(const As& neutral, const Arguments&... arguments);
-/// Returns the operation's answer; false, 0, empty or null when the host refuses.
+[[nodiscard]] std::optional<As> find(const Arguments&... arguments);
+/// The same; `neutral` when the host refuses.
 template <auto Entry, class As = Natural<Entry>, class... Arguments>
-[[nodiscard]] As get(const Arguments&... arguments);
+[[nodiscard]] As getOr(const As& neutral, const Arguments&... arguments) {
+    return find<Entry, As>(arguments...).value_or(neutral);
+}
+/// The same; false, 0, empty or null when the host refuses.
+template <auto Entry, class As = Natural<Entry>, class... Arguments>
+[[nodiscard]] As get(const Arguments&... arguments) {
+    return getOr<Entry, As>(As(), arguments...);
+}
+
+/// Gives `value` the operation's answer; false, with `value` as it was, when the host refuses.
+template <auto Entry, class As, class... Arguments> bool read(As& value, const Arguments&... arguments) {
+    const std::optional<As> answer = find<Entry, As>(arguments...);
+    if (answer) value = *answer;
+    return answer.has_value();
+}
 
 /// The base of an implementation class. Without a handle (empty, destroyed or refused) the host is not asked, and every
 /// operation returns its neutral value.
@@ -54,7 +69,11 @@ template <class HostObject> class Object {
     }
     template <auto Entry, class As = Natural<Entry>, class... Arguments>
     [[nodiscard]] As getOr(const As& neutral, const Arguments&... arguments) const {
-        return handle_ ? host::getOr<Entry, As>(neutral, handle_, arguments...) : neutral;
+        return find<Entry, As>(arguments...).value_or(neutral);
+    }
+    template <auto Entry, class As = Natural<Entry>, class... Arguments>
+    [[nodiscard]] std::optional<As> find(const Arguments&... arguments) const {
+        return handle_ ? host::find<Entry, As>(handle_, arguments...) : std::nullopt;
     }
     /// `call<&AILayerSuite::SetLayerTitle>(title)`: whether the host did it to this object.
     template <auto Entry, class... Arguments> bool call(const Arguments&... arguments) const {

@@ -13,7 +13,11 @@ template <> struct HostForm<geo::Point> {
     static constexpr geo::Point fromHost(const AIRealPoint& point) { return {point.h, point.v}; }
 };
 template <> struct HostForm<core::ModifierKeys> {
-    static constexpr core::ModifierKeys fromHost(std::uint32_t keys) { return modifierKeys(keys); }
+    static constexpr core::ModifierKeys fromHost(std::uint32_t keys) {
+        using enum core::ModifierKeys;
+        return core::ModifierKeys(keys) & (Shift | Option | Control | Command); // what is no key is dropped
+    }
 };
+template <> struct HostForm<Alert::Kind> : SameNumbers<Alert::Kind> {};
 
 } // namespace kzo::plugin::host

@@ -146,11 +146,4 @@ void choosePlatform();
 /// The platform that was chosen last.
 [[nodiscard]] Platform& platform();
 
-/// Of a bit set that came from outside; bits that are no key are dropped.
-[[nodiscard]] constexpr core::ModifierKeys modifierKeys(std::uint32_t keys) {
-    using core::ModifierKeys;
-    return ModifierKeys(keys) &
-           (ModifierKeys::Shift | ModifierKeys::Option | ModifierKeys::Control | ModifierKeys::Command);
-}
-
 } // namespace kzo::plugin

@@ -52,8 +52,7 @@ class StageCursors final : public Cursors {
     }
 
     [[nodiscard]] std::optional<double> displayScale() const override {
-        AIReal scale = 0;
-        return host::call<&StageSuite::GetDisplayScale>(&scale) ? std::optional(scale) : std::nullopt;
+        return host::find<&StageSuite::GetDisplayScale>();
     }
 };
 
@@ -78,10 +77,9 @@ class StageAlerts final : public Alerts {
         const auto count = static_cast<std::int32_t>(titles.size());
         std::int32_t chosen = 0;
         AIBoolean seen = 0;
-        if (host::call<&StageSuite::ShowAlert>(static_cast<std::int32_t>(alert.kind), alert.text.c_str(), titles.data(),
-                                               count, &chosen, &seen) &&
+        if (host::call<&StageSuite::ShowAlert>(alert.kind, alert.text.c_str(), titles.data(), count, &chosen, &seen) &&
             chosen >= 0 && chosen < count) {
-            asked = seen != 0;
+            asked = host::fromHost<bool>(seen);
             return static_cast<std::size_t>(chosen);
         }
         asked = false;
