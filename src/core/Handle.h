@@ -17,6 +17,8 @@ template <class Impl> class Handle {
     [[nodiscard]] bool isEmpty() const { return !impl(); }
     [[nodiscard]] bool operator==(const Handle& other) const { return impl() == other.impl(); }
     [[nodiscard]] Impl* impl() const; ///< null when empty
+    /// The same, for those who keep the object.
+    [[nodiscard]] std::shared_ptr<Impl> shared() const { return impl() ? impl_ : nullptr; }
 
   private:
     std::shared_ptr<Impl> impl_;

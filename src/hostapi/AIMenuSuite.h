@@ -47,7 +47,7 @@ typedef struct AIMenuSuite {
     AIErr (*RemoveMenuGroup)(AIMenuGroup group);
     AIErr (*GetMenuGroupName)(AIMenuGroup group, const char** name);
     /* The text is that of the item that opens the group, if one does. Of the host's own groups it is the name, and
-     * kRefusedErr answers a change. */
+     * a change returns kRefusedErr. */
     AIErr (*GetMenuGroupText)(AIMenuGroup group, const char** text);
     AIErr (*SetMenuGroupText)(AIMenuGroup group, const char* text);
     /* Whether what the group holds can be chosen, as far as the group has a say. */
@@ -61,7 +61,7 @@ typedef struct AIMenuSuite {
     /* The item that opens the group, null where none does. */
     AIErr (*GetMenuGroupItem)(AIMenuGroup group, AIMenuItemHandle* item);
     AIErr (*CountMenuGroupChildren)(AIMenuGroup group, int32_t* count);
-    /* What the group holds at `index`, counted from 0: an item or a group; the other answer is null. The item that
+    /* What the group holds at `index`, counted from 0: an item or a group; the other one is null. The item that
      * opens a group is not listed beside it. kBadParameterErr: there is nothing. */
     AIErr (*GetNthMenuGroupChild)(AIMenuGroup group, int32_t index, AIMenuItemHandle* item, AIMenuGroup* child);
 

@@ -37,10 +37,10 @@ enum {
     kAIGestureTakenBack = 1
 };
 
-/* What a tool answers to a press that draws nothing: the current layer is locked, or hidden. */
+/* What a tool returns from a press that draws nothing: the current layer is locked, or hidden. */
 enum { kAILayerNotEditableRemark = 1000, kAILayerNotVisibleRemark = 1001 };
 
-/* Every tool message. An answer other than 0 is a remark that the host may log, never a failure. */
+/* Every tool message. A result other than 0 is a remark that the host may log, never a failure. */
 typedef struct AIToolMessage {
     SPMessageData d;
     AIToolHandle tool;

@@ -14,8 +14,8 @@ typedef struct SPInterfaceSuite {
     SPErr (*EmptyMessageData)(SPPluginRef plugin, SPMessageData* message);
     /* Sends a message to `plugin` and returns in `result` what its entry returned. Of the record's head the receiver
      * sees `globals` as the sender left it, and the sender what the receiver did; the rest is the host's.
-     * kBadParameterErr: a null caller, selector, record or result. kRefusedErr: the plug-in is not running, or
-     * answers in `result` when 100 messages are being handled, one inside of the other. */
+     * kBadParameterErr: a null caller, selector, record or result. kRefusedErr: the plug-in is not running, or,
+     * in `result`, when 100 messages are being handled, one inside of the other. */
     SPErr (*SendMessage)(SPPluginRef plugin, const char* caller, const char* selector, SPMessageData* message,
                          SPErr* result);
 } SPInterfaceSuite;

@@ -1,7 +1,7 @@
 /* The head that every message record begins with, and the messages of a plug-in's life.
  *
  * The entry is `int32 PluginMain(const char* caller, const char* selector, void* message)`; `message` points to a
- * record that extends SPMessageData. An answer other than 0 is an error code, except where a family says otherwise. */
+ * record that extends SPMessageData. A result other than 0 is an error code, except where a family says otherwise. */
 #ifndef HOSTAPI_SPMESSAGES_H
 #define HOSTAPI_SPMESSAGES_H
 

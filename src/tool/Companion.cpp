@@ -21,7 +21,7 @@ namespace {
 
 constexpr const char* kCaller = "KZO_PLOTWISE";
 constexpr const char* kNames[] = {"Kelzo Plotwise", "\tKZOPlotwise"}; // the present one, and an older one
-constexpr int kTooOld = 110101;                                       // 11.1.1; what came after it answers all three
+constexpr int kTooOld = 110101;                                       // 11.1.1; later ones reply to all three
 constexpr double kMostAngle = 90;                                     // degrees, as for the axes of the preferences
 constexpr auto kDegrees = Angle::Units::Degrees;
 
@@ -60,8 +60,8 @@ class Record {
     char* block_;
 };
 
-/// Sends a message. True when it was answered: then the answer is in the record, whose byte at `okOffset` says so.
-bool ask(const ThirdPartyPlugin& companion, const char* selector, Record& record, std::size_t okOffset) {
+/// Sends a message. True when the record holds the reply, as its byte at `okOffset` says.
+bool query(const ThirdPartyPlugin& companion, const char* selector, Record& record, std::size_t okOffset) {
     if (!record.head() || !companion.started() || companion.broken()) return false;
     if (!companion.prepMessageData(*record.head())) return false;
     const auto hosts = record.get<void*>(kSender);
@@ -75,7 +75,7 @@ bool ask(const ThirdPartyPlugin& companion, const char* selector, Record& record
 
 bool askVersion(const ThirdPartyPlugin& companion) {
     Record record(48);
-    if (!ask(companion, "PUB_MSG_GET_VERSION", record, 40)) return false;
+    if (!query(companion, "PUB_MSG_GET_VERSION", record, 40)) return false;
     const int major = record.get<std::int16_t>(42);
     const int minor = record.get<std::int16_t>(44);
     const int patch = record.get<std::int16_t>(46);
@@ -89,7 +89,7 @@ bool askScale(const ThirdPartyPlugin& companion, vlCompanionData& told) {
     const auto layer = document ? document->currentLayer() : nullptr;
     Record record(1240);
     if (record.head()) record.set(40, layer ? layer->aiLayerHandle() : nullptr);
-    if (!ask(companion, "PUB_MSG_GET_CURR_SCALE", record, 48)) return false;
+    if (!query(companion, "PUB_MSG_GET_CURR_SCALE", record, 48)) return false;
     told.scaleName = record.text(49, 1080);
     told.scale = record.get<double>(1080);
     return !told.scaleName.empty();
@@ -99,7 +99,7 @@ bool isAxis(double degrees) { return 0 <= degrees && degrees <= kMostAngle; }
 
 bool askView(const ThirdPartyPlugin& companion, vlCompanionData& told) {
     Record record(1136);
-    if (!ask(companion, "PUB_MSG_GET_CURR_AXO_VIEW", record, 40)) return false;
+    if (!query(companion, "PUB_MSG_GET_CURR_AXO_VIEW", record, 40)) return false;
     told.viewName = record.text(41, 1072);
     told.viewValues = {record.get<double>(1072), record.get<double>(1080), 0};
     told.firstAngle = record.get<double>(1088);

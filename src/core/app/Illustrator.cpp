@@ -6,7 +6,6 @@
 #include "plugin/document/CurrentDocument.h"
 #include "plugin/frame/Application.h"
 #include "plugin/frame/MenuGroup.h"
-#include "plugin/frame/Runtime.h"
 #include "plugin/frame/ThirdPartyPlugin.h"
 
 namespace kzo::core {
@@ -30,11 +29,11 @@ CurrentDocument* Illustrator::currentDocument() {
 
 // Whose it is
 
-std::int32_t Illustrator::majorVersion() const { return plugin::runtime::majorVersion(); }
-std::string Illustrator::userName() const { return plugin::runtime::userName(); }
-std::string Illustrator::userOrganization() const { return plugin::runtime::userOrganization(); }
+std::int32_t Illustrator::majorVersion() const { return plugin::application::majorVersion(); }
+std::string Illustrator::userName() const { return plugin::application::userName(); }
+std::string Illustrator::userOrganization() const { return plugin::application::userOrganization(); }
 
-bool Illustrator::openURL(const std::string& url) { return plugin::runtime::openURL(url); }
+bool Illustrator::openURL(const std::string& url) { return plugin::application::openURL(url); }
 
 // Documents
 
@@ -54,8 +53,8 @@ MenuGroup Illustrator::menuGroupAtIndex(std::size_t index) const { return MenuGr
 
 std::map<std::string, ThirdPartyPlugin> Illustrator::allPlugins() const {
     std::map<std::string, ThirdPartyPlugin> plugins;
-    for (SPPlugin* const plugin : plugin::ThirdPartyPlugin::all()) {
-        const ThirdPartyPlugin handle(plugin);
+    for (SPPlugin* const known : plugin::ThirdPartyPlugin::all()) {
+        const ThirdPartyPlugin handle(known);
         plugins.emplace(handle.name(), handle);
     }
     return plugins;

@@ -42,8 +42,7 @@ template <class Work> class Finally {
 } // namespace
 
 Plugin::Plugin(SPPlugin* plugin, const std::string& name)
-    : impl_(std::make_unique<plugin::BasePlugin>(plugin, name)),
-      dispatcher_(std::make_unique<Dispatcher>(impl_->dispatcher())) {
+    : impl_(std::make_unique<plugin::BasePlugin>(plugin, name)), dispatcher_(std::make_unique<Dispatcher>(*impl_)) {
     instance_ = this;
 }
 
@@ -139,9 +138,9 @@ void Plugin::setToolPostEditedCallback(const Callback& callback) { setAfter(Tool
 Tool Plugin::currentTool() const { return Tool(impl_->currentTool()); }
 
 ModalDialog Plugin::aboutBox() const { return ModalDialog(impl_->aboutBox); }
-void Plugin::setAboutBox(const ModalDialog& dialog) { impl_->aboutBox = plugin::shared(dialog.impl()); }
+void Plugin::setAboutBox(const ModalDialog& dialog) { impl_->aboutBox = dialog.shared(); }
 ModalDialog Plugin::prefsDialog() const { return ModalDialog(impl_->prefsDialog); }
-void Plugin::setPrefsDialog(const ModalDialog& dialog) { impl_->prefsDialog = plugin::shared(dialog.impl()); }
+void Plugin::setPrefsDialog(const ModalDialog& dialog) { impl_->prefsDialog = dialog.shared(); }
 
 // Undo
 
@@ -205,8 +204,6 @@ void Plugin::__decline() {
 }
 
 std::int32_t Plugin::shutDownOwn() {
-    for (const auto& dialog : {impl_->aboutBox, impl_->prefsDialog})
-        if (dialog) dialog->destroy();
     dispatcher_.reset();
     Illustrator::__destroy();
     alerts::setState(true);

@@ -50,7 +50,7 @@ void logThrown(const Arrived& arrived, std::string_view where, std::string_view 
         const std::string pair = std::string(arrived.caller()) + "/" + std::string(arrived.selector());
         plugin::attachHost(arrived.record); // a shut-down has released it
         plugin::log("exception in " + std::string(where) + " (" + pair + "): " + std::string(what));
-        if (const Plugin* const plugin = Plugin::instance(); plugin && plugin->hasShutdown()) plugin::releaseHost();
+        if (const Plugin* const object = Plugin::instance(); object && object->hasShutdown()) plugin::releaseHost();
     } catch (...) {
         // There is no memory left to say it in.
     }
@@ -76,8 +76,8 @@ class EntryScope {
   public:
     explicit EntryScope(const Arrived& arrived) : arrived_(arrived) { ++depth_; }
     ~EntryScope() {
-        Plugin* const plugin = Plugin::instance();
-        if (depth_ == 1 && plugin && plugin->hasShutdown()) destroy(plugin);
+        Plugin* const object = Plugin::instance();
+        if (depth_ == 1 && object && object->hasShutdown()) destroy(object);
         --depth_;
     }
     EntryScope(const EntryScope&) = delete;
@@ -86,12 +86,12 @@ class EntryScope {
     [[nodiscard]] static bool nested() { return depth_ > 1; }
 
   private:
-    void destroy(Plugin* plugin) {
-        guarded(arrived_, "pluginDestroy", [plugin] {
-            pluginDestroy(plugin);
+    void destroy(Plugin* object) {
+        guarded(arrived_, "pluginDestroy", [object] {
+            pluginDestroy(object);
             return kDone;
         });
-        delete plugin;
+        delete object;
         plugin::releaseHost(); // whatever the client did last
     }
 
@@ -113,28 +113,28 @@ std::int32_t setUp(const Arrived& arrived) {
         plugin::releaseHost();
         return kSetupFailed;
     }
-    auto* const plugin = new Plugin(self, name); // deleted by the outermost entry after its shut-down
+    auto* const object = new Plugin(self, name); // deleted by the outermost entry after its shut-down
     settingUp = true;
-    const bool accepted = guarded(arrived, "pluginSetup", [plugin] { return std::int32_t{pluginSetup(plugin)}; }) != 0;
+    const bool accepted = guarded(arrived, "pluginSetup", [object] { return std::int32_t{pluginSetup(object)}; }) != 0;
     settingUp = false;
-    if (!accepted) plugin->__decline();
-    return plugin->hasShutdown() ? kSetupFailed : kDone;
+    if (!accepted) object->__decline();
+    return object->hasShutdown() ? kSetupFailed : kDone;
 }
 
-void handleLifecycle(Plugin& plugin, const Arrived& arrived) {
-    if (arrived.selector() == message::kStartup) plugin.__startup();
-    if (arrived.selector() == message::kShutdown) plugin.__shutdown();
-    if (arrived.selector() == message::kAbout && plugin.dispatcher())
-        plugin.dispatcher()->message(message::kInterface, message::kAbout, arrived.record);
+void handleLifecycle(Plugin& object, const Arrived& arrived) {
+    if (arrived.selector() == message::kStartup) object.__startup();
+    if (arrived.selector() == message::kShutdown) object.__shutdown();
+    if (arrived.selector() == message::kAbout && object.dispatcher())
+        object.dispatcher()->message(message::kInterface, message::kAbout, arrived.record);
 }
 
 /// Whether the event is one that drives a phase of life, which then has run.
-bool handleApplicationEvent(Plugin& plugin, const Arrived& arrived) {
+bool handleApplicationEvent(Plugin& object, const Arrived& arrived) {
     const plugin::NotifyMessage event(arrived.record);
     const bool started = event.type == message::kApplicationStarted;
     const bool ends = event.type == message::kApplicationShutdown;
-    if (started) plugin.__postStartup();
-    if (ends) plugin.__preShutdown();
+    if (started) object.__postStartup();
+    if (ends) object.__preShutdown();
     return started || ends;
 }
 
@@ -151,27 +151,27 @@ std::int32_t dispatch(const Arrived& arrived) {
     if (!known) {
         if (const std::int32_t failure = setUp(arrived)) return failure;
     }
-    Plugin& plugin = *Plugin::instance();
+    Plugin& object = *Plugin::instance();
     if (arrived.caller() == message::kAccess) return kDone;
     if (arrived.caller() == message::kInterface) {
-        handleLifecycle(plugin, arrived);
+        handleLifecycle(object, arrived);
         return kDone;
     }
-    if (arrived.caller() == message::kNotifier && handleApplicationEvent(plugin, arrived)) return kDone;
-    Dispatcher* const dispatcher = plugin.dispatcher();
+    if (arrived.caller() == message::kNotifier && handleApplicationEvent(object, arrived)) return kDone;
+    Dispatcher* const dispatcher = object.dispatcher();
     if (!dispatcher) return kDone; // shutting down
     const std::int32_t answer =
         arrived.row ? dispatcher->message(*arrived.row, arrived.record)
-                    : plugin.impl().dispatcher().message(arrived.caller(), arrived.selector(), arrived.record);
+                    : object.impl().dispatcher().message(arrived.caller(), arrived.selector(), arrived.record);
     // The layer check's remark is the one answer that the host gets to see.
     return arrived.caller() == message::kTool && answer != plugin::Dispatcher::kNotHandled ? answer : kDone;
 }
 
-/// What waits for the end of a message has its turn when the outermost one is through, unless the plug-in is too.
+/// Runs what waits for the end of the outermost message, unless that has shut the plug-in down.
 std::int32_t handle(const Arrived& arrived) {
     const std::int32_t answer = dispatch(arrived);
-    const Plugin* const plugin = Plugin::instance();
-    if (!EntryScope::nested() && plugin && !plugin->hasShutdown()) plugin::background::messageEnded();
+    const Plugin* const object = Plugin::instance();
+    if (!EntryScope::nested() && object && !object->hasShutdown()) plugin::background::messageEnded();
     return answer;
 }
 

@@ -23,7 +23,7 @@ struct Choice {
     const Callback* callback = nullptr;
 };
 
-Response ask(Alert::Kind kind, const std::string& text, const std::vector<Choice>& choices) {
+Response choose(Alert::Kind kind, const std::string& text, const std::vector<Choice>& choices) {
     std::size_t chosen = choices.size() - 1;
     plugin::platform().alerts().asked = state();
     if (state()) {
@@ -41,31 +41,31 @@ Response ask(Alert::Kind kind, const std::string& text, const std::vector<Choice
 
 } // namespace
 
-void message(const std::string& text) { ask(Alert::Kind::Message, text, {{kOk}}); }
-void error(const std::string& text) { ask(Alert::Kind::Error, text, {{kOk}}); }
+void message(const std::string& text) { choose(Alert::Kind::Message, text, {{kOk}}); }
+void error(const std::string& text) { choose(Alert::Kind::Error, text, {{kOk}}); }
 
 Response confirm(const std::string& text) { return confirm(text, kOk, kCancel); }
 
 Response confirm(const std::string& text, const std::string& firstTitle, const std::string& secondTitle) {
-    return ask(Alert::Kind::Confirm, text, {{firstTitle}, {secondTitle}});
+    return choose(Alert::Kind::Confirm, text, {{firstTitle}, {secondTitle}});
 }
 
 Response confirm(const std::string& text, const std::string& firstTitle, const Callback& first,
                  const std::string& secondTitle, const Callback& second) {
-    return ask(Alert::Kind::Confirm, text, {{firstTitle, &first}, {secondTitle, &second}});
+    return choose(Alert::Kind::Confirm, text, {{firstTitle, &first}, {secondTitle, &second}});
 }
 
 Response question(const std::string& text) { return question(text, kYes, kNo, kCancel); }
 
 Response question(const std::string& text, const std::string& firstTitle, const std::string& secondTitle,
                   const std::string& thirdTitle) {
-    return ask(Alert::Kind::Question, text, {{firstTitle}, {secondTitle}, {thirdTitle}});
+    return choose(Alert::Kind::Question, text, {{firstTitle}, {secondTitle}, {thirdTitle}});
 }
 
 Response question(const std::string& text, const std::string& firstTitle, const Callback& first,
                   const std::string& secondTitle, const Callback& second, const std::string& thirdTitle,
                   const Callback& third) {
-    return ask(Alert::Kind::Question, text, {{firstTitle, &first}, {secondTitle, &second}, {thirdTitle, &third}});
+    return choose(Alert::Kind::Question, text, {{firstTitle, &first}, {secondTitle, &second}, {thirdTitle, &third}});
 }
 
 void beep() { plugin::platform().alerts().beep(); }

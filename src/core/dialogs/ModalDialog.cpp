@@ -43,9 +43,7 @@ void ModalDialog::setTitle(const std::string& title) { ask(impl(), &Impl::setTit
 Size ModalDialog::size() const { return Size(ask(impl(), &Impl::size)); }
 void ModalDialog::setSize(const Size& size) { ask(impl(), &Impl::setSize, size.impl()); }
 
-void ModalDialog::addWidget(const Widget& widget) {
-    if (impl() && widget.impl()) impl()->add(widget.impl()->shared_from_this());
-}
+void ModalDialog::addWidget(const Widget& widget) { ask(impl(), &Impl::add, widget.shared()); }
 
 void ModalDialog::removeWidget(const Widget& widget) {
     if (impl() && widget.impl()) impl()->remove(*widget.impl());
@@ -57,7 +55,7 @@ std::vector<TextField> ModalDialog::tabOrder() const { return handles<TextField>
 void ModalDialog::setTabOrder(const std::vector<TextField>& fields) {
     Impl::Widgets order;
     for (const TextField& field : fields)
-        if (field.impl()) order.push_back(field.impl()->shared_from_this());
+        if (field.impl()) order.push_back(field.shared());
     ask(impl(), &Impl::setTabOrder, order);
 }
 

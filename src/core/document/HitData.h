@@ -19,7 +19,7 @@ class Art;
 class Bezier;
 
 /// A snapshot: later edits of the document do not change it, though its art may go. Copies share it. Empty handles
-/// answer false, None, -1, 0 or null.
+/// return false, None, -1, 0 or null.
 class HitData {
   public:
     HitData() = default; ///< empty

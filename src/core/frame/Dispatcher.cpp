@@ -50,13 +50,14 @@ template <class Visit> std::int32_t visitTyped(const MessageRow& row, void* reco
 // Dispatch
 
 std::int32_t Dispatcher::message(const MessageRow& row, void* record) {
-    if (!record) return impl_.message(row, nullptr, nullptr);
-    return visitTyped(row, record, [&](const Message& typed) { return impl_.message(row, record, &typed); });
+    if (!record) return frame_.dispatcher().message(row, nullptr, nullptr);
+    return visitTyped(row, record,
+                      [&](const Message& typed) { return frame_.dispatcher().message(row, record, &typed); });
 }
 
 std::int32_t Dispatcher::message(std::string_view caller, std::string_view selector, void* record) {
     const MessageRow* const row = messageRow(caller, selector);
-    return row ? message(*row, record) : impl_.message(caller, selector, record);
+    return row ? message(*row, record) : frame_.dispatcher().message(caller, selector, record);
 }
 
 std::int32_t Dispatcher::message(MessageType type, void* record) {
@@ -91,7 +92,7 @@ bool Dispatcher::isExecuting(MessageType type) {
 // Registration
 
 void Dispatcher::registerMessageCallback(std::string_view caller, std::string_view selector, const Callback& callback) {
-    impl_.registerMessageCallback(caller, selector, callback);
+    frame_.dispatcher().registerMessageCallback(caller, selector, callback);
 }
 
 void Dispatcher::registerMessageCallback(MessageType type, const Callback& callback) {
@@ -99,7 +100,7 @@ void Dispatcher::registerMessageCallback(MessageType type, const Callback& callb
 }
 
 void Dispatcher::unregisterMessageCallback(std::string_view caller, std::string_view selector) {
-    impl_.unregisterMessageCallback(caller, selector);
+    frame_.dispatcher().unregisterMessageCallback(caller, selector);
 }
 
 void Dispatcher::unregisterMessageCallback(MessageType type) {
@@ -116,7 +117,7 @@ void Dispatcher::unregisterNotifier(Notifier notifier) { notifier.destroy(); }
 
 std::vector<Notifier> Dispatcher::registeredNotifiersOfType(NotifierType type) const {
     std::vector<Notifier> found;
-    for (const auto& notifier : plugin::frame()->registered<plugin::Notifier>().all())
+    for (const auto& notifier : frame_.registered<plugin::Notifier>().all())
         if (notifier->type() == notifierName(type)) found.emplace_back(notifier);
     return found;
 }
@@ -127,7 +128,7 @@ void Dispatcher::registerTimer(const Timer& timer) { ask(timer.impl(), &plugin::
 void Dispatcher::unregisterTimer(const Timer& timer) { ask(timer.impl(), &plugin::Timer::setRegistered, false); }
 
 bool Dispatcher::scheduleCallback(const Callback& callback, double delay) {
-    const std::string name = plugin::frame()->name() + " Scheduled";
+    const std::string name = frame_.name() + " Scheduled";
     return plugin::makeRegistered<plugin::Timer>(name, delay, CallbackSlot(callback), plugin::Timer::Repeats::Once) !=
            nullptr;
 }
@@ -144,30 +145,24 @@ void Dispatcher::unregisterAnnotator(const Annotator& annotator) {
 
 // Keys and mouse buttons
 
-namespace {
-
-plugin::Monitors& monitors() { return plugin::frame()->monitors(); }
-
-} // namespace
-
 std::uint32_t Dispatcher::addKeypressMonitor(VirtualKey key, const Callback& callback) {
-    return monitors().add(plugin::Input(key), CallbackSlot(callback));
+    return frame_.monitors().add(plugin::Input(key), CallbackSlot(callback));
 }
 
 Callback* Dispatcher::getKeypressMonitor(std::uint32_t id) const {
-    return monitors().find(plugin::Input::Kind::Key, id);
+    return frame_.monitors().find(plugin::Input::Kind::Key, id);
 }
 
-void Dispatcher::removeKeypressMonitor(std::uint32_t id) { monitors().remove(plugin::Input::Kind::Key, id); }
+void Dispatcher::removeKeypressMonitor(std::uint32_t id) { frame_.monitors().remove(plugin::Input::Kind::Key, id); }
 
 std::uint32_t Dispatcher::addMouseMonitor(MouseButton button, const Callback& callback) {
-    return monitors().add(plugin::Input(button), CallbackSlot(callback));
+    return frame_.monitors().add(plugin::Input(button), CallbackSlot(callback));
 }
 
 Callback* Dispatcher::getMouseMonitor(std::uint32_t id) const {
-    return monitors().find(plugin::Input::Kind::Button, id);
+    return frame_.monitors().find(plugin::Input::Kind::Button, id);
 }
 
-void Dispatcher::removeMouseMonitor(std::uint32_t id) { monitors().remove(plugin::Input::Kind::Button, id); }
+void Dispatcher::removeMouseMonitor(std::uint32_t id) { frame_.monitors().remove(plugin::Input::Kind::Button, id); }
 
 } // namespace kzo::core

@@ -14,7 +14,7 @@
 #include "core/values/VirtualKey.h"
 
 namespace kzo::plugin {
-class Dispatcher;
+class BasePlugin;
 }
 
 namespace kzo::core {
@@ -24,7 +24,7 @@ class ToolMessage;
 
 class Dispatcher {
   public:
-    explicit Dispatcher(plugin::Dispatcher& impl) : impl_(impl) {}
+    explicit Dispatcher(plugin::BasePlugin& frame) : frame_(frame) {}
 
     // Dispatch
     /// Returns 1 when nothing is registered for the message, else what its handler returns, 0 as a rule. Messages of
@@ -77,7 +77,7 @@ class Dispatcher {
     [[nodiscard]] static bool isExecuting(MessageType type); ///< also as an outer one
 
   private:
-    plugin::Dispatcher& impl_;
+    plugin::BasePlugin& frame_;
 };
 
 } // namespace kzo::core

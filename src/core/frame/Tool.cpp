@@ -124,17 +124,17 @@ void Tool::setEditCallback(const Callback& callback) { setCallback(ToolEvent::Ed
 
 // Dialogs
 
-ModalDialog Tool::prefsDialog() const { return ModalDialog(impl() ? impl()->prefsDialog : nullptr); }
+ModalDialog Tool::prefsDialog() const { return ModalDialog(ask(impl(), &BaseTool::prefsDialog)); }
 void Tool::setPrefsDialog(const ModalDialog& dialog) {
-    if (impl()) impl()->prefsDialog = plugin::shared(dialog.impl());
+    if (impl()) impl()->prefsDialog = dialog.shared();
 }
-bool Tool::autoShowPrefsDialog() const { return impl() && impl()->autoShowPrefsDialog; }
+bool Tool::autoShowPrefsDialog() const { return ask(impl(), &BaseTool::autoShowPrefsDialog); }
 void Tool::setAutoShowPrefsDialog(bool show) {
     if (impl()) impl()->autoShowPrefsDialog = show;
 }
-ModalDialog Tool::inputDialog() const { return ModalDialog(impl() ? impl()->inputDialog : nullptr); }
+ModalDialog Tool::inputDialog() const { return ModalDialog(ask(impl(), &BaseTool::inputDialog)); }
 void Tool::setInputDialog(const ModalDialog& dialog) {
-    if (impl()) impl()->inputDialog = plugin::shared(dialog.impl());
+    if (impl()) impl()->inputDialog = dialog.shared();
 }
 
 // The gesture

@@ -52,7 +52,7 @@ class Date {
     /// Each letter of the pattern that is a code is replaced, others stay, as does what follows a backslash:
     /// day d (two digits) j; weekday D (Sun) l (Sunday) N (1 Monday ... 7 Sunday); week W; day of the year z;
     /// month m (two digits) n M (Jan) F (January); its last day t; year Y y (without its first two characters).
-    /// Names that there are not are left out.
+    /// The name of a month or weekday that does not exist is left out.
     [[nodiscard]] std::string format(const std::string& pattern) const;
 
   private:

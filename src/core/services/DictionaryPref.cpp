@@ -11,12 +11,12 @@ DictionaryPref::DictionaryPref(const std::string& key)
     : PrefData(
           std::make_shared<PersistentData>(json::Owned(json::Node::create(json::Node::Type::Object, key)), kType)) {}
 
-std::size_t DictionaryPref::count() const { return ask(ask(impl_, &PersistentData::node), &json::Node::membersCount); }
-bool DictionaryPref::addPref(const PrefData& pref) { return PersistentData::add(impl_, pref.impl()); }
-bool DictionaryPref::removePref(const PrefData& pref) { return PersistentData::remove(impl_, pref.impl()); }
+std::size_t DictionaryPref::count() const { return ask(ask(impl(), &PersistentData::node), &json::Node::membersCount); }
+bool DictionaryPref::addPref(const PrefData& pref) { return PersistentData::add(shared(), pref.shared()); }
+bool DictionaryPref::removePref(const PrefData& pref) { return PersistentData::remove(shared(), pref.shared()); }
 
 PrefData DictionaryPref::fetch(const std::string& key, PrefType type) const {
-    return PrefData(PersistentData::member(impl_, key, type));
+    return PrefData(PersistentData::member(shared(), key, type));
 }
 
 bool DictionaryPref::replaceBy(const PrefData& made) {
@@ -35,11 +35,11 @@ bool DictionaryPref::getOrCreateIntPref(const std::string& key, long long value,
 }
 
 bool DictionaryPref::getOrCreateArrayPref(const std::string& key, const ArrayPref& value, ArrayPref& out) {
-    return getArrayPref(key, out) || put(ArrayPref(PrefData(PersistentData::copied(value.impl(), key))), out);
+    return getArrayPref(key, out) || put(ArrayPref(PrefData(PersistentData::copied(value.shared(), key))), out);
 }
 
 bool DictionaryPref::getOrCreateDictPref(const std::string& key, const DictionaryPref& value, DictionaryPref& out) {
-    return getDictPref(key, out) || put(DictionaryPref(PrefData(PersistentData::copied(value.impl(), key))), out);
+    return getDictPref(key, out) || put(DictionaryPref(PrefData(PersistentData::copied(value.shared(), key))), out);
 }
 
 } // namespace kzo::core

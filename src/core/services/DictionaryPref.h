@@ -1,6 +1,10 @@
 // Preferences under keys: a dictionary, and what the whole store is.
 #pragma once
 
+#include <memory>
+#include <string>
+#include <utility>
+
 #include "core/services/Pref.h"
 
 namespace kzo::core {
@@ -14,7 +18,7 @@ class DictionaryPref : public PrefData {
 
     DictionaryPref() = default;
     explicit DictionaryPref(const std::string& key); ///< without members
-    explicit DictionaryPref(const PrefData& other) { take(other, kType); }
+    explicit DictionaryPref(const PrefData& other) : PrefData(other, kType) {}
 
     // Members
     [[nodiscard]] std::size_t count() const;
@@ -111,16 +115,16 @@ class DictionaryPref : public PrefData {
     explicit DictionaryPref(std::shared_ptr<plugin::PersistentData> impl) : PrefData(std::move(impl)) {}
 
   private:
-    template <class Handle> bool get(const std::string& key, Handle& out) const {
-        out = Handle(fetch(key, Handle::kType));
+    template <class Member> bool get(const std::string& key, Member& out) const {
+        out = Member(fetch(key, Member::kType));
         return !out.isEmpty();
     }
     template <class Kind> bool getOrCreate(const std::string& key, const Kind& value, Pref<Kind>& out) {
         return get(key, out) || put(Pref<Kind>(key, value), out);
     }
     /// Adds the made one in place of whatever has its key.
-    template <class Handle> bool put(const Handle& made, Handle& out) {
-        out = replaceBy(made) ? made : Handle();
+    template <class Member> bool put(const Member& made, Member& out) {
+        out = replaceBy(made) ? made : Member();
         return !out.isEmpty();
     }
     [[nodiscard]] PrefData fetch(const std::string& key, PrefType type) const;

@@ -6,16 +6,16 @@
 namespace kzo::core {
 
 using plugin::PersistentData;
+template class Handle<PersistentData>;
 
-bool PrefData::isEmpty() const { return !ask(impl_, &PersistentData::node); }
-PrefType PrefData::type() const { return isEmpty() ? PrefType::None : impl_->type(); }
-std::string PrefData::key() const { return ask(impl_, &PersistentData::key); }
+PrefData::PrefData(const PrefData& other, PrefType type) : Handle(other.type() == type ? other : PrefData()) {}
+
+PrefType PrefData::type() const { return ask(impl(), &PersistentData::type); }
+std::string PrefData::key() const { return ask(impl(), &PersistentData::key); }
 
 bool PrefData::operator==(const PrefData& other) const {
-    return ask(impl_, &PersistentData::node) == ask(other.impl_, &PersistentData::node);
+    return ask(impl(), &PersistentData::node) == ask(other.impl(), &PersistentData::node);
 }
-
-void PrefData::take(const PrefData& other, PrefType type) { impl_ = other.type() == type ? other.impl() : nullptr; }
 
 // Single values
 
@@ -23,15 +23,15 @@ template <class Kind>
 Pref<Kind>::Pref(const std::string& key, const Kind& value)
     : PrefData(std::make_shared<PersistentData>(plugin::Codec<Kind>::encode(key, value), kType)) {}
 
-template <class Kind> Kind Pref<Kind>::value() const { return impl_ ? impl_->template value<Kind>() : Kind{}; }
-template <class Kind> bool Pref<Kind>::setValue(const Kind& value) { return impl_ && impl_->setValue(value); }
+template <class Kind> Kind Pref<Kind>::value() const { return impl() ? impl()->template value<Kind>() : Kind{}; }
+template <class Kind> bool Pref<Kind>::setValue(const Kind& value) { return impl() && impl()->setValue(value); }
 
 template <class Kind> long long Pref<Kind>::intValue() const requires std::is_same_v<Kind, double> {
-    return ask(ask(impl_, &PersistentData::node), &json::Node::intValue);
+    return ask(ask(impl(), &PersistentData::node), &json::Node::intValue);
 }
 
 template <class Kind> bool Pref<Kind>::setIntValue(long long number) requires std::is_same_v<Kind, double> {
-    return ask(ask(impl_, &PersistentData::node), &json::Node::setIntValue, number);
+    return ask(ask(impl(), &PersistentData::node), &json::Node::setIntValue, number);
 }
 
 template class Pref<bool>;
@@ -59,16 +59,16 @@ ArrayPref::ArrayPref(const std::string& key)
     : PrefData(std::make_shared<PersistentData>(json::Owned(json::Node::create(json::Node::Type::Array, key)), kType)) {
 }
 
-std::size_t ArrayPref::count() const { return ask(ask(impl_, &PersistentData::node), &json::Node::elementsCount); }
+std::size_t ArrayPref::count() const { return ask(ask(impl(), &PersistentData::node), &json::Node::elementsCount); }
 
 PrefData ArrayPref::fetch(std::size_t index, PrefType type) const {
-    return PrefData(PersistentData::element(impl_, index, type));
+    return PrefData(PersistentData::element(shared(), index, type));
 }
 
-bool ArrayPref::add(const PrefData& value) { return PersistentData::add(impl_, value.impl()); }
+bool ArrayPref::add(const PrefData& value) { return PersistentData::add(shared(), value.shared()); }
 
 bool ArrayPref::remove(std::size_t index) {
-    return PersistentData::remove(impl_, PersistentData::element(impl_, index, PrefType::None));
+    return PersistentData::remove(shared(), PersistentData::element(shared(), index, PrefType::None));
 }
 
 } // namespace kzo::core

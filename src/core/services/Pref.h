@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <type_traits>
 
+#include "core/Handle.h"
 #include "core/values/PrefValues.h"
 
 namespace kzo::plugin {
@@ -14,28 +14,26 @@ class PersistentData;
 
 namespace kzo::core {
 
+extern template class Handle<plugin::PersistentData>;
+
 /// A value of any kind. Copies denote the same value. A handle made with a key
 /// and a value is its own until a store or a dictionary takes it; one that was
 /// fetched stands for its key, also after the store was reloaded, and is empty
 /// when nothing of its kind is there. Operations on an empty handle return
 /// false, 0 or an empty value.
-class PrefData {
+class PrefData : public Handle<plugin::PersistentData> {
   public:
     static constexpr PrefType kType = PrefType::None; ///< any
 
     PrefData() = default; ///< empty
-    explicit PrefData(std::shared_ptr<plugin::PersistentData> impl) : impl_(std::move(impl)) {}
+    using Handle::Handle;
 
-    [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] PrefType type() const; ///< None when empty
     [[nodiscard]] std::string key() const;
     [[nodiscard]] bool operator==(const PrefData& other) const; ///< the same value in the same place
-    [[nodiscard]] const std::shared_ptr<plugin::PersistentData>& impl() const { return impl_; }
 
   protected:
-    /// The other's value when it is of that type, else nothing.
-    void take(const PrefData& other, PrefType type);
-    std::shared_ptr<plugin::PersistentData> impl_;
+    PrefData(const PrefData& other, PrefType type); ///< empty when the other is of another type
 };
 
 /// A value of one kind. A change stays in memory until the store is saved.
@@ -45,7 +43,7 @@ template <class Kind> class Pref : public PrefData {
 
     Pref() = default;
     Pref(const std::string& key, const Kind& value);
-    explicit Pref(const PrefData& other) { take(other, kType); } ///< empty when the other is of another kind
+    explicit Pref(const PrefData& other) : PrefData(other, kType) {} ///< empty when the other is of another kind
 
     [[nodiscard]] Kind value() const;
     bool setValue(const Kind& value);
@@ -100,13 +98,13 @@ class ArrayPref : public PrefData {
 
     ArrayPref() = default;
     explicit ArrayPref(const std::string& key); ///< without elements
-    explicit ArrayPref(const PrefData& other) { take(other, kType); }
+    explicit ArrayPref(const PrefData& other) : PrefData(other, kType) {}
 
     [[nodiscard]] std::size_t count() const;
     /// The element; false and an empty handle past the end, and where it is of
     /// another kind than the handle's. A plain `PrefData` takes any.
-    template <class Handle> bool get(std::size_t index, Handle& out) const {
-        out = Handle(fetch(index, Handle::kType));
+    template <class Element> bool get(std::size_t index, Element& out) const {
+        out = Element(fetch(index, Element::kType));
         return !out.isEmpty();
     }
     /// The handle stands for the element from then on, which has no key. Refused

@@ -5,11 +5,13 @@
 
 namespace kzo::core {
 
+Preferences::Preferences(const std::shared_ptr<plugin::Preferences>& store)
+    : DictionaryPref(store->dictionary()), store_(store) {}
+
 bool Preferences::load(const std::string& path, Preferences& out) {
     const auto store = std::make_shared<plugin::Preferences>();
     store->load(path);
-    out.store_ = store;
-    out.impl_ = store->dictionary();
+    out = Preferences(store);
     return true;
 }
 

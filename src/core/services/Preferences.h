@@ -17,6 +17,8 @@ namespace kzo::core {
 /// loaded; then its own operations, too, return false, 0 or an empty text.
 class Preferences : public DictionaryPref {
   public:
+    Preferences() = default; ///< empty
+
     // The file
     /// Makes the store of the file, which may be missing: then, as when it is
     /// empty or holds anything else, the store is empty of preferences. So it is
@@ -38,6 +40,8 @@ class Preferences : public DictionaryPref {
     void setVersionString(const std::string& text);
 
   private:
+    explicit Preferences(const std::shared_ptr<plugin::Preferences>& store);
+
     std::shared_ptr<plugin::Preferences> store_;
 };
 

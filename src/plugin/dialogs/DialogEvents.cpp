@@ -186,7 +186,7 @@ void ModalDialog::focusNext(int step) {
         setFocus(fields[static_cast<std::size_t>(next)]->handle());
 }
 
-/// Nobody hears of what was typed: the default button's callback looks for itself, and the cancel button's gives it up.
+/// Takes the focus away without reporting: the button's own callback reads the text or discards it.
 void ModalDialog::endEditing() {
     const auto field = find(std::exchange(focused_, kNoWidget));
     if (!field) return;

@@ -121,9 +121,4 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     inline static std::vector<ModalDialog*>* all_ = nullptr;
 };
 
-/// The dialog's owners, of which this is one more; null for null.
-[[nodiscard]] inline std::shared_ptr<ModalDialog> shared(ModalDialog* dialog) {
-    return dialog ? dialog->shared_from_this() : nullptr;
-}
-
 } // namespace kzo::plugin

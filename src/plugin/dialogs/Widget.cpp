@@ -65,7 +65,7 @@ void Widget::setWidth(double width) {
 
 void Widget::setText(const std::string& text) {
     const std::string shown = cleanedFor(state_.type, text);
-    // What comes of a keystroke stays the user's, to be reported when he is done.
+    // A text set while a keystroke is handled is still reported as changed.
     if (!beingTyped_) reported_ = shown;
     if (state_.text == shown) return;
     state_.text = shown;

@@ -108,4 +108,14 @@ class Art : public host::Object<ArtObject> {
     mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
 };
 
+/// Calls `enter` with `top` and all art in it, groups before what they hold, which is left out where it returns false.
+template <class Enter> void forEachArt(ArtObject* top, Enter enter) {
+    for (ArtObject* at = top; at;) {
+        const Art art(at);
+        ArtObject* next = enter(art) ? art.firstChild() : nullptr;
+        for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();
+        at = next;
+    }
+}
+
 } // namespace kzo::plugin

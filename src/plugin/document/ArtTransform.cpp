@@ -38,13 +38,10 @@ namespace {
 /// The sum over the art, if it is a path, and all paths in it.
 template <class Measure> double sumOfPaths(ArtObject* top, Measure measure) {
     double sum = 0;
-    for (ArtObject* at = top; at;) {
-        const Art art(at);
+    forEachArt(top, [&](const Art& art) {
         if (const auto path = art.path()) sum += measure(*path);
-        ArtObject* next = art.firstChild();
-        for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();
-        at = next;
-    }
+        return true;
+    });
     return sum;
 }
 

@@ -36,15 +36,11 @@ template <class Visit> void forEachPath(const Visit& visit) {
     const CurrentDocument document;
     for (AILayer* layer = document.firstLayer(); layer; layer = Layer(layer).next()) {
         if (!Layer(layer).visible()) continue;
-        ArtObject* const top = Layer(layer).group();
-        for (ArtObject* at = top; at;) {
-            const Art art(at);
+        forEachArt(Layer(layer).group(), [&](const Art& art) {
             const bool shows = !art.attribute(core::ArtAttribute::Hidden);
-            if (const auto path = shows ? art.path() : std::nullopt) visit(at, *path);
-            ArtObject* next = shows ? art.firstChild() : nullptr;
-            for (ArtObject* up = at; !next && up && up != top; up = Art(up).parent()) next = Art(up).sibling();
-            at = next;
-        }
+            if (const auto path = shows ? art.path() : std::nullopt) visit(art.handle(), *path);
+            return shows;
+        });
     }
 }
 

@@ -66,7 +66,10 @@ bool PathArt::deleteSegs(std::int16_t index, std::int16_t count) {
     if (first >= 0) return deleteSegPoints(asIndex(first), asIndex(gone));
     // The closing segment goes with the last point, and those that follow it with the first ones: renumbered, they are
     // the first.
-    return rotateSegPoints(-1) && (deleteSegPoints(0, asIndex(gone)) || (rotateSegPoints(1), false));
+    if (!rotateSegPoints(-1)) return false;
+    if (deleteSegPoints(0, asIndex(gone))) return true;
+    rotateSegPoints(1);
+    return false;
 }
 
 bool PathArt::reverseSegs() { return call<&AIPathSuite::ReversePathSegments>(); }

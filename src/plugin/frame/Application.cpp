@@ -1,9 +1,16 @@
 #include "plugin/frame/Application.h"
 
 #include "hostapi/AIDocumentListSuite.h"
+#include "hostapi/AIRuntimeSuite.h"
+#include "hostapi/AIURLSuite.h"
 #include "plugin/host/HostCall.h"
 
 namespace kzo::plugin::application {
+
+std::int32_t majorVersion() { return host::get<&AIRuntimeSuite::GetAppMajorVersion, std::int32_t>(); }
+std::string userName() { return host::get<&AIRuntimeSuite::GetAppUserName, std::string>(); }
+std::string userOrganization() { return host::get<&AIRuntimeSuite::GetAppUserOrganization, std::string>(); }
+bool openURL(const std::string& url) { return host::call<&AIURLSuite::OpenURL>(url); }
 
 // Documents
 

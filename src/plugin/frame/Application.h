@@ -1,9 +1,16 @@
-// The running host: the calls behind core::Illustrator.
+// The running host: which one it is, whose, and what it does for the plug-in. The calls behind core::Illustrator.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <string>
 
 namespace kzo::plugin::application {
+
+[[nodiscard]] std::int32_t majorVersion(); ///< 0 when the host does not say
+[[nodiscard]] std::string userName();
+[[nodiscard]] std::string userOrganization();
+bool openURL(const std::string& url);
 
 // Documents
 [[nodiscard]] int documentCount();

@@ -144,11 +144,7 @@ void BasePlugin::addPluginGroup() {
     group_ = host::get<&AIPluginGroupSuite::AddAIPluginGroup>(plugin_, name, kPluginGroupOptions);
 }
 
-void BasePlugin::preShutdown() {
-    for (const auto& dialog : {aboutBox, prefsDialog})
-        if (dialog) dialog->dismiss();
-    ModalDialog::dismissAll();
-}
+void BasePlugin::preShutdown() { ModalDialog::dismissAll(); }
 
 std::int32_t BasePlugin::shutdown() {
     // No callback of the client's runs from here on, not even the rest of those of a message that led here.
@@ -262,7 +258,7 @@ class BasePlugin::ToolScope {
     BasePlugin& owner_;
     BaseTool& tool_;
     std::optional<std::weak_ptr<BaseTool>> outerTool_;
-    std::optional<BaseTool::Cursor> outerCursor_;
+    std::optional<BaseTool::CursorState> outerCursor_;
 };
 
 void BasePlugin::handleToolMessage() {

@@ -85,12 +85,12 @@ class BaseTool : public host::Object<AITool> {
     bool autoShowPrefsDialog = false; ///< after the callback of the edit event
 
     // The gesture
-    struct Cursor {
+    struct CursorState {
         core::ArtboardPoint location;
         bool held = false; ///< the client put it there
     };
-    [[nodiscard]] const Cursor& cursor() const { return cursor_; }
-    void setCursor(const Cursor& cursor) { cursor_ = cursor; } ///< as a message says, or said before
+    [[nodiscard]] const CursorState& cursor() const { return cursor_; }
+    void setCursor(const CursorState& cursor) { cursor_ = cursor; } ///< as a message says, or said before
     [[nodiscard]] const core::ArtboardPoint& cursorLoc() const { return cursor_.location; }
     /// Holds the cursor there; the host hears of it when the message has been handled.
     void setCursorLoc(const core::ArtboardPoint& location) { cursor_ = {.location = location, .held = true}; }
@@ -116,7 +116,7 @@ class BaseTool : public host::Object<AITool> {
     std::int32_t mouseDrag();
     std::int32_t mouseUp();
 
-    Cursor cursor_;
+    CursorState cursor_;
     std::vector<core::ArtboardPoint> mouseDownLocs_;
     std::vector<core::ArtboardPoint> mouseUpLocs_;
     bool wasDragged_ = false;

@@ -141,8 +141,8 @@ class InternetGET::Transfers {
 
     void stopTimer() { destroyRegistered(timer_.get()); }
 
-    /// A host whose clock runs ahead of the real one would be through with its time before the first byte is here. It
-    /// waits for the network instead, until its clock is right again.
+    /// A host whose clock runs ahead would run into the time limit before the first byte arrives, so each tick waits
+    /// for the network for as long as it came too early.
     void tick() {
         const auto period = std::chrono::duration_cast<milliseconds>(std::chrono::duration<double>(kPeriod));
         const auto passed = std::chrono::duration_cast<milliseconds>(steady_clock::now() - lastTick_);

@@ -57,7 +57,7 @@ void PersistentData::bindTo(const Shared& container) {
 PersistentData::Shared PersistentData::bound(const Shared& container, Owned node, PrefType type) {
     if (!node) return nullptr;
     const PrefType found = type == PrefType::None ? typeOf(*node) : type;
-    // Asked for whatever is there, also for a null, which has no type, so that it can be taken out.
+    // None asks for any kind, also for a null, which has no type, so that it can be removed.
     if (type != PrefType::None && !fits(*node, type)) return nullptr;
     auto data = std::make_shared<PersistentData>(std::move(node), found);
     data->bindTo(container);

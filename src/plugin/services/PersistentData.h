@@ -29,6 +29,7 @@ class PersistentData {
 
     // What it is
     [[nodiscard]] json::Node* node() const; ///< null when empty
+    [[nodiscard]] json::Node* handle() const { return node(); }
     [[nodiscard]] core::PrefType type() const { return type_; }
     [[nodiscard]] std::string key() const;
     /// Takes a node of the same kind in place of the present one.

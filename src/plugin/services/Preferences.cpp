@@ -24,7 +24,7 @@ Owned Preferences::parsed(const std::string& text) {
     Owned root(json::parse(text, PersistentData::kDeepest));
     const Owned prefs(root ? root->member(kPrefs) : nullptr);
     if (!prefs || !prefs->members()) return nullptr;
-    // No key comes by a quote without it.
+    // Only with an escaped quote can a key hold one.
     if (text.find("\\\"") != std::string::npos) makeReadable(*prefs);
     // The root has this one member and nothing beside it.
     if (root->membersCount() == 1) return root;

@@ -90,8 +90,7 @@ class StageAlerts final : public Alerts {
     void beep() override { host::call<&StageSuite::Beep>(); }
 };
 
-/// The host's folder for preferences. The user's own is for hosts that play no stage: one that refuses keeps it from
-/// us.
+/// The host's folder for preferences; the user's own only where there is no stage suite, not where the host refuses.
 class StageFolders final : public Folders {
   public:
     [[nodiscard]] std::string preferences() const override {
