@@ -1,5 +1,6 @@
 // What the user does to a dialog, and what comes of it.
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "plugin/dialogs/ModalDialog.h"
@@ -58,6 +59,16 @@ void ModalDialog::handle(const WindowEvent& event) {
         break;
     case WindowEvent::Kind::Key: keyPressed(event.key); break;
     case WindowEvent::Kind::Close: cancelled(); break;
+    }
+}
+
+void ModalDialog::handleGuarded(const WindowEvent& event) {
+    try {
+        handle(event);
+    } catch (const std::exception& error) {
+        logThrown(error.what());
+    } catch (...) {
+        logThrown("no std::exception");
     }
 }
 

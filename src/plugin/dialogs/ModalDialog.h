@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "plugin/dialogs/Widget.h"
@@ -63,6 +64,8 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     static void dismissAll();
     static void destroyAll();
     static void adjustBrightness(); ///< of those that are open, to the interface's
+    /// Logs what a callback threw with no message of the host's around it; set by the frame, which knows whose it was.
+    inline static void (*logThrown)(std::string_view what) = nullptr;
 
   private:
     friend class Widget;
@@ -77,6 +80,7 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
 
     // What the user does
     void handle(const WindowEvent& event) override;
+    void handleGuarded(const WindowEvent& event) override;
     void typed(Widget& field, const WindowEvent& event);
     void clicked(Widget& widget, bool checked);
     void pressed(Widget& button);

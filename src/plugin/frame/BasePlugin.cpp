@@ -57,6 +57,13 @@ ToolEvent toolEvent(core::MessageType type) {
                                   std::begin(kToolMessages));
 }
 
+/// Of a window with an event loop of its own: in the message that showed it.
+void logThrownInDialog(std::string_view what) {
+    const Executing* const here = Dispatcher::executing();
+    const std::string during = here ? std::string(here->caller) + "/" + std::string(here->selector) : "no message";
+    log("exception in a callback of a dialog (" + during + "): " + std::string(what));
+}
+
 void answer(bool handled) { Dispatcher::setAnswer(handled ? Dispatcher::kHandled : Dispatcher::kNotHandled); }
 
 bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <= ToolEvent::Reselect; }
@@ -82,6 +89,7 @@ std::string pluginName(const void* record) {
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
     : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {
     theFrame = this;
+    ModalDialog::logThrown = logThrownInDialog;
     dispatcher_.setBeforeEach(core::__Callback<BasePlugin>(this, &BasePlugin::followMarks));
 }
 

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "core/app/Plugin.h"
+#include "core/dialogs/ModalDialog.h"
 #include "core/frame/Log.h"
 #include "plugin/platform/Platform.h"
 #include "support/Desk.h"
@@ -12,8 +13,26 @@ namespace {
 
 using namespace kzo::plugin;
 
-/// A platform that writes down what is logged, and has no keys, cursors, mouse or windows; alerts take their first
-/// button, and no folder is known.
+/// A window with an event loop of its own, in which the user presses Return.
+struct OwnLoop final : Window {
+    explicit OwnLoop(WindowOwner& itsOwner) : owner(itsOwner) {}
+    void setFrame(const std::string&, const kzo::geo::Size&) override {}
+    void setWidget(WidgetId, const WidgetState&) override {}
+    void removeWidget(WidgetId) override {}
+    void setFocus(WidgetId) override {}
+    [[nodiscard]] kzo::core::SelectionRange selection(WidgetId) const override { return {}; }
+    bool run() override {
+        owner.handleGuarded({.kind = WindowEvent::Kind::Key, .key = WindowEvent::Key::Return, .text = {}, .typed = {}});
+        return true;
+    }
+    void stop() override {}
+    void setBrightness(double) override {}
+
+    WindowOwner& owner;
+};
+
+/// A platform that writes down what is logged, and has no keys, cursors or mouse; alerts take their first button, and
+/// no folder is known.
 class Notebook final : public Platform, public Log, public Alerts, public Windows, public Folders {
   public:
     explicit Notebook(int rank) : Platform(rank) {}
@@ -28,7 +47,7 @@ class Notebook final : public Platform, public Log, public Alerts, public Window
     [[nodiscard]] Folders& folders() override { return *this; }
     [[nodiscard]] std::size_t show(const Alert&) override { return 0; }
     void beep() override {}
-    [[nodiscard]] std::unique_ptr<Window> make(WindowOwner&) override { return nullptr; }
+    [[nodiscard]] std::unique_ptr<Window> make(WindowOwner& owner) override { return std::make_unique<OwnLoop>(owner); }
     [[nodiscard]] kzo::geo::Size fittingSize(const WidgetState&) const override { return {}; }
     [[nodiscard]] double brightness() const override { return 1; }
     [[nodiscard]] std::string preferences() const override { return {}; }
@@ -69,6 +88,18 @@ TEST(Platforms, AreChosenByRankAmongThoseThatCanBeUsedHere) {
         EXPECT_EQ(testing::internal::GetCapturedStderr(), each.said) << each.what;
         EXPECT_EQ(notebook.lines, each.noted) << each.what;
     }
+}
+
+// Such a window had a guard of its own, which knew neither the plug-in nor the message.
+TEST(Platforms, LogWhatIsThrownInAWindowsOwnLoop) {
+    Notebook notebook(-1);
+    desk::Desk desk({.openDocument = false});
+    desk.inMessage([&] {
+        const auto thrower = kzo::core::callback([] { throw std::runtime_error("odd"); });
+        kzo::core::ModalDialog("Odd", {100, 100}, {true, thrower, true, ""}, {}).show();
+    });
+    EXPECT_THAT(notebook.lines,
+                testing::ElementsAre("Ortholine/exception in a callback of a dialog (Test Desk/Run): odd"));
 }
 
 } // namespace

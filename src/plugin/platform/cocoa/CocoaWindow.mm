@@ -253,13 +253,7 @@ core::SelectionRange CocoaWindow::selection(WidgetId id) const {
 
 void CocoaWindow::tell(const WindowEvent& event) {
     NSAutoreleasePool* pool = [NSAutoreleasePool new];
-    try {
-        owner_.handle(event);
-    } catch (const std::exception& error) {
-        platform().log().write(host::self, "", std::string("exception in a callback of a dialog: ") + error.what());
-    } catch (...) {
-        platform().log().write(host::self, "", "exception in a callback of a dialog");
-    }
+    owner_.handleGuarded(event);
     [pool release];
 }
 
