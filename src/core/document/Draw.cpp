@@ -78,7 +78,7 @@ std::optional<Path> triangleOf(const ArtboardPoint& center, double size) {
 std::unique_ptr<Art> madeText(const std::string& text, const ArtboardPoint& position, const std::string& font,
                               double size, ParagraphJustification justification, const PathStyle& paint,
                               const Art* prep) {
-    const plugin::PointText values{text, font, size, justification, paint, position.impl()};
+    const plugin::PointText values{text, font, size, justification, paint, position};
     ArtObject* const art = plugin::newPointText(values, orderFor(prep), prep ? prep->aiArtHandle() : nullptr);
     return art ? std::make_unique<Art>(art) : nullptr;
 }

@@ -18,10 +18,9 @@ namespace kzo::core {
 
 extern template class Handle<plugin::Annotator>;
 
-/// Lasts until `destroy` or shut-down. Its callback runs
-/// for "AI Draw", when its marks have to be drawn (see AnnotationDrawer.h), and for "AI Invalidate"; which of them it
-/// is, and the rest, says the AnnotatorMessage that is being handled. Operations on an empty handle do nothing and
-/// return false, 0, an empty text or null.
+/// Lasts until `destroy` or shut-down. Its callback runs for "AI Draw", when its marks have to be drawn (see
+/// AnnotationDrawer.h), and for "AI Invalidate"; which of them it is, and the rest, says the AnnotatorMessage that is
+/// being handled. Operations on an empty handle do nothing and return false, 0, an empty text or null.
 class Annotator : public Handle<plugin::Annotator> {
   public:
     /// Option bits without a meaning of their own; the host stores and returns them.

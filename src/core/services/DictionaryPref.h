@@ -9,9 +9,8 @@
 
 namespace kzo::core {
 
-/// Keys are any texts without double quotes and without a backslash at the end.
-/// Nothing is added that a file could not be read back with: such keys and
-/// texts, and more than 64 dictionaries and arrays within each other.
+/// Keys are any texts without double quotes and without a backslash at the end. Nothing is added that a file could not
+/// be read back with: such keys and texts, and more than 64 dictionaries and arrays within each other.
 class DictionaryPref : public PrefData {
   public:
     static constexpr PrefType kType = PrefType::Dictionary;
@@ -22,15 +21,13 @@ class DictionaryPref : public PrefData {
 
     // Members
     [[nodiscard]] std::size_t count() const;
-    /// The handle stands for the member from then on. Refused when its key is
-    /// taken or it has another place already.
+    /// The handle stands for the member from then on. Refused when its key is taken or it has another place already.
     bool addPref(const PrefData& pref);
     bool removePref(const PrefData& pref); ///< the handle keeps the value
     /// The member as the kind that its shape shows.
     bool getPref(const std::string& key, PrefData& out) const { return get(key, out); }
 
-    // Members of one kind. False and an empty handle when there is none, or one
-    // of another kind.
+    // Members of one kind. False and an empty handle when there is none, or one of another kind.
     bool getBoolPref(const std::string& key, BoolPref& out) const { return get(key, out); }
     bool getNumberPref(const std::string& key, NumberPref& out) const { return get(key, out); }
     bool getStringPref(const std::string& key, StringPref& out) const { return get(key, out); }
@@ -52,8 +49,7 @@ class DictionaryPref : public PrefData {
     bool getFillStyleMapPref(const std::string& key, FillStyleMapPref& out) const { return get(key, out); }
     bool getStrokeStyleMapPref(const std::string& key, StrokeStyleMapPref& out) const { return get(key, out); }
 
-    // Members of one kind, made with the value when there is none; one of another
-    // kind is replaced.
+    // Members of one kind, made with the value when there is none; one of another kind is replaced.
     bool getOrCreateBoolPref(const std::string& key, bool value, BoolPref& out) { return getOrCreate(key, value, out); }
     bool getOrCreateIntPref(const std::string& key, long long value, NumberPref& out);
     bool getOrCreateFloatPref(const std::string& key, double value, NumberPref& out) {

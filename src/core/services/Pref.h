@@ -16,11 +16,9 @@ namespace kzo::core {
 
 extern template class Handle<plugin::PersistentData>;
 
-/// A value of any kind. Copies denote the same value. A handle made with a key
-/// and a value is its own until a store or a dictionary takes it; one that was
-/// fetched stands for its key, also after the store was reloaded, and is empty
-/// when nothing of its kind is there. Operations on an empty handle return
-/// false, 0 or an empty value.
+/// A value of any kind. Copies denote the same value. A handle made with a key and a value is its own until a store or
+/// a dictionary takes it; one that was fetched stands for its key, also after the store was reloaded, and is empty when
+/// nothing of its kind is there. Operations on an empty handle return false, 0 or an empty value.
 class PrefData : public Handle<plugin::PersistentData> {
   public:
     static constexpr PrefType kType = PrefType::None; ///< any
@@ -52,15 +50,13 @@ template <class Kind> class Pref : public PrefData {
     [[nodiscard]] bool boolValue() const requires std::is_same_v<Kind, bool> { return value(); }
     bool setBoolValue(bool on) requires std::is_same_v<Kind, bool> { return setValue(on); }
 
-    // Numbers. Whole ones and fractions are one kind; a fraction is read as a
-    // whole number by rounding.
+    // Numbers. Whole ones and fractions are one kind; a fraction is read as a whole number by rounding.
     [[nodiscard]] double floatValue() const requires std::is_same_v<Kind, double> { return value(); }
     bool setFloatValue(double number) requires std::is_same_v<Kind, double> { return setValue(number); }
     [[nodiscard]] long long intValue() const requires std::is_same_v<Kind, double>;
     bool setIntValue(long long number) requires std::is_same_v<Kind, double>;
 
-    // Texts. Backslashes at the end are left out, since the file could not be
-    // read with them.
+    // Texts. Backslashes at the end are left out, since the file could not be read with them.
     [[nodiscard]] std::string stringValue() const requires std::is_same_v<Kind, std::string> { return value(); }
     bool setStringValue(const std::string& text) requires std::is_same_v<Kind, std::string> { return setValue(text); }
 };
@@ -107,8 +103,7 @@ class ArrayPref : public PrefData {
         out = Element(fetch(index, Element::kType));
         return !out.isEmpty();
     }
-    /// The handle stands for the element from then on, which has no key. Refused
-    /// when it has another place already.
+    /// The handle stands for the element from then on, which has no key. Refused when it has another place already.
     bool add(const PrefData& value);
     bool remove(std::size_t index);
 

@@ -12,23 +12,19 @@ class Preferences;
 
 namespace kzo::core {
 
-/// The dictionary that a file holds, with a version of its data and a count of
-/// its savings. Copies denote the same store. It is empty until something is
-/// loaded; then its own operations, too, return false, 0 or an empty text.
+/// The dictionary that a file holds, with a version of its data and a count of its savings. Copies denote the same
+/// store. It is empty until something is loaded; then its own operations, too, return false, 0 or an empty text.
 class Preferences : public DictionaryPref {
   public:
     Preferences() = default; ///< empty
 
     // The file
-    /// Makes the store of the file, which may be missing: then, as when it is
-    /// empty or holds anything else, the store is empty of preferences. So it is
-    /// when the file cannot be read; but then `save` refuses to write over it.
+    /// Makes the store of the file, which may be missing: then, as when it is empty or holds anything else, the store
+    /// is empty of preferences. So it is when the file cannot be read; but then `save` refuses to write over it.
     static bool load(const std::string& path, Preferences& out);
-    /// Reads the file again; handles stay with their keys. False, with all as it
-    /// was, when it holds no preferences.
+    /// Reads the file again; handles stay with their keys. False, with all as it was, when it holds no preferences.
     bool reload(const std::string& path);
-    /// Rewrites the file in place and counts. False, with the file as it was,
-    /// when it cannot be written.
+    /// Rewrites the file in place and counts. False, with the file as it was, when it cannot be written.
     bool save(const std::string& path);
     [[nodiscard]] bool unreadable() const; ///< the file was there when it was loaded, and could not be read
 

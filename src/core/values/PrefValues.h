@@ -25,8 +25,7 @@ struct Color {
     bool operator==(const Color&) const = default;
 };
 
-// Which parts of a style are known: what several objects have in common, or
-// what a change is to leave alone.
+// Which parts of a style are known: what several objects have in common, or what a change is to leave alone.
 
 struct DashStyleMap {
     bool lengths = false;

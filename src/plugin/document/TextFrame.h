@@ -3,9 +3,9 @@
 
 #include <string>
 
+#include "core/values/ArtboardPoint.h"
 #include "core/values/DocumentEnumerations.h"
 #include "core/values/PathStyle.h"
-#include "plugin/values/ArtboardPoint.h"
 
 struct ArtObject;
 
@@ -18,7 +18,7 @@ struct PointText {
     double size = 0.0;
     core::ParagraphJustification justification{};
     core::PathStyle paint;
-    ArtboardPoint position;
+    core::ArtboardPoint position;
 };
 
 /// Null when the host refuses.

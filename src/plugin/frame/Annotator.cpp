@@ -38,9 +38,7 @@ void Annotator::invalidate() const {
     if (handle()) invalidateMarks();
 }
 
-void Annotator::destroy() {
-    if (AIAnnotator* const handle = release()) host::call<&AIAnnotatorSuite::RemoveAnnotator>(handle);
-}
+void Annotator::destroy() { remove<&AIAnnotatorSuite::RemoveAnnotator>(); }
 
 // Invalidation
 

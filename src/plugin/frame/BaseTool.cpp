@@ -60,9 +60,7 @@ void BaseTool::setOptions(core::ToolOptions options) { call<&AIToolSuite::SetToo
 bool BaseTool::selected() const { return handle() && host::get<&AIToolSuite::GetSelectedTool>() == handle(); }
 void BaseTool::setSelected() { call<&AIToolSuite::SetSelectedTool>(); }
 
-void BaseTool::destroy() {
-    if (AITool* const handle = release()) host::call<&AIToolSuite::RemoveTool>(handle);
-}
+void BaseTool::destroy() { remove<&AIToolSuite::RemoveTool>(); }
 
 // Events
 

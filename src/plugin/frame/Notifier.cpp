@@ -12,8 +12,6 @@ Notifier::Notifier(SPPlugin* plugin, const std::string& name, std::string_view t
       type_(type),
       callback_(callback) {}
 
-void Notifier::destroy() {
-    if (AINotifier* const handle = release()) host::call<&AINotifierSuite::RemoveNotifier>(handle);
-}
+void Notifier::destroy() { remove<&AINotifierSuite::RemoveNotifier>(); }
 
 } // namespace kzo::plugin

@@ -42,8 +42,6 @@ void Timer::setDelay(double delay) { call<&AITimerSuite::SetTimerPeriod>(host::S
 bool Timer::active() const { return get<&AITimerSuite::GetTimerActive>(); }
 void Timer::setActive(bool active) { call<&AITimerSuite::SetTimerActive>(active); }
 
-void Timer::destroy() {
-    if (AITimer* const handle = release()) host::call<&AITimerSuite::RemoveTimer>(handle);
-}
+void Timer::destroy() { remove<&AITimerSuite::RemoveTimer>(); }
 
 } // namespace kzo::plugin

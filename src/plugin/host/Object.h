@@ -80,6 +80,11 @@ template <class HostObject> class Object {
         return handle_ && host::call<Entry>(handle_, arguments...);
     }
 
+    /// Has the host remove the object, which is without a handle from then on, whatever the host returns.
+    template <auto Entry> void remove() {
+        if (HostObject* const handle = release()) host::call<Entry>(handle);
+    }
+
   private:
     HostObject* handle_;
 };

@@ -1,5 +1,4 @@
-// One value of a preference store: the node that a handle stands for, found
-// again after the store was read anew.
+// One value of a preference store: the node that a handle stands for, found again after the store was read anew.
 #pragma once
 
 #include <memory>
@@ -12,17 +11,14 @@
 
 namespace kzo::plugin {
 
-/// Shared by the handles that are copies of each other. Bound to a place (a key
-/// or an index of a container), it follows that place when the container's tree
-/// is replaced, and is empty for as long as the place has no value of its kind.
-/// Without a place it keeps a node of its own. Everything returns false, 0, an
-/// empty text or null when it is empty.
+/// Shared by the handles that are copies of each other. Bound to a place (a key or an index of a container), it follows
+/// that place when the container's tree is replaced, and is empty for as long as the place has no value of its kind.
+/// Without a place it keeps a node of its own. Everything returns false, 0, an empty text or null when it is empty.
 class PersistentData {
   public:
     using Shared = std::shared_ptr<PersistentData>;
 
-    /// The store's nesting, from the outermost object to what a reader may still
-    /// meet.
+    /// The store's nesting, from the outermost object to what a reader may still meet.
     static constexpr std::size_t kDeepest = 64;
 
     PersistentData(json::Owned node, core::PrefType type) : type_(type), node_(std::move(node)) {}
@@ -47,12 +43,10 @@ class PersistentData {
         return here != nullptr;
     }
 
-    // What a dictionary or an array holds. Null where there is no value of that
-    // type; None takes any.
+    // What a dictionary or an array holds. Null where there is no value of that type; None takes any.
     [[nodiscard]] static Shared member(const Shared& dictionary, const std::string& key, core::PrefType type);
     [[nodiscard]] static Shared element(const Shared& array, std::size_t index, core::PrefType type);
-    /// Moves the value, which is in no container, into this one. Refuses what
-    /// could not be read back.
+    /// Moves the value, which is in no container, into this one. Refuses what could not be read back.
     static bool add(const Shared& container, const Shared& value);
     static bool remove(const Shared& container, const Shared& value);
     /// A copy of the value, with another key and no place; null of none.

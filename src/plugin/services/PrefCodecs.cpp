@@ -16,8 +16,7 @@ using core::PrefType;
 using json::Node;
 using json::Owned;
 
-// Members of the compound kinds. A list names and reads or writes them, as the
-// `Members` that it is given does.
+// Members of the compound kinds. A list names and reads or writes them, as the `Members` that it is given does.
 
 template <class Members> void list(Members& members, core::ArtboardPoint& value) {
     double x = value.x();
@@ -194,8 +193,7 @@ class Writing {
     Node& object_;
 };
 
-/// Reads each member, and notes whether the object has all of them and nothing
-/// else.
+/// Reads each member, and notes whether the object has all of them and nothing else.
 class Reading {
   public:
     explicit Reading(const Node& object) : object_(object) {}

@@ -68,20 +68,17 @@ class Descriptor {
 bool rewriteOpen(const Descriptor& file, const std::string& text) {
     const auto size = file.size();
     if (!size) return false;
-    // A file that is too large to hold preferences has no contents to be kept
-    // whole, and is not padded.
+    // A file that is too large to hold preferences has no contents to be kept whole, and is not padded.
     const std::size_t kept = *size > kLargestPreferences ? text.size() : *size;
     const auto before = file.read(kept);
     if (!before) return false;
 
-    // First the file gets all the room that it needs, behind what it holds; a
-    // full disk shows here, and does no harm.
+    // First the file gets all the room that it needs, behind what it holds; a full disk shows here, and does no harm.
     if (text.size() > *size && !file.write(std::string(text.size() - *size, '\n'), *size)) {
         static_cast<void>(file.cut(*size));
         return false;
     }
-    // Then one call replaces the old text by the new one, padded to the same
-    // length.
+    // Then one call replaces the old text by the new one, padded to the same length.
     std::string padded = text;
     padded.resize(std::max(text.size(), kept), '\n');
     // Any padding is cut off once the text is on the disk.

@@ -1,5 +1,4 @@
-// A small file that is read whole and rewritten in place, such that neither a
-// failure nor a kill loses what it held.
+// A small file that is read whole and rewritten in place, such that neither a failure nor a kill loses what it held.
 #pragma once
 
 #include <optional>
@@ -18,9 +17,8 @@ struct PreferenceFile {
     /// Never waits: what is no regular file cannot be read.
     [[nodiscard]] static PreferenceFile read(const std::string& path);
 
-    /// Replaces what the file holds, or makes the file. The text's reader must
-    /// ignore line feeds behind it: they stand there for a moment. False, with
-    /// the old contents in place, when a step fails.
+    /// Replaces what the file holds, or makes the file. The text's reader must ignore line feeds behind it: they stand
+    /// there for a moment. False, with the old contents in place, when a step fails.
     static bool rewrite(const std::string& path, const std::string& text);
 };
 

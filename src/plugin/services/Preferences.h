@@ -1,5 +1,4 @@
-// A preference store: the tree of a JSON file, with a version of its data and a
-// count of its savings.
+// A preference store: the tree of a JSON file, with a version of its data and a count of its savings.
 #pragma once
 
 #include <string>
@@ -9,21 +8,16 @@
 
 namespace kzo::plugin {
 
-/// The file holds one object with one member, "Prefs", in which every
-/// preference is a member, and so are "SaveCount",
-/// "__vn" and "__vs". Without a tree everything returns false, 0 or an empty
-/// text.
+/// The file holds one object with one member, "Prefs", in which every preference is a member, and so are "SaveCount",
+/// "__vn" and "__vs". Without a tree everything returns false, 0 or an empty text.
 class Preferences {
   public:
     // The file
-    /// A file that is missing, empty or unreadable, or holds anything else, makes
-    /// an empty store.
+    /// A file that is missing, empty or unreadable, or holds anything else, makes an empty store.
     void load(const std::string& path);
-    /// False, with the tree as it was, when the file holds no preferences.
-    /// Handles follow to the new tree.
+    /// False, with the tree as it was, when the file holds no preferences. Handles follow to the new tree.
     bool reload(const std::string& path);
-    /// False, with the file as it was, when it cannot be written, or when it was
-    /// there and could not be read.
+    /// False, with the file as it was, when it cannot be written, or when it was there and could not be read.
     bool save(const std::string& path);
     [[nodiscard]] bool unreadable() const { return !unreadable_.empty(); } ///< the file could not be read when loaded
 
