@@ -5,7 +5,6 @@
 #include <boost/geometry.hpp>
 #include <boost/geometry/index/rtree.hpp>
 #include <boost/iterator/function_output_iterator.hpp>
-#include <boost/iterator/iterator_adaptor.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -56,12 +55,6 @@ struct SpatialIndex::Entries {
     std::vector<TreeBox> before; // where the tree still has dirty paths, at their places; not for those behind
 
     static Entry entryOf(Node* path) { return {treeBox(path->alive_ ? path->hull() : Box{}), path}; }
-    /// Makes the entries of a list of paths. The tree keeps one for each path while it is built.
-    struct Making : boost::iterator_adaptor<Making, Node* const*, Entry, boost::use_default, Entry> {
-        using iterator_adaptor_::iterator_adaptor_;
-
-        [[nodiscard]] Entry dereference() const { return entryOf(*base()); }
-    };
     /// Whether the path is to be found from now on; it is no longer dirty.
     static bool settle(Node& path) {
         const bool isFound = path.alive_ && !path.hull().isEmpty();
@@ -120,17 +113,20 @@ void SpatialIndex::reindex() {
     if (before.capacity() > 2 * kFewDirty) before.shrink_to_fit();
 }
 
-/// The list of the dirty becomes that of all, and the tree makes its entries from that as it needs them.
+/// All entries stand in one list meanwhile: to look at the paths again in the tree's order, all over memory, would take
+/// longer than all else.
 void SpatialIndex::rebuild() {
     entries_->before = {};
-    std::vector<Node*> all = std::exchange(entries_->dirty, {});
-    const auto dirtyCount = static_cast<std::ptrdiff_t>(all.size());
+    std::vector<Node*> dirty = std::exchange(entries_->dirty, {});
+    std::vector<Entry> all;
+    all.reserve(dirty.size() + entries_->tree.size());
     for (const Entry& entry : entries_->tree)
-        if (entry.second->indexed_ == Node::Indexed::InTree) all.push_back(entry.second);
+        if (entry.second->indexed_ == Node::Indexed::InTree) all.push_back(entry);
     entries_->tree.clear();
-    const auto isGone = [](Node* path) { return !Entries::settle(*path); };
-    all.erase(std::remove_if(all.begin(), all.begin() + dirtyCount, isGone), all.begin() + dirtyCount);
-    entries_->tree = Rtree(Entries::Making(all.data()), Entries::Making(all.data() + all.size()));
+    for (Node* const path : dirty)
+        if (Entries::settle(*path)) all.push_back(Entries::entryOf(path));
+    dirty = {};
+    entries_->tree = Rtree(all);
 }
 
 void SpatialIndex::forget(Node& path) {
