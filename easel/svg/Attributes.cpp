@@ -158,6 +158,12 @@ void Attributes::cascade(const std::vector<const StyleSheet::Declaration*>& decl
     }
 }
 
+bool Attributes::isInheritedBehind(std::size_t place) const {
+    for (std::size_t i = place + 1; i < properties_.size(); ++i)
+        if (properties_[i].first == properties_[place].first && properties_[i].second == "inherit") return true;
+    return false;
+}
+
 std::string_view Attributes::property(Name name) const {
     std::string_view found;
     for (const auto& [known, value] : properties_)

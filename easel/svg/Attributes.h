@@ -100,9 +100,11 @@ class Attributes {
     /// Puts what style sheets declare, which must live longer, between attributes and style.
     void cascade(const std::vector<const StyleSheet::Declaration*>& declarations);
 
-    /// Calls `use(name, value)` for each property, attributes first, as later ones win.
+    /// Calls `use(name, value)` for each property, attributes first, as later ones win. One that is to be inherited
+    /// takes away those before it.
     template <class Use> void forEachProperty(Use use) const {
-        for (const auto& [name, value] : properties_) use(name, value);
+        for (std::size_t i = 0; i < properties_.size(); ++i)
+            if (!isInheritedBehind(i)) use(properties_[i].first, properties_[i].second);
     }
     /// The value that wins; empty when there is none.
     [[nodiscard]] std::string_view property(Name name) const;
@@ -117,6 +119,7 @@ class Attributes {
     [[nodiscard]] Units units(const Units& around) const;
 
   private:
+    [[nodiscard]] bool isInheritedBehind(std::size_t place) const;
     bool addDeclaration(std::string_view text, std::string_view value, std::size_t place);
 
     static constexpr std::size_t kCount = static_cast<std::size_t>(Name::Unknown);

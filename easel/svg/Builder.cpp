@@ -146,13 +146,14 @@ void Builder::endSheet() {
     const bool isElsewhere = has("@import");
     source_->sheetHasServers = source_->sheetHasServers || isElsewhere || has("url(");
     source_->sheetInsists = source_->sheetInsists || isElsewhere || has("important");
+    source_->sheetNamesGroups = source_->sheetNamesGroups || has("@"); // for what follows that is not read
     fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (rules_.isUnderstood() || !has("font"));
     sheets_.push_back(std::move(sheet_.text));
     sheet_ = {};
 }
 
 void Builder::linkSheet() {
-    source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = true;
+    source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = source_->sheetNamesGroups = true;
     fontsAreKnown_ = false;
 }
 
@@ -180,6 +181,7 @@ void Builder::endSkipped() {
 std::unique_ptr<Document> Builder::finish() {
     document_->journal().end();
     clipPaths_.finish();
+    source_->sheetNamesGroups = source_->sheetNamesGroups || rules_.maySelect("g");
     if (!firstLayerTaken_) newImplicitLayer();
     document_->origin = std::move(source_);
     return std::move(document_);

@@ -162,7 +162,10 @@ Tag ElementText::newTag(const Node& node, const Place& place, std::string_view n
     } else if (!node.name().empty()) {
         setName(tag, node);
     }
-    if (node.hidden()) tag.set("style", "display:none");
+    if (isGroup(node) && mayBeStyled(tag))
+        tag.set("style", groupStyle(node.hidden()));
+    else if (node.hidden())
+        tag.set("style", "display:none");
     if (node.locked()) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
@@ -242,6 +245,42 @@ std::string ElementText::copiedElement(const Node& node, const Element& element,
     const std::size_t endTag = source_.text.rfind('<', element.end - 1);
     const std::string_view inside = std::string_view(source_.text).substr(element.tagEnd, endTag - element.tagEnd);
     return text + '>' + withoutIds(inside) + "</" + name + '>';
+}
+
+/// Whether a new group would have more than its own tag says.
+bool ElementText::mayBeStyled(const Tag& group) const {
+    return source_.sheetNamesGroups || source_.defaults.count(std::string(group.name())) > 0;
+}
+
+/// Of a group that has no effect and passes on what it is in, whatever a style sheet says of groups.
+std::string ElementText::groupStyle(bool hidden) const {
+    const std::string_view end = source_.sheetInsists ? " !important;" : ";";
+    std::string text = std::string("display:") + (hidden ? "none" : "inline");
+    for (const std::string_view own :
+         {"opacity:1", "clip-path:none", "mask:none", "filter:none", "mix-blend-mode:normal"})
+        text.append(end).append(own);
+    for (const std::string_view name : {"fill",
+                                        "fill-rule",
+                                        "fill-opacity",
+                                        "stroke",
+                                        "stroke-width",
+                                        "stroke-miterlimit",
+                                        "stroke-linecap",
+                                        "stroke-linejoin",
+                                        "stroke-dasharray",
+                                        "stroke-dashoffset",
+                                        "stroke-opacity",
+                                        "marker-start",
+                                        "marker-mid",
+                                        "marker-end",
+                                        "paint-order",
+                                        "visibility",
+                                        "font-family",
+                                        "font-size",
+                                        "font-style",
+                                        "font-weight"})
+        text.append(end).append(name).append(":inherit");
+    return text.append(end.substr(0, end.size() - 1));
 }
 
 /// Whatever could make the art look otherwise is ruled out: what it would inherit, and what a style sheet may say of
@@ -417,7 +456,11 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
     const Geom::Affine displaced = displacement(node, element, place);
     if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
     const model::Content& was = wasOf(node);
-    if (node.hidden() && !was.hidden) tag.set("style", "display:none");
+    const bool hides = node.hidden() && !was.hidden;
+    if (mayBeStyled(tag))
+        tag.set("style", groupStyle(hides));
+    else if (hides)
+        tag.set("style", "display:none");
     if (node.locked() && !was.locked) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }

@@ -62,6 +62,8 @@ class ElementText {
     void changeOutline(Tag& tag, const model::Node& node, const Element& element, model::Point moved) const;
     void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;
     void setPaint(Tag& tag, const model::Node& node, const model::Style& style, const Container& container) const;
+    [[nodiscard]] bool mayBeStyled(const Tag& group) const;
+    [[nodiscard]] std::string groupStyle(bool hidden) const;
     void bringInherited(Tag& tag, const Container& from, const Container& to) const;
     void setLocked(Tag& tag, bool locked) const;
     void setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const;

@@ -33,6 +33,10 @@ class StyleSheet {
     [[nodiscard]] bool isEmpty() const { return rules_.empty(); }
     /// Whether all selectors were understood; the others select nothing.
     [[nodiscard]] bool isUnderstood() const { return understood_; }
+    /// Whether some rule may select an element of this type that has no name and no class.
+    [[nodiscard]] bool maySelect(std::string_view type) const {
+        return !understood_ || byKey_.count("*") > 0 || byKey_.count(type) > 0;
+    }
     /// What is declared for the last of some elements, each in the one before it. Later ones win.
     [[nodiscard]] std::vector<const Declaration*> declarationsFor(const std::vector<Styled>& path) const;
 

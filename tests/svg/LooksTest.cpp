@@ -90,6 +90,27 @@ TEST(Looks, NewArtLooksAsItWasDrawnWhateverTheFileSays) {
     }
 }
 
+// What a style sheet says of groups once came over art as soon as it was grouped.
+TEST(Looks, ANewGroupChangesNothing) {
+    const std::string path = "<path id='o' d='M5 5h60v40z' stroke-width='3' stroke='blue'/>";
+    const std::pair<const char*, const char*> rows[] = {
+        {"<style>g{opacity:.3;clip-path:url(#c);fill:lime;stroke-width:9;marker:url(#m)}</style>", ""},
+        {"<style>*{opacity:.5;fill-opacity:.5 !important;fill:red}</style>", ""},
+        {"<style>g:not(.x){filter:url(#f);visibility:hidden}</style>", ""},
+        {"<style>@media screen{g{display:none}}</style>", ""},
+        {"", "<!DOCTYPE svg [<!ATTLIST g opacity CDATA '.3' fill CDATA 'lime' mask CDATA 'url(#k)'>]>"},
+    };
+    for (const auto& [content, before] : rows) {
+        const std::string plain = drawing(content + path, before);
+        const auto document = read(plain, "t.svg");
+        Node& art = *document->findByName("o");
+        document->place(art, Placement::OnTopInside, document->create(NodeType::Group, Placement::Above, art));
+        const std::string text = write(*document);
+        expectSamePicture(text, plain);
+        EXPECT_EQ(read(text, "t.svg")->findByName("o")->style(), art.style()) << text;
+    }
+}
+
 // Clips, masks, filters and gradients in the units of what they are put on once stayed behind.
 TEST(Looks, WhatIsMovedTakesAlongWhatItIsPaintedAndClippedWith) {
     const char* const contents[] = {
