@@ -168,8 +168,9 @@ void Actions::editTool(session::Tool& tool) {
     act("app.editTool(" + Recorder::quoted(tool.title) + ')', [&] { session_.input.editTool(tool); });
 }
 
-void Actions::chooseMenu(const std::string& text) {
-    act("app.chooseMenu(" + Recorder::quoted(text) + ')', [&] { session_.input.chooseMenu(text); });
+void Actions::chooseMenu(const std::string& text, const std::string& group) {
+    act("app.chooseMenu(" + Recorder::quoted(text) + ", " + Recorder::quoted(group) + ')',
+        [&] { session_.input.chooseMenu(text, group); });
 }
 
 // Editing

@@ -53,7 +53,7 @@ class Actions {
     void key(const std::string& name, session::Modifiers modifiers);
     void selectTool(session::Tool& tool);
     void editTool(session::Tool& tool);
-    void chooseMenu(const std::string& text);
+    void chooseMenu(const std::string& text, const std::string& group);
 
     // Editing; each is one step
     void undo();

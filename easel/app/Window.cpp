@@ -210,28 +210,32 @@ void Window::makePluginMenu() {
 
 void Window::fillPluginMenu(QMenu& menu) {
     menu.clear();
+    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
     session::Session& session = actions_.session();
     session.input.updateMenus();
     const std::function<void(QMenu&, const session::MenuGroup&)> fill = [&](QMenu& into,
                                                                             const session::MenuGroup& group) {
         for (const session::MenuChild& child : group.children) {
             if (child.group) {
-                if (!child.group->opener) fill(into, *child.group); // one without a submenu
+                const session::MenuItem* const opener = child.group->opener; // none: without a submenu
+                QMenu& inner = opener ? *into.addMenu(QString::fromStdString(opener->text)) : into;
+                if (opener) inner.setEnabled(session::Menus::isEnabled(*opener));
+                fill(inner, *child.group);
                 continue;
             }
             const session::MenuItem& item = *child.item;
             const QString text = QString::fromStdString(item.text);
             if (item.isDivider()) {
                 into.addSeparator();
-            } else if (item.opens) {
-                fill(*into.addMenu(text), *item.opens);
             } else {
                 QAction* const action = into.addAction(text);
                 action->setEnabled(session::Menus::isEnabled(item));
                 action->setCheckable(item.checked);
                 action->setChecked(item.checked);
+                // By its group too: plug-ins have items of one text in several.
+                const std::string& place = item.group->text.empty() ? item.group->name : item.group->text;
                 connect(action, &QAction::triggered, this,
-                        guarded([this, chosen = item.text] { actions_.chooseMenu(chosen); }));
+                        guarded([this, chosen = item.text, place] { actions_.chooseMenu(chosen, place); }));
             }
         }
     };
