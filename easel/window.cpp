@@ -38,6 +38,7 @@ struct Command {
     std::string record;
     bool dark = false;
     bool timeStart = false;
+    bool nativeDialogs = false;
 };
 
 app::Window* shownWindow = nullptr;
@@ -145,6 +146,7 @@ int show(int argc, char** argv, const Command& command) {
     app::Actions actions(session, recorder);
     app::Recovery recovery(app::Recovery::defaultFolder());
     session.screen.setBrightness(settings.dark() ? 0 : 1);
+    session.dialogs.staged = !command.nativeDialogs;
     app::Window window(actions, recovery, settings);
     shownWindow = &window;
     application.failed = [&window](const QString& why) { window.tell(why); };
@@ -189,6 +191,8 @@ int run(int argc, char** argv) {
     cli.add_option("--record", command.record, "Writes what is done as a session script");
     cli.add_flag("--time-start", command.timeStart,
                  "Prints a line when the first picture shows, and one when the drawing does, and ends");
+    cli.add_flag("--native-dialogs", command.nativeDialogs,
+                 "Leave dialogs and alerts to the plug-ins' own windows, where they have any");
     cli.add_flag("--dark", command.dark, "Light on dark, from now on; View > Dark changes it");
     try {
         cli.parse(argc, argv);

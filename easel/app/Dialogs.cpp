@@ -8,6 +8,7 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QIcon>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -30,6 +31,14 @@ namespace {
 
 QString textOf(const session::Widget& widget) { return QString::fromStdString(widget.text); }
 
+/// A title as it is: no character of it stands for a key.
+QString titleOf(const std::string& text) { return QString::fromStdString(text).replace('&', "&&"); }
+
+/// A tooltip as it is: Qt would show what looks like HTML as such.
+QString tooltipOf(const std::string& text) {
+    return text.empty() ? QString() : "<qt>" + QString::fromStdString(text).toHtmlEscaped() + "</qt>";
+}
+
 /// Characters before a place of a text, and the other way round: Qt counts those beyond U+FFFF twice.
 std::int32_t charactersBefore(const QString& text, int place) {
     return static_cast<std::int32_t>(text.left(place).toUcs4().size());
@@ -38,6 +47,26 @@ int placeOf(const QString& text, std::int32_t characters) {
     const QList<uint> codes = text.toUcs4().mid(0, characters);
     return static_cast<int>(
         QString::fromUcs4(reinterpret_cast<const char32_t*>(codes.constData()), codes.size()).size());
+}
+
+/// The picture of that number among the plug-in's resources, sharp on dense displays too; null where there is none.
+QPixmap imageOf(const session::Plugin& plugin, std::int16_t number, qreal pixelsAPoint) {
+    const auto size = number == 0 ? std::nullopt : session::imageSize(plugin, number);
+    if (!size) return {};
+    const std::string file = plugin.filePath + "/Contents/Resources/" + std::to_string(number) + ".png";
+    const QIcon icon(QString::fromStdString(file)); // Qt finds the one of double resolution beside it
+    return icon.pixmap(QSizeF(size->h, size->v).toSize(), pixelsAPoint);
+}
+
+/// Narrows the font of a title that is too wide for its frame, as far as it can still be read.
+void fitTitle(QWidget& shown) {
+    constexpr int kLeastStretch = 75; // percent
+    QFont font = shown.font();
+    for (int stretch = QFont::Unstretched; stretch >= kLeastStretch; stretch -= 5) {
+        font.setStretch(stretch);
+        shown.setFont(font);
+        if (shown.sizeHint().width() <= shown.width()) break;
+    }
 }
 
 QString deleteKey() { return QString::fromUtf8(session::kDeleteKey.data(), session::kDeleteKey.size()); }
@@ -102,16 +131,11 @@ class StagedDialog final : public QDialog {
             if (fieldOf(id) && reason == Qt::MouseFocusReason) act([&] { dialogs_.moveFocus(dialog_, id); });
             return false;
         }
-        case QEvent::MouseButtonPress: inDoubleClick_ = false; return false;
+        case QEvent::Enter: return point(&pointed_, id);
+        case QEvent::Leave: return point(&pointed_, 0);
+        case QEvent::MouseButtonPress:
         case QEvent::MouseButtonRelease:
-            if (std::exchange(inDoubleClick_, false)) return true; // its end is no click
-            if (kindOf(id) == kStageLabel) act([&] { dialogs_.click(dialog_, id); });
-            return false;
-        case QEvent::MouseButtonDblClick:
-            if (kindOf(id) != kStageLabel && kindOf(id) != kStageButton) return false;
-            inDoubleClick_ = true;
-            act([&] { dialogs_.doubleClick(dialog_, id); });
-            return true;
+        case QEvent::MouseButtonDblClick: return id != 0 && hearMouse(id, static_cast<QMouseEvent&>(*event));
         default: return false;
         }
     }
@@ -150,6 +174,34 @@ class StagedDialog final : public QDialog {
     [[nodiscard]] QLineEdit* fieldOf(int id) const {
         const auto found = widgets_.find(id);
         return found == widgets_.end() ? nullptr : qobject_cast<QLineEdit*>(found->second);
+    }
+
+    /// Buttons and checkboxes tell of their clicks themselves.
+    bool hearMouse(int id, const QMouseEvent& event) {
+        if (event.button() != Qt::LeftButton) return false;
+        const bool isLabel = kindOf(id) == kStageLabel;
+        switch (event.type()) {
+        case QEvent::MouseButtonPress: inDoubleClick_ = false; return point(&held_, id);
+        case QEvent::MouseButtonDblClick:
+            if (!isLabel && kindOf(id) != kStageButton) return false;
+            inDoubleClick_ = true;
+            act([&] { dialogs_.doubleClick(dialog_, id); });
+            return true;
+        default:
+            point(&held_, 0);
+            if (std::exchange(inDoubleClick_, false)) return true; // its end is no click
+            if (isLabel && widgets_[id]->rect().contains(event.position().toPoint()))
+                act([&] { dialogs_.click(dialog_, id); });
+            return false;
+        }
+    }
+
+    /// Shows the picture that belongs to where the pointer is and what it holds down. False: the event goes on.
+    bool point(int* place, int id) {
+        const int before = std::exchange(*place, id);
+        for (const int each : {before, id})
+            if (const session::Widget* const widget = dialog_.find(each)) showText(*widgets_[each], *widget);
+        return false;
     }
 
     bool hearKey(int id, QKeyEvent& event) {
@@ -237,18 +289,18 @@ class StagedDialog final : public QDialog {
     void show(QWidget& shown, const session::Widget& widget) {
         const AIRealRect& frame = widget.frame;
         shown.setGeometry(QRectF(QPointF(frame.left, frame.top), QPointF(frame.right, frame.bottom)).toRect());
-        shown.setToolTip(QString::fromStdString(widget.tooltip));
+        shown.setToolTip(tooltipOf(widget.tooltip));
         QFont font = QApplication::font();
         font.setBold(widget.bold);
         font.setItalic(widget.italic);
         shown.setFont(font);
         shown.setEnabled(widget.enabled);
         shown.setVisible(widget.visible);
+        showText(shown, widget);
         const Qt::Alignment side = widget.alignment == kStageAlignRight    ? Qt::AlignRight
                                    : widget.alignment == kStageAlignCenter ? Qt::AlignHCenter
                                                                            : Qt::AlignLeft;
         if (auto* const label = qobject_cast<QLabel*>(&shown)) {
-            label->setText(textOf(widget));
             label->setAlignment(side | Qt::AlignTop);
         } else if (auto* const field = qobject_cast<QLineEdit*>(&shown)) {
             field->setAlignment(side | Qt::AlignVCenter);
@@ -257,15 +309,34 @@ class StagedDialog final : public QDialog {
             const int end = placeOf(field->text(), widget.selectionEnd);
             end > start ? field->setSelection(start, end - start) : field->setCursorPosition(start);
         } else if (auto* const box = qobject_cast<QCheckBox*>(&shown)) {
-            box->setText(textOf(widget));
+            box->setText(titleOf(widget.text));
+            fitTitle(shown);
             box->setChecked(widget.checked);
         } else if (auto* const button = qobject_cast<QPushButton*>(&shown)) {
-            button->setText(textOf(widget));
+            if (button->icon().isNull()) fitTitle(shown);
             button->setDefault(widget.style == kStageDefaultButton);
         }
         // Names for whoever hears the window read, and for tests.
         shown.setObjectName(textOf(widget));
         if (widget.kind == kStageTextField) shown.setAccessibleName(QString::fromStdString(labelOf(widget)));
+    }
+
+    /// Its text, or the picture in place of it.
+    void showText(QWidget& shown, const session::Widget& widget) {
+        const std::int16_t number = widget.id == pointed_ && widget.id == held_ ? widget.pressedImage
+                                    : widget.id == pointed_                     ? widget.rolloverImage
+                                                                                : widget.image;
+        const bool mayHave = widget.kind == kStageLabel || widget.kind == kStageButton;
+        const QPixmap image = mayHave ? imageOf(*dialog_.owner, number, devicePixelRatio()) : QPixmap();
+        if (auto* const label = qobject_cast<QLabel*>(&shown)) {
+            image.isNull() ? label->setText(textOf(widget)) : label->setPixmap(image);
+        } else if (auto* const push = qobject_cast<QPushButton*>(&shown)) {
+            push->setText(image.isNull() ? titleOf(widget.text) : QString());
+            push->setIcon(image);
+            push->setIconSize(image.deviceIndependentSize().toSize());
+            push->setFlat(!image.isNull());
+        }
+        if (mayHave) shown.setAccessibleName(image.isNull() ? QString() : textOf(widget));
     }
 
     /// What stands before a field: the label that is linked with it, else the one on its left in the same line.
@@ -311,6 +382,8 @@ class StagedDialog final : public QDialog {
     session::Dialogs& dialogs_;
     session::Dialog& dialog_;
     std::map<int, QWidget*> widgets_; // by the plug-in's number
+    int pointed_ = 0;                 // the widget under the pointer, by its number
+    int held_ = 0;                    // that the mouse button is down on
     bool inDoubleClick_ = false;      // and its button still down
 };
 
@@ -332,7 +405,7 @@ std::size_t showAlert(const session::Alert& alert, QWidget& window) {
         const QMessageBox::ButtonRole role = buttons.empty() ? QMessageBox::AcceptRole
                                              : isLast        ? QMessageBox::RejectRole
                                                              : QMessageBox::DestructiveRole;
-        buttons.push_back(box.addButton(QString::fromStdString(title), role));
+        buttons.push_back(box.addButton(titleOf(title), role));
     }
     box.setDefaultButton(qobject_cast<QPushButton*>(buttons.front()));
     box.setEscapeButton(buttons.back());

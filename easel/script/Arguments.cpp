@@ -289,11 +289,19 @@ void push(duk_context* engine, const PluginRecord& record) {
                std::pair("started", record.started), std::pair("broken", record.broken));
 }
 
+void push(duk_context* engine, const WidgetImagesRecord& record) {
+    pushRecord(engine, std::pair("normal", record.normal), std::pair("rollover", record.rollover),
+               std::pair("pressed", record.pressed));
+}
+
 void push(duk_context* engine, const WidgetRecord& record) {
     pushRecord(engine, std::pair("kind", record.kind), std::pair("text", record.text),
                std::pair("tooltip", record.tooltip), std::pair("frame", record.frame),
                std::pair("enabled", record.enabled), std::pair("visible", record.visible),
-               std::pair("checked", record.checked), std::pair("style", record.style));
+               std::pair("checked", record.checked), std::pair("style", record.style), std::pair("bold", record.bold),
+               std::pair("italic", record.italic), std::pair("alignment", record.alignment),
+               std::pair("selection", record.selection), std::pair("linked", record.linked),
+               std::pair("tabPlace", record.tabPlace), std::pair("images", record.images));
 }
 
 void push(duk_context* engine, const CursorImageRecord& record) {

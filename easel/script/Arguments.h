@@ -100,6 +100,12 @@ struct AnnotationRecord {
     std::string annotator;
     model::Mark mark;
 };
+/// Pictures in place of a widget's text, by the numbers of resources.
+struct WidgetImagesRecord {
+    std::int16_t normal = 0;
+    std::int16_t rollover = 0;
+    std::int16_t pressed = 0;
+};
 /// A widget of a dialog as a script sees it.
 struct WidgetRecord {
     std::string_view kind;
@@ -110,6 +116,13 @@ struct WidgetRecord {
     bool visible = true;
     bool checked = false;
     std::string_view style;
+    bool bold = false;
+    bool italic = false;
+    std::string_view alignment;
+    std::optional<std::vector<std::int32_t>> selection; ///< of a field: first character, and the one behind the last
+    std::optional<std::size_t> linked;                  ///< the number in the list of the field that a label is for
+    std::optional<std::int32_t> tabPlace;               ///< of a field, from 1
+    std::optional<WidgetImagesRecord> images;
 };
 struct ArtboardRecord {
     std::string title;
@@ -197,6 +210,7 @@ void push(duk_context* engine, const ArtboardRecord& record);
 void push(duk_context* engine, const MenuItemRecord& record);
 void push(duk_context* engine, const MenuGroupRecord& record);
 void push(duk_context* engine, const PluginRecord& record);
+void push(duk_context* engine, const WidgetImagesRecord& record);
 void push(duk_context* engine, const WidgetRecord& record);
 void push(duk_context* engine, const CursorImageRecord& record);
 void push(duk_context* engine, const AnnotationRecord& record);

@@ -17,6 +17,7 @@ constexpr const char* kNumberKey = DUK_HIDDEN_SYMBOL("number");
 constexpr std::string_view kAlertKinds[] = {"message", "error", "confirm", "question"};
 constexpr std::string_view kWidgetKinds[] = {"label", "field", "checkbox", "button"};
 constexpr std::string_view kStyles[] = {"plain", "default", "cancel"};
+constexpr std::string_view kAlignments[] = {"left", "center", "right"};
 
 std::string_view kindOf(const session::Alert& alert) { return kAlertKinds[static_cast<std::size_t>(alert.kind) - 1]; }
 
@@ -107,7 +108,12 @@ std::vector<std::string> buttons(Host& /*host*/, const ThisDialog& dialog) {
 std::vector<WidgetRecord> widgets(Host& /*host*/, const ThisDialog& dialog) {
     std::vector<WidgetRecord> records;
     if (dialog->alert) return records;
-    for (const Widget& each : dialog->dialog->widgets)
+    const std::vector<Widget>& all = dialog->dialog->widgets;
+    const auto numberOf = [&](std::int32_t id) {
+        const auto at = std::find_if(all.begin(), all.end(), [id](const Widget& each) { return each.id == id; });
+        return at == all.end() ? std::nullopt : std::optional(static_cast<std::size_t>(at - all.begin()));
+    };
+    for (const Widget& each : all) {
         records.push_back({.kind = kWidgetKinds[each.kind - 1],
                            .text = each.text,
                            .tooltip = each.tooltip,
@@ -116,7 +122,19 @@ std::vector<WidgetRecord> widgets(Host& /*host*/, const ThisDialog& dialog) {
                            .enabled = each.enabled,
                            .visible = each.visible,
                            .checked = each.checked,
-                           .style = kStyles[each.style - 1]});
+                           .style = kStyles[each.style - 1],
+                           .bold = each.bold,
+                           .italic = each.italic,
+                           .alignment = kAlignments[each.alignment - 1],
+                           .selection = {},
+                           .linked = numberOf(each.linked),
+                           .tabPlace = {},
+                           .images = {}});
+        if (each.kind == kStageTextField)
+            records.back().selection = std::vector{each.selectionStart, each.selectionEnd};
+        if (each.tabPlace != 0) records.back().tabPlace = each.tabPlace;
+        if (each.image != 0) records.back().images = {each.image, each.rolloverImage, each.pressedImage};
+    }
     return records;
 }
 

@@ -13,6 +13,10 @@ using session::Widget;
 
 constexpr const char* kKindNames[] = {"", "label", "field", "checkbox", "button"};
 
+const std::string& shownText(const Widget& widget) {
+    return widget.text.empty() && widget.image != 0 ? widget.tooltip : widget.text;
+}
+
 bool isLabel(const Dialog& dialog, const Widget& widget) {
     return dialog.shows(widget) && (widget.kind == kStageLabel || widget.kind == kStageCheckbox);
 }
@@ -48,13 +52,13 @@ std::string quoted(const std::vector<std::string>& texts) {
 std::vector<std::string> textsOf(const Dialog& dialog, std::int32_t kind) {
     std::vector<std::string> texts;
     for (const Widget& each : dialog.widgets)
-        if (each.kind == kind && dialog.shows(each)) texts.push_back(each.text);
+        if (each.kind == kind && dialog.shows(each)) texts.push_back(shownText(each));
     return texts;
 }
 
 Widget& widgetNamed(Dialog& dialog, std::int32_t kind, const std::string& text) {
     for (Widget& each : dialog.widgets) {
-        if (each.kind != kind || each.text != text || !dialog.shows(each)) continue;
+        if (each.kind != kind || shownText(each) != text || !dialog.shows(each)) continue;
         if (!each.enabled)
             throw session::Error("the " + std::string(kKindNames[kind]) + " \"" + text + "\" is disabled");
         return each;
@@ -69,8 +73,8 @@ Widget& fieldNamed(Dialog& dialog, const std::string& label) {
     for (const Widget& each : dialog.widgets) {
         if (!isLabel(dialog, each)) continue;
         Widget* const field = fieldOf(dialog, each);
-        if (field && each.text == label) return *field;
-        if (field) known.push_back(each.text);
+        if (field && shownText(each) == label) return *field;
+        if (field) known.push_back(shownText(each));
     }
     throw session::Error("there is no field beside \"" + label + '"' +
                          (known.empty() ? "" : ", only beside " + quoted(known)));
@@ -78,7 +82,7 @@ Widget& fieldNamed(Dialog& dialog, const std::string& label) {
 
 std::string nameOf(Dialog& dialog, const Widget& field) {
     for (const Widget& each : dialog.widgets)
-        if (isLabel(dialog, each) && fieldOf(dialog, each) == &field) return each.text;
+        if (isLabel(dialog, each) && fieldOf(dialog, each) == &field) return shownText(each);
     return {};
 }
 

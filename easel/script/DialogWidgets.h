@@ -1,4 +1,4 @@
-// How a script names the widgets of a dialog: by the texts that the user sees.
+// How a script names the widgets of a dialog: by the texts that the user sees, or the tooltip of a picture without one.
 #pragma once
 
 #include <string>

@@ -70,9 +70,13 @@ session::Widget widgetOf(const StageWidget& record) {
             .checked = record.checked != 0,
             .bold = record.bold != 0,
             .italic = record.italic != 0,
+            .image = record.image,
+            .rolloverImage = record.rolloverImage,
+            .pressedImage = record.pressedImage,
             .alignment = record.alignment,
             .style = record.style,
             .linked = record.linked,
+            .tabPlace = record.tabPlace,
             .selectionStart = record.selectionStart,
             .selectionEnd = record.selectionEnd};
 }
@@ -84,9 +88,19 @@ void getDialogSelection(Dialog& dialog, std::int32_t id, std::int32_t& start, st
     end = field->selectionEnd;
 }
 
-AIRealPoint getFittingSize(const StageWidget& widget) {
+AIRealPoint getFittingSize(Plugin& self, const StageWidget& widget) {
     host<Dialogs>().requireStaged();
-    return fittingSize(widgetOf(widget));
+    return fittingSize(self, widgetOf(widget));
+}
+
+/// Reports a picture that cannot be had, once.
+void setDialogWidget(Dialog& dialog, const StageWidget& record) {
+    const session::Widget* const known = dialog.find(record.id);
+    const bool isNew = record.image != 0 && (!known || known->image != record.image);
+    Dialogs::setWidget(dialog, widgetOf(record));
+    if (isNew && !session::imageSize(*dialog.owner, record.image))
+        log(*dialog.owner, "dialog \"" + dialog.title + "\": resource " + std::to_string(record.image) +
+                               ".png is missing or no picture; the text shows");
 }
 
 void showAlert(std::int32_t kind, std::string_view text, const char* const& firstButton, std::int32_t count,
@@ -120,8 +134,7 @@ template <> void fill(StageSuite& suite) {
     enter<&StageSuite::NewDialog, &Dialogs::add>(suite);
     enter<&StageSuite::DisposeDialog, &Dialogs::remove>(suite);
     enter<&StageSuite::SetDialogFrame, &Dialogs::setFrame>(suite);
-    enter<&StageSuite::SetDialogWidget>(
-        suite, [](Dialog& dialog, const StageWidget& widget) { Dialogs::setWidget(dialog, widgetOf(widget)); });
+    enter<&StageSuite::SetDialogWidget, setDialogWidget>(suite);
     enter<&StageSuite::RemoveDialogWidget, Dialogs::removeWidget>(suite);
     enter<&StageSuite::SetDialogFocus, Dialogs::setFocus>(suite);
     enter<&StageSuite::GetDialogSelection, getDialogSelection>(suite);

@@ -47,7 +47,9 @@ enum { kStageLabel = 1, kStageTextField = 2, kStageCheckbox = 3, kStageButton = 
 enum { kStagePlainButton = 1, kStageDefaultButton = 2, kStageCancelButton = 3 };
 enum { kStageAlignLeft = 1, kStageAlignCenter = 2, kStageAlignRight = 3 };
 
-/* A widget, whole. Texts of labels are wrapped at the widget's width; other widgets have one line. */
+/* A widget, whole. Texts of labels are wrapped at the widget's width; other widgets have one line. In place of its text
+ * a label or a button may show PNG pictures among the plug-in's resources, by number, a pixel a point: one, another
+ * while the mouse pointer is over it, and another while its button is held down there. */
 typedef struct StageWidget {
     int32_t id;   /* the plug-in's own number for it, above 0 and of its own within the dialog */
     int32_t kind; /* kStageLabel ... */
@@ -59,9 +61,13 @@ typedef struct StageWidget {
     AIBoolean checked; /* of a checkbox */
     AIBoolean bold;
     AIBoolean italic;
+    int16_t image; /* 0 for none: the text shows, as where the resource is no picture */
+    int16_t rolloverImage;
+    int16_t pressedImage;
     int32_t alignment;      /* of a label's or a field's text */
     int32_t style;          /* of a button */
     int32_t linked;         /* the field that a label is for; 0 for none */
+    int32_t tabPlace;       /* of a field, which one the Tab key leads to: from 1; 0 for none. Plug-ins see to it */
     int32_t selectionStart; /* of a field's text, in characters; -1: as the user has it, at the end of another text */
     int32_t selectionEnd;
 } StageWidget;
@@ -151,8 +157,8 @@ typedef struct StageSuite {
     AIErr (*RunDialog)(StageDialogRef dialog);
     AIErr (*EndDialog)(StageDialogRef dialog);
     /* The size that fits the widget's text: its width on one line, and the height that it needs in its frame's width,
-     * or on one line where that is 0. */
-    AIErr (*GetFittingSize)(const StageWidget* widget, AIRealPoint* size);
+     * or on one line where that is 0. Of a picture, one of the plug-in's, its own size. */
+    AIErr (*GetFittingSize)(SPPluginRef self, const StageWidget* widget, AIRealPoint* size);
 } StageSuite;
 
 DESCRIBE_SUITE(StageSuite)

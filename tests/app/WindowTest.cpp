@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QDesktopServices>
 #include <QLineEdit>
+#include <QMenu>
 #include <QProgressBar>
 #include <QTextBrowser>
 #include <QToolButton>
@@ -159,6 +160,13 @@ TEST_F(WindowTest, TellsPluginsOfEveryKeyAndClick) {
                                   type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
                 QApplication::sendEvent(part(id), &event);
             }
+        // Neither the other button nor one let go elsewhere makes a click.
+        for (const auto& [button, place] :
+             {std::pair{Qt::RightButton, QPointF(5, 5)}, {Qt::LeftButton, QPointF(5, 500)}})
+            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+                QMouseEvent event(type, place, part(kStageLabel)->mapToGlobal(place), button, button, {});
+                QApplication::sendEvent(part(kStageLabel), &event);
+            }
         easel::session::Dialogs::end(dialog);
         key(shown, Qt::Key_Escape);
     });
@@ -206,6 +214,20 @@ TEST_F(WindowTest, ShowsDialogsOfPlugins) {
     const std::string file = desk::contents(folder.path("profile/Velloran/Ortholine 16/Preferences"));
     EXPECT_THAT(file, HasSubstr("\"xAxis\":138"));
     EXPECT_THAT(file, HasSubstr("\"autoConcat\":true"));
+}
+
+/// Two of them have one text.
+TEST_F(WindowTest, ChoosesMenuItemsByTheirGroup) {
+    std::vector<std::string> titles;
+    for (const char* const group : {"Velloran Plugins", "About Velloran Plugins"}) {
+        whenAsked<QDialog>([&](QDialog& dialog) {
+            titles.push_back(dialog.windowTitle().toStdString());
+            dialog.reject();
+        });
+        for (const QMenu* const menu : window->findChildren<QMenu*>())
+            if (menu->title() == group) menu->actions().front()->trigger();
+    }
+    EXPECT_THAT(titles, testing::ElementsAre("Ortholine Preferences", "About Ortholine"));
 }
 
 TEST_F(WindowTest, SaysWhyALayerTakesNoArt) {

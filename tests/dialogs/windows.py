@@ -33,7 +33,7 @@ def configuration(folder):
     return path
 
 
-KEYS = {"Return": "Return", "Escape": "Escape", "Tab": "Tab", "BackTab": "shift+Tab", "Delete": "BackSpace"}
+KEYS = {"BackTab": "shift+Tab", "Delete": "BackSpace"}  # others have the same name
 PAUSE = 0.12  # until the application has done what it was told to
 
 
@@ -109,7 +109,7 @@ class Application:
         time.sleep(PAUSE)
 
     def press(self, key):
-        self.tool("key", KEYS[key])
+        self.tool("key", KEYS.get(key, key))
 
     def click_at(self, place, times=1):
         self.tool("mousemove", str(place[0]), str(place[1]))

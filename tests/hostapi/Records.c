@@ -62,5 +62,5 @@ RECORD_SIZE(AIGrid, 16);
 RECORD_SIZE(AITextStyle, 24);
 RECORD_SIZE(AIPointText, 192);
 RECORD_SIZE(StageCursor, 48);
-RECORD_SIZE(StageWidget, 88);
+RECORD_SIZE(StageWidget, 96);
 RECORD_SIZE(StageDialogMessage, 72);

@@ -128,6 +128,17 @@ TEST_F(ProductDialogs, LookAsDesigned) {
                           "button Get Update 165,108,135 default true \n"));
 }
 
+TEST_F(ProductDialogs, ShowScriptsAllOfAWidget) {
+    server->setNewest("16.3");
+    EXPECT_EQ(played(kQuiet,
+                     "check(function (d) { d.widgets.forEach(function (w) {\n"
+                     "  print(w.bold, w.italic, w.alignment, w.selection, w.linked, w.tabPlace, w.images); });\n"
+                     "  d.close(); });"),
+              "true false left null null null null\nfalse false left null null null null\n"
+              "false false right 1,1 null 1 null\nfalse false left null null null null\n"
+              "false false left null null null null\nfalse false left null null null null\n");
+}
+
 TEST_F(ProductDialogs, TakeAxesAndSwitches) {
     constexpr const char* kX = "X (left) axis angle:";
     constexpr const char* kZ = "Z (right) axis angle:";

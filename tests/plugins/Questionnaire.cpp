@@ -37,19 +37,35 @@ class Questionnaire {
         zLabel_.setTextField(z_);
         xLabel_.setClickCallback(callback([this] { x_.focus(); }));
         xLabel_.setDoubleClickCallback(callback([] { say("double click"); }));
-        z_.setValueChangingCallback(callback([this] { say("typed " + z_.lastCharTyped() + ": " + z_.text()); }));
+        z_.setValueChangingCallback(callback([this] { say("typed " + keyName() + ": " + z_.text()); }));
         x_.setValueChangingCallback(callback([this] { acceptDigits(); }));
         z_.setValueChangedCallback(callback([this] { check(); }));
         x_.setValueChangedCallback(callback([this] { check(); }));
         box_.setClickCallback(callback([this] { toggle(); }));
         more_.setClickCallback(callback([this] { say("More " + texts()); }));
-        for (const Widget& widget :
-             {Widget(zLabel_), Widget(z_), Widget(xLabel_), Widget(x_), Widget(box_), Widget(more_)})
+        again_.setClickCallback(callback([] { say("Again"); }));
+        again_.setDoubleClickCallback(callback([] { say("Again, twice"); }));
+        again_.setText("Again");
+        again_.setImages(kKnife);
+        picture_.setText("Picture");
+        picture_.setClickCallback(callback([] { say("Picture"); }));
+        picture_.setDoubleClickCallback(callback([] { say("Picture, twice"); }));
+        for (const Widget& widget : {Widget(zLabel_), Widget(z_), Widget(xLabel_), Widget(x_), Widget(box_),
+                                     Widget(more_), Widget(again_), Widget(picture_)})
             dialog_.addWidget(widget);
         dialog_.setTabOrder({z_, x_});
     }
 
     [[nodiscard]] std::string texts() const { return z_.text() + " " + x_.text(); }
+
+    /// Keys without a character by their number.
+    [[nodiscard]] std::string keyName() const {
+        const std::string typed = z_.lastCharTyped();
+        if (typed.size() != 3 || typed[0] != '\xEF') return typed;
+        constexpr const char* kDigits = "0123456789ABCDEF";
+        const auto low = static_cast<unsigned char>(typed[2]) & 0x3FU;
+        return std::string("F7") + kDigits[low >> 4U] + kDigits[low & 0xFU];
+    }
 
     void show() {
         z_.setText("30");
@@ -91,6 +107,9 @@ class Questionnaire {
     TextField x_{{136, 40}, "", 80};
     Checkbox box_{{16, 66}, "Lock X", 208, CheckboxState::Unchecked};
     Button more_{{16, 90}, "More", 80};
+    static constexpr WidgetImages kKnife{17000, 17010, 17002};
+    Button again_{{104, 90}, "", 24};
+    Label picture_{{136, 90}, kKnife};
     std::string lastGood_ = "7";
 };
 

@@ -74,7 +74,26 @@ std::int32_t lineCount(std::string_view text, std::int32_t charactersALine) {
 
 } // namespace
 
-AIRealPoint fittingSize(const Widget& widget) {
+std::optional<AIRealPoint> imageSize(const Plugin& plugin, std::int16_t number) {
+    constexpr std::string_view kStart("\x89PNG\r\n\x1A\n\0\0\0\rIHDR", 16); // the width and the height follow
+    std::string bytes;
+    try {
+        bytes = resource(plugin, "png", number);
+    } catch (const HostError&) {
+        return std::nullopt;
+    }
+    const auto numberAt = [&](std::size_t at) {
+        double value = 0;
+        for (const char byte : bytes.substr(at, 4)) value = value * 256 + static_cast<unsigned char>(byte);
+        return value;
+    };
+    if (!bytes.starts_with(kStart) || bytes.size() < kStart.size() + 8) return std::nullopt;
+    return AIRealPoint{numberAt(kStart.size()), numberAt(kStart.size() + 4)};
+}
+
+AIRealPoint fittingSize(const Plugin& plugin, const Widget& widget) {
+    const bool isPicture = widget.image != 0 && (widget.kind == kStageLabel || widget.kind == kStageButton);
+    if (const auto size = isPicture ? imageSize(plugin, widget.image) : std::nullopt) return *size;
     const double character = widget.bold ? 7 : 6.5;
     const double text = character * length(widget.text);
     constexpr double kLine = 17;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "hostapi/StageSuite.h"
 #include "session/base/Handles.h"
 #include "session/frame/Messenger.h"
+#include "session/frame/Plugins.h"
 
 namespace easel::session {
 
@@ -35,15 +37,22 @@ struct Widget {
     bool checked = false;
     bool bold = false;
     bool italic = false;
+    std::int16_t image = 0; ///< a resource of the plug-in's, to be shown in place of the text; 0 for none
+    std::int16_t rolloverImage = 0;
+    std::int16_t pressedImage = 0;
     std::int32_t alignment = kStageAlignLeft;
     std::int32_t style = kStagePlainButton;
     std::int32_t linked = 0;
+    std::int32_t tabPlace = 0;       ///< of a field, from 1
     std::int32_t selectionStart = 0; ///< characters
     std::int32_t selectionEnd = 0;
 };
 
-/// The size that fits the text of a widget, at an average width of characters.
-[[nodiscard]] AIRealPoint fittingSize(const Widget& widget);
+/// The size of a PNG picture among the plug-in's resources, a pixel a point; nothing where there is no such picture.
+[[nodiscard]] std::optional<AIRealPoint> imageSize(const Plugin& plugin, std::int16_t number);
+
+/// The size that fits the text of the plug-in's widget, at an average width of characters, or its picture.
+[[nodiscard]] AIRealPoint fittingSize(const Plugin& plugin, const Widget& widget);
 
 struct Dialog {
     StageDialogRef handle = nullptr;

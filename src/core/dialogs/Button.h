@@ -1,4 +1,4 @@
-// A titled push button in a dialog.
+// A push button in a dialog, with a title or a picture.
 #pragma once
 
 #include "core/dialogs/Widget.h"
@@ -12,9 +12,12 @@ class Button : public Widget {
     Button() = default; ///< empty
     using Widget::Widget;
     Button(const Point& origin, const std::string& text, double width);
+    Button(const Point& origin, const WidgetImages& images); ///< as large as the normal one
 
     [[nodiscard]] ButtonStyle style() const; ///< Plain at first
     void setStyle(ButtonStyle style);
+    [[nodiscard]] WidgetImages images() const;
+    void setImages(const WidgetImages& images); ///< in place of the title, which then is for who hears the window read
 
     [[nodiscard]] Callback* clickCallback() const;
     void setClickCallback(const Callback& callback);

@@ -1,4 +1,4 @@
-// Text in a dialog that the user cannot change.
+// Text or a picture in a dialog that the user cannot change.
 #pragma once
 
 #include "core/dialogs/Widget.h"
@@ -14,7 +14,10 @@ class Label : public Widget {
     Label() = default; ///< empty
     using Widget::Widget;
     Label(const Point& origin, const std::string& text, double width);
+    Label(const Point& origin, const WidgetImages& images); ///< as large as the normal one
 
+    [[nodiscard]] WidgetImages images() const;
+    void setImages(const WidgetImages& images); ///< in place of the text, which then is for who hears the window read
     void setBold(bool bold);
     void setItalic(bool italic);
     void setAlignment(TextAlignment alignment);
@@ -23,7 +26,7 @@ class Label : public Widget {
 
     [[nodiscard]] Callback* clickCallback() const;
     void setClickCallback(const Callback& callback);
-    [[nodiscard]] Callback* doubleClickCallback() const; // after that of the clicks
+    [[nodiscard]] Callback* doubleClickCallback() const; // in place of the second click's
     void setDoubleClickCallback(const Callback& callback);
 };
 

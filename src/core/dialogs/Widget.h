@@ -19,7 +19,8 @@ class ModalDialog;
 extern template class Handle<plugin::Widget>;
 
 /// Places and sizes are points from the top left corner of the dialog's content, y down. Texts are UTF-8; of a very
-/// long one the beginning is kept, and control characters become blanks. Empty handles do nothing and return false, 0,
+/// long one the beginning is kept, and control characters become blanks. Places and sizes that are not finite change
+/// nothing. Empty handles do nothing and return false, 0,
 /// empty texts or null.
 class Widget : public Handle<plugin::Widget> {
   public:

@@ -17,6 +17,8 @@ void store(Impl* impl, CallbackSlot Impl::*slot, const Callback& callback) {
     if (impl) (impl->*slot).set(callback);
 }
 
+WidgetImages imagesOf(const Impl* impl) { return impl ? impl->state().images : WidgetImages(); }
+
 void link(Impl* label, Impl* field) {
     if (label) label->linked = field ? field->weak_from_this() : std::weak_ptr<Impl>();
     if (field && label) field->linked = label->weak_from_this();
@@ -65,6 +67,10 @@ Widget Widget::lastClickedWidget() { return Widget(plugin::lastWidgets().clicked
 Label::Label(const Point& origin, const std::string& text, double width)
     : Widget(WidgetType::Label, origin, text, width) {}
 
+Label::Label(const Point& origin, const WidgetImages& images) : Label(origin, "", 0) { setImages(images); }
+
+WidgetImages Label::images() const { return imagesOf(impl()); }
+void Label::setImages(const WidgetImages& images) { ask(impl(), &Impl::setImages, images); }
 void Label::setBold(bool bold) { ask(impl(), &Impl::setBold, bold); }
 void Label::setItalic(bool italic) { ask(impl(), &Impl::setItalic, italic); }
 void Label::setAlignment(TextAlignment alignment) { ask(impl(), &Impl::setAlignment, alignment); }
@@ -111,6 +117,10 @@ void Checkbox::click() { ask(impl(), &Impl::click); }
 Button::Button(const Point& origin, const std::string& text, double width)
     : Widget(WidgetType::Button, origin, text, width) {}
 
+Button::Button(const Point& origin, const WidgetImages& images) : Button(origin, "", 0) { setImages(images); }
+
+WidgetImages Button::images() const { return imagesOf(impl()); }
+void Button::setImages(const WidgetImages& images) { ask(impl(), &Impl::setImages, images); }
 ButtonStyle Button::style() const { return impl() ? impl()->state().style : ButtonStyle::Plain; }
 void Button::setStyle(ButtonStyle style) { ask(impl(), &Impl::setStyle, style); }
 Callback* Button::clickCallback() const { return stored(impl(), &Impl::clicked); }

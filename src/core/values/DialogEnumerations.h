@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace kzo::core {
 
@@ -20,6 +21,16 @@ struct SelectionRange {
     std::size_t end = 0;
 
     bool operator==(const SelectionRange&) const = default;
+};
+
+/// Pictures that a label or a button shows in place of its text: PNG resources of the plug-in, a pixel a point, with
+/// those for dense displays beside them (17000.png, 17000@2x.png). 0: as the normal one.
+struct WidgetImages {
+    std::int16_t normal = 0;   ///< 0: none, the text shows
+    std::int16_t rollover = 0; ///< while the pointer is over the widget
+    std::int16_t pressed = 0;  ///< while the mouse button is held down on it
+
+    bool operator==(const WidgetImages&) const = default;
 };
 
 } // namespace kzo::core

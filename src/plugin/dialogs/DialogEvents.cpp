@@ -101,9 +101,9 @@ void ModalDialog::pressed(Widget& button) {
     if (closes) dismiss();
 }
 
-/// Whoever clicks a button fast that makes nothing of it has clicked it again.
+/// Whoever clicks something fast that makes nothing of it has clicked it again.
 void ModalDialog::doubleClicked(Widget& widget) {
-    if (widget.is(WidgetType::Button) && !widget.doubleClicked.get()) return pressed(widget);
+    if (!widget.doubleClicked.get()) return clicked(widget, widget.state().checked);
     lastWidgets().clicked = widget.weak_from_this();
     widget.doubleClicked.run();
 }
@@ -152,15 +152,21 @@ std::shared_ptr<Widget> ModalDialog::buttonOf(ButtonStyle style) const {
 ModalDialog::Widgets ModalDialog::fieldsInOrder() const {
     Widgets fields = tabOrder_.empty() ? widgets_ : tabOrder_;
     std::erase_if(fields, [this](const auto& widget) {
-        return !widget->is(WidgetType::TextField) || !widget->canBeUsed() || widget->window_.lock().get() != this;
+        return !widget->is(WidgetType::TextField) || widget->window_.lock().get() != this;
     });
+    return fields;
+}
+
+ModalDialog::Widgets ModalDialog::usableFields() const {
+    Widgets fields = fieldsInOrder();
+    std::erase_if(fields, [](const auto& widget) { return !widget->canBeUsed(); });
     return fields;
 }
 
 WidgetId ModalDialog::focusAtFirst() const {
     const auto wanted = wantsFocus_ ? find(*wantsFocus_) : nullptr;
     if (wantsFocus_ == kNoWidget || (wanted && wanted->canBeUsed())) return *wantsFocus_;
-    const Widgets fields = fieldsInOrder();
+    const Widgets fields = usableFields();
     return fields.empty() ? kNoWidget : fields.front()->handle();
 }
 
@@ -184,7 +190,7 @@ void ModalDialog::focusMoved(WidgetId id) {
 }
 
 void ModalDialog::focusNext(int step) {
-    const Widgets fields = fieldsInOrder();
+    const Widgets fields = usableFields();
     if (fields.empty()) return;
     const auto count = static_cast<int>(fields.size());
     const auto at = std::find_if(fields.begin(), fields.end(), [this](const auto& it) { return it->hasFocus(); });

@@ -2,6 +2,7 @@
 #include "plugin/dialogs/ModalDialog.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "plugin/dialogs/Text.h"
@@ -15,11 +16,17 @@ constexpr double kMargin = 8;       // below the lowest widget
 constexpr double kStripMargin = 12; // around the dialog's own buttons
 constexpr double kButtonWidth = 80; // at least
 
+/// A size that a window can have.
+geo::Size usable(const geo::Size& size) {
+    const auto length = [](double value) { return std::isfinite(value) ? std::max(0., value) : 0; };
+    return {length(size.width), length(size.height)};
+}
+
 } // namespace
 
 // Life
 
-ModalDialog::ModalDialog(std::string title, const geo::Size& size) : title_(std::move(title)), size_(size) {
+ModalDialog::ModalDialog(std::string title, const geo::Size& size) : title_(std::move(title)), size_(usable(size)) {
     if (!all_) all_ = new std::vector<ModalDialog*>;
     all_->push_back(this);
 }
@@ -122,7 +129,7 @@ void ModalDialog::setTitle(const std::string& title) {
 }
 
 void ModalDialog::setSize(const geo::Size& size) {
-    size_ = size;
+    size_ = usable(size);
     update();
 }
 
@@ -149,6 +156,11 @@ void ModalDialog::remove(const Widget& widget) {
     if (isLeft) report(*held);
 }
 
+void ModalDialog::setTabOrder(const Widgets& fields) {
+    tabOrder_ = fields;
+    update();
+}
+
 void ModalDialog::update() {
     if (!window_) return;
     placeOwnButtons();
@@ -171,8 +183,13 @@ void ModalDialog::widgetChanged(Widget& widget) {
 void ModalDialog::handOver(Widget& widget) const {
     WidgetState state = widget.state();
     state.frame.size.height = shownHeight(widget);
+    for (std::int16_t* image : {&state.images.rollover, &state.images.pressed})
+        if (*image == 0 || state.images.normal == 0) *image = state.images.normal;
     if (const auto field = widget.linked.lock(); field && widget.is(core::WidgetType::Label))
         state.linked = field->handle();
+    const Widgets fields = fieldsInOrder();
+    const auto place = std::find_if(fields.begin(), fields.end(), [&](const auto& it) { return it.get() == &widget; });
+    if (place != fields.end()) state.tabPlace = static_cast<std::int32_t>(place - fields.begin()) + 1;
     widget.state_.selection.reset(); // from now on it is the user's
     window_->setWidget(widget.handle(), state);
 }
@@ -183,7 +200,7 @@ void ModalDialog::handOver(Widget& widget) const {
 double ModalDialog::shownHeight(const Widget& widget) const {
     const geo::Rect& frame = widget.state().frame;
     double height = frame.size.height;
-    if (!widget.is(core::WidgetType::Label) || widget.heightSet_) return height;
+    if (!widget.is(core::WidgetType::Label) || widget.heightSet_ || widget.state().images.normal != 0) return height;
     for (const auto& other : widgets_) {
         const geo::Rect& next = other->state().frame;
         const double room = next.origin.y - frame.origin.y;

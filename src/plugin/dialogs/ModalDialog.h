@@ -46,7 +46,7 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     void add(const std::shared_ptr<Widget>& widget); ///< takes it from the dialog that it was in
     void remove(const Widget& widget);
     [[nodiscard]] const Widgets& tabOrder() const { return tabOrder_; }
-    void setTabOrder(const Widgets& fields) { tabOrder_ = fields; } ///< empty: all fields, as they were added
+    void setTabOrder(const Widgets& fields); ///< empty: all fields, as they were added
     [[nodiscard]] const std::shared_ptr<Widget>& okButton() const { return ok_.widget; }
     [[nodiscard]] const std::shared_ptr<Widget>& cancelButton() const { return cancel_.widget; }
     void update(); ///< shows everything again
@@ -92,6 +92,7 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     [[nodiscard]] std::shared_ptr<Widget> find(WidgetId id) const;
     [[nodiscard]] std::shared_ptr<Widget> buttonOf(core::ButtonStyle style) const;
     [[nodiscard]] Widgets fieldsInOrder() const;
+    [[nodiscard]] Widgets usableFields() const;  ///< in order
     [[nodiscard]] WidgetId focusAtFirst() const; ///< when it opens
     void setFocus(WidgetId id);
     void focusMoved(WidgetId id);

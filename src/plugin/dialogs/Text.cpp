@@ -40,6 +40,7 @@ bool isControl(std::string_view character) {
 std::string cleaned(std::string_view text, LineBreaks breaks, std::size_t most) {
     std::string clean;
     std::size_t lastStart = 0;
+    std::size_t lines = breaks == LineBreaks::Stay ? kMostLines : 1; // that are left
     for (std::size_t count = 0; !text.empty(); ++count) {
         if (count == most) return clean.substr(0, lastStart) + std::string(kEllipsis);
         lastStart = clean.size();
@@ -47,7 +48,7 @@ std::string cleaned(std::string_view text, LineBreaks breaks, std::size_t most) 
         const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
         if (length == 0)
             clean += kReplacement;
-        else if (isControl(character) && !(character == "\n" && breaks == LineBreaks::Stay))
+        else if (isControl(character) && !(character == "\n" && lines > 1 && lines-- > 0))
             clean += ' ';
         else
             clean += character;

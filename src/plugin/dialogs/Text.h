@@ -13,6 +13,7 @@ enum class LineBreaks { Stay, BecomeBlanks };
 /// characters, the last of which is then an ellipsis.
 [[nodiscard]] std::string cleaned(std::string_view text, LineBreaks breaks, std::size_t most);
 
+inline constexpr std::size_t kMostLines = 30;      ///< further line breaks are blanks
 inline constexpr std::size_t kMostInWidget = 1000; ///< characters
 inline constexpr std::size_t kMostInAlert = 2000;
 inline constexpr std::size_t kMostInTitle = 200; ///< of windows and buttons

@@ -2,6 +2,7 @@
 #include "plugin/dialogs/Widget.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/dialogs/Text.h"
@@ -12,6 +13,13 @@ namespace kzo::plugin {
 namespace {
 
 WidgetId lastId = kNoWidget;
+
+bool isFinite(const geo::Point& place) { return std::isfinite(place.x) && std::isfinite(place.y); }
+
+std::size_t characterCount(const std::string& text) {
+    return static_cast<std::size_t>(std::count_if(
+        text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; }));
+}
 
 std::string cleanedFor(core::WidgetType type, const std::string& text) {
     const bool isLabel = type == core::WidgetType::Label;
@@ -29,7 +37,7 @@ LastWidgets& lastWidgets() {
 Widget::Widget(core::WidgetType type, const geo::Point& origin, const std::string& text, double width)
     : id_(++lastId), reported_(cleanedFor(type, text)) {
     state_.type = type;
-    state_.frame = {origin, {width, 0}};
+    state_.frame = {isFinite(origin) ? origin : geo::Point(), {std::isfinite(width) ? width : 0, 0}};
     state_.text = reported_;
     fitHeight();
 }
@@ -51,13 +59,17 @@ void Widget::fitHeight() {
 }
 
 void Widget::setFrame(const geo::Rect& frame) {
+    if (!isFinite(frame.origin) || !isFinite({frame.size.width, frame.size.height})) return;
     heightSet_ = true;
     change(state_.frame, frame);
 }
 
-void Widget::setOrigin(const geo::Point& origin) { change(state_.frame.origin, origin); }
+void Widget::setOrigin(const geo::Point& origin) {
+    if (isFinite(origin)) change(state_.frame.origin, origin);
+}
 
 void Widget::setWidth(double width) {
+    if (!std::isfinite(width)) return;
     state_.frame.size.width = width;
     fitHeight();
     tell();
@@ -100,8 +112,17 @@ void Widget::setItalic(bool italic) { change(state_.italic, italic); }
 void Widget::setAlignment(core::TextAlignment alignment) { change(state_.alignment, alignment); }
 void Widget::setStyle(core::ButtonStyle style) { change(state_.style, style); }
 
+void Widget::setImages(const core::WidgetImages& images) {
+    state_.images = images;
+    if (state_.frame.size.width == 0) state_.frame.size.width = idealSize().width;
+    fitHeight();
+    tell();
+}
+
 void Widget::setSelection(const core::SelectionRange& selection) {
-    state_.selection = core::SelectionRange{selection.start, std::max(selection.start, selection.end)};
+    const std::size_t end = characterCount(state_.text);
+    const std::size_t start = std::min(selection.start, end);
+    state_.selection = core::SelectionRange{start, std::clamp(selection.end, start, end)};
     tell();
 }
 
@@ -139,10 +160,9 @@ void Widget::click() {
     const auto dialog = window_.lock();
     if (!canBeUsed() || is(core::WidgetType::TextField)) return;
     if (is(core::WidgetType::Checkbox)) setChecked(!state_.checked);
-    if (dialog)
-        dialog->clicked(*this, state_.checked);
-    else
-        clicked.run();
+    if (dialog) return dialog->clicked(*this, state_.checked);
+    lastWidgets().clicked = weak_from_this();
+    clicked.run();
 }
 
 } // namespace kzo::plugin

@@ -37,6 +37,7 @@ class Widget : public std::enable_shared_from_this<Widget> {
     void setItalic(bool italic);
     void setAlignment(core::TextAlignment alignment);
     void setStyle(core::ButtonStyle style);
+    void setImages(const core::WidgetImages& images); ///< takes their size, as far as none was given
     void setSelection(const core::SelectionRange& selection);
     [[nodiscard]] core::SelectionRange selection() const; ///< as the user has it
     [[nodiscard]] geo::Size idealSize() const;

@@ -29,7 +29,9 @@ struct WidgetState {
     bool italic = false;
     core::TextAlignment alignment = core::TextAlignment::Left;
     core::ButtonStyle style = core::ButtonStyle::Plain;
+    core::WidgetImages images;                     ///< of a label or button, all of them given or none
     WidgetId linked = kNoWidget;                   ///< the field that a label is for
+    std::int32_t tabPlace = 0;                     ///< of a field, from 1, whether it can be used now or not
     std::optional<core::SelectionRange> selection; ///< of a field; none: as the user has it
 };
 
@@ -87,7 +89,7 @@ class Windows {
     /// Null where no window can be had.
     [[nodiscard]] virtual std::unique_ptr<Window> make(WindowOwner& owner) = 0;
     /// The width that the text takes on one line, with what is around it, and the height that it needs in the width of
-    /// its frame; on one line where that is 0.
+    /// its frame; on one line where that is 0. Of a picture its own size. A picture that cannot be had does not count.
     [[nodiscard]] virtual geo::Size fittingSize(const WidgetState& state) const = 0;
     [[nodiscard]] virtual double brightness() const = 0; ///< of the interface, 0 dark to 1 light
     /// What the host tells of a window, by its message's record; for windows that the host shows.

@@ -2,6 +2,10 @@
 // What a user's doings lead to is in tests/dialogs/scenarios.txt.
 #include <gmock/gmock.h>
 
+#include <boost/algorithm/string/replace.hpp>
+
+#include <cmath>
+
 #include "core/app/Plugin.h"
 #include "core/dialogs/Alerts.h"
 #include "core/dialogs/Checkbox.h"
@@ -9,6 +13,7 @@
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Timer.h"
 #include "core/frame/Tool.h"
+#include "places/Places.h"
 #include "support/Desk.h"
 
 namespace {
@@ -99,6 +104,7 @@ TEST_F(Dialogs, ShowTextsCutAndCleaned) {
         {"cut \xE2\x82", "cut \xEF\xBF\xBD\xEF\xBF\xBD"},
         {"\xC0\xAF over\xED\xA0\x80", "\xEF\xBF\xBD\xEF\xBF\xBD over\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD"},
         {"turned \xE2\x80\xAE", "turned  "},
+        {std::string(40, '\n') + "end", std::string(29, '\n') + std::string(11, ' ') + "end"},
         {std::string(10000, 'x'), std::string(999, 'x') + "\xE2\x80\xA6"},
     };
     desk.inMessage([&] {
@@ -106,7 +112,7 @@ TEST_F(Dialogs, ShowTextsCutAndCleaned) {
             EXPECT_EQ(Label({0, 0}, text, 100).text(), clean);
             TextField field({0, 0}, "", 100);
             field.setText(text);
-            EXPECT_EQ(field.text(), clean == "two\nlines" ? "two lines" : clean);
+            EXPECT_EQ(field.text(), boost::replace_all_copy(clean, "\n", " "));
             if (text.size() > 1000) continue;
             alerts::message(text);
             EXPECT_EQ(said.back(), clean);
@@ -244,6 +250,60 @@ TEST_F(Dialogs, KeepWhatTheyAreTold) {
     ModalDialog().show();
     Widget().focus();
     EXPECT_EQ(Widget().type(), WidgetType::None);
+}
+
+TEST_F(Dialogs, ShowPicturesInPlaceOfTexts) {
+    desk.expectReports();
+    desk.inMessage([&] {
+        desk.product().filePath = ORTHOLINE_BUNDLE; // where 17000.png has 24 x 24 pixels
+        ModalDialog dialog("Pictures", {100, 50});
+        const WidgetImages images{17000, 17002, 0};
+        Label label({10, 10}, images);
+        Button button({40, 10}, "Go", 50);
+        const Button missing({10, 40}, WidgetImages{999});
+        EXPECT_EQ(label.images(), images);
+        EXPECT_EQ(label.frame(), Rect(10, 10, 24, 24));
+        button.setImages({17010});
+        EXPECT_EQ(button.frame(), Rect(40, 10, 50, 24)) << "the width was given";
+        for (const Widget& each : {Widget(label), Widget(button), Widget(missing)}) dialog.addWidget(each);
+        user = [&](auto& open) {
+            const auto shownImages = [&](std::size_t at) {
+                const auto& each = open.widgets[at];
+                return std::vector<int>{each.image, each.rolloverImage, each.pressedImage};
+            };
+            EXPECT_THAT(shownImages(0), ElementsAre(17000, 17002, 17000));
+            EXPECT_THAT(shownImages(1), ElementsAre(17010, 17010, 17010));
+            button.setImages({});
+            EXPECT_THAT(shownImages(1), ElementsAre(0, 0, 0));
+            EXPECT_EQ(button.frame(), Rect(40, 10, 50, 26));
+        };
+        dialog.show();
+        EXPECT_EQ(button.text(), "Go");
+    });
+    const auto& lines = desk.session().reports.lines();
+    ASSERT_EQ(lines.size(), 1U);
+    EXPECT_THAT(lines[0], testing::HasSubstr("dialog \"Pictures\": resource 999.png is missing or no picture"));
+}
+
+TEST_F(Dialogs, IgnorePlacesThatAreNone) {
+    const double none = std::nan("");
+    desk.inMessage([&] {
+        Label label({none, 1}, "Text", none);
+        EXPECT_EQ(label.frame(), Rect(0, 0, 0, 17));
+        label.setFrame({1, 2, 30, 40});
+        label.setFrame({1, none, 30, 40});
+        label.setOrigin({INFINITY, 0});
+        label.setWidth(none);
+        label.setHeight(-INFINITY);
+        label.offset(none, 1);
+        EXPECT_EQ(label.frame(), Rect(1, 2, 30, 40));
+        EXPECT_EQ(ModalDialog("Odd", {-5, none}).size(), Size(0, 0));
+        TextField field({0, 0}, "\xC3\xA9t\xC3\xA9", 50);
+        field.setSelectionRange({2, 9});
+        EXPECT_EQ(field.selectionRange(), (SelectionRange{2, 3}));
+        field.setSelectionRange({7, 1});
+        EXPECT_EQ(field.selectionRange(), (SelectionRange{3, 3}));
+    });
 }
 
 TEST_F(Dialogs, EndInOddMoments) {

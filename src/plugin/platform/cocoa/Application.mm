@@ -1,5 +1,10 @@
 #include "plugin/platform/cocoa/Application.h"
 
+#ifndef __APPLE__
+#include <csignal>
+#include <iterator>
+#endif
+
 #include "plugin/platform/cocoa/Compat.h"
 
 namespace kzo::plugin::cocoa {
@@ -19,6 +24,23 @@ NSDictionary* defaults() {
                                                       @"Super_R", @"GSSecondControlKey", nil];
 }
 
+/// What the host does on signals stays its own: GNUstep's window back end puts handlers in their place.
+class KeptSignals {
+  public:
+    KeptSignals() {
+        for (std::size_t i = 0; i < std::size(kNumbers); ++i) sigaction(kNumbers[i], nullptr, &kept_[i]);
+    }
+    ~KeptSignals() {
+        for (std::size_t i = 0; i < std::size(kNumbers); ++i) sigaction(kNumbers[i], &kept_[i], nullptr);
+    }
+    KeptSignals(const KeptSignals&) = delete;
+    KeptSignals& operator=(const KeptSignals&) = delete;
+
+  private:
+    static constexpr int kNumbers[] = {SIGHUP, SIGINT, SIGTERM};
+    struct sigaction kept_[std::size(kNumbers)] = {};
+};
+
 } // namespace
 
 #endif
@@ -26,6 +48,7 @@ NSDictionary* defaults() {
 bool ensureApplication() {
     if (NSApp) return true;
 #ifndef __APPLE__
+    const KeptSignals kept;
     const bool made = guarded([] {
         static char name[] = "host"; // with the real arguments, files among them would be opened
         static char* arguments[] = {name, nullptr};

@@ -26,7 +26,12 @@ class CocoaWindows final : public Windows {
     [[nodiscard]] geo::Size fittingSize(const WidgetState& state) const override {
         using core::WidgetType;
         geo::Size text;
-        guarded([&] { text = textSize(state); });
+        NSSize picture = NSZeroSize;
+        guarded([&] {
+            text = textSize(state);
+            if (NSImage* const image = imageOf(state)) picture = [image size];
+        });
+        if (picture.width > 0) return {picture.width, picture.height};
         switch (state.type) {
         case WidgetType::TextField: return {text.width + 8, 22};
         case WidgetType::Checkbox: return {text.width + 24, 18};

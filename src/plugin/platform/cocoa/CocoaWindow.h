@@ -1,6 +1,7 @@
 // A window of AppKit.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -35,12 +36,14 @@ class CocoaWindow final : public Window, private Listener {
     void tell(const WindowEvent& event);
     [[nodiscard]] NSControl* control(WidgetId id) const;
     [[nodiscard]] NSControl* newControl(const WidgetState& state);
+    [[nodiscard]] NSControl* controlFor(WidgetId id, const WidgetState& state);
+    void showImages(NSControl* control, const WidgetState& state);
     void setText(NSControl* control, const WidgetState& state);
     void lookAtFocus();
     [[nodiscard]] NSText* editorOf(NSControl* control) const;
     [[nodiscard]] WidgetId focused() const;
     void paint(double brightness);
-    void loop();
+    void loop(NSModalSession session);
     void printPlaces() const;
 
     WindowOwner& owner_;
@@ -48,6 +51,8 @@ class CocoaWindow final : public Window, private Listener {
     KZO_CLASS(Panel) * panel_;
     WidgetId focused_ = kNoWidget; ///< as the owner knows it
     std::string lastTyped_;
+    bool keyWaits_ = false; ///< a key that changes no text by itself is being handled
+    std::map<WidgetId, core::WidgetImages> shownImages_;
     bool typing_ = false;                                  ///< its owner hears of a keystroke
     std::optional<std::pair<WidgetId, std::string>> late_; ///< a field's new text, for after the keystroke
     bool stopped_ = false;
@@ -55,5 +60,7 @@ class CocoaWindow final : public Window, private Listener {
 };
 
 [[nodiscard]] NSFont* fontOf(const WidgetState& state);
+/// The picture that stands for the widget's text; nil where it has none, or none that can be had.
+[[nodiscard]] NSImage* imageOf(const WidgetState& state);
 
 } // namespace kzo::plugin::cocoa

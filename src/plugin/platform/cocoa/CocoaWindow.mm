@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "hostapi/SPPluginsSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/platform/Background.h"
 #include "plugin/platform/Platform.h"
@@ -16,6 +17,9 @@ namespace {
 using core::WidgetType;
 
 constexpr double kFontSize = 12;
+constexpr double kLeastFontSize = 9;
+constexpr double kBesideCheckbox = 24; // the box, and a gap
+constexpr double kBesideTitle = 16;    // the ends of a button
 
 NSRect rectOf(const geo::Rect& frame) {
     return NSMakeRect(frame.origin.x, frame.origin.y, frame.size.width, frame.size.height);
@@ -59,6 +63,30 @@ std::string typedBy(NSEvent* event) {
     return first == 0x08 || first == 0x7F || first == kForwardDelete ? "\x7f" : fromCocoa(typed);
 }
 
+/// Whether pressing the key may leave the text of a field as it is, and is told all the same.
+bool mayChangeNothing(NSEvent* event, const std::string& typed) {
+    NSString* const characters = [event characters];
+    const unichar first = [characters length] == 1 ? [characters characterAtIndex:0] : 0;
+    const bool isFunctionKey = first >= 0xF700 && first <= 0xF8FF;
+    return typed == "\x7f" || isFunctionKey;
+}
+
+/// The picture of this number among the plug-in's resources, a pixel a point; nil where there is none.
+NSImage* resourceImage(std::int16_t number) {
+    if (number == 0) return nil;
+    const auto bundle = host::get<&SPPluginsSuite::GetPluginFilePath, std::string>(host::self);
+    const std::string file = bundle + "/Contents/Resources/" + std::to_string(number) + ".png";
+    NSImage* const image = [[[NSImage alloc] initWithContentsOfFile:toCocoa(file)] autorelease];
+    NSSize size = NSZeroSize; // of the picture for displays of the least resolution
+    NSEnumerator* const pictures = [[image representations] objectEnumerator];
+    while (NSImageRep* const picture = [pictures nextObject])
+        if (size.width == 0 || [picture pixelsWide] < size.width)
+            size = NSMakeSize([picture pixelsWide], [picture pixelsHigh]);
+    if (size.width == 0) return nil;
+    [image setSize:size];
+    return image;
+}
+
 void replaceText(NSText* editor, NSString* text) {
     [editor setString:text];
     [editor setSelectedRange:NSMakeRange([text length], 0)];
@@ -71,6 +99,11 @@ NSFont* fontOf(const WidgetState& state) {
     return state.italic ? [[NSFontManager sharedFontManager] convertFont:font toHaveTrait:NSItalicFontMask] : font;
 }
 
+NSImage* imageOf(const WidgetState& state) {
+    const bool mayHave = state.type == WidgetType::Label || state.type == WidgetType::Button;
+    return mayHave ? resourceImage(state.images.normal) : nil;
+}
+
 CocoaWindow::CocoaWindow(WindowOwner& owner) : owner_(owner) {
     delegate_ = [[KZO_CLASS(Delegate) alloc] initWithListener:this];
     panel_ = [[KZO_CLASS(Panel) alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
@@ -78,6 +111,7 @@ CocoaWindow::CocoaWindow(WindowOwner& owner) : owner_(owner) {
                                                    backing:NSBackingStoreBuffered
                                                      defer:NO];
     [panel_ setReleasedWhenClosed:NO];
+    [panel_ setAcceptsMouseMovedEvents:YES]; // pictures change under the pointer
     [panel_ setDelegate:(id)delegate_];
     [panel_ setListener:this];
     NSView* const content = [[KZO_CLASS(Content) alloc] initWithFrame:NSMakeRect(0, 0, 100, 100)];
@@ -108,6 +142,13 @@ NSControl* CocoaWindow::control(WidgetId id) const { return (NSControl*)[[panel_
 
 NSControl* CocoaWindow::newControl(const WidgetState& state) {
     const NSRect frame = rectOf(state.frame);
+    if (imageOf(state)) {
+        KZO_CLASS(Picture)* const picture = [[KZO_CLASS(Picture) alloc] initWithFrame:frame];
+        [[picture cell] setRefusesFirstResponder:YES];
+        [picture setTarget:delegate_];
+        [picture setAction:@selector(clicked:)];
+        return picture;
+    }
     if (state.type == WidgetType::Label) {
         KZO_CLASS(Text)* const label = [[KZO_CLASS(Text) alloc] initWithFrame:frame];
         [label setListener:this];
@@ -130,19 +171,62 @@ NSControl* CocoaWindow::newControl(const WidgetState& state) {
     if (state.type == WidgetType::Button) [button setBezelStyle:NSBezelStyleRounded];
     [[button cell] setRefusesFirstResponder:YES]; // the field that is edited keeps the focus
     [button setTarget:delegate_];
-    [button setAction:@selector(clicked:)];
+    [button setAction:state.type == WidgetType::Checkbox ? @selector(checked:) : @selector(clicked:)];
     return button;
 }
 
+/// The widget's control, made where there is none yet, and anew where a picture takes the place of a text.
+NSControl* CocoaWindow::controlFor(WidgetId id, const WidgetState& state) {
+    NSControl* const known = control(id);
+    const bool wasPicture = [known isKindOfClass:[KZO_CLASS(Picture) class]];
+    if (known && (state.images == shownImages_[id] || wasPicture == (imageOf(state) != nil))) return known;
+    [known removeFromSuperview];
+    shownImages_.erase(id);
+    NSControl* const made = [newControl(state) autorelease];
+    [made setTag:id];
+    [[panel_ contentView] addSubview:made];
+    return made;
+}
+
+void CocoaWindow::showImages(NSControl* control, const WidgetState& state) {
+    core::WidgetImages& shown = shownImages_[static_cast<WidgetId>([control tag])];
+    if (shown == state.images) return;
+    shown = state.images;
+    if (![control isKindOfClass:[KZO_CLASS(Picture) class]]) return;
+    NSImage* const normal = imageOf(state);
+    NSImage* const rollover = resourceImage(state.images.rollover);
+    NSImage* const pressed = resourceImage(state.images.pressed);
+    [(KZO_CLASS(Picture)*)control setNormal:normal
+                                   rollover:rollover ? rollover : normal
+                                    pressed:pressed ? pressed : normal];
+}
+
+namespace {
+
+/// The font in which a title on one line fits into its frame, as far as it can still be read.
+NSFont* fontFitting(const WidgetState& state) {
+    NSFont* font = fontOf(state);
+    const double around = state.type == WidgetType::Checkbox ? kBesideCheckbox : kBesideTitle;
+    for (double size = kFontSize - 0.5; size >= kLeastFontSize; size -= 0.5) {
+        NSDictionary* const looks = [NSDictionary dictionaryWithObject:font forKey:NSFontAttributeName];
+        if ([toCocoa(state.text) sizeWithAttributes:looks].width + around <= state.frame.size.width) break;
+        font = [[NSFontManager sharedFontManager] convertFont:font toSize:size];
+    }
+    return font;
+}
+
+} // namespace
+
 void CocoaWindow::setText(NSControl* control, const WidgetState& state) {
     NSString* const text = toCocoa(state.text);
+    if ([control isKindOfClass:[KZO_CLASS(Picture) class]]) return [(NSButton*)control setTitle:text]; // not seen
     if (state.type == WidgetType::Button || state.type == WidgetType::Checkbox) {
         NSColor* const color =
             dark_ && state.type == WidgetType::Checkbox ? [NSColor whiteColor] : [NSColor controlTextColor];
         NSMutableParagraphStyle* const lines = [[NSMutableParagraphStyle new] autorelease];
         if (state.type == WidgetType::Button) [lines setAlignment:NSTextAlignmentCenter];
         NSDictionary* const looks =
-            [NSDictionary dictionaryWithObjectsAndKeys:lines, NSParagraphStyleAttributeName, fontOf(state),
+            [NSDictionary dictionaryWithObjectsAndKeys:lines, NSParagraphStyleAttributeName, fontFitting(state),
                                                        NSFontAttributeName, color, NSForegroundColorAttributeName, nil];
         NSAttributedString* const title = [[NSAttributedString alloc] initWithString:text attributes:looks];
         [(NSButton*)control setAttributedTitle:title];
@@ -182,13 +266,9 @@ void setLook(NSControl* view, const WidgetState& state) {
 
 void CocoaWindow::setWidget(WidgetId id, const WidgetState& state) {
     guarded([&] {
-        NSControl* view = control(id);
-        if (!view) {
-            view = [newControl(state) autorelease];
-            [view setTag:id];
-            [[panel_ contentView] addSubview:view];
-        }
+        NSControl* const view = controlFor(id, state);
         setLook(view, state);
+        showImages(view, state);
         if (!NSEqualRects([view frame], rectOf(state.frame))) [view setFrame:rectOf(state.frame)];
         setText(view, state);
         if ([view isHidden] == state.visible) [view setHidden:!state.visible];
@@ -201,6 +281,7 @@ void CocoaWindow::setWidget(WidgetId id, const WidgetState& state) {
 }
 
 void CocoaWindow::removeWidget(WidgetId id) {
+    shownImages_.erase(id);
     guarded([&] { [control(id) removeFromSuperview]; });
 }
 
@@ -258,6 +339,9 @@ void CocoaWindow::tell(const WindowEvent& event) {
 }
 
 void CocoaWindow::eventHandled() {
+    // A key that left the text as it was, such as an arrow, is a keystroke too.
+    const WidgetId field = focused();
+    if (std::exchange(keyWaits_, false) && field != kNoWidget) typed((NSTextField*)control(field));
     if (late_) {
         const auto [id, text] = *std::exchange(late_, std::nullopt);
         if (NSText* const editor = editorOf(control(id))) replaceText(editor, toCocoa(text));
@@ -273,6 +357,7 @@ void CocoaWindow::lookAtFocus() {
 }
 
 void CocoaWindow::typed(NSTextField* field) {
+    keyWaits_ = false;
     lookAtFocus();
     NSText* const editor = editorOf(field);
     const bool outer = std::exchange(typing_, true);
@@ -298,6 +383,7 @@ bool CocoaWindow::keyPressed(NSEvent* event) {
     const WindowEvent::Key key = keyOf(event);
     if (key == WindowEvent::Key::None) {
         lastTyped_ = typedBy(event);
+        keyWaits_ = mayChangeNothing(event, lastTyped_);
         return false;
     }
     lookAtFocus();
@@ -310,16 +396,26 @@ void CocoaWindow::closeAsked() { tell({.kind = WindowEvent::Kind::Close, .text =
 // The modal loop
 
 bool CocoaWindow::run() {
-    return guarded([this] { loop(); });
+    NSWindow* const before = [NSApp keyWindow];
+    NSModalSession session = nullptr;
+    const bool whole = guarded([&] {
+        [panel_ center];
+        [NSApp activateIgnoringOtherApps:YES];
+        session = [NSApp beginModalSessionForWindow:panel_];
+        [panel_ makeKeyAndOrderFront:nil];
+        printPlaces();
+        loop(session);
+    });
+    // Also after an exception: nothing else in the application could be clicked any more.
+    guarded([&] {
+        if (session) [NSApp endModalSession:session];
+        [panel_ orderOut:nil];
+        [before makeKeyWindow];
+    });
+    return whole;
 }
 
-void CocoaWindow::loop() {
-    NSWindow* const before = [NSApp keyWindow];
-    [panel_ center];
-    [NSApp activateIgnoringOtherApps:YES];
-    NSModalSession session = [NSApp beginModalSessionForWindow:panel_];
-    [panel_ makeKeyAndOrderFront:nil];
-    printPlaces();
+void CocoaWindow::loop(NSModalSession session) {
     while (!stopped_ && [NSApp runModalSession:session] == NSModalResponseContinue) {
         NSAutoreleasePool* pool = [NSAutoreleasePool new];
         if (!stopped_)
@@ -328,9 +424,6 @@ void CocoaWindow::loop() {
         static_cast<void>(background::move(std::chrono::milliseconds(0)));
         [pool release];
     }
-    [NSApp endModalSession:session];
-    [panel_ orderOut:nil];
-    [before makeKeyWindow];
 }
 
 /// For whoever drives the window from outside: where on the screen the middle of each control is, y from the top, in a

@@ -6,12 +6,14 @@
 
 #ifndef __APPLE__
 #define NSEventTypeKeyDown NSKeyDown
+#define NSEventTypeLeftMouseUp NSLeftMouseUp
 #define NSEventModifierFlagShift NSShiftKeyMask
 #define NSEventModifierFlagControl NSControlKeyMask
 #define NSEventModifierFlagOption NSAlternateKeyMask
 #define NSEventModifierFlagCommand NSCommandKeyMask
 #define NSButtonTypeSwitch NSSwitchButton
 #define NSButtonTypeMomentaryPushIn NSMomentaryPushInButton
+#define NSButtonTypeMomentaryChange NSMomentaryChangeButton
 #define NSBezelStyleRounded NSRoundedBezelStyle
 #define NSTextAlignmentLeft NSLeftTextAlignment
 #define NSTextAlignmentCenter NSCenterTextAlignment

@@ -37,10 +37,20 @@ class Listener {
 - (void)setListener:(kzo::plugin::cocoa::Listener*)listener;
 @end
 
+/// A picture that can be clicked, with another one while the pointer is over it, and one while it is held down.
+@interface KZO_CLASS (Picture) : NSButton {
+    NSImage* _normal;
+    NSImage* _rollover;
+    NSTrackingRectTag _tracked;
+}
+- (void)setNormal:(NSImage*)normal rollover:(NSImage*)rollover pressed:(NSImage*)pressed;
+@end
+
 /// The delegate of a window and its fields, and the target of its buttons.
 @interface KZO_CLASS (Delegate) : NSObject {
     kzo::plugin::cocoa::Listener* _listener;
 }
 - (id)initWithListener:(kzo::plugin::cocoa::Listener*)listener;
-- (void)clicked:(id)sender;
+- (void)clicked:(id)sender; ///< a button, perhaps twice
+- (void)checked:(id)sender; ///< a checkbox
 @end

@@ -43,6 +43,69 @@
 
 @end
 
+@implementation KZO_CLASS (Picture)
+
+- (id)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (!self) return nil;
+    [self setButtonType:NSButtonTypeMomentaryChange];
+    [self setBordered:NO];
+    [self setImagePosition:NSImageOnly];
+    return self;
+}
+
+- (void)dealloc {
+    [_normal release];
+    [_rollover release];
+    [super dealloc];
+}
+
+- (void)setNormal:(NSImage*)normal rollover:(NSImage*)rollover pressed:(NSImage*)pressed {
+    [_normal autorelease];
+    [_rollover autorelease];
+    _normal = [normal retain];
+    _rollover = [rollover retain];
+    [self setImage:normal];
+    [self setAlternateImage:pressed];
+}
+
+- (void)stopTracking {
+    if (_tracked) [self removeTrackingRect:_tracked];
+    _tracked = 0;
+}
+
+- (void)track {
+    [self stopTracking];
+    if ([self window]) _tracked = [self addTrackingRect:[self bounds] owner:self userData:nil assumeInside:NO];
+}
+
+- (void)viewWillMoveToWindow:(NSWindow*)window {
+    [self stopTracking];
+    [super viewWillMoveToWindow:window];
+}
+
+- (void)viewDidMoveToWindow {
+    [super viewDidMoveToWindow];
+    [self track];
+}
+
+- (void)setFrame:(NSRect)frame {
+    [super setFrame:frame];
+    [self track];
+}
+
+- (void)mouseEntered:(NSEvent*)event {
+    (void)event;
+    [self setImage:_rollover];
+}
+
+- (void)mouseExited:(NSEvent*)event {
+    (void)event;
+    [self setImage:_normal];
+}
+
+@end
+
 @implementation KZO_CLASS (Delegate)
 
 - (id)initWithListener:(kzo::plugin::cocoa::Listener*)listener {
@@ -52,7 +115,12 @@
 }
 
 - (void)clicked:(id)sender {
-    _listener->clicked(sender, false);
+    NSEvent* const event = [NSApp currentEvent];
+    _listener->clicked(sender, [event type] == NSEventTypeLeftMouseUp && [event clickCount] == 2);
+}
+
+- (void)checked:(id)sender {
+    _listener->clicked(sender, false); // each click turns it over
 }
 
 - (void)controlTextDidChange:(NSNotification*)notification {

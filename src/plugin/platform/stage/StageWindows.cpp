@@ -22,9 +22,13 @@ StageWidget recordOf(WidgetId id, const WidgetState& state) {
             .checked = state.checked,
             .bold = state.bold,
             .italic = state.italic,
+            .image = state.images.normal,
+            .rolloverImage = state.images.rollover,
+            .pressedImage = state.images.pressed,
             .alignment = static_cast<std::int32_t>(state.alignment),
             .style = static_cast<std::int32_t>(state.style),
             .linked = state.linked,
+            .tabPlace = state.tabPlace,
             .selectionStart = state.selection ? static_cast<std::int32_t>(state.selection->start) : -1,
             .selectionEnd = state.selection ? static_cast<std::int32_t>(state.selection->end) : -1};
 }
@@ -98,7 +102,7 @@ double StageWindows::brightness() const { return host::getOr<&StageSuite::GetBri
 
 geo::Size StageWindows::fittingSize(const WidgetState& state) const {
     const StageWidget record = recordOf(kNoWidget, state);
-    const auto size = host::get<&StageSuite::GetFittingSize, geo::Point>(&record);
+    const auto size = host::get<&StageSuite::GetFittingSize, geo::Point>(host::self, &record);
     return {size.x, size.y};
 }
 
