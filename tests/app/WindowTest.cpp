@@ -2,9 +2,11 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDesktopServices>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -172,6 +174,52 @@ TEST_F(WindowTest, TellsPluginsOfEveryKeyAndClick) {
     });
     session->dialogs.run(dialog);
     EXPECT_EQ(heard, "1:\xEF\x9C\x82 1:\xEF\x9C\x84 1:\xEF\x9C\xAB 1:\x7f 3 4 3 3 4 3 ");
+}
+
+TEST_F(WindowTest, ShowsAnotherPictureUnderThePointer) {
+    auto& plugin = session->plugins.attach("Pictures", [](const char*, const char*, void*) -> SPErr { return kNoErr; });
+    plugin.filePath = ORTHOLINE_BUNDLE;
+    session->start();
+    easel::session::Dialog& dialog = session->dialogs.add(plugin, "Pictures", 200, 100);
+    for (const std::int32_t kind : {kStageLabel, kStageButton}) {
+        easel::session::Widget widget;
+        widget.id = widget.kind = kind;
+        widget.frame = {kind * 30., 10, kind * 30. + 24, 34};
+        widget.text = std::to_string(kind);
+        widget.image = 17000;
+        widget.rolloverImage = 17010;
+        widget.pressedImage = 17002;
+        easel::session::Dialogs::setWidget(dialog, widget);
+    }
+    whenAsked<QDialog>([&](QDialog& shown) {
+        for (const int id : {kStageLabel, kStageButton}) {
+            QWidget& part = *shown.findChild<QWidget*>(QString::number(id));
+            EXPECT_EQ(part.accessibleName(), QString::number(id));
+            const QPointF place(5, 5);
+            QEnterEvent enter(place, place, part.mapToGlobal(place));
+            QMouseEvent press(QEvent::MouseButtonPress, place, part.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
+                              {});
+            QMouseEvent release(QEvent::MouseButtonRelease, place, part.mapToGlobal(place), Qt::LeftButton, {}, {});
+            QEvent leave(QEvent::Leave);
+            std::vector<QImage> pictures;
+            for (QEvent* const event : std::initializer_list<QEvent*>{nullptr, &enter, &press, &release, &leave}) {
+                if (event) QApplication::sendEvent(&part, event);
+                const auto* const label = dynamic_cast<QLabel*>(&part);
+                const QPixmap picture =
+                    label ? label->pixmap() : dynamic_cast<QPushButton&>(part).icon().pixmap(QSize(24, 24), 1.0);
+                pictures.push_back(picture.toImage());
+            }
+            EXPECT_EQ(pictures[0].size(), QSize(24, 24));
+            EXPECT_NE(pictures[0], pictures[1]);
+            EXPECT_NE(pictures[1], pictures[2]);
+            EXPECT_NE(pictures[2], pictures[0]);
+            EXPECT_EQ(pictures[3], pictures[1]);
+            EXPECT_EQ(pictures[4], pictures[0]);
+        }
+        easel::session::Dialogs::end(dialog);
+        key(shown, Qt::Key_Escape);
+    });
+    session->dialogs.run(dialog);
 }
 
 TEST_F(WindowTest, OpensAddressesOfTheWebAlone) {
