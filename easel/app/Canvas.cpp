@@ -89,7 +89,8 @@ Canvas::~Canvas() = default;
 // Showing
 
 void Canvas::showDocument() {
-    watch_.follow(document());
+    const std::optional<double> known = std::exchange(knownReach_, {});
+    watch_.follow(document(), known || !document() ? known.value_or(0) : farthestReach(*document()));
     scene_.show(document());
     truthFails_ = false;
     text_ = nullptr;
@@ -99,7 +100,7 @@ void Canvas::showDocument() {
 }
 
 void Canvas::leaveDocument() {
-    watch_.follow(nullptr);
+    watch_.follow(nullptr, 0);
     scene_.show(nullptr);
 }
 

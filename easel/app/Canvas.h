@@ -33,6 +33,8 @@ class Canvas final : public QWidget {
 
     /// Another document is in front, or the same is shown for the first time.
     void showDocument();
+    /// The farthestReach of the document that is shown next, which takes time to find out.
+    void expectReach(double reach) { knownReach_ = reach; }
     void leaveDocument(); ///< which is about to go
     /// Paints what has changed since the last time. Returns whether that was anything but a selection.
     bool refresh();
@@ -107,6 +109,7 @@ class Canvas final : public QWidget {
     std::string typedLength_; ///< during a gesture
     std::string lastRemark_;
     QString notice_;
+    std::optional<double> knownReach_;
     bool truthFails_ = false;                 ///< for the document as it is
     std::shared_ptr<const std::string> text_; ///< of the document, as SVG
     std::uint64_t textChanges_ = 0;           ///< the document's count then

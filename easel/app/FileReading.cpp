@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "app/Watch.h"
 #include "session/base/Error.h"
 #include "svg/Reader.h"
 
@@ -39,10 +40,12 @@ std::unique_ptr<model::Document> FileReading::read() {
         else
             reports.add(session::Blame::UserData, line);
     };
-    return svg::open(path_, warn, [this](double share) {
+    auto document = svg::open(path_, warn, [this](double share) {
         share_ = share;
         if (ends_) throw Ended();
     });
+    reach_ = farthestReach(*document);
+    return document;
 }
 
 bool FileReading::isDone(int milliseconds) const {

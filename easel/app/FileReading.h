@@ -27,6 +27,7 @@ class FileReading {
     [[nodiscard]] bool isDone(int milliseconds = 0) const; ///< waits for it, but no longer than this
     /// The document, once it is done. Throws session::Error.
     [[nodiscard]] std::unique_ptr<model::Document> take();
+    [[nodiscard]] double reach() const { return reach_; } ///< farthestReach of what was taken
 
   private:
     [[nodiscard]] std::unique_ptr<model::Document> read();
@@ -35,6 +36,7 @@ class FileReading {
     session::Reports& reports_;
     std::atomic<bool> ends_ = false;
     std::atomic<double> share_ = 0;
+    double reach_ = 0;                  ///< the thread's until it is done, as is the next
     std::vector<std::string> warnings_; ///< the thread's until it is done
     std::promise<std::unique_ptr<model::Document>> promise_;
     std::future<std::unique_ptr<model::Document>> result_ = promise_.get_future();

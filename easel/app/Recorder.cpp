@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <utility>
 
 #include "hostapi/SPTypes.h"
 #include "session/base/Error.h"
@@ -20,7 +21,9 @@ void Recorder::add(const std::string& statement) {
     if (path_.empty()) return;
     const bool isComment = statement.compare(0, 2, "//") == 0;
     file_ << statement << (isComment ? "\n" : ";\n") << std::flush;
-    if (!file_) throw session::Error(path_ + ": cannot be written, so that nothing more is recorded");
+    if (file_) return;
+    const std::string path = std::exchange(path_, {});
+    throw session::Error(path + ": cannot be written, so that nothing more is recorded");
 }
 
 std::string Recorder::quoted(std::string_view text) {

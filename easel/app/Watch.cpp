@@ -11,6 +11,15 @@ using model::Document;
 using model::Node;
 using model::NodeType;
 
+namespace {
+
+double reachOf(const Node& node) {
+    if (node.type() != NodeType::Path || node.path().points.empty()) return 0;
+    return node.hull().left - paintedBox(node.content()).left;
+}
+
+} // namespace
+
 Box paintedBox(const model::Content& content) {
     if (content.opaque && !content.path) return content.opaque->hull();
     if (!content.path) return {};
@@ -22,19 +31,19 @@ Box paintedBox(const model::Content& content) {
     return {box.left - reach, box.top - reach, box.right + reach, box.bottom + reach};
 }
 
-void Watch::follow(Document* document) {
+double farthestReach(Document& document) {
+    double farthest = 0;
+    const Node& root = document.root();
+    for (const Node* at = &root; at; at = model::nextWithin(root, *at)) farthest = std::max(farthest, reachOf(*at));
+    return farthest;
+}
+
+void Watch::follow(Document* document, double reach) {
     if (document_) document_->journal().beforeChange = {};
     forget();
     document_ = document;
-    if (!document_) return;
-    document_->journal().beforeChange = [this](const Node& node) { note(node); };
-    farthestReach_ = 0;
-    for (const Node* at = &document_->root(); at; at = model::nextWithin(document_->root(), *at)) noteReach(*at);
-}
-
-void Watch::noteReach(const Node& node) {
-    if (node.type() != NodeType::Path || node.path().points.empty()) return;
-    farthestReach_ = std::max(farthestReach_, node.hull().left - paintedBox(node.content()).left);
+    farthestReach_ = reach;
+    if (document_) document_->journal().beforeChange = [this](const Node& node) { note(node); };
 }
 
 void Watch::forget() {
@@ -75,7 +84,7 @@ Watch::Change Watch::take(bool gesture) {
         } else if (!same || wereLifted.contains(slot)) {
             if (before.alive) change.boxes.push_back(paintedBox(before.content));
             if (node) change.boxes.push_back(paintedBox(node->content()));
-            if (node) noteReach(*node);
+            if (node) farthestReach_ = std::max(farthestReach_, reachOf(*node));
         }
     }
     // A compound path that is laid back is painted whole.

@@ -12,15 +12,18 @@ namespace easel::app {
 /// Contains all that is painted of the art, its stroke included. A miter is as long as its limit allows.
 [[nodiscard]] model::Box paintedBox(const model::Content& content);
 
+/// How far a stroke of the document reaches beyond the box of its path, at most. Looks at all of the document.
+[[nodiscard]] double farthestReach(model::Document& document);
+
 class Watch {
   public:
-    ~Watch() { follow(nullptr); }
+    ~Watch() { follow(nullptr, 0); }
     Watch() = default;
     Watch(const Watch&) = delete;
     Watch& operator=(const Watch&) = delete;
 
-    /// Watches this document from now on, and no other.
-    void follow(model::Document* document);
+    /// Watches this document from now on, and no other. `reach` is farthestReach of it.
+    void follow(model::Document* document, double reach);
     /// The document that was watched is gone.
     void forget();
 
@@ -53,7 +56,6 @@ class Watch {
     };
 
     void note(const model::Node& node);
-    void noteReach(const model::Node& node);
     /// The node as it is now, if it is there.
     [[nodiscard]] model::Node* now(const Before& before) const;
     [[nodiscard]] static bool isSame(const Before& before, const model::Node* node);

@@ -30,6 +30,7 @@ void Window::read(const std::string& path, std::function<void()> opened) {
     opened_ = std::move(opened);
     stateWhenAsked_ = actions_.document() ? actions_.document()->journal().state() : 0;
     const bool isDone = reading_->isDone(kWorthWaitingFor);
+    showTools(); // of plug-ins that have just started
     if (!isDone) showReading();
     readingTimer_.start(isDone ? 0 : kLookMilliseconds, this);
 }
@@ -55,7 +56,9 @@ void Window::followReading() {
     // What was done meanwhile is not covered by the answer from before.
     const bool isSame = actions_.document() && actions_.document()->journal().state() == stateWhenAsked_;
     if (!isSame && !mayLose()) return;
-    actions_.open(done->take(), done->path());
+    auto document = done->take();
+    canvas_.expectReach(done->reach());
+    actions_.open(std::move(document), done->path());
     opened();
 }
 
