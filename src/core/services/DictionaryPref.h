@@ -14,6 +14,7 @@ namespace kzo::core {
 class DictionaryPref : public PrefData {
   public:
     static constexpr PrefType kType = PrefType::Dictionary;
+    using Key = const std::string&;
 
     DictionaryPref() = default;
     explicit DictionaryPref(const std::string& key); ///< without members
@@ -28,82 +29,69 @@ class DictionaryPref : public PrefData {
     bool getPref(const std::string& key, PrefData& out) const { return get(key, out); }
 
     // Members of one kind. False and an empty handle when there is none, or one of another kind.
-    bool getBoolPref(const std::string& key, BoolPref& out) const { return get(key, out); }
-    bool getNumberPref(const std::string& key, NumberPref& out) const { return get(key, out); }
-    bool getStringPref(const std::string& key, StringPref& out) const { return get(key, out); }
-    bool getArrayPref(const std::string& key, ArrayPref& out) const { return get(key, out); }
-    bool getDictPref(const std::string& key, DictionaryPref& out) const { return get(key, out); }
-    bool getArtboardPointPref(const std::string& key, ArtboardPointPref& out) const { return get(key, out); }
-    bool getArtboardRectPref(const std::string& key, ArtboardRectPref& out) const { return get(key, out); }
-    bool getArtColorPref(const std::string& key, ArtColorPref& out) const { return get(key, out); }
-    bool getColorPref(const std::string& key, ColorPref& out) const { return get(key, out); }
-    bool getPointPref(const std::string& key, PointPref& out) const { return get(key, out); }
-    bool getRectPref(const std::string& key, RectPref& out) const { return get(key, out); }
-    bool getSizePref(const std::string& key, SizePref& out) const { return get(key, out); }
-    bool getFontPref(const std::string& key, FontPref& out) const { return get(key, out); }
-    bool getTransformMatrixPref(const std::string& key, TransformMatrixPref& out) const { return get(key, out); }
-    bool getDashStylePref(const std::string& key, DashStylePref& out) const { return get(key, out); }
-    bool getFillStylePref(const std::string& key, FillStylePref& out) const { return get(key, out); }
-    bool getStrokeStylePref(const std::string& key, StrokeStylePref& out) const { return get(key, out); }
-    bool getDashStyleMapPref(const std::string& key, DashStyleMapPref& out) const { return get(key, out); }
-    bool getFillStyleMapPref(const std::string& key, FillStyleMapPref& out) const { return get(key, out); }
-    bool getStrokeStyleMapPref(const std::string& key, StrokeStyleMapPref& out) const { return get(key, out); }
+    bool getBoolPref(Key key, BoolPref& out) const { return get(key, out); }
+    bool getNumberPref(Key key, NumberPref& out) const { return get(key, out); }
+    bool getStringPref(Key key, StringPref& out) const { return get(key, out); }
+    bool getArrayPref(Key key, ArrayPref& out) const { return get(key, out); }
+    bool getDictPref(Key key, DictionaryPref& out) const { return get(key, out); }
+    bool getArtboardPointPref(Key key, ArtboardPointPref& out) const { return get(key, out); }
+    bool getArtboardRectPref(Key key, ArtboardRectPref& out) const { return get(key, out); }
+    bool getArtColorPref(Key key, ArtColorPref& out) const { return get(key, out); }
+    bool getColorPref(Key key, ColorPref& out) const { return get(key, out); }
+    bool getPointPref(Key key, PointPref& out) const { return get(key, out); }
+    bool getRectPref(Key key, RectPref& out) const { return get(key, out); }
+    bool getSizePref(Key key, SizePref& out) const { return get(key, out); }
+    bool getFontPref(Key key, FontPref& out) const { return get(key, out); }
+    bool getTransformMatrixPref(Key key, TransformMatrixPref& out) const { return get(key, out); }
+    bool getDashStylePref(Key key, DashStylePref& out) const { return get(key, out); }
+    bool getFillStylePref(Key key, FillStylePref& out) const { return get(key, out); }
+    bool getStrokeStylePref(Key key, StrokeStylePref& out) const { return get(key, out); }
+    bool getDashStyleMapPref(Key key, DashStyleMapPref& out) const { return get(key, out); }
+    bool getFillStyleMapPref(Key key, FillStyleMapPref& out) const { return get(key, out); }
+    bool getStrokeStyleMapPref(Key key, StrokeStyleMapPref& out) const { return get(key, out); }
 
     // Members of one kind, made with the value when there is none; one of another kind is replaced.
-    bool getOrCreateBoolPref(const std::string& key, bool value, BoolPref& out) { return getOrCreate(key, value, out); }
-    bool getOrCreateIntPref(const std::string& key, long long value, NumberPref& out);
-    bool getOrCreateFloatPref(const std::string& key, double value, NumberPref& out) {
+    bool getOrCreateBoolPref(Key key, bool value, BoolPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateIntPref(Key key, long long value, NumberPref& out);
+    bool getOrCreateFloatPref(Key key, double value, NumberPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateStringPref(Key key, const std::string& value, StringPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateStringPref(const std::string& key, const std::string& value, StringPref& out) {
+    bool getOrCreateArrayPref(Key key, const ArrayPref& value, ArrayPref& out);
+    bool getOrCreateDictPref(Key key, const DictionaryPref& value, DictionaryPref& out);
+    bool getOrCreateArtboardPointPref(Key key, const ArtboardPoint& value, ArtboardPointPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateArrayPref(const std::string& key, const ArrayPref& value, ArrayPref& out);
-    bool getOrCreateDictPref(const std::string& key, const DictionaryPref& value, DictionaryPref& out);
-    bool getOrCreateArtboardPointPref(const std::string& key, const ArtboardPoint& value, ArtboardPointPref& out) {
+    bool getOrCreateArtboardRectPref(Key key, const ArtboardRect& value, ArtboardRectPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateArtboardRectPref(const std::string& key, const ArtboardRect& value, ArtboardRectPref& out) {
+    bool getOrCreateArtColorPref(Key key, const ArtColor& value, ArtColorPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateArtColorPref(const std::string& key, const ArtColor& value, ArtColorPref& out) {
+    bool getOrCreateColorPref(Key key, const Color& value, ColorPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreatePointPref(Key key, const Point& value, PointPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateRectPref(Key key, const Rect& value, RectPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateSizePref(Key key, const Size& value, SizePref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateFontPref(Key key, const Font& value, FontPref& out) { return getOrCreate(key, value, out); }
+    bool getOrCreateTransformMatrixPref(Key key, const TransformMatrix& value, TransformMatrixPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateColorPref(const std::string& key, const Color& value, ColorPref& out) {
+    bool getOrCreateDashStylePref(Key key, const DashStyle& value, DashStylePref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreatePointPref(const std::string& key, const Point& value, PointPref& out) {
+    bool getOrCreateFillStylePref(Key key, const FillStyle& value, FillStylePref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateRectPref(const std::string& key, const Rect& value, RectPref& out) {
+    bool getOrCreateStrokeStylePref(Key key, const StrokeStyle& value, StrokeStylePref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateSizePref(const std::string& key, const Size& value, SizePref& out) {
+    bool getOrCreateDashStyleMapPref(Key key, const DashStyleMap& value, DashStyleMapPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateFontPref(const std::string& key, const Font& value, FontPref& out) {
+    bool getOrCreateFillStyleMapPref(Key key, const FillStyleMap& value, FillStyleMapPref& out) {
         return getOrCreate(key, value, out);
     }
-    bool getOrCreateTransformMatrixPref(const std::string& key, const TransformMatrix& value,
-                                        TransformMatrixPref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateDashStylePref(const std::string& key, const DashStyle& value, DashStylePref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateFillStylePref(const std::string& key, const FillStyle& value, FillStylePref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateStrokeStylePref(const std::string& key, const StrokeStyle& value, StrokeStylePref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateDashStyleMapPref(const std::string& key, const DashStyleMap& value, DashStyleMapPref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateFillStyleMapPref(const std::string& key, const FillStyleMap& value, FillStyleMapPref& out) {
-        return getOrCreate(key, value, out);
-    }
-    bool getOrCreateStrokeStyleMapPref(const std::string& key, const StrokeStyleMap& value, StrokeStyleMapPref& out) {
+    bool getOrCreateStrokeStyleMapPref(Key key, const StrokeStyleMap& value, StrokeStyleMapPref& out) {
         return getOrCreate(key, value, out);
     }
 
