@@ -141,6 +141,12 @@ void pathLengthOfPeer(benchmark::State& state) {
 }
 BENCHMARK(pathLengthOfPeer)->Arg(100)->Arg(10'000);
 
+/// The host's, with its flatness of a hundredth of a point.
+void pathLengthOfHost(benchmark::State& state) {
+    ours(state, [](const PathArt& a, const Art&) { return a.length(); });
+}
+BENCHMARK(pathLengthOfHost)->Arg(100)->Arg(10'000);
+
 void pathArea(benchmark::State& state) {
     ours(state, [](const PathArt& a, const Art&) { return a.area(); });
 }

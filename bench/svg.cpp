@@ -148,4 +148,20 @@ void saveOneChange(benchmark::State& state) {
 }
 BENCHMARK(saveOneChange)->Unit(benchmark::kMillisecond);
 
+/// Finding out where texts lie, once, the renderer's start included.
+void measuringTexts(benchmark::State& state) {
+    std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\">";
+    for (std::int64_t i = 0; i < state.range(0); ++i)
+        svg += "<text x=\"" + std::to_string(i % 40 * 25) + "\" y=\"" + std::to_string(i / 40 * 10) + "\">word</text>";
+    svg += "</svg>";
+    for (auto _ : state) {
+        state.PauseTiming();
+        const auto document = svg::read(svg, "texts.svg");
+        state.ResumeTiming();
+        document->measure();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(measuringTexts)->Arg(100)->Arg(1'000)->Arg(4'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 } // namespace

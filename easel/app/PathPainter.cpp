@@ -16,9 +16,10 @@ void clip(cairo_t* cairo, const Node& node) {
     for (const Node* at = &node; at; at = at->parent()) {
         const model::Clip* const clip = at->clip();
         if (!clip) continue;
-        const auto& m = clip->toMask;
+        const std::optional<model::Affine> m = model::wayToMask(*at);
+        if (!m) continue;
         cairo_matrix_t toPage;
-        cairo_matrix_init(&toPage, m[0], m[1], m[2], m[3], m[4], m[5]);
+        cairo_matrix_init(&toPage, m->a, m->b, m->c, m->d, m->e, m->f);
         if (cairo_matrix_invert(&toPage) != CAIRO_STATUS_SUCCESS) continue;
         cairo_save(cairo);
         cairo_transform(cairo, &toPage);

@@ -140,17 +140,11 @@ void SelectionPanel::refresh() {
 void SelectionPanel::chooseColor(bool stroke) {
     const QColor chosen = QColorDialog::getColor(Qt::black, this, stroke ? "Stroke colour" : "Fill colour");
     if (!chosen.isValid() && stroke) return;
-    const model::Color color{chosen.redF(), chosen.greenF(), chosen.blueF()};
+    std::optional<model::Color> color;
+    if (chosen.isValid()) color = {chosen.redF(), chosen.greenF(), chosen.blueF()};
     const std::string value = chosen.isValid() ? Recorder::quoted(chosen.name().toStdString()) : "null";
-    actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}', [&](model::Style& style) {
-        if (stroke) {
-            style.stroke = true;
-            style.strokeColor = color;
-        } else {
-            style.fill = chosen.isValid();
-            if (chosen.isValid()) style.fillColor = color;
-        }
-    });
+    actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}',
+                      [&](model::Style& style) { stroke ? style.setStroke(color) : style.setFill(color); });
 }
 
 } // namespace easel::app

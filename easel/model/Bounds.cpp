@@ -117,12 +117,12 @@ class Stroke {
 
 Box ofPath(const Node& node, const BoundsOptions& options, const Affine& transform) {
     const Style& style = node.style();
-    if (!options.unpainted && !style.fill && !style.stroke) return {};
+    if (!options.unpainted && !style.isFilled() && !style.isStroked()) return {};
     PathData path = node.path();
     for (PathPoint& point : path.points)
         for (Point* const place : {&point.anchor, &point.in, &point.out}) *place = transform(*place);
     Box box = options.controls ? path.hull() : path.bounds();
-    if (!options.strokes || !style.stroke) return box;
+    if (!options.strokes || !style.isStroked()) return box;
     Stroke stroke(style);
     stroke.add(path);
     box.include(stroke.box());
@@ -132,9 +132,7 @@ Box ofPath(const Node& node, const BoundsOptions& options, const Affine& transfo
 Box ofOpaque(const Node& node, const Affine& transform) {
     if (transform == Affine{}) return node.hull();
     OpaqueData data = node.opaque();
-    const Affine placed = data.placed() * transform;
-    data.moved = {placed.e, placed.f};
-    data.turned = {placed.a, placed.b, placed.c, placed.d};
+    data.place(node.placed() * transform);
     return data.hull();
 }
 

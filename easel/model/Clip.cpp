@@ -32,32 +32,13 @@ bool isOnOutline(const Mask::Shape& shape, Point point, double reach) {
     return anySegment(shape, [&](const Cubic& curve) { return nearestOn(curve, point, reach * reach).has_value(); });
 }
 
-/// What has been done to the art since it got its mask, as far as the mask goes along; it has an inverse.
-Affine doneWithMask(const Node& node, const Clip& clip) {
-    Affine done;
-    if (node.type() == NodeType::Opaque) return node.opaque().placed();
-    const Point moved = node.isOutlined() ? commonMove(clip.outlines, node.outlines()).value_or(Point{}) : node.moved();
-    done.e = moved.x;
-    done.f = moved.y;
-    return done;
-}
-
-/// From the document to the mask's units; none where the mask has no place.
-std::optional<Affine> wayToMask(const Node& node, const Clip& clip) {
-    const std::array<double, 6>& m = clip.toMask;
-    const Affine toUnits{m[0], m[1], m[2], m[3], m[4], m[5]};
-    if (!clip.fitsBox) return inverse(doneWithMask(node, clip)) * toUnits;
-    const std::optional<Affine> fitted = toUnitBox(boundsOf(node, {}, toUnits));
-    return fitted ? std::optional(toUnits * *fitted) : std::nullopt;
-}
-
 /// Whether `accepts` returns true for the mask of the node and of each ancestor; it is given the mapping from the
 /// document to the mask's units as well.
 template <class Predicate> bool eachMask(const Node& node, Predicate accepts) {
     for (const Node* at = &node; at; at = at->parent()) {
         const Clip* const clip = at->clip();
         if (!clip) continue;
-        const std::optional<Affine> toMask = wayToMask(*at, *clip);
+        const std::optional<Affine> toMask = wayToMask(*at);
         if (toMask && !accepts(*clip->mask, *toMask)) return false;
     }
     return true;
@@ -98,6 +79,15 @@ std::optional<Affine> toUnitBox(const Box& box) {
     const double height = box.bottom - box.top;
     if (!(width > 0 && height > 0)) return std::nullopt;
     return Affine{1 / width, 0, 0, 1 / height, -box.left / width, -box.top / height};
+}
+
+std::optional<Affine> wayToMask(const Node& node) {
+    const Clip& clip = *node.clip();
+    const std::array<double, 6>& m = clip.toMask;
+    const Affine toUnits{m[0], m[1], m[2], m[3], m[4], m[5]};
+    if (!clip.fitsBox) return inverse(node.placed()) * toUnits;
+    const std::optional<Affine> fitted = toUnitBox(boundsOf(node, {}, toUnits));
+    return fitted ? std::optional(toUnits * *fitted) : std::nullopt;
 }
 
 bool passesClip(const Node& node, Point point) {

@@ -30,15 +30,13 @@ class Mask {
     std::vector<Box> hulls_; // of each shape
 };
 
-/// A mask on some art. It moves along with the art, on a path until its outline is changed in another way; with a group
-/// when that is moved as a whole.
+/// A mask on some art. It goes along with what is done to the art as a whole.
 struct Clip {
     std::shared_ptr<const Mask> mask;
     /// From the document's units to the mask's: x' = a x + c y + e, y' = b x + d y + f.
     std::array<double, 6> toMask{1, 0, 0, 1, 0, 0};
     /// Only of a path: the units are made such that its box goes from 0 to 1, wherever it lies and whatever its shape.
     bool fitsBox = false;
-    OutlineList outlines; ///< of a path when it got the mask
 };
 
 class Node;
@@ -46,6 +44,8 @@ class Node;
 /// What takes a box to the one from 0 to 1; none where it has no extent.
 [[nodiscard]] std::optional<Affine> toUnitBox(const Box& box);
 
+/// From the document, as it is now, to the units of the mask that the node has itself; none where that has no place.
+[[nodiscard]] std::optional<Affine> wayToMask(const Node& node);
 /// Whether the point lies inside of the masks of the node and of its ancestors.
 [[nodiscard]] bool passesClip(const Node& node, Point point);
 /// Whether each of them has some place of the box inside; their common inside may still miss the box.

@@ -27,10 +27,11 @@ Style visiblePart(Style style) {
     return style;
 }
 
-/// The content as far as it shows. How far a group has been moved shows in what it holds.
+/// The content as far as it shows. How a group has been transformed shows in what it holds, and of a path in its
+/// points.
 Content visiblePart(const Node& node) {
     Content content = node.content();
-    if (node.isContainer()) content.opaque = {};
+    if (node.type() != NodeType::Opaque) content.opaque = {};
     if (content.style) content.style = Shared(visiblePart(*content.style));
     if (content.path && content.path->points.empty()) content.path = Shared(PathData{});
     return content;
@@ -257,11 +258,24 @@ Node& Document::duplicate(const Node& node, Placement placement, Node& anchor) {
     return copy;
 }
 
+/// A subpath is painted, hidden and locked as one with the others, and the file has no place for its name or its mask.
+void Document::Impl::becomePartOf(Node& subpath, const Node& compound) {
+    Content& content = subpath.state_.content;
+    content.style = compound.content().style;
+    content.extras = {};
+    content.opaque = {};
+    content.locked = content.hidden = false;
+    content.name = {};
+}
+
 Node& Document::Impl::copyOf(Document& document, const Node& node, Placement placement, Node& anchor) {
     Node& copy = document.create(node.type(), placement, anchor);
     copy.state_.content = node.content();
     copy.state_.content.name = {};
+    if (copy.isSubpath()) becomePartOf(copy, *copy.parent());
+    if (copy.isSubpath()) return copy;
     copy.kept_ = node.kept_;
+    copy.hasOwnUnits_ = node.hasOwnUnits_;
     if (node.origin_ == 0) return copy;
     Copied copied{node.origin_, document.original(node)};
     copied.was.name = {};
@@ -295,10 +309,8 @@ void Document::place(Node& node, Placement placement, Node& anchor) {
     node.state_.order = OrderLabels::between(spot.above, spot.below, journal());
     impl_->tree.attach(node);
     if (!node.isSubpath()) return;
-    Content& content = impl_->change(node);
-    content.style = node.parent()->content().style;
-    content.locked = content.hidden = false;
-    content.name = {};
+    impl_->change(node);
+    Impl::becomePartOf(node, *node.parent());
 }
 
 void Document::setName(Node& node, std::string_view name) {
@@ -395,9 +407,12 @@ const Content& Document::original(const Node& node) const {
 
 void Document::setOrigin(Node& node, std::uint32_t number) { node.origin_ = number; }
 
+void Document::setHasOwnUnits(Node& node) { node.hasOwnUnits_ = true; }
+
 void Document::setClip(Node& node, Shared<Clip> clip) {
     if (!node.kept_) node.kept_ = Shared(Kept());
     node.kept_.writable().clip = std::move(clip);
+    setHasOwnUnits(node);
 }
 
 Journal& Document::journal() { return impl_->journal; }

@@ -122,10 +122,11 @@ class Document {
     void setClosed(Node& path, bool closed);
     void reverse(Node& path);
     void setStyle(Node& path, const Style& style); ///< of all subpaths of a compound path
-    /// Moves the node and its descendants.
-    void offset(Node& node, double dx, double dy);
     /// Transforms the node and its descendants, with their strokes' lengths by `lineScale`; the affine has an inverse.
-    void transform(Node& node, const Affine& by, double lineScale = 1);
+    /// Returns false and changes nothing where a number would be infinite then, or none. `offset` only moves.
+    bool offset(Node& node, double dx, double dy);
+    [[nodiscard]] static bool staysFinite(const Node& node, const Affine& by, double lineScale); ///< else it is refused
+    bool transform(Node& node, const Affine& by, double lineScale = 1);
     void scaleLines(Node& node, double scale); ///< strokes' lengths alone, of the node and its descendants
 
     // Selection
@@ -158,6 +159,7 @@ class Document {
     /// The node's content as it was when the node got its origin.
     [[nodiscard]] const Content& original(const Node& node) const;
     static void setClip(Node& node, Shared<Clip> clip);
+    static void setHasOwnUnits(Node& node); ///< something of it lies in its own units, and goes along with it
 
     /// Whether both contain the same: page, tree, names, flags, paths, and styles as far as they show. Selection, view
     /// and identities do not count.

@@ -48,6 +48,7 @@ struct Document::Impl {
     void setSelected(Node& node, bool selected, Shared<PointSelection> points);
     void deselectAround(const Node& node);
     [[nodiscard]] Content newContent(NodeType type, const Style& pathStyle);
+    static void becomePartOf(Node& subpath, const Node& compound);                         ///< of a node that is noted
     Node& copyOf(Document& document, const Node& node, Placement placement, Node& anchor); ///< without its children
     /// The node's content for writing, noted. Nothing else changes a content, so that no change of it is lost.
     Content& change(Node& node);
@@ -59,9 +60,10 @@ struct Document::Impl {
         changeData(data);
         change(opaque).opaque = Shared(std::move(data));
     }
-    void transform(Node& leaf, const Affine& by); ///< nothing of a container itself
+    void transform(Node& node, const Affine& by); ///< without its descendants
     void fitPointSelection(Node& path, std::size_t count);
     void findNear(Point point, double tolerance);
+    [[nodiscard]] Hit bestKept(Node& within, const KeptHits::Place& place);
 };
 
 } // namespace easel::model

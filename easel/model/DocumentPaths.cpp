@@ -5,6 +5,34 @@
 
 namespace easel::model {
 
+/// Adds up nothing but 0, unless something is not finite.
+bool Document::staysFinite(const Node& top, const Affine& by, double lineScale) {
+    double sum = 0;
+    const auto add = [&](double number) { sum += 0 * number; };
+    const auto addPoint = [&](Point point) {
+        add(point.x);
+        add(point.y);
+    };
+    for (const Node* at = &top; at; at = nextWithin(top, *at)) {
+        if (at->type() == NodeType::Path)
+            for (const PathPoint& point : at->path().points)
+                for (const Point place : {point.anchor, point.in, point.out}) addPoint(by(place));
+        if (at->isOutlined() && lineScale != 1) {
+            Style style = at->style();
+            style.changeLengths([&](double& length) { add(length * lineScale); });
+        }
+        const Affine placed = at->placed() * by;
+        for (const double number : {placed.a, placed.b, placed.c, placed.d, placed.e, placed.f}) add(number);
+        if (at->type() != NodeType::Opaque || at->hull().isEmpty()) continue;
+        OpaqueData data = at->opaque();
+        data.place(placed);
+        const Box hull = data.hull();
+        addPoint({hull.left, hull.top});
+        addPoint({hull.right, hull.bottom});
+    }
+    return sum == 0;
+}
+
 PathData& Document::Impl::writablePath(Node& path) {
     tree.index.markDirty(path);
     return change(path).path.writable();
@@ -90,32 +118,16 @@ void Document::setStyle(Node& path, const Style& style) {
     for (Node* at = &whole; at; at = nextWithin(whole, *at)) impl_->change(*at).style = shared;
 }
 
-void Document::offset(Node& node, double dx, double dy) {
-    if (dx == 0 && dy == 0) return;
-    const Transaction transaction(journal());
-    for (Node* at = &node; at; at = nextWithin(node, *at)) {
-        const Point moved{at->moved().x + dx, at->moved().y + dy};
-        if (at->type() == NodeType::Opaque) impl_->setOpaque(*at, [&](OpaqueData& data) { data.moved = moved; });
-        if (at->type() == NodeType::Group || at->type() == NodeType::Layer)
-            impl_->change(*at).opaque =
-                moved == Point{} ? Shared<OpaqueData>{} : Shared(OpaqueData{.bounds = {}, .moved = moved});
-        if (at->type() != NodeType::Path || at->path().points.empty()) continue;
-        for (PathPoint& point : impl_->writablePath(*at).points) {
-            for (Point* const place : {&point.anchor, &point.in, &point.out}) {
-                place->x += dx;
-                place->y += dy;
-            }
-        }
-    }
-}
+bool Document::offset(Node& node, double dx, double dy) { return transform(node, {.e = dx, .f = dy}); }
 
-void Document::transform(Node& node, const Affine& by, double lineScale) {
+bool Document::transform(Node& node, const Affine& by, double lineScale) {
+    if (by == Affine{} && lineScale == 1) return true;
+    if (!staysFinite(node, by, lineScale)) return false;
     const Transaction transaction(journal());
-    if (by.isMove())
-        offset(node, by.e, by.f);
-    else
+    if (!(by == Affine{}))
         for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->transform(*at, by);
     if (lineScale != 1) scaleLines(node, lineScale);
+    return true;
 }
 
 void Document::scaleLines(Node& node, double scale) {
@@ -128,16 +140,17 @@ void Document::scaleLines(Node& node, double scale) {
     }
 }
 
-void Document::Impl::transform(Node& leaf, const Affine& by) {
-    if (leaf.type() == NodeType::Opaque) {
-        const Affine placed = leaf.opaque().placed() * by;
-        setOpaque(leaf, [&](OpaqueData& data) {
-            data.moved = {placed.e, placed.f};
-            data.turned = {placed.a, placed.b, placed.c, placed.d};
-        });
+void Document::Impl::transform(Node& node, const Affine& by) {
+    const Affine placed = node.placed() * by;
+    if (node.type() == NodeType::Opaque) {
+        setOpaque(node, [&](OpaqueData& data) { data.place(placed); });
+    } else if (node.keepsPlace()) {
+        OpaqueData data;
+        data.place(placed);
+        change(node).opaque = placed == Affine{} ? Shared<OpaqueData>{} : Shared(std::move(data));
     }
-    if (leaf.type() != NodeType::Path || leaf.path().points.empty()) return;
-    for (PathPoint& point : writablePath(leaf).points)
+    if (node.type() != NodeType::Path || node.path().points.empty()) return;
+    for (PathPoint& point : writablePath(node).points)
         for (Point* const place : {&point.anchor, &point.in, &point.out}) *place = by(*place);
 }
 

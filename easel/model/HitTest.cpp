@@ -19,7 +19,7 @@ class Fills {
   public:
     Fills(const std::vector<Node*>& around, Point point) : point_(point) {
         for (const Node* const node : around) {
-            if (!node->isSubpath() || !node->style().fill) continue;
+            if (!node->isSubpath() || !node->style().isFilled()) continue;
             if (const int winding = windingNumber(node->path(), point)) subpaths_.push_back({node, winding});
         }
         const auto compound = [](const Subpath& subpath) { return subpath.node->parent(); };
@@ -41,7 +41,7 @@ class Fills {
     [[nodiscard]] bool contain(const Node& node) const {
         if (node.type() == NodeType::Opaque) return node.hull().meets({point_.x, point_.y, point_.x, point_.y});
         if (node.isSubpath()) return std::binary_search(filled_.begin(), filled_.end(), &node, std::less<>());
-        return node.style().fill && isInside(windingNumber(node.path(), point_), node.style().evenOdd);
+        return node.style().isFilled() && isInside(windingNumber(node.path(), point_), node.style().evenOdd);
     }
 
   private:
@@ -106,6 +106,7 @@ class BestHit {
 
     [[nodiscard]] const Hit& hit() const { return hit_; }
     [[nodiscard]] bool isFound() const { return hit_.kind != HitKind::None; }
+    [[nodiscard]] double distance() const { return distance_; }
 
     void offerControls(HitKind kind, Node& node, Point PathPoint::*control) {
         if (node.type() != NodeType::Path) return;
@@ -168,6 +169,24 @@ class BestHit {
     Hit hit_;
 };
 
+/// Offers what is asked for of some objects, one kind of feature after the other; `fills` tells what is filled there.
+template <class Iterator, class GetFills>
+void searchAmong(Iterator begin, Iterator end, HitRequest request, BestHit& best, GetFills fills) {
+    const auto search = [&](HitRequest feature, auto offer) {
+        if (!asksFor(request, feature) || best.isFound()) return;
+        std::for_each(begin, end, [&](Node* node) { offer(*node); });
+    };
+    search(HitRequest::Anchors, [&](Node& node) { best.offerControls(HitKind::Anchor, node, &PathPoint::anchor); });
+    search(HitRequest::InHandles, [&](Node& node) { best.offerControls(HitKind::InHandle, node, &PathPoint::in); });
+    search(HitRequest::OutHandles, [&](Node& node) { best.offerControls(HitKind::OutHandle, node, &PathPoint::out); });
+    search(HitRequest::Segments, [&](Node& node) { best.offerSegments(node); });
+    if (!asksFor(request, HitRequest::Fills) || best.isFound()) return;
+    const Fills& filled = fills();
+    search(HitRequest::Fills, [&](Node& node) {
+        if (filled.contain(node)) best.offerFill(node);
+    });
+}
+
 bool isSearchable(Point point, double tolerance) {
     return std::isfinite(point.x) && std::isfinite(point.y) && tolerance >= 0;
 }
@@ -194,26 +213,40 @@ void Document::Impl::findNear(Point point, double tolerance) {
 Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request) {
     if (!isSearchable(point, tolerance)) return {};
     measure();
+    const KeptHits::Place place{point, tolerance, request};
+    if (impl_->tree.keptHits.isAskedAgain(place, within, impl_->tree.index.changeCount()))
+        return impl_->bestKept(within, place);
     impl_->findNear(point, tolerance);
     std::vector<Node*>& found = impl_->found;
     // What cannot be hit may still be a hole in what can.
     const auto end =
         std::partition(found.begin(), found.end(), [&](const Node* node) { return isReachable(*node, within); });
     BestHit best(impl_->tree.index, point, tolerance);
-    const auto search = [&](HitRequest feature, auto offer) {
-        if (!asksFor(request, feature) || best.isFound()) return;
-        std::for_each(found.begin(), end, [&](Node* node) { offer(*node); });
-    };
-    search(HitRequest::Anchors, [&](Node& node) { best.offerControls(HitKind::Anchor, node, &PathPoint::anchor); });
-    search(HitRequest::InHandles, [&](Node& node) { best.offerControls(HitKind::InHandle, node, &PathPoint::in); });
-    search(HitRequest::OutHandles, [&](Node& node) { best.offerControls(HitKind::OutHandle, node, &PathPoint::out); });
-    search(HitRequest::Segments, [&](Node& node) { best.offerSegments(node); });
-    if (!asksFor(request, HitRequest::Fills) || best.isFound()) return best.hit();
-    const Fills fills(found, point);
-    search(HitRequest::Fills, [&](Node& node) {
-        if (fills.contain(node)) best.offerFill(node);
-    });
+    searchAmong(found.begin(), end, request, best, [&] { return Fills(found, point); });
     return best.hit();
+}
+
+Hit Document::Impl::bestKept(Node& within, const KeptHits::Place& place) {
+    KeptHits::Search* kept = tree.keptHits.find(within);
+    std::vector<Node*> unknown;
+    if (kept) {
+        unknown = kept->takeChanged();
+        if (std::any_of(unknown.begin(), unknown.end(), [](const Node* node) { return node->isSubpath(); }))
+            kept = nullptr; // by now: what was beside it may look otherwise
+    }
+    if (!kept) {
+        kept = &tree.keptHits.begin(within);
+        findNear(place.point, place.tolerance);
+        unknown = found;
+    }
+    const Fills fills(unknown, place.point);
+    std::erase_if(unknown, [&](const Node* node) { return !isReachable(*node, within); });
+    for (auto at = unknown.begin(); at != unknown.end(); ++at) {
+        BestHit best(tree.index, place.point, place.tolerance);
+        searchAmong(at, at + 1, place.request, best, [&]() -> const Fills& { return fills; });
+        if (best.isFound()) kept->add({best.hit(), best.distance()});
+    }
+    return kept->best();
 }
 
 Node* Document::topmostAt(Point point, double tolerance) {

@@ -162,6 +162,7 @@ void Journal::requireWritable() const {
 
 void Journal::note(Node& node) {
     ++changeCount_;
+    tree_.keptHits.aboutToChange(node);
     if (beforeChange) beforeChange(node);
     if (!recording_) return;
     Record& record = top();
@@ -182,6 +183,7 @@ void Journal::exchange(Record& record) {
         return note.state.parent != note.node->state_.parent || note.state.order != note.node->state_.order;
     };
     if (!record.notes.empty()) ++changeCount_;
+    tree_.keptHits.forget();
     if (beforeChange)
         for (const Note& note : record.notes) beforeChange(*note.node);
     for (Note& note : record.notes) {

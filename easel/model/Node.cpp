@@ -30,6 +30,11 @@ Box Node::hull() const {
 
 bool Node::isOutlined() const { return (type_ == NodeType::Path && !isSubpath()) || type_ == NodeType::Compound; }
 
+bool Node::keepsPlace() const {
+    return type_ == NodeType::Opaque || type_ == NodeType::Group || type_ == NodeType::Layer ||
+           (hasOwnUnits_ && isOutlined());
+}
+
 bool Node::isSubpath() const { return state_.parent && state_.parent->type_ == NodeType::Compound; }
 
 bool Node::mayHold(NodeType type) const {

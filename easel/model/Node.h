@@ -41,7 +41,7 @@ struct Clip;
 struct Content {
     Shared<PathData> path;     ///< paths only
     Shared<Style> style;       ///< paths and compound paths only
-    Shared<OpaqueData> opaque; ///< opaque art; of a group or layer, how far it has been moved as a whole, if at all
+    Shared<OpaqueData> opaque; ///< opaque art; of other art that keeps its place, where that is, if it was transformed
     Shared<Extras> extras;     ///< nothing for ordinary ones
     Shared<std::string> name;  ///< a layer's title, an object's id; may be nothing
     bool locked = false;
@@ -97,8 +97,11 @@ class Node {
     [[nodiscard]] OutlineList outlines() const; ///< of a path, or of a compound path's subpaths; else none
     [[nodiscard]] const Style& style() const { return *state_.content.style; }
     [[nodiscard]] const OpaqueData& opaque() const { return *state_.content.opaque; }
-    /// How far opaque art, a group or a layer has been moved as a whole; of a path its points tell.
-    [[nodiscard]] Point moved() const { return state_.content.opaque ? state_.content.opaque->moved : Point{}; }
+    /// Whether it is known what has been done to it as a whole, so that masks and gradients in its own units go along:
+    /// opaque art, groups, layers, and of outlines those with such things. Of the others the points tell enough.
+    [[nodiscard]] bool keepsPlace() const;
+    /// What has been done to it as a whole, if that is known.
+    [[nodiscard]] Affine placed() const { return state_.content.opaque ? state_.content.opaque->placed() : Affine{}; }
     [[nodiscard]] Box hull() const; ///< of a path, a compound path or opaque art; else empty
     [[nodiscard]] const Extras& extras() const;
     [[nodiscard]] const Content& content() const { return state_.content; }
@@ -143,6 +146,7 @@ class Node {
     std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it
     NodeType type_;
     bool alive_ = false;
+    bool hasOwnUnits_ = false; // for the node's life as well
     Indexed indexed_ = Indexed::No;
     Shared<Kept> kept_; // for the node's life too; nothing for most
     NodeState state_;

@@ -78,6 +78,7 @@ void SpatialIndex::find(const Box& box, std::vector<Node*>& found) const {
 }
 
 void SpatialIndex::markDirty(Node& path) {
+    ++changeCount_;
     if (path.dirtyPlace_ != Node::kNowhere) return;
     if (!segments_.empty()) segments_.erase(&path);
     path.dirtyPlace_ = static_cast<std::uint32_t>(entries_->dirty.size());

@@ -3,6 +3,7 @@
 // nothing of visibility or order. Of long paths it also knows where their segments lie, once they have been searched.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -26,6 +27,7 @@ class SpatialIndex {
 
     /// To be called before a path changes its points, lives or dies.
     void markDirty(Node& path);
+    [[nodiscard]] std::uint64_t changeCount() const { return changeCount_; } ///< grows with each such change
     /// Sorts the dirty paths in, one by one or, when they are many, by building the whole anew.
     void reindex();
     /// Forgets a path whose slot is given back.
@@ -38,6 +40,7 @@ class SpatialIndex {
 
     std::unique_ptr<Entries> entries_;
     std::unordered_map<const Node*, SegmentBoxes> segments_;
+    std::uint64_t changeCount_ = 0;
 };
 
 } // namespace easel::model

@@ -76,6 +76,7 @@ void Tree::giveBack(Node& node) {
     node.record_ = 0;
     node.origin_ = 0;
     node.kept_ = {};
+    node.hasOwnUnits_ = false;
     node.rolledBackBy_ = 0;
     // A slot whose generations are used up stays empty for ever, so that no identity comes twice.
     if (node.id_.generation == kLastGeneration) return;

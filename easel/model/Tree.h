@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "model/KeptHits.h"
 #include "model/Node.h"
 #include "model/SpatialIndex.h"
 
@@ -44,6 +45,7 @@ class Tree {
     [[nodiscard]] bool mostAreSelected() const { return selected_.size() > nodes_.size() / 8; }
 
     SpatialIndex index;
+    KeptHits keptHits;
 
   private:
     void setAlive(Node& node, bool alive);

@@ -223,6 +223,18 @@ Box OpaqueData::hull() const {
     return box;
 }
 
+void Style::setFill(const std::optional<Color>& color) {
+    servedFill = false;
+    fill = color.has_value();
+    if (color) fillColor = *color;
+}
+
+void Style::setStroke(const std::optional<Color>& color) {
+    servedStroke = false;
+    stroke = color.has_value();
+    if (color) strokeColor = *color;
+}
+
 const Dashes& Style::dashes() const {
     static const Dashes solid;
     return dash ? *dash : solid;

@@ -169,13 +169,21 @@ struct Style {
     Cap cap = Cap::Butt;
     Join join = Join::Miter;
     Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
-    bool overprintFill = false;              ///< printed over what lies below, not in place of it
-    bool overprintStroke = false;
+    bool overprintFill : 1 = false;          ///< printed over what lies below, not in place of it
+    bool overprintStroke : 1 = false;
+    bool servedFill : 1 = false; ///< painted by a gradient or pattern, which whoever reads the drawing knows; where
+                                 ///< that is not found, as `fill` says
+    bool servedStroke : 1 = false;
     Color fillColor;
     Color strokeColor;
     double strokeWidth = 1;
     double miterLimit = 10;
     Shared<Dashes> dash{}; ///< nothing in most styles
+
+    [[nodiscard]] bool isFilled() const { return fill || servedFill; }
+    [[nodiscard]] bool isStroked() const { return stroke || servedStroke; }
+    void setFill(const std::optional<Color>& color); ///< plain, or none at all
+    void setStroke(const std::optional<Color>& color);
 
     [[nodiscard]] const Dashes& dashes() const;
     void setDashes(const Dashes& dashes);
@@ -215,6 +223,10 @@ struct OpaqueData {
     Shared<TextData> text{};                  ///< of text that was made here
 
     [[nodiscard]] Box hull() const; ///< where it lies now
+    void place(const Affine& at) {
+        moved = {at.e, at.f};
+        turned = {at.a, at.b, at.c, at.d};
+    }
     [[nodiscard]] Affine placed() const { return {turned[0], turned[1], turned[2], turned[3], moved.x, moved.y}; }
 
     bool operator==(const OpaqueData&) const = default;

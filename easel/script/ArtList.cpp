@@ -39,16 +39,11 @@ std::vector<model::Node*> outermost(const ArtList& list, const Document& documen
 }
 
 void restyle(model::Document& document, model::Node& art, const StyleRecord& says) {
-    const auto paint = [](const auto& said, bool& on, model::Color& color) {
-        if (!said) return;
-        on = said->color.has_value();
-        if (on) color = *said->color;
-    };
     for (model::Node* at = &art; at; at = nextWithin(art, *at)) {
         if (!at->content().style) continue;
         model::Style changed = at->style();
-        paint(says.fill, changed.fill, changed.fillColor);
-        paint(says.stroke, changed.stroke, changed.strokeColor);
+        if (says.fill) changed.setFill(says.fill->color);
+        if (says.stroke) changed.setStroke(says.stroke->color);
         changed.strokeWidth = says.width.value_or(changed.strokeWidth);
         document.setStyle(*at, changed);
     }

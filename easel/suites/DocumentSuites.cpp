@@ -96,6 +96,17 @@ void redraw() {
     afterMessage([](Document&) { host<session::Annotations>().update(); });
 }
 
+/// Only after the message it can be told what the document contains, to know it again.
+void setModified(bool modified) {
+    Document& document = currentDocument();
+    host<Documents>().setModified(document, modified);
+    const std::uint64_t changes = document.journal().changeCount();
+    if (modified) return;
+    afterMessage([changes](Document& after) {
+        if (after.journal().changeCount() == changes) host<Documents>().setModified(after, false);
+    });
+}
+
 void save() {
     const std::string path = host<Documents>().pathOf(currentDocument());
     require(!path.empty(), kRefusedErr);
@@ -105,6 +116,7 @@ void save() {
         host<session::Reports>().add(session::Blame::UserData, error.what());
         throw HostError{kRefusedErr};
     }
+    setModified(false);
 }
 
 void close() {
@@ -166,8 +178,7 @@ template <> void fill(AIDocumentSuite& suite) {
     enter<&AIDocumentSuite::GetDocumentFilePath>(suite,
                                                  [] { return host<Documents>().pathOf(currentDocument()).c_str(); });
     enter<&AIDocumentSuite::GetDocumentModified>(suite, [] { return host<Documents>().isModified(currentDocument()); });
-    enter<&AIDocumentSuite::SetDocumentModified>(
-        suite, [](bool modified) { host<Documents>().setModified(currentDocument(), modified); });
+    enter<&AIDocumentSuite::SetDocumentModified, setModified>(suite);
     enter<&AIDocumentSuite::GetDocumentColorModel>(suite, [] { return always(kAIRGBColorModel); });
     enter<&AIDocumentSuite::GetDocumentRulerUnits, getRulerUnits>(suite);
     enter<&AIDocumentSuite::GetDocumentSetup>(suite, [] {

@@ -107,10 +107,11 @@ template <> void fill(AIArtStyleSuite& suite) {
     enter<&AIArtStyleSuite::GetArtStyle, getStyle>(suite);
     enter<&AIArtStyleSuite::SetArtStyle, setStyle>(suite);
     enter<&AIArtStyleSuite::IsArtStyled, isStyled>(suite);
-    enter<&AIArtStyleSuite::ArtHasFill>(
-        suite, [](Art art) { return findPath(art, [](const model::Style& style) { return style.fill; }) != nullptr; });
+    enter<&AIArtStyleSuite::ArtHasFill>(suite, [](Art art) {
+        return findPath(art, [](const model::Style& style) { return style.isFilled(); }) != nullptr;
+    });
     enter<&AIArtStyleSuite::ArtHasStroke>(suite, [](Art art) {
-        return findPath(art, [](const model::Style& style) { return style.stroke; }) != nullptr;
+        return findPath(art, [](const model::Style& style) { return style.isStroked(); }) != nullptr;
     });
     enter<&AIArtStyleSuite::GetCenterPointVisible>(suite, [](Art art) { return art.node.extras().centerPoint; });
     enter<&AIArtStyleSuite::SetCenterPointVisible>(

@@ -179,8 +179,12 @@ AIPathStyle styleToHost(const model::Style& style) {
 }
 
 void paintPath(const Art& path, model::Style style) {
-    style.alignment = path.node.style().alignment;
-    style.evenOdd = path.node.style().evenOdd;
+    const model::Style& was = path.node.style();
+    style.alignment = was.alignment;
+    style.evenOdd = was.evenOdd;
+    // A plug-in is told what lies below a gradient, and may tell the same again.
+    style.servedFill = was.servedFill && style.fill == was.fill && style.fillColor == was.fillColor;
+    style.servedStroke = was.servedStroke && style.stroke == was.stroke && style.strokeColor == was.strokeColor;
     path.document.setStyle(path.node, style);
 }
 

@@ -2,6 +2,7 @@
 #include "hostapi/AITransformArtSuite.h"
 
 #include <cmath>
+#include <vector>
 
 #include "suites/Enter.h"
 
@@ -26,12 +27,15 @@ void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::in
     require(lineScale > 0 && std::isfinite(lineScale));
     const double lines = (flags & kScaleLines) ? lineScale : 1;
     if (art.node.isContainer() && !(flags & kTransformChildren)) return;
-    if (!(flags & kTransformSelectionOnly)) return art.document.transform(art.node, by, lines);
+    if (!(flags & kTransformSelectionOnly)) return require(art.document.transform(art.node, by, lines));
     // A group that is selected takes its mask along.
+    std::vector<Node*> whole;
     for (Node* const node : art.document.selection()) {
         const bool goesAlong = node != &art.node && node->parent()->selected();
-        if (!goesAlong && node->isWithin(art.node)) art.document.transform(*node, by, lines);
+        if (!goesAlong && node->isWithin(art.node)) whole.push_back(node);
     }
+    for (const Node* const node : whole) require(model::Document::staysFinite(*node, by, lines));
+    for (Node* const node : whole) art.document.transform(*node, by, lines);
 }
 
 } // namespace

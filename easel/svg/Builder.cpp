@@ -60,7 +60,7 @@ void Builder::bindPrefix(std::string_view prefix, std::string_view uri) {
 
 Builder::Builder(std::shared_ptr<Source> source, Warn warn, const std::vector<std::string>& sheets)
     : source_(std::move(source)), warn_(std::move(warn)) {
-    for (const std::string& sheet : sheets) rules_.add(sheet);
+    for (const std::string& sheet : sheets) source_->rules.add(sheet);
 }
 
 void Builder::startElement(std::string_view name, Attributes attributes, TagBytes tag) {
@@ -71,10 +71,10 @@ void Builder::startElement(std::string_view name, Attributes attributes, TagByte
         throw std::length_error("elements nest deeper than " + std::to_string(kDeepestElement));
     }
     const std::string_view element = svgName(name);
-    if (!rules_.isEmpty()) {
+    if (!source_->rules.isEmpty()) {
         styled_.push_back(
             {std::string(element), std::string(attributes.get(Name::Id)), classesIn(attributes.get(Name::Class))});
-        attributes.cascade(rules_.declarationsFor(styled_));
+        attributes.cascade(source_->rules.declarationsFor(styled_));
     }
     if (element == "style") startSheet();
     clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
@@ -147,7 +147,7 @@ void Builder::endSheet() {
     source_->sheetHasServers = source_->sheetHasServers || isElsewhere || has("url(");
     source_->sheetInsists = source_->sheetInsists || isElsewhere || has("important");
     source_->sheetNamesGroups = source_->sheetNamesGroups || has("@"); // for what follows that is not read
-    fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (rules_.isUnderstood() || !has("font"));
+    fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (source_->rules.isUnderstood() || !has("font"));
     sheets_.push_back(std::move(sheet_.text));
     sheet_ = {};
 }
@@ -181,7 +181,7 @@ void Builder::endSkipped() {
 std::unique_ptr<Document> Builder::finish() {
     document_->journal().end();
     clipPaths_.finish();
-    source_->sheetNamesGroups = source_->sheetNamesGroups || rules_.maySelect("g");
+    source_->sheetNamesGroups = source_->sheetNamesGroups || source_->rules.maySelect("g");
     if (!firstLayerTaken_) newImplicitLayer();
     document_->origin = std::move(source_);
     return std::move(document_);

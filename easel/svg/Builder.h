@@ -113,7 +113,6 @@ class Builder {
         std::size_t depth = 0; ///< 0: none is
         std::string text;
     } sheet_;
-    StyleSheet rules_;
     std::vector<std::string> sheets_;
     std::vector<Styled> styled_;      // the open elements, where there are rules
     bool fontsAreKnown_ = true;       // no style sheet has to do with them

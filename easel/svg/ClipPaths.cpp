@@ -98,7 +98,6 @@ std::optional<model::Clip> ClipPaths::clipFor(const Use& use, const ClipPath& pa
     model::Affine toMask{inverse[0], inverse[1], inverse[2], inverse[3], inverse[4], inverse[5]};
     model::Clip clip;
     clip.mask = path.mask;
-    clip.outlines = use.node->outlines();
     clip.fitsBox = path.inBox && use.node->isOutlined();
     if (path.inBox && !clip.fitsBox) {
         const auto fitted = model::toUnitBox(boundsOf(*use.node, {}, toMask));

@@ -19,6 +19,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Node;
 using model::NodeType;
 using model::PathData;
@@ -40,7 +41,44 @@ void requireUsable(const Style& style) {
     if (!usable) throw UnsavableError("a stroke with lengths beyond 1e9 points cannot be saved");
 }
 
-constexpr double kSameMove = 1e-9; ///< against the moves themselves
+constexpr double kSame = 1e-9; ///< against the numbers themselves
+
+bool isNear(double a, double b) { return std::fabs(a - b) <= kSame * (1 + std::fabs(a) + std::fabs(b)); }
+
+/// Whether the same has been done to art as to what it is in, exactly where that is nothing.
+bool goesAlong(const Affine& by, const Affine& around) {
+    if (around == Affine{}) return by == around;
+    return isNear(by.a, around.a) && isNear(by.b, around.b) && isNear(by.c, around.c) && isNear(by.d, around.d) &&
+           isNear(by.e, around.e) && isNear(by.f, around.f);
+}
+
+bool isNear(const PathData& a, const PathData& b, const Affine& by) {
+    if (a.closed != b.closed || !(a.smooth == b.smooth) || a.points.size() != b.points.size()) return false;
+    const auto near = [&](Point was, Point is) {
+        const Point to = by(was);
+        return isNear(to.x, is.x) && isNear(to.y, is.y);
+    };
+    return std::equal(a.points.begin(), a.points.end(), b.points.begin(), [&](const PathPoint& p, const PathPoint& q) {
+        return near(p.anchor, q.anchor) && near(p.in, q.in) && near(p.out, q.out);
+    });
+}
+
+/// Whether outlines are what they were, but for what has been done to them as a whole.
+bool isSame(const model::OutlineList& was, const model::OutlineList& is, const Affine& by) {
+    if (by == Affine{}) return was == is;
+    return std::equal(was.begin(), was.end(), is.begin(), is.end(),
+                      [&](const auto& a, const auto& b) { return isNear(*a, *b, by); });
+}
+
+/// Whether all lengths change by the same, so that strokes stay as they are.
+bool keepsShapes(const Affine& by) {
+    const double first = by.a * by.a + by.b * by.b;
+    const double second = by.c * by.c + by.d * by.d;
+    return std::fabs(first - second) <= kSame * (first + second) &&
+           std::fabs(by.a * by.c + by.b * by.d) <= kSame * (first + second);
+}
+
+Geom::Affine asGeom(const Affine& by) { return {by.a, by.b, by.c, by.d, by.e, by.f}; }
 
 double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(transform.det())); }
 
@@ -97,10 +135,7 @@ bool isTurned(const Node& node) {
 }
 
 /// From where opaque art was to where it is, on the page.
-Geom::Affine placedOf(const Node& node) {
-    const model::Affine placed = node.opaque().placed();
-    return {placed.a, placed.b, placed.c, placed.d, placed.e, placed.f};
-}
+Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
 
 /// Behind a comment, a section of data, an instruction or an end tag, which the text begins with, if with any.
 std::size_t behindMarkup(std::string_view text) {
@@ -318,11 +353,17 @@ bool ElementText::isChanged(const Node& node, const Element& element, const Plac
     const model::Content& is = node.content();
     if (element.container != place.container) return true;
     const bool isCompound = node.type() == NodeType::Compound;
-    if (place.moved == Point{}) return is != was || (isCompound && node.outlines() != original(node));
+    if (place.placed == Affine{}) return is != was || (isCompound && node.outlines() != original(node));
     requireInReach(node); // it may go along without being written
-    const bool sameOtherwise = is.style == was.style && is.name == was.name && is.locked == was.locked &&
-                               is.hidden == was.hidden && is.extras == was.extras;
-    return !sameOtherwise || !goesAlong(node, place);
+    model::Content otherwise = is;
+    otherwise.path = was.path;
+    otherwise.style = was.style;
+    otherwise.opaque = was.opaque;
+    const Done done = doneTo(node, place.placed);
+    if (otherwise != was || done.outlineChanged || !goesAlong(done.by, place.placed)) return true;
+    if (!node.isOutlined()) return false;
+    const Styles styles = stylesOf(node, element, done.by);
+    return !(styles.now == styles.before);
 }
 
 std::string ElementText::startTag(const Node& node, const Element& element, const Place& place) {
@@ -340,27 +381,37 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     if (is.hidden != was.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
     if (is.locked != was.locked) setLocked(tag, node.locked());
     if (is.extras != was.extras) setExtras(tag, node.extras(), was.extras ? *was.extras : model::Extras());
+    requireInReach(node);
     const bool staysInside = element.container == place.container;
-    const std::optional<Point> move = moveOf(node);
-    const bool outlineTells = staysInside && node.isOutlined() && !needsTransform(element);
-    if (node.isOutlined() && (!move || (outlineTells && !goesAlong(node, place))))
-        changeOutline(tag, node, element, staysInside ? place.moved : Point{});
-    if (is.style != was.style) {
-        requireUsable(node.style());
-        const double scale = scaleOf(source_.transforms[element.toPage]);
-        const Style before = inUnits(*was.style, scale);
-        for (const auto& [name, value] : properties(inUnits(*is.style, scale), &before)) setProperty(tag, name, value);
+    const Done done = doneTo(node, staysInside ? place.placed : Affine{});
+    const bool outlineTells = staysInside && node.isOutlined() && !node.keepsPlace() && !needsTransform(element);
+    const Affine by = outlineTells ? place.placed : isGroup(node) ? placedInside(node, element, place) : done.by;
+    const bool isAlong = staysInside && goesAlong(done.by, place.placed);
+    if (node.isOutlined() && (done.outlineChanged || (outlineTells && !isAlong)))
+        changeOutline(tag, node, source_.transforms[element.toPage] * asGeom(by));
+    if (node.isOutlined()) {
+        if (is.style != was.style) requireUsable(node.style());
+        const Styles styles = stylesOf(node, element, by);
+        for (const auto& [name, value] : properties(styles.now, &styles.before)) setProperty(tag, name, value);
         if (overprintText(*is.style) != overprintText(*was.style)) setOverprint(tag, *is.style);
     }
-    const bool moves = staysInside ? (move || isTurned(node)) && !goesAlong(node, place) : true;
-    if (!outlineTells && moves) prefixTransform(tag, element, displacement(node, element, place));
-    if (!staysInside) bringInherited(tag, source_.containers[element.container], source_.containers[place.container]);
+    if (!staysInside || !goesAlong(by, place.placed)) prefixTransform(tag, element, displacement(by, element, place));
+    if (!staysInside || node.copied()) bringInherited(tag, node, element, place);
 }
 
-/// What the element inherited where it was, unless it says so itself.
-void ElementText::bringInherited(Tag& tag, const Container& from, const Container& to) const {
+/// What the element looked like because of where it was, unless it says so itself. A duplicate has lost its id.
+void ElementText::bringInherited(Tag& tag, const Node& node, const Element& element, const Place& place) {
+    const Container& from = source_.containers[element.container];
+    const Container& to = source_.containers[place.container];
+    const bool hasTag = !element.wrapped || element.reason != Reason::Entity;
+    const std::string own = !element.wrapped ? tag.text() : hasTag ? std::string(source_.startTag(element)) : "<g>";
+    const Surroundings::Needed needed = surroundings_.needed(element, own, place.container, node.isOutlined());
+    for (const auto& [name, value] : needed.properties)
+        name == "xml:space" ? tag.set(name, escaped(value)) : setProperty(tag, name, escaped(value));
+    if (element.container == place.container) return;
     const auto bring = [&](std::string_view name, std::string_view value) {
-        const bool saysSo = tag.find(name) || declaration(tag.find("style").value_or(""), name);
+        const bool saysSo = tag.find(name) || declaration(tag.find("style").value_or(""), name) ||
+                            needed.declared.count(std::string(name)) > 0;
         if (!saysSo && !value.empty()) setProperty(tag, name, escaped(value));
     };
     for (const auto& [name, value] : from.inherited)
@@ -368,16 +419,52 @@ void ElementText::bringInherited(Tag& tag, const Container& from, const Containe
     for (const auto& [name, value] : to.inherited)
         if (from.inherits(name).empty()) bring(textOf(name), initialValue(name));
     const bool isServed = to.passesOnServers();
-    for (const auto& [name, value] : properties(from.style, isServed ? nullptr : &to.style)) bring(name, value);
+    for (const auto& [name, value] : properties(from.style, isServed ? nullptr : &to.style)) {
+        const bool wasServed =
+            (name == "fill" && from.style.servedFill) || (name == "stroke" && from.style.servedStroke);
+        if (!wasServed) bring(name, value);
+    }
 }
 
-/// How far a node has been moved since it was read; none when that is not all that was done to its outline.
-std::optional<Point> ElementText::moveOf(const Node& node) const {
-    if (isTurned(node)) return std::nullopt;
-    if (!node.isOutlined()) return node.moved();
+/// `around`: what has been done to what it is in. Where it is not known what has been done to an outline, and that is
+/// neither a move nor the same, the outline has been changed in there.
+ElementText::Done ElementText::doneTo(const Node& node, const Affine& around) const {
+    if (!node.isOutlined()) return {node.placed()};
     const model::OutlineList was = original(node);
     const model::OutlineList is = node.outlines();
-    return is == was ? Point{} : commonMove(was, is);
+    if (node.hull().isEmpty()) return {around, was != is};
+    if (node.keepsPlace()) return {node.placed(), !isSame(was, is, node.placed())};
+    if (was == is) return {};
+    if (const std::optional<Point> move = commonMove(was, is)) return {{.e = move->x, .f = move->y}};
+    return {around, !isSame(was, is, around)};
+}
+
+/// In the element's units. Lengths that do not show, or that only rounding tells apart, are those before.
+ElementText::Styles ElementText::stylesOf(const Node& node, const Element& element, const Affine& by) const {
+    const Style& was = *wasOf(node).style;
+    const double scale = scaleOf(source_.transforms[element.toPage]);
+    const double scaled = scaleOf(asGeom(by));
+    Styles styles{inUnits(was, scale), inUnits(node.style(), scale * scaled)};
+    if (scaled == 1) return styles;
+    std::vector<double> lengths;
+    Style before = styles.before;
+    before.changeLengths([&](double& length) { lengths.push_back(length); });
+    std::size_t at = 0;
+    styles.now.changeLengths([&](double& length) {
+        const bool has = at < lengths.size();
+        if (has && (!styles.now.isStroked() || std::fabs(length - lengths[at]) <= kSame * lengths[at]))
+            length = lengths[at];
+        ++at;
+    });
+    return styles;
+}
+
+/// A group is transformed by its own element, so that all that lies in its units goes along. A plain one that would
+/// only distort the strokes in it leaves that to what it holds.
+Affine ElementText::placedInside(const Node& group, const Element& element, const Place& place) const {
+    const bool staysInside = element.container == place.container;
+    const bool isPlain = staysInside && !hasServers(element) && !source_.containers[element.inner].passesOnServers();
+    return isPlain && !keepsShapes(inverse(place.placed) * group.placed()) ? place.placed : group.placed();
 }
 
 /// The outlines that were read.
@@ -387,39 +474,28 @@ model::OutlineList ElementText::original(const Node& node) const {
     return source_.compounds[source_.elements[origin - 1].inner];
 }
 
-/// Whether the node has been moved as far as what it is in, and not changed in another way.
-bool ElementText::goesAlong(const Node& node, const Place& place) const {
-    const std::optional<Point> move = moveOf(node);
-    const bool isDrawn = !node.isOutlined() || !node.hull().isEmpty();
-    if (place.moved == Point{} || !isDrawn)
-        return move == Point{} && (!node.isOutlined() || node.outlines() == original(node));
-    const auto same = [](double a, double b) {
-        return std::fabs(a - b) <= kSameMove * (1 + std::fabs(a) + std::fabs(b));
-    };
-    return move && same(move->x, place.moved.x) && same(move->y, place.moved.y);
-}
-
 /// Whether the element is moved by a transform, since it would not follow its outline or would lose something by
 /// writing that anew: basic shapes, paint and clips that lie in the element's own space, data that is damaged.
 bool ElementText::needsTransform(const Element& element) const {
-    const std::string_view tag = source_.startTag(element);
-    return localName(source_.tagName(element)) != "path" || element.damaged || source_.sheetHasServers ||
-           source_.containers[element.container].passesOnServers() || tag.find("url(") != std::string_view::npos ||
-           tag.find("sodipodi:type") != std::string_view::npos;
+    return localName(source_.tagName(element)) != "path" || element.damaged || hasServers(element) ||
+           source_.containers[element.container].passesOnServers() ||
+           source_.startTag(element).find("sodipodi:type") != std::string_view::npos;
 }
 
-/// The way from where an element was read to where it is, in the units that hold around it.
-Geom::Affine ElementText::displacement(const Node& node, const Element& element, const Place& place) const {
+bool ElementText::hasServers(const Element& element) const {
+    return source_.sheetHasServers || source_.startTag(element).find("url(") != std::string_view::npos;
+}
+
+/// The way from where an element was read to where it is after `by`, in the units that hold around it.
+Geom::Affine ElementText::displacement(const Affine& by, const Element& element, const Place& place) const {
     const Geom::Affine& from = source_.transforms[source_.containers[element.container].toPage];
     const Geom::Affine to = toPageIn(place);
-    requireInReach(node);
-    if (isTurned(node)) return from * placedOf(node) * to.inverse();
-    const Point move = moveOf(node).value_or(Point{});
-    if (element.container == place.container) { // in these units, without rounding what is nought
-        const Geom::Point on(move.x - place.moved.x, move.y - place.moved.y);
+    if (element.container == place.container && by.isMove() &&
+        place.placed.isMove()) { // without rounding what is nought
+        const Geom::Point on(by.e - place.placed.e, by.f - place.placed.f);
         return Geom::Affine(Geom::Translate(on * to.withoutTranslation().inverse()));
     }
-    return from * Geom::Affine(Geom::Translate(move.x, move.y)) * to.inverse();
+    return from * asGeom(by) * to.inverse();
 }
 
 void ElementText::prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const {
@@ -430,12 +506,11 @@ void ElementText::prefixTransform(Tag& tag, const Element& element, const Geom::
 
 /// From the units inside of what is written to the page.
 Geom::Affine ElementText::toPageIn(const Place& place) const {
-    return source_.transforms[source_.containers[place.container].toPage] *
-           Geom::Affine(Geom::Translate(place.moved.x, place.moved.y));
+    return source_.transforms[source_.containers[place.container].toPage] * asGeom(place.placed);
 }
 
-/// `moved`: how far the element goes along with what it is in.
-void ElementText::changeOutline(Tag& tag, const Node& node, const Element& element, Point moved) const {
+/// `toPage`: from the element's units as they are now.
+void ElementText::changeOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
     static constexpr std::string_view kMeasures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
                                                      "cy", "r", "x1",    "y1",     "x2", "y2", "points"};
     const std::string name(tag.name());
@@ -443,17 +518,17 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Element& eleme
         for (const std::string_view measure : kMeasures) tag.remove(measure);
         tag.rename(name.substr(0, name.size() - localName(name).size()) + "path");
     }
-    const Geom::Affine along(Geom::Translate(moved.x, moved.y));
-    setOutline(tag, node, source_.transforms[element.toPage] * along);
+    setOutline(tag, node, toPage);
     // Others would make the outline anew from these.
     tag.remove(tag.find(source_.sodipodiPrefixes, "type"));
     tag.remove(tag.find(source_.inkscapePrefixes, "original-d"));
     tag.remove(tag.find(source_.inkscapePrefixes, "path-effect"));
 }
 
-std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) const {
+std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) {
     Tag tag('<' + place.prefix + 'g');
-    const Geom::Affine displaced = displacement(node, element, place);
+    const bool isAlong = element.container == place.container && goesAlong(node.placed(), place.placed);
+    const Geom::Affine displaced = isAlong ? Geom::Affine::identity() : displacement(node.placed(), element, place);
     if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
     const model::Content& was = wasOf(node);
     const bool hides = node.hidden() && !was.hidden;
@@ -461,6 +536,7 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
         tag.set("style", groupStyle(hides));
     else if (hides)
         tag.set("style", "display:none");
+    if (element.container != place.container) bringInherited(tag, node, element, place);
     if (node.locked() && !was.locked) {
         setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", "true");
     }
@@ -503,7 +579,7 @@ void ElementText::setProperty(Tag& tag, std::string_view name, const std::string
         std::string changed(*style);
         changed.replace(declared->first, declared->second - declared->first, value);
         tag.set("style", std::move(changed));
-    } else if (style || source_.hasStyleSheet || name == "display" || name == "mix-blend-mode") {
+    } else if (style || source_.hasStyleSheet || name == "display" || name == "mix-blend-mode" || name == "font") {
         std::string changed(style.value_or(""));
         const std::size_t end = changed.find_last_not_of(kSpace);
         if (end != std::string::npos && changed[end] != ';') changed += ';';

@@ -13,6 +13,7 @@
 #include "model/Document.h"
 #include "svg/Markup.h"
 #include "svg/Source.h"
+#include "svg/Surroundings.h"
 
 namespace easel::svg {
 
@@ -20,13 +21,14 @@ namespace easel::svg {
 struct Place {
     std::uint32_t container = 0; ///< whose style and transform hold
     std::string prefix;          ///< of SVG's names, with its colon
-    model::Point moved;          ///< how far what holds has been moved as a whole, on the page
+    model::Affine placed;        ///< what has been done as a whole to what holds it, on the page
 };
 
 /// Every operation that writes throws FileError for what could not be read again.
 class ElementText {
   public:
-    ElementText(const model::Document& document, const Source& source) : document_(document), source_(source) {}
+    ElementText(const model::Document& document, const Source& source)
+        : document_(document), source_(source), surroundings_(source) {}
 
     /// The start tag of a node that was made here, without its end.
     [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
@@ -41,30 +43,43 @@ class ElementText {
     [[nodiscard]] bool isChanged(const model::Node& node, const Element& element, const Place& place) const;
     /// The start tag of an element that was read.
     [[nodiscard]] std::string startTag(const model::Node& node, const Element& element, const Place& place);
+    /// What is done as a whole to what a group holds, which is what its own element says.
+    [[nodiscard]] model::Affine placedInside(const model::Node& group, const Element& element,
+                                             const Place& place) const;
     /// The start tag of a group around an element that takes no attributes itself.
-    [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place) const;
+    [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place);
 
   private:
     /// What it was like when it was read, or when what it copies was.
     [[nodiscard]] const model::Content& wasOf(const model::Node& node) const;
 
-    // What moves how
+    // What goes along with what
+    /// What has been done to art as a whole since it was read, and whether its outline has been changed besides.
+    struct Done {
+        model::Affine by;
+        bool outlineChanged = false;
+    };
+    [[nodiscard]] Done doneTo(const model::Node& node, const model::Affine& around) const;
     [[nodiscard]] model::OutlineList original(const model::Node& node) const;
-    [[nodiscard]] std::optional<model::Point> moveOf(const model::Node& node) const;
-    [[nodiscard]] bool goesAlong(const model::Node& node, const Place& place) const;
+    [[nodiscard]] bool hasServers(const Element& element) const;
     [[nodiscard]] bool needsTransform(const Element& element) const;
-    [[nodiscard]] Geom::Affine displacement(const model::Node& node, const Element& element, const Place& place) const;
+    [[nodiscard]] Geom::Affine displacement(const model::Affine& by, const Element& element, const Place& place) const;
     [[nodiscard]] Geom::Affine toPageIn(const Place& place) const;
+    struct Styles {
+        model::Style before;
+        model::Style now;
+    };
+    [[nodiscard]] Styles stylesOf(const model::Node& node, const Element& element, const model::Affine& by) const;
 
     // Attributes
     [[nodiscard]] Tag newTag(const model::Node& node, const Place& place, std::string_view name);
     void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
-    void changeOutline(Tag& tag, const model::Node& node, const Element& element, model::Point moved) const;
+    void changeOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
     void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;
     void setPaint(Tag& tag, const model::Node& node, const model::Style& style, const Container& container) const;
     [[nodiscard]] bool mayBeStyled(const Tag& group) const;
     [[nodiscard]] std::string groupStyle(bool hidden) const;
-    void bringInherited(Tag& tag, const Container& from, const Container& to) const;
+    void bringInherited(Tag& tag, const model::Node& node, const Element& element, const Place& place);
     void setLocked(Tag& tag, bool locked) const;
     void setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const;
     void setOverprint(Tag& tag, const model::Style& style) const;
@@ -80,6 +95,7 @@ class ElementText {
 
     const model::Document& document_;
     const Source& source_;
+    Surroundings surroundings_;
     std::optional<std::unordered_set<std::string_view>> ids_;
 };
 

@@ -180,11 +180,12 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
     const auto samePaint = [](bool a, const model::Color& colorA, bool b, const model::Color& colorB) {
         return a == b && (!a || colorA == colorB);
     };
-    say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor), "fill",
-        colorText(style.fillColor, style.fill));
+    say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor) && style.servedFill == other.servedFill,
+        "fill", colorText(style.fillColor, style.fill));
     say(style.evenOdd == other.evenOdd, "fill-rule", style.evenOdd ? "evenodd" : "nonzero");
-    say(samePaint(style.stroke, style.strokeColor, other.stroke, other.strokeColor), "stroke",
-        colorText(style.strokeColor, style.stroke));
+    say(samePaint(style.stroke, style.strokeColor, other.stroke, other.strokeColor) &&
+            style.servedStroke == other.servedStroke,
+        "stroke", colorText(style.strokeColor, style.stroke));
     say(style.strokeWidth == other.strokeWidth, "stroke-width", numberText(style.strokeWidth));
     say(style.miterLimit == other.miterLimit, "stroke-miterlimit", numberText(style.miterLimit));
     say(style.cap == other.cap, "stroke-linecap", kCapTexts[static_cast<int>(style.cap)]);

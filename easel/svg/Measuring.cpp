@@ -4,9 +4,12 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <string>
+#include <tuple>
 #include <utility>
 
+#include "svg/Limits.h"
 #include "svg/Packing.h"
 #include "svg/Reach.h"
 #include "svg/RenderProcess.h"
@@ -18,6 +21,10 @@ namespace {
 
 constexpr double kMostSeconds = 5; ///< for a whole drawing; the user waits
 
+constexpr std::size_t kMostTogether = 16; ///< children of one element
+
+/// The drawing with an id for each piece of art. The renderer walks past all that stands beside and around an element
+/// on its way to it, so what stands together by the thousand is put into groups of groups.
 class Labelled {
   public:
     Labelled(const Source& source, const std::vector<Unmeasured>& art) : source_(source) {
@@ -34,13 +41,22 @@ class Labelled {
             const bool takesOne = element.reason != Reason::Entity && own.empty();
             takesOne ? addId(element) : wrap(element);
         }
-        text += source.text.substr(copied_);
+        gatherAround(art);
+        join();
     }
 
     std::vector<std::string> ids; ///< of the art, in its order
     std::string text;
 
   private:
+    /// What comes first where several things are inserted at one place.
+    enum class Rank : std::uint8_t { End, Around, Begin };
+    struct Insertion {
+        std::size_t at;
+        Rank rank;
+        std::string text;
+    };
+
     /// Empty where there is none, or none that is written as it is.
     [[nodiscard]] std::string_view idOf(const Element& element) const {
         if (element.reason == Reason::Entity) return {};
@@ -55,28 +71,69 @@ class Labelled {
         return {};
     }
 
-    void copyTo(std::size_t place) {
-        text.append(source_.text, copied_, place - copied_);
-        copied_ = place;
-    }
-
     void addId(const Element& element) {
-        copyTo(element.begin + 1 + source_.tagName(element).size());
-        text += " id=\"" + ids.back() + '"';
+        insertions_.push_back(
+            {element.begin + 1 + source_.tagName(element).size(), Rank::Begin, " id=\"" + ids.back() + '"'});
     }
 
     void wrap(const Element& element) {
-        const Element& around = source_.elements[source_.containers[element.container].element];
-        const std::string_view name = source_.tagName(around);
-        const std::string group = std::string(name.substr(0, name.size() - localName(name).size())) + 'g';
-        copyTo(element.begin);
-        text += '<' + group + " id=\"" + ids.back() + "\">";
-        copyTo(element.end);
-        text += "</" + group + '>';
+        const std::string group = groupIn(element.container);
+        insertions_.push_back({element.begin, Rank::Begin, '<' + group + " id=\"" + ids.back() + "\">"});
+        insertions_.push_back({element.end, Rank::End, "</" + group + '>'});
     }
 
+    [[nodiscard]] std::string groupIn(std::uint32_t container) const {
+        const std::string_view name = source_.tagName(source_.elements[source_.containers[container].element]);
+        return std::string(name.substr(0, name.size() - localName(name).size())) + 'g';
+    }
+
+    /// Selectors could tell the difference. The renderer has limits too.
+    void gatherAround(const std::vector<Unmeasured>& art) {
+        if (source_.hasStyleSheet || !source_.defaults.empty()) return;
+        if (source_.elementCount + source_.elementCount / (kMostTogether - 2) > kMostElements) return;
+        std::set<std::uint32_t> containers;
+        for (const Unmeasured& each : art)
+            for (std::uint32_t at = source_.elements[each.element].container; containers.insert(at).second;)
+                at = source_.elements[source_.containers[at].element].container;
+        for (const std::uint32_t container : containers) gather(container);
+    }
+
+    void gather(std::uint32_t container) {
+        const std::uint32_t parent = source_.containers[container].element;
+        std::vector<const Element*> children;
+        for (std::size_t at = parent + 1; at < source_.elements[parent].after; at = source_.elements[at].after)
+            children.push_back(&source_.elements[at]);
+        std::size_t levels = 0;
+        for (std::size_t most = kMostTogether; most < children.size(); most *= kMostTogether) ++levels;
+        if (source_.containers[container].depth + source_.elements[parent].height + 2 * kDeepestGathering >
+            kDeepestElement)
+            return;
+        const std::string group = groupIn(container);
+        for (std::size_t level = 0, size = kMostTogether; level < levels; ++level, size *= kMostTogether) {
+            for (std::size_t first = 0; first < children.size(); first += size) {
+                const std::size_t last = std::min(first + size, children.size()) - 1;
+                insertions_.push_back({children[first]->begin, Rank::Around, '<' + group + '>'});
+                insertions_.push_back({children[last]->end, Rank::End, "</" + group + '>'});
+            }
+        }
+    }
+
+    void join() {
+        std::stable_sort(insertions_.begin(), insertions_.end(), [](const Insertion& a, const Insertion& b) {
+            return std::tie(a.at, a.rank) < std::tie(b.at, b.rank);
+        });
+        std::size_t copied = 0;
+        for (const Insertion& each : insertions_) {
+            text.append(source_.text, copied, each.at - copied).append(each.text);
+            copied = each.at;
+        }
+        text.append(source_.text, copied);
+    }
+
+    static constexpr std::size_t kDeepestGathering = 5; ///< levels for a million
+
     const Source& source_;
-    std::size_t copied_ = 0;
+    std::vector<Insertion> insertions_;
 };
 
 } // namespace

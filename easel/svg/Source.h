@@ -17,6 +17,7 @@
 #include "svg/Attributes.h"
 #include "svg/KnownFiles.h"
 #include "svg/Markup.h"
+#include "svg/StyleSheet.h"
 #include "svg/Units.h"
 
 namespace easel::svg {
@@ -104,6 +105,7 @@ class Source : public KnownFiles {
     std::deque<Geom::Affine> transforms;      ///< the first is the root's, for what is in it
     std::deque<model::OutlineList> compounds; ///< of compound paths, as they were read
     std::size_t elementCount = 0;             ///< those that no node came from included
+    StyleSheet rules;                         ///< of its style sheets, as far as they are understood
     bool hasStyleSheet = false;
     bool sheetHasServers = false; ///< gradients, markers, clips, anything that lies in the units of what it is put on
     bool sheetInsists = false;    ///< with "!important"

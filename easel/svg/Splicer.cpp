@@ -150,7 +150,8 @@ class Splicer {
             if (isGroup(node) && node.firstChild()) return openNew(node, std::move(behind));
             out_.add("/>");
         } else if (isGroup(*item.node)) {
-            const Place inside{item.element->inner, parent.place.prefix, item.node->moved()};
+            const Place inside{item.element->inner, parent.place.prefix,
+                               elements_.placedInside(*item.node, *item.element, parent.place)};
             const bool elsewhere = parent.elsewhere || !item.inPlace;
             std::string tag = elements_.startTag(*item.node, *item.element, parent.place);
             openElement(*item.node, *item.element, std::move(tag), inside, parent.depth + 1, elsewhere);
@@ -202,7 +203,7 @@ class Splicer {
         level.closing = "</" + level.place.prefix + "g>";
         if (node.copied()) {
             const Element& element = copiedOf(node);
-            level.place = {element.inner, level.place.prefix, node.moved()};
+            level.place = {element.inner, level.place.prefix, elements_.placedInside(node, element, parent.place)};
             level.closing = "</" + std::string(source_.tagName(element)) + '>';
         }
         level.behind = std::move(behind);

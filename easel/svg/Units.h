@@ -26,7 +26,8 @@ class Units {
     [[nodiscard]] std::optional<double> length(std::string_view text, Along along) const;
 
     void setFontSize(std::string_view value, const Units& around);
-    void forgetFontSize(); ///< lengths by it are in an unknown unit from then on
+    [[nodiscard]] double fontSize() const { return fontSize_; } ///< not a number when it is not known
+    void forgetFontSize();                                      ///< lengths by it are in an unknown unit from then on
 
   private:
     [[nodiscard]] double diagonal() const;

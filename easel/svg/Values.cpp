@@ -70,9 +70,11 @@ std::optional<model::Color> rgbColor(std::string_view text) {
     return model::Color{channels[0], channels[1], channels[2]};
 }
 
-/// Sets what a paint says; `url(...)` is not understood and gives way to its fallback.
-void applyPaint(bool& painted, model::Color& into, std::string_view value) {
-    if (value.substr(0, 4) == "url(") {
+/// Sets what a paint says; of what `url(...)` names only the fallback is understood. Returns whether it is served so;
+/// nothing where nothing is said.
+std::optional<bool> applyPaint(bool& painted, model::Color& into, std::string_view value) {
+    const bool served = value.substr(0, 4) == "url(";
+    if (served) {
         const std::size_t end = value.find(')');
         value = end == std::string_view::npos ? "" : trimmed(value.substr(end + 1));
         if (value.empty()) value = "none";
@@ -82,7 +84,10 @@ void applyPaint(bool& painted, model::Color& into, std::string_view value) {
     } else if (const std::optional<model::Color> named = color(value)) {
         painted = true;
         into = *named;
+    } else if (!served) {
+        return std::nullopt;
     }
+    return served;
 }
 
 template <class Enum, std::size_t size>
@@ -234,11 +239,15 @@ model::Style initialStyle() {
 void applyProperty(model::Style& style, Name name, std::string_view value, const Units& units) {
     const auto diagonal = [&] { return units.length(value, Along::Diagonal); };
     switch (name) {
-    case Name::Fill: return applyPaint(style.fill, style.fillColor, value);
+    case Name::Fill:
+        style.servedFill = applyPaint(style.fill, style.fillColor, value).value_or(bool(style.servedFill));
+        return;
     case Name::FillRule:
         if (value == "evenodd" || value == "nonzero") style.evenOdd = value == "evenodd";
         return;
-    case Name::Stroke: return applyPaint(style.stroke, style.strokeColor, value);
+    case Name::Stroke:
+        style.servedStroke = applyPaint(style.stroke, style.strokeColor, value).value_or(bool(style.servedStroke));
+        return;
     case Name::StrokeLineCap: return applyChoice(style.cap, kCaps, value);
     case Name::StrokeAlignment: return applyChoice(style.alignment, kAlignments, value);
     case Name::StrokeLineJoin: return applyChoice(style.join, kJoins, value);

@@ -71,7 +71,7 @@ void editContainer(model::Document& document, Node& node, Choice& choice) {
 void editLeaf(model::Document& document, Node& node, Node& other, Choice& choice) {
     switch (choice.below(6)) {
     case 0: return document.remove(node);
-    case 1: return document.offset(node, 1, 2);
+    case 1: return static_cast<void>(document.offset(node, 1, 2));
     case 2: return document.setHidden(node, !node.hidden());
     case 3: {
         const Node& parent = other.isContainer() ? other : *other.parent();

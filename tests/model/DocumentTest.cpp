@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "support/Drawing.h"
 
@@ -213,6 +214,30 @@ TEST_F(DocumentTest, EveryAttributeIsComparedUndoneAndKeptAsItWasRead) {
         while (listing(document) != before) ASSERT_TRUE(document.journal().undo());
         EXPECT_TRUE(node->content() == was);
     }
+}
+
+TEST_F(DocumentTest, ADuplicateInACompoundPathIsPartOfIt) {
+    Node& compound = document.create(NodeType::Compound, Placement::OnTopInside, layer);
+    Node& first = addLine(document, compound, {0, 0}, {1, 1});
+    document.setStyle(compound, painted(true, 7));
+    Node& other = addLine(document, layer, {5, 5}, {6, 6});
+    document.setHidden(other, true);
+    Node& copy = document.duplicate(other, Placement::Below, first);
+    EXPECT_TRUE(copy.isSubpath() && !copy.hidden() && copy.path() == other.path());
+    EXPECT_TRUE(copy.content().style.isSameAs(compound.content().style));
+}
+
+TEST_F(DocumentTest, RefusesTransformsThatLeadOutOfAllNumbers) {
+    Node& group = document.create(NodeType::Group, Placement::OnTopInside, layer);
+    addLine(document, group, {1e9, 0}, {1, 1});
+    document.setBounds(document.create(NodeType::Opaque, Placement::OnTopInside, group), {0, 0, 1e9, 1});
+    const Listing before = listing(document);
+    const std::size_t steps = document.journal().undoDepth();
+    for (const Affine& by : {Affine{.a = 1e300}, Affine{.b = 1e300}, Affine{.d = 1e308, .f = 1e308}})
+        EXPECT_FALSE(document.transform(group, by));
+    EXPECT_FALSE(document.transform(group, {}, std::numeric_limits<double>::infinity()));
+    EXPECT_TRUE(listing(document) == before && document.journal().undoDepth() == steps);
+    EXPECT_TRUE(document.transform(group, {.a = 1e200}, 1e200));
 }
 
 TEST_F(DocumentTest, PathsThatLookAlikeShareOneStyle) {

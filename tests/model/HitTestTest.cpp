@@ -198,6 +198,53 @@ TEST_F(HitTest, IndexFindsWhatLookingAtEveryPathFinds) {
     }
 }
 
+// Whoever asks again at one place is told from what was kept, whatever has changed in between.
+TEST_F(HitTest, WhatIsKeptOfASearchIsWhatSearchingAnewFinds) {
+    RandomEditor random(5);
+    for (int round = 0; round < 500; ++round) {
+        document.journal().begin();
+        if (round % 50 == 0)
+            for (int i = 0; i < 20; ++i)
+                document.setStyle(addPath(document, document.currentLayer(), random.points(4)), painted(true, 1));
+        const Point point = random.point();
+        const auto find = [&](Node& within) { return document.hitTest(within, point, 9, kEverything); };
+        const auto findAll = [&] {
+            std::vector<Hit> hits{find(document.root())};
+            for (Node* node = document.root().firstChild(); node; node = node->next()) hits.push_back(find(*node));
+            return hits;
+        };
+        findAll();
+        for (int change = 0; change < 6; ++change) {
+            findAll(); // kept from the second time on
+            const Hit hit = find(document.root());
+            switch (hit.node ? random.below(8) : 7) {
+            case 0: document.setHidden(*hit.node, true); break;
+            case 1: document.select(*hit.node, true); break;
+            case 2:
+                if (document.currentLayer().mayHold(hit.node->type()) && !hit.node->isSubpath())
+                    document.place(*hit.node, Placement::AtBottomInside, document.currentLayer());
+                break;
+            case 3:
+                if (!hit.node->isSubpath()) document.create(NodeType::Group, Placement::Below, *hit.node);
+                break;
+            case 4: document.setStyle(*hit.node, painted(random.below(2) == 0, 2)); break;
+            case 5: document.journal().rollBackTransaction(); break;
+            default: random.edit(document);
+            }
+        }
+        const std::vector<Hit> kept = findAll();
+        static_cast<void>(document.hitTest(document.root(), {-1e6, 0}, 0, kEverything));
+        const std::vector<Hit> anew = findAll();
+        ASSERT_EQ(kept.size(), anew.size());
+        for (std::size_t i = 0; i < kept.size(); ++i)
+            ASSERT_EQ(std::tie(kept[i].kind, kept[i].node, kept[i].index, kept[i].point),
+                      std::tie(anew[i].kind, anew[i].node, anew[i].index, anew[i].point))
+                << round;
+        document.journal().end();
+        if (round % 5 == 0) document.journal().undo();
+    }
+}
+
 TEST_F(HitTest, LongPathsAreSearchedAsTheyAreWhileTheyChange) {
     // A path that a running transaction has made is looked through point by point.
     Document looking{200, 200};

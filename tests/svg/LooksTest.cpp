@@ -4,7 +4,10 @@
 #include <librsvg/rsvg.h>
 
 #include <cmath>
+#include <functional>
+#include <sstream>
 
+#include "model/Bounds.h"
 #include "support/Drawing.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -130,25 +133,65 @@ TEST(Looks, WhatIsMovedTakesAlongWhatItIsPaintedAndClippedWith) {
     for (const std::string content : contents) {
         SCOPED_TRACE(content);
         std::string plain = content;
-        std::string moved = content;
         const double scale = content.find("scale(.5)") == std::string::npos ? 1 : 2;
         const std::size_t open = content.find('[');
         const std::size_t close = content.find(']');
         plain.erase(close, 1).erase(open, 1);
-        moved.replace(close, 1, "</g>");
-        moved.replace(open, 1,
-                      "<g transform='translate(" + std::to_string(20 * scale) + " " + std::to_string(10 * scale) +
-                          ")'>");
-        const auto document = read(drawing(plain), "t.svg");
-        document->offset(*document->findByName("o"), 20, 10);
-        const std::string text = write(*document);
-        expectSamePicture(text, drawing(moved));
-        // All of the change is in the one start tag.
-        const std::string object = plain.substr(open, close - open - 1);
-        EXPECT_NE(text.find(object.substr(object.find('>'))), std::string::npos) << text;
-        document->journal().undo();
-        EXPECT_EQ(write(*document), drawing(plain));
+        for (const auto& [by, lines] : {std::pair(model::Affine{.e = 20, .f = 10}, 1.0),
+                                        {{.8, .6, -.6, .8, 20, -10}, 1.0},
+                                        {{-.5, 0, 0, .5, 60, 20}, .5}}) {
+            std::string moved = content;
+            std::ostringstream around;
+            around << "<g transform='matrix(" << by.a << ' ' << by.b << ' ' << by.c << ' ' << by.d << ' '
+                   << by.e * scale << ' ' << by.f * scale << ")'>";
+            moved.replace(close, 1, "</g>").replace(open, 1, around.str());
+            const auto document = read(drawing(plain), "t.svg");
+            Node& object = *document->findByName("o");
+            document->transform(object, by, lines);
+            const std::string text = write(*document);
+            expectSamePicture(text, drawing(moved));
+            expectSamePicture(write(*read(text, "t.svg")), drawing(moved));
+            // All of the change is in the one start tag.
+            const std::string element = plain.substr(open, close - open - 1);
+            EXPECT_NE(text.find(element.substr(element.find('>'))), std::string::npos) << text;
+            if (content.find("<g id='o' fill") != std::string::npos) { // and nothing is lost without the group
+                while (Node* const child = object.firstChild()) document->place(*child, Placement::Above, object);
+                document->remove(object);
+                expectSamePicture(write(*document), drawing(moved));
+            }
+            while (document->journal().undo()) continue;
+            EXPECT_EQ(write(*document), drawing(plain));
+        }
     }
+}
+
+// A gradient is paint too, though only the file knows its colours.
+TEST(Looks, WhatIsPaintedByServersIsPainted) {
+    const std::string bytes = drawing("<g fill='url(#u)'><path id='a' d='M10 10h30v30h-30z'/></g>"
+                                      "<path id='b' d='M60 10h30v30z' style='fill:url(#u) red;stroke:url(#u)'/>"
+                                      "<path id='c' d='M10 60h30v30z' fill='none'/>");
+    const auto document = read(bytes, "t.svg");
+    const model::BoundsOptions strokes{.strokes = true, .unpainted = false};
+    const struct {
+        const char* name;
+        model::Point inside;
+        bool filled, stroked;
+    } rows[] = {{"a", {20, 20}, true, false}, {"b", {80, 20}, true, true}, {"c", {30, 70}, false, false}};
+    for (const auto& row : rows) {
+        Node& path = *document->findByName(row.name);
+        EXPECT_EQ(document->topmostAt(row.inside, 1), row.filled ? &path : nullptr) << row.name;
+        EXPECT_EQ(boundsOf(path, strokes).isEmpty(), !row.filled) << row.name;
+        EXPECT_EQ(boundsOf(path, {.strokes = true}).top < path.hull().top, row.stroked) << row.name;
+    }
+    Node& path = *document->findByName("b");
+    model::Style style = path.style();
+    style.strokeWidth = 3;
+    document->setStyle(path, style);
+    EXPECT_NE(write(*document).find("fill:url(#u) red;stroke:url(#u);stroke-width:3"), std::string::npos);
+    style.setStroke(std::nullopt);
+    style.setFill(model::Color{0, 0, 1});
+    document->setStyle(path, style);
+    EXPECT_NE(write(*document).find("fill:#0000ff;stroke:none"), std::string::npos) << write(*document);
 }
 
 /// Everything that is drawn, by where it is.
@@ -160,16 +203,17 @@ std::string places(Document& document) {
         text += node->name();
         for (const double side : {hull.left, hull.top, hull.right, hull.bottom})
             text += ' ' + std::to_string(std::round(side * 1e6) / 1e6 + 0.0);
+        if (node->content().style && node->style().stroke) text += " | " + std::to_string(node->style().strokeWidth);
         text += '\n';
     }
     return text;
 }
 
 TEST(Looks, MovedGroupsCanBeEditedFurther) {
-    const std::string bytes =
-        drawing("<g id='a' transform='scale(2)'><path id='p' d='M1 1h5v5z'/><g id='b' transform='rotate(90)'>"
-                "<rect id='r' width='4' height='2'/><image id='i' width='4' height='5'/></g></g>"
-                "<g id='c'><path id='q' d='M9 9v9h2z'/></g>");
+    const std::string bytes = drawing(
+        "<g id='a' transform='scale(2)'><path id='p' stroke='red' d='M1 1h5v5z'/><g id='b' transform='rotate(90)'>"
+        "<rect id='r' width='4' height='2'/><image id='i' width='4' height='5'/></g></g>"
+        "<g id='c'><path id='q' d='M9 9v9h2z'/></g>");
     using Edit = std::function<void(Document&)>;
     const auto move = [](const char* name, double x, double y) {
         return [=](Document& d) { d.offset(*d.findByName(name), x, y); };
@@ -182,6 +226,12 @@ TEST(Looks, MovedGroupsCanBeEditedFurther) {
     };
     const Edit draw = [](Document& d) { d.setName(addLine(d, *d.findByName("b"), {1, 2}, {3, 4}), "n"); };
     const Edit layer = [](Document& d) { d.offset(d.currentLayer(), 7, -3); };
+    const auto turn = [](const char* name) {
+        return [=](Document& d) { d.transform(*d.findByName(name), {1.2, 1.6, -1.6, 1.2, 3, 4}); };
+    };
+    const auto stretch = [](const char* name) {
+        return [=](Document& d) { d.transform(*d.findByName(name), {3, 1, 0, -2, 0, 5}, 1.5); };
+    };
     const std::vector<Edit> rows[] = {
         {move("a", 10, 5)},
         {move("a", 10, 5), move("p", 1, 1), move("i", 2, 0)},
@@ -192,6 +242,12 @@ TEST(Looks, MovedGroupsCanBeEditedFurther) {
         {move("b", 10, 5), put("b", "c"), move("c", 1, 0), close},
         {layer, move("a", 1, 0), put("q", "a"), layer},
         {move("p", 10, 5), move("b", 10, 5)},
+        {turn("a"), close, draw},
+        {turn("b"), turn("a"), move("p", 1, 1), draw, turn("c"), put("q", "b")},
+        {turn("a"), put("p", "c"), put("i", "c"), turn("c"), put("r", "a")},
+        {turn("b"), put("b", "c"), close, turn("c"), move("a", 2, 2)},
+        {stretch("a"), move("b", 1, 2), turn("p"), close},
+        {turn("a"), stretch("a"), put("b", "c"), stretch("c"), draw},
     };
     for (const std::vector<Edit>& row : rows) {
         const auto document = read(bytes, "t.svg");
@@ -232,6 +288,55 @@ TEST(Looks, ADuplicateLooksLikeWhatItCopies) {
             document->offset(copy, 11, 7);
             expectSamePicture(write(*document),
                               drawing("<g transform='translate(11 7)'>" + std::string(content) + "</g>"));
+        }
+    }
+}
+
+// What is inherited, or told by a style sheet, is said by the art itself once it stands elsewhere.
+TEST(Looks, ArtLooksTheSameInAnotherGroup) {
+    const char* const contents[] = {
+        "<g font-size='20' font-family='monospace' font-weight='bold' text-anchor='end' letter-spacing='2'>"
+        "<text id='p' x='90' y='40'>Word</text></g><g id='c'/>",
+        "<g><text id='p' x='5' y='40'>Word</text></g><g id='c' font-size='30' font-style='italic' "
+        "style='font-family:monospace'/>",
+        "<g font-size='10'><g font-size='2em'><text id='p' x='5' y='40'>Word</text></g></g><g id='c' font-size='5'/>",
+        "<defs><text id='t'>Word</text></defs><g font-size='30' fill='red'><use id='p' href='#t' x='5' y='50'/></g>"
+        "<g id='c' fill='blue'/>",
+        "<g color='red'><path id='p' d='M10 10h50v50z' fill='currentColor'/></g><g id='c' color='lime'/>",
+        "<g fill='url(#u)'><path id='p' d='M10 10h50v50z'/></g><g id='c' fill='url(#u)' stroke='red'/>",
+        "<style>.t{font-size:20px;fill:red} #a text{font-weight:bold} #c text{font-style:italic}</style>"
+        "<g id='a' font-size='9' fill='blue'><text id='p' class='t' x='5' y='40'>Word</text></g><g id='c' "
+        "fill='lime'/>",
+        "<style>#p{font-size:20px;fill:red;opacity:.5} #a path{stroke:lime}</style>"
+        "<g id='a'><path id='p' d='M10 10h50v50z'/></g><g id='c' stroke='red'/>",
+        "<g style='font:bold 20px monospace'><text id='p' x='5' y='40'>Word</text></g><g id='c' font-weight='100'/>",
+        "<g font-weight='bold'><text id='p' x='5' y='40'>Word</text></g><g id='c' style='font:italic 20px monospace'/>",
+        "<g style='font-family:&quot;DejaVu Sans Mono&quot;;font-size:20px'><g id='p'><text x='5' "
+        "y='40'>Word</text></g>"
+        "</g><g id='c'/>",
+        "<g font-size='30'><svg id='p' width='90' height='90'><text x='5' y='40'>Word</text></svg></g><g id='c'/>",
+        "<g xml:space='preserve' font-size='20'><text id='p' x='5' y='40'>a    b</text></g><g id='c'/>",
+        "<g font-size='20'><path id='p' d='M5 50h80' stroke='red' stroke-width='.5em'/></g><g id='c'/>",
+    };
+    const std::function<void(Document&, Node&)> ways[] = {
+        [](Document& d, Node& node) { d.place(node, Placement::OnTopInside, *d.findByName("c")); },
+        [](Document& d, Node& node) {
+            d.duplicate(node, Placement::OnTopInside, *d.findByName("c"));
+            d.remove(node);
+        },
+        [](Document& d, Node& node) {
+            Node& group = d.create(NodeType::Group, Placement::Above, *node.parent());
+            d.place(node, Placement::OnTopInside, group);
+        },
+    };
+    for (const char* const content : contents) {
+        for (const auto& way : ways) {
+            const auto document = read(drawing(content), "t.svg");
+            way(*document, *document->findByName("p"));
+            const std::string text = write(*document);
+            EXPECT_NE(text, drawing(content));
+            expectSamePicture(text, drawing(content));
+            expectSamePicture(write(*read(text, "t.svg")), drawing(content));
         }
     }
 }

@@ -45,14 +45,12 @@ std::vector<PathData> runsLeft(const Node& path) {
 void removeAnchors(Document& document, Node& path) {
     std::vector<PathData> runs = runsLeft(path);
     if (runs.empty()) return document.remove(path);
-    const model::Style style = path.style();
     Node* above = &path;
     document.setPath(path, std::move(runs.front()));
     document.select(path, false);
     for (auto run = runs.begin() + 1; run != runs.end(); ++run) {
-        Node& piece = document.create(model::NodeType::Path, model::Placement::Below, *above);
+        Node& piece = document.duplicate(path, model::Placement::Below, *above);
         document.setPath(piece, std::move(*run));
-        document.setStyle(piece, style);
         above = &piece;
     }
 }

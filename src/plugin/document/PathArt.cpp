@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "hostapi/AIArtSuite.h"
 #include "hostapi/AIPathSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "plugin/document/Convert.h"
@@ -56,17 +57,54 @@ geo::Path PathArt::shape() const {
     return path;
 }
 
-bool PathArt::reshape(const geo::Path& from, const geo::Path& to) {
-    const auto give = [&](const geo::Path& path) {
+bool PathArt::reshape(const geo::Path& from, const geo::Path& to, const Origins& origins) {
+    const auto parts = selectedParts(static_cast<int>(from.anchors.size()));
+    if (!parts) return false;
+    const auto give = [&](const geo::Path& path, const Parts& selected) {
         std::vector<AIPathSegment> records;
         for (const geo::Anchor& anchor : path.anchors) records.push_back(toRecord(anchor));
         const int count = static_cast<int>(records.size());
         return count <= kMostSegPoints && setSegPointCount(asIndex(count)) && write(0, count, records.data()) &&
-               setClosed(path.closed);
+               setClosed(path.closed) && select(selected);
     };
-    if (give(to)) return true;
-    give(from);
+    if (give(to, partsOf(origins, *parts))) return true;
+    give(from, *parts);
     return false;
+}
+
+std::optional<PathArt::Parts> PathArt::selectedParts(int count) const {
+    std::int32_t selected = 0;
+    AIBoolean all = 0;
+    const bool known = call<&AIArtSuite::GetArtUserAttr>(std::int32_t{kArtSelected}, &selected) &&
+                       call<&AIPathSuite::GetPathAllSegmentsSelected>(&all);
+    if (!known) return std::nullopt;
+    Parts parts;
+    if (selected == 0 || all != 0) return parts;
+    for (int i = 0; i < count; ++i)
+        if (!call<&AIPathSuite::GetPathSegmentSelected>(asIndex(i), &parts.emplace_back())) return std::nullopt;
+    return parts;
+}
+
+PathArt::Parts PathArt::partsOf(const Origins& origins, const Parts& parts) {
+    Parts result;
+    if (parts.empty()) return result;
+    for (const int origin : origins)
+        result.push_back(origin < 0 ? std::int16_t{0} : parts[static_cast<std::size_t>(origin)]);
+    return result;
+}
+
+/// What is to be selected comes first: a path with nothing selected for a moment might lose more.
+bool PathArt::select(const Parts& parts) {
+    for (const bool on : {true, false}) {
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            if ((parts[i] != 0) != on) continue;
+            const std::int16_t index = asIndex(static_cast<int>(i));
+            std::int16_t now = 0;
+            if (!call<&AIPathSuite::GetPathSegmentSelected>(index, &now)) return false;
+            if (now != parts[i] && !call<&AIPathSuite::SetPathSegmentSelected>(index, parts[i])) return false;
+        }
+    }
+    return true;
 }
 
 // Counts
@@ -143,10 +181,18 @@ bool PathArt::rotateSegPoints(std::int16_t by) {
     const auto known = extent();
     if (!known || by == 0 || known->points == 0) return known.has_value();
     const int count = known->points;
-    std::vector<AIPathSegment> records = read(0, count);
-    if (records.empty()) return false;
-    std::rotate(records.begin(), records.begin() + (by % count + count) % count, records.end());
-    return write(0, count, records.data());
+    const std::vector<AIPathSegment> old = read(0, count);
+    const auto parts = selectedParts(count);
+    if (old.empty() || !parts) return false;
+    std::vector<AIPathSegment> records = old;
+    Parts selected = *parts;
+    const int first = (by % count + count) % count;
+    std::rotate(records.begin(), records.begin() + first, records.end());
+    if (!selected.empty()) std::rotate(selected.begin(), selected.begin() + first, selected.end());
+    if (write(0, count, records.data()) && select(selected)) return true;
+    write(0, count, old.data());
+    select(*parts);
+    return false;
 }
 
 std::int16_t PathArt::segPointClosestToPoint(const core::ArtboardPoint& point) const {

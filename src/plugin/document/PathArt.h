@@ -110,8 +110,17 @@ class PathArt : public host::Object<ArtObject> {
     [[nodiscard]] static Extent extent(int points, bool closed);
     [[nodiscard]] static Extent extent(const geo::Path& path);
     [[nodiscard]] geo::Path shape() const; // empty when the host refuses
+    /// Which anchor each one of another path was; -1 for a new one.
+    using Origins = std::vector<int>;
     /// Gives the path the anchors and the openness of `to`; when the host refuses a part, those of `from` again.
-    bool reshape(const geo::Path& from, const geo::Path& to);
+    bool reshape(const geo::Path& from, const geo::Path& to, const Origins& origins);
+    /// Makes of a copy of `whole`, which is like `path`, the rest of it.
+    bool becomeRestOf(const PathArt& whole, const geo::Path& path, const geo::Path& rest);
+    /// What the host calls selected of each point; nothing where it is the same of all.
+    using Parts = std::vector<std::int16_t>;
+    [[nodiscard]] std::optional<Parts> selectedParts(int count) const; ///< none when the host refuses to tell
+    [[nodiscard]] static Parts partsOf(const Origins& origins, const Parts& parts);
+    bool select(const Parts& parts);
     [[nodiscard]] std::vector<AIPathSegment> read(int index, int count) const;
     bool write(int index, int count, const AIPathSegment* records);
     [[nodiscard]] static geo::Place place(std::int16_t seg, double t, const geo::Path& path); // clamped

@@ -283,6 +283,74 @@ TEST_F(PathArtTest, TrimsAndExtends) {
     });
 }
 
+// What is selected is selected of an anchor, wherever in the row that comes to stand.
+TEST_F(PathArtTest, SelectionStaysWithItsAnchor) {
+    const auto selected = [](const PathArt& path) {
+        Xs found;
+        for (std::int16_t i = 0; i < path.segPointCount(); ++i)
+            if (path.segPointSelected(i) == Anchor) found.push_back(path.segPoints(i, 1)[0].p.x());
+        return found;
+    };
+    const auto trim = [](const Art& art, const ArtboardPoint& at, TrimDirectionType directions) {
+        return art.path()->trim(HitData(&art, at, HitRequest::Segments, 1, false), directions);
+    };
+    using enum TrimDirectionType;
+    const struct {
+        const char* what;
+        int points;
+        bool closed;
+        std::vector<std::int16_t> select;
+        std::function<bool(const Art&)> change;
+        Xs expected;
+    } rows[] = {
+        {"turned on", 5, true, {1, 4}, [](const Art& a) { return a.path()->rotateSegPoints(2); }, {4, 1}},
+        {"turned back", 5, true, {0}, [](const Art& a) { return a.path()->rotateSegPoints(-1); }, {0}},
+        {"the closing segment", 5, true, {1, 3}, [](const Art& a) { return a.path()->deleteSegs(-1, 1); }, {1, 3}},
+        {"it and the next", 5, true, {0, 2}, [](const Art& a) { return a.path()->deleteSegs(-1, 2); }, {2}},
+        {"all of it", 4, true, {0, 1, 2, 3}, [](const Art& a) { return a.path()->rotateSegPoints(1); }, {1, 2, 3, 0}},
+        {"the start",
+         4,
+         false,
+         {0, 2},
+         [&](const Art& a) {
+             return trim(a, {1.5, 0.5}, TowardsStart);
+         },
+         {2}},
+        {"the end",
+         4,
+         false,
+         {1, 3},
+         [&](const Art& a) {
+             return trim(a, {1.5, 0.5}, TowardsEnd);
+         },
+         {1}},
+    };
+    for (const auto& row : rows) {
+        desk.inMessage([&] {
+            Art art = pathOf(row.points, row.closed);
+            for (const std::int16_t index : row.select) EXPECT_TRUE(art.path()->setSegPointSelected(index, Anchor));
+            EXPECT_TRUE(row.change(art)) << row.what;
+            EXPECT_EQ(selected(*art.path()), row.expected) << row.what;
+            EXPECT_TRUE(art.dispose());
+        });
+    }
+    desk.inMessage([&] { // both pieces, of which one is new
+        static_cast<void>(draw::line({14, 295}, {14, 305}));
+        static_cast<void>(draw::line({16, 295}, {16, 305}));
+        const auto line = draw::polygon({{10, 300}, {13, 300}, {18, 300}, {20, 300}});
+        PathArt& path = *line->path();
+        EXPECT_TRUE(path.setClosed(false) && path.setSegPointSelected(1, Anchor) &&
+                    path.setSegPointSelected(3, Anchor));
+        EXPECT_TRUE(trim(*line, {15, 300}, TowardsStart | TowardsEnd));
+        EXPECT_EQ(selected(path), (Xs{13}));
+        EXPECT_EQ(selected(*line->priorSibling()->path()), (Xs{20}));
+        const auto wall = draw::line({0, 290}, {0, 310});
+        const HitData end(line.get(), {10.2, 300}, HitRequest::Segments, 1, false);
+        EXPECT_TRUE(path.extend(end, HitData(wall.get(), {0, 300}, HitRequest::Segments, 1, false)));
+        EXPECT_EQ(selected(path), (Xs{13}));
+    });
+}
+
 // Undo, refusals and bad input
 
 struct Change {

@@ -1,0 +1,194 @@
+// Values are compared as they are written, but for the size of fonts, which is what it comes to.
+#include "svg/Surroundings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "svg/Markup.h"
+#include "svg/Outlines.h"
+#include "svg/Values.h"
+
+namespace easel::svg {
+
+namespace {
+
+/// What is inherited, besides paint: with what the renderer begins, and whether outlines look otherwise by it.
+struct Inherited {
+    std::string_view name;
+    std::string_view initial;
+    bool ofOutlines = false;
+};
+constexpr Inherited kInherited[] = {{"font", ""},
+                                    {"font-family", "Times New Roman"},
+                                    {"font-size", "12px"},
+                                    {"font-style", "normal"},
+                                    {"font-variant", "normal"},
+                                    {"font-weight", "normal"},
+                                    {"font-stretch", "normal"},
+                                    {"letter-spacing", "normal"},
+                                    {"word-spacing", "normal"},
+                                    {"text-anchor", "start"},
+                                    {"text-rendering", "auto"},
+                                    {"direction", "ltr"},
+                                    {"writing-mode", "lr-tb"},
+                                    {"xml:space", "default"},
+                                    {"color", "black", true},
+                                    {"clip-rule", "nonzero", true},
+                                    {"shape-rendering", "auto", true},
+                                    {"image-rendering", "auto"},
+                                    {"color-interpolation", "sRGB", true},
+                                    {"color-interpolation-filters", "linearRGB", true}};
+
+/// The text of an attribute, as far as references have names that all documents know.
+std::string plain(std::string_view text) {
+    static constexpr std::pair<std::string_view, char> kNames[] = {
+        {"&quot;", '"'}, {"&apos;", '\''}, {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}};
+    std::string result;
+    while (!text.empty()) {
+        const auto* const known = std::find_if(std::begin(kNames), std::end(kNames), [&](const auto& each) {
+            return text.substr(0, each.first.size()) == each.first;
+        });
+        const bool isReference = known != std::end(kNames);
+        result += isReference ? known->second : text.front();
+        text.remove_prefix(isReference ? known->first.size() : 1);
+    }
+    return result;
+}
+
+/// Calls `use(name, value)` for what a style attribute declares.
+template <class Use> void forEachDeclaration(const std::string& style, Use use) {
+    char quote = 0;
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at <= style.size(); ++at) {
+        const char c = at < style.size() ? style[at] : ';';
+        if (quote ? c == quote : c == '"' || c == '\'') quote = quote ? '\0' : c;
+        if (at < style.size() && (c != ';' || quote)) continue;
+        const std::string_view all = std::string_view(style).substr(begin, at - begin);
+        begin = at + 1;
+        const std::size_t colon = all.find(':');
+        if (colon != all.npos) use(trimmed(all.substr(0, colon)), trimmed(all.substr(colon + 1)));
+    }
+}
+
+bool hasLengthsByFont(std::string_view tag) {
+    for (std::size_t at = 1; at + 1 < tag.size(); ++at) {
+        const std::string_view unit = tag.substr(at, 2);
+        if ((unit == "em" || unit == "ex") && isDigit(tag[at - 1])) return true;
+    }
+    return false;
+}
+
+Styled styled(std::string_view startTag) {
+    const Tag tag(startTag);
+    return {std::string(localName(tag.name())), plain(tag.find("id").value_or("")),
+            classesIn(plain(tag.find("class").value_or("")))};
+}
+
+} // namespace
+
+const Surroundings::Inside& Surroundings::inside(std::uint32_t container) {
+    std::vector<std::uint32_t> unknown;
+    static const Inside kNothing;
+    const Inside* around = &kNothing;
+    for (std::uint32_t at = container;; at = source_.elements[source_.containers[at].element].container) {
+        if (const auto known = inside_.find(at); known != inside_.end()) {
+            around = &known->second;
+            break;
+        }
+        unknown.push_back(at);
+        if (at == 0) break;
+    }
+    for (; !unknown.empty(); unknown.pop_back())
+        around = &inside_.emplace(unknown.back(), insideOf(*around, source_.containers[unknown.back()])).first->second;
+    return *around;
+}
+
+Surroundings::Inside Surroundings::insideOf(const Inside& around, const Container& container) const {
+    const std::string_view tag = source_.startTag(source_.elements[container.element]);
+    Inside inside = around;
+    inside.path.push_back(styled(tag));
+    const Values says = [&] {
+        Values values;
+        const Tag attributes(tag);
+        for (const Inherited& each : kInherited)
+            if (const auto value = attributes.find(each.name)) values[std::string(each.name)] = plain(*value);
+        values.erase("font"); // which is no attribute
+        for (auto& [name, value] : declared(inside.path, tag, false)) values[name] = value;
+        forEachDeclaration(plain(attributes.find("style").value_or("")),
+                           [&](auto name, auto value) { values[std::string(name)] = value; });
+        for (auto& [name, value] : declared(inside.path, tag, true)) values[name] = value;
+        return values;
+    }();
+    if (says.count("font") > 0)
+        std::erase_if(inside.values, [](const auto& known) { return known.first.substr(0, 5) == "font-"; });
+    for (const Inherited& each : kInherited)
+        if (const auto said = says.find(std::string(each.name)); said != says.end() && said->second != "inherit")
+            inside.values[said->first] = said->second;
+    if (const auto size = inside.values.find("font-size"); size != inside.values.end())
+        if (const double known = container.units.fontSize(); std::isfinite(known)) {
+            size->second.clear();
+            appendNumber(size->second, known);
+        }
+    return inside;
+}
+
+/// What style sheets say of the last of some elements.
+Surroundings::Values Surroundings::declared(std::vector<Styled> path, std::string_view tag, bool important) const {
+    Values values;
+    if (source_.rules.isEmpty()) return values;
+    if (path.empty() || !tag.empty()) path.back() = styled(tag);
+    for (const StyleSheet::Declaration* const each : source_.rules.declarationsFor(path))
+        if (each->important == important) values[each->name] = each->value;
+    return values;
+}
+
+Surroundings::Needed Surroundings::needed(const Element& element, std::string_view tag, std::uint32_t into,
+                                          bool isOutlined) {
+    const auto declaredIn = [&](const Inside& container, std::string_view as) {
+        std::vector<Styled> path = container.path;
+        path.emplace_back();
+        Values values = declared(path, as, false);
+        for (auto& [name, value] : declared(path, as, true)) values[name] = value;
+        return values;
+    };
+    const Inside& from = inside(element.container);
+    const Inside& to = inside(into);
+    const bool hasTag = element.reason != Reason::Entity;
+    const Values before = declaredIn(from, hasTag ? source_.startTag(element) : tag);
+    Needed needed{{}, declaredIn(to, tag)};
+    const Tag attributes(tag);
+    Values own; // which win, unless a sheet insists
+    forEachDeclaration(plain(attributes.find("style").value_or("")),
+                       [&](auto name, auto value) { own[std::string(name)] = value; });
+    const auto valueOf = [&](const std::string& name, const Values& declared, const Inside& around) {
+        if (const auto said = declared.find(name); said != declared.end()) return said->second;
+        if (const auto said = attributes.find(name)) return plain(*said);
+        const auto inherited = around.values.find(name);
+        return inherited == around.values.end() ? std::string() : inherited->second;
+    };
+    const auto consider = [&](const std::string& name, std::string_view initial) {
+        if (own.count(name) > 0 || (own.count("font") > 0 && name.substr(0, 5) == "font-")) return;
+        std::string was = valueOf(name, before, from);
+        // A shorthand says all of them at once.
+        const bool isFont = name.substr(0, 5) == "font-";
+        const bool saidTogether = isFont && from.values.count("font") > 0;
+        const bool isReset = isFont && !saidTogether && to.values.count("font") > 0;
+        if (saidTogether && was.empty()) return;
+        if (was == valueOf(name, needed.declared, to) && !isReset) return;
+        if (was.empty()) was = initial;
+        if (!was.empty()) needed.properties.emplace_back(name, std::move(was));
+    };
+    const bool needsFont = !isOutlined || hasLengthsByFont(tag);
+    for (const Inherited& each : kInherited)
+        if (each.ofOutlines || !isOutlined || (needsFont && each.name == "font-size"))
+            consider(std::string(each.name), each.initial);
+    for (const auto& [name, value] : before) {
+        const bool isKnown = std::any_of(std::begin(kInherited), std::end(kInherited),
+                                         [&, &name = name](const Inherited& each) { return each.name == name; });
+        if (!isKnown) consider(name, "");
+    }
+    return needed;
+}
+
+} // namespace easel::svg
