@@ -90,6 +90,26 @@ std::optional<Affine> wayToMask(const Node& node) {
     return fitted ? std::optional(toUnits * *fitted) : std::nullopt;
 }
 
+Clip clipOnPage(const Node& group, std::vector<Mask::Shape> shapes) {
+    Clip clip;
+    clip.mask = std::make_shared<const Mask>(std::move(shapes));
+    const Affine to = group.placed();
+    clip.toMask = {to.a, to.b, to.c, to.d, to.e, to.f};
+    return clip;
+}
+
+std::vector<Mask::Shape> maskOnPage(const Node& node) {
+    const std::optional<Affine> toMask = wayToMask(node);
+    if (!toMask) return {};
+    std::vector<Mask::Shape> shapes = node.clip()->mask->shapes();
+    const Affine back = inverse(*toMask);
+    for (Mask::Shape& shape : shapes)
+        for (PathData& subpath : shape.subpaths)
+            for (PathPoint& point : subpath.points)
+                for (Point* const place : {&point.anchor, &point.in, &point.out}) *place = back(*place);
+    return shapes;
+}
+
 bool passesClip(const Node& node, Point point) {
     return eachMask(node, [&](const Mask& mask, auto toMask) { return mask.contains(toMask(point)); });
 }

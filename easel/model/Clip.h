@@ -37,6 +37,8 @@ struct Clip {
     std::array<double, 6> toMask{1, 0, 0, 1, 0, 0};
     /// Only of a path: the units are made such that its box goes from 0 to 1, wherever it lies and whatever its shape.
     bool fitsBox = false;
+
+    bool operator==(const Clip&) const = default;
 };
 
 class Node;
@@ -46,6 +48,10 @@ class Node;
 
 /// From the document, as it is now, to the units of the mask that the node has itself; none where that has no place.
 [[nodiscard]] std::optional<Affine> wayToMask(const Node& node);
+/// A clip for a group, of shapes in the document's units.
+[[nodiscard]] Clip clipOnPage(const Node& group, std::vector<Mask::Shape> shapes);
+/// The shapes of the mask that the node has itself, as they lie in the document now.
+[[nodiscard]] std::vector<Mask::Shape> maskOnPage(const Node& node);
 /// Whether the point lies inside of the masks of the node and of its ancestors.
 [[nodiscard]] bool passesClip(const Node& node, Point point);
 /// Whether each of them has some place of the box inside; their common inside may still miss the box.

@@ -33,6 +33,12 @@ Content visiblePart(const Node& node) {
     Content content = node.content();
     if (node.type() != NodeType::Opaque) content.opaque = {};
     if (content.style) content.style = Shared(visiblePart(*content.style));
+    if (content.extras && content.extras->hasOtherClip) { // which files have in another form
+        Extras extras = *content.extras;
+        extras.hasOtherClip = false;
+        extras.clip = {};
+        content.extras = extras == Extras() ? Shared<Extras>() : Shared(std::move(extras));
+    }
     if (content.path && content.path->points.empty()) content.path = Shared(PathData{});
     return content;
 }

@@ -172,10 +172,15 @@ void Document::setMeasured(NodeId art, Shared<Box> known, const Box& bounds) {
 
 void Document::setText(Node& opaque, TextData text) {
     const Transaction transaction(journal());
-    impl_->setOpaque(opaque, [&](OpaqueData& data) {
-        data.bounds = Shared(text.bounds());
-        data.text = Shared(std::move(text));
-    });
+    setBounds(opaque, text.bounds());
+    setSpecial(opaque, std::move(text));
+}
+
+void Document::setSpecial(Node& opaque, Special special) {
+    const Special* const known = opaque.content().special();
+    if (known && *known == special) return;
+    const Transaction transaction(journal());
+    impl_->setOpaque(opaque, [&](OpaqueData& data) { data.special = Shared(std::move(special)); });
 }
 
 /// Keeps the flags of the points that are left; points that are added are not selected.

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "model/Clip.h"
 #include "model/Types.h"
 
 namespace easel::model {
@@ -46,14 +47,36 @@ struct Artboard {
     bool operator==(const Artboard&) const = default;
 };
 
+/// What a group is besides a group: art that a plug-in looks after, of which one group is what is edited and the other
+/// what shows; or a mesh, whose patches are paths, row by row from the top.
+enum class GroupKind : std::uint8_t { Plain, Plugin, EditArt, Mesh };
+
+/// Something that is drawn where it is referred to by its name: a new one, or other than what was read.
+struct Definition {
+    std::string kind;
+    std::string name;
+    std::string attributes; ///< of a new one, besides its name, as they are written
+    std::string content;    ///< as it is written
+
+    bool operator==(const Definition&) const = default;
+};
+
 /// The default is that of ordinary art, which stores none.
 struct Extras {
     double opacity = 1; ///< 0 to 1
     BlendMode blendMode = BlendMode::Normal;
     Knockout knockout = Knockout::Off;
     bool centerPoint = false; ///< the middle of its bounds shows as a point
+    GroupKind groupKind = GroupKind::Plain;
+    std::string plugin{};      ///< that looks after it
+    std::uint32_t columns = 0; ///< of a mesh
+    std::string mask{};        ///< that fades it, as the drawing refers to it
+    bool maskDisabled = false;
+    bool hasOtherClip = false; ///< than the one that it was read with, if it was:
+    Shared<Clip> clip{};       ///< this one, or none
     Dictionary dictionary{};
-    std::vector<Artboard> artboards{}; ///< of the document, at its root; empty for one that is the drawing's page
+    std::vector<Shared<Definition>> definitions{}; ///< of the document, at its root, as are the next
+    std::vector<Artboard> artboards{};             ///< empty for one that is the drawing's page
 
     bool operator==(const Extras&) const = default;
 };

@@ -269,7 +269,7 @@ std::size_t Journal::bytesOf(const Note& note) {
     const Content& was = note.state.content;
     const Content& is = note.node->content();
     std::size_t bytes = sizeof(Note);
-    if (!was.path.isSameAs(is.path)) bytes += bytesOf(was);
+    if (!was.path.isSameAs(is.path) || was.special() != is.special()) bytes += bytesOf(was);
     if (note.alive && !note.node->alive())
         for (const Node* at = note.node; at; at = nextWithin(*note.node, *at))
             bytes += sizeof(Node) + bytesOf(at->content());
@@ -278,7 +278,8 @@ std::size_t Journal::bytesOf(const Note& note) {
 
 std::size_t Journal::bytesOf(const Content& content) {
     const std::size_t points = content.path ? content.path->points.size() * sizeof(PathPoint) : 0;
-    return points + (content.name ? content.name->size() : 0);
+    const auto* const image = std::get_if<ImageData>(content.special());
+    return points + (content.name ? content.name->size() : 0) + (image ? image->link.size() : 0);
 }
 
 /// What can only be done when nothing is running: the index takes in what changed, what the gesture moved is forgotten,

@@ -58,7 +58,11 @@ OutlineList Node::outlines() const {
     return outlines;
 }
 
-const Clip* Node::clip() const { return kept_ && kept_->clip ? &*kept_->clip : nullptr; }
+const Clip* Node::clip() const {
+    const Extras& own = extras();
+    if (own.hasOtherClip) return own.clip ? &*own.clip : nullptr;
+    return kept_ && kept_->clip ? &*kept_->clip : nullptr;
+}
 
 std::uint8_t Node::selectedParts(std::size_t index) const {
     if (!state_.selected) return 0;

@@ -47,6 +47,9 @@ struct Content {
     bool locked = false;
     bool hidden = false;
 
+    /// What opaque art is; null for other kinds of it, and for other nodes.
+    [[nodiscard]] const Special* special() const { return opaque && opaque->special ? &*opaque->special : nullptr; }
+
     bool operator==(const Content&) const = default;
 };
 
@@ -97,6 +100,10 @@ class Node {
     [[nodiscard]] OutlineList outlines() const; ///< of a path, or of a compound path's subpaths; else none
     [[nodiscard]] const Style& style() const { return *state_.content.style; }
     [[nodiscard]] const OpaqueData& opaque() const { return *state_.content.opaque; }
+    /// What opaque art is; null for other kinds of it, and for other nodes.
+    [[nodiscard]] const TextData* text() const { return special<TextData>(); }
+    [[nodiscard]] const ImageData* image() const { return special<ImageData>(); }
+    [[nodiscard]] const SymbolData* symbol() const { return special<SymbolData>(); }
     /// Whether it is known what has been done to it as a whole, so that masks and gradients in its own units go along:
     /// opaque art, groups, layers, and of outlines those with such things. Of the others the points tell enough.
     [[nodiscard]] bool keepsPlace() const;
@@ -141,6 +148,10 @@ class Node {
     using Hook = boost::intrusive::set_member_hook<boost::intrusive::optimize_size<true>,
                                                    boost::intrusive::link_mode<boost::intrusive::normal_link>>;
     enum class Indexed : std::uint8_t { No, InTreeBefore, InTree };
+
+    template <class Kind> [[nodiscard]] const Kind* special() const {
+        return std::get_if<Kind>(state_.content.special());
+    }
 
     NodeId id_;
     std::uint32_t origin_ = 0; // for the node's life, so that undo need not know it

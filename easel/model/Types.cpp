@@ -200,6 +200,10 @@ Box TextData::bounds() const {
     const auto letters = std::count_if(contents.begin(), contents.end(), [](char c) { return (c & 0xC0) != 0x80; });
     const double width = static_cast<double>(letters) * kWidth * size;
     const double part = justification == Justification::Left ? 0 : justification == Justification::Center ? 0.5 : 1;
+    if (orientation == Orientation::Vertical) {
+        const double top = anchor.y - part * width;
+        return {anchor.x - size / 2, top, anchor.x + size / 2, top + width};
+    }
     const double left = anchor.x - part * width;
     return {left, anchor.y - kAscent * size, left + width, anchor.y + kDescent * size};
 }

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "model/Shared.h"
@@ -199,15 +200,18 @@ struct Style {
 };
 
 enum class Justification : std::uint8_t { Left, Center, Right };
+enum class Orientation : std::uint8_t { Horizontal, Vertical };
 
 /// One line of text at a point of its baseline.
 struct TextData {
-    std::string contents; ///< UTF-8
-    std::string font;     ///< a family's name; empty for the default
+    std::string contents{}; ///< UTF-8
+    std::string font{};     ///< a family's name; empty for the default
     double size = 12;
     Justification justification = Justification::Left;
-    Point anchor; ///< where it was made
-    Style paint;
+    Orientation orientation = Orientation::Horizontal;
+    bool isRich = false; ///< has parts that look or lie otherwise than the rest; nothing of it can be changed then
+    Point anchor{};      ///< where it was at first, as in OpaqueData
+    Style paint{};
 
     /// An estimate, for want of the font's measures: most fonts' letters are half as wide as high.
     [[nodiscard]] Box bounds() const;
@@ -215,12 +219,35 @@ struct TextData {
     bool operator==(const TextData&) const = default;
 };
 
+/// A picture, in the drawing itself or in a file.
+struct ImageData {
+    bool isEmbedded = false;
+    std::string link{};        ///< where it is, as the drawing says it; of one that was read with the drawing: nothing
+    std::uint32_t columns = 0; ///< pixels; 0: not known
+    std::uint32_t rows = 0;
+    Affine place{}; ///< from the square from 0 to 1 to where it was at first, as in OpaqueData
+
+    bool operator==(const ImageData&) const = default;
+};
+
+/// A use of something that the document keeps under a name.
+struct SymbolData {
+    std::string symbol;
+    Affine place{};              ///< from its units to where it was at first, as in OpaqueData
+    std::optional<Point> size{}; ///< in its units there, of one that is fitted into a box
+
+    bool operator==(const SymbolData&) const = default;
+};
+
+/// What opaque art is, as far as Easel knows kinds of it.
+using Special = std::variant<TextData, ImageData, SymbolData>;
+
 /// Art that is shown and moved as a whole, never edited: a text, an image.
 struct OpaqueData {
     Shared<Box> bounds;                       ///< where it lay at first; nothing, or empty, as long as nobody knows
     Point moved;                              ///< how far it has been moved since
     std::array<double, 4> turned{1, 0, 0, 1}; ///< and turned or scaled before that: a to d of an Affine
-    Shared<TextData> text{};                  ///< of text that was made here
+    Shared<Special> special{};                ///< of a kind that is known
 
     [[nodiscard]] Box hull() const; ///< where it lies now
     void place(const Affine& at) {

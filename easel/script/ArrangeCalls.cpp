@@ -144,6 +144,37 @@ void removeArtboard(Host& host, const ThisDocument& doc, std::size_t index) {
     edit(host, *doc, [&] { doc->setArtboards(std::move(all)); });
 }
 
+// Symbols and patterns
+
+std::vector<std::string> symbols(Host& /*host*/, const ThisDocument& doc) {
+    return session::Documents::definitions(*doc, "symbol");
+}
+
+std::vector<std::string> patterns(Host& /*host*/, const ThisDocument& doc) {
+    return session::Documents::definitions(*doc, "pattern");
+}
+
+Document edited(Host& host, const ThisDocument& doc, const char* kind, const std::string& name) {
+    if (doc.open != host.session.document()) throw BadArgument("the document is not in front");
+    host.session.edit(host.session.documents.numberOf(*doc), kind, name);
+    return {host.session.document()};
+}
+
+Document editSymbol(Host& host, const ThisDocument& doc, const std::string& name) {
+    return edited(host, doc, "symbol", name);
+}
+
+Document editPattern(Host& host, const ThisDocument& doc, const std::string& name) {
+    return edited(host, doc, "pattern", name);
+}
+
+void endEditing(Host& host, const ThisDocument& doc) {
+    const bool isInFront = doc.open == host.session.document();
+    if (!isInFront || !host.session.documents.editedAs(*doc))
+        throw BadArgument("the document is no symbol or pattern that is being edited");
+    host.session.endEditing(host.session.documents.numberOf(*doc));
+}
+
 constexpr Row kArrangeCalls[] = {
     method<duplicate>("doc.duplicate", "objects"),
     method<reorder>("doc.reorder", "objects, order, other"),
@@ -154,6 +185,11 @@ constexpr Row kArrangeCalls[] = {
     property<artboards>("doc.artboards"),
     method<addArtboard>("doc.addArtboard", "title, x, y, width, height"),
     method<removeArtboard>("doc.removeArtboard", "index"),
+    property<symbols>("doc.symbols"),
+    property<patterns>("doc.patterns"),
+    method<editSymbol>("doc.editSymbol", "name"),
+    method<editPattern>("doc.editPattern", "name"),
+    method<endEditing>("doc.endEditing", ""),
 };
 
 } // namespace

@@ -1,4 +1,6 @@
 // Layer and art objects: what they are, and the few things of a layer that can be set.
+#include <algorithm>
+
 #include "script/ArtList.h"
 #include "script/Step.h"
 
@@ -39,7 +41,12 @@ std::optional<std::string> id(Host& /*host*/, const ThisArt& art) {
 }
 
 std::string_view type(Host& /*host*/, const ThisArt& art) {
+    if (art->text()) return "text";
+    if (art->symbol()) return "symbol";
+    if (art->image()) return art->image()->isEmbedded ? "raster" : "placed";
     if (art->type() == model::NodeType::Opaque) return "opaque";
+    if (art->extras().groupKind == model::GroupKind::Mesh) return "mesh";
+    if (art->extras().groupKind == model::GroupKind::Plugin) return "plug-in group";
     if (art->type() == model::NodeType::Compound) return "compound";
     return isPath(art) ? "path" : "group";
 }
@@ -93,6 +100,40 @@ void setOpacity(Host& host, const ThisArt& art, double opacity) {
     model::Extras extras = art->extras();
     extras.opacity = opacity;
     edit(host, *art.document, [&] { art.document->setExtras(*art.node, extras); });
+}
+
+std::optional<std::string> contents(Host& /*host*/, const ThisArt& art) {
+    return art->text() ? std::optional(art->text()->contents) : std::nullopt;
+}
+
+void setContents(Host& host, const ThisArt& art, const std::string& contents) {
+    if (!art->text()) throw BadArgument("the object is no text");
+    if (art->text()->isRich) throw BadArgument("the text has parts that look or lie otherwise than the rest");
+    const auto isControl = [](char c) { return static_cast<unsigned char>(c) < 0x20; };
+    if (contents.empty() || std::any_of(contents.begin(), contents.end(), isControl))
+        throw BadArgument("argument 1 (value) must be one line of text");
+    model::TextData text = *art->text();
+    text.contents = contents;
+    edit(host, *art.document, [&] { art.document->setText(*art.node, std::move(text)); });
+}
+
+std::optional<std::string> symbol(Host& /*host*/, const ThisArt& art) {
+    return art->symbol() ? std::optional(art->symbol()->symbol) : std::nullopt;
+}
+
+void setSymbol(Host& host, const ThisArt& art, const std::string& name) {
+    if (!art->symbol()) throw BadArgument("the object is no instance of a symbol");
+    const auto known = session::Documents::definitions(*art.document, "symbol");
+    if (std::find(known.begin(), known.end(), name) == known.end())
+        throw BadArgument("argument 1 (value): there is no symbol \"" + name + '"');
+    model::SymbolData use = *art->symbol();
+    use.symbol = name;
+    edit(host, *art.document, [&] { art.document->setSpecial(*art.node, std::move(use)); });
+}
+
+/// As the drawing says it; null for what is no picture, or one in the drawing itself.
+std::optional<std::string> link(Host& /*host*/, const ThisArt& art) {
+    return art->image() && !art->image()->isEmbedded ? std::optional(art->image()->link) : std::nullopt;
 }
 
 bool clipped(Host& /*host*/, const ThisArt& art) { return art->clip(); }
@@ -152,6 +193,9 @@ constexpr Row kArtCalls[] = {
     property<clipped>("path.clipped"),
     property<style, setStyle>("path.style"),
     property<opacity, setOpacity>("path.opacity"),
+    property<contents, setContents>("path.text"),
+    property<symbol, setSymbol>("path.symbol"),
+    property<link>("path.link"),
     method<artText>("path.toString", ""),
 };
 

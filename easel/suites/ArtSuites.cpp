@@ -24,14 +24,31 @@ using session::Memory;
 
 // Art
 
+std::int16_t groupType(const Node& node) {
+    switch (node.extras().groupKind) {
+    case model::GroupKind::Plugin: return kPluginGroupArt;
+    case model::GroupKind::Mesh: return kMeshArt;
+    case model::GroupKind::Plain:
+    case model::GroupKind::EditArt: break;
+    }
+    return kGroupArt;
+}
+
+std::int16_t opaqueType(const Node& node) {
+    if (node.text()) return kTextFrameArt;
+    if (node.symbol()) return kSymbolArt;
+    if (const model::ImageData* const image = node.image()) return image->isEmbedded ? kRasterArt : kPlacedArt;
+    return kForeignArt;
+}
+
 std::int16_t hostType(const Node& node) {
     switch (node.type()) {
     case NodeType::Root: break;
     case NodeType::Layer:
-    case NodeType::Group: return kGroupArt;
+    case NodeType::Group: return groupType(node);
     case NodeType::Path: return kPathArt;
     case NodeType::Compound: return kCompoundPathArt;
-    case NodeType::Opaque: return node.opaque().text ? kTextFrameArt : kForeignArt;
+    case NodeType::Opaque: return opaqueType(node);
     }
     return kUnknownArt;
 }
@@ -40,13 +57,20 @@ std::int16_t hostType(const Node& node) {
 Node* visibleParent(const Node& node) { return node.type() == NodeType::Layer ? nullptr : node.parent(); }
 
 AIArtHandle newArt(std::int16_t type, std::int16_t paintOrder, std::optional<Art> prep) {
-    require(type == kGroupArt || type == kPathArt || type == kCompoundPathArt);
+    static constexpr std::pair<std::int16_t, NodeType> kMade[] = {{kGroupArt, NodeType::Group},
+                                                                  {kMeshArt, NodeType::Group},
+                                                                  {kPathArt, NodeType::Path},
+                                                                  {kCompoundPathArt, NodeType::Compound},
+                                                                  {kPlacedArt, NodeType::Opaque}};
+    const auto* const made =
+        std::find_if(std::begin(kMade), std::end(kMade), [&](auto row) { return row.first == type; });
+    require(made != std::end(kMade));
     const Place place = placeFor(paintOrder, prep);
-    const NodeType made = type == kPathArt           ? NodeType::Path
-                          : type == kCompoundPathArt ? NodeType::Compound
-                                                     : NodeType::Group;
-    require(place.parent().mayHold(made));
-    return artHandle(place.document, &place.document.create(made, place.placement, place.anchor));
+    require(place.parent().mayHold(made->second));
+    Node& node = place.document.create(made->second, place.placement, place.anchor);
+    if (type == kMeshArt) place.document.setExtras(node, {.groupKind = model::GroupKind::Mesh, .columns = 1});
+    if (type == kPlacedArt) place.document.setSpecial(node, model::ImageData{.place = {0, 0, 0, 0, 0, 0}});
+    return artHandle(place.document, &node);
 }
 
 void disposeArt(Art art) {
@@ -234,6 +258,7 @@ template <> void fill(AIArtSuite& suite) {
     enter<&AIArtSuite::IsArtEditable, isEditable>(suite);
     enter<&AIArtSuite::GetArtTransformBounds, getBounds>(suite);
     enter<&AIArtSuite::GetFirstArtOfLayer, getFirstArtOfLayer>(suite);
+    enter<&AIArtSuite::UpdateArtBounds>(suite, [](Art art) { art.document.measure(); });
 }
 
 template <> void fill(AIMatchingArtSuite& suite) {

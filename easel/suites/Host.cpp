@@ -10,6 +10,7 @@ template <> session::Annotations& host() { return session::Session::current().an
 template <> session::Dialogs& host() { return session::Session::current().dialogs; }
 template <> session::Profile& host() { return session::Session::current().profile; }
 template <> session::Documents& host() { return session::Session::current().documents; }
+template <> session::Fonts& host() { return session::Session::current().fonts; }
 template <> session::HostPreferences& host() { return session::Session::current().preferences; }
 template <> session::Browser& host() { return session::Session::current().browser; }
 template <> session::Identity& host() { return session::Session::current().identity; }

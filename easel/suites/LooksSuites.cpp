@@ -1,9 +1,10 @@
-// The blend style and art style suites: how art looks besides its outlines.
+// The blend style, mask and art style suites: how art looks besides its outlines.
 #include <algorithm>
 #include <cmath>
 
 #include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIBlendStyleSuite.h"
+#include "hostapi/AIMaskSuite.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
 
@@ -81,13 +82,50 @@ void setStyle(Art art, const AIArtStyle& style) {
 }
 
 bool isStyled(Art art) {
-    Extras extras = art.node.extras();
-    extras.dictionary.clear();
-    extras.centerPoint = false;
-    return !(extras == Extras());
+    const Extras& extras = art.node.extras();
+    const Extras ordinary;
+    return extras.opacity != ordinary.opacity || extras.blendMode != ordinary.blendMode ||
+           extras.knockout != ordinary.knockout;
+}
+
+// Masks
+
+const Extras& masked(const Art& art) {
+    require(!art.node.extras().mask.empty() && !art.node.isSubpath());
+    return art.node.extras();
+}
+
+void setMaskDisabled(Art art, bool disabled) {
+    static_cast<void>(masked(art));
+    changeExtras(art, [&](Extras& extras) { extras.maskDisabled = disabled; });
+}
+
+void copyMask(Art from, Art art) {
+    require(&from.document == &art.document && !art.node.isSubpath());
+    const Extras& has = masked(from);
+    changeExtras(art, [mask = has.mask, disabled = has.maskDisabled](Extras& extras) {
+        extras.mask = mask;
+        extras.maskDisabled = disabled;
+    });
+}
+
+void disposeMask(Art art) {
+    static_cast<void>(masked(art));
+    changeExtras(art, [](Extras& extras) {
+        extras.mask.clear();
+        extras.maskDisabled = false;
+    });
 }
 
 } // namespace
+
+template <> void fill(AIMaskSuite& suite) {
+    enter<&AIMaskSuite::HasMask>(suite, [](Art art) { return !art.node.extras().mask.empty(); });
+    enter<&AIMaskSuite::GetMaskDisabled>(suite, [](Art art) { return masked(art).maskDisabled; });
+    enter<&AIMaskSuite::SetMaskDisabled, setMaskDisabled>(suite);
+    enter<&AIMaskSuite::CopyMask, copyMask>(suite);
+    enter<&AIMaskSuite::DisposeMask, disposeMask>(suite);
+}
 
 template <> void fill(AIBlendStyleSuite& suite) {
     enter<&AIBlendStyleSuite::GetBlendingMode>(suite, [](Art art) { return art.node.extras().blendMode; });

@@ -1,8 +1,7 @@
-// What plug-ins are to the host and to one another: the plug-ins, interface, notifier, plug-in group and math suites.
+// What plug-ins are to the host and to one another: the plug-ins, interface, notifier and math suites.
 #include <cmath>
 
 #include "hostapi/AINotifierSuite.h"
-#include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPPluginsSuite.h"
@@ -16,8 +15,6 @@ using session::Messenger;
 using session::Notifier;
 using session::Notifiers;
 using session::Plugin;
-using session::PluginGroup;
-using session::PluginGroups;
 using session::Plugins;
 
 template <> struct Argument<Notifier&> {
@@ -57,7 +54,7 @@ SPErr sendMessage(Plugin& plugin, std::string_view caller, std::string_view sele
     return host<Messenger>().pass(plugin, caller.data(), selector.data(), message);
 }
 
-// Notifiers and plug-in groups
+// Notifiers
 
 Notifier& addNotifier(Plugin& self, std::string_view name, std::string_view type) {
     auto notifier = std::make_unique<Notifier>();
@@ -65,15 +62,6 @@ Notifier& addNotifier(Plugin& self, std::string_view name, std::string_view type
     notifier->name = name;
     notifier->type = type;
     return host<Notifiers>().add(std::move(notifier));
-}
-
-PluginGroup& addPluginGroup(Plugin& self, std::string_view name, std::int32_t options) {
-    for (const PluginGroup* other : host<PluginGroups>().all()) require(other->name != name);
-    auto group = std::make_unique<PluginGroup>();
-    group->owner = &self;
-    group->name = name;
-    group->options = options;
-    return host<PluginGroups>().add(std::move(group));
 }
 
 } // namespace
@@ -103,10 +91,6 @@ template <> void fill(SPInterfaceSuite& suite) {
 template <> void fill(AINotifierSuite& suite) {
     enter<&AINotifierSuite::AddNotifier, addNotifier>(suite);
     enter<&AINotifierSuite::RemoveNotifier>(suite, [](Notifier& notifier) { host<Notifiers>().remove(notifier); });
-}
-
-template <> void fill(AIPluginGroupSuite& suite) {
-    enter<&AIPluginGroupSuite::AddAIPluginGroup, addPluginGroup>(suite);
 }
 
 template <> void fill(AIRealMathSuite& suite) {

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "hostapi/AIPathStyleSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "suites/Arguments.h"
 
 namespace easel::suites {
@@ -29,6 +30,9 @@ struct Place {
 [[nodiscard]] AIPathStyle styleToHost(const model::Style& style);
 /// Where its stroke lies stays.
 void paintPath(const Art& path, model::Style style);
+
+/// Throws kBadParameterErr for one that has no inverse.
+[[nodiscard]] model::Affine affineFromHost(const AIRealMatrix& matrix);
 
 // Text
 

@@ -17,19 +17,29 @@
 #include "hostapi/AIDocumentListSuite.h"
 #include "hostapi/AIDocumentSuite.h"
 #include "hostapi/AIDocumentViewSuite.h"
+#include "hostapi/AIExpandSuite.h"
+#include "hostapi/AIFontSuite.h"
+#include "hostapi/AIGradientSuite.h"
+#include "hostapi/AIGroupSuite.h"
 #include "hostapi/AIHitTestSuite.h"
 #include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
+#include "hostapi/AIMaskSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
 #include "hostapi/AIMdMemorySuite.h"
 #include "hostapi/AIMenuSuite.h"
+#include "hostapi/AIMeshSuite.h"
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
+#include "hostapi/AIPatternSuite.h"
+#include "hostapi/AIPlacedSuite.h"
 #include "hostapi/AIPluginGroupSuite.h"
 #include "hostapi/AIPreferenceSuite.h"
+#include "hostapi/AIRasterSuite.h"
 #include "hostapi/AIRealMathSuite.h"
 #include "hostapi/AIRuntimeSuite.h"
+#include "hostapi/AISymbolSuite.h"
 #include "hostapi/AITextFrameSuite.h"
 #include "hostapi/AITimerSuite.h"
 #include "hostapi/AIToolSuite.h"
@@ -83,8 +93,10 @@ class Tables final : public session::Suites {
                Published<AITransformArtSuite>, Published<AIPreferenceSuite>, Published<AIBlendStyleSuite>,
                Published<AIArtStyleSuite>, Published<AIIsolationModeSuite>, Published<AIDocumentListSuite>,
                Published<AIArtboardSuite>, Published<AIDictionarySuite>, Published<AICursorSnapSuite>,
-               Published<AIUndoSuite>, Published<AIRealMathSuite>, Published<AIRuntimeSuite>, Published<AIURLSuite>,
-               Published<StageSuite>>
+               Published<AIUndoSuite>, Published<AIGroupSuite>, Published<AIMaskSuite>, Published<AIExpandSuite>,
+               Published<AIFontSuite>, Published<AIGradientSuite>, Published<AIPatternSuite>, Published<AISymbolSuite>,
+               Published<AIRasterSuite>, Published<AIPlacedSuite>, Published<AIMeshSuite>, Published<AIRealMathSuite>,
+               Published<AIRuntimeSuite>, Published<AIURLSuite>, Published<StageSuite>>
         all_;
 };
 

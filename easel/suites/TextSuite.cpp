@@ -30,7 +30,7 @@ std::int16_t justificationToHost(model::Justification justification) {
     return kAll[static_cast<std::size_t>(justification)];
 }
 
-bool isText(const model::Node& node) { return node.type() == model::NodeType::Opaque && node.opaque().text; }
+bool isText(const model::Node& node) { return node.text() != nullptr; }
 
 namespace {
 
@@ -51,8 +51,66 @@ AIArtHandle newPointText(std::int16_t paintOrder, std::optional<Art> prep, const
     return artHandle(place.document, &node);
 }
 
+const model::TextData& textOf(const Art& art) {
+    require(isText(art.node));
+    return *art.node.text();
+}
+
+/// Gives the text what `change` does to it.
+template <class Change> void changeText(const Art& art, Change change) {
+    model::TextData text = textOf(art);
+    require(!text.isRich, kRefusedErr);
+    change(text);
+    if (text == textOf(art)) return;
+    art.document.setText(art.node, std::move(text));
+}
+
+void setContents(Art art, std::string_view contents) {
+    require(!contents.empty() && isPlainText(contents));
+    changeText(art, [&](model::TextData& text) { text.contents = contents; });
+}
+
+void setFont(Art art, const AITextFont& font) {
+    require(font.name && isPlainText(font.name) && font.size > 0 && std::isfinite(font.size));
+    changeText(art, [&](model::TextData& text) {
+        text.font = font.name;
+        text.size = font.size;
+    });
+}
+
+void setOrientation(Art art, std::int16_t orientation) {
+    require(orientation == kAIHorizontalText || orientation == kAIVerticalText);
+    changeText(art, [&](model::TextData& text) { text.orientation = model::Orientation(orientation); });
+}
+
+AIRealPoint getAnchor(Art art) {
+    const model::Point at = art.node.opaque().placed()(textOf(art).anchor);
+    return {at.x, at.y};
+}
+
 } // namespace
 
-template <> void fill(AITextFrameSuite& suite) { enter<&AITextFrameSuite::NewPointText, newPointText>(suite); }
+template <> void fill(AITextFrameSuite& suite) {
+    using Suite = AITextFrameSuite;
+    enter<&Suite::NewPointText, newPointText>(suite);
+    enter<&Suite::GetTextContents>(suite, [](Art art) { return textOf(art).contents.c_str(); });
+    enter<&Suite::SetTextContents, setContents>(suite);
+    enter<&Suite::GetTextFont>(suite, [](Art art) { return AITextFont{textOf(art).font.c_str(), textOf(art).size}; });
+    enter<&Suite::SetTextFont, setFont>(suite);
+    enter<&Suite::GetTextJustification>(suite, [](Art art) { return justificationToHost(textOf(art).justification); });
+    enter<&Suite::SetTextJustification>(suite, [](Art art, std::int16_t justification) {
+        const model::Justification is = justificationFromHost(justification);
+        changeText(art, [&](model::TextData& text) { text.justification = is; });
+    });
+    enter<&Suite::GetTextOrientation>(suite, [](Art art) { return textOf(art).orientation; });
+    enter<&Suite::SetTextOrientation, setOrientation>(suite);
+    enter<&Suite::GetTextPaint>(suite, [](Art art) { return styleToHost(textOf(art).paint); });
+    enter<&Suite::SetTextPaint>(suite, [](Art art, const AIPathStyle& paint) {
+        const model::Style is = styleFromHost(paint);
+        changeText(art, [&](model::TextData& text) { text.paint = is; });
+    });
+    enter<&Suite::GetTextAnchor, getAnchor>(suite);
+    enter<&Suite::IsTextEditable>(suite, [](Art art) { return !textOf(art).isRich; });
+}
 
 } // namespace easel::suites

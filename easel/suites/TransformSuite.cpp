@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "suites/Enter.h"
+#include "suites/Shared.h"
 
 namespace easel::suites {
 
@@ -13,14 +14,6 @@ namespace {
 using model::Node;
 
 constexpr double kFlat = 1e-12; ///< area under a transform that nothing comes back from
-
-/// The matrix without an inverse or with a number out of range is refused.
-model::Affine affineFromHost(const AIRealMatrix& m) {
-    for (const double number : {m.a, m.b, m.c, m.d, m.tx, m.ty}) require(std::isfinite(number));
-    const double area = std::fabs(m.a * m.d - m.b * m.c);
-    require(area > kFlat && std::isfinite(area));
-    return {m.a, m.b, m.c, m.d, m.tx, m.ty};
-}
 
 void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::int32_t flags) {
     const model::Affine by = (flags & kTransformObjects) ? affineFromHost(matrix) : model::Affine{};
@@ -39,6 +32,13 @@ void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::in
 }
 
 } // namespace
+
+model::Affine affineFromHost(const AIRealMatrix& m) {
+    for (const double number : {m.a, m.b, m.c, m.d, m.tx, m.ty}) require(std::isfinite(number));
+    const double area = std::fabs(m.a * m.d - m.b * m.c);
+    require(area > kFlat && std::isfinite(area));
+    return {m.a, m.b, m.c, m.d, m.tx, m.ty};
+}
 
 template <> void fill(AITransformArtSuite& suite) { enter<&AITransformArtSuite::TransformArt, transformArt>(suite); }
 

@@ -39,6 +39,12 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{kOverprint, Name::Overprint},
                             Known{kData, Name::Data},
                             Known{kArtboards, Name::Artboards},
+                            Known{kKind, Name::Kind},
+                            Known{kDisabledMask, Name::DisabledMask},
+                            Known{kSpaceAttribute, Name::Space},
+                            Known{"href", Name::Href},
+                            Known{kXlinkHref, Name::XlinkHref},
+                            Known{"preserveAspectRatio", Name::PreserveAspectRatio},
                             Known{"style", Name::Style},
                             Known{"class", Name::Class},
                             Known{"viewBox", Name::ViewBox},
@@ -68,7 +74,11 @@ constexpr std::array kNames{Known{"d", Name::D},
                             Known{"font-size", Name::FontSize},
                             Known{"font", Name::Font},
                             Known{"opacity", Name::Opacity},
-                            Known{"mix-blend-mode", Name::MixBlendMode}};
+                            Known{"mix-blend-mode", Name::MixBlendMode},
+                            Known{"mask", Name::Mask},
+                            Known{"font-family", Name::FontFamily},
+                            Known{"text-anchor", Name::TextAnchor},
+                            Known{"writing-mode", Name::WritingMode}};
 
 constexpr std::size_t kSlots = 512;
 

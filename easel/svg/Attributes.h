@@ -45,7 +45,13 @@ enum class Name : std::uint8_t {
     Overprint,
     Data,
     Artboards,
+    Kind,
+    DisabledMask,
     Style,
+    Space,
+    Href,
+    XlinkHref,
+    PreserveAspectRatio,
     Class,
     ViewBox,
     ClipPathUnits,
@@ -76,6 +82,10 @@ enum class Name : std::uint8_t {
     Font,
     Opacity,
     MixBlendMode,
+    Mask,
+    FontFamily,
+    TextAnchor,
+    WritingMode,
     Unknown
 };
 

@@ -14,6 +14,7 @@
 #include "svg/Names.h"
 #include "svg/Outlines.h"
 #include "svg/Reach.h"
+#include "svg/Specials.h"
 
 namespace easel::svg {
 
@@ -78,7 +79,9 @@ void Builder::startElement(std::string_view name, Attributes attributes, TagByte
     }
     if (element == "style") startSheet();
     clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
+    startDefinition(element, attributes, tag);
     if (skipped_.open > 0) {
+        text_.data.isRich = text_.data.isRich || isInText();
         ++skipped_.open;
         skipped_.deepest = std::max(skipped_.deepest, depth_);
         if (measuring_.node) measureInside(element, attributes);
@@ -113,6 +116,10 @@ void Builder::startElement(std::string_view name, Attributes attributes, TagByte
 
 void Builder::endElement(TagBytes tag) {
     clipPaths_.endElement();
+    if (!openDefinitions_.empty() && openDefinitions_.back().first == depth_) {
+        source_->definitions[openDefinitions_.back().second].end = tag.end;
+        openDefinitions_.pop_back();
+    }
     if (depth_ == sheet_.depth) endSheet();
     if (!styled_.empty()) styled_.pop_back();
     if (skipped_.open > 0) {
@@ -170,6 +177,7 @@ Units Builder::units(const Attributes& attributes) const {
 }
 
 void Builder::endSkipped() {
+    if (isInText()) endText();
     open_.back().deepest = std::max(open_.back().deepest, skipped_.deepest);
     if (const Node* const node = std::exchange(measuring_.node, nullptr))
         document_->setMeasured(node->id(), node->opaque().bounds, trusted(measuring_.box));
@@ -179,6 +187,7 @@ void Builder::endSkipped() {
 }
 
 std::unique_ptr<Document> Builder::finish() {
+    nameSymbols();
     document_->journal().end();
     clipPaths_.finish();
     source_->sheetNamesGroups = source_->sheetNamesGroups || source_->rules.maySelect("g");
@@ -265,6 +274,7 @@ void Builder::openContainer(const Attributes& attributes, Node* node) {
     Container inner = source_->containers[outer];
     inner.units = attributes.units(inner.units);
     inner.style = styleOf(attributes, inner.style, inner.units);
+    inner.text = textLook(attributes, std::move(inner.text));
     inherit(inner.inherited, attributes);
     inner.toPage = element.toPage;
     inner.element = static_cast<std::uint32_t>(source_->elements.size());

@@ -38,7 +38,9 @@ class Builder {
     void endElement(TagBytes tag);
     void linkSheet(); ///< a style sheet that is a file of its own
     [[nodiscard]] bool isInSheet() const { return sheet_.depth > 0; }
-    void addSheetText(std::string_view text) { sheet_.text += text; } ///< to be called while in one
+    [[nodiscard]] bool isInText() const { return text_.node; } ///< of art
+    /// To be called while in one of these.
+    void addCharacters(std::string_view text) { (isInSheet() ? sheet_.text : text_.contents) += text; }
     /// The texts of the style sheets met so far; where these are more than were known, what was read may look
     /// otherwise.
     [[nodiscard]] const std::vector<std::string>& sheets() const { return sheets_; }
@@ -68,6 +70,10 @@ class Builder {
     void noteUnmeasured(std::string_view element, const model::Node& node);
     void startSheet();
     void endSheet();
+    void startDefinition(std::string_view element, const Attributes& attributes, TagBytes tag);
+    void addSpecial(std::string_view element, model::Node& node, const Attributes& attributes);
+    void endText();
+    void nameSymbols();
 
     // Parts of them
     model::Node& newLayer(const Attributes& attributes);
@@ -108,6 +114,15 @@ class Builder {
         model::Box box;
         std::vector<std::optional<Geom::Affine>> transforms; ///< of open elements; none where nothing is shown
     } measuring_;
+    /// A text of the drawing that is open.
+    struct OpenText {
+        model::Node* node = nullptr;
+        model::TextData data;
+        std::string contents;
+        bool preservesSpace = false;
+    } text_;
+    std::vector<std::pair<std::size_t, std::size_t>> openDefinitions_; // depths and indices
+    std::vector<std::pair<model::Node*, model::SymbolData>> uses_;     // of what has an id
     /// A style element that is open.
     struct Sheet {
         std::size_t depth = 0; ///< 0: none is

@@ -163,6 +163,7 @@ void Builder::addForeign(std::string_view element, const Attributes& attributes)
     // Renderers disagree on whether a nested drawing may have a transform.
     latest().wrapped = element == "svg" || attributes.transformsInStyle();
     noteUnmeasured(element, node);
+    addSpecial(element, node, attributes);
     if (element != "a" && element != "switch") return;
     measuring_.node = &node;
     measuring_.box = {};

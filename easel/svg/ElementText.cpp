@@ -137,6 +137,24 @@ bool isTurned(const Node& node) {
 /// From where opaque art was to where it is, on the page.
 Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
 
+bool sameSpecial(const model::Content& a, const model::Content& b) {
+    return a.special() == b.special() || (a.special() && b.special() && *a.special() == *b.special());
+}
+
+constexpr const char* kVertical = "vertical-rl";
+
+std::string anchorText(model::Justification justification) {
+    static constexpr const char* kAnchors[] = {"start", "middle", "end"};
+    return kAnchors[static_cast<int>(justification)];
+}
+
+void setLength(Tag& tag, const char* name, double value) {
+    if (!withinReach(value)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
+    std::string number;
+    appendNumber(number, value);
+    tag.set(name, number);
+}
+
 /// Behind a comment, a section of data, an instruction or an end tag, which the text begins with, if with any.
 std::size_t behindMarkup(std::string_view text) {
     static constexpr std::pair<std::string_view, std::string_view> kKinds[] = {
@@ -144,20 +162,6 @@ std::size_t behindMarkup(std::string_view text) {
     for (const auto& [begin, end] : kKinds)
         if (text.substr(0, begin.size()) == begin)
             return std::min(text.find(end), text.size() - end.size()) + end.size();
-    return text.size();
-}
-
-/// Behind the start tag that the text begins with; values may contain brackets.
-std::size_t behindTag(std::string_view text) {
-    char quote = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char c = text[at];
-        if (quote == 0 && c == '>') return at + 1;
-        if (quote == 0 && (c == '"' || c == '\''))
-            quote = c;
-        else if (c == quote)
-            quote = 0;
-    }
     return text.size();
 }
 
@@ -208,28 +212,35 @@ Tag ElementText::newTag(const Node& node, const Place& place, std::string_view n
     return tag;
 }
 
-std::string ElementText::newText(const Node& node, const Place& place) {
-    const model::TextData& text = *node.opaque().text;
-    requireUsable(text.paint);
-    Tag tag = newTag(node, place, "text");
+std::string ElementText::newSpecial(const Node& node, const Place& place) {
+    const auto* const image = node.image();
+    Tag tag = newTag(node, place, node.text() ? "text" : image ? "image" : "use");
     // Its lengths are the page's, whatever is around it.
-    const Geom::Affine toPage = toPageIn(place);
     const Geom::Affine placed = isTurned(node) ? placedOf(node) : Geom::Affine::identity();
-    const Geom::Affine transform = placed * toPage.inverse();
+    const Geom::Affine transform = placed * toPageIn(place).inverse();
     if (!transform.isIdentity(0)) tag.set("transform", transformText(transform));
-    const auto setNumber = [&](const char* name, double value) {
-        if (!withinReach(value)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
-        std::string number;
-        appendNumber(number, value);
-        tag.set(name, number);
-    };
-    const bool turned = isTurned(node);
-    setNumber("x", text.anchor.x + (turned ? 0 : node.opaque().moved.x));
-    setNumber("y", text.anchor.y + (turned ? 0 : node.opaque().moved.y));
+    const Point moved = isTurned(node) ? Point{} : node.opaque().moved;
+    if (node.text()) return newText(node, moved, place, tag);
+    if (image) {
+        newImage(*image, moved, tag);
+    } else {
+        if (moved.x != 0) setLength(tag, "x", moved.x);
+        if (moved.y != 0) setLength(tag, "y", moved.y);
+        changeLink(tag, '#' + node.symbol()->symbol);
+    }
+    setExtras(tag, node.extras(), {});
+    return tag.text() + "/>";
+}
+
+std::string ElementText::newText(const Node& node, Point moved, const Place& place, Tag& tag) {
+    const model::TextData& text = *node.text();
+    requireUsable(text.paint);
+    setLength(tag, "x", text.anchor.x + moved.x);
+    setLength(tag, "y", text.anchor.y + moved.y);
     if (!text.font.empty()) tag.set("font-family", escaped(text.font));
-    setNumber("font-size", text.size);
-    static constexpr const char* kAnchors[] = {"start", "middle", "end"};
-    tag.set("text-anchor", kAnchors[static_cast<int>(text.justification)]);
+    setLength(tag, "font-size", text.size);
+    tag.set("text-anchor", anchorText(text.justification));
+    if (text.orientation == model::Orientation::Vertical) tag.set("writing-mode", kVertical);
     tag.set("xml:space", "preserve");
     setPaint(tag, node, text.paint, source_.containers[place.container]);
     if (!overprintText(text.paint).empty()) setOverprint(tag, text.paint);
@@ -237,10 +248,99 @@ std::string ElementText::newText(const Node& node, const Place& place) {
     return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
 }
 
+void ElementText::newImage(const model::ImageData& image, Point moved, Tag& tag) const {
+    setLength(tag, "x", image.place.e + moved.x);
+    setLength(tag, "y", image.place.f + moved.y);
+    setLength(tag, "width", image.place.a);
+    setLength(tag, "height", image.place.d);
+    tag.set("preserveAspectRatio", "none");
+    changeLink(tag, image.link);
+}
+
+// Masks
+
+const std::string& ElementText::clipId(const Node& group) {
+    std::string& id = clipIds_[&group];
+    for (std::size_t number = clipIds_.size(); id.empty(); ++number)
+        if (std::string name = "clip-" + std::to_string(number); !hasId(name)) id = std::move(name);
+    ids_->insert(id);
+    return id;
+}
+
+void ElementText::setClip(Tag& tag, const Node& node) {
+    setProperty(tag, "clip-path", node.extras().clip ? "url(#" + clipId(node) + ')' : "none");
+}
+
+std::string ElementText::clipPath(const Node& group, const Place& inside) {
+    if (!group.extras().clip) return {};
+    const std::string name = inside.prefix + "clipPath";
+    std::string text = '<' + name + " id=\"" + clipId(group) + "\">";
+    for (model::Mask::Shape& shape : maskOnPage(group)) {
+        for (PathData& subpath : shape.subpaths) transformBy(subpath, toPageIn(inside).inverse());
+        text += '<' + inside.prefix + "path d=\"" + pathData(shape.subpaths) + '"';
+        text += std::string(shape.evenOdd ? " clip-rule=\"evenodd\"" : "") + "/>";
+    }
+    return text + "</" + name + '>';
+}
+
+// Texts, pictures and uses that were read
+
+void ElementText::changeSpecial(Tag& tag, const Node& node, const Element& element) const {
+    const model::Special* const was = wasOf(node).special();
+    if (const model::TextData* const text = node.text()) {
+        const auto* const before = std::get_if<model::TextData>(was);
+        const double scale = scaleOf(source_.transforms[element.toPage]);
+        if (before && !(*text == *before)) changeText(tag, *text, *before, scale);
+    }
+    if (const model::ImageData* const image = node.image()) {
+        const auto* const before = std::get_if<model::ImageData>(was);
+        if (before && image->link != before->link) changeLink(tag, image->link);
+    }
+    if (const model::SymbolData* const use = node.symbol()) {
+        const auto* const before = std::get_if<model::SymbolData>(was);
+        if (before && use->symbol != before->symbol) changeLink(tag, '#' + use->symbol);
+    }
+}
+
+void ElementText::changeText(Tag& tag, const model::TextData& is, const model::TextData& was, double scale) const {
+    requireUsable(is.paint);
+    std::string size;
+    appendNumber(size, is.size / scale);
+    if (is.font != was.font) setProperty(tag, "font-family", escaped(is.font.empty() ? "inherit" : is.font));
+    if (is.size != was.size) setProperty(tag, "font-size", size);
+    if (is.justification != was.justification) setProperty(tag, "text-anchor", anchorText(is.justification));
+    const bool isVertical = is.orientation == model::Orientation::Vertical;
+    if (is.orientation != was.orientation) setProperty(tag, "writing-mode", isVertical ? kVertical : "horizontal-tb");
+    if (is.contents != was.contents) tag.set("xml:space", "preserve");
+    if (is.paint == was.paint) return;
+    const Style before = inUnits(was.paint, scale);
+    for (const auto& [name, value] : properties(inUnits(is.paint, scale), &before)) setProperty(tag, name, value);
+    if (overprintText(is.paint) != overprintText(was.paint)) setOverprint(tag, is.paint);
+}
+
+/// Old drawings say it in the way of links between documents.
+void ElementText::changeLink(Tag& tag, const std::string& link) const {
+    if (tag.find("href")) return tag.set("href", escaped(link));
+    const std::string old = tag.find({"xlink"}, "href");
+    tag.set(old.empty() ? "href" : old, escaped(link));
+}
+
+bool ElementText::isRefilled(const Node& node) const {
+    const auto* const before = std::get_if<model::TextData>(wasOf(node).special());
+    return node.text() && before && node.text()->contents != before->contents;
+}
+
+std::string ElementText::refilled(const Node& node, const std::string& startTag) const {
+    Tag tag(startTag);
+    if (startTag.ends_with("/>")) tag.openUp();
+    return tag.text() + escaped(node.text()->contents) + "</" + std::string(tag.name()) + '>';
+}
+
 std::string ElementText::newTag(const Node& node, const Place& place) {
     Tag tag = newTag(node, place, isGroup(node) ? "g" : "path");
     if (!node.isOutlined()) {
         setExtras(tag, node.extras(), {});
+        if (node.extras().clip) setClip(tag, node);
         return tag.text();
     }
     requireUsable(node.style());
@@ -275,11 +375,12 @@ std::string ElementText::copiedElement(const Node& node, const Element& element,
         return wrapper(node, element, place) + '>' + withoutIds(inside) + "</" + place.prefix + "g>";
     }
     std::string text = copiedTag(node, element, place);
-    if (element.tagEnd == element.end) return text + "/>";
+    if (element.tagEnd == element.end && !isRefilled(node)) return text + "/>";
     const std::string name(Tag(text).name());
     const std::size_t endTag = source_.text.rfind('<', element.end - 1);
     const std::string_view inside = std::string_view(source_.text).substr(element.tagEnd, endTag - element.tagEnd);
-    return text + '>' + withoutIds(inside) + "</" + name + '>';
+    const bool isText = isRefilled(node);
+    return text + '>' + (isText ? escaped(node.text()->contents) : withoutIds(inside)) + "</" + name + '>';
 }
 
 /// Whether a new group would have more than its own tag says.
@@ -355,6 +456,7 @@ bool ElementText::isChanged(const Node& node, const Element& element, const Plac
     const bool isCompound = node.type() == NodeType::Compound;
     if (place.placed == Affine{}) return is != was || (isCompound && node.outlines() != original(node));
     requireInReach(node); // it may go along without being written
+    if (!sameSpecial(is, was)) return true;
     model::Content otherwise = is;
     otherwise.path = was.path;
     otherwise.style = was.style;
@@ -380,6 +482,8 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     if (is.name != was.name) setName(tag, node);
     if (is.hidden != was.hidden) setProperty(tag, "display", node.hidden() ? "none" : "inline");
     if (is.locked != was.locked) setLocked(tag, node.locked());
+    const bool hadOtherClip = was.extras && was.extras->hasOtherClip;
+    if (node.extras().hasOtherClip || hadOtherClip) setClip(tag, node);
     if (is.extras != was.extras) setExtras(tag, node.extras(), was.extras ? *was.extras : model::Extras());
     requireInReach(node);
     const bool staysInside = element.container == place.container;
@@ -389,6 +493,7 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     const bool isAlong = staysInside && goesAlong(done.by, place.placed);
     if (node.isOutlined() && (done.outlineChanged || (outlineTells && !isAlong)))
         changeOutline(tag, node, source_.transforms[element.toPage] * asGeom(by));
+    changeSpecial(tag, node, element);
     if (node.isOutlined()) {
         if (is.style != was.style) requireUsable(node.style());
         const Styles styles = stylesOf(node, element, by);
@@ -545,6 +650,7 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
         model::Extras extras = node.extras();
         const double own = was.extras ? was.extras->opacity : 1;
         extras.opacity = own > 0 ? std::min(extras.opacity / own, 1.0) : 1;
+        if (was.extras && was.extras->mask == extras.mask) extras.mask.clear();
         setExtras(tag, extras, {});
     }
     return tag.text();
@@ -557,6 +663,14 @@ void ElementText::setExtras(Tag& tag, const model::Extras& is, const model::Extr
     if (is.blendMode != was.blendMode) setProperty(tag, "mix-blend-mode", std::string(blendModeText(is.blendMode)));
     if (is.knockout != was.knockout) setOwn(tag, "knockout", knockoutText(is.knockout));
     if (is.centerPoint != was.centerPoint) setOwn(tag, "center-point", is.centerPoint ? "visible" : "");
+    if (kindText(is) != kindText(was)) setOwn(tag, "kind", kindText(is));
+    const auto shownMask = [](const model::Extras& extras) {
+        return extras.maskDisabled ? std::string() : extras.mask;
+    };
+    const auto keptMask = [](const model::Extras& extras) { return extras.maskDisabled ? extras.mask : std::string(); };
+    if (shownMask(is) != shownMask(was))
+        setProperty(tag, "mask", is.maskDisabled || is.mask.empty() ? "none" : is.mask);
+    if (keptMask(is) != keptMask(was)) setOwn(tag, "disabled-mask", keptMask(is));
     if (is.artboards != was.artboards) setOwn(tag, "artboards", artboardsText(is.artboards));
     if (is.dictionary != was.dictionary) setOwn(tag, "data", dataText(is.dictionary));
 }
@@ -638,8 +752,8 @@ void ElementText::setOutline(Tag& tag, const Node& node, const Geom::Affine& toP
     }
 }
 
-/// Whether nothing in the file is called so. What only extras like an id, in a comment, counts as well.
-bool ElementText::takeId(const std::string& name) {
+/// Whether something in the file is called so. What only extras like an id, in a comment, counts as well.
+bool ElementText::hasId(const std::string& name) {
     if (!ids_) {
         ids_.emplace();
         const std::string_view text(source_.text);
@@ -652,8 +766,10 @@ bool ElementText::takeId(const std::string& name) {
             if (end != std::string_view::npos) ids_->insert(text.substr(quote + 1, end - quote - 1));
         }
     }
-    return ids_->insert(name).second;
+    return ids_->count(name) > 0;
 }
+
+bool ElementText::takeId(const std::string& name) { return !hasId(name) && ids_->insert(name).second; }
 
 Tag ElementText::tagOf(std::string_view text) const {
     const std::string name(text.substr(1, text.find_first_of(" \t\r\n/>") - 1));

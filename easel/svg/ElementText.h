@@ -5,6 +5,7 @@
 #include <2geom/affine.h>
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,8 +34,13 @@ class ElementText {
     /// The start tag of a node that was made here, without its end.
     [[nodiscard]] std::string newTag(const model::Node& node, const Place& place);
 
-    /// The whole element of a text that was made here.
-    [[nodiscard]] std::string newText(const model::Node& node, const Place& place);
+    /// The whole element of a text, a picture or a use of a symbol that was made here.
+    [[nodiscard]] std::string newSpecial(const model::Node& node, const Place& place);
+    /// What clips a group that got its mask here, to stand in it; empty for others.
+    [[nodiscard]] std::string clipPath(const model::Node& group, const Place& inside);
+    /// Whether the contents of a text are others than they were, and the whole element with them.
+    [[nodiscard]] bool isRefilled(const model::Node& node) const;
+    [[nodiscard]] std::string refilled(const model::Node& node, const std::string& startTag) const;
 
     /// The whole element of a duplicate that holds nothing, and the start tag, without its end, of one that does.
     [[nodiscard]] std::string copiedElement(const model::Node& node, const Element& element, const Place& place);
@@ -73,6 +79,11 @@ class ElementText {
 
     // Attributes
     [[nodiscard]] Tag newTag(const model::Node& node, const Place& place, std::string_view name);
+    std::string newText(const model::Node& node, model::Point moved, const Place& place, Tag& tag);
+    void newImage(const model::ImageData& image, model::Point moved, Tag& tag) const;
+    void changeSpecial(Tag& tag, const model::Node& node, const Element& element) const;
+    void changeText(Tag& tag, const model::TextData& is, const model::TextData& was, double scale) const;
+    void changeLink(Tag& tag, const std::string& link) const;
     void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
     void changeOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
     void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;
@@ -89,7 +100,10 @@ class ElementText {
                     std::string_view uri, std::string_view local, std::string_view value) const;
     void setName(Tag& tag, const model::Node& node);
     void setOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
-    [[nodiscard]] bool takeId(const std::string& name);
+    [[nodiscard]] const std::string& clipId(const model::Node& group);
+    void setClip(Tag& tag, const model::Node& node);
+    [[nodiscard]] bool hasId(const std::string& name);
+    [[nodiscard]] bool takeId(const std::string& name); ///< whether nothing in the file was called so
     [[nodiscard]] Tag tagOf(std::string_view text) const;
     [[nodiscard]] std::string escaped(std::string_view text) const;
 
@@ -97,6 +111,7 @@ class ElementText {
     const Source& source_;
     Surroundings surroundings_;
     std::optional<std::unordered_set<std::string_view>> ids_;
+    std::map<const model::Node*, std::string> clipIds_;
 };
 
 } // namespace easel::svg

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <limits>
 #include <stdexcept>
 
@@ -57,6 +58,27 @@ model::Dictionary dictionaryOf(std::string_view text) {
     return dictionary;
 }
 
+constexpr std::string_view kPluginGroup = "plug-in-group";
+constexpr std::string_view kEditArt = "edit-art";
+constexpr std::string_view kMesh = "mesh";
+
+/// "plug-in-group NAME", "edit-art" or "mesh COLUMNS".
+void readKind(model::Extras& extras, std::string_view text) {
+    const std::size_t space = text.find(' ');
+    const std::string_view kind = text.substr(0, space);
+    const std::string_view rest = space == text.npos ? "" : text.substr(space + 1);
+    if (kind == kEditArt) extras.groupKind = model::GroupKind::EditArt;
+    if (kind == kPluginGroup) {
+        extras.groupKind = model::GroupKind::Plugin;
+        extras.plugin = rest;
+    }
+    std::uint32_t columns = 0;
+    const auto read = std::from_chars(rest.data(), rest.data() + rest.size(), columns);
+    if (kind != kMesh || read.ec != std::errc() || columns == 0) return;
+    extras.groupKind = model::GroupKind::Mesh;
+    extras.columns = columns;
+}
+
 } // namespace
 
 model::Extras readExtras(const Attributes& attributes) {
@@ -64,7 +86,11 @@ model::Extras readExtras(const Attributes& attributes) {
     attributes.forEachProperty([&](Name name, std::string_view value) {
         if (name == Name::Opacity) extras.opacity = opacityOf(value);
         if (name == Name::MixBlendMode) extras.blendMode = blendModeOf(value);
+        if (name == Name::Mask) extras.mask = value == "none" ? std::string_view() : value;
     });
+    if (extras.mask.empty()) extras.mask = attributes.get(Name::DisabledMask);
+    extras.maskDisabled = attributes.has(Name::DisabledMask);
+    readKind(extras, attributes.get(Name::Kind));
     const std::string_view knockout = attributes.get(Name::Knockout);
     if (knockout == "on") extras.knockout = Knockout::On;
     if (knockout == "inherit") extras.knockout = Knockout::Inherit;
@@ -131,6 +157,16 @@ std::string_view blendModeText(model::BlendMode mode) { return kBlendModes[stati
 std::string_view knockoutText(Knockout knockout) {
     static constexpr std::string_view kTexts[] = {"", "on", "inherit"};
     return kTexts[static_cast<std::size_t>(knockout)];
+}
+
+std::string kindText(const model::Extras& extras) {
+    switch (extras.groupKind) {
+    case model::GroupKind::Plain: break;
+    case model::GroupKind::Plugin: return std::string(kPluginGroup) + ' ' + extras.plugin;
+    case model::GroupKind::EditArt: return std::string(kEditArt);
+    case model::GroupKind::Mesh: return std::string(kMesh) + ' ' + std::to_string(extras.columns);
+    }
+    return {};
 }
 
 std::string_view overprintText(const model::Style& style) {

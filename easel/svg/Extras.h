@@ -22,6 +22,7 @@ void readOverprint(model::Style& style, const Attributes& attributes);
 [[nodiscard]] std::string opacityText(double opacity);
 [[nodiscard]] std::string_view blendModeText(model::BlendMode mode);
 [[nodiscard]] std::string_view knockoutText(model::Knockout knockout); ///< empty for the usual one
+[[nodiscard]] std::string kindText(const model::Extras& extras);       ///< empty for a plain group
 [[nodiscard]] std::string_view overprintText(const model::Style& style);
 [[nodiscard]] std::string artboardsText(const std::vector<model::Artboard>& artboards); ///< JSON, empty for none
 [[nodiscard]] std::string dataText(const model::Dictionary& dictionary); ///< JSON; empty for an empty one

@@ -203,6 +203,19 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
 
 // Tags
 
+std::size_t behindTag(std::string_view text) {
+    char quote = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char c = text[at];
+        if (quote == 0 && c == '>') return at + 1;
+        if (quote == 0 && (c == '"' || c == '\''))
+            quote = c;
+        else if (c == quote)
+            quote = 0;
+    }
+    return text.size();
+}
+
 Tag::Tag(std::string_view text, Defaults defaults) : defaults_(std::move(defaults)) {
     std::size_t at = 1;
     const auto span = [&](std::size_t end) {

@@ -27,6 +27,9 @@ using Property = std::pair<std::string_view, std::string>;
 /// What must be said of a style where `assumed` holds otherwise; all of it where nothing can be assumed.
 [[nodiscard]] std::vector<Property> properties(const model::Style& style, const model::Style* assumed);
 
+/// Behind the start tag that the text begins with; values may contain brackets.
+[[nodiscard]] std::size_t behindTag(std::string_view text);
+
 /// A start tag as it stands in a file. What is not set, removed or renamed keeps its bytes.
 class Tag {
   public:

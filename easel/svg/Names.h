@@ -21,6 +21,10 @@ constexpr std::string_view kKnockout = "urn:easel:drawing|knockout";
 constexpr std::string_view kCenterPoint = "urn:easel:drawing|center-point";
 constexpr std::string_view kOverprint = "urn:easel:drawing|overprint";
 constexpr std::string_view kArtboards = "urn:easel:drawing|artboards";
+constexpr std::string_view kKind = "urn:easel:drawing|kind";
+constexpr std::string_view kDisabledMask = "urn:easel:drawing|disabled-mask";
+constexpr std::string_view kSpaceAttribute = "http://www.w3.org/XML/1998/namespace|space";
+constexpr std::string_view kXlinkHref = "http://www.w3.org/1999/xlink|href";
 constexpr std::string_view kData = "urn:easel:drawing|data";
 
 constexpr std::string_view kLayerTitle = "Layer "; ///< of art that is in no layer; a number follows

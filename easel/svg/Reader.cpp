@@ -95,20 +95,21 @@ class Reading {
     static void XMLCALL start(void* data, const XML_Char* name, const XML_Char** attributes) {
         guarded(data, [&](Reading& self) {
             self.builder_.startElement(name, Attributes(attributes), self.bytes());
-            if (self.builder_.isInSheet()) XML_SetCharacterDataHandler(self.parser_.get(), addText);
+            if (self.readsText()) XML_SetCharacterDataHandler(self.parser_.get(), addText);
         });
     }
     static void XMLCALL end(void* data, const XML_Char*) {
         guarded(data, [](Reading& self) {
             const bool wasInSheet = self.builder_.isInSheet();
+            const bool readText = self.readsText();
             self.builder_.endElement(self.bytes());
-            if (wasInSheet && !self.builder_.isInSheet()) XML_SetCharacterDataHandler(self.parser_.get(), nullptr);
+            if (readText && !self.readsText()) XML_SetCharacterDataHandler(self.parser_.get(), nullptr);
             if (wasInSheet && self.isUseless()) XML_StopParser(self.parser_.get(), XML_FALSE);
         });
     }
     static void XMLCALL addText(void* data, const XML_Char* text, int size) {
         guarded(data, [&](Reading& self) {
-            self.builder_.addSheetText(std::string_view(text, static_cast<std::size_t>(size)));
+            self.builder_.addCharacters(std::string_view(text, static_cast<std::size_t>(size)));
         });
     }
     static void XMLCALL bindPrefix(void* data, const XML_Char* prefix, const XML_Char* uri) {
@@ -139,6 +140,7 @@ class Reading {
         return {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(begin + count), inEntity};
     }
 
+    [[nodiscard]] bool readsText() const { return builder_.isInSheet() || builder_.isInText(); }
     [[nodiscard]] bool hasNewSheets() const { return sheets().size() > sheetCount_; }
     /// Most sheets come first: then nothing is lost by beginning again at once.
     [[nodiscard]] bool isUseless() const {

@@ -85,6 +85,7 @@ class Check {
 
     /// The end of what may be missing from `at` on, in one piece.
     [[nodiscard]] std::size_t behindChange(std::size_t at) const {
+        if (const std::size_t behind = text_.behindReplaced(at); behind > at) return behind;
         const std::optional<std::size_t> index = elementAround(at);
         if (!index || fates_[*index] == Fate::Kept) return at;
         const Element& element = source_.elements[*index];
@@ -92,6 +93,7 @@ class Check {
             const std::size_t next = firstElementFrom(at + 1); // it may be kept elsewhere
             return next < fates_.size() ? std::min(element.end, source_.elements[next].begin) : element.end;
         }
+        if (fates_[*index] == Fate::Rewritten) return element.end;
         if (at < element.tagEnd) return element.tagEnd;
         const bool inEndTag = old_.find('>', at) + 1 == element.end && old_.rfind('<', element.end - 1) <= at;
         return inEndTag && element.after == *index + 1 ? element.end : at;

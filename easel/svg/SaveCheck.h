@@ -12,7 +12,7 @@
 namespace easel::svg {
 
 /// What has become of an element since it was read.
-enum class Fate : std::uint8_t { Kept, Changed, Removed };
+enum class Fate : std::uint8_t { Kept, Changed, Rewritten, Removed };
 
 /// The text to be written would lose something, or could not be read again. A fault of ours, not of the drawing.
 class DamageError : public UnsavableError {
@@ -21,8 +21,8 @@ class DamageError : public UnsavableError {
 };
 
 /// Throws DamageError. `fates` has one entry an element. An element that was kept has all its bytes in the text, one
-/// that was changed all but its start tag and the name in its end tag; besides these nothing but white space may be
-/// missing, and nothing is there twice.
+/// that was changed all but its start tag and the name in its end tag; of one that was rewritten nothing is left;
+/// besides these nothing but white space may be missing, and nothing is there twice.
 void checkBeforeSaving(const SplicedText& text, const std::vector<Fate>& fates, const Source& source);
 
 } // namespace easel::svg

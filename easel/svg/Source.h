@@ -62,6 +62,23 @@ struct Unmeasured {
     model::Shared<model::Box> bounds; ///< to be told
 };
 
+/// What text looks like, besides its paint.
+struct TextLook {
+    std::string font; ///< a family's name; empty for the renderer's default
+    model::Justification justification = model::Justification::Left;
+    model::Orientation orientation = model::Orientation::Horizontal;
+    bool preservesSpace = false;
+};
+
+/// Something that is drawn where it is referred to by its id.
+struct Definition {
+    std::string id;
+    std::string kind;         ///< the element's name
+    std::uint32_t begin = 0;  ///< of the start tag
+    std::uint32_t tagEnd = 0; ///< behind it
+    std::uint32_t end = 0;    ///< behind the end tag
+};
+
 /// What an element passes on to those inside it.
 struct Container {
     model::Style style;        ///< inherited; lengths in the units of what is inside
@@ -69,6 +86,7 @@ struct Container {
     std::uint32_t toPage = 0;
     std::uint16_t depth = 0; ///< 1 for the root
     Units units;             ///< what lengths inside are measured by
+    TextLook text{};
     /// What is inherited besides, as it is written: gradients and patterns, opacity, markers.
     std::vector<std::pair<Name, std::string>> inherited;
 
@@ -104,6 +122,7 @@ class Source : public KnownFiles {
     std::deque<Container> containers;         ///< the root is the first
     std::deque<Geom::Affine> transforms;      ///< the first is the root's, for what is in it
     std::deque<model::OutlineList> compounds; ///< of compound paths, as they were read
+    std::vector<Definition> definitions;      ///< in the order of the text
     std::size_t elementCount = 0;             ///< those that no node came from included
     StyleSheet rules;                         ///< of its style sheets, as far as they are understood
     bool hasStyleSheet = false;

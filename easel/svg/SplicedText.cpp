@@ -2,6 +2,8 @@
 #include "svg/SplicedText.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 #include "svg/Values.h"
 
@@ -17,7 +19,25 @@ void SplicedText::add(std::string_view text) {
     size_ += text.size();
 }
 
+void SplicedText::replace(std::size_t from, std::size_t to, std::string text) {
+    replaced_[from] = {to, std::move(text)};
+}
+
+std::size_t SplicedText::behindReplaced(std::size_t at) const {
+    const auto next = replaced_.upper_bound(at);
+    return next == replaced_.begin() ? at : std::max(at, std::prev(next)->second.to);
+}
+
 void SplicedText::copy(std::size_t from, std::size_t to, bool elsewhere) {
+    for (auto at = replaced_.lower_bound(from); at != replaced_.end() && at->second.to <= to; ++at) {
+        copyPiece(from, at->first, elsewhere);
+        add(at->second.text);
+        from = at->second.to;
+    }
+    copyPiece(from, to, elsewhere);
+}
+
+void SplicedText::copyPiece(std::size_t from, std::size_t to, bool elsewhere) {
     if (from == to) return;
     if (!pieces_.empty() && pieces_.back().copied && pieces_.back().to == from &&
         pieces_.back().elsewhere == elsewhere) {

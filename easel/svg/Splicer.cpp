@@ -99,8 +99,10 @@ class Splicer {
         for (const Node* node = &document_.root(); node; node = nextWithin(document_.root(), *node))
             if (node->origin() != 0 && !node->isSubpath()) fates_[node->origin() - 1] = Fate::Kept;
         const Element& root = source_.elements.front();
+        replaceDefinitions();
         out_.copy(0, root.begin, false);
         openElement(document_.root(), root, elements_.startTag(document_.root(), root, Place{}), Place{}, 1, false);
+        out_.add(newDefinitions(open_.back().place.prefix));
         while (!open_.empty()) {
             if (open_.back().next == open_.back().items.size())
                 close();
@@ -113,6 +115,39 @@ class Splicer {
     }
 
   private:
+    // What is drawn where it is referred to
+
+    [[nodiscard]] const Definition* known(const model::Definition& made) const {
+        const auto found = std::find_if(source_.definitions.begin(), source_.definitions.end(),
+                                        [&](const Definition& d) { return d.kind == made.kind && d.id == made.name; });
+        return found == source_.definitions.end() ? nullptr : &*found;
+    }
+
+    void replaceDefinitions() {
+        for (const auto& made : document_.root().extras().definitions) {
+            const Definition* const was = known(*made);
+            if (!was) continue;
+            if (was->tagEnd < was->end) {
+                out_.replace(was->tagEnd, text_.rfind('<', was->end - 1), made->content);
+                continue;
+            }
+            Tag tag(std::string_view(text_).substr(was->begin, was->end - was->begin));
+            tag.openUp();
+            out_.replace(was->begin, was->end, tag.text() + made->content + "</" + std::string(tag.name()) + '>');
+        }
+    }
+
+    [[nodiscard]] std::string newDefinitions(const std::string& prefix) const {
+        std::string text;
+        for (const auto& made : document_.root().extras().definitions) {
+            if (known(*made)) continue;
+            const std::string name = prefix + made->kind;
+            text +=
+                '<' + name + " id=\"" + made->name + '"' + made->attributes + '>' + made->content + "</" + name + '>';
+        }
+        return text.empty() ? text : '<' + prefix + "defs>" + text + "</" + prefix + "defs>";
+    }
+
     // The walk
 
     void step() {
@@ -139,15 +174,15 @@ class Splicer {
     void write(const Item& item, std::string behind) {
         const Level& parent = open_.back();
         if (!item.inPlace) requireRoom(item);
-        if (!item.element && item.node->type() == NodeType::Opaque && item.node->opaque().text) {
-            out_.add(elements_.newText(*item.node, parent.place));
+        if (!item.element && !item.node->copied() && item.node->content().special()) {
+            out_.add(elements_.newSpecial(*item.node, parent.place));
         } else if (item.node->copied() && !isGroup(*item.node)) {
             out_.add(elements_.copiedElement(*item.node, copiedOf(*item.node), parent.place));
         } else if (!item.element) {
             const Node& node = *item.node;
             out_.add(node.copied() ? elements_.copiedTag(node, copiedOf(node), parent.place)
                                    : elements_.newTag(node, parent.place));
-            if (isGroup(node) && node.firstChild()) return openNew(node, std::move(behind));
+            if (isGroup(node) && (node.firstChild() || node.extras().clip)) return openNew(node, std::move(behind));
             out_.add("/>");
         } else if (isGroup(*item.node)) {
             const Place inside{item.element->inner, parent.place.prefix,
@@ -182,6 +217,10 @@ class Splicer {
             return out_.add("</" + place.prefix + "g>");
         }
         const std::string tag = elements_.startTag(*item.node, element, place);
+        if (elements_.isRefilled(*item.node)) {
+            fates_[item.node->origin() - 1] = Fate::Rewritten;
+            return out_.add(elements_.refilled(*item.node, tag));
+        }
         noteChange(element);
         out_.add(tag);
         const std::string_view before = source_.tagName(element);
@@ -209,7 +248,7 @@ class Splicer {
         level.behind = std::move(behind);
         level.atEnd = true;
         collect(node, level);
-        out_.add(">");
+        out_.add('>' + elements_.clipPath(node, level.place));
         open_.push_back(std::move(level));
     }
 
@@ -228,7 +267,8 @@ class Splicer {
         collect(node, level);
         if (element.tagEnd == element.end) {
             level.contentEnd = element.end;
-            if (!level.items.empty()) {
+            const bool isRoot = open_.empty();
+            if (!level.items.empty() || node.extras().clip || (isRoot && !node.extras().definitions.empty())) {
                 Tag opened(tag);
                 opened.openUp();
                 tag = opened.text();
@@ -243,6 +283,7 @@ class Splicer {
         } else {
             noteChange(element);
             out_.add(tag);
+            if (&element != &source_.elements.front()) out_.add(elements_.clipPath(node, level.place));
         }
         open_.push_back(std::move(level));
     }

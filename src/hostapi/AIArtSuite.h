@@ -52,8 +52,9 @@ enum {
 };
 
 typedef struct AIArtSuite {
-    /* Makes an empty object: a group, or a path with no points, open, in the document's default style.
-     * kBadParameterErr: a kind that cannot be made, or a paint order that the prepositional art does not allow. */
+    /* Makes an empty object: a group, a mesh without patches, placed art without a file, or a path with no points,
+     * open, in the document's default style. kBadParameterErr: a kind that cannot be made, or a paint order that the
+     * prepositional art does not allow. */
     AIErr (*NewArt)(int16_t type, int16_t paintOrder, AIArtHandle prep, AIArtHandle* newArt);
     /* Removes an object and all it holds. kRefusedErr: the group of a layer. */
     AIErr (*DisposeArt)(AIArtHandle art);
@@ -87,6 +88,8 @@ typedef struct AIArtSuite {
     AIErr (*GetArtTransformBounds)(AIArtHandle art, const AIRealMatrix* matrix, int32_t flags, AIRealRect* bounds);
     /* The group that holds all art of a layer; a null layer means the current one. */
     AIErr (*GetFirstArtOfLayer)(AILayerHandle layer, AIArtHandle* group);
+    /* Finds out the bounds of this art and of all in it, as far as that has not been done. */
+    AIErr (*UpdateArtBounds)(AIArtHandle art);
 } AIArtSuite;
 
 DESCRIBE_SUITE(AIArtSuite)

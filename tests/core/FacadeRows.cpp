@@ -4,8 +4,17 @@
 #include "core/app/Illustrator.h"
 #include "core/document/Draw.h"
 #include "core/values/TransformMatrix.h"
+#include "support/Folder.h"
 
 namespace facade {
+
+std::string pictureFile(const std::string& name, int columns, int rows) {
+    static const desk::Folder folder;
+    const auto byte = [](int value) { return static_cast<char>(value); };
+    std::string head = "\x89PNG\r\n\x1a\n";
+    head += {0, 0, 0, 13, 'I', 'H', 'D', 'R', 0, 0, 0, byte(columns), 0, 0, 0, byte(rows)};
+    return folder.write(name, head);
+}
 
 namespace {
 
@@ -75,6 +84,31 @@ Queries queriesOfPathArt() {
     return rows;
 }
 
+Queries queriesOfViews() {
+    Queries rows;
+    asks<nothing, &TextArt::canChange, &TextArt::contents, &TextArt::justification, &TextArt::orientation,
+         &TextArt::paint, &TextArt::anchor>(rows);
+    asksWith(rows, "TextArt::font", [](const Handles& h) { return h.words.text()->font().size; });
+    asks<nothing, &PlacedArt::filePath, &PlacedArt::pixelSize, &PlacedArt::matrix>(rows);
+    asks<nothing, &RasterArt::pixelSize, &RasterArt::matrix>(rows);
+    asks<nothing, &MeshArt::rowCount, &MeshArt::columnCount>(rows);
+    asksWith(rows, "MeshArt::color", [](const Handles& h) { return h.mesh.mesh()->color(1, 2).red; });
+    asks<nothing, &CustomArt::pluginName, &CustomArt::name, &CustomArt::editArt, &CustomArt::resultArt>(rows);
+    asks<nothing, &MaskArt::exists, &MaskArt::disabled>(rows);
+    asksWith(rows, "Art::isClipGroup", [](const Handles& h) { return h.clipped.isClipGroup(); });
+    asksWith(rows, "Art::symbol", [](const Handles& h) { return h.instance.symbol(); });
+    const auto asksApplication = [&](const char* name, auto ask) {
+        asksWith(rows, name, [ask](const Handles& h) {
+            return h.group.isEmpty() ? decltype(ask(*Illustrator::instance()))() : ask(*Illustrator::instance());
+        });
+    };
+    asksApplication("Illustrator::clearFontCache", [](Illustrator& i) { return i.clearFontCache(); });
+    asksApplication("Illustrator::cacheFonts", [](Illustrator& i) { return i.cacheFonts(); });
+    asksApplication("Illustrator::fonts", [](Illustrator& i) { return i.fonts(); });
+    asksWith(rows, "Art::updateBounds", [](const Handles& h) { return Art(h.top).updateBounds(); });
+    return rows;
+}
+
 Queries queriesOfLayer() {
     Queries rows;
     knows<nothing, &Layer::aiLayerHandle>(rows);
@@ -138,8 +172,8 @@ Queries queriesOfTheRest() {
 
 Queries allQueries() {
     Queries all;
-    for (const auto& table : {queriesOfArt(), queriesOfPathArt(), queriesOfLayer(), queriesOfTool(), queriesOfHitData(),
-                              queriesOfMenus(), queriesOfTheRest()})
+    for (const auto& table : {queriesOfArt(), queriesOfPathArt(), queriesOfViews(), queriesOfLayer(), queriesOfTool(),
+                              queriesOfHitData(), queriesOfMenus(), queriesOfTheRest()})
         all.insert(all.end(), table.begin(), table.end());
     return all;
 }
@@ -203,6 +237,35 @@ Commands allCommands() {
     changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3); });
     changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, {1, 1}); });
     changesWith(rows, "Art::scale", [](Handles& h) { h.on<Art>().scale(2, 3, Pin::TopCenter); });
+    changes<&TextArt::setContents>(rows, "other words");
+    changes<&TextArt::setFont>(rows, Font{"Serif", 33});
+    changes<&TextArt::setJustification>(rows, ParagraphJustification::Right);
+    changes<&TextArt::setOrientation>(rows, TextOrientation::Vertical);
+    changes<&TextArt::setPaint>(rows, wide);
+    changesWith(rows, "PlacedArt::setFilePath",
+                [](Handles& h) { h.on<PlacedArt>().setFilePath(pictureFile("large picture", 7, 5)); });
+    changes<&PlacedArt::setMatrix>(rows, TransformMatrix(2, 0, 1, 2, 30, 40));
+    changes<&PlacedArt::embed>(rows);
+    changes<&RasterArt::setMatrix>(rows, TransformMatrix(2, 0, 1, 2, 30, 40));
+    changes<&MeshArt::init>(rows, 3, 2, ArtboardRect(1, 2, 30, 40));
+    changes<&MeshArt::setColor>(rows, 0, 0, ArtColor{0, 1, 0});
+    changes<&CustomArt::setName>(rows, "Other");
+    changes<&MaskArt::setDisabled>(rows, false);
+    changes<&MaskArt::dispose>(rows);
+    changesWith(rows, "MaskArt::copyFrom", [](Handles& h) { h.group.mask()->copyFrom(h.custom); });
+    changes<&Art::expand>(rows, Art::ExpandOptions::Strokes | Art::ExpandOptions::LockedObjects, 1);
+    changesWith(rows, "Art::expand", [](Handles& h) { h.custom.expand(Art::ExpandOptions::PluginArt, 1); });
+    changesWith(rows, "Art::expand", [](Handles& h) { h.instance.expand(Art::ExpandOptions::SymbolInstances, 1); });
+    changesWith(rows, "Art::setIsClipGroup", [](Handles& h) { h.clipped.setIsClipGroup(false); });
+    changesWith(rows, "Art::setIsClipGroup", [](Handles& h) { h.group.setIsClipGroup(true); });
+    changesWith(rows, "Art::setSymbol", [](Handles& h) { h.instance.setSymbol("symbol-2"); });
+    changesWith(rows, "CurrentDocument::newSymbol", [](Handles& h) { CurrentDocument().newSymbol(h.words); });
+    changesWith(rows, "CurrentDocument::newPattern", [](Handles& h) { CurrentDocument().newPattern(h.words); });
+    changesWith(rows, "Art::updateLinks", [](Handles& h) {
+        static_cast<void>(pictureFile("picture", 9, 9)); // the file that it is on
+        h.placed.updateLinks();
+        static_cast<void>(pictureFile("picture", 3, 2));
+    });
     changes<&PathArt::reverseSegs>(rows);
     changes<&PathArt::setSegPoints>(rows, std::int16_t{1}, points);
     changes<&PathArt::setSegs>(rows, std::int16_t{0}, points);
@@ -264,6 +327,8 @@ Queries documentQueries() {
     asksDocument("CurrentDocument::viewAtIndex", [](const D& d) { return d.viewAtIndex(0) != nullptr; });
     asksDocument("CurrentDocument::dictionary", [](const D& d) { return d.dictionary().keys(); });
     asksDocument("Illustrator::documentCount", [](const D&) { return Illustrator::instance()->documentCount(); });
+    asksDocument("CurrentDocument::symbols", [](const D& d) { return d.symbols().size(); });
+    asksDocument("CurrentDocument::patterns", [](const D& d) { return d.patterns().size(); });
     return rows;
 }
 
@@ -290,6 +355,8 @@ Commands documentCommands() {
     does("CurrentDocument::exitIsolationMode", [](D& d, Handles&) { d.exitIsolationMode(); });
     does("CurrentDocument::enterIsolationMode", [](D& d, Handles& h) { d.enterIsolationMode(h.around); });
     does("CurrentDocument::loseTextFocus", [](D& d, Handles&) { d.loseTextFocus(); });
+    does("CurrentDocument::newSymbolInstance",
+         [](D& d, Handles&) { static_cast<void>(d.newSymbolInstance("symbol-1", PaintOrder::AboveAll)); });
     does("Dictionary::setInt", [](D& d, Handles&) { d.dictionary().setInt("a", 1); });
     does("Art::Art", [](D&, Handles&) { Art(ArtType::Group, PaintOrder::AboveAll); });
     does("Layer::Layer", [](D&, Handles&) { Layer(PaintOrder::BelowAll); });

@@ -31,6 +31,7 @@
 #include "support/Drawing.h"
 #include "support/Operations.h"
 #include "support/Receiver.h"
+#include "svg/Writer.h"
 #include "tool/Plugin.h"
 
 namespace {
@@ -73,7 +74,10 @@ class Facade : public testing::Test {
             live.lower = *document->layerAtIndex(1);
             live.on<Artboard>() = *document->artboardAtIndex(0);
             live.on<View>() = *document->currentView();
-            live.words = *draw::text("words", {600, 500}, "", 12, ParagraphJustification::Left, {}, lower.get());
+            PathStyle thick;
+            thick.stroke.width = 2;
+            live.words = *draw::text("words", {600, 500}, "", 12, ParagraphJustification::Left, {}, thick, lower.get());
+            makeViews(live, lower.get());
             live.around = Art(ArtType::Group, PaintOrder::InsideOnBottom, lower.get());
             live.within = *draw::line({500, 500}, {510, 510}, &live.around);
             live.around.select();
@@ -97,6 +101,35 @@ class Facade : public testing::Test {
             line->select();
             work(live);
         });
+    }
+
+    /// Art of the kinds that have views of their own.
+    void makeViews(Handles& live, const Art* lower) {
+        using enum PaintOrder;
+        live.placed = Art(ArtType::Placed, InsideOnBottom, lower);
+        EXPECT_TRUE(live.placed.placed()->setFilePath(pictureFile("picture", 3, 2)));
+        live.raster = Art(ArtType::Placed, InsideOnBottom, lower);
+        EXPECT_TRUE(live.raster.placed()->setFilePath(pictureFile("picture", 3, 2)) && live.raster.placed()->embed());
+        live.mesh = Art(ArtType::Mesh, InsideOnBottom, lower);
+        EXPECT_TRUE(live.mesh.mesh()->init(2, 3, {0, 0, 30, 20}) && live.mesh.mesh()->setColor(1, 2, {1, 0, 0}));
+        live.custom = Art(ArtType::PluginGroup, InsideOnBottom, lower);
+        EXPECT_TRUE(live.custom.customArt()->setName("Box"));
+        Node& custom = *desk.document().findByName("Box"); // masks come with drawings
+        desk.document().setExtras(custom, [extras = custom.extras()]() mutable {
+            extras.mask = "url(#mask)";
+            extras.maskDisabled = true;
+            return extras;
+        }());
+        live.clipped = Art(ArtType::Group, InsideOnBottom, lower);
+        static_cast<void>(draw::line({900, 900}, {950, 900}, &live.clipped));
+        static_cast<void>(draw::rect({910, 890, 920, 910}, &live.clipped));
+        EXPECT_TRUE(live.clipped.setIsClipGroup(true));
+        CurrentDocument document;
+        EXPECT_EQ(document.newSymbol(live.mesh), "symbol-1");
+        EXPECT_EQ(document.newSymbol(live.words), "symbol-2");
+        EXPECT_EQ(document.newPattern(live.mesh), "pattern-1");
+        live.instance = *document.newSymbolInstance("symbol-1", InsideOnBottom, lower);
+        EXPECT_TRUE(live.placed.offset(5, 0) && live.raster.offset(5, 0)); // their matrices say something
     }
 
     /// Gives the art all that can be asked of it.
@@ -226,8 +259,8 @@ TEST_F(Facade, IsEmptyAfterShutDownAndAsksTheHostNothing) {
     MenuItem foreign;
     withHandles([&](Handles& live) {
         kept = live;
-        kept.on<Art>() = kept.group = kept.top = kept.around = kept.within = kept.words =
-            Art(); // these are the document's
+        kept.on<Art>() = kept.group = kept.top = kept.around = kept.within = kept.words = kept.placed = kept.raster =
+            kept.mesh = kept.custom = kept.clipped = kept.instance = Art(); // these are the document's
         kept.on<Layer>() = kept.lower = kept.shut = Layer();
         kept.on<Artboard>() = Artboard();
         kept.on<View>() = View();
@@ -385,6 +418,53 @@ TEST_F(Facade, KeepsValuesOfEachKindInTheHostsPreferences) {
         kzo::plugin::host::monitor().reset();
     });
     EXPECT_EQ(desk.session().memory.blocksInUse(), 0u);
+}
+
+// Symbols and patterns
+
+TEST_F(Facade, EditsSymbolsAndPatternsAsDocumentsOfTheirOwn) {
+    std::string symbol;
+    std::string pattern;
+    desk.inMessage([&] {
+        CurrentDocument document;
+        EXPECT_FALSE(document.exitSymbolEditingMode() || document.exitPatternEditingMode());
+        EXPECT_FALSE(document.enterSymbolEditingMode("none") || document.enterPatternEditingMode("none"));
+        symbol = document.newSymbol(*draw::line({1, 2}, {3, 4}));
+        pattern = document.newPattern(*draw::line({1, 2}, {3, 4}));
+        kzo::plugin::host::monitor().reset(1);
+        EXPECT_FALSE(document.enterSymbolEditingMode(symbol));
+        kzo::plugin::host::monitor().reset();
+        EXPECT_TRUE(document.enterSymbolEditingMode(symbol));
+        EXPECT_FALSE(document.inSymbolEditingMode()); // after the message
+    });
+    easel::model::Document* const owner = desk.session().documents.at(1);
+    ASSERT_TRUE(owner);
+    const std::string before = easel::svg::write(*owner);
+    const std::size_t steps = owner->journal().undoDepth();
+    const auto edit = [&](auto exits) {
+        desk.inMessage([&] {
+            CurrentDocument document;
+            EXPECT_EQ(document.artOfType(MatchArtType::Path)->size(), 1U);
+            draw::line({5, 6}, {7, 8});
+            exits(document);
+        });
+        EXPECT_EQ(&desk.document(), owner);
+    };
+    edit([&](CurrentDocument& document) {
+        EXPECT_EQ(document.editedSymbol(), symbol);
+        EXPECT_FALSE(document.inPatternEditingMode() || document.exitPatternEditingMode());
+        EXPECT_TRUE(document.exitSymbolEditingMode());
+    });
+    EXPECT_EQ(owner->journal().undoDepth(), steps + 1);
+    EXPECT_NE(easel::svg::write(*owner), before);
+    EXPECT_TRUE(owner->journal().undo());
+    EXPECT_EQ(easel::svg::write(*owner), before);
+    desk.inMessage([&] { EXPECT_TRUE(CurrentDocument().enterPatternEditingMode(pattern)); });
+    edit([&](CurrentDocument& document) {
+        EXPECT_EQ(document.editedPattern(), pattern);
+        EXPECT_TRUE(document.exitPatternEditingMode());
+    });
+    EXPECT_EQ(owner->journal().undoDepth(), steps + 1);
 }
 
 // Sharing

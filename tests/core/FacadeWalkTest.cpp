@@ -28,6 +28,7 @@ class Walk {
             steps_.push_back({row.name, [row](Handles& h) { static_cast<void>(row.shown(h)); }});
         addPathRows();
         addMakers();
+        desk_.document().setExtras(desk_.addPath({{1, 1}, {9, 9}}), {.mask = "url(#mask)"}); // they come with drawings
     }
 
     void run(std::size_t operations) {
@@ -55,7 +56,8 @@ class Walk {
     /// Tools, menus and the like belong to no document.
     void addIfOfTheDocument(const std::string& name, std::function<void(Handles&)> run) {
         const std::string kind = name.substr(0, name.find(':'));
-        for (const char* known : {"Art", "PathArt", "Layer", "Artboard", "View", "Dictionary", "CurrentDocument"})
+        for (const char* known : {"Art", "PathArt", "Layer", "Artboard", "View", "Dictionary", "CurrentDocument",
+                                  "TextArt", "PlacedArt", "RasterArt", "MeshArt", "CustomArt", "MaskArt"})
             if (kind == known) steps_.push_back({name, std::move(run)});
     }
 
@@ -116,6 +118,11 @@ class Walk {
         steps_.push_back(
             {"draw::line", [&](Handles& h) { draw::line(point(), point(), h.group.isEmpty() ? nullptr : &h.group); }});
         steps_.push_back({"draw::rect", [&](Handles& h) { draw::rect({1, 2, coordinate(), 90}, &h.top); }});
+        for (const ArtType type : {ArtType::Placed, ArtType::Mesh, ArtType::PluginGroup})
+            steps_.push_back({"Art::Art", [type](Handles& h) { Art(type, PaintOrder::InsideOnTop, &h.top); }});
+        steps_.push_back({"draw::text", [&](Handles& h) {
+                              draw::text("word", point(), "", 9, ParagraphJustification::Left, {}, &h.top);
+                          }});
         steps_.push_back({"Art::duplicate", [&](Handles& h) {
                               static_cast<void>(h.on<Art>().duplicate(PaintOrder::InsideOnTop, &h.group));
                           }});
@@ -149,7 +156,8 @@ class Walk {
         h.group = any(groups);
         h.around = any(groups);
         h.within = art.size() > 40 || below(4) == 0 ? any(art) : Art();
-        h.words = any(art);
+        for (Art* const view : {&h.words, &h.placed, &h.raster, &h.mesh, &h.custom, &h.instance, &h.clipped})
+            *view = any(art);
         h.on<Layer>() = layer();
         h.lower = document.layerCount() > 3 ? layer() : Layer();
         h.top = *h.on<Layer>().group();

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/StrokeOutline.h"
 #include "support/Drawing.h"
 
 namespace easel::model {
@@ -45,7 +46,31 @@ TEST(BoundsTest, StrokesReachAsFarAsTheirJoinsAndCaps) {
         EXPECT_NEAR(box.top, row.expected.top, 1e-9) << &row - rows;
         EXPECT_NEAR(box.right, row.expected.right, 1e-9) << &row - rows;
         EXPECT_NEAR(box.bottom, row.expected.bottom, 1e-9) << &row - rows;
+        Box outline;
+        for (const PathData& piece : strokeOutline(path.path(), style)) outline.include(piece.hull());
+        EXPECT_NEAR(outline.left, row.expected.left, 0.05) << &row - rows;
+        EXPECT_NEAR(outline.top, row.expected.top, 0.05) << &row - rows;
+        EXPECT_NEAR(outline.right, row.expected.right, 0.05) << &row - rows;
+        EXPECT_NEAR(outline.bottom, row.expected.bottom, 0.05) << &row - rows;
     }
+}
+
+TEST(BoundsTest, OutlinesOfStrokesHaveTheirHolesAndGaps) {
+    const PathData square{{corner(0, 0), corner(10, 0), corner(10, 10), corner(0, 10)}, true};
+    const auto ring = strokeOutline(square, painted(false, 2));
+    ASSERT_EQ(ring.size(), 2U);
+    for (const auto& [piece, low, high] : {std::tuple(0, -1, 11), std::tuple(1, 1, 9)}) {
+        const Box hull = ring[piece].hull();
+        EXPECT_NEAR(hull.left + 100 * hull.top, low * 101, 1e-3);
+        EXPECT_NEAR(hull.right + 100 * hull.bottom, high * 101, 1e-3);
+    }
+    Style dashed = painted(false, 2);
+    dashed.setDashes({.count = 2, .offset = 1, .lengths = {3, 2}});
+    const auto dashes = strokeOutline({{corner(0, 0), corner(9, 0)}, false}, dashed);
+    ASSERT_EQ(dashes.size(), 2U); // from 0 to 2, from 4 to 7, and nothing from 9 on
+    EXPECT_NEAR(dashes[0].hull().right + dashes[1].hull().right, 9, 1e-5);
+    EXPECT_TRUE(strokeOutline({{corner(5, 5)}, false}, dashed).empty());
+    EXPECT_TRUE(strokeOutline(square, painted(true, 0)).empty());
 }
 
 TEST(BoundsTest, CountWhatTheOptionsSay) {

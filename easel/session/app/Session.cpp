@@ -119,6 +119,20 @@ model::Document& Session::open(std::unique_ptr<model::Document> read, const std:
     return adopt(std::move(read), kAIDocumentOpenedNotifier, path);
 }
 
+void Session::edit(std::uint32_t number, const std::string& kind, const std::string& name) {
+    model::Document* const owner = documents.byNumber(number);
+    if (!owner || owner != documents.front()) return;
+    pointer.cancel();
+    documents.edit(*owner, kind, name);
+}
+
+void Session::endEditing(std::uint32_t number) {
+    const model::Document* const front = documents.front();
+    if (!front || documents.numberOf(*front) != number || !documents.editedAs(*front)) return;
+    pointer.cancel();
+    documents.endEditing();
+}
+
 void Session::save(const std::string& path, bool force) {
     model::Document& front = documents.needFront();
     pointer.cancel();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "session/base/Error.h"
+#include "session/base/Fonts.h"
 #include "session/base/HostPreferences.h"
 #include "session/base/Identity.h"
 #include "session/base/Profile.h"
@@ -57,6 +58,10 @@ class Session {
     model::Document& newDocument(double width, double height);
     model::Document& open(const std::string& path);                                        ///< throws Error
     model::Document& open(std::unique_ptr<model::Document> read, const std::string& path); ///< read from there already
+    /// A symbol or pattern of an open document, as a document in front; and back into its document, which is in front
+    /// then. Nothing happens when the document, given by its number, is no longer in front. Throws Error.
+    void edit(std::uint32_t number, const std::string& kind, const std::string& name);
+    void endEditing(std::uint32_t number);
     /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
     /// Not onto a file that another program has changed, unless by `force`.
     void save(const std::string& path, bool force = false);
@@ -69,6 +74,7 @@ class Session {
     Profile profile;
     HostPreferences preferences{profile, reports};
     Identity identity;
+    Fonts fonts;
     Browser browser;
     Documents documents{reports};
 

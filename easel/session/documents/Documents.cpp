@@ -5,7 +5,9 @@
 #include <filesystem>
 #include <utility>
 
+#include "model/Bounds.h"
 #include "session/base/Error.h"
+#include "svg/Definitions.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -76,6 +78,50 @@ std::size_t Documents::indexOf(const model::Document& document) const {
     std::size_t index = 0;
     while (open_[index].document.get() != &document) ++index;
     return index;
+}
+
+// What is kept under names
+
+std::vector<std::string> Documents::definitions(model::Document& document, const std::string& kind) {
+    return svg::definitionNames(document, kind);
+}
+
+std::optional<std::string> Documents::define(model::Document& document, const std::string& kind, model::Node& art) {
+    return withFile([&] { return svg::define(document, kind, art); });
+}
+
+model::Box Documents::boundsOfDefinition(model::Document& document, const std::string& kind, const std::string& name) {
+    const auto held = svg::readDefinition(document, kind, name);
+    if (!held) return {};
+    held->measure();
+    return boundsOf(held->root(), {});
+}
+
+bool Documents::expandInstance(model::Document& document, model::Node& instance) {
+    return svg::expandInstance(document, instance);
+}
+
+// Symbols and patterns
+
+void Documents::edit(model::Document& owner, const std::string& kind, const std::string& name) {
+    requireFreeNumber();
+    auto document = svg::readDefinition(owner, kind, name);
+    if (!document) throw Error("there is no " + kind + " \"" + name + "\" that can be edited");
+    add(std::move(document));
+    open_.back().edited = Edited{numberOf(owner), kind, name};
+}
+
+const Documents::Edited* Documents::editedAs(const model::Document& document) const {
+    const Open& open = open_[indexOf(document)];
+    return open.edited ? &*open.edited : nullptr;
+}
+
+void Documents::endEditing() {
+    const Edited edited = *open_.back().edited;
+    model::Document* const owner = byNumber(edited.owner);
+    if (owner) withFile([&] { svg::redefine(*owner, edited.kind, edited.name, *open_.back().document); });
+    closeFront();
+    if (owner) bringToFront(*owner);
 }
 
 // What becomes of a document's file

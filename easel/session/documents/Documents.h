@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,29 @@ class Documents {
     [[nodiscard]] std::size_t count() const { return open_.size(); }
     [[nodiscard]] model::Document* at(std::size_t index) const; ///< the one in front is 0; or null
 
+    // What a document keeps under names, by its kind as files have it
+    [[nodiscard]] static std::vector<std::string> definitions(model::Document& document, const std::string& kind);
+    [[nodiscard]] static std::optional<std::string> define(model::Document& document, const std::string& kind,
+                                                           model::Node& art);
+    [[nodiscard]] static model::Box boundsOfDefinition(model::Document& document, const std::string& kind,
+                                                       const std::string& name); ///< empty where they are not known
+
+    /// Puts a group with a copy of what it shows in the place of a symbol's instance; false where that cannot be.
+    static bool expandInstance(model::Document& document, model::Node& instance);
+
+    // Symbols and patterns, each of which can be edited as a document of its own
+    struct Edited {
+        std::uint32_t owner = 0; ///< the document's number
+        std::string kind;        ///< "symbol" or "pattern"
+        std::string name;
+    };
+    /// Brings one to the front; throws Error where there is none that can be edited.
+    void edit(model::Document& owner, const std::string& kind, const std::string& name);
+    /// What the document is; null for one that stands for itself.
+    [[nodiscard]] const Edited* editedAs(const model::Document& document) const;
+    /// Puts what is in front back into its document, if that is still open, as one step, and brings that to the front.
+    void endEditing();
+
     // What becomes of a document's file
     [[nodiscard]] const std::string& pathOf(const model::Document& document) const; ///< absolute; empty without a file
     void setPath(const model::Document& document, const std::string& path);         ///< and it is as in the file
@@ -60,6 +84,7 @@ class Documents {
         std::unique_ptr<model::Document> document;
         std::string path{};
         std::uint64_t savedState = 0; ///< of the journal
+        std::optional<Edited> edited{};
     };
     [[nodiscard]] std::size_t indexOf(const model::Document& document) const;
 

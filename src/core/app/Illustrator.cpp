@@ -39,6 +39,12 @@ bool Illustrator::openURL(const std::string& url) { return plugin::application::
 
 int Illustrator::documentCount() const { return plugin::application::documentCount(); }
 
+// Fonts
+
+bool Illustrator::clearFontCache() { return plugin::application::clearFontCache(); }
+bool Illustrator::cacheFonts() { return plugin::application::cacheFonts(); }
+std::vector<std::string> Illustrator::fonts() const { return plugin::application::fonts(); }
+
 // Host memory
 
 void* Illustrator::alloc(std::size_t size) { return plugin::application::alloc(size); }

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "core/app/HostPreferences.h"
 #include "core/document/CurrentDocument.h"
@@ -31,6 +32,11 @@ class Illustrator {
     [[nodiscard]] std::string userOrganization() const;
 
     bool openURL(const std::string& url); ///< in the user's browser
+
+    // Fonts. The host looks for them once and remembers what it found.
+    bool clearFontCache();
+    bool cacheFonts();                                    ///< looks at once
+    [[nodiscard]] std::vector<std::string> fonts() const; ///< the families' names, in alphabetical order
 
     // Host memory
     [[nodiscard]] void* alloc(std::size_t size); ///< null when the host refuses

@@ -5,7 +5,6 @@
 #include "core/document/Artboard.h"
 #include "core/document/Dictionary.h"
 #include "core/document/Layer.h"
-#include "core/document/PathArt.h"
 #include "plugin/document/Art.h"
 #include "plugin/host/RefCountMap.h"
 
@@ -17,12 +16,19 @@ template class Handle<Impl>;
 /// The typed views, each with its way back to the handle.
 class __IntArtData {
   public:
-    explicit __IntArtData(const Art* owner) : path(owner) {}
+    explicit __IntArtData(const Art* owner)
+        : custom(owner), mask(owner), mesh(owner), path(owner), placed(owner), raster(owner), text(owner) {}
     virtual ~__IntArtData() = default;
     __IntArtData(const __IntArtData&) = delete;
     __IntArtData& operator=(const __IntArtData&) = delete;
 
+    CustomArt custom;
+    MaskArt mask;
+    MeshArt mesh;
     PathArt path;
+    PlacedArt placed;
+    RasterArt raster;
+    TextArt text;
 };
 
 // Construction
@@ -49,6 +55,12 @@ bool Art::isLayerGroup() const { return ask(impl(), &Impl::isLayerGroup); }
 // Views by type
 
 PathArt* Art::path() const { return &data_->path; }
+CustomArt* Art::customArt() const { return &data_->custom; }
+MaskArt* Art::mask() const { return &data_->mask; }
+MeshArt* Art::mesh() const { return &data_->mesh; }
+PlacedArt* Art::placed() const { return &data_->placed; }
+RasterArt* Art::raster() const { return &data_->raster; }
+TextArt* Art::text() const { return &data_->text; }
 
 // Attributes
 
@@ -127,6 +139,8 @@ bool Art::setStyle(const ArtStyle& style) { return ask(impl(), &Impl::setStyle, 
 bool Art::isStyled() const { return ask(impl(), &Impl::isStyled); }
 bool Art::hasFill() const { return ask(impl(), &Impl::hasFill); }
 bool Art::hasStroke() const { return ask(impl(), &Impl::hasStroke); }
+bool Art::isClipGroup() const { return ask(impl(), &Impl::isClipGroup); }
+bool Art::setIsClipGroup(bool clipped) { return ask(impl(), &Impl::setIsClipGroup, clipped); }
 double Art::opacity() const { return ask(impl(), &Impl::opacity); }
 bool Art::setOpacity(double opacity) { return ask(impl(), &Impl::setOpacity, opacity); }
 BlendMode Art::blendMode() const { return ask(impl(), &Impl::blendMode); }
@@ -140,6 +154,15 @@ bool Art::setCenterPointVisible(bool visible) { return ask(impl(), &Impl::setCen
 // What plug-ins keep with it
 
 Dictionary Art::dictionary() const { return Dictionary(*this); }
+
+bool Art::expand(ExpandOptions options, std::int32_t steps) { return ask(impl(), &Impl::expand, bits(options), steps); }
+
+// What it refers to
+
+std::string Art::symbol() const { return ask(impl(), &Impl::symbol); }
+bool Art::setSymbol(const std::string& name) { return ask(impl(), &Impl::setSymbol, name); }
+bool Art::updateLinks() { return ask(impl(), &Impl::updateLinks); }
+bool Art::updateBounds() { return ask(impl(), &Impl::updateBounds); }
 
 // Removal
 

@@ -7,7 +7,13 @@
 #include <vector>
 
 #include "core/Handle.h"
+#include "core/document/CustomArt.h"
+#include "core/document/MaskArt.h"
+#include "core/document/MeshArt.h"
 #include "core/document/PathArt.h"
+#include "core/document/PlacedArt.h"
+#include "core/document/RasterArt.h"
+#include "core/document/TextArt.h"
 #include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
 #include "core/values/DocumentValues.h"
@@ -60,6 +66,21 @@ class Art : public Handle<plugin::Art> {
         ScaleLines = 128    ///< stroke widths and dashes
     };
 
+    /// What expand() takes apart, and how; the host does what it can.
+    enum class ExpandOptions : std::int32_t {
+        None = 0,
+        PluginArt = 1, ///< into what shows of it
+        Text = 2,
+        Strokes = 4, ///< into filled paths
+        Patterns = 8,
+        GradientsToMeshes = 16,
+        GradientsToPaths = 32, ///< and meshes
+        SymbolInstances = 64,  ///< into copies of what they show
+        OneByOne = 128,
+        ShowProgress = 256,
+        LockedObjects = 512 ///< as well
+    };
+
     // Construction
     Art(); ///< empty
     explicit Art(ArtObject* handle);
@@ -78,6 +99,12 @@ class Art : public Handle<plugin::Art> {
 
     // Views by type; each does nothing when the art is of another type
     [[nodiscard]] PathArt* path() const;
+    [[nodiscard]] CustomArt* customArt() const;
+    [[nodiscard]] MaskArt* mask() const; ///< of art of any type
+    [[nodiscard]] MeshArt* mesh() const;
+    [[nodiscard]] PlacedArt* placed() const;
+    [[nodiscard]] RasterArt* raster() const;
+    [[nodiscard]] TextArt* text() const;
 
     // Attributes
     [[nodiscard]] bool attribute(ArtAttribute which) const; ///< all of them
@@ -126,10 +153,12 @@ class Art : public Handle<plugin::Art> {
     // Look. The paint of a group is that of its topmost path, and setting it paints every path in it.
     [[nodiscard]] ArtStyle style() const;
     bool setStyle(const ArtStyle& style);
-    [[nodiscard]] bool isStyled() const;  ///< is blended in another way than art is at first
-    [[nodiscard]] bool hasFill() const;   ///< or anything in it
-    [[nodiscard]] bool hasStroke() const; ///< or anything in it
-    [[nodiscard]] double opacity() const; ///< 0 to 1
+    [[nodiscard]] bool isStyled() const;    ///< is blended in another way than art is at first
+    [[nodiscard]] bool hasFill() const;     ///< or anything in it
+    [[nodiscard]] bool hasStroke() const;   ///< or anything in it
+    [[nodiscard]] bool isClipGroup() const; ///< only what lies inside a mask shows
+    bool setIsClipGroup(bool clipped);      ///< the topmost path in it becomes the mask, or is that again
+    [[nodiscard]] double opacity() const;   ///< 0 to 1
     bool setOpacity(double opacity);
     [[nodiscard]] BlendMode blendMode() const;
     bool setBlendMode(BlendMode mode);
@@ -173,6 +202,15 @@ class Art : public Handle<plugin::Art> {
     bool transformWithOptions(const TransformMatrix& matrix, double lineScale, TransformOptions options);
     bool transformStrokes(double lineScale); ///< stroke widths and dashes alone
 
+    /// Takes it and all in it apart, gradients into so many steps; false when there was nothing to do.
+    bool expand(ExpandOptions options, std::int32_t steps = 256);
+
+    // What it refers to
+    [[nodiscard]] std::string symbol() const; ///< the name of the symbol that it is an instance of; empty for other art
+    bool setSymbol(const std::string& name);
+    bool updateLinks();  ///< looks at the files of all placed art in it; false when one is missing
+    bool updateBounds(); ///< finds out where it lies, as far as that is still to be done
+
     // Removal
     bool dispose(); ///< takes the object out of the document
     bool disposeChildren();
@@ -199,3 +237,4 @@ class Art::Iterator {
 
 template <> struct kzo::utils::IsBitSet<kzo::core::Art::BoundsOptions> : std::true_type {};
 template <> struct kzo::utils::IsBitSet<kzo::core::Art::TransformOptions> : std::true_type {};
+template <> struct kzo::utils::IsBitSet<kzo::core::Art::ExpandOptions> : std::true_type {};

@@ -121,6 +121,36 @@ bool CurrentDocument::exitIsolationMode() { return Impl().exitIsolationMode(); }
 bool CurrentDocument::inIsolationMode() const { return Impl().inIsolationMode(); }
 std::unique_ptr<Art> CurrentDocument::isolatedArt() const { return newHandle<Art>(Impl().isolatedArt()); }
 
+// Symbols and patterns
+
+std::vector<std::string> CurrentDocument::symbols() const { return Impl().symbols(); }
+std::string CurrentDocument::newSymbol(const Art& art) {
+    return art.isEmpty() ? std::string() : Impl().newSymbol(art.aiArtHandle());
+}
+std::unique_ptr<Art> CurrentDocument::newSymbolInstance(const std::string& symbol, PaintOrder order, const Art* prep) {
+    return newHandle<Art>(Impl().newSymbolInstance(symbol, order, prep ? prep->aiArtHandle() : nullptr));
+}
+std::vector<std::string> CurrentDocument::patterns() const { return Impl().patterns(); }
+std::string CurrentDocument::newPattern(const Art& art) {
+    return art.isEmpty() ? std::string() : Impl().newPattern(art.aiArtHandle());
+}
+std::vector<std::string> CurrentDocument::gradients() const { return Impl().gradients(); }
+
+// Editing modes
+
+bool CurrentDocument::enterSymbolEditingMode(const std::string& symbol) {
+    return Impl().enterSymbolEditingMode(symbol);
+}
+bool CurrentDocument::exitSymbolEditingMode() { return Impl().exitSymbolEditingMode(); }
+bool CurrentDocument::inSymbolEditingMode() const { return !editedSymbol().empty(); }
+std::string CurrentDocument::editedSymbol() const { return Impl().editedSymbol(); }
+bool CurrentDocument::enterPatternEditingMode(const std::string& pattern) {
+    return Impl().enterPatternEditingMode(pattern);
+}
+bool CurrentDocument::exitPatternEditingMode() { return Impl().exitPatternEditingMode(); }
+bool CurrentDocument::inPatternEditingMode() const { return !editedPattern().empty(); }
+std::string CurrentDocument::editedPattern() const { return Impl().editedPattern(); }
+
 // Text focus
 
 bool CurrentDocument::hasTextFocus() const { return Impl().textFocus() != nullptr; }

@@ -95,6 +95,26 @@ class CurrentDocument {
     [[nodiscard]] bool inIsolationMode() const;
     [[nodiscard]] std::unique_ptr<Art> isolatedArt() const;
 
+    // Symbols and patterns, by their names; new ones hold a copy of the art, and have no name when the host makes none
+    [[nodiscard]] std::vector<std::string> symbols() const;
+    std::string newSymbol(const Art& art);
+    [[nodiscard]] std::unique_ptr<Art> newSymbolInstance(const std::string& symbol, PaintOrder order,
+                                                         const Art* prep = nullptr);
+    [[nodiscard]] std::vector<std::string> patterns() const;
+    std::string newPattern(const Art& art);
+    [[nodiscard]] std::vector<std::string> gradients() const;
+
+    // Editing modes: after the message, the symbol or pattern is the current document; after the one that leaves the
+    // mode, the document is again, and shows what has been made of it
+    bool enterSymbolEditingMode(const std::string& symbol);
+    bool exitSymbolEditingMode();
+    [[nodiscard]] bool inSymbolEditingMode() const;
+    [[nodiscard]] std::string editedSymbol() const; ///< its name, or empty
+    bool enterPatternEditingMode(const std::string& pattern);
+    bool exitPatternEditingMode();
+    [[nodiscard]] bool inPatternEditingMode() const;
+    [[nodiscard]] std::string editedPattern() const;
+
     // Text focus
     [[nodiscard]] bool hasTextFocus() const;
     [[nodiscard]] std::unique_ptr<Art> textFocus() const; ///< the text that is being edited, or null

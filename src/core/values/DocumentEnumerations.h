@@ -131,6 +131,7 @@ enum class StrokeAlignment { Center = 10, Inside = 20, Outside = 30 };
 // Text
 
 enum class ParagraphJustification { Left = 10, Center = 20, Right = 30 };
+enum class TextOrientation { None = 0, Horizontal = 10, Vertical = 20 }; ///< none: of what is no text
 
 // Path style
 

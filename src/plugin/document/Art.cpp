@@ -2,9 +2,13 @@
 #include "plugin/document/Art.h"
 
 #include "hostapi/AIArtSuite.h"
+#include "hostapi/AIExpandSuite.h"
 #include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
 #include "hostapi/AIMatchingArtSuite.h"
+#include "hostapi/AIPlacedSuite.h"
+#include "hostapi/AIPluginGroupSuite.h"
+#include "hostapi/AISymbolSuite.h"
 #include "plugin/document/ArtList.h"
 #include "plugin/document/Convert.h"
 #include "plugin/document/ConvertArt.h"
@@ -13,6 +17,8 @@
 namespace kzo::plugin {
 
 ArtObject* Art::create(core::ArtType type, core::PaintOrder order, ArtObject* prep) {
+    if (type == core::ArtType::PluginGroup)
+        return host::get<&AIPluginGroupSuite::NewPluginArt>(host::self, order, prep);
     return host::get<&AIArtSuite::NewArt>(type, order, prep);
 }
 
@@ -25,8 +31,8 @@ std::string Art::uid() const { return get<&AIArtSuite::GetArtUID>(); }
 bool Art::isLayerGroup() const { return get<&AIArtSuite::IsArtLayerGroup>(); }
 
 std::optional<PathArt> Art::path() const {
-    if (type_ == core::ArtType::Unknown) type_ = artType();
-    return type_ == core::ArtType::Path && handle() ? std::optional(PathArt(handle())) : std::nullopt;
+    isPath_ = isPath_ || artType() == core::ArtType::Path;
+    return isPath_ && handle() ? std::optional(PathArt(handle())) : std::nullopt;
 }
 
 // Attributes
@@ -85,6 +91,15 @@ bool Art::reorder(core::PaintOrder order, ArtObject* prep) { return call<&AIArtS
 bool Art::canIsolate() const { return get<&AIIsolationModeSuite::CanIsolateArt>(); }
 bool Art::isIsolated() const { return get<&AIIsolationModeSuite::IsArtIsolated>(); }
 bool Art::isolate() { return call<&AIIsolationModeSuite::EnterIsolationMode>(); }
+
+bool Art::expand(std::int32_t options, std::int32_t steps) { return call<&AIExpandSuite::Expand>(options, steps); }
+
+// What it refers to
+
+std::string Art::symbol() const { return get<&AISymbolSuite::GetSymbolOfArt>(); }
+bool Art::setSymbol(const std::string& name) { return call<&AISymbolSuite::SetSymbolOfArt>(name); }
+bool Art::updateLinks() { return call<&AIPlacedSuite::UpdateLinks>(); }
+bool Art::updateBounds() { return call<&AIArtSuite::UpdateArtBounds>(); }
 
 // Removal
 

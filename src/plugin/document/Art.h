@@ -33,6 +33,10 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] bool isLayerGroup() const;
     [[nodiscard]] std::string uid() const;
     [[nodiscard]] std::optional<PathArt> path() const; ///< none when the art is of another type
+    /// The same of other types, by the class of their view.
+    template <class View> [[nodiscard]] std::optional<View> as() const {
+        return artType() == View::kType ? std::optional(View(handle())) : std::nullopt;
+    }
 
     // Attributes
     [[nodiscard]] bool attribute(core::ArtAttribute which) const;
@@ -69,6 +73,8 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] bool isStyled() const;
     [[nodiscard]] bool hasFill() const;
     [[nodiscard]] bool hasStroke() const;
+    [[nodiscard]] bool isClipGroup() const;
+    bool setIsClipGroup(bool clipped);
     [[nodiscard]] double opacity() const;
     bool setOpacity(double opacity);
     [[nodiscard]] core::BlendMode blendMode() const;
@@ -97,6 +103,14 @@ class Art : public host::Object<ArtObject> {
     bool transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, std::int32_t options);
     bool transformStrokes(double lineScale);
 
+    bool expand(std::int32_t options, std::int32_t steps); ///< bits of core::Art::ExpandOptions
+
+    // What it refers to
+    [[nodiscard]] std::string symbol() const;
+    bool setSymbol(const std::string& name);
+    bool updateLinks();
+    bool updateBounds();
+
     /// Removes the object from the document. All who share it find it empty from here on, whatever the host returns.
     bool dispose();
     bool disposeChildren();
@@ -105,7 +119,7 @@ class Art : public host::Object<ArtObject> {
     /// The place of a pin point, if the host tells the bounds.
     [[nodiscard]] std::optional<core::ArtboardPoint> pin(core::BoundsPinPointType which) const;
 
-    mutable core::ArtType type_ = core::ArtType::Unknown; // once known it never changes
+    mutable bool isPath_ = false; // a path stays one; other art may become another kind
 };
 
 /// Calls `enter` with `top` and all art in it, groups before what they hold, which is left out where it returns false.

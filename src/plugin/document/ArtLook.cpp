@@ -1,6 +1,7 @@
 // How art looks: the art style and blend style suites' calls.
 #include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIBlendStyleSuite.h"
+#include "hostapi/AIGroupSuite.h"
 #include "plugin/document/Art.h"
 #include "plugin/document/Convert.h"
 #include "plugin/document/ConvertStyle.h"
@@ -27,6 +28,9 @@ bool Art::setStyle(const core::ArtStyle& style) { return call<&AIArtStyleSuite::
 bool Art::isStyled() const { return get<&AIArtStyleSuite::IsArtStyled>(); }
 bool Art::hasFill() const { return get<&AIArtStyleSuite::ArtHasFill>(); }
 bool Art::hasStroke() const { return get<&AIArtStyleSuite::ArtHasStroke>(); }
+
+bool Art::isClipGroup() const { return get<&AIGroupSuite::GetGroupClipped>(); }
+bool Art::setIsClipGroup(bool clipped) { return call<&AIGroupSuite::SetGroupClipped>(clipped); }
 
 double Art::opacity() const { return get<&AIBlendStyleSuite::GetOpacity>(); }
 bool Art::setOpacity(double opacity) { return call<&AIBlendStyleSuite::SetOpacity>(opacity); }

@@ -25,6 +25,7 @@ template <> struct HostForm<core::ArtboardRect> {
 };
 template <> struct HostForm<geo::TransformMatrix> {
     static AIRealMatrix toHost(const geo::TransformMatrix& m) { return {m.a, m.b, m.c, m.d, m.tx, m.ty}; }
+    static geo::TransformMatrix fromHost(const AIRealMatrix& m) { return {m.a, m.b, m.c, m.d, m.tx, m.ty}; }
 };
 
 template <> struct HostForm<core::PaintOrder> : SameNumbers<core::PaintOrder> {};

@@ -83,6 +83,20 @@ class CurrentDocument {
     bool save();
     bool close();
 
+    // Symbols, patterns, gradients
+    [[nodiscard]] std::vector<std::string> symbols() const;
+    std::string newSymbol(ArtObject* art);
+    [[nodiscard]] ArtObject* newSymbolInstance(const std::string& symbol, core::PaintOrder order, ArtObject* prep);
+    [[nodiscard]] std::vector<std::string> patterns() const;
+    std::string newPattern(ArtObject* art);
+    [[nodiscard]] std::vector<std::string> gradients() const;
+    bool enterSymbolEditingMode(const std::string& symbol);
+    bool exitSymbolEditingMode();
+    [[nodiscard]] std::string editedSymbol() const;
+    bool enterPatternEditingMode(const std::string& pattern);
+    bool exitPatternEditingMode();
+    [[nodiscard]] std::string editedPattern() const;
+
     // Modes
     bool exitIsolationMode();
     [[nodiscard]] bool inIsolationMode() const;

@@ -1,6 +1,7 @@
 #include "plugin/frame/Application.h"
 
 #include "hostapi/AIDocumentListSuite.h"
+#include "hostapi/AIFontSuite.h"
 #include "hostapi/AIRuntimeSuite.h"
 #include "hostapi/AIURLSuite.h"
 #include "plugin/host/HostCall.h"
@@ -15,6 +16,12 @@ bool openURL(const std::string& url) { return host::call<&AIURLSuite::OpenURL>(u
 // Documents
 
 int documentCount() { return host::get<&AIDocumentListSuite::Count>(); }
+
+// Fonts
+
+bool clearFontCache() { return host::call<&AIFontSuite::ClearFontCache>(); }
+bool cacheFonts() { return host::call<&AIFontSuite::CacheFonts>(); }
+std::vector<std::string> fonts() { return host::all<&AIFontSuite::CountFonts, &AIFontSuite::GetNthFont>(); }
 
 // Memory
 

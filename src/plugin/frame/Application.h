@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace kzo::plugin::application {
 
@@ -14,6 +15,11 @@ bool openURL(const std::string& url);
 
 // Documents
 [[nodiscard]] int documentCount();
+
+// Fonts
+bool clearFontCache();
+bool cacheFonts();
+[[nodiscard]] std::vector<std::string> fonts();
 
 // Memory
 [[nodiscard]] void* alloc(std::size_t size); ///< null when the host refuses

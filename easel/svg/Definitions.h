@@ -1,0 +1,37 @@
+// What a drawing keeps under a name and draws where it is referred to: symbols and patterns. One can be read as a
+// drawing of its own, changed as any other, and put back.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/Document.h"
+
+namespace easel::svg {
+
+/// The names of all of a kind ("symbol", "pattern", "linearGradient", "radialGradient").
+[[nodiscard]] std::vector<std::string> definitionNames(model::Document& document, std::string_view kind);
+
+/// What it holds, as a document; null where there is none of this name, or none that can be read by itself.
+[[nodiscard]] std::unique_ptr<model::Document> readDefinition(model::Document& document, std::string_view kind,
+                                                              std::string_view name);
+/// Makes it hold what such a document holds now. Throws UnsavableError.
+void redefine(model::Document& document, std::string_view kind, std::string_view name, model::Document& edited);
+
+/// Makes a symbol or a pattern of a copy of the art; its name, or none when there is something in the art of which no
+/// copy can be made.
+[[nodiscard]] std::optional<std::string> define(model::Document& document, std::string_view kind, model::Node& art);
+
+/// Copies art into a container of another document, after a transform. False when there is something in it of which no
+/// copy can be made: what Easel knows nothing of.
+[[nodiscard]] bool copyInto(model::Document& to, model::Node& container, const model::Node& art,
+                            const model::Affine& by = {});
+
+/// Puts a group with a copy of what it shows in the place of a symbol's instance. False where there is something in it
+/// of which no copy can be made, and where the symbol is fitted into a box that is not told.
+bool expandInstance(model::Document& document, model::Node& instance);
+
+} // namespace easel::svg

@@ -1,0 +1,190 @@
+// Texts, pictures, uses of symbols and groups that are more than groups: told from their elements, written back alone.
+#include <gtest/gtest.h>
+
+#include "model/Clip.h"
+#include "model/Journal.h"
+#include "svg/Definitions.h"
+#include "svg/Pixels.h"
+#include "svg/Reader.h"
+#include "svg/Writer.h"
+
+namespace easel::svg {
+namespace {
+
+using model::Document;
+using model::Node;
+
+/// A PNG of 3 by 2 pixels, as far as that is told.
+constexpr const char* kPicture = "data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAMAAAACCAIAAAASFvFN";
+
+std::string drawing(const std::string& content) {
+    return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' "
+           "xmlns:easel='urn:easel:drawing' viewBox='0 0 99 99'><defs><symbol id='s'><path id='in' d='M0 0 1 1'/>"
+           "</symbol><symbol id='t'/><path id='p' d='M0 0'/></defs>" +
+           content + "</svg>";
+}
+
+Node& first(Document& document) { return *document.currentLayer().firstChild(); }
+
+template <class Kind, class Change> void change(Document& document, Change change) {
+    Node& node = first(document);
+    Kind kind = std::get<Kind>(*node.content().special());
+    change(kind);
+    document.setSpecial(node, kind);
+}
+
+TEST(Specials, AreToldFromTheirElements) {
+    const auto document = read(drawing(std::string("<g font-family='Serif, x' font-size='5' text-anchor='middle'>") +
+                                       "<text x='1' y='2' transform='scale(2)'> a\n  b </text><text>c<tspan/></text>"
+                                       "</g><image xlink:href='" +
+                                       kPicture +
+                                       "' x='9' width='9' height='9'/><image href='a.png'/>"
+                                       "<use href='#s'/><use href='#p'/>"
+                                       "<g easel:kind='mesh 2'/><g easel:kind='plug-in-group P Q'/>"),
+                               "t.svg");
+    const Node* node = document->currentLayer().lastChild(); // the bottommost
+    const model::TextData& text = *node->lastChild()->text();
+    EXPECT_EQ(text.contents, "a b");
+    EXPECT_EQ(text.font, "Serif");
+    EXPECT_EQ(text.size, 10);
+    EXPECT_EQ(text.justification, model::Justification::Center);
+    EXPECT_EQ(text.anchor, (model::Point{2, 4}));
+    EXPECT_FALSE(text.isRich);
+    EXPECT_TRUE(node->firstChild()->text()->isRich);
+    node = node->previous();
+    EXPECT_TRUE(node->image()->isEmbedded);
+    EXPECT_EQ(node->image()->columns, 3U);
+    EXPECT_EQ(node->image()->rows, 2U);
+    EXPECT_EQ(node->image()->place, (model::Affine{9, 0, 0, 6, 9, 1.5})); // in the middle of its box
+    node = node->previous();
+    EXPECT_EQ(node->image()->link, "a.png");
+    node = node->previous();
+    EXPECT_EQ(node->symbol()->symbol, "s");
+    node = node->previous();
+    EXPECT_FALSE(node->content().special());
+    node = node->previous();
+    EXPECT_EQ(node->extras().groupKind, model::GroupKind::Mesh);
+    EXPECT_EQ(node->extras().columns, 2U);
+    EXPECT_EQ(node->previous()->extras().plugin, "P Q");
+}
+
+TEST(Specials, ChangesAreWrittenIntoTheirElementAlone) {
+    using Text = model::TextData;
+    using Image = model::ImageData;
+    using Use = model::SymbolData;
+    const auto link = [](Document& d) { change<Image>(d, [](Image& i) { i.link = "b c.png"; }); };
+    const auto contents = [](Document& d) { change<Text>(d, [](Text& t) { t.contents = "c & d"; }); };
+    const auto look = [](Document& d) {
+        change<Text>(d, [](Text& t) {
+            t.size *= 2;
+            t.justification = model::Justification::Right;
+            t.orientation = model::Orientation::Vertical;
+            t.paint.fillColor = {1, 0, 0};
+        });
+    };
+    const auto use = [](Document& d) { change<Use>(d, [](Use& u) { u.symbol = "t"; }); };
+    const auto mask = [](Document& d) {
+        model::Extras extras = first(d).extras();
+        extras.maskDisabled = !extras.maskDisabled;
+        d.setExtras(first(d), extras);
+    };
+    const struct {
+        std::string before;
+        std::function<void(Document&)> change;
+        std::string after;
+    } rows[] = {
+        {"<text  x='1'>a</text>", contents, "<text  x='1' xml:space=\"preserve\">c &amp; d</text>"},
+        {"<text x='1' />", contents, "<text x='1' xml:space=\"preserve\" >c &amp; d</text>"},
+        {"<text font-size='4' transform='scale(3)'>a</text>", look,
+         "<text font-size='8' transform='scale(3)' text-anchor=\"end\" writing-mode=\"vertical-rl\" "
+         "fill=\"#ff0000\">a</text>"},
+        {"<image href='a.png' width='5'/>", link, "<image href='b c.png' width='5'/>"},
+        {"<image xlink:href='a.png'/>", link, "<image xlink:href='b c.png'/>"},
+        {"<use  xlink:href='#s'/>", use, "<use  xlink:href='#t'/>"},
+        {"<rect width='1' height='1' mask='url(#m)'/>", mask,
+         "<rect width='1' height='1' mask='none' easel:disabled-mask=\"url(#m)\"/>"},
+        {"<rect width='1' height='1' easel:disabled-mask='url(#m)'/>", mask,
+         "<rect width='1' height='1' mask=\"url(#m)\"/>"},
+    };
+    for (const auto& row : rows) {
+        const std::string before = drawing("<path d='M1 1'/>" + row.before);
+        const auto document = read(before, "t.svg");
+        EXPECT_EQ(write(*document), before);
+        row.change(*document);
+        EXPECT_EQ(write(*document), drawing("<path d='M1 1'/>" + row.after));
+        EXPECT_TRUE(document->journal().undo());
+        EXPECT_EQ(write(*document), before);
+    }
+}
+
+TEST(Specials, DefinitionsAreEditedAsDrawings) {
+    const std::string before = drawing("<use href='#s'/>");
+    const auto document = read(before, "t.svg");
+    EXPECT_EQ(definitionNames(*document, "symbol"), (std::vector<std::string>{"s", "t"}));
+    EXPECT_EQ(readDefinition(*document, "symbol", "u"), nullptr);
+    const auto edited = readDefinition(*document, "symbol", "s");
+    redefine(*document, "symbol", "s", *edited);
+    EXPECT_EQ(document->journal().undoDepth(), 0U); // nothing has changed
+    edited->setClosed(*edited->findByName("in"), true);
+    redefine(*document, "symbol", "s", *edited);
+    const std::string written = write(*document);
+    EXPECT_EQ(readDefinition(*document, "symbol", "s")->findByName("in")->path().closed, true);
+    EXPECT_EQ(written.size() - before.size(), written.find("</symbol>") - before.find("</symbol>")); // nothing else
+    redefine(*document, "symbol", "t", *edited);
+    const auto again = read(write(*document), "t.svg");
+    EXPECT_EQ(readDefinition(*again, "symbol", "t")->currentLayer().childCount(), 1U);
+    EXPECT_TRUE(document->journal().undo() && document->journal().undo());
+    EXPECT_EQ(write(*document), before);
+}
+
+TEST(Specials, NewDefinitionsAndUsesAreReadAgain) {
+    Document document(99, 99);
+    Node& path = document.create(model::NodeType::Path, model::Placement::OnTopInside, document.currentLayer());
+    document.setPath(path, {{model::cornerAt({1, 2}), model::cornerAt({5, 9})}, false});
+    EXPECT_EQ(define(document, "symbol", path), "symbol-1");
+    EXPECT_EQ(define(document, "pattern", path), "pattern-1");
+    Node& use = document.create(model::NodeType::Opaque, model::Placement::OnTopInside, document.currentLayer());
+    document.setSpecial(use, model::SymbolData{.symbol = "symbol-1"});
+    const auto again = read(write(document), "t.svg");
+    EXPECT_EQ(first(*again).symbol()->symbol, "symbol-1");
+    const auto held = readDefinition(*again, "symbol", "symbol-1");
+    EXPECT_EQ(first(*held).path(), path.path());
+    EXPECT_EQ(first(*readDefinition(*again, "pattern", "pattern-1")).path(), path.path());
+    EXPECT_TRUE(document.journal().undo() && document.journal().undo() && document.journal().undo());
+    EXPECT_TRUE(definitionNames(document, "pattern").empty());
+}
+
+TEST(Specials, MasksOfGroupsAreWrittenIntoThem) {
+    const std::string before = drawing("<g transform='scale(2)'><path d='M1 1 9 9'/></g>");
+    const auto document = read(before, "t.svg");
+    Node& group = first(*document);
+    model::Extras extras;
+    extras.hasOtherClip = true;
+    const model::PathData square{{model::cornerAt({2, 2}), model::cornerAt({8, 2}), model::cornerAt({8, 8})}, true};
+    extras.clip = model::Shared(clipOnPage(group, {{{square}, true}}));
+    document->setExtras(group, extras);
+    EXPECT_EQ(write(*document),
+              drawing("<g transform='scale(2)' clip-path=\"url(#clip-1)\"><clipPath id=\"clip-1\"><path "
+                      "d=\"M1 1 L4 1 L4 4 Z\" clip-rule=\"evenodd\"/></clipPath><path d='M1 1 9 9'/></g>"));
+    const auto again = read(write(*document), "t.svg");
+    EXPECT_EQ(maskOnPage(first(*again)).front().subpaths.front(), square);
+    document->offset(group, 10, 0);
+    EXPECT_EQ(maskOnPage(first(*read(write(*document), "t.svg"))).front().subpaths.front().points[0].anchor.x, 12);
+    EXPECT_TRUE(document->journal().undo() && document->journal().undo());
+    EXPECT_EQ(write(*document), before);
+}
+
+TEST(Pixels, AreToldFromTheFirstBytes) {
+    const std::string jpeg("\xff\xd8\xff\xe0\0\4ab\xff\xc2\0\x0b\x08\0\7\0\5\1\0\0", 20); // an unknown segment, a frame
+    const std::string gif("GIF89a\2\1\3\0", 10);
+    EXPECT_EQ(pixelSize(jpeg)->columns, 5U);
+    EXPECT_EQ(pixelSize(jpeg)->rows, 7U);
+    EXPECT_EQ(pixelSize(gif)->columns, 258U);
+    EXPECT_EQ(pixelSizeInside(*dataAddress(gif))->rows, 3U);
+    EXPECT_EQ(*dataAddress(gif), "data:image/gif;base64,R0lGODlhAgEDAA==");
+    for (const std::string& bytes : {std::string("\xff\xd8\xff"), jpeg.substr(0, 12), std::string("BM"), std::string()})
+        EXPECT_FALSE(pixelSize(bytes)) << bytes.size();
+}
+
+} // namespace
+} // namespace easel::svg
