@@ -193,7 +193,7 @@ void ModalDialog::focusNext(int step) {
     const Widgets fields = usableFields();
     if (fields.empty()) return;
     const auto count = static_cast<int>(fields.size());
-    const auto at = std::find_if(fields.begin(), fields.end(), [this](const auto& it) { return it->hasFocus(); });
+    const auto at = std::find_if(fields.begin(), fields.end(), [](const auto& it) { return it->hasFocus(); });
     const auto from = static_cast<int>(at - fields.begin());
     const int first = step > 0 ? 0 : count - 1;
     const int next = from == count ? first : (from + step + count) % count;

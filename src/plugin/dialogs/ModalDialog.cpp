@@ -38,8 +38,7 @@ ModalDialog::~ModalDialog() {
 
 std::shared_ptr<ModalDialog> ModalDialog::make(const std::string& title, const geo::Size& size, const DialogButton& ok,
                                                const DialogButton& cancel) {
-    const std::shared_ptr<ModalDialog> made(
-        new ModalDialog(cleaned(title, LineBreaks::BecomeBlanks, kMostInTitle), size));
+    std::shared_ptr<ModalDialog> made(new ModalDialog(cleaned(title, LineBreaks::BecomeBlanks, kMostInTitle), size));
     made->ok_ = ownButton(ok, core::ButtonStyle::Default, "OK");
     made->cancel_ = ownButton(cancel, core::ButtonStyle::Cancel, "Cancel");
     for (const OwnButton* own : {&made->ok_, &made->cancel_})
