@@ -1,3 +1,4 @@
+// A slanted box around each segment, looked through in one pass.
 #include "model/SegmentBoxes.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Turns one object, or a list of them, into art of one document.
 #include "script/ArtList.h"
 
 #include <unordered_set>

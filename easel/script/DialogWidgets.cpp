@@ -1,3 +1,4 @@
+// Finds widgets by text, and describes them to scripts.
 #include "script/DialogWidgets.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// Reads limits from environment variables.
 #include "svg/EnvironmentLimit.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// Opacity, blend mode, overprint, dictionaries, artboards and units, from attributes and back.
 #include "svg/Extras.h"
 
 #include <nlohmann/json.hpp>

@@ -1,3 +1,4 @@
+// Asks the renderer for a picture, once what is asked was checked.
 #include "svg/Picture.h"
 
 #include <sstream>

@@ -1,3 +1,4 @@
+// Starts the renderer, talks to it over a socket, and ends it when it is due.
 #include "svg/RenderProcess.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+// Where a cubic turns, and curves resized so that products of their coordinates stay finite.
 #include "geo/Cubic.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The tree: children, names and values, and the ends of nodes without recursion.
 #include "json/Node.h"
 
 #include "json/Children.h"

@@ -1,3 +1,4 @@
+// Text to tree, in one scan.
 #include "json/Text.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Tree to text, without recursion.
 #include "json/Children.h"
 #include "json/Text.h"
 

@@ -1,3 +1,4 @@
+// Builds the About box and opens the maker's addresses.
 #include "maker/About.h"
 
 #include "core/app/Illustrator.h"

@@ -1,3 +1,4 @@
+// Reads and writes what all preferences have in common, and greets at the first launch.
 #include "maker/BasePrefs.h"
 
 #include <algorithm>

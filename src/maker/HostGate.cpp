@@ -1,3 +1,4 @@
+// Asks once a version of the host, and remembers what was chosen.
 #include "maker/HostGate.h"
 
 #include "core/app/Illustrator.h"

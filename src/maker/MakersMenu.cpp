@@ -1,3 +1,4 @@
+// Finds the maker's menu groups by their texts, or makes them.
 #include "maker/MakersMenu.h"
 
 #include "core/app/Illustrator.h"

@@ -1,3 +1,4 @@
+// Numbers as texts and back.
 #include "maker/Numbers.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The angles and switches of the tools, between the file, the globals and the dialog.
 #include "maker/Prefs.h"
 
 #include <cmath>

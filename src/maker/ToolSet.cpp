@@ -1,3 +1,4 @@
+// The file that holds the number of the first of the maker's tools.
 #include "maker/ToolSet.h"
 
 #include <charconv>

@@ -1,3 +1,4 @@
+// Addresses of the maker's site, composed.
 #include "maker/Web.h"
 
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// The application's preferences as a JSON file in the profile folder.
 #include "session/base/HostPreferences.h"
 
 #include <filesystem>

@@ -1,3 +1,4 @@
+// The name of whoever runs the application.
 #include "session/base/Identity.h"
 
 #include <pwd.h>

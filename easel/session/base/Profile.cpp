@@ -1,3 +1,4 @@
+// Makes the profile folder, a temporary one unless the user named his own.
 #include "session/base/Profile.h"
 
 #include <cerrno>

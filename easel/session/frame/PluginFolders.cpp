@@ -1,3 +1,4 @@
+// Lists the bundles in the folders for plug-ins.
 #include "session/frame/PluginFolders.h"
 
 #include <algorithm>

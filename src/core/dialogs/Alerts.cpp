@@ -1,3 +1,4 @@
+// Alerts, forwarded to the platform; confirmations return which button was chosen.
 #include "core/dialogs/Alerts.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Forwards to plugin::Artboard.
 #include "core/document/Artboard.h"
 
 #include "core/Forward.h"

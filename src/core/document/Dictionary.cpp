@@ -1,3 +1,4 @@
+// Forwards to plugin::Dictionary.
 #include "core/document/Dictionary.h"
 
 #include "core/Forward.h"

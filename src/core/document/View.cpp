@@ -1,3 +1,4 @@
+// Forwards to plugin::View.
 #include "core/document/View.h"
 
 #include "core/Forward.h"

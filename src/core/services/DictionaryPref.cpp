@@ -1,3 +1,4 @@
+// Forwards to plugin::PersistentData, and makes what is missing.
 #include "core/services/DictionaryPref.h"
 
 #include "core/Forward.h"

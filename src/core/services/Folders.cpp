@@ -1,3 +1,4 @@
+// Forwards to the platform.
 #include "core/services/Folders.h"
 
 #include <filesystem>

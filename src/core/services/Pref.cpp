@@ -1,3 +1,4 @@
+// Values of every kind, read from and written to the node they stand for.
 #include "core/services/Pref.h"
 
 #include "core/Forward.h"

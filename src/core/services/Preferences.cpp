@@ -1,3 +1,4 @@
+// Forwards to plugin::Preferences.
 #include "core/services/Preferences.h"
 
 #include "core/Forward.h"

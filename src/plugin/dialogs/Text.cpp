@@ -1,3 +1,4 @@
+// Cuts and cleans texts for widgets, by characters of UTF-8.
 #include "plugin/dialogs/Text.h"
 
 #include <algorithm>

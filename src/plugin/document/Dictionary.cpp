@@ -1,3 +1,4 @@
+// Entries of the dictionary of art or of the document.
 #include "plugin/document/Dictionary.h"
 
 #include "hostapi/AIDictionarySuite.h"

@@ -1,3 +1,4 @@
+// Calls about the host as a whole.
 #include "plugin/frame/Application.h"
 
 #include "hostapi/AIDocumentListSuite.h"

@@ -1,3 +1,4 @@
+// Entries of the host's own preferences.
 #include "plugin/frame/HostPreferences.h"
 
 #include "hostapi/AIPreferenceSuite.h"

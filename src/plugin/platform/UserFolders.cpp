@@ -1,3 +1,4 @@
+// The user's folders, from the environment.
 #include "plugin/platform/UserFolders.h"
 
 #include <cstdlib>

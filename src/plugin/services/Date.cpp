@@ -1,3 +1,4 @@
+// Days of the Gregorian calendar, by Boost.
 #include "plugin/services/Date.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Requests through libcurl: start, progress by the timer, and how they end.
 #include "plugin/services/InternetGET.h"
 
 #include <algorithm>

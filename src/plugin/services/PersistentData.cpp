@@ -1,3 +1,4 @@
+// Finds, adds and removes the nodes that handles on preferences stand for.
 #include "plugin/services/PersistentData.h"
 
 #include <algorithm>

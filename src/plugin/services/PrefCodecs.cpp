@@ -1,3 +1,4 @@
+// Each kind of preference to JSON and back.
 #include "plugin/services/PrefCodecs.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Reads a file, and rewrites it in place in an order of steps that a kill cannot harm.
 #include "plugin/services/PreferenceFile.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Loads, reloads and saves a store, and keeps its version and count of savings.
 #include "plugin/services/Preferences.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Makes the application object where the host has none, and converts texts.
 #include "plugin/platform/cocoa/Application.h"
 
 #ifndef __APPLE__

@@ -1,3 +1,4 @@
+// A window of AppKit: widgets as views, the modal loop, and events on their way up.
 #include "plugin/platform/cocoa/CocoaWindow.h"
 
 #include <cstdio>

@@ -1,3 +1,4 @@
+// Makes and updates the view of each kind of widget.
 #include "plugin/platform/cocoa/Views.h"
 
 @implementation KZO_CLASS (Content)

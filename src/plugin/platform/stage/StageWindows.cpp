@@ -1,3 +1,4 @@
+// Windows and alerts through the stage suite, and their events from its messages.
 #include "plugin/platform/stage/StageWindows.h"
 
 #include <algorithm>
