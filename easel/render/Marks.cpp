@@ -31,8 +31,8 @@ bool areNear(const std::vector<Point>& points, double farthest) {
 }
 
 Point toPixels(Point point, double scale) {
-    constexpr double most = 1e12; // beyond that there are no fractions to tell places by
-    return {std::clamp(point.x * scale, -most, most), std::clamp(point.y * scale, -most, most)};
+    constexpr double kMost = 1e12; // beyond that there are no fractions to tell places by
+    return {std::clamp(point.x * scale, -kMost, kMost), std::clamp(point.y * scale, -kMost, kMost)};
 }
 
 /// What of an outline is near. A closed one goes on along the limit, where nobody sees it.
@@ -64,8 +64,8 @@ void addEllipse(cairo_t* cairo, Point from, Point to) {
     cairo_get_matrix(cairo, &plain);
     cairo_translate(cairo, (from.x + to.x) / 2, (from.y + to.y) / 2);
     // A flat one is a line; the painter takes no scale of nothing.
-    constexpr double least = 1e-6;
-    cairo_scale(cairo, std::max(std::abs(to.x - from.x) / 2, least), std::max(std::abs(to.y - from.y) / 2, least));
+    constexpr double kLeast = 1e-6;
+    cairo_scale(cairo, std::max(std::abs(to.x - from.x) / 2, kLeast), std::max(std::abs(to.y - from.y) / 2, kLeast));
     cairo_new_sub_path(cairo);
     cairo_arc(cairo, 0, 0, 1, 0, 2 * std::numbers::pi);
     cairo_close_path(cairo);

@@ -38,9 +38,9 @@ struct SaveOptions {
 };
 
 void read(const Value& value, SaveOptions& slot) {
-    static constexpr std::array<std::string_view, 1> names{"force"};
+    static constexpr std::array<std::string_view, 1> kNames{"force"};
     if (!duk_is_object(value.engine(), value.index())) value.fail("an object like {force: true}");
-    value.mustHaveOnly(names);
+    value.mustHaveOnly(kNames);
     slot.force = value.member<std::optional<bool>>("force").value_or(false);
 }
 

@@ -167,10 +167,10 @@ std::string readFile(const std::string& path, FileStamp* stamp) {
 std::string readAll(int file, const std::string& name) {
     std::string bytes;
     for (;;) {
-        constexpr std::size_t step = std::size_t{1} << 16;
+        constexpr std::size_t kStep = std::size_t{1} << 16;
         const std::size_t size = bytes.size();
-        bytes.resize(size + step);
-        const ssize_t count = ::read(file, bytes.data() + size, step);
+        bytes.resize(size + kStep);
+        const ssize_t count = ::read(file, bytes.data() + size, kStep);
         if (count < 0 && errno != EINTR) fail(name, errno);
         bytes.resize(size + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
         if (count == 0) return bytes;

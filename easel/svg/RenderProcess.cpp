@@ -95,11 +95,11 @@ std::string lastWords(int output, const std::string& outOfMemory) {
     const std::string text(buffer.data(), static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     if (text.find("memory allocation of") != text.npos || text.find("failed to allocate") != text.npos)
         return outOfMemory;
-    constexpr std::string_view before = "panicked at '";
-    const std::size_t begin = text.find(before);
+    constexpr std::string_view kBefore = "panicked at '";
+    const std::size_t begin = text.find(kBefore);
     const std::size_t end = begin == text.npos ? begin : text.find("', ", begin);
     if (end == text.npos) return {};
-    return "the renderer gave up: " + text.substr(begin + before.size(), end - begin - before.size());
+    return "the renderer gave up: " + text.substr(begin + kBefore.size(), end - begin - kBefore.size());
 }
 
 } // namespace

@@ -1,24 +1,11 @@
-/* The timer suite and its message: calls of a plug-in at regular intervals. */
+/* The timer suite: calls of a plug-in at regular intervals. */
 #ifndef HOSTAPI_AITIMERSUITE_H
 #define HOSTAPI_AITIMERSUITE_H
 
-#include "hostapi/SPMessages.h"
+#include "hostapi/AITimer.h"
 
 #define kAITimerSuite "AI Timer Suite"
 #define kAITimerSuiteVersion 3
-
-#define kCallerAITimer "AI Timer"
-#define kSelectorAIGoTimer "AI Go"
-
-/* Periods are counted in ticks. A period of 0 is kept, and treated as 1. */
-enum { kTicksPerSecond = 60 };
-
-/* Sent once a period while the timer is active and no mouse button is down. What falls due during a gesture is sent
- * once after it. */
-typedef struct AITimerMessage {
-    SPMessageData d;
-    AITimerHandle timer;
-} AITimerMessage;
 
 typedef struct AITimerSuite {
     /* Adds an active timer; `name` only labels it. kBadParameterErr: the period is negative. */

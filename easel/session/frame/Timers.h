@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "hostapi/AITimerSuite.h"
+#include "hostapi/AITimer.h"
 #include "session/base/Handles.h"
 #include "session/frame/Held.h"
 #include "session/frame/Messenger.h"

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hostapi/AIToolSuite.h"
+#include "hostapi/AITool.h"
 #include "session/base/Handles.h"
 #include "session/frame/BuiltinTools.h"
 #include "session/frame/Plugins.h"

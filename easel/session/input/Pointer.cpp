@@ -5,7 +5,7 @@
 #include <cmath>
 #include <utility>
 
-#include "hostapi/AIToolSuite.h"
+#include "hostapi/AITool.h"
 #include "hostapi/StageSuite.h"
 #include "session/base/Error.h"
 

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "hostapi/AIToolSuite.h"
+#include "hostapi/AITool.h"
 #include "model/Types.h"
 #include "session/documents/Documents.h"
 #include "session/frame/Toolbox.h"

@@ -7,7 +7,7 @@
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Messages.h"
 #include "hostapi/AIAnnotatorSuite.h"
-#include "hostapi/AIToolSuite.h"
+#include "hostapi/AITool.h"
 #include "plugin/host/HostMonitor.h"
 #include "support/Desk.h"
 #include "support/Receiver.h"

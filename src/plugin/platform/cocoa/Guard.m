@@ -3,12 +3,12 @@
 
 #import <Foundation/Foundation.h>
 
-int kzoGuarded(void (*work)(void *context), void *context) {
-    NSAutoreleasePool *pool = [NSAutoreleasePool new];
+int kzoGuarded(void (*work)(void* context), void* context) {
+    NSAutoreleasePool* pool = [NSAutoreleasePool new];
     int whole = 1;
     @try {
         work(context);
-    } @catch (NSException *exception) {
+    } @catch (NSException* exception) {
         NSLog(@"%@: %@", [exception name], [exception reason]);
         whole = 0;
     }
