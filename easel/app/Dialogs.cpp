@@ -23,7 +23,7 @@
 #include <utility>
 
 #include "app/Application.h"
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 
 namespace easel::app {
 

@@ -1,3 +1,4 @@
+// Styles as attributes make them, and paint and markers that pass on as they are written.
 #include "svg/Inheritance.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Paths, boxes and transforms, tested number by number.
 #include "svg/Reach.h"
 
 #include <algorithm>

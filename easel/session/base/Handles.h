@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "hostapi/SPTypes.h"
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 
 namespace easel::session {
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 #include "session/base/Handles.h"
 #include "session/frame/Messenger.h"
 #include "session/frame/Plugins.h"

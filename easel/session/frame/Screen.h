@@ -1,7 +1,7 @@
 // What the screen shows besides documents: the cursor, how dense pixels are, how bright the interface is.
 #pragma once
 
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 #include "session/frame/Notifiers.h"
 
 namespace easel::session {

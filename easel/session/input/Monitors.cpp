@@ -1,7 +1,7 @@
 // The message to each that monitors.
 #include "session/input/Monitors.h"
 
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 
 namespace easel::session {
 

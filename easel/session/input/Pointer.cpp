@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "hostapi/AITool.h"
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 #include "session/base/Error.h"
 
 namespace easel::session {

@@ -8,7 +8,7 @@
 #include "hostapi/AINotifierSuite.h"
 #include "hostapi/AITimer.h"
 #include "hostapi/AITool.h"
-#include "hostapi/StageSuite.h"
+#include "hostapi/Stage.h"
 #include "plugin/document/Convert.h"
 #include "plugin/platform/Convert.h"
 
