@@ -1,3 +1,4 @@
+// Hits at one place, kept until something is changed that they depend on.
 #include "model/KeptHits.h"
 
 #include <tuple>

@@ -1,3 +1,4 @@
+// Strokes as areas: offset curves, joins and caps.
 #include "model/StrokeOutline.h"
 
 #include <boost/geometry.hpp>

@@ -1,3 +1,4 @@
+// Finds definitions in the text of a drawing, and replaces what they hold.
 #include "svg/Definitions.h"
 
 #include <algorithm>

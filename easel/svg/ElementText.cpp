@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "svg/ElementParts.h"
 #include "svg/Extras.h"
 #include "svg/FileError.h"
 #include "svg/Names.h"
@@ -26,20 +27,6 @@ using model::PathData;
 using model::PathPoint;
 using model::Point;
 using model::Style;
-
-void requireInReach(const Node& node) {
-    for (const model::Shared<PathData>& outline : node.outlines())
-        if (!withinReach(*outline)) throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
-}
-
-void requireUsable(const Style& style) {
-    bool usable = withinReach(style.strokeWidth) && withinReach(style.miterLimit) && withinReach(style.dashes().offset);
-    for (const double dash : style.dashes().lengths) usable = usable && withinReach(dash);
-    for (const model::Color& color : {style.fillColor, style.strokeColor}) {
-        for (const double channel : {color.red, color.green, color.blue}) usable = usable && std::isfinite(channel);
-    }
-    if (!usable) throw UnsavableError("a stroke with lengths beyond 1e9 points cannot be saved");
-}
 
 constexpr double kSame = 1e-9; ///< against the numbers themselves
 
@@ -78,81 +65,8 @@ bool keepsShapes(const Affine& by) {
            std::fabs(by.a * by.c + by.b * by.d) <= kSame * (first + second);
 }
 
-Geom::Affine asGeom(const Affine& by) { return {by.a, by.b, by.c, by.d, by.e, by.f}; }
-
-double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(transform.det())); }
-
-/// A style for lengths in the units of an element.
-Style inUnits(Style style, double scale) {
-    style.changeLengths([&](double& length) { length /= scale; });
-    return style;
-}
-
-/// Names can be ids when XML takes them for such.
-bool canBeId(std::string_view name) {
-    const auto startsName = [](unsigned char c) {
-        return c == '_' || c >= 0x80 || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-    };
-    const auto inName = [&](unsigned char c) {
-        return startsName(c) || c == '-' || c == '.' || (c >= '0' && c <= '9');
-    };
-    return !name.empty() && startsName(static_cast<unsigned char>(name.front())) &&
-           std::all_of(name.begin(), name.end(), inName);
-}
-
-/// Where the value of a declaration stands in a style attribute, as far as it can be told without resolving references.
-std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view style, std::string_view name) {
-    std::optional<std::pair<std::size_t, std::size_t>> last;
-    for (std::size_t at = 0; at < style.size();) {
-        const std::size_t end = std::min(style.find(';', at), style.size());
-        const std::size_t start = std::min(style.find_first_not_of(kSpace, at), end);
-        std::size_t colon = start + name.size();
-        if (style.substr(start, end - start).substr(0, name.size()) == name) {
-            while (colon < end && kSpace.find(style[colon]) != std::string_view::npos) ++colon;
-            if (colon < end && style[colon] == ':') last = {colon + 1, end};
-        }
-        at = end + 1;
-    }
-    if (last && style.substr(last->first, last->second - last->first).find('&') != std::string_view::npos) return {};
-    return last;
-}
-
-std::string transformText(const Geom::Affine& transform) {
-    constexpr double kAlmost = 1e-12;
-    const bool moves = std::fabs(transform[0] - 1) < kAlmost && std::fabs(transform[1]) < kAlmost &&
-                       std::fabs(transform[2]) < kAlmost && std::fabs(transform[3] - 1) < kAlmost;
-    std::string text = moves ? "translate(" : "matrix(";
-    if (!withinReach(transform)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
-    for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
-        appendNumber(text, transform[i]);
-        text += i < 5 ? ' ' : ')';
-    }
-    return text;
-}
-
-bool isTurned(const Node& node) {
-    return node.type() == NodeType::Opaque && node.opaque().turned != model::OpaqueData().turned;
-}
-
-/// From where opaque art was to where it is, on the page.
-Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
-
 bool sameSpecial(const model::Content& a, const model::Content& b) {
     return a.special() == b.special() || (a.special() && b.special() && *a.special() == *b.special());
-}
-
-constexpr const char* kVertical = "vertical-rl";
-
-std::string anchorText(model::Justification justification) {
-    static constexpr const char* kAnchors[] = {"start", "middle", "end"};
-    return kAnchors[static_cast<int>(justification)];
-}
-
-void setLength(Tag& tag, const char* name, double value) {
-    if (!withinReach(value)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
-    std::string number;
-    appendNumber(number, value);
-    tag.set(name, number);
 }
 
 /// Behind a comment, a section of data, an instruction or an end tag, which the text begins with, if with any.
@@ -212,51 +126,6 @@ Tag ElementText::newTag(const Node& node, const Place& place, std::string_view n
     return tag;
 }
 
-std::string ElementText::newSpecial(const Node& node, const Place& place) {
-    const auto* const image = node.image();
-    Tag tag = newTag(node, place, node.text() ? "text" : image ? "image" : "use");
-    // Its lengths are the page's, whatever is around it.
-    const Geom::Affine placed = isTurned(node) ? placedOf(node) : Geom::Affine::identity();
-    const Geom::Affine transform = placed * toPageIn(place).inverse();
-    if (!transform.isIdentity(0)) tag.set("transform", transformText(transform));
-    const Point moved = isTurned(node) ? Point{} : node.opaque().moved;
-    if (node.text()) return newText(node, moved, place, tag);
-    if (image) {
-        newImage(*image, moved, tag);
-    } else {
-        if (moved.x != 0) setLength(tag, "x", moved.x);
-        if (moved.y != 0) setLength(tag, "y", moved.y);
-        changeLink(tag, '#' + node.symbol()->symbol);
-    }
-    setExtras(tag, node.extras(), {});
-    return tag.text() + "/>";
-}
-
-std::string ElementText::newText(const Node& node, Point moved, const Place& place, Tag& tag) {
-    const model::TextData& text = *node.text();
-    requireUsable(text.paint);
-    setLength(tag, "x", text.anchor.x + moved.x);
-    setLength(tag, "y", text.anchor.y + moved.y);
-    if (!text.font.empty()) tag.set("font-family", escaped(text.font));
-    setLength(tag, "font-size", text.size);
-    tag.set("text-anchor", anchorText(text.justification));
-    if (text.orientation == model::Orientation::Vertical) tag.set("writing-mode", kVertical);
-    tag.set("xml:space", "preserve");
-    setPaint(tag, node, text.paint, source_.containers[place.container]);
-    if (!overprintText(text.paint).empty()) setOverprint(tag, text.paint);
-    setExtras(tag, node.extras(), {});
-    return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
-}
-
-void ElementText::newImage(const model::ImageData& image, Point moved, Tag& tag) const {
-    setLength(tag, "x", image.place.e + moved.x);
-    setLength(tag, "y", image.place.f + moved.y);
-    setLength(tag, "width", image.place.a);
-    setLength(tag, "height", image.place.d);
-    tag.set("preserveAspectRatio", "none");
-    changeLink(tag, image.link);
-}
-
 // Masks
 
 const std::string& ElementText::clipId(const Node& group) {
@@ -281,59 +150,6 @@ std::string ElementText::clipPath(const Node& group, const Place& inside) {
         text += std::string(shape.evenOdd ? " clip-rule=\"evenodd\"" : "") + "/>";
     }
     return text + "</" + name + '>';
-}
-
-// Texts, pictures and uses that were read
-
-void ElementText::changeSpecial(Tag& tag, const Node& node, const Element& element) const {
-    const model::Special* const was = wasOf(node).special();
-    if (const model::TextData* const text = node.text()) {
-        const auto* const before = std::get_if<model::TextData>(was);
-        const double scale = scaleOf(source_.transforms[element.toPage]);
-        if (before && !(*text == *before)) changeText(tag, *text, *before, scale);
-    }
-    if (const model::ImageData* const image = node.image()) {
-        const auto* const before = std::get_if<model::ImageData>(was);
-        if (before && image->link != before->link) changeLink(tag, image->link);
-    }
-    if (const model::SymbolData* const use = node.symbol()) {
-        const auto* const before = std::get_if<model::SymbolData>(was);
-        if (before && use->symbol != before->symbol) changeLink(tag, '#' + use->symbol);
-    }
-}
-
-void ElementText::changeText(Tag& tag, const model::TextData& is, const model::TextData& was, double scale) const {
-    requireUsable(is.paint);
-    std::string size;
-    appendNumber(size, is.size / scale);
-    if (is.font != was.font) setProperty(tag, "font-family", escaped(is.font.empty() ? "inherit" : is.font));
-    if (is.size != was.size) setProperty(tag, "font-size", size);
-    if (is.justification != was.justification) setProperty(tag, "text-anchor", anchorText(is.justification));
-    const bool isVertical = is.orientation == model::Orientation::Vertical;
-    if (is.orientation != was.orientation) setProperty(tag, "writing-mode", isVertical ? kVertical : "horizontal-tb");
-    if (is.contents != was.contents) tag.set("xml:space", "preserve");
-    if (is.paint == was.paint) return;
-    const Style before = inUnits(was.paint, scale);
-    for (const auto& [name, value] : properties(inUnits(is.paint, scale), &before)) setProperty(tag, name, value);
-    if (overprintText(is.paint) != overprintText(was.paint)) setOverprint(tag, is.paint);
-}
-
-/// Old drawings say it in the way of links between documents.
-void ElementText::changeLink(Tag& tag, const std::string& link) const {
-    if (tag.find("href")) return tag.set("href", escaped(link));
-    const std::string old = tag.find({"xlink"}, "href");
-    tag.set(old.empty() ? "href" : old, escaped(link));
-}
-
-bool ElementText::isRefilled(const Node& node) const {
-    const auto* const before = std::get_if<model::TextData>(wasOf(node).special());
-    return node.text() && before && node.text()->contents != before->contents;
-}
-
-std::string ElementText::refilled(const Node& node, const std::string& startTag) const {
-    Tag tag(startTag);
-    if (startTag.ends_with("/>")) tag.openUp();
-    return tag.text() + escaped(node.text()->contents) + "</" + std::string(tag.name()) + '>';
 }
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
@@ -654,133 +470,6 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
         setExtras(tag, extras, {});
     }
     return tag.text();
-}
-
-// Attributes
-
-void ElementText::setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const {
-    if (is.opacity != was.opacity) setProperty(tag, "opacity", opacityText(is.opacity));
-    if (is.blendMode != was.blendMode) setProperty(tag, "mix-blend-mode", std::string(blendModeText(is.blendMode)));
-    if (is.knockout != was.knockout) setOwn(tag, "knockout", knockoutText(is.knockout));
-    if (is.centerPoint != was.centerPoint) setOwn(tag, "center-point", is.centerPoint ? "visible" : "");
-    if (kindText(is) != kindText(was)) setOwn(tag, "kind", kindText(is));
-    const auto shownMask = [](const model::Extras& extras) {
-        return extras.maskDisabled ? std::string() : extras.mask;
-    };
-    const auto keptMask = [](const model::Extras& extras) { return extras.maskDisabled ? extras.mask : std::string(); };
-    if (shownMask(is) != shownMask(was))
-        setProperty(tag, "mask", is.maskDisabled || is.mask.empty() ? "none" : is.mask);
-    if (keptMask(is) != keptMask(was)) setOwn(tag, "disabled-mask", keptMask(is));
-    if (is.artboards != was.artboards) setOwn(tag, "artboards", artboardsText(is.artboards));
-    if (is.dictionary != was.dictionary) setOwn(tag, "data", dataText(is.dictionary));
-}
-
-void ElementText::setOverprint(Tag& tag, const Style& style) const { setOwn(tag, "overprint", overprintText(style)); }
-
-void ElementText::setOwn(Tag& tag, std::string_view local, std::string_view value) const {
-    const std::string old = tag.find(source_.easelPrefixes, local);
-    if (!value.empty())
-        setForeign(tag, source_.easelPrefixes, "easel", kEaselNamespace, local, value);
-    else if (!old.empty())
-        tag.remove(old);
-}
-
-/// A declaration wins over an attribute, and a style sheet lies between the two.
-void ElementText::setProperty(Tag& tag, std::string_view name, const std::string& value) const {
-    const std::optional<std::string_view> style = tag.find("style");
-    const auto declared = declaration(style.value_or(""), name);
-    if (declared) {
-        std::string changed(*style);
-        changed.replace(declared->first, declared->second - declared->first, value);
-        tag.set("style", std::move(changed));
-    } else if (style || source_.hasStyleSheet || name == "display" || name == "mix-blend-mode" || name == "font") {
-        std::string changed(style.value_or(""));
-        const std::size_t end = changed.find_last_not_of(kSpace);
-        if (end != std::string::npos && changed[end] != ';') changed += ';';
-        tag.set("style", changed.append(name) + ':' + value + (source_.sheetInsists ? " !important" : ""));
-    } else {
-        tag.set(name, value);
-    }
-}
-
-void ElementText::setLocked(Tag& tag, bool locked) const {
-    if (!locked) tag.remove(tag.find(source_.sodipodiPrefixes, "insensitive"));
-    const bool says = !tag.find(source_.sodipodiPrefixes, "insensitive").empty(); // as all of this name may
-    if (!locked && !says) return;
-    setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "insensitive", locked ? "true" : "false");
-}
-
-void ElementText::setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
-                             std::string_view uri, std::string_view local, std::string_view value) const {
-    std::string name = tag.find(prefixes, local);
-    if (name.empty()) {
-        const bool bound = !prefixes.empty() && source_.prefixesAtRoot;
-        const std::string prefix = bound ? prefixes.front() : std::string(usualPrefix);
-        if (!bound) tag.set("xmlns:" + prefix, std::string(uri));
-        name = prefix + ':' + std::string(local);
-    }
-    tag.set(name, escaped(value));
-}
-
-void ElementText::setName(Tag& tag, const Node& node) {
-    if (node.type() != NodeType::Layer && canBeId(node.name()) && takeId(node.name())) {
-        tag.set("id", escaped(node.name()));
-    } else {
-        setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "label", node.name());
-    }
-}
-
-void ElementText::setOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
-    requireInReach(node);
-    std::vector<PathData> subpaths;
-    for (const model::Shared<PathData>& outline : node.outlines())
-        transformBy(subpaths.emplace_back(*outline), toPage.inverse());
-    tag.set("d", pathData(subpaths));
-    const std::string types = nodeTypes(subpaths);
-    const std::string oldTypes = tag.find(source_.sodipodiPrefixes, "nodetypes");
-    if (!types.empty()) {
-        setForeign(tag, source_.sodipodiPrefixes, "sodipodi", kSodipodiNamespace, "nodetypes", types);
-    } else if (!oldTypes.empty()) {
-        tag.remove(oldTypes);
-    }
-    const std::string ends = outerHandles(subpaths);
-    const std::string oldEnds = tag.find(source_.easelPrefixes, "ends");
-    if (!ends.empty()) {
-        setForeign(tag, source_.easelPrefixes, "easel", kEaselNamespace, "ends", ends);
-    } else if (!oldEnds.empty()) {
-        tag.remove(oldEnds);
-    }
-}
-
-/// Whether something in the file is called so. What only extras like an id, in a comment, counts as well.
-bool ElementText::hasId(const std::string& name) {
-    if (!ids_) {
-        ids_.emplace();
-        const std::string_view text(source_.text);
-        for (std::size_t at = text.find("id"); at != std::string_view::npos; at = text.find("id", at + 2)) {
-            const std::size_t equals = text.find_first_not_of(kSpace, at + 2);
-            if (equals == std::string_view::npos || text[equals] != '=') continue;
-            const std::size_t quote = text.find_first_not_of(kSpace, equals + 1);
-            if (quote == std::string_view::npos || (text[quote] != '"' && text[quote] != '\'')) continue;
-            const std::size_t end = text.find(text[quote], quote + 1);
-            if (end != std::string_view::npos) ids_->insert(text.substr(quote + 1, end - quote - 1));
-        }
-    }
-    return ids_->count(name) > 0;
-}
-
-bool ElementText::takeId(const std::string& name) { return !hasId(name) && ids_->insert(name).second; }
-
-Tag ElementText::tagOf(std::string_view text) const {
-    const std::string name(text.substr(1, text.find_first_of(" \t\r\n/>") - 1));
-    const auto defaults = source_.defaults.find(name);
-    return defaults == source_.defaults.end() ? Tag(text) : Tag(text, defaults->second);
-}
-
-std::string ElementText::escaped(std::string_view text) const {
-    std::string result;
-    source_.encoding == Encoding::OtherAscii ? appendAsciiEscaped(result, text) : appendEscaped(result, text);
-    return result;
 }
 
 } // namespace easel::svg

@@ -1,3 +1,4 @@
+// Sizes from the heads of picture files, and pictures in base 64.
 #include "svg/Pixels.h"
 
 #include <boost/archive/iterators/base64_from_binary.hpp>

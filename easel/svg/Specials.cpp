@@ -1,3 +1,4 @@
+// Reads texts, pictures and uses from attributes.
 #include "svg/Specials.h"
 
 #include <algorithm>

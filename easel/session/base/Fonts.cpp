@@ -1,3 +1,4 @@
+// Lists what fontconfig finds.
 #include "session/base/Fonts.h"
 
 #include <fontconfig/fontconfig.h>

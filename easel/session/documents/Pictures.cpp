@@ -1,3 +1,4 @@
+// Resolves references of pictures against the drawing that has them.
 #include "session/documents/Pictures.h"
 
 #include <charconv>

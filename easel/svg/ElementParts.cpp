@@ -1,0 +1,78 @@
+// Numbers that can be written, in which units, and declarations in style attributes.
+#include "svg/ElementParts.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "svg/FileError.h"
+#include "svg/Markup.h"
+#include "svg/Reach.h"
+#include "svg/Values.h"
+
+namespace easel::svg {
+
+using model::Affine;
+using model::Node;
+using model::NodeType;
+using model::PathData;
+using model::Style;
+
+void requireInReach(const Node& node) {
+    for (const model::Shared<PathData>& outline : node.outlines())
+        if (!withinReach(*outline)) throw UnsavableError("a path that reaches beyond 1e9 points cannot be saved");
+}
+
+void requireUsable(const Style& style) {
+    bool usable = withinReach(style.strokeWidth) && withinReach(style.miterLimit) && withinReach(style.dashes().offset);
+    for (const double dash : style.dashes().lengths) usable = usable && withinReach(dash);
+    for (const model::Color& color : {style.fillColor, style.strokeColor}) {
+        for (const double channel : {color.red, color.green, color.blue}) usable = usable && std::isfinite(channel);
+    }
+    if (!usable) throw UnsavableError("a stroke with lengths beyond 1e9 points cannot be saved");
+}
+
+Geom::Affine asGeom(const Affine& by) { return {by.a, by.b, by.c, by.d, by.e, by.f}; }
+
+double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(transform.det())); }
+
+Style inUnits(Style style, double scale) {
+    style.changeLengths([&](double& length) { length /= scale; });
+    return style;
+}
+
+std::string transformText(const Geom::Affine& transform) {
+    constexpr double kAlmost = 1e-12;
+    const bool moves = std::fabs(transform[0] - 1) < kAlmost && std::fabs(transform[1]) < kAlmost &&
+                       std::fabs(transform[2]) < kAlmost && std::fabs(transform[3] - 1) < kAlmost;
+    std::string text = moves ? "translate(" : "matrix(";
+    if (!withinReach(transform)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
+    for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
+        appendNumber(text, transform[i]);
+        text += i < 5 ? ' ' : ')';
+    }
+    return text;
+}
+
+bool isTurned(const Node& node) {
+    return node.type() == NodeType::Opaque && node.opaque().turned != model::OpaqueData().turned;
+}
+
+Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
+
+std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view style, std::string_view name) {
+    std::optional<std::pair<std::size_t, std::size_t>> last;
+    for (std::size_t at = 0; at < style.size();) {
+        const std::size_t end = std::min(style.find(';', at), style.size());
+        const std::size_t start = std::min(style.find_first_not_of(kSpace, at), end);
+        std::size_t colon = start + name.size();
+        if (style.substr(start, end - start).substr(0, name.size()) == name) {
+            while (colon < end && kSpace.find(style[colon]) != std::string_view::npos) ++colon;
+            if (colon < end && style[colon] == ':') last = {colon + 1, end};
+        }
+        at = end + 1;
+    }
+    if (last && style.substr(last->first, last->second - last->first).find('&') != std::string_view::npos) return {};
+    return last;
+}
+
+} // namespace easel::svg
