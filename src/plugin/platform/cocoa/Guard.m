@@ -1,4 +1,4 @@
-// Stops exceptions of Objective-C, and logs them.
+/* Stops exceptions of Objective-C, and logs them. */
 #import "plugin/platform/cocoa/Guard.h"
 
 #import <Foundation/Foundation.h>
