@@ -150,8 +150,18 @@ int show(int argc, char** argv, const Command& command) {
     app::Window window(actions, recovery, settings);
     shownWindow = &window;
     application.failed = [&window](const QString& why) { window.tell(why); };
-    session.alerts.handler = [&window](const session::Alert& alert) { return app::showAlert(alert, window); };
-    session.dialogs.face = [&](session::Dialog& dialog) { app::showDialog(session.dialogs, dialog, window); };
+    session.alerts.handler = [&](const session::Alert& alert) {
+        const std::size_t chosen = app::showAlert(alert, window);
+        actions.dialogs.chosen(alert, chosen);
+        return chosen;
+    };
+    session.dialogs.face = [&](session::Dialog& dialog) {
+        actions.dialogs.opened(dialog);
+        app::showDialog(session.dialogs, dialog, window);
+    };
+    session.dialogs.heard = [&](session::Dialog& dialog, const StageDialogMessage& message) {
+        actions.dialogs.heard(dialog, message);
+    };
     session.browser.open = app::openAddress;
     endOnSignals(application);
     const auto say = [&](const char* what) {

@@ -22,13 +22,21 @@ constexpr const char* kEditable = "app.document.selection.filter(function (art) 
                                   "at.parent) if (at.locked) return false; "
                                   "return !art.layer.locked; })";
 
+std::string assignment(const char* property, bool value) {
+    return property + std::string(value ? " = true" : " = false");
+}
+
 std::string absolute(const std::string& path) { return std::filesystem::absolute(path).string(); }
 
 } // namespace
 
 template <class Act> void Actions::act(const std::string& statement, Act what) {
+    dialogs.startAct();
     what();
+    const std::string user = dialogs.statement();
+    if (!user.empty()) recorder_.add(user);
     recorder_.add(statement);
+    if (!user.empty()) recorder_.add("app.onDialog(null)");
     if (done) done();
 }
 
@@ -100,6 +108,8 @@ void Actions::save(const std::string& path, bool force) {
 }
 
 void Actions::exportPicture(const std::string& path, double scale) {
+    if (!svg::formatOf(path)) // no picture: a copy
+        return act("app.exportSVG(" + Recorder::quoted(absolute(path)) + ')', [&] { session_.exportSvg(path); });
     const bool isPdf = svg::formatOf(path) == svg::PictureFormat::Pdf;
     act(std::string(isPdf ? "app.exportPDF(" : "app.exportPNG(") + Recorder::quoted(absolute(path)) + ", " +
             Recorder::number(scale) + ')',
@@ -127,27 +137,18 @@ void Actions::press(model::Point location, session::Modifiers modifiers) {
 }
 
 void Actions::drag(model::Point location, session::Modifiers modifiers) {
-    act("mouse.drag(" + Recorder::at(session_.pointer.heldTo(location), modifiers) + ')',
-        [&] { session_.pointer.drag(location, modifiers); });
+    act("mouse.drag(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.drag(location, modifiers); });
 }
 
 void Actions::release(model::Point location, session::Modifiers modifiers) {
-    const bool held = session_.pointer.heldLength() > 0;
-    act("mouse.release(" + Recorder::at(session_.pointer.heldTo(location), modifiers) + ')',
+    act("mouse.release(" + Recorder::at(location, modifiers) + ')',
         [&] { session_.pointer.release(location, modifiers); });
-    if (held) endHold();
 }
 
 void Actions::holdLength(double length) {
     if (!session_.pointer.pressed()) return;
-    // A script that replays the places of the mouse must not snap them.
-    if (session_.pointer.snapping.toPoint && session_.pointer.heldLength() == 0)
-        recorder_.add("app.snapToPoint = false");
     session_.pointer.holdLength(length);
-}
-
-void Actions::endHold() {
-    if (session_.pointer.snapping.toPoint) recorder_.add("app.snapToPoint = true");
+    recorder_.add("mouse.holdLength(" + Recorder::number(length) + ')');
 }
 
 // Keys, tools, menus
@@ -190,6 +191,20 @@ void Actions::redo() {
 void Actions::nudge(double dx, double dy) {
     editSelected("move", Recorder::number(dx) + ", " + Recorder::number(dy),
                  [&](model::Document& document, model::Node& art) { document.offset(art, dx, dy); });
+}
+
+void Actions::scale(double across, double down, model::Point about) {
+    const model::Affine by{across, 0, 0, down, about.x - across * about.x, about.y - down * about.y};
+    editSelected("scale", Recorder::number(across) + ", " + Recorder::number(down) + ", " + Recorder::at(about, 0),
+                 [&](model::Document& document, model::Node& art) { document.transform(art, by); });
+}
+
+void Actions::setOpacity(double opacity) {
+    editSelected("setOpacity", Recorder::number(opacity), [&](model::Document& document, model::Node& art) {
+        model::Extras extras = art.extras();
+        extras.opacity = opacity;
+        document.setExtras(art, std::move(extras));
+    });
 }
 
 void Actions::setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change) {
@@ -252,8 +267,19 @@ void Actions::moveLayer(std::size_t index, std::size_t to) {
 // View
 
 void Actions::setSnapping(bool toPoint) {
-    act(std::string("app.snapToPoint = ") + (toPoint ? "true" : "false"),
-        [&] { session_.pointer.snapping.toPoint = toPoint; });
+    act(assignment("app.snapToPoint", toPoint), [&] { session_.pointer.snapping.toPoint = toPoint; });
+}
+
+void Actions::setAxisGrid(bool shown) {
+    act(assignment("app.axisGrid", shown), [&] { session_.pointer.snapping.axisGrid = shown; });
+}
+
+void Actions::setAxisGridSnapping(bool on) {
+    act(assignment("app.snapToAxisGrid", on), [&] { session_.pointer.snapping.toAxisGrid = on; });
+}
+
+void Actions::setGridSpacing(double spacing) {
+    act("app.gridSpacing = " + Recorder::number(spacing), [&] { session_.pointer.snapping.gridSpacing = spacing; });
 }
 
 } // namespace easel::app

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "app/DialogRecorder.h"
 #include "app/Recorder.h"
 #include "session/app/Session.h"
 
@@ -23,6 +24,8 @@ class Actions {
         return document() ? session_.documents.numberOf(*document()) : 0;
     }
 
+    DialogRecorder dialogs; ///< of plug-ins, which acts may bring up
+
     /// Called after each act that may have changed what a window shows.
     std::function<void()> done;
     std::function<void()> closing; ///< called before the document in front goes
@@ -31,7 +34,8 @@ class Actions {
     void newDocument(double width, double height);
     void open(std::unique_ptr<model::Document> read, const std::string& path); ///< which it was read from
     void save(const std::string& path, bool force);
-    void exportPicture(const std::string& path, double scale);      ///< PNG or PDF, by the name's end
+    /// PNG, PDF or SVG, by the name's end; the drawing stays with the file it has.
+    void exportPicture(const std::string& path, double scale);
     [[nodiscard]] const std::string& path() const { return path_; } ///< empty for a drawing without a file
     [[nodiscard]] bool isModified() const { return modified_; }     ///< since it was opened, made or saved
     void setModified() { modified_ = true; }
@@ -59,6 +63,8 @@ class Actions {
     void undo();
     void redo();
     void nudge(double dx, double dy);
+    void scale(double across, double down, model::Point about);
+    void setOpacity(double opacity); ///< 0 to 1
     /// Of what is selected, said as scripts say it.
     void setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change);
 
@@ -73,6 +79,9 @@ class Actions {
 
     // View; nobody's undo
     void setSnapping(bool toPoint);
+    void setAxisGrid(bool shown);
+    void setAxisGridSnapping(bool on);
+    void setGridSpacing(double spacing); ///< points
 
   private:
     template <class Act> void act(const std::string& statement, Act what);
@@ -81,7 +90,6 @@ class Actions {
     [[nodiscard]] model::Node& layer(std::size_t index) const;
     void startOver(const std::string& path);
     void closeFront();
-    void endHold();
     void recordView();
 
     session::Session& session_;

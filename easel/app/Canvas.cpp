@@ -23,10 +23,9 @@ using session::Modifiers;
 
 constexpr double kLeastZoom = 0.01;
 constexpr double kMostZoom = 256;
-constexpr double kWheelStep = 1.2;      // zoom factor of a notch
-constexpr double kNotch = 120;          // what a wheel's notch says of itself
-constexpr int kSliceMilliseconds = 8;   // of painting between events
-constexpr int kTruthMilliseconds = 150; // of rest before true pictures are made
+constexpr double kWheelStep = 1.2;    // zoom factor of a notch
+constexpr double kNotch = 120;        // what a wheel's notch says of itself
+constexpr int kSliceMilliseconds = 8; // of painting between events
 constexpr std::size_t kMostTrueObjects = 50'000;
 constexpr double kMargin = 24; // around the page that is fitted, in widget pixels
 constexpr std::size_t kMostDigits = 12;
@@ -68,7 +67,7 @@ Canvas::Canvas(Actions& actions)
               scene_.setTruth(image, port);
               truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
               update();
-              if (port != scene_.port()) truthTimer_.start(kTruthMilliseconds, this);
+              if (port != scene_.port()) truthTimer_.start(restMilliseconds, this);
           },
           [this](const std::string& why) {
               truthFails_ = true;
@@ -117,7 +116,7 @@ bool Canvas::refresh() {
     showCursor();
     scene_.takeLive(kSliceMilliseconds);
     if (!scene_.isComplete()) refineTimer_.start(0, this);
-    if (change.real && !dragging()) truthTimer_.start(kTruthMilliseconds, this);
+    if (change.real && !dragging()) truthTimer_.start(restMilliseconds, this);
     update();
     return change.real;
 }
@@ -170,7 +169,7 @@ void Canvas::showView() {
     actions_.session().messenger.flush();
     if (document()) actions_.session().annotations.update();
     if (!scene_.isComplete()) refineTimer_.start(0, this);
-    truthTimer_.start(kTruthMilliseconds, this);
+    truthTimer_.start(restMilliseconds, this);
     update();
     if (viewChanged) viewChanged();
 }
@@ -217,10 +216,13 @@ bool Canvas::isTrue() const { return scene_.isComplete() && !truthIsDue_ && !tru
 void Canvas::askForTruth() {
     truthIsDue_ = false;
     if (!document() || truthFails_ || dragging() || scene_.port().size.isEmpty()) return;
-    if (!document()->origin) return scene_.dropTruth(); // it was made here, of what cairo draws
     std::size_t objects = 0;
-    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at))
+    bool isPlain = !document()->origin; // made here, of what cairo draws
+    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at)) {
         if (++objects > kMostTrueObjects) return scene_.dropTruth();
+        if (at->content().extras) isPlain = false;
+    }
+    if (isPlain) return scene_.dropTruth();
     try {
         const std::uint64_t changes = document()->journal().changeCount();
         if (!text_ || changes != textChanges_) text_ = std::make_shared<const std::string>(svg::write(*document()));
@@ -397,14 +399,27 @@ void Canvas::keyPressEvent(QKeyEvent* event) {
             return actions_.release(toDocument(lastPlace_), modifiersOf(event->modifiers()));
         return hearKey(*event);
     }
-    const double step = event->modifiers() & Qt::ShiftModifier ? 10 : 1;
-    switch (event->key()) {
-    case Qt::Key_Left: return actions_.nudge(-step, 0);
-    case Qt::Key_Right: return actions_.nudge(step, 0);
-    case Qt::Key_Up: return actions_.nudge(0, -step);
-    case Qt::Key_Down: return actions_.nudge(0, step);
-    default: return hearKey(*event);
+    if (!nudge(*event)) hearKey(*event);
+}
+
+/// The arrows move what is selected: across and upright or, while the grid along the axes is shown, along its first
+/// axis, with Ctrl its second, and its third. Returns whether the key was one of these.
+bool Canvas::nudge(const QKeyEvent& event) {
+    const bool upright = event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
+    const bool back = event.key() == Qt::Key_Left || event.key() == Qt::Key_Up;
+    if (!upright && event.key() != Qt::Key_Left && event.key() != Qt::Key_Right) return false;
+    Point way = upright ? Point{0, 1} : Point{1, 0};
+    const session::Pointer& pointer = actions_.session().pointer;
+    if (pointer.snapping.axisGrid) {
+        const auto lines = pointer.axisGrid().lines();
+        const std::size_t axis = upright ? 2 : event.modifiers() & Qt::ControlModifier ? 1 : 0;
+        if (axis < lines.size()) way = lines[axis].direction;
+        // To the side that the arrow points to, whichever way the axis is told.
+        if ((upright ? way.y : way.x) < 0) way = {-way.x, -way.y};
     }
+    const double step = (event.modifiers() & Qt::ShiftModifier ? 10 : 1) * (back ? -1 : 1);
+    actions_.nudge(step * way.x, step * way.y);
+    return true;
 }
 
 void Canvas::keyReleaseEvent(QKeyEvent* event) {

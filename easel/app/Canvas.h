@@ -56,9 +56,9 @@ class Canvas final : public QWidget {
     [[nodiscard]] QPointF fromDocument(model::Point point) const;
     /// Whether all that shows is painted as exactly as it will ever be.
     [[nodiscard]] bool isTrue() const;
-    bool gridShown = false;
     bool superIsOption = false; ///< the Super key is Option, as Alt is
     bool feedbackShown = true;  ///< length and angle beside the pointer
+    int restMilliseconds = 150; ///< after a change, before true pictures are made
 
   protected:
     bool event(QEvent* event) override;
@@ -85,11 +85,13 @@ class Canvas final : public QWidget {
     void dragAgain(session::Modifiers modifiers);
     bool typeLength(const QKeyEvent& event);
     void hearKey(const QKeyEvent& event);
+    bool nudge(const QKeyEvent& event);
     [[nodiscard]] Handling handlingNow() const { return spaceHeld_ ? Handling::Hand : handling_; }
 
     // Painting
     void paintDesk(QPainter& painter) const;
-    void paintGrid(QPainter& painter) const;
+    void paintGrid(QPainter& painter, const QRect& part) const;
+    void paintMarquee(QPainter& painter) const;
     void paintSelection(QPainter& painter) const;
     void paintMarks(QPainter& painter) const;
     void paintFeedback(QPainter& painter) const;

@@ -112,9 +112,10 @@ void Canvas::paintEvent(QPaintEvent* event) {
     scene_.paintLive(painter, pixels);
     painter.restore();
     painter.setRenderHint(QPainter::Antialiasing);
-    if (gridShown) paintGrid(painter);
+    if (actions_.session().pointer.snapping.axisGrid) paintGrid(painter, part);
     paintSelection(painter);
     paintMarks(painter);
+    if (dragging()) paintMarquee(painter);
     if (dragging() && feedbackShown) paintFeedback(painter);
 }
 
@@ -133,24 +134,38 @@ void Canvas::paintDesk(QPainter& painter) const {
     painter.fillRect(page, Qt::white);
 }
 
-/// Lines upright and along both isometric axes, as far apart as the grid that snaps.
-void Canvas::paintGrid(QPainter& painter) const {
-    double spacing = actions_.session().pointer.snapping.gridSpacing;
-    while (spacing * zoom() < 6) spacing *= 2;
-    painter.setPen(QPen(look().colors.grid, 0));
-    const model::Box shown = document()->visibleBox();
-    const double across = spacing * std::cos(std::numbers::pi / 6); // between upright lines
-    for (double x = std::ceil(shown.left / across) * across; x <= shown.right; x += across)
-        painter.drawLine(fromDocument({x, shown.top}), fromDocument({x, shown.bottom}));
-    const double slope = std::tan(std::numbers::pi / 6);
-    for (const double sign : {1.0, -1.0}) {
-        const auto at = [&](double x, double c) { return Point{x, sign * slope * x + c}; };
-        const auto [least, most] =
-            std::minmax({shown.top - sign * slope * shown.left, shown.top - sign * slope * shown.right,
-                         shown.bottom - sign * slope * shown.left, shown.bottom - sign * slope * shown.right});
-        for (double c = std::ceil(least / spacing) * spacing; c <= most; c += spacing)
-            painter.drawLine(fromDocument(at(shown.left, c)), fromDocument(at(shown.right, c)));
+/// The lines of the grid that cross a part of the widget. Where they would lie too close there are fewer.
+void Canvas::paintGrid(QPainter& painter, const QRect& part) const {
+    constexpr double kLeastApart = 6; // widget pixels
+    const session::Session& session = actions_.session();
+    double spacing = session.pointer.snapping.gridSpacing;
+    while (spacing * zoom() < kLeastApart) spacing *= 2;
+    const double reach = std::hypot(part.width(), part.height()) / zoom() / 2;
+    const Point middle = toDocument(QRectF(part).center());
+    painter.setPen(QPen(look().colors.grid, 1));
+    const session::AxisGrid grid(session.toolbox.axes(), spacing);
+    for (const session::AxisGrid::Lines& lines : grid.lines()) {
+        const Point way = lines.direction;
+        const double apart = lines.apart;
+        const double along = middle.x * way.x + middle.y * way.y;
+        const double beside = middle.x * way.y - middle.y * way.x;
+        const auto at = [&](double s, double t) {
+            return fromDocument({s * way.x + t * way.y, s * way.y - t * way.x});
+        };
+        for (double t = std::ceil((beside - reach) / apart) * apart; t <= beside + reach; t += apart)
+            painter.drawLine(at(along - reach, t), at(along + reach, t));
     }
+}
+
+void Canvas::paintMarquee(QPainter& painter) const {
+    const session::Tool& tool = *actions_.session().toolbox.current();
+    const auto box = tool.builtin ? tool.builtin->marquee() : std::nullopt;
+    if (!box) return;
+    QColor inside = look().colors.accent;
+    inside.setAlphaF(0.12F);
+    painter.setPen(QPen(look().colors.accent, 1));
+    painter.setBrush(inside);
+    painter.drawRect(rectangleOf(*box, *this));
 }
 
 void Canvas::paintSelection(QPainter& painter) const {

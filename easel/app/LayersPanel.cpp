@@ -1,6 +1,7 @@
 // One row a layer, the topmost first.
 #include "app/LayersPanel.h"
 
+#include <QAction>
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -103,6 +104,7 @@ LayersPanel::LayersPanel(Actions& actions)
     buttons->addStretch();
     addButton(Symbol::Trash, "removeLayer", "Remove the current layer with all that it holds",
               [this] { actions_.removeLayer(currentIndex()); });
+    addActions();
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
@@ -122,9 +124,27 @@ LayersPanel::LayersPanel(Actions& actions)
     }));
 }
 
+/// What the pictures in the rows do, for whoever does not see them or uses no mouse.
+void LayersPanel::addActions() {
+    list_.setContextMenuPolicy(Qt::ActionsContextMenu);
+    const auto add = [&](const char* text, auto what) {
+        auto* const action = new QAction(text, &list_);
+        list_.addAction(action);
+        connect(action, &QAction::triggered, this, guarded([this, what] {
+                    if (QTreeWidgetItem* const row = list_.currentItem()) what(*row);
+                }));
+    };
+    add("Show or Hide the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Shown); });
+    add("Lock or Unlock the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Locked); });
+    add("Rename the Layer...", [this](QTreeWidgetItem& row) { list_.editItem(&row, Title); });
+    add("Remove the Layer", [this](const QTreeWidgetItem&) { actions_.removeLayer(currentIndex()); });
+}
+
 void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const {
     row.setIcon(Shown, icon(layer.hidden() ? Symbol::NoEye : Symbol::Eye));
     row.setToolTip(Shown, layer.hidden() ? "Show the layer" : "Hide the layer");
+    row.setData(Shown, Qt::AccessibleTextRole, layer.hidden() ? "Hidden" : "Shown");
+    row.setData(Locked, Qt::AccessibleTextRole, layer.locked() ? "Locked" : "Unlocked");
     row.setIcon(Locked, icon(layer.locked() ? Symbol::Lock : Symbol::NoLock));
     row.setToolTip(Locked, layer.locked() ? "Unlock the layer" : "Lock the layer");
     row.setIcon(Title, bar(layerColor(index)));

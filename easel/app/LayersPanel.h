@@ -20,6 +20,7 @@ class LayersPanel final : public QWidget {
 
     void clicked(const QTreeWidgetItem& row, int column);
     void edited(const QTreeWidgetItem& row);
+    void addActions();
     void addLayer();
     void moveCurrent(int by); ///< places, down is positive
     void move(int from, int to);

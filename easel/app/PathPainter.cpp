@@ -34,6 +34,13 @@ void clip(cairo_t* cairo, const Node& node) {
     }
 }
 
+/// Of the art with all that it stands in. A group whose art overlaps shows through itself until the truth is there.
+double opacityOf(const Node& node) {
+    double opacity = 1;
+    for (const Node* at = &node; at; at = at->parent()) opacity *= at->extras().opacity;
+    return opacity;
+}
+
 bool isClipped(const Node& node) {
     for (const Node* at = &node; at; at = at->parent())
         if (at->clip()) return true;
@@ -93,6 +100,8 @@ void paint(cairo_t* cairo, const Node& node, double pixel) {
         cairo_save(cairo);
         clip(cairo, node);
     }
+    const double opacity = opacityOf(node);
+    if (opacity < 1) cairo_push_group(cairo);
     cairo_new_path(cairo);
     if (node.isOutlined()) {
         const Style& style = node.style();
@@ -105,6 +114,10 @@ void paint(cairo_t* cairo, const Node& node, double pixel) {
         if (style.stroke && style.strokeWidth > 0) stroke(cairo, style);
     } else {
         paintBox(cairo, node.hull(), pixel);
+    }
+    if (opacity < 1) {
+        cairo_pop_group_to_source(cairo);
+        cairo_paint_with_alpha(cairo, opacity);
     }
     if (clipped) cairo_restore(cairo);
 }

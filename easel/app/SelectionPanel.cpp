@@ -1,10 +1,7 @@
 // Fields that show the selection and change it.
 #include "app/SelectionPanel.h"
 
-#include <QColorDialog>
-#include <QGridLayout>
-#include <QHBoxLayout>
-#include <QPainter>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -27,17 +24,17 @@ model::Box boundsOf(const model::Node& top) {
     return box;
 }
 
-QIcon swatch(bool painted, const model::Color& color) {
-    QPixmap picture(28, 28);
-    picture.fill(painted ? QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                                            static_cast<float>(color.blue))
-                         : QColor(Qt::white));
-    QPainter painter(&picture);
-    painter.setPen(QPen(look().colors.line, 2));
-    painter.drawRect(1, 1, 26, 26);
-    painter.setPen(QPen(QColor(0xD0, 0x30, 0x30), 3));
-    if (!painted) painter.drawLine(3, 25, 25, 3);
-    return QIcon(picture);
+std::optional<QColor> colorOf(bool painted, const model::Color& color) {
+    if (!painted) return {};
+    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                            static_cast<float>(color.blue));
+}
+
+QString titleOf(const std::vector<model::Node*>& outermost) {
+    if (outermost.empty()) return "Nothing selected";
+    if (outermost.size() > 1) return QString::number(outermost.size()) + " objects";
+    const model::NodeType type = outermost[0]->type();
+    return type == model::NodeType::Group ? "Group" : outermost[0]->isOutlined() ? "Path" : "Object";
 }
 
 } // namespace
@@ -45,106 +42,138 @@ QIcon swatch(bool painted, const model::Color& color) {
 SelectionPanel::SelectionPanel(Actions& actions) : actions_(actions), title_(*new QLabel(this)) {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(10, 8, 10, 10);
+    column->setSpacing(8);
     column->addWidget(&title_);
     auto* const grid = new QGridLayout;
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(8);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
     column->addLayout(grid);
-    x_ = &addField("x", "X", 0, 0);
-    y_ = &addField("y", "Y", 0, 2);
-    width_ = &addField("width", "W", 1, 0);
-    height_ = &addField("height", "H", 1, 2);
-    stroke_ = &addField("stroke", "Stroke", 2, 0);
-    for (QDoubleSpinBox* const shown : {width_, height_}) shown->setReadOnly(true);
-    stroke_->setMinimum(0);
+    x_ = &addField({"x", "X", "Left edge, X", 0, 0}, *grid);
+    y_ = &addField({"y", "Y", "Top edge, Y", 0, 2}, *grid);
+    width_ = &addField({"width", "W", "Width", 1, 0}, *grid);
+    height_ = &addField({"height", "H", "Height", 1, 2}, *grid);
+    stroke_ = &addField({"stroke", "Stroke", "Stroke width", 2, 0}, *grid);
+    strokeColor_ = &addSwatch("strokeColor", "Stroke colour", *grid, 2);
+    opacity_ = &addField({"opacity", "Opacity", "Opacity", 3, 0}, *grid);
+    grid->addWidget(new QLabel("Fill", this), 3, 2);
+    fillColor_ = &addSwatch("fillColor", "Fill colour", *grid, 3);
+    for (QDoubleSpinBox* const size : {width_, height_, stroke_}) size->setMinimum(0);
+    constexpr double kWhole = 100; // percent
+    opacity_->setRange(0, kWhole);
+    opacity_->setDecimals(0);
+    opacity_->setSuffix(" %");
+    connectFields();
+}
 
-    const auto addColor = [&](const char* name, const char* tip, bool stroke) {
-        auto* const button = new QToolButton(this);
-        button->setObjectName(name);
-        button->setToolTip(tip);
-        button->setAccessibleName(tip);
-        button->setIconSize({20, 20});
-        connect(button, &QToolButton::clicked, this, guarded([this, stroke] { chooseColor(stroke); }));
-        return button;
+QDoubleSpinBox& SelectionPanel::addField(const Field& field, QGridLayout& grid) {
+    auto* const box = new QDoubleSpinBox(this);
+    box->setObjectName(field.name);
+    box->setAccessibleName(field.spoken);
+    box->setToolTip(field.spoken);
+    box->setRange(-kFarthest, kFarthest);
+    box->setDecimals(2);
+    box->setSuffix(" pt");
+    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    box->setAlignment(Qt::AlignRight);
+    box->setKeyboardTracking(false); // a number counts when it is whole
+    box->setMinimumWidth(64);
+    auto* const label = new QLabel(field.label, this);
+    label->setBuddy(box);
+    grid.addWidget(label, field.row, field.column);
+    grid.addWidget(box, field.row, field.column + 1);
+    return *box;
+}
+
+Swatch& SelectionPanel::addSwatch(const char* name, const char* title, QGridLayout& grid, int row) {
+    auto* const swatch = new Swatch(title, this);
+    swatch->setObjectName(name);
+    constexpr int kColumn = 3;
+    grid.addWidget(swatch, row, kColumn, Qt::AlignLeft);
+    return *swatch;
+}
+
+void SelectionPanel::connectFields() {
+    const auto when = [this](QDoubleSpinBox& field, auto what) {
+        connect(&field, &QDoubleSpinBox::valueChanged, this, guarded([this, what](double value) {
+            if (!filling_) what(value);
+        }));
+        connect(field.findChild<QLineEdit*>(), &QLineEdit::returnPressed, this, guarded([this] {
+                    if (entered) entered();
+                }));
     };
-    fillColor_ = addColor("fillColor", "Fill colour; cancelling takes the fill away", false);
-    strokeColor_ = addColor("strokeColor", "Stroke colour", true);
-    auto* const colors = new QHBoxLayout;
-    colors->addWidget(fillColor_);
-    colors->addWidget(strokeColor_);
-    colors->addStretch();
-    grid->addLayout(colors, 2, 3);
+    when(*x_, [this](double left) { actions_.nudge(left - box_.left, 0); });
+    when(*y_, [this](double top) { actions_.nudge(0, top - box_.top); });
+    when(*width_, [this](double size) { resize(true, size); });
+    when(*height_, [this](double size) { resize(false, size); });
+    when(*stroke_, [this](double width) { setStrokeWidth(width); });
+    when(*opacity_, [this](double percent) { actions_.setOpacity(percent / 100); });
+    strokeColor_->chosen = [this](const std::optional<QColor>& color) { setColor(true, color); };
+    fillColor_->chosen = [this](const std::optional<QColor>& color) { setColor(false, color); };
+}
 
-    const auto place = guarded([this] {
-        if (!filling_ && !box_.isEmpty()) actions_.nudge(x_->value() - box_.left, y_->value() - box_.top);
+// Changing
+
+/// About the left top corner. What is flat has no size that could grow.
+void SelectionPanel::resize(bool across, double size) {
+    const double before = across ? box_.right - box_.left : box_.bottom - box_.top;
+    if (box_.isEmpty() || before <= 0 || size <= 0) return refresh();
+    const double factor = size / before;
+    actions_.scale(across ? factor : 1, across ? 1 : factor, {box_.left, box_.top});
+}
+
+void SelectionPanel::setStrokeWidth(double width) {
+    const std::string said = width > 0 ? "{width: " + Recorder::number(width) + '}' : "{stroke: null}";
+    actions_.setStyle(said, [width](model::Style& style) {
+        if (width > 0)
+            style.strokeWidth = width;
+        else
+            style.setStroke({});
     });
-    connect(x_, &QDoubleSpinBox::valueChanged, this, place);
-    connect(y_, &QDoubleSpinBox::valueChanged, this, place);
-    connect(stroke_, &QDoubleSpinBox::valueChanged, this, guarded([this] {
-                if (filling_) return;
-                const double width = stroke_->value();
-                const std::string said = width > 0 ? "{width: " + Recorder::number(width) + '}' : "{stroke: null}";
-                actions_.setStyle(said, [width](model::Style& style) {
-                    style.stroke = width > 0;
-                    if (width > 0) style.strokeWidth = width;
-                });
-            }));
 }
 
-QDoubleSpinBox& SelectionPanel::addField(const char* name, const char* label, int row, int column) {
-    auto* const field = new QDoubleSpinBox(this);
-    field->setObjectName(name);
-    field->setAccessibleName(label);
-    field->setRange(-kFarthest, kFarthest);
-    field->setDecimals(2);
-    field->setSuffix(" pt");
-    field->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    field->setAlignment(Qt::AlignRight);
-    field->setKeyboardTracking(false); // a number counts when it is whole
-    auto* const grid = static_cast<QGridLayout*>(layout()->itemAt(1)->layout());
-    grid->addWidget(new QLabel(label, this), row, column);
-    grid->addWidget(field, row, column + 1);
-    return *field;
+void SelectionPanel::setColor(bool stroke, const std::optional<QColor>& color) {
+    const std::string value = color ? Recorder::quoted(color->name().toStdString()) : "null";
+    std::optional<model::Color> paint;
+    if (color) paint = {color->redF(), color->greenF(), color->blueF()};
+    actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}',
+                      [&](model::Style& style) { stroke ? style.setStroke(paint) : style.setFill(paint); });
 }
+
+// Showing
 
 void SelectionPanel::refresh() {
     const bool filledBefore = std::exchange(filling_, true);
-    const auto selection = actions_.document() ? actions_.document()->selection() : std::vector<model::Node*>();
-    box_ = {};
+    std::vector<model::Node*> outermost;
     const model::Style* style = nullptr;
+    box_ = {};
     constexpr std::size_t kMostMeasured = 20'000;
-    if (selection.size() <= kMostMeasured)
-        for (const model::Node* const node : selection) box_.include(boundsOf(*node));
-    for (const model::Node* const node : selection)
-        if (!style && node->type() == model::NodeType::Path) style = &node->style();
-    const QString what = selection.empty()             ? QString("Nothing selected")
-                         : selection.size() > 1        ? QString::number(selection.size()) + " objects"
-                         : selection[0]->isContainer() ? QString("Group")
-                         : style                       ? QString("Path")
-                                                       : QString("Object");
-    title_.setText("<b>" + what + "</b>");
+    if (actions_.document()) {
+        for (model::Node* const node : actions_.document()->selection()) {
+            if (!node->parent()->selected()) outermost.push_back(node);
+            if (!style && node->content().style) style = &node->style();
+        }
+    }
+    if (outermost.size() <= kMostMeasured)
+        for (const model::Node* const node : outermost) box_.include(boundsOf(*node));
+    title_.setText("<b>" + titleOf(outermost) + "</b>");
     const bool placed = !box_.isEmpty();
     const auto show = [](QDoubleSpinBox& field, bool known, double value) {
         field.setEnabled(known);
-        if (!field.hasFocus() || !known || field.value() != value) field.setValue(known ? value : 0);
+        field.setSpecialValueText(known ? QString() : QString(' ')); // of the minimum: no number stands there
+        if (const double shown = known ? value : field.minimum(); field.value() != shown) field.setValue(shown);
     };
     show(*x_, placed, placed ? box_.left : 0);
     show(*y_, placed, placed ? box_.top : 0);
     show(*width_, placed, placed ? box_.right - box_.left : 0);
     show(*height_, placed, placed ? box_.bottom - box_.top : 0);
     show(*stroke_, style != nullptr, style && style->stroke ? style->strokeWidth : 0);
-    for (QToolButton* const button : {fillColor_, strokeColor_}) button->setEnabled(style != nullptr);
-    fillColor_->setIcon(swatch(style && style->fill, style ? style->fillColor : model::Color{}));
-    strokeColor_->setIcon(swatch(style && style->stroke, style ? style->strokeColor : model::Color{}));
+    show(*opacity_, !outermost.empty(), outermost.empty() ? 0 : outermost.front()->extras().opacity * 100);
+    for (Swatch* const swatch : {fillColor_, strokeColor_}) swatch->setEnabled(style != nullptr);
+    fillColor_->setColor(style ? colorOf(style->fill, style->fillColor) : std::nullopt);
+    strokeColor_->setColor(style ? colorOf(style->stroke, style->strokeColor) : std::nullopt);
     filling_ = filledBefore;
-}
-
-void SelectionPanel::chooseColor(bool stroke) {
-    const QColor chosen = QColorDialog::getColor(Qt::black, this, stroke ? "Stroke colour" : "Fill colour");
-    if (!chosen.isValid() && stroke) return;
-    std::optional<model::Color> color;
-    if (chosen.isValid()) color = {chosen.redF(), chosen.greenF(), chosen.blueF()};
-    const std::string value = chosen.isValid() ? Recorder::quoted(chosen.name().toStdString()) : "null";
-    actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}',
-                      [&](model::Style& style) { stroke ? style.setStroke(color) : style.setFill(color); });
 }
 
 } // namespace easel::app

@@ -2,11 +2,14 @@
 #pragma once
 
 #include <QDoubleSpinBox>
+#include <QGridLayout>
 #include <QLabel>
-#include <QToolButton>
 #include <QWidget>
 
+#include <functional>
+
 #include "app/Actions.h"
+#include "app/Swatch.h"
 
 namespace easel::app {
 
@@ -15,10 +18,22 @@ class SelectionPanel final : public QWidget {
     explicit SelectionPanel(Actions& actions);
 
     void refresh();
+    std::function<void()> entered; ///< called when the user ends an entry with Return
 
   private:
-    QDoubleSpinBox& addField(const char* name, const char* label, int row, int column);
-    void chooseColor(bool stroke);
+    struct Field {
+        const char* name;
+        const char* label;  ///< as it stands beside the field
+        const char* spoken; ///< by a screen reader
+        int row;
+        int column;
+    };
+    QDoubleSpinBox& addField(const Field& field, QGridLayout& grid);
+    Swatch& addSwatch(const char* name, const char* title, QGridLayout& grid, int row);
+    void connectFields();
+    void resize(bool across, double size);
+    void setStrokeWidth(double width);
+    void setColor(bool stroke, const std::optional<QColor>& color);
 
     Actions& actions_;
     QLabel& title_;
@@ -27,8 +42,9 @@ class SelectionPanel final : public QWidget {
     QDoubleSpinBox* width_ = nullptr;
     QDoubleSpinBox* height_ = nullptr;
     QDoubleSpinBox* stroke_ = nullptr;
-    QToolButton* fillColor_ = nullptr;
-    QToolButton* strokeColor_ = nullptr;
+    QDoubleSpinBox* opacity_ = nullptr;
+    Swatch* strokeColor_ = nullptr;
+    Swatch* fillColor_ = nullptr;
     model::Box box_; ///< of the selection, as shown
     bool filling_ = false;
 };

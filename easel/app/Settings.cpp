@@ -23,6 +23,12 @@ QStringList Settings::recent() const {
     return there;
 }
 
+double Settings::gridSpacing() const {
+    constexpr double kUsual = 10;
+    const double spacing = file_.value("gridSpacing", kUsual).toDouble();
+    return spacing > 0 ? spacing : kUsual; // people edit the file
+}
+
 void Settings::noteRecent(const std::string& path) {
     const QString added = QString::fromStdString(std::filesystem::absolute(path).lexically_normal().string());
     QStringList all = recent();

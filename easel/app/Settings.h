@@ -26,6 +26,14 @@ class Settings {
     [[nodiscard]] bool superIsOption() const { return file_.value("superIsOption", false).toBool(); }
     void setSuperIsOption(bool on) { file_.setValue("superIsOption", on); }
 
+    // The grid along the axes
+    [[nodiscard]] bool axisGrid() const { return file_.value("axisGrid", false).toBool(); }
+    void setAxisGrid(bool shown) { file_.setValue("axisGrid", shown); }
+    [[nodiscard]] bool snapsToAxisGrid() const { return file_.value("snapToAxisGrid", true).toBool(); }
+    void setSnapsToAxisGrid(bool on) { file_.setValue("snapToAxisGrid", on); }
+    [[nodiscard]] double gridSpacing() const; ///< points
+    void setGridSpacing(double spacing) { file_.setValue("gridSpacing", spacing); }
+
     [[nodiscard]] QByteArray geometry() const { return file_.value("geometry").toByteArray(); }
     void setGeometry(const QByteArray& geometry) { file_.setValue("geometry", geometry); }
 

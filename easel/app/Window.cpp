@@ -23,6 +23,8 @@
 
 #include "app/Application.h"
 #include "app/Look.h"
+#include "hostapi/AIToolNames.h"
+#include "session/base/HostError.h"
 #include "svg/Writer.h"
 
 namespace easel::app {
@@ -33,8 +35,6 @@ constexpr int kClockMilliseconds = 20;
 constexpr int kReportMilliseconds = 10'000;
 constexpr int kKeepMilliseconds = 10'000; // of unsaved work that a crash may cost
 constexpr const char* kDrawings = "SVG drawings (*.svg *.svgz)";
-constexpr double kNewWidth = 595; // A4, upright, in points
-constexpr double kNewHeight = 842;
 
 /// The icon of a plug-in's tool, from its bundle; sharp on dense screens too.
 QIcon toolIcon(const session::Tool& tool) {
@@ -49,10 +49,17 @@ QIcon toolIcon(const session::Tool& tool) {
     return icon;
 }
 
-std::string hintFor(const session::Tool& tool) {
-    if (tool.builtin) return "Click or drag to select; drag what is selected to move it. Shift adds";
-    const std::string what = tool.tip.empty() ? tool.title : tool.tip;
-    return what + ": drag; digits give an exact length, Esc takes back";
+/// What the tool does with which keys. Those of plug-ins have it in their bundle, beside the icon.
+QString hintFor(const session::Tool& tool, bool dragging) {
+    if (dragging) return "Digits: exact length.  Backspace: correct.  Return: done.  Esc: take back";
+    if (tool.builtin && tool.name == kAISelectionTool)
+        return "Click or drag to select, drag what is selected to move it.  Shift: add, eight ways.  Alt: copy";
+    if (tool.builtin) return "Click or drag to select anchors, drag them or their handles.  Shift: add.  Alt: corner";
+    try {
+        return QString::fromStdString(session::resource(*tool.owner, "txt", tool.lightIcon)).trimmed();
+    } catch (const session::HostError&) {
+        return QString::fromStdString(tool.tip.empty() ? tool.title : tool.tip) + ": drag";
+    }
 }
 
 /// A letter of the tool's title that no other tool has, first of its last words: what tells tools of a family apart.
@@ -84,6 +91,7 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     setCentralWidget(middle);
     makeFileMenu();
     makeEditMenu();
+    makeObjectMenu();
     makeViewMenu();
     makePluginMenu();
     makeToolbox();
@@ -98,6 +106,7 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     canvas_.remark = [this](const std::string& text) {
         text.empty() ? statusBar()->clearMessage() : statusBar()->showMessage(QString::fromStdString(text));
     };
+    selection_.entered = [this] { canvas_.setFocus(); };
     canvas_.heldByToggles = [this] { return toggled_; };
     canvas_.superIsOption = settings_.superIsOption();
     connect(&files_, &QFileSystemWatcher::fileChanged, this, guarded([this] {
@@ -116,136 +125,6 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
 }
 
 // Making
-
-QAction& Window::add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what) {
-    QAction* const action = menu.addAction(text);
-    action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, guarded(std::move(what)));
-    return *action;
-}
-
-void Window::makeFileMenu() {
-    QMenu& menu = *menuBar()->addMenu("&File");
-    add(menu, "&New", QKeySequence::New, [this] {
-        if (mayLose()) newDocument(kNewWidth, kNewHeight);
-    });
-    add(menu, "&Open...", QKeySequence::Open, [this] {
-        if (!mayLose()) return;
-        const QString path = QFileDialog::getOpenFileName(this, "Open a drawing", {}, kDrawings);
-        if (!path.isEmpty()) open(path.toStdString());
-    });
-    QMenu& recent = *menu.addMenu("Open &Recent");
-    connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { fillRecentMenu(recent); }));
-    fillRecentMenu(recent);
-    add(menu, "Reop&en", {}, [this] { reopen(); });
-    stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { giveUpReading(); });
-    stopReading_->setEnabled(false);
-    menu.addSeparator();
-    add(menu, "&Save", QKeySequence::Save, [this] { save(); });
-    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
-    add(menu, "&Export a Picture...", QKeySequence("Ctrl+Shift+E"), [this] { exportPicture(); });
-    menu.addSeparator();
-    add(menu, "&Quit", QKeySequence::Quit, [this] { close(); });
-}
-
-void Window::makeEditMenu() {
-    QMenu& menu = *menuBar()->addMenu("&Edit");
-    add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
-    add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
-    menu.addSeparator();
-    constexpr session::Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
-    const auto addKey = [&](const QString& text, const char* keys, const char* name, session::Modifiers held) {
-        add(menu, text, QKeySequence(keys), [this, name, held] { actions_.key(name, held); });
-    };
-    addKey("&Delete", "", "Delete", 0);
-    addKey("D&uplicate", "Ctrl+D", "D", kAICommandKey);
-    menu.addSeparator();
-    addKey("Select &All", "Ctrl+A", "A", kAICommandKey);
-    addKey("D&eselect All", "Ctrl+Shift+A", "A", kShiftCommand);
-    menu.addSeparator();
-    addKey("&Group", "Ctrl+G", "G", kAICommandKey);
-    addKey("U&ngroup", "Ctrl+Shift+G", "G", kShiftCommand);
-    addKey("Bring to &Front", "Ctrl+Shift+]", "]", kShiftCommand);
-    addKey("Send to &Back", "Ctrl+Shift+[", "[", kShiftCommand);
-}
-
-void Window::makeViewMenu() {
-    QMenu& menu = *menuBar()->addMenu("&View");
-    constexpr double kStep = 1.5;
-    add(menu, "Zoom &In", QKeySequence("Ctrl++"), [this] {
-        canvas_.zoomBy(kStep);
-    }).setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
-    add(menu, "Zoom &Out", QKeySequence("Ctrl+-"), [this] { canvas_.zoomBy(1 / kStep); });
-    add(menu, "&Whole Page", QKeySequence("Ctrl+0"), [this] { canvas_.fitPage(); });
-    add(menu, "&Actual Size", QKeySequence("Ctrl+1"), [this] { canvas_.zoomTo(1); });
-    menu.addSeparator();
-    const auto addSwitch = [&](const QString& text, const QKeySequence& keys, bool on, auto change) {
-        QAction* const action = menu.addAction(text);
-        action->setShortcut(keys);
-        action->setCheckable(true);
-        action->setChecked(on);
-        connect(action, &QAction::toggled, this, guarded([change](bool checked) { change(checked); }));
-    };
-    addSwitch("Snap to &Points", {}, actions_.session().pointer.snapping.toPoint,
-              [this](bool on) { actions_.setSnapping(on); });
-    addSwitch("Isometric &Grid", QKeySequence("Ctrl+'"), false, [this](bool on) {
-        canvas_.gridShown = on;
-        canvas_.update();
-    });
-    addSwitch("&Length beside the Pointer", {}, true, [this](bool on) { canvas_.feedbackShown = on; });
-    addSwitch("&Dark", {}, look().colors.dark, [this](bool on) { setDark(on); });
-    menu.addSeparator();
-    addSwitch("Super Key Is &Option, like Alt", {}, settings_.superIsOption(), [this](bool on) {
-        canvas_.superIsOption = on;
-        settings_.setSuperIsOption(on);
-    });
-}
-
-void Window::makePluginMenu() {
-    QMenu& menu = *menuBar()->addMenu("&Plug-ins");
-    menu.setObjectName("plugins");
-    connect(&menu, &QMenu::aboutToShow, this, guarded([this, &menu] { fillPluginMenu(menu); }));
-    fillPluginMenu(menu);
-}
-
-void Window::fillPluginMenu(QMenu& menu) {
-    menu.clear();
-    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
-    session::Session& session = actions_.session();
-    session.input.updateMenus();
-    const std::function<void(QMenu&, const session::MenuGroup&)> fill = [&](QMenu& into,
-                                                                            const session::MenuGroup& group) {
-        for (const session::MenuChild& child : group.children) {
-            if (child.group) {
-                const session::MenuItem* const opener = child.group->opener; // none: without a submenu
-                QMenu& inner = opener ? *into.addMenu(QString::fromStdString(opener->text)) : into;
-                if (opener) inner.setEnabled(session::Menus::isEnabled(*opener));
-                fill(inner, *child.group);
-                continue;
-            }
-            const session::MenuItem& item = *child.item;
-            const QString text = QString::fromStdString(item.text);
-            if (item.isDivider()) {
-                into.addSeparator();
-            } else {
-                QAction* const action = into.addAction(text);
-                action->setEnabled(session::Menus::isEnabled(item));
-                action->setCheckable(item.checked);
-                action->setChecked(item.checked);
-                // By its group too: plug-ins have items of one text in several.
-                const std::string& place = item.group->text.empty() ? item.group->name : item.group->text;
-                connect(action, &QAction::triggered, this,
-                        guarded([this, chosen = item.text, place] { actions_.chooseMenu(chosen, place); }));
-            }
-        }
-    };
-    for (const session::MenuGroup* const group : session.menus.groups()) {
-        if (group->parent || group->children.empty()) continue;
-        if (!menu.isEmpty()) menu.addSeparator();
-        fill(menu, *group);
-    }
-    if (menu.isEmpty()) menu.addAction("No plug-in has items")->setEnabled(false);
-}
 
 void Window::makeToolbox() {
     toolbox_.setObjectName("toolbox");
@@ -316,9 +195,9 @@ void Window::showTools() {
     const session::Tool& current = *actions_.session().toolbox.current();
     const Handling handling = canvas_.handling();
     if (handling == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
-    hint_.setText(QString::fromStdString(handling == Handling::Hand   ? "Drag to move the view"
-                                         : handling == Handling::Zoom ? "Click to zoom in, Alt-click to zoom out"
-                                                                      : hintFor(current)));
+    hint_.setText(handling == Handling::Hand   ? QString("Drag to move the view")
+                  : handling == Handling::Zoom ? QString("Click to zoom in, Alt-click to zoom out")
+                                               : hintFor(current, actions_.session().pointer.pressed()));
 }
 
 /// A double click on a tool asks it for its dialog.
@@ -357,6 +236,7 @@ void Window::makeStatusBar() {
     statusBar()->setSizeGripEnabled(false);
     statusBar()->setContentsMargins(0, 0, 8, 0);
     hint_.setContentsMargins(8, 0, 0, 0);
+    hint_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long one makes no window wider
     statusBar()->addWidget(&hint_, 1);
     // Many window managers keep Alt and the mouse to themselves.
     struct Toggle {
@@ -369,6 +249,7 @@ void Window::makeStatusBar() {
         button->setObjectName(QString("hold") + toggle.text);
         button->setCheckable(true);
         button->setFocusPolicy(Qt::NoFocus);
+        button->setAccessibleName(QString("Hold ") + toggle.text);
         button->setToolTip(QString("Hold ") + toggle.text + " for every gesture, as if the key were down");
         connect(button, &QToolButton::toggled, this,
                 guarded([this, bit = toggle.bit](bool on) { toggled_ = on ? toggled_ | bit : toggled_ & ~bit; }));
@@ -473,6 +354,12 @@ void Window::newDocument(double width, double height) {
     recovery_.drop();
 }
 
+void Window::openAsked() {
+    if (!mayLose()) return;
+    const QString path = QFileDialog::getOpenFileName(this, "Open a drawing", {}, kDrawings);
+    if (!path.isEmpty()) open(path.toStdString());
+}
+
 void Window::fillRecentMenu(QMenu& menu) {
     menu.clear();
     for (const QString& path : settings_.recent()) {
@@ -512,8 +399,8 @@ bool Window::saveTo(const std::string& path) {
                                  " was changed by another program since it was opened.\nSaving replaces those changes.",
                              QMessageBox::Cancel, this);
         question.setTextFormat(Qt::PlainText);
-        const auto* const replace = question.addButton("Save All the Same", QMessageBox::DestructiveRole);
-        question.exec();
+        const auto* const replace = question.addButton("&Save All the Same", QMessageBox::DestructiveRole);
+        ask(question);
         if (question.clickedButton() != replace) return false;
         force = true;
     }
@@ -526,14 +413,16 @@ bool Window::saveTo(const std::string& path) {
     return true;
 }
 
-void Window::exportPicture() {
+void Window::exportAs(const QString& end) {
     if (!actions_.document()) return;
-    const QString path = QFileDialog::getSaveFileName(this, "Export a picture", {}, "Pictures (*.png *.pdf)");
+    const std::string name = std::filesystem::path(actions_.path()).replace_extension().string();
+    QString path = QFileDialog::getSaveFileName(this, "Export as " + end.mid(1).toUpper(),
+                                                name.empty() ? QString() : QString::fromStdString(name) + end,
+                                                end.mid(1).toUpper() + " (*" + end + ')');
     if (path.isEmpty()) return;
+    if (!path.endsWith(end, Qt::CaseInsensitive)) path += end;
     constexpr double kDense = 2; // pixels a point
-    const bool isPdf = path.endsWith(".pdf", Qt::CaseInsensitive);
-    actions_.exportPicture((isPdf || path.endsWith(".png", Qt::CaseInsensitive) ? path : path + ".png").toStdString(),
-                           isPdf ? 1 : kDense);
+    actions_.exportPicture(path.toStdString(), end == ".png" ? kDense : 1);
     statusBar()->showMessage("Exported " + path, 3000);
 }
 
@@ -544,7 +433,7 @@ bool Window::mayLose() {
                          QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
     question.setObjectName("unsaved");
     question.setInformativeText("They are lost otherwise.");
-    switch (question.exec()) {
+    switch (ask(question)) {
     case QMessageBox::Save: return save();
     case QMessageBox::Discard: return true;
     default: return false;
@@ -566,10 +455,11 @@ void Window::offerRecovered() {
         question.setTextFormat(Qt::PlainText);
         question.setInformativeText(left.path.empty() ? QString("It was never saved.")
                                                       : QString::fromStdString(left.path));
-        const auto* const yes = question.addButton("Open It", QMessageBox::AcceptRole);
+        QPushButton* const yes = question.addButton("Open It", QMessageBox::AcceptRole);
+        question.setDefaultButton(yes);
         const auto* const no = question.addButton("Throw It Away", QMessageBox::DestructiveRole);
         question.addButton("Later", QMessageBox::RejectRole);
-        question.exec();
+        ask(question);
         if (question.clickedButton() == no) Recovery::remove(left);
         if (question.clickedButton() != yes) continue;
         read(left.copy, [this, left] {
@@ -589,8 +479,14 @@ void Window::tell(const QString& why) {
     QMessageBox box(QMessageBox::Warning, "Easel", why, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.setObjectName("failure");
-    box.exec();
+    ask(box);
+}
+
+/// Without a window manager nobody else gives the window its keys back.
+int Window::ask(QMessageBox& question) {
+    const int answer = question.exec();
     activateWindow();
+    return answer;
 }
 
 void Window::closeEvent(QCloseEvent* event) {

@@ -25,6 +25,7 @@
 
 class QActionGroup;
 class QComboBox;
+class QMessageBox;
 class QProgressBar;
 
 namespace easel::app {
@@ -54,19 +55,26 @@ class Window final : public QMainWindow {
     // Making
     void makeFileMenu();
     void makeEditMenu();
+    void makeObjectMenu();
     void makeViewMenu();
     void makePluginMenu();
     void makeToolbox();
     void makePanels();
     void makeStatusBar();
     QAction& add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what);
+    void addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held);
+    void addSwitch(QMenu& menu, const QString& text, const QKeySequence& keys, bool on,
+                   std::function<void(bool)> change);
+    void addGridItems(QMenu& menu);
 
     // Files
     bool saveAs();
     bool save();
     bool saveTo(const std::string& path);
-    void exportPicture();
-    [[nodiscard]] bool mayLose(); ///< asks where there is unsaved work
+    void openAsked();
+    void exportAs(const QString& end); ///< of the file's name, such as ".png"
+    [[nodiscard]] bool mayLose();      ///< asks where there is unsaved work
+    int ask(QMessageBox& question);
     void fillRecentMenu(QMenu& menu);
     void reopen();
     void read(const std::string& path, std::function<void()> opened);

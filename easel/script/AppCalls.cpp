@@ -64,6 +64,8 @@ void exportPng(Host& host, const std::string& path, std::optional<Positive> scal
     host.session.exportPng(path, scale.value_or(Positive{}).value, options.value_or(PictureOptions{}).overlay);
 }
 
+void exportSvg(Host& host, const std::string& path) { host.session.exportSvg(path); }
+
 void exportPdf(Host& host, const std::string& path, std::optional<Positive> scale) {
     host.session.exportPdf(path, scale.value_or(Positive{}).value);
 }
@@ -191,6 +193,11 @@ bool snapToPoint(Host& host) { return host.session.pointer.snapping.toPoint; }
 void setSnapToPoint(Host& host, Truthy on) { host.session.pointer.snapping.toPoint = on.holds; }
 double gridSpacing(Host& host) { return host.session.pointer.snapping.gridSpacing; }
 void setGridSpacing(Host& host, Positive spacing) { host.session.pointer.snapping.gridSpacing = spacing.value; }
+std::vector<double> axes(Host& host) { return host.session.toolbox.axes(); }
+bool axisGrid(Host& host) { return host.session.pointer.snapping.axisGrid; }
+void setAxisGrid(Host& host, Truthy on) { host.session.pointer.snapping.axisGrid = on.holds; }
+bool snapToAxisGrid(Host& host) { return host.session.pointer.snapping.toAxisGrid; }
+void setSnapToAxisGrid(Host& host, Truthy on) { host.session.pointer.snapping.toAxisGrid = on.holds; }
 
 constexpr double kMegabyte = 1 << 20;
 
@@ -255,6 +262,7 @@ constexpr Row kApp[] = {
     method<save>("app.save", "path, options"),
     method<exportPng>("app.exportPNG", "path, scale, options"),
     method<exportPdf>("app.exportPDF", "path, scale"),
+    method<exportSvg>("app.exportSVG", "path"),
     method<close>("app.close", ""),
     property<frontDocument>("app.document"),
     property<annotations>("app.annotations"),
@@ -275,6 +283,9 @@ constexpr Row kApp[] = {
     property<brightness, setBrightness>("app.brightness"),
     property<snapToPoint, setSnapToPoint>("app.snapToPoint"),
     property<gridSpacing, setGridSpacing>("app.gridSpacing"),
+    property<axes>("app.axes"),
+    property<axisGrid, setAxisGrid>("app.axisGrid"),
+    property<snapToAxisGrid, setSnapToAxisGrid>("app.snapToAxisGrid"),
     property<undoMegabytes, setUndoMegabytes>("app.undoMegabytes"),
     property<plugins>("app.plugins"),
     method<reload>("app.reload", "plugin"),

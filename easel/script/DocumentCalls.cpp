@@ -126,6 +126,27 @@ void move(Host& host, const ThisDocument& doc, const ArtList& list, double dx, d
     });
 }
 
+void scale(Host& host, const ThisDocument& doc, const ArtList& list, double across, double down, double x, double y) {
+    if (across == 0 || down == 0) throw BadArgument("neither factor may be 0");
+    const auto nodes = outermost(list, doc);
+    const model::Affine by{across, 0, 0, down, x - across * x, y - down * y};
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) doc->transform(*node, by);
+    });
+}
+
+void setOpacity(Host& host, const ThisDocument& doc, const ArtList& list, double opacity) {
+    if (opacity < 0 || opacity > 1) throw BadArgument("argument 2 (opacity) must be from 0 to 1");
+    const auto nodes = outermost(list, doc);
+    edit(host, *doc, [&] {
+        for (auto* node : nodes) {
+            model::Extras extras = node->extras();
+            extras.opacity = opacity;
+            doc->setExtras(*node, std::move(extras));
+        }
+    });
+}
+
 void remove(Host& host, const ThisDocument& doc, const ArtList& list) {
     const auto nodes = outermost(list, doc);
     edit(host, *doc, [&] {
@@ -195,6 +216,8 @@ constexpr Row kDocumentCalls[] = {
     property<currentLayer, setCurrentLayer>("doc.currentLayer"),
     method<addPath>("doc.addPath", "points, options"),
     method<move>("doc.move", "objects, dx, dy"),
+    method<setOpacity>("doc.setOpacity", "objects, opacity"),
+    method<scale>("doc.scale", "objects, across, down, x, y"),
     method<remove>("doc.remove", "objects"),
     method<setStyle>("doc.setStyle", "objects, style"),
     method<undo>("doc.undo", ""),

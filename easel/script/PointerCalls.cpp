@@ -33,6 +33,12 @@ std::string_view release(Host& host, double x, double y, const Modifiers& modifi
     return outcome(host.session.pointer);
 }
 
+void holdLength(Host& host, double length) {
+    if (length < 0) throw BadArgument("argument 1 (length) must not be negative");
+    if (!host.session.pointer.pressed()) throw session::Error("no mouse button is down");
+    host.session.pointer.holdLength(length);
+}
+
 std::string_view stroke(Host& host, const std::vector<model::Point>& points, const Modifiers& modifiers) {
     if (points.empty()) throw BadArgument("argument 1 (points) must have a point");
     auto& pointer = host.session.pointer;
@@ -64,6 +70,7 @@ constexpr Row kMouse[] = {
     method<drag>("mouse.drag", "x, y, modifiers"),
     method<release>("mouse.release", "x, y, modifiers"),
     method<stroke>("mouse.stroke", "points, modifiers"),
+    method<holdLength>("mouse.holdLength", "length"),
     method<rightClick>("mouse.rightClick", "x, y, modifiers"),
     property<location>("mouse.location"),
 };

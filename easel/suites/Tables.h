@@ -49,6 +49,7 @@
 #include "hostapi/SPBasic.h"
 #include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPPluginsSuite.h"
+#include "hostapi/StageAxesSuite.h"
 #include "hostapi/StageSuite.h"
 #include "session/frame/Suites.h"
 
@@ -96,7 +97,7 @@ class Tables final : public session::Suites {
                Published<AIUndoSuite>, Published<AIGroupSuite>, Published<AIMaskSuite>, Published<AIExpandSuite>,
                Published<AIFontSuite>, Published<AIGradientSuite>, Published<AIPatternSuite>, Published<AISymbolSuite>,
                Published<AIRasterSuite>, Published<AIPlacedSuite>, Published<AIMeshSuite>, Published<AIRealMathSuite>,
-               Published<AIRuntimeSuite>, Published<AIURLSuite>, Published<StageSuite>>
+               Published<AIRuntimeSuite>, Published<AIURLSuite>, Published<StageSuite>, Published<StageAxesSuite>>
         all_;
 };
 

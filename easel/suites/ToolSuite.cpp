@@ -1,6 +1,10 @@
-// The tool suite on the session's toolbox, and what its tools snap to.
+// The tool suite on the session's toolbox, what its tools snap to, and along which axes they draw.
+#include <algorithm>
+#include <cmath>
+
 #include "hostapi/AICursorSnapSuite.h"
 #include "hostapi/AIToolSuite.h"
+#include "hostapi/StageAxesSuite.h"
 #include "session/frame/Messenger.h"
 #include "session/frame/Toolbox.h"
 #include "session/input/Input.h"
@@ -50,12 +54,20 @@ void setSnapping(Plugin& self, std::int32_t kinds) {
     self.toolSnapping = kinds;
 }
 
+void setDrawingAxes(Plugin& self, const AIReal* degrees, std::int32_t count) {
+    require(count >= 0 && count <= kStageMostAxes && (degrees || count == 0));
+    require(std::all_of(degrees, degrees + count, [](AIReal each) { return std::isfinite(each); }));
+    self.axes.assign(degrees, degrees + count);
+}
+
 } // namespace
 
 template <> void fill(AICursorSnapSuite& suite) {
     enter<&AICursorSnapSuite::GetToolSnapping, &Plugin::toolSnapping>(suite);
     enter<&AICursorSnapSuite::SetToolSnapping, setSnapping>(suite);
 }
+
+template <> void fill(StageAxesSuite& suite) { enter<&StageAxesSuite::SetDrawingAxes, setDrawingAxes>(suite); }
 
 template <> void fill(AIToolSuite& suite) {
     enter<&AIToolSuite::AddTool, addTool>(suite);

@@ -33,6 +33,7 @@ class vlGlobals : public vlBaseGlobals {
     kzo::core::Angle verticalAxisAngle{90, kzo::core::Angle::Units::Degrees};
     kzo::core::Angle xAxisAngle{150, kzo::core::Angle::Units::Degrees}; // to the left
     vlCompanionData companion;
+    void tellAxes() const; ///< to the host, which may show a grid along them
 
     // Settings
     bool autoConcat = true;          // a line drawn from the end of an open path is joined to it

@@ -111,6 +111,7 @@ void vlPrefs::__prefsOKbtnCB() {
     __dlgUpdateCB();
     applyPrefsSettings();
     setPrefs();
+    vlGlobals::instance()->tellAxes();
 }
 
 void vlPrefs::__prefsCancelCB() { updatePrefsDlg(); }

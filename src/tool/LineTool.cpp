@@ -116,6 +116,7 @@ void Plugin::__toolSelectedCB() {
         applyPWdata();
     else
         applyIsoAxes();
+    vlGlobals::instance()->tellAxes();
 }
 
 void Plugin::__toolDeselectedCB() {

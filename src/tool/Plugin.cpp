@@ -87,6 +87,7 @@ void Plugin::postStartup() {
     vl::toolSet::clearBaseTool(); // whoever starts from now on has another run of the host
     attachPrefsDialog(lineTool_);
     attachPrefsDialog(moverTool_);
+    vlGlobals::instance()->tellAxes();
 }
 
 /// A double-click on the tool shows the dialog, brought up to date.

@@ -1,7 +1,9 @@
 // The window as a hand uses it: drawing, keys, files, questions, panels, and what it shows.
+#include <QAccessible>
 #include <QAction>
 #include <QCheckBox>
 #include <QDesktopServices>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -13,6 +15,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <numbers>
 #include <sstream>
 
 #include "script/Script.h"
@@ -33,6 +36,13 @@ class WindowTest : public Shown {
 
     const easel::model::PathData& topPath() { return document().currentLayer().firstChild()->path(); }
     std::size_t paths() { return document().currentLayer().childCount(); }
+    /// An item of a menu, by its text.
+    void choose(const char* text) {
+        for (QAction* const action : window->findChildren<QAction*>())
+            if (action->text() == text) return action->trigger();
+        ADD_FAILURE() << "no item " << text;
+    }
+    void enter(const char* field, double value) { window->findChild<QDoubleSpinBox*>(field)->setValue(value); }
 };
 
 // Gestures
@@ -48,6 +58,14 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     drag({60, 60});
     type("25.5");
     release({60, 60});
+    choose("Axonometric &Grid");
+    actions->setGridSpacing(12);
+    stroke({{61, 151}, {90, 140}, {111, 122}});
+    actions->key("A", kAICommandKey);
+    key(canvas(), Qt::Key_Right, {}, Qt::ShiftModifier);
+    enter("width", 150);
+    enter("y", 30);
+    enter("opacity", 40);
     actions->addLayer("Other \"one\"");
     actions->setLayerLocked(1, true);
     stroke({{20, 20}, {20, 90}});
@@ -79,24 +97,108 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     EXPECT_EQ(folder.content("window.svg"), drawn);
 }
 
+/// Of the line that is drawn, and of the way that it is moved, with every tool.
 TEST_F(WindowTest, HoldsTypedLengthsUntilTheGestureEnds) {
-    chooseTool("Isometric Line Tool");
-    press({100, 100});
-    drag({150, 60});
-    type("405");
-    key(canvas(), Qt::Key_Backspace);
-    const auto length = [&] {
-        const auto& points = topPath().points;
-        return std::hypot(points[1].anchor.x - points[0].anchor.x, points[1].anchor.y - points[0].anchor.y);
+    const auto anchor = [&](std::size_t index) { // of the line; a guide of the mover's may lie above it
+        const auto* line = document().currentLayer().firstChild();
+        while (line && line->next()) line = line->next();
+        return line ? line->path().points[index].anchor : Point();
     };
-    EXPECT_NEAR(length(), 40, 1e-9);
-    drag({180, 80});
-    EXPECT_NEAR(length(), 40, 1e-9);
-    key(canvas(), Qt::Key_Return);
-    EXPECT_FALSE(session->pointer.pressed());
-    EXPECT_NEAR(length(), 40, 1e-9);
-    stroke({{100, 160}, {140, 160}, {190, 160}});
-    EXPECT_NEAR(length(), 90, 1e-9); // nothing is held any more
+    for (const char* const tool : {"Isometric Line Tool", "Isometric Mover Tool", "Selection Tool"}) {
+        SCOPED_TRACE(tool);
+        chooseTool(tool);
+        const bool draws = paths() == 0;
+        const Point before = anchor(0);
+        const Point end = draws ? Point() : anchor(1);
+        const Point from = draws ? Point{100, 100} : Point{(before.x + end.x) / 2, (before.y + end.y) / 2};
+        const auto length = [&] {
+            const Point a = draws ? anchor(0) : before;
+            const Point b = draws ? anchor(1) : anchor(0);
+            return std::hypot(b.x - a.x, b.y - a.y);
+        };
+        press(from);
+        drag({from.x + 50, from.y});
+        type("405,");
+        key(canvas(), Qt::Key_Backspace);
+        key(canvas(), Qt::Key_Backspace);
+        EXPECT_NEAR(length(), 40, 1e-9);
+        drag({from.x + 80, from.y});
+        type(".5");
+        EXPECT_NEAR(length(), 40.5, 1e-9);
+        key(canvas(), Qt::Key_Return);
+        EXPECT_FALSE(session->pointer.pressed());
+        EXPECT_NEAR(length(), 40.5, 1e-9);
+        EXPECT_EQ(paths(), 1U);
+        release({from.x + 80, from.y}); // the button comes up later
+        actions->undo();
+        actions->redo();
+        EXPECT_NEAR(length(), 40.5, 1e-9);
+        if (draws) actions->key("A", kAICommandKey);
+    }
+    EXPECT_TRUE(failures.empty());
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 190}, {140, 190}, {190, 190}});
+    EXPECT_NEAR(topPath().points[1].anchor.x - topPath().points[0].anchor.x, 90 * std::sqrt(0.75),
+                1e-9); // nothing is held any more
+}
+
+TEST_F(WindowTest, TheGridFollowsTheAxesOfThePlugin) {
+    const auto pixel = [&](Point at) {
+        return canvas().grab().toImage().pixelColor(canvas().fromDocument(at).toPoint());
+    };
+    canvas().zoomTo(3);
+    const Point crossing{10 * std::sqrt(0.75) * 4, 60};
+    EXPECT_EQ(pixel(crossing), QColor(Qt::white));
+    choose("Axonometric &Grid");
+    EXPECT_NE(pixel(crossing), QColor(Qt::white));
+    EXPECT_EQ(pixel({crossing.x + 2.9, crossing.y}), QColor(Qt::white)); // amid three lines
+    chooseTool("Isometric Line Tool");
+    stroke({{crossing.x + 1, crossing.y + 2}, {60, 50}, {crossing.x + 26, crossing.y - 17}});
+    EXPECT_NEAR(topPath().points[0].anchor.x, crossing.x, 1e-9);
+    EXPECT_NEAR(topPath().points[1].anchor.x, crossing.x + 30 * std::sqrt(0.75), 1e-9);
+    EXPECT_NEAR(topPath().points[1].anchor.y, crossing.y - 15, 1e-9);
+
+    // Along axes of 42 degrees to the right and 30 to the left the arrows move it.
+    actions->key("A", kAICommandKey);
+    session->toolbox.findByTitle("Isometric Line Tool")->owner->axes = {42, 150, 90};
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        double degrees, length;
+    } rows[] = {{Qt::Key_Right, {}, 42, 1},
+                {Qt::Key_Left, Qt::ShiftModifier, 222, 10},
+                {Qt::Key_Left, Qt::ControlModifier, 150, 1},
+                {Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier, 330, 10},
+                {Qt::Key_Up, {}, 90, 1},
+                {Qt::Key_Down, Qt::ShiftModifier, 270, 10}};
+    for (const auto& row : rows) {
+        const Point before = topPath().points[0].anchor;
+        key(canvas(), row.key, {}, row.held);
+        const Point after = topPath().points[0].anchor;
+        const double angle = row.degrees * std::numbers::pi / 180;
+        EXPECT_NEAR(after.x - before.x, row.length * std::cos(angle), 1e-9) << row.degrees;
+        EXPECT_NEAR(before.y - after.y, row.length * std::sin(angle), 1e-9) << row.degrees;
+    }
+    choose("Axonometric &Grid");
+    const double height = topPath().points[0].anchor.y;
+    key(canvas(), Qt::Key_Right);
+    EXPECT_EQ(topPath().points[0].anchor.y, height);
+}
+
+TEST_F(WindowTest, EveryControlHasANameAndItsPlaceInTheOrderOfTab) {
+    std::string order;
+    for (QWidget* at = canvas().nextInFocusChain(); at != &canvas(); at = at->nextInFocusChain()) {
+        const bool takesFocus = (at->focusPolicy() & Qt::TabFocus) && at->isVisible() && !at->focusProxy();
+        if (!takesFocus) continue;
+        const QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(at);
+        ASSERT_NE(face, nullptr);
+        EXPECT_NE(face->text(QAccessible::Name), "") << at->metaObject()->className();
+        if (!at->objectName().isEmpty() && !at->objectName().startsWith("qt_"))
+            order += at->objectName().toStdString() + ' ';
+    }
+    EXPECT_EQ(order,
+              "layers addLayer layerUp layerDown removeLayer x y width height stroke strokeColor opacity fillColor "
+              "zoom ");
 }
 
 TEST_F(WindowTest, ModifiersActAtOnceAndEscapeTakesBack) {
@@ -305,6 +407,10 @@ TEST_F(WindowTest, KeysEditWhatIsSelected) {
     EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
     command("D");
     EXPECT_EQ(paths(), 2U);
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 11, before.y}));
+    command("[");
+    EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
+    command("]");
     EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 11, before.y}));
     command("[", kAIShiftKey);
     EXPECT_EQ(topPath().points[0].anchor, (Point{before.x + 1, before.y - 10}));
@@ -535,8 +641,7 @@ TEST_F(WindowTest, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
     std::ofstream(path, std::ios::app) << "<!-- theirs -->";
     actions->addLayer("Ours");
     clickWhenAsked("Cancel");
-    for (QAction* const action : window->findChildren<QAction*>())
-        if (action->text() == "&Save") action->trigger();
+    choose("&Save");
     EXPECT_THAT(asked, HasSubstr("changed by another program"));
     EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
     EXPECT_TRUE(actions->isModified());

@@ -47,6 +47,7 @@
 #include "hostapi/SPInterfaceSuite.h"
 #include "hostapi/SPMessages.h"
 #include "hostapi/SPPluginsSuite.h"
+#include "hostapi/StageAxesSuite.h"
 #include "hostapi/StageSuite.h"
 
 /* C99 has no static assertion; an array of negative size is one. */

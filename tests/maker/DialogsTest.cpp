@@ -174,6 +174,10 @@ TEST_F(ProductDialogs, TakeAxesAndSwitches) {
         EXPECT_EQ(played(kQuiet, "prefs(function (d) { " + row.does + " });"), row.printed) << row.does;
         EXPECT_EQ(kept("xAxis") + " " + kept("zAxis"), row.x + " " + row.z) << row.does;
     }
+    // The host hears of them at the start, and when they change.
+    const std::string axes = "print(app.axes.map(Math.round)); ";
+    const std::string other = "prefs(function (d) { " + typed(kX, "-45") + typed(kZ, "20") + "d.press('Return'); }); ";
+    EXPECT_EQ(played(kQuiet, axes + other + axes), "30,150,90\n20,135,90\n");
     // The switches count at once, whatever becomes of the dialog; a double-click shows it too, and never stale.
     EXPECT_EQ(played(kQuiet,
                      "prefs(function (d) { d.check('Automatically concatenate lines');\n"

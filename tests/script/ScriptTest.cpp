@@ -1,5 +1,6 @@
 // Session scripts: what a failing line says, and what scripts do to a document, all without a plug-in.
 #include "support/Playing.h"
+#include "svg/Writer.h"
 
 namespace {
 
@@ -46,6 +47,8 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"mouse.stroke([[1, 2], [3]])", "mouse.stroke: argument 1 (points), item 1 must be [x, y], not a list"},
         {"mouse.drag(1, 1)", "mouse.drag: no mouse button is down"},
         {"mouse.release(1, 1)", "mouse.release: no mouse button is down"},
+        {"mouse.holdLength(1)", "mouse.holdLength: no mouse button is down"},
+        {"mouse.holdLength(-1)", "mouse.holdLength: argument 1 (length) must not be negative"},
         {"mouse.press(1, 1)", "mouse.press: no document is open"},
         {"doc.undo(); mouse.press(1, 1); mouse.press(1, 1)", "mouse.press: the mouse button is down already"},
         {"doc.undo(); mouse.press(1, 1); mouse.move(1, 1)", "mouse.move: the mouse button is down; a move is a drag"},
@@ -178,6 +181,46 @@ TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
     const std::string mark = "\xef\xbf\xbd";
     EXPECT_EQ(play("print(app.document.layers[0].title)"),
               "a" + mark + "\xf0\x9f\x9a\x80" + mark + mark + "b" + mark + "\n");
+}
+
+TEST_F(ScriptTest, HoldsGesturesToLengthsAndToTheGrid) {
+    // Steps of 10 points at 30 degrees: 5 sqrt(3) across, 5 up.
+    EXPECT_EQ(play(R"js(
+        var doc = app.newDocument(200, 200);
+        var line = doc.addPath([[0, 0], [40, 0]]);
+        function where() { var p = line.points[0]; return p.x.toFixed(3) + ' ' + p.y.toFixed(3); }
+        app.axisGrid = true;
+        mouse.press(21, 1);             // picked where it is, though a crossing is elsewhere
+        mouse.drag(29, -5);
+        print(where());
+        app.snapToAxisGrid = false;
+        mouse.drag(29, -5);
+        print(where());
+        mouse.holdLength(5);
+        mouse.release(21 + 30, 1 + 40); // 3 to 4 to 5
+        print(where());
+        mouse.stroke([[100, 100], [300, 300]]); // nothing is there: a marquee
+        doc.scale(line, 2, 1, 3, 4);
+        print(where(), line.points[1].x, app.axes, app.axisGrid, app.snapToAxisGrid);
+        app.axisGrid = false;
+        mouse.stroke([[50, 5], [51, 6], [53, 8]]);
+        print(where());
+    )js"),
+              "8.660 -5.000\n8.000 -6.000\n3.000 4.000\n3.000 4.000 83 30,150,90 true false\n6.000 7.000\n");
+}
+
+TEST_F(ScriptTest, ACopyThatIsExportedIsNotTheDrawingsFile) {
+    const std::string own = folder.path("own.svg");
+    const std::string copy = folder.path("copy.svg");
+    EXPECT_EQ(play("app.newDocument(9, 9).addPath([[0, 0], [5, 5]]); app.save('" + own +
+                   "'); app.document.addPath([[1, "
+                   "1], [2, 2]]); app.exportSVG('" +
+                   copy + "'); app.exportSVG('" + own + "')"),
+              "1: app.exportSVG: " + own + ": is the file of this drawing; it is saved, not exported");
+    EXPECT_TRUE(session.documents.isModified(*session.document()));
+    EXPECT_EQ(session.documents.pathOf(*session.document()), own);
+    EXPECT_EQ(folder.content("copy.svg"), easel::svg::write(*session.document()));
+    EXPECT_EQ(play("app.exportSVG('x.txt')"), "1: app.exportSVG: x.txt: the name of an SVG file must end in .svg");
 }
 
 TEST_F(ScriptTest, ArrangesArtLayersAndArtboards) {

@@ -38,7 +38,11 @@ class Shown : public testing::Test {
         actions = std::make_unique<easel::app::Actions>(*session, *recorder);
         window = std::make_unique<easel::app::Window>(*actions, recovery, settings);
         session->alerts.handler = [this](const auto& alert) { return easel::app::showAlert(alert, *window); };
-        session->dialogs.face = [this](auto& dialog) { easel::app::showDialog(session->dialogs, dialog, *window); };
+        session->dialogs.face = [this](auto& dialog) {
+            actions->dialogs.opened(dialog);
+            easel::app::showDialog(session->dialogs, dialog, *window);
+        };
+        session->dialogs.heard = [this](auto& dialog, const auto& message) { actions->dialogs.heard(dialog, message); };
         easel::app::Application::instance().failed = [this](const QString& why) {
             failures.push_back(why.toStdString());
         };

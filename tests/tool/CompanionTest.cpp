@@ -42,6 +42,9 @@ class Companion : public testing::Test {
 TEST_F(Companion, TellsTheAxesWhenItAnswersAllThreeMessages) {
     load("Plotwise", told);
     EXPECT_TRUE(drawsAlong(15, 140));
+    using testing::DoubleNear;
+    EXPECT_THAT(desk.session().toolbox.axes(), // as the host knows them
+                testing::ElementsAre(DoubleNear(15, 1e-9), DoubleNear(140, 1e-9), DoubleNear(90, 1e-9)));
     EXPECT_THAT(told.heard,
                 testing::ElementsAre("PUB_MSG_GET_VERSION", "PUB_MSG_GET_CURR_SCALE", "PUB_MSG_GET_CURR_AXO_VIEW"));
     const auto documentLayer = told.layer;

@@ -91,6 +91,7 @@ void Session::forget(Plugin& plugin) {
     dialogs.forget(plugin);
     if (screen.cursor.plugin == plugin.handle) screen.cursor = {};
     plugin.toolSnapping = 0;
+    plugin.axes.clear();
     plugin.monitorsInput = false;
 }
 
@@ -156,6 +157,12 @@ void Session::exportPng(const std::string& path, double scale, Overlay overlay) 
             marks.insert(marks.end(), annotator->marks.begin(), annotator->marks.end());
     }
     documents.exportPng(front, path, scale, marks);
+}
+
+void Session::exportSvg(const std::string& path) {
+    model::Document& front = documents.needFront();
+    pointer.cancel();
+    documents.exportSvg(front, path);
 }
 
 void Session::exportPdf(const std::string& path, double scale) {

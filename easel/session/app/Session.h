@@ -65,6 +65,7 @@ class Session {
     /// The document in front; throws Error. A gesture is cancelled first, except that annotations show it under way.
     /// Not onto a file that another program has changed, unless by `force`.
     void save(const std::string& path, bool force = false);
+    void exportSvg(const std::string& path); ///< a copy, which does not become the document's file
     void exportPng(const std::string& path, double scale, Overlay overlay = Overlay::None);
     void exportPdf(const std::string& path, double scale);
     void close();                                                                 ///< with its unsaved changes

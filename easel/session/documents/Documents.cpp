@@ -8,6 +8,7 @@
 #include "model/Bounds.h"
 #include "session/base/Error.h"
 #include "svg/Definitions.h"
+#include "svg/Files.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -160,6 +161,14 @@ std::unique_ptr<model::Document> Documents::read(const std::string& path) {
 void Documents::write(model::Document& document, const std::string& path, bool force) {
     const svg::Overwrite overwrite = force ? svg::Overwrite::Always : svg::Overwrite::IfUnchanged;
     withFile([&] { svg::save(document, path, overwrite); });
+}
+
+void Documents::exportSvg(model::Document& document, const std::string& path) const {
+    if (!path.ends_with(".svg")) throw Error(path + ": the name of an SVG file must end in .svg");
+    std::error_code differs;
+    if (std::filesystem::equivalent(path, pathOf(document), differs))
+        throw Error(path + ": is the file of this drawing; it is saved, not exported");
+    withFile([&] { svg::replaceFile(path, svg::write(document)); });
 }
 
 void Documents::exportPng(model::Document& document, const std::string& path, double scale,

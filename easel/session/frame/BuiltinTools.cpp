@@ -49,6 +49,8 @@ class SelectingTool : public BuiltinTool {
         const bool adding = (modifiers & kAIShiftKey) != 0;
         picked_ = pick(document, location, adding);
         if (!picked_ && !adding) document.deselectAll();
+        marquee_.reset();
+        if (!picked_) includeInMarquee(location);
     }
 
     void drag(Document& document, Point location, Modifiers modifiers) final {
@@ -58,16 +60,19 @@ class SelectingTool : public BuiltinTool {
             const Point way{location.x - start_.x, location.y - start_.y};
             return move(document, shift ? constrained(way) : way, modifiers);
         }
-        Box box;
-        box.include(start_);
-        box.include(location);
-        selectWithin(document, box, shift);
+        includeInMarquee(location);
+        selectWithin(document, *marquee_, shift);
     }
 
     void release(Document& document, Point location, Modifiers modifiers) final {
-        if (dragged_ || location != start_) return drag(document, location, modifiers);
-        if (picked_) click(document, (modifiers & kAIShiftKey) != 0);
+        if (dragged_ || location != start_)
+            drag(document, location, modifiers);
+        else if (picked_)
+            click(document, (modifiers & kAIShiftKey) != 0);
+        marquee_.reset();
     }
+
+    [[nodiscard]] std::optional<Box> marquee() const final { return marquee_; }
 
   protected:
     /// Selects what lies at `location`, in addition when `adding`; what is selected already is left as it is until it
@@ -79,7 +84,14 @@ class SelectingTool : public BuiltinTool {
     virtual void selectWithin(Document& document, const Box& box, bool toggling) = 0;
 
   private:
+    void includeInMarquee(Point location) {
+        marquee_ = Box{};
+        marquee_->include(start_);
+        marquee_->include(location);
+    }
+
     Point start_;
+    std::optional<Box> marquee_;
     bool picked_ = false;
     bool dragged_ = false;
 };

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "model/Document.h"
 #include "session/frame/Held.h"
@@ -22,6 +23,8 @@ class BuiltinTool {
     virtual void press(model::Document& document, model::Point location, Modifiers modifiers) = 0;
     virtual void drag(model::Document& document, model::Point location, Modifiers modifiers) = 0;
     virtual void release(model::Document& document, model::Point location, Modifiers modifiers) = 0;
+    /// The rectangle that the running gesture opens, to select what it touches; none while it does something else.
+    [[nodiscard]] virtual std::optional<model::Box> marquee() const = 0;
 };
 
 /// Selects and moves whole objects: paths, compound paths, opaque art and outermost groups.

@@ -199,9 +199,10 @@ void Dialogs::forget(const Plugin& plugin) {
 
 // What the user does
 
-void Dialogs::tell(const Dialog& dialog, StageDialogMessage message) {
+void Dialogs::tell(Dialog& dialog, StageDialogMessage message) {
     if (!dialog.running || dialog.ended) return;
     message.dialog = dialog.handle;
+    if (heard) heard(dialog, message);
     messenger_.send(*dialog.owner, kCallerStage, kSelectorStageDialogEvent, message.d);
 }
 

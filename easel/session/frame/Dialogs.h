@@ -79,6 +79,8 @@ class Dialogs {
     explicit Dialogs(Messenger& messenger) : messenger_(messenger) {}
 
     Face face;
+    /// Told of everything that the user does to a dialog, before its plug-in is.
+    std::function<void(Dialog&, const StageDialogMessage&)> heard;
     /// Off, the host shows neither dialogs nor alerts, and refuses what is about them.
     bool staged = true;
 
@@ -108,7 +110,7 @@ class Dialogs {
     void close(Dialog& dialog);
 
   private:
-    void tell(const Dialog& dialog, StageDialogMessage message);
+    void tell(Dialog& dialog, StageDialogMessage message);
 
     Messenger& messenger_;
     Registry<Dialog, StageDialogRef> dialogs_;

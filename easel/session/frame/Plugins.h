@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "hostapi/SPMessages.h"
 #include "session/base/Handles.h"
@@ -18,6 +19,7 @@ struct Plugin {
     std::string filePath; ///< absolute
     std::int32_t options = 0;
     std::int32_t toolSnapping = 0; ///< kSnapToArt ...
+    std::vector<double> axes;      ///< that its tools draw along, in degrees, counter-clockwise from the right
     void* library = nullptr;       ///< as the dynamic linker knows it; null for a function
     SPEntry entry = nullptr;
     void* globals = nullptr;

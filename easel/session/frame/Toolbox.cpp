@@ -58,6 +58,15 @@ void Toolbox::remove(Tool& tool) {
     tools_.remove(tool);
 }
 
+const std::vector<double>& Toolbox::axes() const {
+    static const std::vector<double> kIsometric{30, 150, 90};
+    const auto told = [](const Tool& tool) { return tool.owner && !tool.owner->axes.empty(); };
+    if (told(*current_)) return current_->owner->axes;
+    for (const Tool* const tool : tools_.all())
+        if (told(*tool)) return tool->owner->axes;
+    return kIsometric;
+}
+
 void Toolbox::setTitle(Tool& tool, std::string_view title) {
     requirePlugins(tool);
     change(tool.title, title, changes_.titles);

@@ -59,6 +59,9 @@ class Toolbox {
     [[nodiscard]] Tool* current() const { return current_; } ///< never null
 
     void setCurrent(Tool& tool) { current_ = &tool; }
+    /// That the current tool draws along, in degrees; if it tells none, those of the first tool that does, else those
+    /// of an isometric view.
+    [[nodiscard]] const std::vector<double>& axes() const;
 
     void setTitle(Tool& tool, std::string_view title);
     void setTip(Tool& tool, std::string_view tip);

@@ -110,13 +110,21 @@ void ungroupSelected(Document& document) {
     }
 }
 
-void arrangeSelected(Document& document, bool toFront) {
+void arrangeSelected(Document& document, Order order) {
     const model::Journal::Scope oneStep(document.journal());
     std::vector<Node*> objects = wholeObjects(document);
-    // The last one to go lies outermost.
-    if (toFront) std::reverse(objects.begin(), objects.end());
-    const auto where = toFront ? model::Placement::OnTopInside : model::Placement::AtBottomInside;
-    for (Node* const object : objects) document.place(*object, where, *object->parent());
+    // The last one to go lies outermost; of steps the first, so that neighbours do not change places.
+    if (order == Order::Front || order == Order::Backward) std::reverse(objects.begin(), objects.end());
+    for (Node* const object : objects) {
+        Node* const above = object->previous();
+        Node* const below = object->next();
+        if (order == Order::Front) document.place(*object, model::Placement::OnTopInside, *object->parent());
+        if (order == Order::Back) document.place(*object, model::Placement::AtBottomInside, *object->parent());
+        if (order == Order::Forward && above && !above->selected())
+            document.place(*object, model::Placement::Above, *above);
+        if (order == Order::Backward && below && !below->selected())
+            document.place(*object, model::Placement::Below, *below);
+    }
 }
 
 void removeSelected(Document& document) {

@@ -1,6 +1,8 @@
 // What keys do to the document in front.
 #pragma once
 
+#include <cstdint>
+
 #include "model/Document.h"
 
 namespace easel::session {
@@ -20,7 +22,8 @@ void duplicateSelected(model::Document& document);
 void groupSelected(model::Document& document);
 /// Puts what the groups among them hold in their places.
 void ungroupSelected(model::Document& document);
-/// Puts them in front of, or behind, all else of what they are in.
-void arrangeSelected(model::Document& document, bool toFront);
+enum class Order : std::uint8_t { Front, Forward, Backward, Back };
+/// Puts them in front of, or behind, all else of what they are in, or the next of that.
+void arrangeSelected(model::Document& document, Order order);
 
 } // namespace easel::session

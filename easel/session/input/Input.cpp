@@ -34,8 +34,10 @@ void Input::edit(std::int32_t code) {
     if (code == key::kD && held == kAICommandKey) duplicateSelected(document);
     if (code == key::kG && held == kAICommandKey) groupSelected(document);
     if (code == key::kG && held == kShiftCommand) ungroupSelected(document);
-    if (code == key::kRightBracket && held == kShiftCommand) arrangeSelected(document, true);
-    if (code == key::kLeftBracket && held == kShiftCommand) arrangeSelected(document, false);
+    if (code == key::kRightBracket && held == kShiftCommand) arrangeSelected(document, Order::Front);
+    if (code == key::kRightBracket && held == kAICommandKey) arrangeSelected(document, Order::Forward);
+    if (code == key::kLeftBracket && held == kAICommandKey) arrangeSelected(document, Order::Backward);
+    if (code == key::kLeftBracket && held == kShiftCommand) arrangeSelected(document, Order::Back);
 }
 
 // Tools

@@ -28,7 +28,7 @@ class Input {
     /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
     /// gesture, and the brackets ask the current tool for another diameter. Between gestures the Delete keys remove
     /// what is selected, and with Command Z takes a step back (with Shift: brings it again), A selects all (nothing), D
-    /// duplicates, G groups (ungroups), the brackets with Shift bring to the front and send to the back.
+    /// duplicates, G groups (ungroups), the brackets bring one step forward and backward (to the front and the back).
     void pressKey(std::int32_t code, Modifiers modifiers);
 
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.

@@ -14,10 +14,25 @@ namespace easel::session {
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     held_.modifiers = modifiers;
     rawLocation_ = location_ = location;
-    model::Document* const document = documents_.front();
-    const Tool* const tool = toolbox_.current();
-    if (document && heldLength_ == 0)
-        location_ = snapping.snapped(*document, location, tool->owner ? tool->owner->toolSnapping : 0);
+    if (documents_.front() && heldLength_ == 0) location_ = snapped(location);
+}
+
+model::Point Pointer::snapped(model::Point location) const {
+    const Tool& tool = *toolbox_.current();
+    const AxisGrid grid = snapping.axisGrid ? axisGrid() : AxisGrid({}, 1);
+    const std::int32_t kinds = tool.owner ? tool.owner->toolSnapping : 0;
+    if (const auto near = snapping.snapped(*documents_.front(), location, kinds, grid)) return *near;
+    if (grid.isEmpty() || !snapping.toAxisGrid) return location;
+    const model::Point way{location.x - pressLocation_.x, location.y - pressLocation_.y};
+    const auto at = [this](model::Point step) {
+        return model::Point{pressLocation_.x + step.x, pressLocation_.y + step.y};
+    };
+    if (tool.builtin) { // picks what the mouse is on, and moves it by whole steps
+        const bool moves = held_.button && !tool.builtin->marquee();
+        return moves ? at(grid.nearest(way)) : location;
+    }
+    const bool drawsAlongAxes = !tool.owner->axes.empty() && !(held_.modifiers & (kAIShiftKey | kAIOptionKey));
+    return held_.button && drawsAlongAxes ? at(grid.alongAxis(way)) : grid.nearest(location);
 }
 
 model::Point Pointer::heldTo(model::Point location) const {

@@ -68,11 +68,14 @@ class Pointer {
     SPErr sendTo(Tool& tool, const char* selector, std::uint32_t flags = 0);
 
     Snapping snapping;
+    /// The grid along the axes of the current tool's plug-in, else of any tool's, else isometric ones.
+    [[nodiscard]] AxisGrid axisGrid() const { return {toolbox_.axes(), snapping.gridSpacing}; }
 
   private:
     using Handler = void (Pointer::*)(model::Point, Modifiers);
 
     void locate(model::Point location, Modifiers modifiers);
+    [[nodiscard]] model::Point snapped(model::Point location) const;
     void post(const char* name, Handler handler, model::Point place);
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile, and keeps its remark.
     void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);

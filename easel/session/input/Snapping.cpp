@@ -35,22 +35,24 @@ Found onPage(const model::Document& page, Point location, double reach) {
     return within(location, toAlong < toAcross ? along : across, reach);
 }
 
-Found onGrid(Point location, double spacing, double reach) {
+Found onGrid(Point location, double spacing, const AxisGrid& grid, double reach) {
+    if (!grid.isEmpty()) return within(location, grid.nearest(location), reach);
     const auto line = [spacing](double value) { return std::round(value / spacing) * spacing; };
     return within(location, {line(location.x), line(location.y)}, reach);
 }
 
 } // namespace
 
-Point Snapping::snapped(model::Document& document, Point location, std::int32_t kinds) const {
+std::optional<Point> Snapping::snapped(model::Document& document, Point location, std::int32_t kinds,
+                                       const AxisGrid& grid) const {
     const double reach = tolerance / document.view.zoom;
     Found found;
     if (toPoint) found = document.snapPoint(location, reach);
     if (!found && (kinds & kSnapToArt)) found = document.snapPoint(location, reach, model::SnapTo::Outlines);
     if (!found && (kinds & kSnapToArtBounds)) found = document.snapPoint(location, reach, model::SnapTo::Bounds);
     if (!found && (kinds & kSnapToArtboard)) found = onPage(document, location, reach);
-    if (!found && (kinds & kSnapToGrids)) found = onGrid(location, gridSpacing, reach);
-    return found.value_or(location);
+    if (!found && (kinds & kSnapToGrids)) found = onGrid(location, gridSpacing, grid, reach);
+    return found;
 }
 
 } // namespace easel::session

@@ -158,6 +158,12 @@ void Plugin::setToolsSnapToArtboard(bool snap) { impl_->setToolsSnapTo(ToolSnapp
 bool Plugin::toolsSnapToGrids() const { return impl_->toolsSnapTo(ToolSnapping::Grids); }
 void Plugin::setToolsSnapToGrids(bool snap) { impl_->setToolsSnapTo(ToolSnapping::Grids, snap); }
 
+bool Plugin::setDrawingAxes(const std::vector<Angle>& axes) {
+    std::vector<double> degrees;
+    for (const Angle& axis : axes) degrees.push_back(axis.asDegrees());
+    return impl_->setDrawingAxes(degrees);
+}
+
 // Phases
 
 template <class Work> void Plugin::Phase::run(Work work) {

@@ -9,6 +9,7 @@
 
 #include "core/dialogs/ModalDialog.h"
 #include "core/frame/MenuItem.h"
+#include "core/values/Angle.h"
 #include "core/values/Callback.h"
 #include "core/values/FrameEnumerations.h"
 
@@ -156,6 +157,9 @@ class Plugin {
     void setToolsSnapToArtboard(bool snap);
     [[nodiscard]] bool toolsSnapToGrids() const;
     void setToolsSnapToGrids(bool snap);
+
+    /// Tells the host which directions our tools draw along, for its grid. False when it has none along axes.
+    bool setDrawingAxes(const std::vector<Angle>& axes);
 
     // For the entry: each phase runs once, a second call does nothing
     /// 0, or the number of the framework's failure: 1000, 1010.

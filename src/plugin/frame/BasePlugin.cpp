@@ -10,6 +10,7 @@
 #include "hostapi/AIToolSuite.h"
 #include "hostapi/AIUndoSuite.h"
 #include "hostapi/SPPluginsSuite.h"
+#include "hostapi/StageAxesSuite.h"
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/document/Art.h"
 #include "plugin/document/Artboard.h"
@@ -294,6 +295,11 @@ void BasePlugin::setToolsSnapTo(core::ToolSnapping kind, bool snap) {
     const auto kinds = host::find<&AICursorSnapSuite::GetToolSnapping>(plugin_);
     if (!kinds) return;
     host::call<&AICursorSnapSuite::SetToolSnapping>(plugin_, snap ? *kinds | bits(kind) : *kinds & ~bits(kind));
+}
+
+bool BasePlugin::setDrawingAxes(const std::vector<double>& degrees) {
+    const auto count = static_cast<std::int32_t>(degrees.size());
+    return host::call<&StageAxesSuite::SetDrawingAxes>(plugin_, degrees.data(), count);
 }
 
 // Undo

@@ -8,6 +8,7 @@
 #include <string>
 #include <tuple>
 #include <utility>
+#include <vector>
 
 #include "core/values/FrameEnumerations.h"
 #include "plugin/frame/Annotator.h"
@@ -84,6 +85,7 @@ class BasePlugin {
 
     [[nodiscard]] bool toolsSnapTo(core::ToolSnapping kind) const;
     void setToolsSnapTo(core::ToolSnapping kind, bool snap);
+    bool setDrawingAxes(const std::vector<double>& degrees);
 
     // Undo
     static bool undo(); ///< false when the host refuses or `startup` has not run

@@ -1,0 +1,103 @@
+// The menu is made when it opens, so that its pictures fit light and dark.
+#include "app/Swatch.h"
+
+#include <QColorDialog>
+#include <QIconEngine>
+#include <QMenu>
+#include <QPainter>
+
+#include <array>
+#include <utility>
+
+#include "app/Application.h"
+#include "app/Look.h"
+
+namespace easel::app {
+
+namespace {
+
+struct Named {
+    const char* name;
+    QColor color;
+};
+const std::array<Named, 9> kOffered{{{"Black", QColor(0, 0, 0)},
+                                     {"Slate", QColor(0x3B, 0x4A, 0x5A)},
+                                     {"Grey", QColor(0x80, 0x86, 0x8B)},
+                                     {"White", QColor(255, 255, 255)},
+                                     {"Red", QColor(0xC0, 0x39, 0x2B)},
+                                     {"Orange", QColor(0xE6, 0x7E, 0x22)},
+                                     {"Yellow", QColor(0xF1, 0xC4, 0x0F)},
+                                     {"Green", QColor(0x27, 0x8E, 0x4E)},
+                                     {"Blue", QColor(0x17, 0x6A, 0xD1)}}};
+
+/// A square of the colour; without one it is white and crossed out.
+class Square final : public QIconEngine {
+  public:
+    explicit Square(std::optional<QColor> color) : color_(std::move(color)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        if (mode == QIcon::Disabled) painter->setOpacity(0.35);
+        painter->setPen(QPen(look().colors.faint, 1));
+        painter->setBrush(color_.value_or(Qt::white));
+        const QRectF square = QRectF(rect).adjusted(1.5, 1.5, -1.5, -1.5);
+        painter->drawRoundedRect(square, 2, 2);
+        painter->setPen(QPen(QColor(0xD0, 0x30, 0x30), 1.6));
+        if (!color_) painter->drawLine(square.bottomLeft() + QPointF(1, -1), square.topRight() + QPointF(-1, 1));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new Square(color_); }
+
+  private:
+    std::optional<QColor> color_;
+};
+
+QIcon square(const std::optional<QColor>& color) { return QIcon(new Square(color)); }
+
+} // namespace
+
+Swatch::Swatch(const QString& title, QWidget* parent) : QToolButton(parent), title_(title) {
+    setIconSize({20, 20});
+    setPopupMode(QToolButton::InstantPopup);
+    setFocusPolicy(Qt::StrongFocus);
+    auto* const menu = new QMenu(this);
+    setMenu(menu);
+    connect(menu, &QMenu::aboutToShow, this, guarded([this] { fillMenu(); }));
+    setColor({});
+}
+
+void Swatch::setColor(std::optional<QColor> color) {
+    color_ = color;
+    setIcon(square(color));
+    const QString what = title_ + ": " + (color ? color->name() : QString("none"));
+    setToolTip(what);
+    setAccessibleName(what);
+}
+
+void Swatch::fillMenu() {
+    menu()->clear();
+    const auto offer = [this](const QString& name, std::optional<QColor> color) {
+        connect(menu()->addAction(square(color), name), &QAction::triggered, this, guarded([this, color] {
+                    if (chosen) chosen(color);
+                }));
+    };
+    offer("None", {});
+    for (const Named& each : kOffered) offer(each.name, each.color);
+    menu()->addSeparator();
+    connect(menu()->addAction("Other..."), &QAction::triggered, this, guarded([this] { chooseOther(); }));
+}
+
+void Swatch::chooseOther() {
+    const QColor other = QColorDialog::getColor(color_.value_or(Qt::black), this, title_);
+    if (other.isValid() && chosen) chosen(other);
+}
+
+} // namespace easel::app

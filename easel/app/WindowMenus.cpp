@@ -1,0 +1,187 @@
+// What is in the window's menus.
+#include <QInputDialog>
+#include <QMenuBar>
+#include <QStatusBar>
+
+#include <functional>
+#include <utility>
+
+#include "app/Application.h"
+#include "app/Look.h"
+#include "app/Window.h"
+
+namespace easel::app {
+
+namespace {
+
+constexpr double kNewWidth = 595; // A4, upright, in points
+constexpr double kNewHeight = 842;
+constexpr session::Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
+
+} // namespace
+
+QAction& Window::add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what) {
+    QAction* const action = menu.addAction(text);
+    action->setShortcut(keys);
+    connect(action, &QAction::triggered, this, guarded(std::move(what)));
+    return *action;
+}
+
+void Window::makeFileMenu() {
+    QMenu& menu = *menuBar()->addMenu("&File");
+    add(menu, "&New", QKeySequence::New, [this] {
+        if (mayLose()) newDocument(kNewWidth, kNewHeight);
+    });
+    add(menu, "&Open...", QKeySequence::Open, [this] { openAsked(); });
+    QMenu& recent = *menu.addMenu("Open &Recent");
+    connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { fillRecentMenu(recent); }));
+    fillRecentMenu(recent);
+    add(menu, "Reop&en", {}, [this] { reopen(); });
+    stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { giveUpReading(); });
+    stopReading_->setEnabled(false);
+    menu.addSeparator();
+    add(menu, "&Save", QKeySequence::Save, [this] { save(); });
+    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
+    QMenu& exports = *menu.addMenu("&Export");
+    add(exports, "&PNG Picture...", QKeySequence("Ctrl+Shift+E"), [this] { exportAs(".png"); });
+    add(exports, "&SVG Copy...", {}, [this] { exportAs(".svg"); });
+    add(exports, "P&DF Page...", {}, [this] { exportAs(".pdf"); });
+    menu.addSeparator();
+    add(menu, "&Quit", QKeySequence::Quit, [this] { close(); });
+}
+
+/// What a key does to the selection, as a menu's item too.
+void Window::addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held) {
+    add(menu, text, QKeySequence(keys), [this, name, held] { actions_.key(name, held); });
+}
+
+void Window::makeEditMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Edit");
+    add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
+    add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
+    menu.addSeparator();
+    addKey(menu, "&Delete", "", "Delete", 0);
+    addKey(menu, "D&uplicate", "Ctrl+D", "D", kAICommandKey);
+    menu.addSeparator();
+    addKey(menu, "Select &All", "Ctrl+A", "A", kAICommandKey);
+    addKey(menu, "D&eselect All", "Ctrl+Shift+A", "A", kShiftCommand);
+}
+
+void Window::makeObjectMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Object");
+    addKey(menu, "&Group", "Ctrl+G", "G", kAICommandKey);
+    addKey(menu, "&Ungroup", "Ctrl+Shift+G", "G", kShiftCommand);
+    menu.addSeparator();
+    addKey(menu, "Bring to &Front", "Ctrl+Shift+]", "]", kShiftCommand);
+    addKey(menu, "Bring F&orward", "Ctrl+]", "]", kAICommandKey);
+    addKey(menu, "Send Back&ward", "Ctrl+[", "[", kAICommandKey);
+    addKey(menu, "Send to &Back", "Ctrl+Shift+[", "[", kShiftCommand);
+}
+
+/// An item with a check mark.
+void Window::addSwitch(QMenu& menu, const QString& text, const QKeySequence& keys, bool on,
+                       std::function<void(bool)> change) {
+    QAction* const action = menu.addAction(text);
+    action->setShortcut(keys);
+    action->setCheckable(true);
+    action->setChecked(on);
+    connect(action, &QAction::toggled, this, guarded([change = std::move(change)](bool checked) { change(checked); }));
+}
+
+void Window::makeViewMenu() {
+    QMenu& menu = *menuBar()->addMenu("&View");
+    constexpr double kStep = 1.5;
+    add(menu, "Zoom &In", QKeySequence("Ctrl++"), [this] {
+        canvas_.zoomBy(kStep);
+    }).setShortcuts({QKeySequence("Ctrl++"), QKeySequence("Ctrl+=")});
+    add(menu, "Zoom &Out", QKeySequence("Ctrl+-"), [this] { canvas_.zoomBy(1 / kStep); });
+    add(menu, "&Whole Page", QKeySequence("Ctrl+0"), [this] { canvas_.fitPage(); });
+    add(menu, "&Actual Size", QKeySequence("Ctrl+1"), [this] { canvas_.zoomTo(1); });
+    menu.addSeparator();
+    addGridItems(menu);
+    menu.addSeparator();
+    addSwitch(menu, "&Status Bar", {}, true, [this](bool on) { statusBar()->setVisible(on); });
+    addSwitch(menu, "&Length beside the Pointer", {}, true, [this](bool on) { canvas_.feedbackShown = on; });
+    addSwitch(menu, "&Dark", {}, look().colors.dark, [this](bool on) { setDark(on); });
+    menu.addSeparator();
+    addSwitch(menu, "Super Key Is &Option, like Alt", {}, settings_.superIsOption(), [this](bool on) {
+        canvas_.superIsOption = on;
+        settings_.setSuperIsOption(on);
+    });
+}
+
+/// The grid is as the user left it.
+void Window::addGridItems(QMenu& menu) {
+    session::Snapping& snapping = actions_.session().pointer.snapping;
+    if (settings_.gridSpacing() != snapping.gridSpacing) actions_.setGridSpacing(settings_.gridSpacing());
+    if (settings_.axisGrid() != snapping.axisGrid) actions_.setAxisGrid(settings_.axisGrid());
+    if (settings_.snapsToAxisGrid() != snapping.toAxisGrid) actions_.setAxisGridSnapping(settings_.snapsToAxisGrid());
+    addSwitch(menu, "Snap to &Points", {}, snapping.toPoint, [this](bool on) { actions_.setSnapping(on); });
+    addSwitch(menu, "Axonometric &Grid", QKeySequence("Ctrl+'"), snapping.axisGrid, [this](bool on) {
+        settings_.setAxisGrid(on);
+        actions_.setAxisGrid(on);
+    });
+    addSwitch(menu, "Snap to G&rid", QKeySequence("Ctrl+Shift+'"), snapping.toAxisGrid, [this](bool on) {
+        settings_.setSnapsToAxisGrid(on);
+        actions_.setAxisGridSnapping(on);
+    });
+    add(menu, "Grid Spa&cing...", {}, [this] {
+        constexpr double kLeast = 0.5;
+        constexpr double kMost = 10'000;
+        bool isChosen = false;
+        const double spacing =
+            QInputDialog::getDouble(this, "Axonometric grid", "Points from crossing to crossing along an axis:",
+                                    actions_.session().pointer.snapping.gridSpacing, kLeast, kMost, 2, &isChosen);
+        if (!isChosen) return;
+        settings_.setGridSpacing(spacing);
+        actions_.setGridSpacing(spacing);
+    });
+}
+
+void Window::makePluginMenu() {
+    QMenu& menu = *menuBar()->addMenu("&Plug-ins");
+    menu.setObjectName("plugins");
+    connect(&menu, &QMenu::aboutToShow, this, guarded([this, &menu] { fillPluginMenu(menu); }));
+    fillPluginMenu(menu);
+}
+
+void Window::fillPluginMenu(QMenu& menu) {
+    menu.clear();
+    qDeleteAll(menu.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    session::Session& session = actions_.session();
+    session.input.updateMenus();
+    const std::function<void(QMenu&, const session::MenuGroup&)> fill = [&](QMenu& into,
+                                                                            const session::MenuGroup& group) {
+        for (const session::MenuChild& child : group.children) {
+            if (child.group) {
+                const session::MenuItem* const opener = child.group->opener; // none: without a submenu
+                QMenu& inner = opener ? *into.addMenu(QString::fromStdString(opener->text)) : into;
+                if (opener) inner.setEnabled(session::Menus::isEnabled(*opener));
+                fill(inner, *child.group);
+                continue;
+            }
+            const session::MenuItem& item = *child.item;
+            const QString text = QString::fromStdString(item.text);
+            if (item.isDivider()) {
+                into.addSeparator();
+            } else {
+                QAction* const action = into.addAction(text);
+                action->setEnabled(session::Menus::isEnabled(item));
+                action->setCheckable(item.checked);
+                action->setChecked(item.checked);
+                // By its group too: plug-ins have items of one text in several.
+                const std::string& place = item.group->text.empty() ? item.group->name : item.group->text;
+                connect(action, &QAction::triggered, this,
+                        guarded([this, chosen = item.text, place] { actions_.chooseMenu(chosen, place); }));
+            }
+        }
+    };
+    for (const session::MenuGroup* const group : session.menus.groups()) {
+        if (group->parent || group->children.empty()) continue;
+        if (!menu.isEmpty()) menu.addSeparator();
+        fill(menu, *group);
+    }
+    if (menu.isEmpty()) menu.addAction("No plug-in has items")->setEnabled(false);
+}
+
+} // namespace easel::app

@@ -1,0 +1,103 @@
+// What the window shows against librsvg: icons drawn by others, as they are and after one of their objects has moved.
+#include <cairo.h>
+#include <librsvg/rsvg.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+
+#include "support/Shown.h"
+#include "svg/Files.h"
+#include "svg/Writer.h"
+
+namespace {
+
+using easel::model::Node;
+
+constexpr std::size_t kIcons = 50;
+constexpr int kScale = 3; // pixels a point
+/// Of the pixels, that may differ by more than one step in a channel. librsvg draws the window's view, in which the
+/// page begins elsewhere than in its own picture, and cairo rounds places to parts of a pixel: ten pixels on edges of
+/// 20,736.
+constexpr double kTolerance = 0.0005;
+
+/// librsvg's own picture of an SVG, on white.
+QImage drawn(const std::string& svg, QSize size) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::white);
+    const std::unique_ptr<RsvgHandle, decltype(&g_object_unref)> handle(
+        rsvg_handle_new_from_data(reinterpret_cast<const guint8*>(svg.data()), svg.size(), nullptr), g_object_unref);
+    const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
+        cairo_image_surface_create_for_data(image.bits(), CAIRO_FORMAT_RGB24, size.width(), size.height(),
+                                            static_cast<int>(image.bytesPerLine())),
+        cairo_surface_destroy);
+    const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> cairo(cairo_create(surface.get()), cairo_destroy);
+    const RsvgRectangle page{0, 0, static_cast<double>(size.width()), static_cast<double>(size.height())};
+    EXPECT_TRUE(handle && rsvg_handle_render_document(handle.get(), cairo.get(), &page, nullptr));
+    return image;
+}
+
+/// The share of pixels whose channels differ by more than rounding does, one step each.
+double difference(const QImage& shown, const QImage& right) {
+    EXPECT_EQ(shown.size(), right.size());
+    int off = 0;
+    for (int y = 0; y < right.height(); ++y) {
+        for (int x = 0; x < right.width(); ++x) {
+            const QRgb a = shown.pixel(x, y);
+            const QRgb b = right.pixel(x, y);
+            const int most =
+                std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+            off += most > 1;
+        }
+    }
+    return off / static_cast<double>(right.width() * right.height());
+}
+
+class IconsTest : public desk::Shown {
+  protected:
+    IconsTest() { canvas().restMilliseconds = 0; }
+
+    QImage shown() {
+        EXPECT_TRUE(await([&] { return canvas().isTrue(); }));
+        const QPoint corner = canvas().fromDocument({0, 0}).toPoint();
+        return canvas().grab().toImage().copy(QRect(corner, size()));
+    }
+    QSize size() { return (QSizeF(document().width(), document().height()) * kScale).toSize(); }
+
+    /// Moves the topmost object that can be taken. Returns whether there is one.
+    bool moveOne() {
+        for (const Node* layer = document().root().firstChild(); layer; layer = layer->next()) {
+            for (Node* art = layer->firstChild(); art; art = art->next()) {
+                if (art->effectivelyLocked() || art->effectivelyHidden()) continue;
+                document().select(*art, true);
+                actions->nudge(3.5, 2.25);
+                actions->key("A", kAICommandKey | kAIShiftKey);
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+TEST_F(IconsTest, AreShownAsLibrsvgDrawsThem) {
+    std::vector<std::string> icons;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator("/usr/share/icons/Tango/scalable"))
+        if (entry.path().extension() == ".svg" && !entry.is_symlink()) icons.push_back(entry.path().string());
+    ASSERT_GE(icons.size(), kIcons);
+    std::sort(icons.begin(), icons.end());
+    std::size_t moved = 0;
+    for (std::size_t i = 0; i < kIcons; ++i) {
+        const std::string& icon = icons[i * icons.size() / kIcons];
+        open(icon);
+        canvas().zoomTo(kScale);
+        EXPECT_LE(difference(shown(), drawn(easel::svg::readFile(icon), size())), kTolerance) << icon;
+        if (!moveOne()) continue;
+        ++moved;
+        const std::string saved = easel::svg::write(document());
+        EXPECT_LE(difference(shown(), drawn(saved, size())), kTolerance) << icon << " after a move";
+        EXPECT_NE(saved, easel::svg::readFile(icon));
+    }
+    EXPECT_EQ(moved, kIcons);
+}
+
+} // namespace
