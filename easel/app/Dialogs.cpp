@@ -23,6 +23,7 @@
 #include <utility>
 
 #include "app/Application.h"
+#include "app/Look.h"
 #include "hostapi/Stage.h"
 
 namespace easel::app {
@@ -32,7 +33,7 @@ namespace {
 QString textOf(const session::Widget& widget) { return QString::fromStdString(widget.text); }
 
 /// A title as it is: no character of it stands for a key.
-QString titleOf(const std::string& text) { return QString::fromStdString(text).replace('&', "&&"); }
+QString titleOf(const std::string& text) { return literal(QString::fromStdString(text)); }
 
 /// A tooltip as it is: Qt would show what looks like HTML as such.
 QString tooltipOf(const std::string& text) {

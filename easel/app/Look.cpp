@@ -126,6 +126,8 @@ void applyLook(QApplication& application, bool dark) {
     application.setStyleSheet(sheetOf(current.colors));
 }
 
+QString literal(QString text) { return text.replace('&', "&&"); }
+
 QColor layerColor(std::size_t index) {
     static const std::array<QColor, 8> kColors{
         QColor(0xD0, 0x5A, 0x5A), QColor(0xD8, 0xC8, 0x4A), QColor(0x63, 0xC8, 0x63), QColor(0x57, 0xCB, 0xC8),

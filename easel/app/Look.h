@@ -36,6 +36,9 @@ void applyLook(QApplication& application, bool dark);
 enum class Symbol { Select, DirectSelect, Hand, Zoom, Eye, NoEye, Lock, NoLock, Plus, Trash, Up, Down };
 [[nodiscard]] QIcon icon(Symbol symbol);
 
+/// A text as it stands, for buttons and menus: an ampersand in it makes no key.
+[[nodiscard]] QString literal(QString text);
+
 /// The colour that marks the layer at this place.
 [[nodiscard]] QColor layerColor(std::size_t index);
 

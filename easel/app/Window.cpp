@@ -363,7 +363,7 @@ void Window::openAsked() {
 void Window::fillRecentMenu(QMenu& menu) {
     menu.clear();
     for (const QString& path : settings_.recent()) {
-        connect(menu.addAction(path), &QAction::triggered, this, guarded([this, path] {
+        connect(menu.addAction(literal(path)), &QAction::triggered, this, guarded([this, path] {
                     if (mayLose()) open(path.toStdString());
                 }));
     }

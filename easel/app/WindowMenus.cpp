@@ -155,7 +155,7 @@ void Window::fillPluginMenu(QMenu& menu) {
         for (const session::MenuChild& child : group.children) {
             if (child.group) {
                 const session::MenuItem* const opener = child.group->opener; // none: without a submenu
-                QMenu& inner = opener ? *into.addMenu(QString::fromStdString(opener->text)) : into;
+                QMenu& inner = opener ? *into.addMenu(literal(QString::fromStdString(opener->text))) : into;
                 if (opener) inner.setEnabled(session::Menus::isEnabled(*opener));
                 fill(inner, *child.group);
                 continue;
@@ -165,7 +165,7 @@ void Window::fillPluginMenu(QMenu& menu) {
             if (item.isDivider()) {
                 into.addSeparator();
             } else {
-                QAction* const action = into.addAction(text);
+                QAction* const action = into.addAction(literal(text));
                 action->setEnabled(session::Menus::isEnabled(item));
                 action->setCheckable(item.checked);
                 action->setChecked(item.checked);
