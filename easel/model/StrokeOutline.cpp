@@ -85,7 +85,7 @@ std::vector<std::vector<Point>> dashed(const std::vector<Point>& line, const Das
         while (length > left && pieces.size() < kMostDashes) {
             from = between(from, line[i], left / length);
             length -= left;
-            if (at % 2 == 0) pieces.back().push_back(from);
+            if (at % 2 == 0) addTo(pieces.back(), from);
             at = (at + 1) % lengths.size();
             left = lengths[at];
             if (at % 2 == 0) pieces.push_back({from});
@@ -140,6 +140,7 @@ Area widened(const Lines& lines, const Style& style) {
 /// A square cap goes on by half the width.
 void lengthen(std::vector<Point>& line, double by) {
     const auto beyond = [by](Point inner, Point end) { return between(inner, end, 1 + by / lengthOf(inner, end)); };
+    if (line.size() < 2 || lengthOf(line[1], line[0]) == 0 || lengthOf(line[line.size() - 2], line.back()) == 0) return;
     const Point begin = beyond(line[1], line[0]);
     line.back() = beyond(line[line.size() - 2], line.back());
     line.front() = begin;

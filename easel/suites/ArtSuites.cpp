@@ -118,14 +118,17 @@ bool validArt(AIArtHandle handle) {
 
 std::int32_t attributesOf(const Node& node, std::int32_t which) {
     const bool fully = node.type() == NodeType::Path ? node.allPointsSelected() : node.selected();
+    const Node& whole = node.isSubpath() ? *node.parent() : node; // what is locked or hidden is all of a compound path
     return which &
-           ((node.selected() ? kArtSelected : 0) | (node.locked() ? kArtLocked : 0) | (node.hidden() ? kArtHidden : 0) |
-            (fully ? kArtFullySelected : 0) | (node.clip() ? kArtClipped : 0));
+           ((node.selected() ? kArtSelected : 0) | (whole.locked() ? kArtLocked : 0) |
+            (whole.hidden() ? kArtHidden : 0) | (fully ? kArtFullySelected : 0) | (node.clip() ? kArtClipped : 0));
 }
 
 void setAttributes(Art art, std::int32_t which, std::int32_t attributes) {
-    if (which & (kArtSelected | kArtFullySelected))
-        art.document.select(art.node, (attributes & which & (kArtSelected | kArtFullySelected)) != 0);
+    // What is selected in part stays so where nothing else is asked.
+    const std::int32_t selection = which & (kArtSelected | kArtFullySelected);
+    if (selection && (art.node.isContainer() || attributesOf(art.node, selection) != (attributes & selection)))
+        art.document.select(art.node, (attributes & selection) != 0);
     if (which & kArtLocked) art.document.setLocked(art.node, (attributes & kArtLocked) != 0);
     if (which & kArtHidden) art.document.setHidden(art.node, (attributes & kArtHidden) != 0);
 }

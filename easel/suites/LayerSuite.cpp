@@ -3,6 +3,7 @@
 #include "hostapi/AIIsolationModeSuite.h"
 #include "hostapi/AILayerSuite.h"
 #include "suites/Enter.h"
+#include "suites/Shared.h"
 
 namespace easel::suites {
 
@@ -96,8 +97,10 @@ template <> void fill(AILayerSuite& suite) {
     enter<&AILayerSuite::GetCurrentLayer, getCurrentLayer>(suite);
     enter<&AILayerSuite::SetCurrentLayer>(suite, [](Layer l) { l.document.setCurrentLayer(l.node); });
     enter<&AILayerSuite::GetLayerTitle>(suite, [](Layer l) { return l.node.name().c_str(); });
-    enter<&AILayerSuite::SetLayerTitle>(suite,
-                                        [](Layer l, std::string_view title) { l.document.setName(l.node, title); });
+    enter<&AILayerSuite::SetLayerTitle>(suite, [](Layer l, std::string_view title) {
+        require(isPlainText(title));
+        l.document.setName(l.node, title);
+    });
     enter<&AILayerSuite::GetLayerVisible>(suite, [](Layer l) { return !l.node.hidden(); });
     enter<&AILayerSuite::SetLayerVisible>(suite, [](Layer l, bool visible) { l.document.setHidden(l.node, !visible); });
     enter<&AILayerSuite::GetLayerEditable>(suite, [](Layer l) { return !l.node.locked(); });

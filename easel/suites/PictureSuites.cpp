@@ -85,9 +85,11 @@ Picture needPicture(const std::string& path) {
 }
 
 void setPath(Placed art, std::string_view path) {
-    const Picture picture = needPicture(std::string(path));
+    // What the drawing will find, wherever the program runs.
+    const std::string link = session::linkTo(std::string(path));
+    const Picture picture = needPicture(session::linkedPath(host<Documents>().pathOf(art.document), link));
     ImageData image = imageOf(art);
-    image.link = session::linkTo(std::string(path));
+    image.link = link;
     image.columns = picture.columns;
     image.rows = picture.rows;
     if (image.place.a == 0 && image.place.b == 0) {

@@ -69,8 +69,10 @@ template <> void fill(AIPluginGroupSuite& suite) {
     enter<&Suite::NewPluginArt, newArt>(suite);
     enter<&Suite::GetPluginArtPluginName>(suite, [](PluginArt art) { return art.node.extras().plugin.c_str(); });
     enter<&Suite::GetPluginArtName>(suite, [](PluginArt art) { return art.node.name().c_str(); });
-    enter<&Suite::SetPluginArtName>(suite,
-                                    [](PluginArt art, std::string_view name) { art.document.setName(art.node, name); });
+    enter<&Suite::SetPluginArtName>(suite, [](PluginArt art, std::string_view name) {
+        require(isPlainText(name));
+        art.document.setName(art.node, name);
+    });
     enter<&Suite::GetPluginArtEditArt>(suite, [](PluginArt art) { return groupIn(art, true); });
     enter<&Suite::GetPluginArtResultArt>(suite, [](PluginArt art) { return groupIn(art, false); });
 }

@@ -52,8 +52,10 @@ void collectBindings(std::string_view startTag, std::map<std::string, std::strin
     }
 }
 
-const std::pair<std::string_view, std::string_view> kBindings[] = {
-    {"xmlns:inkscape", kInkscapeNamespace}, {"xmlns:sodipodi", kSodipodiNamespace}, {"xmlns:easel", kEaselNamespace}};
+const std::pair<std::string_view, std::string_view> kBindings[] = {{"xmlns", kSvgNamespace},
+                                                                   {"xmlns:inkscape", kInkscapeNamespace},
+                                                                   {"xmlns:sodipodi", kSodipodiNamespace},
+                                                                   {"xmlns:easel", kEaselNamespace}};
 
 std::string number(double value) {
     std::string text;
@@ -121,7 +123,7 @@ std::string freeName(Document& document, std::string_view kind) {
 }
 
 bool canBeCopied(const Node& node) {
-    if (node.type() != NodeType::Opaque) return !node.clip();
+    if (node.type() != NodeType::Opaque) return !node.clip() && !(node.isOutlined() && node.keepsPlace());
     if (node.text()) return !node.text()->isRich;
     return node.symbol() || (node.image() && !node.image()->link.empty());
 }

@@ -63,13 +63,16 @@ std::vector<ArtObject*> CurrentDocument::artAtPoint(const core::ArtboardPoint& p
         ArtObject* const art = hit.hit() ? hit.art() : nullptr;
         if (!art || std::find(found.begin(), found.end(), art) != found.end()) break;
         found.push_back(art);
-        ArtObject* const marker = Art::create(core::ArtType::Group, core::PaintOrder::Below, art);
+        // Part of a compound path moves with all of it: nothing but paths has a place in there.
+        ArtObject* const around = Art(art).parent();
+        ArtObject* const whole = around && Art(around).artType() == core::ArtType::CompoundPath ? around : art;
+        ArtObject* const marker = Art::create(core::ArtType::Group, core::PaintOrder::Below, whole);
         if (!marker) break;
-        if (!Art(art).reorder(core::PaintOrder::BelowAll, bottom)) {
+        if (!Art(whole).reorder(core::PaintOrder::BelowAll, bottom)) {
             Art(marker).dispose();
             break;
         }
-        moved.emplace_back(art, marker);
+        moved.emplace_back(whole, marker);
     }
     std::reverse(moved.begin(), moved.end());
     // Nothing may stay elsewhere because the host was busy for a moment.
