@@ -51,7 +51,7 @@ int fail(ExitCode code, const std::string& why) {
 /// Hears what Qt says. Without a display, and when the display is lost, these lines are all that comes.
 void hearQt(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
     const bool isLost = text.contains("connection broke");
-    if (isLost && shownWindow) shownWindow->keepWork();
+    if (isLost && shownWindow) shownWindow->keepWork(true);
     if (type == QtFatalMsg || isLost) {
         const std::string line = text.section('\n', 0, 0).toStdString();
         std::fprintf(stderr, "easel-window: no display: %s\n", line.c_str());
@@ -72,7 +72,7 @@ void endOnSignals(QObject& context) {
     QObject::connect(heard, &QSocketNotifier::activated, &context, app::guarded([] {
                          unsigned char number = 0;
                          if (::read(signalPipe[0], &number, 1) != 1) return;
-                         if (shownWindow) shownWindow->keepWork();
+                         if (shownWindow) shownWindow->keepWork(true);
                          constexpr int kBySignal = 128;
                          QApplication::exit(kBySignal + number);
                      }));

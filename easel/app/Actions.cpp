@@ -32,12 +32,17 @@ std::string absolute(const std::string& path) { return std::filesystem::absolute
 
 template <class Act> void Actions::act(const std::string& statement, Act what) {
     dialogs.startAct();
-    what();
+    try {
+        what();
+    } catch (...) {
+        if (done) done(); // part of it may have happened
+        throw;
+    }
+    if (done) done(); // before it is recorded, which may fail
     const std::string user = dialogs.statement();
     if (!user.empty()) recorder_.add(user);
     recorder_.add(statement);
     if (!user.empty()) recorder_.add("app.onDialog(null)");
-    if (done) done();
 }
 
 /// One step of the document in front.
@@ -75,7 +80,6 @@ void Actions::startOver(const std::string& path) {
 
 void Actions::closeFront() {
     if (!document()) return;
-    if (closing) closing();
     session_.close();
 }
 
@@ -101,6 +105,8 @@ void Actions::open(std::unique_ptr<model::Document> read, const std::string& pat
 }
 
 void Actions::save(const std::string& path, bool force) {
+    if (const model::Document* const front = document(); front && session_.documents.editedAs(*front))
+        throw Error("a part of the drawing is being edited; it is saved with the drawing, once that has ended");
     act("app.save(" + Recorder::quoted(absolute(path)) + (force ? ", {force: true})" : ")"), [&] {
         session_.save(path, force);
         startOver(path);

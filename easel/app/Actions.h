@@ -28,7 +28,6 @@ class Actions {
 
     /// Called after each act that may have changed what a window shows.
     std::function<void()> done;
-    std::function<void()> closing; ///< called before the document in front goes
 
     // Documents; one is open at a time
     void newDocument(double width, double height);

@@ -63,13 +63,15 @@ Canvas::Canvas(Actions& actions)
       scene_(watch_),
       truths_(
           *this,
-          [this](const QImage& image, const Port& port) {
+          [this](std::uint64_t order, const QImage& image, const Port& port) {
+              if (order != lastOrder_) return; // of what is not shown any more
               scene_.setTruth(image, port);
               truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
               update();
               if (port != scene_.port()) truthTimer_.start(restMilliseconds, this);
           },
-          [this](const std::string& why) {
+          [this](std::uint64_t order, const std::string& why) {
+              if (order != lastOrder_) return;
               truthFails_ = true;
               truthIsDue_ = false;
               if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
@@ -91,6 +93,7 @@ void Canvas::showDocument() {
     const std::optional<double> known = std::exchange(knownReach_, {});
     watch_.follow(document(), known || !document() ? known.value_or(0) : farthestReach(*document()));
     scene_.show(document());
+    ++lastOrder_;
     truthFails_ = false;
     text_ = nullptr;
     typedLength_.clear();
@@ -101,6 +104,7 @@ void Canvas::showDocument() {
 void Canvas::leaveDocument() {
     watch_.follow(nullptr, 0);
     scene_.show(nullptr);
+    ++lastOrder_;
 }
 
 bool Canvas::refresh() {
@@ -234,8 +238,11 @@ void Canvas::askForTruth() {
     }
     scene_.noteRequest();
     truthIsDue_ = true;
-    truths_.ask(
-        {.svg = text_, .pageWidth = document()->width(), .pageHeight = document()->height(), .port = scene_.port()});
+    truths_.ask({.svg = text_,
+                 .pageWidth = document()->width(),
+                 .pageHeight = document()->height(),
+                 .port = scene_.port(),
+                 .number = ++lastOrder_});
 }
 
 // Events
@@ -420,6 +427,13 @@ bool Canvas::nudge(const QKeyEvent& event) {
     const double step = (event.modifiers() & Qt::ShiftModifier ? 10 : 1) * (back ? -1 : 1);
     actions_.nudge(step * way.x, step * way.y);
     return true;
+}
+
+/// What is let go elsewhere is not heard of here.
+void Canvas::focusOutEvent(QFocusEvent* event) {
+    spaceHeld_ = false;
+    showCursor();
+    QWidget::focusOutEvent(event);
 }
 
 void Canvas::keyReleaseEvent(QKeyEvent* event) {

@@ -73,6 +73,7 @@ class Canvas final : public QWidget {
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     [[nodiscard]] model::Document* document() const { return actions_.document(); }
@@ -112,6 +113,7 @@ class Canvas final : public QWidget {
     std::string lastRemark_;
     QString notice_;
     std::optional<double> knownReach_;
+    std::uint64_t lastOrder_ = 0;             ///< of a true picture
     bool truthFails_ = false;                 ///< for the document as it is
     std::shared_ptr<const std::string> text_; ///< of the document, as SVG
     std::uint64_t textChanges_ = 0;           ///< the document's count then

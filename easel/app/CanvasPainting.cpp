@@ -136,14 +136,19 @@ void Canvas::paintDesk(QPainter& painter) const {
 
 /// The lines of the grid that cross a part of the widget. Where they would lie too close there are fewer.
 void Canvas::paintGrid(QPainter& painter, const QRect& part) const {
-    constexpr double kLeastApart = 6; // widget pixels
+    static constexpr double kLeastApart = 6; // widget pixels
     const session::Session& session = actions_.session();
     double spacing = session.pointer.snapping.gridSpacing;
-    while (spacing * zoom() < kLeastApart) spacing *= 2;
     const double reach = std::hypot(part.width(), part.height()) / zoom() / 2;
     const Point middle = toDocument(QRectF(part).center());
     painter.setPen(QPen(look().colors.grid, 1));
-    const session::AxisGrid grid(session.toolbox.axes(), spacing);
+    const auto isTooDense = [this](const session::AxisGrid& grid) {
+        return std::any_of(grid.lines().begin(), grid.lines().end(), [this](const session::AxisGrid::Lines& lines) {
+            return lines.apart * zoom() < kLeastApart;
+        });
+    };
+    session::AxisGrid grid(session.toolbox.axes(), spacing);
+    while (isTooDense(grid)) grid = session::AxisGrid(session.toolbox.axes(), spacing *= 2);
     for (const session::AxisGrid::Lines& lines : grid.lines()) {
         const Point way = lines.direction;
         const double apart = lines.apart;

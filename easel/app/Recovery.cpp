@@ -1,4 +1,5 @@
-// NUMBER.svg holds the work of the process of that number, NUMBER.path the name of its file.
+// NUMBER.svg, or NUMBER-1.svg where that is taken, holds the work of the process of that number; the name of its file
+// is in the one that ends in .path.
 #include "app/Recovery.h"
 
 #include <signal.h>
@@ -37,7 +38,10 @@ std::string Recovery::defaultFolder() {
 Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
     std::error_code ignored;
     fs::create_directories(folder_, ignored);
-    copy_ = (fs::path(folder_) / (std::to_string(::getpid()) + kCopyEnd)).string();
+    // A program of this number may have ended before, and left its own.
+    const std::string name = (fs::path(folder_) / std::to_string(::getpid())).string();
+    copy_ = name + kCopyEnd;
+    for (int i = 1; fs::exists(copy_, ignored); ++i) copy_ = name + '-' + std::to_string(i) + kCopyEnd;
 }
 
 std::string Recovery::keep(model::Document& document, const std::string& path) {
@@ -58,7 +62,8 @@ std::vector<Recovery::Left> Recovery::left() const {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder_, failed)) {
         if (entry.path().extension() != kCopyEnd) continue;
         const long process = std::strtol(entry.path().stem().c_str(), nullptr, 10);
-        if (process <= 0 || isRunning(process)) continue;
+        const bool isOurs = process == ::getpid() && entry.path() == copy_;
+        if (process <= 0 || isOurs || (process != ::getpid() && isRunning(process))) continue;
         Left left{entry.path().string(), {}};
         try {
             left.path = svg::readFile(pathFileOf(left.copy));

@@ -16,7 +16,7 @@ class Recovery {
 
     /// Makes the folder. Nothing is kept where that fails.
     explicit Recovery(std::string folder);
-    ~Recovery() { drop(); }
+    ~Recovery() = default; ///< a copy stays until it is dropped: whoever ends the program may have saved nothing
     Recovery(const Recovery&) = delete;
     Recovery& operator=(const Recovery&) = delete;
 

@@ -10,6 +10,8 @@ namespace easel::app {
 namespace {
 
 constexpr const char* kRecent = "recent";
+constexpr double kLeastSpacing = 0.5; // points
+constexpr double kMostSpacing = 10'000;
 
 } // namespace
 
@@ -26,7 +28,7 @@ QStringList Settings::recent() const {
 double Settings::gridSpacing() const {
     constexpr double kUsual = 10;
     const double spacing = file_.value("gridSpacing", kUsual).toDouble();
-    return spacing > 0 ? spacing : kUsual; // people edit the file
+    return spacing >= kLeastSpacing && spacing <= kMostSpacing ? spacing : kUsual; // people edit the file
 }
 
 void Settings::noteRecent(const std::string& path) {

@@ -1,8 +1,8 @@
 // What the window remembers from run to run, in a file of the profile's folder.
 #pragma once
 
-#include <QByteArray>
 #include <QSettings>
+#include <QSize>
 #include <QStringList>
 
 #include <string>
@@ -34,8 +34,13 @@ class Settings {
     [[nodiscard]] double gridSpacing() const; ///< points
     void setGridSpacing(double spacing) { file_.setValue("gridSpacing", spacing); }
 
-    [[nodiscard]] QByteArray geometry() const { return file_.value("geometry").toByteArray(); }
-    void setGeometry(const QByteArray& geometry) { file_.setValue("geometry", geometry); }
+    // Where the window stands is the window manager's.
+    [[nodiscard]] QSize windowSize() const { return file_.value("size", QSize(1300, 840)).toSize(); }
+    [[nodiscard]] bool maximized() const { return file_.value("maximized").toBool(); }
+    void setWindow(QSize size, bool maximized) {
+        file_.setValue("size", size);
+        file_.setValue("maximized", maximized);
+    }
 
   private:
     QSettings file_;

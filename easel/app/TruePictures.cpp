@@ -77,13 +77,15 @@ void TruePictures::work() {
             render::Packer packed;
             packed << view;
             const QImage image = imageOf(renderer->ask(render::Request::View, packed.bytes), order.port.size);
-            QMetaObject::invokeMethod(&receiver_, [this, image, port = order.port] { ready_(image, port); });
+            QMetaObject::invokeMethod(
+                &receiver_, [this, image, order = order.number, port = order.port] { ready_(order, image, port); });
         } catch (const Ended&) {
             return;
-        } catch (const svg::RenderError& error) {
+        } catch (const std::exception& error) {
             renderer.reset(); // it takes no more requests
             loaded = nullptr;
-            QMetaObject::invokeMethod(&receiver_, [this, why = std::string(error.what())] { failed_(why); });
+            QMetaObject::invokeMethod(
+                &receiver_, [this, order = order.number, why = std::string(error.what())] { failed_(order, why); });
         }
     }
 }

@@ -24,9 +24,10 @@ class TruePictures {
         double pageWidth = 0;
         double pageHeight = 0;
         Port port;
+        std::uint64_t number = 0; ///< which comes back with what is made
     };
-    using Ready = std::function<void(const QImage& image, const Port& port)>;
-    using Failed = std::function<void(const std::string& why)>;
+    using Ready = std::function<void(std::uint64_t order, const QImage& image, const Port& port)>;
+    using Failed = std::function<void(std::uint64_t order, const std::string& why)>;
 
     /// Both are called in the thread of `receiver`, as long as that lives.
     TruePictures(QObject& receiver, Ready ready, Failed failed);

@@ -98,7 +98,8 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     makePanels();
     makeStatusBar();
     actions_.done = [this] { refresh(); };
-    actions_.closing = [this] {
+    actions_.session().documents.goes = [this](const model::Document& document) {
+        if (actions_.session().documents.numberOf(document) != shown_) return;
         canvas_.leaveDocument();
         shown_ = 0;
     };
@@ -117,12 +118,16 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
         statusBar()->showMessage("Another program has changed " + QString::fromStdString(actions_.path()) +
                                  ". File > Reopen shows what it is now");
     }));
-    if (!restoreGeometry(settings_.geometry())) resize(1300, 840);
+    resize(settings_.windowSize());
+    if (settings_.maximized()) setWindowState(Qt::WindowMaximized);
     showTools();
     showTitle();
     startClock();
     canvas_.setFocus();
 }
+
+/// Documents may end after it.
+Window::~Window() { actions_.session().documents.goes = {}; }
 
 // Making
 
@@ -340,7 +345,7 @@ void Window::timerEvent(QTimerEvent* event) {
     // Begun anew before plug-ins are called: a timer does not fire in a dialog that its own handler has opened.
     clockTimer_.start(kClockMilliseconds, this);
     const double seconds = static_cast<double>(clock_.restart()) / 1000;
-    const auto changes = [this] { return shown_ != 0 ? actions_.document()->journal().changeCount() : 0; };
+    const auto changes = [this] { return actions_.document() ? actions_.document()->journal().changeCount() : 0; };
     const std::uint64_t before = changes();
     actions_.session().timers.runFor(seconds);
     if (changes() != before) refresh();
@@ -440,9 +445,12 @@ bool Window::mayLose() {
     }
 }
 
-void Window::keepWork() {
+void Window::keepWork(bool atOnce) {
     if (!actions_.document() || !actions_.isModified()) return;
-    if (actions_.session().pointer.pressed()) return keepTimer_.start(kKeepMilliseconds, this);
+    if (actions_.session().pointer.pressed()) {
+        if (!atOnce) return keepTimer_.start(kKeepMilliseconds, this);
+        actions_.session().pointer.cancel();
+    }
     const std::string why = recovery_.keep(*actions_.document(), actions_.path());
     if (!why.empty()) statusBar()->showMessage("Unsaved work is not kept: " + QString::fromStdString(why));
 }
@@ -494,7 +502,7 @@ void Window::closeEvent(QCloseEvent* event) {
     if (!mayLose()) return;
     giveUpReading();
     recovery_.drop();
-    settings_.setGeometry(saveGeometry());
+    settings_.setWindow(normalGeometry().size(), isMaximized());
     event->accept();
 }
 

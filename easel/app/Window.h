@@ -33,6 +33,7 @@ namespace easel::app {
 class Window final : public QMainWindow {
   public:
     Window(Actions& actions, Recovery& recovery, Settings& settings);
+    ~Window() override;
 
     /// Begins to read the file; it is shown when that is done.
     void open(const std::string& path);
@@ -41,7 +42,7 @@ class Window final : public QMainWindow {
     /// Offers what an earlier run left unsaved.
     void offerRecovered();
     /// Writes the recovery copy now, if there is unsaved work.
-    void keepWork();
+    void keepWork(bool atOnce = false); ///< else after the running gesture, if one is
     /// What went wrong, to be shown.
     void tell(const QString& why);
     [[nodiscard]] Canvas& canvas() { return canvas_; }

@@ -71,6 +71,11 @@ void Documents::add(std::unique_ptr<model::Document> document, const std::string
     open_.push_back({++lastNumber_, std::move(document), absolute(path), state});
 }
 
+void Documents::closeFront() {
+    if (goes) goes(*open_.back().document);
+    open_.pop_back();
+}
+
 model::Document* Documents::at(std::size_t index) const {
     return index < open_.size() ? open_[open_.size() - 1 - index].document.get() : nullptr;
 }

@@ -35,7 +35,8 @@ class Documents {
     void requireFreeNumber() const; ///< throws Error when all have been given out
     void add(std::unique_ptr<model::Document> document, const std::string& path = {});
     void bringToFront(const model::Document& document);
-    void closeFront() { open_.pop_back(); }
+    void closeFront();
+    std::function<void(const model::Document& document)> goes; ///< called before a document is closed, by whomever
     [[nodiscard]] std::size_t count() const { return open_.size(); }
     [[nodiscard]] model::Document* at(std::size_t index) const; ///< the one in front is 0; or null
 

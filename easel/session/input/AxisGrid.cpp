@@ -12,6 +12,8 @@ namespace {
 
 using model::Point;
 
+constexpr double kLeastSpacing = 1e-3; // points; beyond these there are no places to tell apart
+constexpr double kMostSpacing = 1e9;
 constexpr double kLeastSine = 0.02; // of the angle between two axes, about a degree
 
 Point sum(Point a, Point b, double times = 1) { return {a.x + times * b.x, a.y + times * b.y}; }
@@ -46,7 +48,7 @@ void shorten(Point& a, Point& b) {
 } // namespace
 
 AxisGrid::AxisGrid(const std::vector<double>& axes, double spacing) {
-    if (axes.size() < 2) return;
+    if (axes.size() < 2 || !(spacing >= kLeastSpacing && spacing <= kMostSpacing)) return;
     const Point first = directionOf(axes[0]);
     const Point second = directionOf(axes[1]);
     if (areParallel(first, second)) return;
