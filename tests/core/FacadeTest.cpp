@@ -321,6 +321,11 @@ TEST_F(Facade, ListsAllArtUnderAPointAndLeavesTheOrder) {
     for (int i = 0; i < 5; ++i) {
         Node& square =
             desk.addPath({{300, 300}, {340, 300}, {340, 340}, {300, 340}}, true, i < 3 ? &groupNode : nullptr);
+        if (i == 3) { // as part of a compound path, which goes with it
+            Node& whole = desk.document().create(easel::model::NodeType::Compound, easel::model::Placement::OnTopInside,
+                                                 *square.parent());
+            desk.document().place(square, easel::model::Placement::OnTopInside, whole);
+        }
         desk.document().setStyle(square, filled);
         stack.push_back(&square);
     }

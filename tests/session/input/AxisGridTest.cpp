@@ -55,4 +55,9 @@ TEST(AxisGrid, AxesThatAreAllButParallelMakeNone) {
         EXPECT_TRUE(AxisGrid(axes, 10).isEmpty()) << testing::PrintToString(axes);
 }
 
+TEST(AxisGrid, HasNoLinesWhereNoPlacesCanBeTold) {
+    for (const double spacing : {0.0, 1e-300, 1e300, HUGE_VAL, std::nan("")})
+        EXPECT_TRUE(AxisGrid({30, 150, 90}, spacing).isEmpty()) << spacing;
+}
+
 } // namespace
