@@ -84,8 +84,8 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     const std::string drawn = folder.content("window.svg");
     EXPECT_THAT(drawn, HasSubstr("<path"));
     canvas().leaveDocument();
-    session.reset();
     window.reset();
+    session.reset();
 
     easel::session::Session again;
     again.profile.use(folder.path("profile"));
