@@ -48,13 +48,8 @@ void Window::followReading() {
     if (!reading_ && givenUp_.empty()) return readingTimer_.stop();
     if (!reading_) return;
     if (!reading_->isDone()) return showReading();
-    // A gesture, a menu or a dialog of the drawing in front ends first.
-    const bool isUsed = actions_.session().pointer.pressed() || QApplication::mouseButtons() != Qt::NoButton ||
-                        QApplication::activeModalWidget() || QApplication::activePopupWidget();
-    if (isUsed) {
-        showReading();
-        return readingTimer_.start(kLookMilliseconds, this);
-    }
+    // A gesture or a dialog of the drawing in front ends first.
+    if (actions_.session().pointer.pressed() || QApplication::activeModalWidget()) return;
     const auto done = std::move(reading_);
     const auto opened = std::exchange(opened_, {});
     showReading();
