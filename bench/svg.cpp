@@ -151,6 +151,7 @@ BENCHMARK(saveOneChange)->Unit(benchmark::kMillisecond);
 /// Finding out where texts lie, once, the renderer's start included.
 void measuringTexts(benchmark::State& state) {
     std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 1000 1000\">";
+    if (state.range(1) != 0) svg += "<style>g text, .label { font-size: 9px }</style>";
     for (std::int64_t i = 0; i < state.range(0); ++i)
         svg += "<text x=\"" + std::to_string(i % 40 * 25) + "\" y=\"" + std::to_string(i / 40 * 10) + "\">word</text>";
     svg += "</svg>";
@@ -162,6 +163,10 @@ void measuringTexts(benchmark::State& state) {
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(measuringTexts)->Arg(100)->Arg(1'000)->Arg(4'000)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(measuringTexts)
+    ->ArgNames({"texts", "styleSheet"})
+    ->ArgsProduct({{100, 1'000, 2'000, 4'000}, {0, 1}})
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
 
 } // namespace

@@ -153,14 +153,14 @@ void Builder::endSheet() {
     const bool isElsewhere = has("@import");
     source_->sheetHasServers = source_->sheetHasServers || isElsewhere || has("url(");
     source_->sheetInsists = source_->sheetInsists || isElsewhere || has("important");
-    source_->sheetNamesGroups = source_->sheetNamesGroups || has("@"); // for what follows that is not read
+    source_->sheetHasUnread = source_->sheetHasUnread || has("@");
     fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (source_->rules.isUnderstood() || !has("font"));
     sheets_.push_back(std::move(sheet_.text));
     sheet_ = {};
 }
 
 void Builder::linkSheet() {
-    source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = source_->sheetNamesGroups = true;
+    source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = source_->sheetHasUnread = true;
     fontsAreKnown_ = false;
 }
 
@@ -190,7 +190,7 @@ std::unique_ptr<Document> Builder::finish() {
     nameSymbols();
     document_->journal().end();
     clipPaths_.finish();
-    source_->sheetNamesGroups = source_->sheetNamesGroups || source_->rules.maySelect("g");
+    source_->sheetNamesGroups = source_->sheetHasUnread || source_->rules.maySelect("g");
     if (!firstLayerTaken_) newImplicitLayer();
     document_->origin = std::move(source_);
     return std::move(document_);

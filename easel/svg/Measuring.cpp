@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <tuple>
@@ -82,14 +83,22 @@ class Labelled {
         insertions_.push_back({element.end, Rank::End, "</" + group + '>'});
     }
 
-    [[nodiscard]] std::string groupIn(std::uint32_t container) const {
+    [[nodiscard]] std::string groupIn(std::uint32_t container, const char* type = "g") const {
         const std::string_view name = source_.tagName(source_.elements[source_.containers[container].element]);
-        return std::string(name.substr(0, name.size() - localName(name).size())) + 'g';
+        return std::string(name.substr(0, name.size() - localName(name).size())) + type;
+    }
+    /// The name of an element that may be put around others unnoticed; none where selectors could tell the difference.
+    [[nodiscard]] std::optional<std::string> unseenGroupIn(std::uint32_t container) const {
+        if (source_.sheetHasUnread) return std::nullopt;
+        for (const char* const type : {"g", "a"}) { // which are drawn alike
+            std::string name = groupIn(container, type);
+            if (source_.defaults.count(name) == 0 && !source_.rules.maySeeAround(type)) return name;
+        }
+        return std::nullopt;
     }
 
-    /// Selectors could tell the difference. The renderer has limits too.
+    /// The renderer has limits.
     void gatherAround(const std::vector<Unmeasured>& art) {
-        if (source_.hasStyleSheet || !source_.defaults.empty()) return;
         if (source_.elementCount + source_.elementCount / (kMostTogether - 2) > kMostElements) return;
         std::set<std::uint32_t> containers;
         for (const Unmeasured& each : art)
@@ -108,12 +117,13 @@ class Labelled {
         if (source_.containers[container].depth + source_.elements[parent].height + 2 * kDeepestGathering >
             kDeepestElement)
             return;
-        const std::string group = groupIn(container);
+        const std::optional<std::string> group = levels > 0 ? unseenGroupIn(container) : std::nullopt;
+        if (!group) return;
         for (std::size_t level = 0, size = kMostTogether; level < levels; ++level, size *= kMostTogether) {
             for (std::size_t first = 0; first < children.size(); first += size) {
                 const std::size_t last = std::min(first + size, children.size()) - 1;
-                insertions_.push_back({children[first]->begin, Rank::Around, '<' + group + '>'});
-                insertions_.push_back({children[last]->end, Rank::End, "</" + group + '>'});
+                insertions_.push_back({children[first]->begin, Rank::Around, '<' + *group + '>'});
+                insertions_.push_back({children[last]->end, Rank::End, "</" + *group + '>'});
             }
         }
     }

@@ -128,6 +128,7 @@ class Source : public KnownFiles {
     bool hasStyleSheet = false;
     bool sheetHasServers = false; ///< gradients, markers, clips, anything that lies in the units of what it is put on
     bool sheetInsists = false;    ///< with "!important"
+    bool sheetHasUnread = false;  ///< at-rules, or what stands in another file
     bool sheetNamesGroups = false;
     std::map<std::string, Tag::Defaults>
         defaults; ///< attributes that elements have by the file's own grammar, by tag name

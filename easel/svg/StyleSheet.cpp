@@ -167,6 +167,14 @@ bool StyleSheet::fits(const Step& step, const Styled& element) {
            std::all_of(step.classes.begin(), step.classes.end(), has);
 }
 
+bool StyleSheet::maySeeAround(std::string_view type) const {
+    const Styled bare{std::string(type), {}, {}};
+    const auto sees = [&](const Step& step) { return step.isChild || fits(step, bare); };
+    return !understood_ || std::any_of(rules_.begin(), rules_.end(), [&](const Rule& rule) {
+        return std::any_of(rule.steps.begin(), rule.steps.end(), sees);
+    });
+}
+
 /// Steps that are children of one another are matched together, in the innermost elements that they fit: that leaves
 /// the most to the steps before, so that nothing is tried twice.
 bool StyleSheet::selects(const Rule& rule, const std::vector<Styled>& path) {

@@ -37,6 +37,8 @@ class StyleSheet {
     [[nodiscard]] bool maySelect(std::string_view type) const {
         return !understood_ || byKey_.count("*") > 0 || byKey_.count(type) > 0;
     }
+    /// Whether an element of this type that has no name and no class, put around others, might change what is selected.
+    [[nodiscard]] bool maySeeAround(std::string_view type) const;
     /// What is declared for the last of some elements, each in the one before it. Later ones win.
     [[nodiscard]] std::vector<const Declaration*> declarationsFor(const std::vector<Styled>& path) const;
 
