@@ -140,7 +140,8 @@ class Document {
 
     // Searching
     /// The feature at `point` within `tolerance` points among `within` and its descendants; see HitTest.h.
-    [[nodiscard]] Hit hitTest(Node& within, Point point, double tolerance, HitRequest request);
+    [[nodiscard]] Hit hitTest(Node& within, Point point, double tolerance, HitRequest request,
+                              HitOrder order = HitOrder::Kind);
     /// The topmost path or opaque art at `point`: its fill, or within `tolerance` its outline. Not what is locked or
     /// hidden; nor is it in the next.
     [[nodiscard]] Node* topmostAt(Point point, double tolerance);

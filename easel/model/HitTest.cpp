@@ -210,10 +210,10 @@ void Document::Impl::findNear(Point point, double tolerance) {
     tree.index.find({point.x - reach, point.y - reach, point.x + reach, point.y + reach}, found);
 }
 
-Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request) {
+Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest request, HitOrder order) {
     if (!isSearchable(point, tolerance)) return {};
     measure();
-    const KeptHits::Place place{point, tolerance, request};
+    const KeptHits::Place place{point, tolerance, request, order};
     if (impl_->tree.keptHits.isAskedAgain(place, within, impl_->tree.index.changeCount()))
         return impl_->bestKept(within, place);
     impl_->findNear(point, tolerance);
@@ -221,9 +221,20 @@ Hit Document::hitTest(Node& within, Point point, double tolerance, HitRequest re
     // What cannot be hit may still be a hole in what can.
     const auto end =
         std::partition(found.begin(), found.end(), [&](const Node* node) { return isReachable(*node, within); });
-    BestHit best(impl_->tree.index, point, tolerance);
-    searchAmong(found.begin(), end, request, best, [&] { return Fills(found, point); });
-    return best.hit();
+    if (order == HitOrder::Kind) {
+        BestHit best(impl_->tree.index, point, tolerance);
+        searchAmong(found.begin(), end, request, best, [&] { return Fills(found, point); });
+        return best.hit();
+    }
+    const Fills fills(found, point);
+    Hit topmost;
+    for (auto at = found.begin(); at != end; ++at) {
+        if (topmost.node && comparePaintOrder(**at, *topmost.node) > 0) continue;
+        BestHit best(impl_->tree.index, point, tolerance);
+        searchAmong(at, at + 1, request, best, [&]() -> const Fills& { return fills; });
+        if (best.isFound()) topmost = best.hit();
+    }
+    return topmost;
 }
 
 Hit Document::Impl::bestKept(Node& within, const KeptHits::Place& place) {

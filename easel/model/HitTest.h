@@ -35,11 +35,16 @@ enum class SnapTo : std::uint8_t {
     Bounds    ///< corners, middles of the sides, and centre of an object's bounds
 };
 
+/// What decides between several hits, first to last.
+enum class HitOrder : std::uint8_t {
+    Kind, ///< the kind of feature, in the order of HitKind; distance; paint order
+    Paint ///< paint order; the kind of feature; distance
+};
+
 enum class HitKind : std::uint8_t { None, Anchor, InHandle, OutHandle, Segment, Fill };
 
 /// Opaque art has no feature but its fill, which is all of its box. What lies outside of a mask is not there, and the
 /// mask itself is no feature.
-/// The kind of feature decides first, in the order of HitKind, then distance, then paint order.
 struct Hit {
     HitKind kind = HitKind::None;
     Node* node = nullptr;

@@ -15,7 +15,7 @@ constexpr std::size_t kMostChanged = 4096; // beyond that searching anew is as f
 } // namespace
 
 bool KeptHits::Search::BestFirst::operator()(const Found& a, const Found& b) const {
-    if (std::tie(a.hit.kind, a.distance) != std::tie(b.hit.kind, b.distance))
+    if (order == HitOrder::Kind && std::tie(a.hit.kind, a.distance) != std::tie(b.hit.kind, b.distance))
         return std::tie(a.hit.kind, a.distance) < std::tie(b.hit.kind, b.distance);
     return Document::comparePaintOrder(*a.hit.node, *b.hit.node) < 0;
 }

@@ -19,6 +19,7 @@ class KeptHits {
         Point point;
         double tolerance = 0;
         HitRequest request = HitRequest::Nothing;
+        HitOrder order = HitOrder::Kind;
 
         bool operator==(const Place&) const = default;
     };
@@ -31,6 +32,8 @@ class KeptHits {
     /// The hits among one container and its descendants.
     class Search {
       public:
+        explicit Search(HitOrder order) : found_(BestFirst{order}) {}
+
         void add(const Found& found); ///< which its object has none of yet
         [[nodiscard]] Hit best() const { return found_.empty() ? Hit{} : found_.begin()->hit; }
         /// Hands over those that have changed since, and that have to be looked at again.
@@ -39,6 +42,7 @@ class KeptHits {
       private:
         friend class KeptHits;
         struct BestFirst {
+            HitOrder order;
             bool operator()(const Found& a, const Found& b) const;
         };
         using All = std::set<Found, BestFirst>;
@@ -55,7 +59,9 @@ class KeptHits {
     [[nodiscard]] bool isAskedAgain(const Place& place, const Node& within, std::uint64_t geometry);
     /// What is kept; null where nothing is.
     [[nodiscard]] Search* find(const Node& within);
-    Search& begin(const Node& within) { return searches_[&within] = {}; }
+    Search& begin(const Node& within) {
+        return searches_.insert_or_assign(&within, Search(place_.order)).first->second;
+    }
 
     /// To be called before a node changes, whatever of it. What it holds is seen through it, so that a change of a
     /// container with something in it leaves nothing known.

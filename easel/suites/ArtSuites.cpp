@@ -204,11 +204,12 @@ void getMatching(const AIMatchingArtSpec& kinds, std::int32_t kindCount, AIArtHa
 
 // Hit test
 
+template <model::HitOrder kOrder>
 AIHitRecord hitTest(std::optional<Art> art, const AIRealPoint& point, AIReal tolerance, std::int32_t request) {
     require(std::isfinite(point.h) && std::isfinite(point.v) && tolerance >= 0);
     model::Document& document = art ? art->document : currentDocument();
     const model::Hit hit = document.hitTest(art ? art->node : document.reach(), {point.h, point.v}, tolerance,
-                                            static_cast<model::HitRequest>(request));
+                                            static_cast<model::HitRequest>(request), kOrder);
     static constexpr std::int32_t kTypes[] = {kAINoHit,        kAIAnchorHit,  kAIInHandleHit,
                                               kAIOutHandleHit, kAISegmentHit, kAIFillHit};
     return {.type = kTypes[static_cast<int>(hit.kind)],
@@ -271,6 +272,9 @@ template <> void fill(AIMatchingArtSuite& suite) {
     enter<&AIMatchingArtSuite::DeselectAll>(suite, [] { currentDocument().deselectAll(); });
 }
 
-template <> void fill(AIHitTestSuite& suite) { enter<&AIHitTestSuite::HitTest, hitTest>(suite); }
+template <> void fill(AIHitTestSuite& suite) {
+    enter<&AIHitTestSuite::HitTest, hitTest<model::HitOrder::Kind>>(suite);
+    enter<&AIHitTestSuite::HitTestTopmost, hitTest<model::HitOrder::Paint>>(suite);
+}
 
 } // namespace easel::suites

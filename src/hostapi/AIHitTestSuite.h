@@ -35,6 +35,10 @@ typedef struct AIHitTestSuite {
      * means the whole document. The kind of feature decides first (anchor, handle, segment, fill), then distance, then
      * paint order. Hidden and locked art is passed over. Nothing found is a success with kAINoHit. */
     AIErr (*HitTest)(AIArtHandle art, const AIRealPoint* point, AIReal tolerance, int32_t request, AIHitRecord* hit);
+    /* The same, but paint order decides first, then the kind of feature, then distance: for whoever goes through a
+     * stack from its top. */
+    AIErr (*HitTestTopmost)(AIArtHandle art, const AIRealPoint* point, AIReal tolerance, int32_t request,
+                            AIHitRecord* hit);
 } AIHitTestSuite;
 
 DESCRIBE_SUITE(AIHitTestSuite)

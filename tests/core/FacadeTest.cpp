@@ -318,9 +318,11 @@ TEST_F(Facade, ListsAllArtUnderAPointAndLeavesTheOrder) {
     Style filled;
     filled.fill = true;
     std::vector<const Node*> stack{&desk.document().addLayer("Above").layer()};
+    // The first corners lie at many distances from where all of them are near, one out of reach.
+    static constexpr double kFirst[] = {299.5, 298.7, 299.8, 299.2, 292};
     for (int i = 0; i < 5; ++i) {
-        Node& square =
-            desk.addPath({{300, 300}, {340, 300}, {340, 340}, {300, 340}}, true, i < 3 ? &groupNode : nullptr);
+        Node& square = desk.addPath({{kFirst[i], kFirst[i]}, {340, 300}, {340, 340}, {300, 340}}, true,
+                                    i < 3 ? &groupNode : nullptr);
         if (i == 3) { // as part of a compound path, which goes with it
             Node& whole = desk.document().create(easel::model::NodeType::Compound, easel::model::Placement::OnTopInside,
                                                  *square.parent());
@@ -331,13 +333,19 @@ TEST_F(Facade, ListsAllArtUnderAPointAndLeavesTheOrder) {
     }
     const auto before = easel::model::listing(desk.document());
     const std::size_t steps = desk.document().journal().undoDepth();
-    const auto find = [&] { return CurrentDocument().artAtPoint({320, 320}, HitRequest::Fills); };
+    const auto find = [&](HitRequest request = HitRequest::Fills) {
+        return CurrentDocument().artAtPoint({300, 300}, request);
+    };
     auto& monitor = kzo::plugin::host::monitor();
     desk.inMessage([&] {
-        const auto found = find();
-        ASSERT_EQ(found->size(), 5u);
-        for (std::size_t i = 0; i < 5; ++i)
-            EXPECT_EQ((*found)[i].uid(), Art(easel::suites::artHandle(desk.document(), stack[5 - i])).uid());
+        for (const HitRequest request : {HitRequest::Fills, HitRequest::Everything, HitRequest::AnchorsAndSegments}) {
+            const auto found = find(request);
+            const bool fills = request != HitRequest::AnchorsAndSegments;
+            ASSERT_EQ(found->size(), fills ? 5u : 4u);
+            for (std::size_t i = 0; i < found->size(); ++i)
+                EXPECT_EQ((*found)[i].uid(),
+                          Art(easel::suites::artHandle(desk.document(), stack[found->size() - i])).uid());
+        }
         EXPECT_TRUE(CurrentDocument().artAtPoint({700, 20}, HitRequest::Everything)->empty());
     });
     EXPECT_EQ(easel::model::listing(desk.document()).text, before.text);

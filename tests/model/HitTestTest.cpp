@@ -34,6 +34,7 @@ TEST_F(HitTest, KindDecidesBeforeDistanceBeforePaintOrder) {
         HitKind kind;
         Node* node;
         int index;
+        HitOrder order = HitOrder::Kind;
     } rows[] = {
         {1.5, 0.9, HitKind::Anchor, &above, 0}, // though the segment is nearer
         {9.9, 0.2, HitKind::Anchor, &below, 1}, // nearer than the other anchor
@@ -41,9 +42,13 @@ TEST_F(HitTest, KindDecidesBeforeDistanceBeforePaintOrder) {
         {5, 0.4, HitKind::Segment, &below, 0},  // nearer
         {5, 0.5, HitKind::Segment, &above, 0},  // equally near
         {5, 4, HitKind::None, nullptr, -1},
+        {1.5, 0.9, HitKind::Anchor, &above, 0, HitOrder::Paint},
+        {9.9, 0.2, HitKind::Anchor, &above, 1, HitOrder::Paint},
+        {5, 0.4, HitKind::Segment, &above, 0, HitOrder::Paint},
+        {11.9, 0, HitKind::Anchor, &below, 1, HitOrder::Paint}, // out of the other's reach
     };
     for (const auto& row : rows) {
-        const Hit hit = at(row.x, row.y);
+        const Hit hit = document.hitTest(document.root(), {row.x, row.y}, 2, kEverything, row.order);
         EXPECT_EQ(std::tie(hit.kind, hit.node, hit.index), std::tie(row.kind, row.node, row.index))
             << row.x << ' ' << row.y;
     }
@@ -207,7 +212,8 @@ TEST_F(HitTest, WhatIsKeptOfASearchIsWhatSearchingAnewFinds) {
             for (int i = 0; i < 20; ++i)
                 document.setStyle(addPath(document, document.currentLayer(), random.points(4)), painted(true, 1));
         const Point point = random.point();
-        const auto find = [&](Node& within) { return document.hitTest(within, point, 9, kEverything); };
+        const HitOrder order = round % 2 == 0 ? HitOrder::Kind : HitOrder::Paint;
+        const auto find = [&](Node& within) { return document.hitTest(within, point, 9, kEverything, order); };
         const auto findAll = [&] {
             std::vector<Hit> hits{find(document.root())};
             for (Node* node = document.root().firstChild(); node; node = node->next()) hits.push_back(find(*node));

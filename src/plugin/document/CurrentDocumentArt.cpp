@@ -59,7 +59,7 @@ std::vector<ArtObject*> CurrentDocument::artAtPoint(const core::ArtboardPoint& p
     std::vector<std::pair<ArtObject*, ArtObject*>> moved; // with the empty groups that keep their places
     ArtObject* const bottom = Layer(lastLayer()).group();
     for (;;) {
-        const HitData hit(nullptr, point, request, kTolerance, true);
+        const HitData hit(nullptr, point, request, kTolerance, true, HitOrder::Paint);
         ArtObject* const art = hit.hit() ? hit.art() : nullptr;
         if (!art || std::find(found.begin(), found.end(), art) != found.end()) break;
         found.push_back(art);

@@ -33,24 +33,26 @@ constexpr double kJustBeforeEnd = 0.9999;
 } // namespace
 
 HitData::HitData(ArtObject* art, const core::ArtboardPoint& point, core::HitRequest request, double tolerance,
-                 bool inViewUnits)
+                 bool inViewUnits, HitOrder order)
     : request_(request), point_(point) {
     const CurrentDocument document;
     if (!document.exists()) return;
     tested_ = true;
     const double inPoints = std::abs(tolerance) / (inViewUnits ? document.zoom() : 1.0);
     if (art) {
-        static_cast<void>(test(art, inPoints));
+        static_cast<void>(test(art, inPoints, order));
         return;
     }
     for (AILayer* layer = document.firstLayer(); layer; layer = Layer(layer).next())
-        if (test(Layer(layer).group(), inPoints)) return;
+        if (test(Layer(layer).group(), inPoints, order)) return;
 }
 
-bool HitData::test(ArtObject* art, double tolerance) {
+bool HitData::test(ArtObject* art, double tolerance, HitOrder order) {
     // Without its group a layer would stand for the whole document.
     if (!art) return false;
-    const auto record = host::get<&AIHitTestSuite::HitTest>(art, point_, tolerance, request_);
+    const AIHitRecord record = order == HitOrder::Paint
+                                   ? host::get<&AIHitTestSuite::HitTestTopmost>(art, point_, tolerance, request_)
+                                   : host::get<&AIHitTestSuite::HitTest>(art, point_, tolerance, request_);
     type_ = host::fromHost<core::HitType>(record.type);
     if (type_ == core::HitType::None) return false;
     art_ = record.art;

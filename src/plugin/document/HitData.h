@@ -13,6 +13,9 @@ struct ArtObject;
 
 namespace kzo::plugin {
 
+/// What decides first between the hits of several objects.
+enum class HitOrder : std::uint8_t { Kind, Paint };
+
 class HitData {
   public:
     /// No test made.
@@ -20,7 +23,7 @@ class HitData {
     /// Tests `point` against `art`, or against every layer from the topmost down when it is null. The sign of
     /// `tolerance` is dropped; it is in points, or in screen units when `inViewUnits`.
     HitData(ArtObject* art, const core::ArtboardPoint& point, core::HitRequest request, double tolerance,
-            bool inViewUnits);
+            bool inViewUnits, HitOrder order = HitOrder::Kind);
 
     [[nodiscard]] bool tested() const { return tested_; } ///< false where no document was open
     [[nodiscard]] bool hit() const { return tested_ && type_ != core::HitType::None; }
@@ -40,7 +43,7 @@ class HitData {
     [[nodiscard]] std::optional<core::ArtboardPoint> snappedTo(core::HitType type) const;
 
   private:
-    [[nodiscard]] bool test(ArtObject* art, double tolerance);
+    [[nodiscard]] bool test(ArtObject* art, double tolerance, HitOrder order);
     void noteSegPoint(std::int16_t index);
 
     bool tested_ = false;
