@@ -20,7 +20,7 @@ typedef struct AIMatchingArtSuite {
     /* All selected art of the current document, topmost first, as a memory handle that the caller disposes; null when
      * nothing is selected. */
     AIErr (*GetSelectedArt)(AIArtHandle*** list, int32_t* count);
-    /* All art that matches any of the specifications, likewise: of the current document, or of what `within` holds. */
+    /* All art that matches any of the given kinds, likewise: of the current document, or of what `within` holds. */
     AIErr (*GetMatchingArt)(const AIMatchingArtSpec* kinds, int32_t kindCount, AIArtHandle*** list, int32_t* count);
     AIErr (*GetMatchingArtWithin)(AIArtHandle within, const AIMatchingArtSpec* kinds, int32_t kindCount,
                                   AIArtHandle*** list, int32_t* count);

@@ -1,49 +1,22 @@
-// The window as a hand uses it: drawing, keys, files, questions, panels, and what it shows.
+// The window as a hand uses it: drawing, keys, panels, and what it shows.
+#include "WindowTest.h"
+
 #include <QAccessible>
-#include <QAction>
-#include <QCheckBox>
-#include <QDesktopServices>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QTextBrowser>
 #include <QToolButton>
 #include <QTreeWidget>
 
 #include <cmath>
-#include <fstream>
 #include <numbers>
 #include <sstream>
 
 #include "script/Script.h"
-#include "support/Shown.h"
 #include "svg/Picture.h"
-#include "svg/Writer.h"
 
 namespace {
 
-using desk::Shown;
-using easel::model::NodeType;
+using desk::WindowTest;
 using easel::model::Point;
 using testing::HasSubstr;
-
-class WindowTest : public Shown {
-  protected:
-    WindowTest() { window->newDocument(300, 200); }
-
-    const easel::model::PathData& topPath() { return document().currentLayer().firstChild()->path(); }
-    std::size_t paths() { return document().currentLayer().childCount(); }
-    /// An item of a menu, by its text.
-    void choose(const char* text) {
-        for (QAction* const action : window->findChildren<QAction*>())
-            if (action->text() == text) return action->trigger();
-        ADD_FAILURE() << "no item " << text;
-    }
-    void enter(const char* field, double value) { window->findChild<QDoubleSpinBox*>(field)->setValue(value); }
-};
 
 // Gestures
 
@@ -232,154 +205,6 @@ TEST_F(WindowTest, AGestureEndsWhenADialogOpensOverIt) {
     EXPECT_EQ(paths(), 0U);
 }
 
-/// What a plug-in hears of keys and clicks, "event:typed" each.
-TEST_F(WindowTest, TellsPluginsOfEveryKeyAndClick) {
-    static std::string heard;
-    heard.clear();
-    auto& plugin = session->plugins.attach("Hearing", [](const char*, const char* selector, void* message) -> SPErr {
-        if (std::string(selector) != kSelectorStageDialogEvent) return kNoErr;
-        const auto& event = *static_cast<const StageDialogMessage*>(message);
-        heard += std::to_string(event.event) + (event.typed ? std::string(":") + event.typed : "") + " ";
-        return kNoErr;
-    });
-    session->start();
-    easel::session::Dialog& dialog = session->dialogs.add(plugin, "Keys", 200, 100);
-    for (const std::int32_t kind : {kStageLabel, kStageTextField, kStageButton}) {
-        easel::session::Widget widget;
-        widget.id = widget.kind = kind;
-        widget.frame = {0, kind * 20., 99, kind * 20. + 19};
-        widget.text = std::to_string(kind);
-        easel::session::Dialogs::setWidget(dialog, widget);
-    }
-    easel::session::Dialogs::setFocus(dialog, kStageTextField);
-    whenAsked<QDialog>([&](QDialog& shown) {
-        const auto part = [&](int id) { return shown.findChild<QWidget*>(QString::number(id)); };
-        for (const auto code : {Qt::Key_Left, Qt::Key_F1, Qt::Key_End, Qt::Key_Delete})
-            key(*part(kStageTextField), code);
-        for (const int id : {kStageLabel, kStageButton})
-            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
-                                    QEvent::MouseButtonRelease, QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                const QPointF middle(5, 5);
-                QMouseEvent event(type, middle, part(id)->mapToGlobal(middle.toPoint()), Qt::LeftButton,
-                                  type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
-                QApplication::sendEvent(part(id), &event);
-            }
-        // Neither the other button nor one let go elsewhere makes a click.
-        for (const auto& [button, place] :
-             {std::pair{Qt::RightButton, QPointF(5, 5)}, {Qt::LeftButton, QPointF(5, 500)}})
-            for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-                QMouseEvent event(type, place, part(kStageLabel)->mapToGlobal(place), button, button, {});
-                QApplication::sendEvent(part(kStageLabel), &event);
-            }
-        easel::session::Dialogs::end(dialog);
-        key(shown, Qt::Key_Escape);
-    });
-    session->dialogs.run(dialog);
-    EXPECT_EQ(heard, "1:\xEF\x9C\x82 1:\xEF\x9C\x84 1:\xEF\x9C\xAB 1:\x7f 3 4 3 3 4 3 ");
-}
-
-TEST_F(WindowTest, ShowsAnotherPictureUnderThePointer) {
-    auto& plugin = session->plugins.attach("Pictures", [](const char*, const char*, void*) -> SPErr { return kNoErr; });
-    plugin.filePath = ORTHOLINE_BUNDLE;
-    session->start();
-    easel::session::Dialog& dialog = session->dialogs.add(plugin, "Pictures", 200, 100);
-    for (const std::int32_t kind : {kStageLabel, kStageButton}) {
-        easel::session::Widget widget;
-        widget.id = widget.kind = kind;
-        widget.frame = {kind * 30., 10, kind * 30. + 24, 34};
-        widget.text = std::to_string(kind);
-        widget.image = 17000;
-        widget.rolloverImage = 17010;
-        widget.pressedImage = 17002;
-        easel::session::Dialogs::setWidget(dialog, widget);
-    }
-    whenAsked<QDialog>([&](QDialog& shown) {
-        for (const int id : {kStageLabel, kStageButton}) {
-            QWidget& part = *shown.findChild<QWidget*>(QString::number(id));
-            EXPECT_EQ(part.accessibleName(), QString::number(id));
-            const QPointF place(5, 5);
-            QEnterEvent enter(place, place, part.mapToGlobal(place));
-            QMouseEvent press(QEvent::MouseButtonPress, place, part.mapToGlobal(place), Qt::LeftButton, Qt::LeftButton,
-                              {});
-            QMouseEvent release(QEvent::MouseButtonRelease, place, part.mapToGlobal(place), Qt::LeftButton, {}, {});
-            QEvent leave(QEvent::Leave);
-            std::vector<QImage> pictures;
-            for (QEvent* const event : std::initializer_list<QEvent*>{nullptr, &enter, &press, &release, &leave}) {
-                if (event) QApplication::sendEvent(&part, event);
-                const auto* const label = dynamic_cast<QLabel*>(&part);
-                const QPixmap picture =
-                    label ? label->pixmap() : dynamic_cast<QPushButton&>(part).icon().pixmap(QSize(24, 24), 1.0);
-                pictures.push_back(picture.toImage());
-            }
-            EXPECT_EQ(pictures[0].size(), QSize(24, 24));
-            EXPECT_NE(pictures[0], pictures[1]);
-            EXPECT_NE(pictures[1], pictures[2]);
-            EXPECT_NE(pictures[2], pictures[0]);
-            EXPECT_EQ(pictures[3], pictures[1]);
-            EXPECT_EQ(pictures[4], pictures[0]);
-        }
-        easel::session::Dialogs::end(dialog);
-        key(shown, Qt::Key_Escape);
-    });
-    session->dialogs.run(dialog);
-}
-
-TEST_F(WindowTest, OpensAddressesOfTheWebAlone) {
-    QTextBrowser browser; // whose signal stands in for the user's
-    std::string opened;
-    QObject::connect(&browser, &QTextBrowser::anchorClicked,
-                     [&](const QUrl& url) { opened += url.toString().toStdString() + ' '; });
-    for (const char* scheme : {"http", "https", "file"})
-        QDesktopServices::setUrlHandler(scheme, &browser, "anchorClicked");
-    for (const char* address : {"http://a.example/", "https://b.example/?c=d", "file:///etc/passwd", "none"})
-        easel::app::openAddress(address);
-    for (const char* scheme : {"http", "https", "file"}) QDesktopServices::unsetUrlHandler(scheme);
-    EXPECT_EQ(opened, "http://a.example/ https://b.example/?c=d ");
-}
-
-/// The plug-in's own dialog, by keys and mouse; what comes of it is in the plug-in's file.
-TEST_F(WindowTest, ShowsDialogsOfPlugins) {
-    std::string title;
-    std::string transcript;
-    const auto focused = [&](QDialog& dialog) {
-        auto* const field = dynamic_cast<QLineEdit*>(dialog.focusWidget());
-        return field ? field->accessibleName().toStdString() + field->text().toStdString() + '\n'
-                     : std::string("none\n");
-    };
-    whenAsked<QDialog>([&](QDialog& dialog) {
-        transcript += focused(dialog);
-        for (const int digit : {'-', '4', '5'}) key(*dialog.focusWidget(), digit, QString(QChar(digit)));
-        key(*dialog.focusWidget(), Qt::Key_Backspace);
-        key(*dialog.focusWidget(), '2', "2");
-        transcript += focused(dialog);
-        key(*dialog.focusWidget(), Qt::Key_Tab);
-        transcript += focused(dialog);
-        dialog.findChild<QCheckBox*>("Automatically concatenate lines")->click();
-        transcript += focused(dialog);
-        key(*dialog.focusWidget(), Qt::Key_Return);
-    });
-    actions->editTool(*session->toolbox.findByTitle("Isometric Line Tool"));
-    EXPECT_EQ(transcript, "X (left) axis angle:-30\nX (left) axis angle:-42\nZ (right) axis angle:30\n"
-                          "Z (right) axis angle:30\n");
-    const std::string file = desk::contents(folder.path("profile/Velloran/Ortholine 16/Preferences"));
-    EXPECT_THAT(file, HasSubstr("\"xAxis\":138"));
-    EXPECT_THAT(file, HasSubstr("\"autoConcat\":true"));
-}
-
-/// Two of them have one text.
-TEST_F(WindowTest, ChoosesMenuItemsByTheirGroup) {
-    std::vector<std::string> titles;
-    for (const char* const group : {"Velloran Plugins", "About Velloran Plugins"}) {
-        whenAsked<QDialog>([&](QDialog& dialog) {
-            titles.push_back(dialog.windowTitle().toStdString());
-            dialog.reject();
-        });
-        for (const QMenu* const menu : window->findChildren<QMenu*>())
-            if (menu->title() == group) menu->actions().front()->trigger();
-    }
-    EXPECT_THAT(titles, testing::ElementsAre("Ortholine Preferences", "About Ortholine"));
-}
-
 TEST_F(WindowTest, SaysWhyALayerTakesNoArt) {
     chooseTool("Isometric Line Tool");
     auto& list = *window->findChild<QTreeWidget*>("layers");
@@ -517,19 +342,8 @@ TEST_F(WindowTest, ZoomsAboutThePointer) {
     EXPECT_EQ(canvas().zoom(), 256);
 }
 
-/// The share of the page's pixels that differ by more than a little from the renderer's picture.
-double difference(const QImage& shown, const std::string& png) {
-    const QImage right = QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size()));
-    EXPECT_EQ(shown.size(), right.size());
-    int off = 0;
-    for (int y = 0; y < right.height(); ++y) {
-        for (int x = 0; x < right.width(); ++x) {
-            const QRgb a = shown.pixel(x, y);
-            const QRgb b = right.pixel(x, y);
-            off += std::abs(qRed(a) - qRed(b)) + std::abs(qGreen(a) - qGreen(b)) + std::abs(qBlue(a) - qBlue(b)) > 24;
-        }
-    }
-    return off / static_cast<double>(right.width() * right.height());
+QImage image(const std::string& png) {
+    return QImage::fromData(reinterpret_cast<const uchar*>(png.data()), static_cast<int>(png.size()));
 }
 
 TEST_F(WindowTest, ShowsTheRenderersPicture) {
@@ -542,7 +356,7 @@ TEST_F(WindowTest, ShowsTheRenderersPicture) {
         const QPoint corner = canvas().fromDocument({0, 0}).toPoint();
         const QImage shown = canvas().grab().toImage().copy(
             QRect(corner, QSize(static_cast<int>(document().width()), static_cast<int>(document().height()))));
-        EXPECT_LT(difference(shown, png), 0.001) << drawing;
+        EXPECT_LT(desk::difference(shown, image(png), 8), 0.001) << drawing;
 
         chooseTool("Selection Tool");
         actions->key("A", kAICommandKey);
@@ -550,100 +364,10 @@ TEST_F(WindowTest, ShowsTheRenderersPicture) {
         actions->key("A", kAICommandKey | kAIShiftKey);
         ASSERT_TRUE(await([&] { return canvas().isTrue(); }));
         const std::string moved = easel::svg::picture(document(), easel::svg::PictureFormat::Png, {}, drawing);
-        EXPECT_LT(difference(canvas().grab().toImage().copy(QRect(corner, shown.size())), moved), 0.001) << drawing;
+        EXPECT_LT(desk::difference(canvas().grab().toImage().copy(QRect(corner, shown.size())), image(moved), 8), 0.001)
+            << drawing;
         EXPECT_NE(moved, png);
     }
-}
-
-// Files
-
-TEST_F(WindowTest, AsksBeforeWorkIsLost) {
-    actions->addLayer("New");
-    clickWhenAsked("Cancel");
-    EXPECT_FALSE(window->close());
-    actions->disown(folder.path("none/d.svg")); // no such folder
-    clickWhenAsked("Save");
-    EXPECT_FALSE(window->close());
-    EXPECT_THAT(failures, testing::ElementsAre(HasSubstr("No such file or directory")));
-    QTimer::singleShot(0, window.get(), easel::app::guarded([] { throw 1; }));
-    settle();
-    EXPECT_EQ(failures.back(), "something was thrown that says nothing of itself");
-    clickWhenAsked("Discard");
-    EXPECT_TRUE(window->close());
-    EXPECT_THAT(asked, HasSubstr("Save the changes"));
-}
-
-TEST_F(WindowTest, KeepsUnsavedWorkForTheNextRun) {
-    chooseTool("Isometric Line Tool");
-    stroke({{100, 100}, {100, 60}});
-    window->keepWork();
-    const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
-    const std::string kept = desk::contents(mine);
-    EXPECT_THAT(kept, HasSubstr("<path"));
-    EXPECT_TRUE(recovery.left().empty()); // this program runs still
-    // As if another program had left it, whose number no program has.
-    folder.write("recovery/99999999.svg", kept);
-    folder.write("recovery/99999999.path", "/somewhere/d.svg");
-    window->newDocument(10, 10);
-    EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
-    clickWhenAsked("Open It");
-    window->offerRecovered();
-    ASSERT_TRUE(await([&] { return !window->isReading(); }));
-    EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
-    EXPECT_EQ(paths(), 1U);
-    EXPECT_EQ(actions->path(), "/somewhere/d.svg");
-    EXPECT_TRUE(actions->isModified());
-    EXPECT_TRUE(recovery.left().empty());
-    EXPECT_EQ(desk::contents(mine), kept);
-}
-
-/// The drawing in front can be used while another is read.
-TEST_F(WindowTest, ReadsBesideAllElse) {
-    std::string large = "<svg xmlns='http://www.w3.org/2000/svg' width='77' height='10'>";
-    for (int i = 0; i < 20'000; ++i) large += "<path d='M1,1 L" + std::to_string(i % 70) + ",9'/>";
-    const std::string path = folder.write("large.svg", large + "</svg>");
-    const auto begin = [&] {
-        window->open(path);
-        EXPECT_TRUE(window->isReading());
-        chooseTool("Isometric Line Tool");
-        stroke({{100, 100}, {100, 60}});
-    };
-    begin();
-    EXPECT_EQ(paths(), 1U);
-    for (QAction* const action : window->findChildren<QAction*>())
-        if (action->text() == "Stop Rea&ding") action->trigger();
-    EXPECT_FALSE(window->isReading());
-    settle();
-    EXPECT_EQ(document().width(), 300);
-
-    begin(); // what was drawn meanwhile is not lost without a question
-    clickWhenAsked("Cancel");
-    ASSERT_TRUE(await([&] { return !window->isReading() && !asked.empty(); }));
-    EXPECT_EQ(document().width(), 300);
-    begin();
-    press({50, 50});
-    settle();
-    EXPECT_TRUE(window->isReading()); // until the gesture has ended
-    clickWhenAsked("Discard");
-    release({50, 50});
-    ASSERT_TRUE(await([&] { return document().width() == 77; }));
-    EXPECT_EQ(paths(), 20'000U);
-}
-
-TEST_F(WindowTest, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
-    open(folder.path("none.svg"));
-    ASSERT_EQ(failures.size(), 1U);
-    EXPECT_EQ(failures[0], folder.path("none.svg") + ": No such file or directory");
-    EXPECT_EQ(document().width(), 300); // what was open is still
-    const std::string path = folder.path("d.svg");
-    actions->save(path, false);
-    std::ofstream(path, std::ios::app) << "<!-- theirs -->";
-    actions->addLayer("Ours");
-    clickWhenAsked("Cancel");
-    choose("&Save");
-    EXPECT_THAT(asked, HasSubstr("changed by another program"));
-    EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
-    EXPECT_TRUE(actions->isModified());
 }
 
 } // namespace

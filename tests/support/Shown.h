@@ -4,12 +4,15 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QImage>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <memory>
 
@@ -21,9 +24,33 @@
 
 namespace desk {
 
+/// The share of pixels with a channel that differs by more than `tolerated` steps.
+inline double difference(const QImage& shown, const QImage& right, int tolerated) {
+    EXPECT_EQ(shown.size(), right.size());
+    int off = 0;
+    for (int y = 0; y < right.height(); ++y) {
+        for (int x = 0; x < right.width(); ++x) {
+            const QRgb a = shown.pixel(x, y);
+            const QRgb b = right.pixel(x, y);
+            off += std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
+                             std::abs(qBlue(a) - qBlue(b))}) > tolerated;
+        }
+    }
+    return off / static_cast<double>(right.width() * right.height());
+}
+
 class Shown : public testing::Test {
   protected:
-    Shown() { show(); }
+    Shown() {
+        QObject::connect(&unanswered, &QTimer::timeout, &unanswered, [this] { endWhatNobodyAnswers(); });
+        unanswered.start(1000);
+        show();
+    }
+    /// A test that failed half way may hold the button still, and a window asks nothing on its way out.
+    ~Shown() override {
+        if (window && session && session->pointer.pressed()) canvas().leaveDocument();
+        QApplication::processEvents();
+    }
 
     void show(const std::string& record = "") {
         window.reset();
@@ -121,7 +148,20 @@ class Shown : public testing::Test {
         });
     }
 
+    /// A dialog that no test expects would wait for ever.
+    void endWhatNobodyAnswers() {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        seconds = dialog && dialog == waiting ? seconds + 1 : 0;
+        waiting = dialog;
+        if (seconds < 20) return;
+        ADD_FAILURE() << "nobody answers " << dialog->windowTitle().toStdString();
+        dialog->close();
+    }
+
     Folder folder;
+    QTimer unanswered;
+    const QWidget* waiting = nullptr; ///< the dialog that was open a second ago, for so many seconds
+    int seconds = 0;
     std::unique_ptr<easel::session::Session> session;
     easel::app::Recovery recovery{folder.path("recovery")};
     easel::app::Settings settings{folder.path()};

@@ -1,0 +1,102 @@
+// Files in the window: what is asked before work is lost, what is kept of it, reading beside everything else.
+#include <fstream>
+
+#include "WindowTest.h"
+
+namespace {
+
+using testing::HasSubstr;
+
+class WindowFiles : public desk::WindowTest {};
+
+TEST_F(WindowFiles, AsksBeforeWorkIsLost) {
+    actions->addLayer("New");
+    clickWhenAsked("Cancel");
+    EXPECT_FALSE(window->close());
+    actions->disown(folder.path("none/d.svg")); // no such folder
+    clickWhenAsked("Save");
+    EXPECT_FALSE(window->close());
+    EXPECT_THAT(failures, testing::ElementsAre(HasSubstr("No such file or directory")));
+    QTimer::singleShot(0, window.get(), easel::app::guarded([] { throw 1; }));
+    settle();
+    EXPECT_EQ(failures.back(), "something was thrown that says nothing of itself");
+    clickWhenAsked("Discard");
+    EXPECT_TRUE(window->close());
+    EXPECT_THAT(asked, HasSubstr("Save the changes"));
+}
+
+TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    window->keepWork();
+    const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
+    const std::string kept = desk::contents(mine);
+    EXPECT_THAT(kept, HasSubstr("<path"));
+    EXPECT_TRUE(recovery.left().empty()); // this program runs still
+    // As if another program had left it, whose number no program has.
+    folder.write("recovery/99999999.svg", kept);
+    folder.write("recovery/99999999.path", "/somewhere/d.svg");
+    window->newDocument(10, 10);
+    EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
+    clickWhenAsked("Open It");
+    window->offerRecovered();
+    ASSERT_TRUE(await([&] { return !window->isReading(); }));
+    EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
+    EXPECT_EQ(paths(), 1U);
+    EXPECT_EQ(actions->path(), "/somewhere/d.svg");
+    EXPECT_TRUE(actions->isModified());
+    EXPECT_TRUE(recovery.left().empty());
+    EXPECT_EQ(desk::contents(mine), kept);
+}
+
+/// The drawing in front can be used while another is read.
+TEST_F(WindowFiles, ReadsBesideAllElse) {
+    constexpr std::size_t kMany = 150'000; // more than are read before the window says that it reads
+    std::string large = "<svg xmlns='http://www.w3.org/2000/svg' width='77' height='10'>";
+    for (std::size_t i = 0; i < kMany; ++i) large += "<path d='M1,1 L" + std::to_string(i % 70) + ",9'/>";
+    const std::string path = folder.write("large.svg", large + "</svg>");
+    const auto begin = [&] {
+        window->open(path);
+        EXPECT_TRUE(window->isReading());
+        chooseTool("Isometric Line Tool");
+        stroke({{100, 100}, {100, 60}});
+    };
+    begin();
+    EXPECT_EQ(paths(), 1U);
+    for (QAction* const action : window->findChildren<QAction*>())
+        if (action->text() == "Stop Rea&ding") action->trigger();
+    EXPECT_FALSE(window->isReading());
+    settle();
+    EXPECT_EQ(document().width(), 300);
+
+    begin(); // what was drawn meanwhile is not lost without a question
+    clickWhenAsked("Cancel");
+    ASSERT_TRUE(await([&] { return !window->isReading() && !asked.empty(); }));
+    EXPECT_EQ(document().width(), 300);
+    begin();
+    press({50, 50});
+    settle();
+    EXPECT_TRUE(window->isReading()); // until the gesture has ended
+    clickWhenAsked("Discard");
+    release({50, 50});
+    ASSERT_TRUE(await([&] { return document().width() == 77; }));
+    EXPECT_EQ(paths(), kMany);
+}
+
+TEST_F(WindowFiles, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
+    open(folder.path("none.svg"));
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_EQ(failures[0], folder.path("none.svg") + ": No such file or directory");
+    EXPECT_EQ(document().width(), 300); // what was open is still
+    const std::string path = folder.path("d.svg");
+    actions->save(path, false);
+    std::ofstream(path, std::ios::app) << "<!-- theirs -->";
+    actions->addLayer("Ours");
+    clickWhenAsked("Cancel");
+    choose("&Save");
+    EXPECT_THAT(asked, HasSubstr("changed by another program"));
+    EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
+    EXPECT_TRUE(actions->isModified());
+}
+
+} // namespace
