@@ -133,7 +133,7 @@ double secondsUntil(const char* line, const QString& program, const QStringList&
 /// The window's process and, in turn, that of an empty one: until the first picture, and until the drawing shows.
 void start(benchmark::State& state) {
     const Folder folder;
-    Shown(folder.path); // the profile is that of a second start: the plug-in has said its welcome
+    { const Shown first(folder.path); } // the profile is that of a second start: the plug-in has said its welcome
     const QStringList arguments{"--time-start", "--plugin", ORTHOLINE_BUNDLE, "--profile",
                                 QString::fromStdString(folder.path / "profile")};
     double window = 1e9;

@@ -21,14 +21,19 @@ class Application final : public QApplication {
     [[nodiscard]] static Application& instance() { return *static_cast<Application*>(qApp); }
 };
 
+/// Signals may say more than a handler wants to hear.
+template <class Handler, class... Arguments> void hand(const Handler& handler, Arguments&&... arguments) {
+    if constexpr (std::is_invocable_v<const Handler&, Arguments...>)
+        handler(std::forward<Arguments>(arguments)...);
+    else
+        handler();
+}
+
 /// A handler for a signal: what it throws must not cross Qt, which would lose memory.
 template <class Handler> auto guarded(Handler handler) {
     return [handler = std::move(handler)](auto&&... arguments) -> void {
         try {
-            if constexpr (std::is_invocable_v<const Handler&, decltype(arguments)...>)
-                handler(std::forward<decltype(arguments)>(arguments)...);
-            else
-                handler();
+            hand(handler, std::forward<decltype(arguments)>(arguments)...);
         } catch (...) {
             Application::instance().tellOfThrown();
         }

@@ -157,8 +157,10 @@ void Canvas::paintGrid(QPainter& painter, const QRect& part) const {
         const auto at = [&](double s, double t) {
             return fromDocument({s * way.x + t * way.y, s * way.y - t * way.x});
         };
-        for (double t = std::ceil((beside - reach) / apart) * apart; t <= beside + reach; t += apart)
-            painter.drawLine(at(along - reach, t), at(along + reach, t));
+        const double first = std::ceil((beside - reach) / apart) * apart;
+        const int last = static_cast<int>(std::floor((beside + reach - first) / apart));
+        for (int i = 0; i <= last; ++i)
+            painter.drawLine(at(along - reach, first + i * apart), at(along + reach, first + i * apart));
     }
 }
 

@@ -7,7 +7,6 @@
 #include <QPainter>
 
 #include <array>
-#include <utility>
 
 #include "app/Application.h"
 #include "app/Look.h"
@@ -33,7 +32,7 @@ const std::array<Named, 9> kOffered{{{"Black", QColor(0, 0, 0)},
 /// A square of the colour; without one it is white and crossed out.
 class Square final : public QIconEngine {
   public:
-    explicit Square(std::optional<QColor> color) : color_(std::move(color)) {}
+    explicit Square(std::optional<QColor> color) : color_(color) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
         painter->save();

@@ -119,6 +119,7 @@ template <> void fill(AIArtboardSuite& suite) {
         suite, [](Artboard artboard) { artboard.document.settings.artboard = (*artboard).id; });
     enter<&AIArtboardSuite::InsertArtboard, insert>(suite);
     enter<&AIArtboardSuite::DeleteArtboard, remove>(suite);
+    // Each call makes its own. NOLINTNEXTLINE(performance-unnecessary-value-param)
     enter<&AIArtboardSuite::GetArtboardIndex>(suite, [](Artboard artboard) { return artboard.index; });
     enter<&AIArtboardSuite::GetArtboardTitle, getTitle>(suite);
     enter<&AIArtboardSuite::SetArtboardTitle, setTitle>(suite);
