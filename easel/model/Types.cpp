@@ -81,6 +81,14 @@ Affine inverse(const Affine& affine) {
     return back;
 }
 
+Box transformed(const Box& box, const Affine& by) {
+    Box result;
+    if (box.isEmpty()) return result;
+    for (const double x : {box.left, box.right})
+        for (const double y : {box.top, box.bottom}) result.include(by({x, y}));
+    return result;
+}
+
 void Box::include(Point point) {
     left = std::min(left, point.x);
     top = std::min(top, point.y);
@@ -200,12 +208,10 @@ Box TextData::bounds() const {
     const auto letters = std::count_if(contents.begin(), contents.end(), [](char c) { return (c & 0xC0) != 0x80; });
     const double width = static_cast<double>(letters) * kWidth * size;
     const double part = justification == Justification::Left ? 0 : justification == Justification::Center ? 0.5 : 1;
-    if (orientation == Orientation::Vertical) {
-        const double top = anchor.y - part * width;
-        return {anchor.x - size / 2, top, anchor.x + size / 2, top + width};
-    }
-    const double left = anchor.x - part * width;
-    return {left, anchor.y - kAscent * size, left + width, anchor.y + kDescent * size};
+    const Box box = orientation == Orientation::Vertical
+                        ? Box{-size / 2, -part * width, size / 2, (1 - part) * width}
+                        : Box{-part * width, -kAscent * size, (1 - part) * width, kDescent * size};
+    return transformed(box, {turned[0], turned[1], turned[2], turned[3], anchor.x, anchor.y});
 }
 
 Box PathData::bounds() const {
@@ -218,14 +224,7 @@ Box PathData::bounds() const {
     return box;
 }
 
-Box OpaqueData::hull() const {
-    if (!bounds || bounds->isEmpty()) return {};
-    const Affine place = placed();
-    Box box;
-    for (const double x : {bounds->left, bounds->right})
-        for (const double y : {bounds->top, bounds->bottom}) box.include(place({x, y}));
-    return box;
-}
+Box OpaqueData::hull() const { return bounds ? transformed(*bounds, placed()) : Box{}; }
 
 void Style::setFill(const std::optional<Color>& color) {
     servedFill = false;

@@ -54,7 +54,8 @@ struct Affine {
 };
 /// Both in one, `first` before `second`.
 [[nodiscard]] Affine operator*(const Affine& first, const Affine& second);
-[[nodiscard]] Affine inverse(const Affine& affine); ///< of one that has one
+[[nodiscard]] Affine inverse(const Affine& affine);              ///< of one that has one
+[[nodiscard]] Box transformed(const Box& box, const Affine& by); ///< what contains it then
 
 /// One anchor with its control points towards the previous (`in`) and the next anchor (`out`).
 struct PathPoint {
@@ -211,6 +212,7 @@ struct TextData {
     Orientation orientation = Orientation::Horizontal;
     bool isRich = false; ///< has parts that look or lie otherwise than the rest; nothing of it can be changed then
     Point anchor{};      ///< where it was at first, as in OpaqueData
+    std::array<double, 4> turned{1, 0, 0, 1}; ///< how its letters lay about it then: a to d of an Affine
     Style paint{};
 
     /// An estimate, for want of the font's measures: most fonts' letters are half as wide as high.
@@ -225,7 +227,8 @@ struct ImageData {
     std::string link{};        ///< where it is, as the drawing says it; of one that was read with the drawing: nothing
     std::uint32_t columns = 0; ///< pixels; 0: not known
     std::uint32_t rows = 0;
-    Affine place{}; ///< from the square from 0 to 1 to where it was at first, as in OpaqueData
+    std::string fit = "none"; ///< how it is fitted where its size is not known, as the drawing says it; else stretched
+    Affine place{};           ///< from the square from 0 to 1 to where it was at first, as in OpaqueData
 
     bool operator==(const ImageData&) const = default;
 };

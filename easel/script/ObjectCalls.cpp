@@ -126,9 +126,7 @@ void setSymbol(Host& host, const ThisArt& art, const std::string& name) {
     const auto known = session::Documents::definitions(*art.document, "symbol");
     if (std::find(known.begin(), known.end(), name) == known.end())
         throw BadArgument("argument 1 (value): there is no symbol \"" + name + '"');
-    model::SymbolData use = *art->symbol();
-    use.symbol = name;
-    edit(host, *art.document, [&] { art.document->setSpecial(*art.node, std::move(use)); });
+    edit(host, *art.document, [&] { session::Documents::setSymbol(*art.document, *art.node, name); });
 }
 
 /// As the drawing says it; null for what is no picture, or one in the drawing itself.

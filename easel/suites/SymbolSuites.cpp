@@ -71,16 +71,13 @@ AIArtHandle newInstance(std::string_view name, std::int16_t paintOrder, std::opt
     const Place place = placeFor(paintOrder, prep);
     require(place.parent().mayHold(NodeType::Opaque) && has(place.document, kSymbol, name));
     model::Node& node = place.document.create(NodeType::Opaque, place.placement, place.anchor);
-    place.document.setSpecial(node, model::SymbolData{.symbol = std::string(name)});
-    place.document.setBounds(node, Documents::boundsOfDefinition(place.document, kSymbol, std::string(name)));
+    Documents::setSymbol(place.document, node, std::string(name));
     return artHandle(place.document, &node);
 }
 
 void setSymbol(Instance art, std::string_view name) {
     require(has(art.document, kSymbol, name));
-    model::SymbolData use = *art.node.symbol();
-    use.symbol = name;
-    art.document.setSpecial(art.node, std::move(use));
+    Documents::setSymbol(art.document, art.node, std::string(name));
 }
 
 // Modes

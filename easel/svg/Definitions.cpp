@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "model/Bounds.h"
+#include "model/Journal.h"
 #include "svg/FileError.h"
 #include "svg/Markup.h"
 #include "svg/Names.h"
@@ -38,6 +39,13 @@ const Made* madeAs(Document& document, std::string_view kind, std::string_view n
     for (const auto& made : document.root().extras().definitions)
         if (made->kind == kind && made->name == name) return &*made;
     return nullptr;
+}
+
+std::string startTagOf(Document& document, std::string_view kind, std::string_view name) {
+    if (const Definition* const known = readAs(document, kind, name))
+        return sourceOf(document)->text.substr(known->begin, known->tagEnd - known->begin);
+    const Made* const made = madeAs(document, kind, name);
+    return made ? "<" + made->kind + made->attributes + '>' : "";
 }
 
 /// What binds prefixes in a start tag, as it is written there.
@@ -98,6 +106,25 @@ std::string_view contentIn(const Source& source, const Definition& definition) {
     return std::string_view(source.text).substr(definition.tagEnd, end - definition.tagEnd);
 }
 
+std::string contentOf(Document& document, std::string_view kind, std::string_view name) {
+    if (const Made* const made = madeAs(document, kind, name)) return made->content;
+    const Definition* const known = readAs(document, kind, name);
+    return std::string(known ? contentIn(*sourceOf(document), *known) : "");
+}
+
+/// All of them, for one that refers to others.
+std::string definitionsIn(Document& document) {
+    std::string text = "<defs xmlns=\"" + std::string(kSvgNamespace) + "\">";
+    if (const Source* const source = sourceOf(document))
+        for (const Definition& known : source->definitions)
+            if (!madeAs(document, known.kind, known.id))
+                text.append(source->text, known.begin, known.end - known.begin);
+    for (const auto& made : document.root().extras().definitions)
+        text += '<' + made->kind + " id=\"" + made->name + '"' + made->attributes + '>' + made->content + "</" +
+                made->kind + '>';
+    return text + "</defs>";
+}
+
 void keep(Document& document, Made made) {
     model::Extras extras = document.root().extras();
     const auto known = std::find_if(extras.definitions.begin(), extras.definitions.end(),
@@ -144,6 +171,61 @@ Node& copyOf(Document& to, Node& container, const Node& node) {
     return copy;
 }
 
+/// A symbol as instances show it: its box, if it has one, is fitted into theirs. What lies outside of that counts to
+/// the bounds, as for the renderer.
+class UsedSymbol {
+  public:
+    UsedSymbol(Document& document, const std::string& name) : page_{document.width(), document.height()} {
+        if (const std::string tag = startTagOf(document, "symbol", name); !tag.empty()) tag_ = tag;
+        std::string content = contentOf(document, "symbol", name);
+        if (content.find('#') != content.npos) content.insert(0, definitionsIn(document));
+        try {
+            const auto drawing = read(drawingAround(document, tag_, content), name);
+            drawing->measure();
+            art_ = boundsOf(drawing->root(), {});
+            box_ = {drawing->width(), drawing->height()};
+        } catch (const FileError&) { // as in readDefinition
+        }
+    }
+
+    /// One that shows it where its own units say, as large as it is.
+    [[nodiscard]] model::SymbolData whereItIs() const {
+        const std::vector<double> box = numbers(attribute("viewBox"));
+        if (box.size() != 4 || !hasBox()) return {};
+        return {.symbol = {}, .place = {1, 0, 0, 1, box[0], box[1]}, .size = model::Point{box[2], box[3]}};
+    }
+    /// From its drawing to the units of an instance.
+    [[nodiscard]] model::Affine fitted(const model::SymbolData& use) const {
+        if (!hasBox()) return {};
+        const model::Point size = use.size.value_or(page_);
+        const std::string fit = attribute("preserveAspectRatio");
+        const auto says = [&](std::string_view word) { return fit.find(word) != fit.npos; };
+        model::Affine by{size.x / box_.x, 0, 0, size.y / box_.y, 0, 0};
+        if (!says("none")) by.a = by.d = says("slice") ? std::max(by.a, by.d) : std::min(by.a, by.d);
+        const auto before = [&](std::string_view first, std::string_view last) {
+            return says(first) ? 0 : says(last) ? 1 : 0.5;
+        };
+        by.e = (size.x - box_.x * by.a) * before("xMin", "xMax");
+        by.f = (size.y - box_.y * by.d) * before("YMin", "YMax");
+        return by;
+    }
+    /// Empty where they cannot be told.
+    [[nodiscard]] model::Box boundsIn(const model::SymbolData& use) const {
+        return transformed(art_, fitted(use) * use.place);
+    }
+
+  private:
+    [[nodiscard]] std::string attribute(std::string_view name) const {
+        return std::string(trimmed(Tag(tag_).find(name).value_or("")));
+    }
+    [[nodiscard]] bool hasBox() const { return !attribute("viewBox").empty() && box_.x > 0 && box_.y > 0; }
+
+    std::string tag_ = "<symbol>";
+    model::Point page_;
+    model::Point box_; ///< its size
+    model::Box art_;
+};
+
 } // namespace
 
 std::vector<std::string> definitionNames(Document& document, std::string_view kind) {
@@ -160,12 +242,9 @@ std::unique_ptr<Document> readDefinition(Document& document, std::string_view ki
     const Definition* const known = readAs(document, kind, name);
     const Made* const made = madeAs(document, kind, name);
     if (!known && !made) return nullptr;
-    const Source* const source = sourceOf(document);
-    const std::string startTag = known ? source->text.substr(known->begin, known->tagEnd - known->begin)
-                                       : "<" + made->kind + made->attributes + '>';
-    const std::string content = made ? made->content : std::string(contentIn(*source, *known));
+    const std::string startTag = startTagOf(document, kind, name);
     try {
-        return read(drawingAround(document, startTag, content), std::string(name));
+        return read(drawingAround(document, startTag, contentOf(document, kind, name)), std::string(name));
     } catch (const FileError&) { // it needs something that stands around it
         return nullptr;
     }
@@ -176,7 +255,13 @@ void redefine(Document& document, std::string_view kind, std::string_view name, 
     const Made* const made = madeAs(document, kind, name);
     const std::string content = contentOf(edited);
     if (made ? made->content == content : known && contentIn(*sourceOf(document), *known) == content) return;
+    const model::Journal::Scope change(document.journal());
     keep(document, {std::string(kind), std::string(name), made ? made->attributes : "", content});
+    if (kind != "symbol") return;
+    const UsedSymbol symbol(document, std::string(name));
+    for (Node* node = &document.root(); node; node = nextWithin(document.root(), *node))
+        if (node->symbol() && node->symbol()->symbol == name)
+            document.setBounds(*node, symbol.boundsIn(*node->symbol()));
 }
 
 std::optional<std::string> define(Document& document, std::string_view kind, Node& art) {
@@ -219,36 +304,32 @@ bool copyInto(Document& to, Node& container, const Node& art, const model::Affin
     return true;
 }
 
-namespace {
-
-/// From a symbol's units to those of a use: its box is made as large as fits, in the middle.
-std::optional<model::Affine> fitted(const Document& symbol, std::string_view viewBox,
-                                    std::optional<model::Point> size) {
-    if (viewBox.empty()) return model::Affine{};
-    if (!size) return std::nullopt;
-    const double scale = std::min(size->x / symbol.width(), size->y / symbol.height());
-    return model::Affine{
-        scale, 0, 0, scale, (size->x - symbol.width() * scale) / 2, (size->y - symbol.height() * scale) / 2};
+void setSymbol(Document& document, Node& instance, const std::string& name) {
+    model::SymbolData use = instance.symbol() ? *instance.symbol() : model::SymbolData{};
+    if (use.symbol == name) return;
+    const UsedSymbol symbol(document, name);
+    if (instance.symbol())
+        use.size = use.size ? use.size : symbol.whereItIs().size;
+    else
+        use = symbol.whereItIs();
+    use.symbol = name;
+    const model::Journal::Scope change(document.journal());
+    document.setBounds(instance, symbol.boundsIn(use));
+    document.setSpecial(instance, std::move(use));
 }
-
-} // namespace
 
 bool expandInstance(Document& document, Node& instance) {
     const model::SymbolData use = *instance.symbol();
     const auto symbol = readDefinition(document, "symbol", use.symbol);
     if (!symbol) return false;
-    const Definition* const known = readAs(document, "symbol", use.symbol);
-    const Source* const source = sourceOf(document);
-    const std::string tag = known ? source->text.substr(known->begin, known->tagEnd - known->begin) : "<symbol>";
-    const auto fit = fitted(*symbol, Tag(tag).find("viewBox").value_or(""), use.size);
-    if (!fit) return false;
+    const model::Affine fit = UsedSymbol(document, use.symbol).fitted(use);
     for (Node* layer = symbol->root().firstChild(); layer; layer = layer->next())
         for (const Node* art = layer->firstChild(); art; art = nextWithin(*layer, *art))
             if (!canBeCopied(*art)) return false;
     Node& group = document.create(NodeType::Group, model::Placement::Above, instance);
     for (const Node* layer = symbol->root().lastChild(); layer; layer = layer->previous())
         for (const Node* art = layer->lastChild(); art; art = art->previous())
-            static_cast<void>(copyInto(document, group, *art, *fit * use.place * instance.opaque().placed()));
+            static_cast<void>(copyInto(document, group, *art, fit * use.place * instance.opaque().placed()));
     document.setExtras(group, instance.extras());
     document.setHidden(group, instance.hidden());
     document.remove(instance);

@@ -25,13 +25,17 @@ void redefine(model::Document& document, std::string_view kind, std::string_view
 /// copy can be made.
 [[nodiscard]] std::optional<std::string> define(model::Document& document, std::string_view kind, model::Node& art);
 
+/// Makes opaque art an instance of a symbol, in the bounds that go with it: where the symbol's own units say, as large
+/// as it is, or where it was an instance of another.
+void setSymbol(model::Document& document, model::Node& instance, const std::string& name);
+
 /// Copies art into a container of another document, after a transform. False when there is something in it of which no
 /// copy can be made: what Easel knows nothing of.
 [[nodiscard]] bool copyInto(model::Document& to, model::Node& container, const model::Node& art,
                             const model::Affine& by = {});
 
 /// Puts a group with a copy of what it shows in the place of a symbol's instance. False where there is something in it
-/// of which no copy can be made, and where the symbol is fitted into a box that is not told.
+/// of which no copy can be made.
 bool expandInstance(model::Document& document, model::Node& instance);
 
 } // namespace easel::svg

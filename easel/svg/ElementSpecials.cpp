@@ -1,4 +1,5 @@
 // The elements of texts, pictures and uses of symbols: new ones, and those that were read and have changed.
+#include <cmath>
 #include <string>
 
 #include "svg/ElementParts.h"
@@ -10,6 +11,7 @@
 
 namespace easel::svg {
 
+using model::Affine;
 using model::Node;
 using model::Point;
 using model::Style;
@@ -30,6 +32,20 @@ void setLength(Tag& tag, const char* name, double value) {
     tag.set(name, number);
 }
 
+/// From its own units, which begin where it is put, to where it was at first: those of its letters, of a picture as the
+/// square from 0 to 1, or of a symbol.
+Affine placeAtFirst(const Node& node) {
+    if (const model::TextData* const text = node.text())
+        return {text->turned[0], text->turned[1], text->turned[2], text->turned[3], text->anchor.x, text->anchor.y};
+    return node.image() ? node.image()->place : node.symbol()->place;
+}
+
+void setSize(Tag& tag, const model::SymbolData& use) {
+    if (!use.size) return;
+    setLength(tag, "width", use.size->x);
+    setLength(tag, "height", use.size->y);
+}
+
 } // namespace
 
 // New ones
@@ -37,45 +53,64 @@ void setLength(Tag& tag, const char* name, double value) {
 std::string ElementText::newSpecial(const Node& node, const Place& place) {
     const auto* const image = node.image();
     Tag tag = newTag(node, place, node.text() ? "text" : image ? "image" : "use");
+    Affine lies = placeAtFirst(node);
+    Affine placed = node.opaque().placed();
+    if (!isTurned(node)) {
+        lies.e += placed.e;
+        lies.f += placed.f;
+        placed = {};
+    }
+    const bool isUpright = image ? lies.b == 0 && lies.c == 0 && lies.a >= 0 && lies.d >= 0
+                                 : Affine{lies.a, lies.b, lies.c, lies.d, 0, 0} == Affine{};
+    if (!isUpright) { // which only a transform can say
+        const double width = image ? std::hypot(lies.a, lies.b) : 1;
+        const double height = image ? std::hypot(lies.c, lies.d) : 1;
+        if (width == 0 || height == 0) throw UnsavableError("a picture without any width or height cannot be saved");
+        const Affine own{width, 0, 0, height, 0, 0};
+        placed = inverse(own) * lies * placed;
+        lies = own;
+    }
     // Its lengths are the page's, whatever is around it.
-    const Geom::Affine placed = isTurned(node) ? placedOf(node) : Geom::Affine::identity();
-    const Geom::Affine transform = placed * toPageIn(place).inverse();
+    const Geom::Affine transform = asGeom(placed) * toPageIn(place).inverse();
     if (!transform.isIdentity(0)) tag.set("transform", transformText(transform));
-    const Point moved = isTurned(node) ? Point{} : node.opaque().moved;
-    if (node.text()) return newText(node, moved, place, tag);
+    if (node.text()) return newText(node, {lies.e, lies.f}, place, tag);
     if (image) {
-        newImage(*image, moved, tag);
+        newImage(*image, lies, tag);
     } else {
-        if (moved.x != 0) setLength(tag, "x", moved.x);
-        if (moved.y != 0) setLength(tag, "y", moved.y);
+        if (lies.e != 0) setLength(tag, "x", lies.e);
+        if (lies.f != 0) setLength(tag, "y", lies.f);
+        setSize(tag, *node.symbol());
         changeLink(tag, '#' + node.symbol()->symbol);
     }
     setExtras(tag, node.extras(), {});
     return tag.text() + "/>";
 }
 
-std::string ElementText::newText(const Node& node, Point moved, const Place& place, Tag& tag) {
+std::string ElementText::newText(const Node& node, Point anchor, const Place& place, Tag& tag) {
     const model::TextData& text = *node.text();
     requireUsable(text.paint);
-    setLength(tag, "x", text.anchor.x + moved.x);
-    setLength(tag, "y", text.anchor.y + moved.y);
-    if (!text.font.empty()) tag.set("font-family", escaped(text.font));
-    setLength(tag, "font-size", text.size);
-    tag.set("text-anchor", anchorText(text.justification));
-    if (text.orientation == model::Orientation::Vertical) tag.set("writing-mode", kVertical);
-    tag.set("xml:space", "preserve");
+    setLength(tag, "x", anchor.x);
+    setLength(tag, "y", anchor.y);
     setPaint(tag, node, text.paint, source_.containers[place.container]);
+    if (!text.font.empty()) setProperty(tag, "font-family", escaped(text.font));
+    if (!withinReach(text.size)) throw UnsavableError("text of a size beyond 1e9 points cannot be saved");
+    std::string size;
+    appendNumber(size, text.size);
+    setProperty(tag, "font-size", tag.find("style") ? size + "px" : size);
+    setProperty(tag, "text-anchor", anchorText(text.justification));
+    if (text.orientation == model::Orientation::Vertical) setProperty(tag, "writing-mode", kVertical);
+    tag.set("xml:space", "preserve");
     if (!overprintText(text.paint).empty()) setOverprint(tag, text.paint);
     setExtras(tag, node.extras(), {});
     return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
 }
 
-void ElementText::newImage(const model::ImageData& image, Point moved, Tag& tag) const {
-    setLength(tag, "x", image.place.e + moved.x);
-    setLength(tag, "y", image.place.f + moved.y);
-    setLength(tag, "width", image.place.a);
-    setLength(tag, "height", image.place.d);
-    tag.set("preserveAspectRatio", "none");
+void ElementText::newImage(const model::ImageData& image, const Affine& place, Tag& tag) const {
+    setLength(tag, "x", place.e);
+    setLength(tag, "y", place.f);
+    if (place.a > 0) setLength(tag, "width", place.a);
+    if (place.d > 0) setLength(tag, "height", place.d);
+    tag.set("preserveAspectRatio", escaped(image.fit));
     changeLink(tag, image.link);
 }
 
@@ -95,6 +130,7 @@ void ElementText::changeSpecial(Tag& tag, const Node& node, const Element& eleme
     if (const model::SymbolData* const use = node.symbol()) {
         const auto* const before = std::get_if<model::SymbolData>(was);
         if (before && use->symbol != before->symbol) changeLink(tag, '#' + use->symbol);
+        if (before && use->size != before->size) setSize(tag, *use);
     }
 }
 

@@ -79,8 +79,8 @@ class ElementText {
 
     // Attributes
     [[nodiscard]] Tag newTag(const model::Node& node, const Place& place, std::string_view name);
-    std::string newText(const model::Node& node, model::Point moved, const Place& place, Tag& tag);
-    void newImage(const model::ImageData& image, model::Point moved, Tag& tag) const;
+    std::string newText(const model::Node& node, model::Point anchor, const Place& place, Tag& tag);
+    void newImage(const model::ImageData& image, const model::Affine& place, Tag& tag) const;
     void changeSpecial(Tag& tag, const model::Node& node, const Element& element) const;
     void changeText(Tag& tag, const model::TextData& is, const model::TextData& was, double scale) const;
     void changeLink(Tag& tag, const std::string& link) const;

@@ -70,6 +70,8 @@ model::TextData readText(const Attributes& attributes, const TextLook& look, con
         text.isRich = true;
     }
     text.isRich = text.isRich || !(text.size > 0 && withinReach(text.size));
+    const bool isUpright = toPage[0] == toPage[3] && toPage[0] > 0 && toPage[1] == 0 && toPage[2] == 0;
+    if (!isUpright) text.turned = {toPage[0] / scale, toPage[1] / scale, toPage[2] / scale, toPage[3] / scale};
     text.paint = std::move(paint);
     return text;
 }
@@ -99,8 +101,10 @@ model::ImageData readImage(const Attributes& attributes, const Units& units, con
     double y = lengthOf(attributes, Name::Y, units, Along::Y).value_or(0);
     double width = lengthOf(attributes, Name::Width, units, Along::X).value_or(image.columns);
     double height = lengthOf(attributes, Name::Height, units, Along::Y).value_or(image.rows);
-    const bool isFitted = size && !attributes.get(Name::PreserveAspectRatio).starts_with("none");
-    if (isFitted) { // as large as it can be, in the middle
+    const std::string_view fit = trimmed(attributes.get(Name::PreserveAspectRatio));
+    const bool isInTheMiddle = fit.empty() || fit == "xMidYMid" || fit == "xMidYMid meet";
+    if (!(size && isInTheMiddle)) image.fit = fit.empty() ? "xMidYMid" : fit;
+    if (size && isInTheMiddle) { // as large as it can be, in the middle
         const double scale = std::min(width / image.columns, height / image.rows);
         x += (width - image.columns * scale) / 2;
         y += (height - image.rows * scale) / 2;
@@ -121,7 +125,8 @@ model::SymbolData readUse(const Attributes& attributes, const Units& units, cons
     use.place = affineOf(Geom::Affine(1, 0, 0, 1, x, y) * toPage);
     const auto width = lengthOf(attributes, Name::Width, units, Along::X);
     const auto height = lengthOf(attributes, Name::Height, units, Along::Y);
-    if (width && height) use.size = model::Point{*width, *height};
+    const auto all = [&](Along along) { return *units.length("100%", along); };
+    if (width || height) use.size = {width.value_or(all(Along::X)), height.value_or(all(Along::Y))};
     return use;
 }
 

@@ -35,7 +35,7 @@ class Units {
 
     double width_ = 300; ///< of a drawing without any size, as in browsers
     double height_ = 150;
-    double fontSize_ = 16; // as renderers begin; not a number when it is not known
+    double fontSize_ = 12; // as the renderer begins; not a number when it is not known
 };
 
 } // namespace easel::svg

@@ -11,7 +11,9 @@
 
 #include "support/Drawing.h"
 #include "support/Folder.h"
+#include "svg/Definitions.h"
 #include "svg/Reader.h"
+#include "svg/Writer.h"
 
 namespace easel::svg {
 namespace {
@@ -139,6 +141,8 @@ TEST_F(Pictures, ShowOpaqueArtWhereItIsHit) {
         "<a><text x='20' y='20'>link</text><path d='M70 70h9v9z'/></a>",
         "<g style='transform:translate(20px,30px)'><path d='M0 0h20v9z'/></g>",
         "<g><g>&e;</g></g>",
+        "<rect x='2em' y='1em' width='4em' height='2ex'/>",
+        "<rect x='1em' y='1em' width='1em' height='1em' font-size='large'/>",
     };
     for (const char* const kind : kinds) {
         SCOPED_TRACE(kind);
@@ -158,6 +162,73 @@ TEST_F(Pictures, ShowOpaqueArtWhereItIsHit) {
         expectSame(3);
         moved.journal().undo();
         expectSame(0);
+    }
+}
+
+TEST_F(Pictures, ShowCopiesOfOpaqueArtWhereItWas) {
+    const std::string head = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='-10 -10 200 100'><defs>"
+                             "<symbol id='s' viewBox='1 1 2 1'><path d='M1 1h1v1z'/></symbol><symbol id='plain'>"
+                             "<path d='M0 0h30v9h-30z'/><path d='M-9-9h30v9z'/></symbol></defs>"
+                             "<g id='to' transform='rotate(20) scale(2 1)'/>";
+    const char* const kinds[] = {
+        "<text x='20' y='20' font-size='20'>Ham</text>",
+        "<text x='20' y='20' transform='rotate(30 20 20)'>Hamburg</text>",
+        "<text x='40' y='9' text-anchor='end' font-size='1.5em' transform='skewX(20)'>Ham</text>",
+        "<use href='#plain' x='20' y='10'/>",
+        "<use href='#plain' x='20' y='10' width='20' height='5' transform='rotate(15)'/>",
+        "<use href='#s' x='20' y='10' width='40' height='10'/>",
+        "<use href='#s' height='20'/>",
+    };
+    const auto redefined = [](Document& document, Node& art) {
+        const auto name = define(document, "symbol", art);
+        Node& instance = document.create(model::NodeType::Opaque, model::Placement::Above, art);
+        setSymbol(document, instance, *name);
+        document.remove(art);
+        return instance.hull();
+    };
+    const auto duplicated = [](Document& document, Node& art) {
+        const Node& copy = document.duplicate(art, model::Placement::OnTopInside, *document.findByName("to"));
+        document.remove(art);
+        return copy.hull();
+    };
+    const auto grouped = [](Document& document, Node& art) {
+        Node& group = document.create(model::NodeType::Group, model::Placement::Above, *art.parent());
+        document.place(art, model::Placement::OnTopInside, group);
+        return art.hull();
+    };
+    const auto moved = [](Document& document, Node& art) {
+        document.place(art, model::Placement::OnTopInside, *document.findByName("to"));
+        return art.hull();
+    };
+    using Work = std::function<model::Box(Document&, Node&)>;
+    const auto expectHolds = [](const model::Box& hull, const model::Box& shown) {
+        EXPECT_LE(hull.left, shown.left + 0.3);
+        EXPECT_LE(hull.top, shown.top + 0.3);
+        EXPECT_GE(hull.right, shown.right - 0.3);
+        EXPECT_GE(hull.bottom, shown.bottom - 0.3);
+    };
+    for (const char* const kind : kinds) {
+        std::string svg = head + "<g id='from' transform='translate(5 6) scale(1.5 2)'>" + kind + "</g></svg>";
+        const auto shown = [&](Document& document) {
+            exportPicture(document, PictureFormat::Png, {.scale = 4}, path("p.png"));
+            return shownBox(imageOf(path("p.png")), 4);
+        };
+        const model::Box before = shown(*read(svg, "t.svg"));
+        int number = 0;
+        for (const Work& work : {Work(redefined), Work(duplicated), Work(grouped), Work(moved)}) {
+            SCOPED_TRACE(kind + std::to_string(number++));
+            const auto document = read(svg, "t.svg");
+            document->measure();
+            const model::Box hull = work(*document, *document->findByName("from")->firstChild());
+            const auto again = read(write(*document), "t.svg");
+            const model::Box after = shown(*again);
+            for (const auto side : {&model::Box::left, &model::Box::top, &model::Box::right, &model::Box::bottom})
+                EXPECT_NEAR(after.*side, before.*side, 0.26); // a pixel
+            model::Box now;
+            for (const Node* art : again->touching({-1e6, -1e6, 1e6, 1e6})) now.include(art->hull());
+            expectHolds(now, before);
+            expectHolds(hull, before);
+        }
     }
 }
 

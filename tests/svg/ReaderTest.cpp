@@ -161,7 +161,7 @@ TEST(Reader, LengthsAreMeasuredByTheViewportAndTheFont) {
         {R"(<g font-size="20px"><line x1="1em" y1="1ex" x2="2em" style="font-size:50%"/></g>)", {10, 0, 20, 5}},
         {R"(<g font-size="large"><rect width="1em" height="1em" font-size="larger"/></g>)",
          {0, 0, 16 * 1.44, 16 * 1.44}},
-        {R"(<g font-size="2em"><rect width="1em" height="1mm"/></g>)", {0, 0, 32, 96 / 25.4}},
+        {R"(<g font-size="2em"><rect width="1em" height="1mm"/></g>)", {0, 0, 24, 96 / 25.4}},
     };
     for (const auto& row : rows) {
         const auto document = readInside(row.element);
@@ -217,7 +217,7 @@ TEST(Reader, WhatADocumentCannotHoldIsOpaque) {
         {R"x(<rect width="1e999" height="1"/>)x", {}},
         {R"x(<rect width="3vmin" height="1"/>)x", {}},
         {R"x(<rect width="3em" height="1" style="font:12px sans"/>)x", {}},
-        {R"x(<image width="50%" height="1em"/>)x", {0, 0, 100, 16}},
+        {R"x(<image width="50%" height="1em"/>)x", {0, 0, 100, 12}},
     };
     for (const auto& row : rows) {
         const auto document = readInside(row.element);

@@ -154,6 +154,70 @@ TEST(Specials, NewDefinitionsAndUsesAreReadAgain) {
     EXPECT_TRUE(definitionNames(document, "pattern").empty());
 }
 
+// An instance kept the bounds of the symbol before, and the box of a symbol was no matter.
+TEST(Specials, InstancesLieWhereTheirSymbolShows) {
+    const struct {
+        const char* symbol;
+        const char* use; ///< empty: a new one
+        model::Box bounds;
+    } rows[] = {
+        {"<symbol id='n' viewBox='10 20 4 2'><path d='M10 20h4v2z'/></symbol>", "", {10, 20, 14, 22}},
+        {"<symbol id='n' viewBox='10 20 4 2'><path d='M10 20h4v2z'/></symbol>",
+         "<use href='#s' x='50' y='40' width='40' height='40'/>",
+         {50, 50, 90, 70}}, // ten times as large, in the middle
+        {"<symbol id='n' viewBox='10 20 4 2'><path d='M10 20h4v2z'/></symbol>", "<use href='#s'/>", {0, 0, 4, 2}},
+        {"<symbol id='n' viewBox='0 0 4 2' preserveAspectRatio='xMinYMax'><path d='M0 0h4v2z'/></symbol>",
+         "<use href='#s' x='50' y='40' width='40' height='40'/>",
+         {50, 60, 90, 80}},
+        {"<symbol id='n' viewBox='0 0 4 2' preserveAspectRatio='none'><path d='M0 0h4v2z'/></symbol>",
+         "<use href='#s' y='40' width='40' height='40' transform='scale(2 1)'/>",
+         {0, 40, 80, 80}},
+        {"<symbol id='n' overflow='visible'><path d='M-5-5h9v9z'/></symbol>", "<use href='#s' x='9'/>", {4, -5, 13, 4}},
+        {"<symbol id='n'><path d='M-5-5h9v9h-9z'/></symbol>", "<use href='#s' x='9'/>", {4, -5, 13, 4}},
+    };
+    const auto expectNear = [](const model::Box& is, const model::Box& was) {
+        for (const auto side : {&model::Box::left, &model::Box::top, &model::Box::right, &model::Box::bottom})
+            EXPECT_NEAR(is.*side, was.*side, 1e-3);
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::string(row.symbol) + row.use);
+        const auto document = read(drawing(std::string("<defs>") + row.symbol + "</defs>" + row.use), "t.svg");
+        Node& instance = *row.use ? first(*document)
+                                  : document->create(model::NodeType::Opaque, model::Placement::OnTopInside,
+                                                     document->currentLayer());
+        document->measure();
+        setSymbol(*document, instance, "n");
+        expectNear(instance.hull(), row.bounds);
+        const auto again = read(write(*document), "t.svg");
+        again->measure();
+        expectNear(first(*again).hull(), row.bounds);
+        const auto edited = readDefinition(*document, "symbol", "n");
+        edited->removeChildren(edited->currentLayer());
+        redefine(*document, "symbol", "n", *edited);
+        EXPECT_TRUE(instance.hull().isEmpty());
+        EXPECT_TRUE(document->journal().undo());
+        expectNear(instance.hull(), row.bounds);
+    }
+}
+
+TEST(Specials, CopiesOfPicturesLieAsTheyDid) {
+    for (const char* const attributes :
+         {"x='5' y='6' width='7' height='8'", "width='9' height='5' transform='rotate(30) skewX(10)'",
+          "width='9' height='5' transform='scale(-1 2)' preserveAspectRatio='xMinYMin slice'"}) {
+        const auto document =
+            read(drawing(std::string("<g transform='translate(3 4)'><image href='a.png' ") + attributes + "/></g>"),
+                 "t.svg");
+        const auto name = define(*document, "symbol", *first(*document).firstChild());
+        const auto again = readDefinition(*read(write(*document), "t.svg"), "symbol", *name);
+        const model::ImageData& is = *first(*again).image();
+        const model::ImageData& was = *first(*document).firstChild()->image();
+        for (const auto part : {&model::Affine::a, &model::Affine::b, &model::Affine::c, &model::Affine::d,
+                                &model::Affine::e, &model::Affine::f})
+            EXPECT_NEAR(is.place.*part, was.place.*part, 1e-6) << attributes;
+        EXPECT_EQ(is.fit, was.fit);
+    }
+}
+
 TEST(Specials, MasksOfGroupsAreWrittenIntoThem) {
     const std::string before = drawing("<g transform='scale(2)'><path d='M1 1 9 9'/></g>");
     const auto document = read(before, "t.svg");

@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <utility>
 
-#include "model/Bounds.h"
 #include "session/base/Error.h"
 #include "svg/Definitions.h"
 #include "svg/Files.h"
@@ -96,11 +95,8 @@ std::optional<std::string> Documents::define(model::Document& document, const st
     return withFile([&] { return svg::define(document, kind, art); });
 }
 
-model::Box Documents::boundsOfDefinition(model::Document& document, const std::string& kind, const std::string& name) {
-    const auto held = svg::readDefinition(document, kind, name);
-    if (!held) return {};
-    held->measure();
-    return boundsOf(held->root(), {});
+void Documents::setSymbol(model::Document& document, model::Node& instance, const std::string& name) {
+    svg::setSymbol(document, instance, name);
 }
 
 bool Documents::expandInstance(model::Document& document, model::Node& instance) {

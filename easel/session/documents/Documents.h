@@ -44,8 +44,8 @@ class Documents {
     [[nodiscard]] static std::vector<std::string> definitions(model::Document& document, const std::string& kind);
     [[nodiscard]] static std::optional<std::string> define(model::Document& document, const std::string& kind,
                                                            model::Node& art);
-    [[nodiscard]] static model::Box boundsOfDefinition(model::Document& document, const std::string& kind,
-                                                       const std::string& name); ///< empty where they are not known
+    /// Makes opaque art an instance of a symbol that there is, in the bounds that go with it.
+    static void setSymbol(model::Document& document, model::Node& instance, const std::string& name);
 
     /// Puts a group with a copy of what it shows in the place of a symbol's instance; false where that cannot be.
     static bool expandInstance(model::Document& document, model::Node& instance);

@@ -47,7 +47,7 @@ std::string linkTo(const std::string& path) {
     for (const char c : path) {
         const auto byte = static_cast<unsigned char>(c);
         const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
-        if (isLetter || byte >= 0x80 || kPlain.find(c) != kPlain.npos)
+        if (isLetter || kPlain.find(c) != kPlain.npos)
             link += c;
         else
             link.append({'%', kDigits[byte >> 4], kDigits[byte & 15]});

@@ -155,7 +155,7 @@ bool Art::setCenterPointVisible(bool visible) { return ask(impl(), &Impl::setCen
 
 Dictionary Art::dictionary() const { return Dictionary(*this); }
 
-bool Art::expand(ExpandOptions options, std::int32_t steps) { return ask(impl(), &Impl::expand, bits(options), steps); }
+bool Art::expand(ExpandOptions options, std::int32_t steps) { return ask(impl(), &Impl::expand, options, steps); }
 
 // What it refers to
 

@@ -11,11 +11,11 @@ using Impl = plugin::Art;
 
 // Bounds
 
-ArtboardRect Art::bounds(BoundsOptions options) const { return ask(impl(), &Impl::bounds, bits(options)); }
+ArtboardRect Art::bounds(BoundsOptions options) const { return ask(impl(), &Impl::bounds, options); }
 ArtboardRect Art::strokeBounds() const { return bounds(BoundsOptions::Strokes); }
 ArtboardRect Art::noStrokeBounds() const { return bounds(BoundsOptions::None); }
 ArtboardRect Art::transformBounds(const TransformMatrix& matrix, BoundsOptions options) const {
-    return ask(impl(), &Impl::transformBounds, matrix.impl(), bits(options));
+    return ask(impl(), &Impl::transformBounds, matrix.impl(), options);
 }
 double Art::x() const { return noStrokeBounds().left; }
 double Art::y() const { return noStrokeBounds().top; }
@@ -53,7 +53,7 @@ bool Art::transform(const TransformMatrix& matrix, bool patterns) {
     return ask(impl(), &Impl::transform, matrix.impl(), patterns);
 }
 bool Art::transformWithOptions(const TransformMatrix& matrix, double lineScale, TransformOptions options) {
-    return ask(impl(), &Impl::transformWithOptions, matrix.impl(), lineScale, bits(options));
+    return ask(impl(), &Impl::transformWithOptions, matrix.impl(), lineScale, options);
 }
 bool Art::transformStrokes(double lineScale) { return ask(impl(), &Impl::transformStrokes, lineScale); }
 

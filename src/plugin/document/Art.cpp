@@ -92,7 +92,9 @@ bool Art::canIsolate() const { return get<&AIIsolationModeSuite::CanIsolateArt>(
 bool Art::isIsolated() const { return get<&AIIsolationModeSuite::IsArtIsolated>(); }
 bool Art::isolate() { return call<&AIIsolationModeSuite::EnterIsolationMode>(); }
 
-bool Art::expand(std::int32_t options, std::int32_t steps) { return call<&AIExpandSuite::Expand>(options, steps); }
+bool Art::expand(core::ExpandOptions options, std::int32_t steps) {
+    return call<&AIExpandSuite::Expand>(options, steps);
+}
 
 // What it refers to
 

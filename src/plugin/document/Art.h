@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "core/values/ArtOptions.h"
 #include "core/values/ArtboardRect.h"
 #include "core/values/DocumentEnumerations.h"
 #include "core/values/DocumentValues.h"
@@ -85,11 +86,12 @@ class Art : public host::Object<ArtObject> {
     [[nodiscard]] bool centerPointVisible() const;
     bool setCenterPointVisible(bool visible);
 
-    // Bounds; the options are bits of core::Art::BoundsOptions
-    [[nodiscard]] core::ArtboardRect bounds(std::int32_t options) const;
+    // Bounds
+    [[nodiscard]] core::ArtboardRect bounds(core::BoundsOptions options) const;
     [[nodiscard]] double area() const;
     [[nodiscard]] double perimeter() const;
-    [[nodiscard]] core::ArtboardRect transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const;
+    [[nodiscard]] core::ArtboardRect transformBounds(const geo::TransformMatrix& matrix,
+                                                     core::BoundsOptions options) const;
 
     // Transforms
     bool offset(double dx, double dy, bool patterns);
@@ -99,11 +101,10 @@ class Art : public host::Object<ArtObject> {
     bool scale(double factorX, double factorY, const core::ArtboardPoint& about);
     bool scaleAtPin(double factorX, double factorY, core::BoundsPinPointType about);
     bool transform(const geo::TransformMatrix& matrix, bool patterns);
-    /// The options are bits of core::Art::TransformOptions.
-    bool transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, std::int32_t options);
+    bool transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, core::TransformOptions options);
     bool transformStrokes(double lineScale);
 
-    bool expand(std::int32_t options, std::int32_t steps); ///< bits of core::Art::ExpandOptions
+    bool expand(core::ExpandOptions options, std::int32_t steps);
 
     // What it refers to
     [[nodiscard]] std::string symbol() const;

@@ -7,14 +7,14 @@
 #include "plugin/document/Art.h"
 #include "plugin/document/Artboard.h"
 #include "plugin/document/Convert.h"
+#include "plugin/document/ConvertArt.h"
 
 namespace kzo::plugin {
 
 namespace {
 
-constexpr std::int32_t kPatterns = kTransformFillPatterns | kTransformStrokePatterns;
-constexpr std::int32_t kAllButPatterns =
-    kTransformObjects | kTransformFillGradients | kTransformLinkedMasks | kTransformChildren;
+using core::BoundsOptions;
+using core::TransformOptions;
 
 geo::TransformMatrix moving(double dx, double dy) { return {.tx = dx, .ty = dy}; }
 
@@ -27,9 +27,9 @@ geo::TransformMatrix around(const geo::TransformMatrix& matrix, const core::Artb
 
 // Bounds
 
-core::ArtboardRect Art::bounds(std::int32_t options) const { return transformBounds({}, options); }
+core::ArtboardRect Art::bounds(BoundsOptions options) const { return transformBounds({}, options); }
 
-core::ArtboardRect Art::transformBounds(const geo::TransformMatrix& matrix, std::int32_t options) const {
+core::ArtboardRect Art::transformBounds(const geo::TransformMatrix& matrix, BoundsOptions options) const {
     return get<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(matrix, options);
 }
 
@@ -57,7 +57,7 @@ double Art::perimeter() const {
 
 AIArtboard* Art::artboard() const {
     const std::vector<AIArtboard*> boards = allArtboards();
-    const core::ArtboardRect place = bounds(0);
+    const core::ArtboardRect place = bounds(BoundsOptions::None);
     const auto shared = [&](AIArtboard* board) { return (place - Artboard(board).bounds()).area(); };
     const auto best = std::max_element(boards.begin(), boards.end(),
                                        [&](AIArtboard* a, AIArtboard* b) { return shared(a) < shared(b); });
@@ -65,7 +65,8 @@ AIArtboard* Art::artboard() const {
 }
 
 std::vector<AIArtboard*> Art::allArtboards() const {
-    const auto place = find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), 0);
+    const auto place =
+        find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), BoundsOptions::None);
     if (!place) return {};
     std::vector<AIArtboard*> boards = Artboard::all();
     std::erase_if(boards, [&](AIArtboard* board) { return !Artboard(board).bounds().overlaps(*place); });
@@ -73,7 +74,8 @@ std::vector<AIArtboard*> Art::allArtboards() const {
 }
 
 std::optional<core::ArtboardPoint> Art::pin(core::BoundsPinPointType which) const {
-    const auto edges = find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), 0);
+    const auto edges =
+        find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), BoundsOptions::None);
     if (!edges) return std::nullopt;
     const int place = static_cast<int>(which) / 10 - 1; // the pins are numbered row by row
     const auto part = [](int third) { return third / 2.0; };
@@ -113,15 +115,16 @@ bool Art::scaleAtPin(double factorX, double factorY, core::BoundsPinPointType ab
 }
 
 bool Art::transform(const geo::TransformMatrix& matrix, bool patterns) {
-    return transformWithOptions(matrix, 1, kAllButPatterns | (patterns ? kPatterns : 0));
+    const TransformOptions options = TransformOptions::AllButPatterns;
+    return transformWithOptions(matrix, 1, patterns ? options | TransformOptions::Patterns : options);
 }
 
-bool Art::transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, std::int32_t options) {
+bool Art::transformWithOptions(const geo::TransformMatrix& matrix, double lineScale, TransformOptions options) {
     return call<&AITransformArtSuite::TransformArt>(matrix, lineScale, options);
 }
 
 bool Art::transformStrokes(double lineScale) {
-    return transformWithOptions({}, lineScale, kTransformChildren | kScaleLines);
+    return transformWithOptions({}, lineScale, TransformOptions::Children | TransformOptions::ScaleLines);
 }
 
 } // namespace kzo::plugin

@@ -80,18 +80,14 @@ bool PlacedArt::embed() { return call<&AIPlacedSuite::EmbedPlaced>(); }
 
 bool TextArt::canChange() const { return get<&AITextFrameSuite::IsTextEditable>(); }
 std::string TextArt::contents() const { return get<&AITextFrameSuite::GetTextContents>(); }
-bool TextArt::setContents(const std::string& contents) {
-    const bool isWhole = contents.find('\0') == std::string::npos; // the host reads up to the first zero byte
-    return isWhole && call<&AITextFrameSuite::SetTextContents>(contents);
-}
+bool TextArt::setContents(const std::string& contents) { return call<&AITextFrameSuite::SetTextContents>(contents); }
 core::Font TextArt::font() const {
     const AITextFont font = get<&AITextFrameSuite::GetTextFont>();
     return {font.name ? font.name : "", font.size};
 }
 bool TextArt::setFont(const core::Font& font) {
-    const bool isWhole = font.name.find('\0') == std::string::npos;
     const AITextFont record{font.name.c_str(), font.size};
-    return isWhole && call<&AITextFrameSuite::SetTextFont>(&record);
+    return host::isWhole(font.name) && call<&AITextFrameSuite::SetTextFont>(&record);
 }
 core::ParagraphJustification TextArt::justification() const {
     return get<&AITextFrameSuite::GetTextJustification, core::ParagraphJustification>();

@@ -74,7 +74,7 @@ bool CurrentDocument::setDefaultPathStyle(const core::PathStyle& style) {
 }
 core::TextStyle CurrentDocument::defaultTextStyle() const { return host::get<&Suite::GetTextStyle, core::TextStyle>(); }
 bool CurrentDocument::setDefaultTextStyle(const core::TextStyle& style) {
-    return host::call<&Suite::SetTextStyle>(style);
+    return host::isWhole(style.font.name) && host::call<&Suite::SetTextStyle>(style);
 }
 
 // Views

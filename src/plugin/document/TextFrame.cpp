@@ -12,8 +12,7 @@
 namespace kzo::plugin {
 
 ArtObject* newPointText(const PointText& text, core::PaintOrder order, ArtObject* prep) {
-    // The host takes a text up to its first zero byte: what stands behind it would be lost.
-    if (text.contents.find('\0') != std::string::npos || text.font.find('\0') != std::string::npos) return nullptr;
+    if (!host::isWhole(text.contents) || !host::isWhole(text.font)) return nullptr;
     const auto place = host::toHost(text.position);
     const bool isSized = text.size > 0 && std::isfinite(text.size);
     if (!isSized || !std::isfinite(place.h) || !std::isfinite(place.v)) return nullptr;

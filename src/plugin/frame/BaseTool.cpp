@@ -13,6 +13,7 @@ namespace kzo::plugin {
 namespace {
 
 AITool* addTool(SPPlugin* plugin, const std::string& pluginName, const BaseTool::Description& description) {
+    if (!host::isWhole(description.tip)) return nullptr;
     // Only -2 means a new group or set; other negative numbers are taken for it.
     const auto joined = [](std::int16_t number) { return number < 0 ? BaseTool::kNoNumber : number; };
     const AIAddToolData data{.title = description.title.c_str(),

@@ -138,12 +138,24 @@ template <class Parameter, class Ours> class Passed {
 
 // Calls
 
+/// Whether the host takes all of an argument: its texts end at the first zero byte, and what stands behind would be
+/// lost. A call with such a text is refused.
+template <class Any> [[nodiscard]] bool isWhole(const Any& argument) {
+    if constexpr (std::is_same_v<Any, std::string>)
+        return argument.find('\0') == std::string::npos;
+    else
+        return true;
+}
+
 template <auto Entry, class Table, class... Parameters, class... Arguments>
 bool callAs(AIErr (*Table::*)(Parameters...), const Arguments&... arguments) {
     const Table* const table = acquire<Table>();
     const auto function = table ? table->*Entry : nullptr;
     AIErr error = kSPSuiteNotFoundErr;
-    if (monitor().admits() && function) error = function(Passed<Parameters, std::decay_t<Arguments>>(arguments)...);
+    if (!(isWhole(arguments) && ...))
+        error = kBadParameterErr;
+    else if (monitor().admits() && function)
+        error = function(Passed<Parameters, std::decay_t<Arguments>>(arguments)...);
     if (error != kNoErr) monitor().refused(entryName<Entry>(), error);
     return error == kNoErr;
 }

@@ -5,9 +5,15 @@
 
 #include "core/app/Illustrator.h"
 #include "core/app/Plugin.h"
+#include "core/document/Dictionary.h"
 #include "core/document/Draw.h"
+#include "core/document/Layer.h"
 #include "core/frame/Annotator.h"
 #include "core/frame/Dispatcher.h"
+#include "core/values/TransformMatrix.h"
+#include "hostapi/AIArtSuite.h"
+#include "hostapi/AIExpandSuite.h"
+#include "hostapi/AITransformArtSuite.h"
 #include "support/Desk.h"
 #include "support/Folder.h"
 #include "support/Receiver.h"
@@ -91,6 +97,75 @@ TEST_F(CurrentDocumentTest, IsDrawnAndClosedAfterTheMessage) {
     EXPECT_EQ(&desk.document(), &first);
     EXPECT_TRUE(does(&CurrentDocument::close));
     EXPECT_EQ(desk.session().documents.count(), 0U);
+}
+
+// What stood behind a zero byte was lost without a word.
+TEST_F(CurrentDocumentTest, TakesNoTextThatTheHostWouldCutOff) {
+    const std::string cut("a\0b", 3);
+    EXPECT_TRUE(does(draw));
+    const std::string before = desk.svg();
+    EXPECT_TRUE(does([&](CurrentDocument& d) {
+        const auto line = d.artOfType(MatchArtType::Path);
+        Dictionary own = line->front().dictionary();
+        EXPECT_FALSE(own.setString("key", cut) || own.setString(cut, "value") || own.setBool(cut, true));
+        EXPECT_FALSE(d.firstLayer()->setTitle(cut));
+        EXPECT_EQ(d.layerByTitle(std::string("Layer 1\0", 8)), nullptr);
+        EXPECT_FALSE(d.setDefaultTextStyle({.font = {cut, 9}}));
+        EXPECT_FALSE(Illustrator::instance()->preferences()->setStringPref("section", "key", cut));
+        EXPECT_TRUE(own.setString("key", "J\xc3\xb6rg") && own.remove("key"));
+        return true;
+    }));
+    EXPECT_EQ(desk.svg(), before);
+}
+
+TEST_F(CurrentDocumentTest, KeepsLinksToFilesOfAnyName) {
+    for (const char* const name : {"J\xc3\xb6rg.png", "J\xf6rg 100%.png"}) { // the latter is no UTF-8
+        const std::string png("\x89PNG\r\n\x1a\n\0\0\0\rIHDR\0\0\0\3\0\0\0\2\x8\2\0\0\0", 29);
+        const std::string path = folder.write(name, png);
+        EXPECT_TRUE(does(
+            [&](CurrentDocument&) { return Art(ArtType::Placed, PaintOrder::AboveAll).placed()->setFilePath(path); }));
+        const std::string drawing = folder.path("drawing.svg");
+        desk.session().save(drawing);
+        desk.session().open(drawing);
+        EXPECT_TRUE(does([&](CurrentDocument& d) {
+            return d.artOfType(MatchArtType::Placed)->front().placed()->filePath() == path;
+        }));
+        desk.session().newDocument(10, 10);
+    }
+}
+
+// Bits that the host does not have are dropped.
+TEST_F(CurrentDocumentTest, HandsOptionsOverBitByBit) {
+    static std::int32_t flags;
+    desk.tables().get<AIArtSuite>().GetArtTransformBounds = [](AIArtHandle, const AIRealMatrix*, std::int32_t given,
+                                                               AIRealRect*) -> AIErr {
+        flags = given;
+        return kNoErr;
+    };
+    desk.tables().get<AITransformArtSuite>().TransformArt = [](AIArtHandle, const AIRealMatrix*, AIReal,
+                                                               std::int32_t given) -> AIErr {
+        flags = given;
+        return kNoErr;
+    };
+    desk.tables().get<AIExpandSuite>().Expand = [](AIArtHandle, std::int32_t given, std::int32_t) -> AIErr {
+        flags = given;
+        return kNoErr;
+    };
+    EXPECT_TRUE(does([](CurrentDocument&) {
+        const auto line = draw::line({0, 0}, {10, 10});
+        static_cast<void>(line->bounds(Art::BoundsOptions(-1)));
+        EXPECT_EQ(flags, kStrokeBounds | kControlBounds | kExcludeHiddenBounds | kExcludeUnselectedBounds |
+                             kExcludeUnpaintedBounds);
+        static_cast<void>(line->bounds(Art::BoundsOptions::ExcludeHidden));
+        EXPECT_EQ(flags, kExcludeHiddenBounds);
+        line->offset(1, 1, false);
+        EXPECT_EQ(flags & (kTransformFillPatterns | kTransformStrokePatterns | kTransformObjects), kTransformObjects);
+        line->transformWithOptions(TransformMatrix(), 1, Art::TransformOptions(-1));
+        EXPECT_EQ(flags, 255);
+        line->expand(Art::ExpandOptions(-1));
+        EXPECT_EQ(flags, 1023);
+        return true;
+    }));
 }
 
 } // namespace
