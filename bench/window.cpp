@@ -217,6 +217,6 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     benchmark::Initialize(&argc, argv);
     app::Application application(argc, argv);
-    app::applyLook(application, false);
+    app::applyLook(false);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -134,19 +134,22 @@ void begin(app::Window& window, session::Session& session, const Command& comman
 
 int show(int argc, char** argv, const Command& command) {
     qInstallMessageHandler(hearQt);
+    app::readFonts();
     app::Application application(argc, argv);
+    app::listFonts();
     QApplication::setApplicationName("Easel");
 
     session::Session session;
     session.profile.use(command.profile.empty() ? defaultProfile() : command.profile);
     app::Settings settings(session.profile.folder());
     if (command.dark) settings.setDark(true);
-    app::applyLook(application, settings.dark());
+    app::applyLook(settings.dark());
     app::Recorder recorder(command.record);
     app::Actions actions(session, recorder);
     app::Recovery recovery(app::Recovery::defaultFolder());
     session.screen.setBrightness(settings.dark() ? 0 : 1);
     session.dialogs.staged = !command.nativeDialogs;
+    app::paintIcons();
     app::Window window(actions, recovery, settings);
     shownWindow = &window;
     application.failed = [&window](const QString& why) { window.tell(why); };

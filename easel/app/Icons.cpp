@@ -23,7 +23,7 @@ struct Drawing {
     const char* text; ///< strokes take the text's colour
     double opacity = 1;
 };
-constexpr std::array<Drawing, 12> kDrawings{{
+constexpr std::array<Drawing, 17> kDrawings{{
     {R"(<path d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
     {R"(<path fill="COLOR" d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
     {R"(<path d="M8 12.5V6a1.5 1.5 0 0 1 3 0v5-7a1.5 1.5 0 0 1 3 0v7-5.5a1.5 1.5 0 0 1 3 0V14c0 4-2 7-5.5 7C8 21 7 19 5 15.500c-.7-1.4 1.2-2.6 2.2-1.400Z"/>)"},
@@ -36,6 +36,11 @@ constexpr std::array<Drawing, 12> kDrawings{{
     {R"(<path d="M4.5 6.5 H19.5 M9 6.5 V4 H15 V6.5 M6.5 6.5 L7.5 20.5 H16.5 L17.5 6.5 M10 10 V17 M14 10 V17"/>)"},
     {R"(<path d="M12 20 V5 M6 11 L12 5 L18 11"/>)"},
     {R"(<path d="M12 4 V19 M6 13 L12 19 L18 13"/>)"},
+    {R"(<path d="M6 6 L12 12 L6 18 M12 6 L18 12 L12 18"/>)"},
+    {R"(<circle cx="12" cy="12" r="10" fill="#176ad1" stroke="none"/><path stroke="#fff" stroke-width="2" d="M12 11 V17 M12 7 V7.1"/>)"},
+    {R"(<circle cx="12" cy="12" r="10" fill="#176ad1" stroke="none"/><path stroke="#fff" stroke-width="2" d="M9 9.500a3 3 0 1 1 4.500 2.600c-1 .6-1.500 1-1.500 2.100 M12 17.500 V17.600"/>)"},
+    {R"(<path fill="#e8a317" stroke="#e8a317" d="M12 3 L22 20.500 H2 Z"/><path stroke="#2b2200" stroke-width="2" d="M12 9.500 V14 M12 17.300 V17.400"/>)"},
+    {R"(<circle cx="12" cy="12" r="10" fill="#c0392b" stroke="none"/><path stroke="#fff" stroke-width="2" d="M8.500 8.500 L15.500 15.500 M15.500 8.500 L8.500 15.500"/>)"},
 }};
 
 constexpr const char* kFrame =
@@ -93,5 +98,14 @@ class Engine final : public QIconEngine {
 } // namespace
 
 QIcon icon(Symbol symbol) { return QIcon(new Engine(symbol)); }
+
+void paintIcons() {
+    const qreal dense = qApp->devicePixelRatio();
+    static_cast<void>(icon(Symbol::Select).pixmap(kToolIcon, dense, QIcon::Normal, QIcon::On)); // the first chosen
+    for (const Symbol tool : {Symbol::DirectSelect, Symbol::Hand, Symbol::Zoom})
+        static_cast<void>(icon(tool).pixmap(kToolIcon, dense));
+    for (const Symbol button : {Symbol::Plus, Symbol::Up, Symbol::Down, Symbol::Trash})
+        static_cast<void>(icon(button).pixmap(kButtonIcon, dense));
+}
 
 } // namespace easel::app

@@ -71,6 +71,8 @@ LayersPanel::LayersPanel(Actions& actions)
     : actions_(actions), list_(*new LayerList(this, guarded([this](int from, int to) { move(from, to); }))) {
     list_.setObjectName("layers");
     list_.setAccessibleName("Layers");
+    list_.setFrameShape(QFrame::NoFrame);
+    list_.header()->setMinimumSectionSize(20);
     list_.setColumnCount(4);
     list_.setHeaderHidden(true);
     list_.setRootIsDecorated(false);
@@ -79,7 +81,6 @@ LayersPanel::LayersPanel(Actions& actions)
     list_.setEditTriggers(QAbstractItemView::EditKeyPressed);
     QHeaderView* const header = list_.header();
     header->setStretchLastSection(false);
-    header->setMinimumSectionSize(20);
     for (const int column : {Shown, Locked}) {
         header->setSectionResizeMode(column, QHeaderView::Fixed);
         header->resizeSection(column, 26);
@@ -91,6 +92,7 @@ LayersPanel::LayersPanel(Actions& actions)
     const auto addButton = [&](Symbol symbol, const char* name, const char* tip, auto what) {
         auto* const button = new QToolButton(this);
         button->setIcon(icon(symbol));
+        button->setIconSize(kButtonIcon);
         button->setToolTip(tip);
         button->setAccessibleName(tip);
         button->setObjectName(name);
@@ -108,7 +110,8 @@ LayersPanel::LayersPanel(Actions& actions)
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
-    auto* const title = new QLabel("<b>Layers</b>", this);
+    auto* const title = new QLabel("Layers", this);
+    title->setFont(boldFont());
     title->setContentsMargins(10, 8, 10, 4);
     column->addWidget(title);
     column->addWidget(&list_, 1);

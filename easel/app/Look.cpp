@@ -1,18 +1,27 @@
-// Palette and style sheet on Qt's Fusion style.
+// Palettes and fonts.
 #include "app/Look.h"
+
+#include <fontconfig/fontconfig.h>
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QPalette>
-#include <QStyleFactory>
 
 #include <array>
+#include <future>
+
+#include "app/Style.h"
 
 namespace easel::app {
 
 namespace {
 
+constexpr const char* kFamily = "Inter";
+
 Look current;
+std::future<void> fontsRead;
+std::future<void> fontsListed;
 
 Colors lightColors() {
     return {.dark = false,
@@ -65,65 +74,47 @@ QPalette paletteOf(const Colors& colors) {
     return palette;
 }
 
-constexpr const char* kSheet = R"(
-    QMenuBar { background: PANEL; }
-    QMenuBar::item { padding: 4px 8px; border-radius: 3px; }
-    QMenuBar::item:selected { background: CHOSEN; }
-    QMenu { background: FIELD; border: 1px solid LINE; padding: 4px; }
-    QMenu::item { padding: 4px 26px 4px 22px; border-radius: 3px; }
-    QMenu::item:selected { background: ACCENT; color: ACCENTTEXT; }
-    QMenu::item:disabled { color: FAINT; background: transparent; }
-    QMenu::separator { height: 1px; background: LINE; margin: 4px 6px; }
-    QToolBar { background: PANEL; border: none; padding: 4px; spacing: 2px; }
-    QToolButton { border: none; border-radius: 4px; padding: 4px; }
-    QToolButton:hover { background: CHOSEN; }
-    QToolButton:checked { background: ACCENT; color: ACCENTTEXT; }
-    QDockWidget::title { padding: 6px; background: PANEL; }
-    QStatusBar { background: PANEL; }
-    QStatusBar::item { border: none; }
-    QLineEdit, QDoubleSpinBox { background: FIELD; border: 1px solid LINE; border-radius: 3px; padding: 2px 5px; }
-    QLineEdit:focus, QDoubleSpinBox:focus { border-color: ACCENT; }
-    QTreeWidget { background: FIELD; border: none; outline: none; }
-    QTreeWidget::item { height: 26px; }
-    QTreeWidget::item:selected { background: CHOSEN; color: TEXT; }
-    QComboBox QLineEdit { border: none; background: transparent; padding: 0; }
-    QPushButton { background: FIELD; border: 1px solid LINE; border-radius: 4px; padding: 4px 14px; min-height: 16px; }
-    QPushButton:default { background: ACCENT; color: ACCENTTEXT; border-color: ACCENT; }
-    QPushButton:focus { border-color: ACCENT; }
-    QPushButton:disabled { color: FAINT; }
-    QMainWindow::separator { background: LINE; width: 1px; height: 1px; }
-)";
-
-QString sheetOf(const Colors& colors) {
-    QString sheet = QString::fromUtf8(kSheet);
-    // Longer names first: one contains another.
-    sheet.replace("ACCENTTEXT", colors.accentText.name());
-    sheet.replace("ACCENT", colors.accent.name());
-    sheet.replace("PANEL", colors.panel.name());
-    sheet.replace("FIELD", colors.field.name());
-    sheet.replace("CHOSEN", colors.chosen.name());
-    sheet.replace("FAINT", colors.faint.name());
-    sheet.replace("LINE", colors.line.name());
-    sheet.replace("TEXT", colors.text.name());
-    return sheet;
-}
-
 } // namespace
 
 const Look& look() { return current; }
 
-void applyLook(QApplication& application, bool dark) {
+void applyLook(bool dark) {
     current.colors = dark ? darkColors() : lightColors();
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setPalette(paletteOf(current.colors));
-    QFont font("Inter");
+    QApplication::setStyle(new Style);
+    QPalette palette = paletteOf(current.colors);
+    QApplication::setPalette(palette);
+    palette.setColor(QPalette::Highlight, current.colors.chosen);
+    palette.setColor(QPalette::HighlightedText, current.colors.text);
+    QApplication::setPalette(palette, "QTreeWidget");
+    QFont font(kFamily);
     font.setPixelSize(12);
     font.setHintingPreference(QFont::PreferNoHinting);
+    font.setStyleStrategy(QFont::PreferNoShaping);
     QApplication::setFont(font);
     // Fonts of platform themes would win over the application's.
     for (const char* const widget : {"QMenu", "QMenuBar", "QToolTip", "QStatusBar"})
         QApplication::setFont(font, widget);
-    application.setStyleSheet(sheetOf(current.colors));
+}
+
+void readFonts() {
+    fontsRead = std::async(std::launch::async, [] { FcInit(); });
+}
+
+void listFonts() {
+    fontsListed = std::async(std::launch::async, [] {
+        fontsRead.wait();
+        static_cast<void>(QFontDatabase::hasFamily(kFamily)); // the first question makes the list
+    });
+}
+
+void awaitFonts() {
+    if (fontsListed.valid()) fontsListed.wait();
+}
+
+QFont boldFont() {
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return font;
 }
 
 QString literal(QString text) { return text.replace('&', "&&"); }

@@ -2,10 +2,10 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QIcon>
+#include <QSize>
 #include <QString>
-
-class QApplication;
 
 namespace easel::app {
 
@@ -30,10 +30,42 @@ struct Look {
 
 /// Of the application at the moment.
 [[nodiscard]] const Look& look();
-void applyLook(QApplication& application, bool dark);
+void applyLook(bool dark);
+
+// The list of fonts, a third of the way to the first picture, is made in a thread of its own.
+void readFonts(); ///< before the application is there
+void listFonts(); ///< afterwards
+/// Until the list is made, if it was begun.
+void awaitFonts();
+
+constexpr QSize kToolIcon(22, 22);
+constexpr QSize kButtonIcon(16, 16);
+/// Paints the icons that every window shows, which the first picture need not wait for then.
+void paintIcons();
+
+/// Of titles. A text in bold by HTML would take a text document to lay out.
+[[nodiscard]] QFont boldFont();
 
 /// Icons that are drawn at whatever size is asked for, in the text's colour.
-enum class Symbol { Select, DirectSelect, Hand, Zoom, Eye, NoEye, Lock, NoLock, Plus, Trash, Up, Down };
+enum class Symbol {
+    Select,
+    DirectSelect,
+    Hand,
+    Zoom,
+    Eye,
+    NoEye,
+    Lock,
+    NoLock,
+    Plus,
+    Trash,
+    Up,
+    Down,
+    More,
+    Information,
+    Question,
+    Warning,
+    Critical
+};
 [[nodiscard]] QIcon icon(Symbol symbol);
 
 /// A text as it stands, for buttons and menus: an ampersand in it makes no key.

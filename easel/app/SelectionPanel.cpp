@@ -43,6 +43,7 @@ SelectionPanel::SelectionPanel(Actions& actions) : actions_(actions), title_(*ne
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(10, 8, 10, 10);
     column->setSpacing(8);
+    title_.setFont(boldFont());
     column->addWidget(&title_);
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(6);
@@ -157,7 +158,7 @@ void SelectionPanel::refresh() {
     }
     if (outermost.size() <= kMostMeasured)
         for (const model::Node* const node : outermost) box_.include(boundsOf(*node));
-    title_.setText("<b>" + titleOf(outermost) + "</b>");
+    title_.setText(titleOf(outermost));
     const bool placed = !box_.isEmpty();
     const auto show = [](QDoubleSpinBox& field, bool known, double value) {
         field.setEnabled(known);

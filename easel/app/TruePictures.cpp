@@ -27,7 +27,7 @@ QImage imageOf(const std::string& pixels, QSize size) {
 } // namespace
 
 TruePictures::TruePictures(QObject& receiver, Ready ready, Failed failed)
-    : receiver_(receiver), ready_(std::move(ready)), failed_(std::move(failed)), thread_([this] { work(); }) {}
+    : receiver_(receiver), ready_(std::move(ready)), failed_(std::move(failed)) {}
 
 TruePictures::~TruePictures() {
     {
@@ -35,7 +35,7 @@ TruePictures::~TruePictures() {
         ends_ = true;
     }
     woken_.notify_one();
-    thread_.join();
+    if (thread_.joinable()) thread_.join();
 }
 
 void TruePictures::ask(Order order) {
@@ -43,6 +43,7 @@ void TruePictures::ask(Order order) {
         const std::lock_guard lock(mutex_);
         next_ = std::move(order);
     }
+    if (!thread_.joinable()) thread_ = std::thread([this] { work(); });
     woken_.notify_one();
 }
 

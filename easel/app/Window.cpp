@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
-#include <QDockWidget>
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QLineEdit>
@@ -13,6 +12,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
@@ -88,14 +88,14 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     grid->addWidget(&across_, 0, 1);
     grid->addWidget(&down_, 1, 0);
     grid->addWidget(&canvas_, 1, 1);
-    setCentralWidget(middle);
     makeFileMenu();
     makeEditMenu();
     makeObjectMenu();
     makeViewMenu();
     makePluginMenu();
     makeToolbox();
-    makePanels();
+    awaitFonts(); // what follows measures its texts
+    makePanels(*middle);
     makeStatusBar();
     actions_.done = [this] { refresh(); };
     actions_.session().documents.goes = [this](const model::Document& document) {
@@ -107,7 +107,6 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     canvas_.remark = [this](const std::string& text) {
         text.empty() ? statusBar()->clearMessage() : statusBar()->showMessage(QString::fromStdString(text));
     };
-    selection_.entered = [this] { canvas_.setFocus(); };
     canvas_.heldByToggles = [this] { return toggled_; };
     canvas_.superIsOption = settings_.superIsOption();
     connect(&files_, &QFileSystemWatcher::fileChanged, this, guarded([this] {
@@ -135,7 +134,7 @@ void Window::makeToolbox() {
     toolbox_.setObjectName("toolbox");
     toolbox_.setMovable(false);
     toolbox_.setOrientation(Qt::Vertical);
-    toolbox_.setIconSize({22, 22});
+    toolbox_.setIconSize(kToolIcon);
     toolbox_.setWindowTitle("Tools");
     addToolBar(Qt::LeftToolBarArea, &toolbox_);
 }
@@ -222,19 +221,24 @@ bool Window::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
-void Window::makePanels() {
-    auto* const dock = new QDockWidget("Panels", this);
-    dock->setObjectName("panels");
-    dock->setFeatures(QDockWidget::NoDockWidgetFeatures);
-    dock->setTitleBarWidget(new QWidget(dock));
-    auto* const inside = new QWidget(dock);
-    auto* const column = new QVBoxLayout(inside);
+/// Right of the drawing, as wide as the user makes them.
+void Window::makePanels(QWidget& drawing) {
+    layers_ = new LayersPanel(actions_);
+    selection_ = new SelectionPanel(actions_);
+    selection_->entered = [this] { canvas_.setFocus(); };
+    auto* const panels = new QWidget(this);
+    auto* const column = new QVBoxLayout(panels);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(&layers_, 1);
-    column->addWidget(&selection_);
-    dock->setWidget(inside);
-    dock->setMinimumWidth(230);
-    addDockWidget(Qt::RightDockWidgetArea, dock);
+    column->addWidget(layers_, 1);
+    column->addWidget(selection_);
+    panels->setMinimumWidth(230);
+    auto* const split = new QSplitter(this);
+    split->addWidget(&drawing);
+    split->addWidget(panels);
+    split->setStretchFactor(0, 1);
+    split->setChildrenCollapsible(false);
+    split->setHandleWidth(1);
+    setCentralWidget(split);
 }
 
 void Window::makeStatusBar() {
@@ -297,8 +301,8 @@ void Window::refresh() {
     showTools();
     // Panels wait for the gesture's end: they would cost more than the drag.
     if (!actions_.session().pointer.pressed()) {
-        layers_.refresh();
-        selection_.refresh();
+        layers_->refresh();
+        selection_->refresh();
         showTitle();
     }
     showView();
@@ -321,7 +325,7 @@ void Window::showView() {
 }
 
 void Window::setDark(bool dark) {
-    applyLook(Application::instance(), dark);
+    applyLook(dark);
     actions_.session().screen.setBrightness(dark ? 0 : 1);
     settings_.setDark(dark);
     shownTools_ = ~0U;

@@ -60,7 +60,7 @@ class Window final : public QMainWindow {
     void makeViewMenu();
     void makePluginMenu();
     void makeToolbox();
-    void makePanels();
+    void makePanels(QWidget& drawing);
     void makeStatusBar();
     QAction& add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what);
     void addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held);
@@ -101,8 +101,8 @@ class Window final : public QMainWindow {
     Canvas canvas_;
     Ruler across_{canvas_, Qt::Horizontal};
     Ruler down_{canvas_, Qt::Vertical};
-    LayersPanel layers_{actions_};
-    SelectionPanel selection_{actions_};
+    LayersPanel* layers_ = nullptr;
+    SelectionPanel* selection_ = nullptr;
     QToolBar toolbox_;
     QActionGroup* tools_ = nullptr;
     std::map<AIToolHandle, QAction*> toolActions_;

@@ -10,6 +10,6 @@ int main(int argc, char** argv) {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     testing::InitGoogleTest(&argc, argv);
     easel::app::Application application(argc, argv);
-    easel::app::applyLook(application, false);
+    easel::app::applyLook(false);
     return RUN_ALL_TESTS();
 }
