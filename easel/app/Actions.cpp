@@ -1,6 +1,8 @@
 // Acts as calls of the session, with the statements that do the same in a script.
 #include "app/Actions.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <filesystem>
 #include <utility>
@@ -31,7 +33,10 @@ std::string absolute(const std::string& path) { return std::filesystem::absolute
 } // namespace
 
 template <class Act> void Actions::act(const std::string& statement, Act what) {
-    dialogs.startAct();
+    // A dialog that opens during an act may end a gesture: that is an act of the dialog's user.
+    const bool isWithin = acting_;
+    const QScopedValueRollback<bool> acting(acting_, true);
+    if (!isWithin) dialogs.startAct();
     try {
         what();
     } catch (...) {
@@ -39,6 +44,7 @@ template <class Act> void Actions::act(const std::string& statement, Act what) {
         throw;
     }
     if (done) done(); // before it is recorded, which may fail
+    if (isWithin) return dialogs.didMeanwhile(statement);
     const std::string user = dialogs.statement();
     if (!user.empty()) recorder_.add(user);
     recorder_.add(statement);

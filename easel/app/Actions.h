@@ -94,6 +94,7 @@ class Actions {
     session::Session& session_;
     Recorder& recorder_;
     std::string path_;
+    bool acting_ = false; ///< an act is under way
     bool modified_ = false;
     model::View recordedView_;
 };

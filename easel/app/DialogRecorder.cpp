@@ -61,7 +61,12 @@ void DialogRecorder::heard(session::Dialog& dialog, const StageDialogMessage& me
 
 void DialogRecorder::chosen(const session::Alert& alert, std::size_t button) {
     if (button >= alert.buttons.size()) return;
-    shown_.push_back({.calls = call("click", Recorder::quoted(alert.buttons[button]))});
+    shown_.push_back({.calls = std::exchange(meanwhile_, {}) + call("click", Recorder::quoted(alert.buttons[button]))});
+}
+
+void DialogRecorder::didMeanwhile(const std::string& statement) {
+    // What opens first ends the gesture: nothing of the act is shown any more then.
+    (shown_.empty() ? meanwhile_ : shown_.back().calls) += ' ' + statement + ';';
 }
 
 std::string DialogRecorder::statement() {

@@ -17,8 +17,14 @@ class DialogRecorder {
     void heard(session::Dialog& dialog, const StageDialogMessage& message);
     void chosen(const session::Alert& alert, std::size_t button);
 
+    /// The user's window did this while a dialog opened, or was open.
+    void didMeanwhile(const std::string& statement);
+
     /// Forgets what was shown outside of an act.
-    void startAct() { shown_.clear(); }
+    void startAct() {
+        shown_.clear();
+        meanwhile_.clear();
+    }
     /// Gives each dialog of the act what its user did; empty when there was none.
     [[nodiscard]] std::string statement();
 
@@ -32,6 +38,7 @@ class DialogRecorder {
     static void flush(Shown& shown);
 
     std::vector<Shown> shown_;
+    std::string meanwhile_; ///< done before the alert was answered that is shown first
 };
 
 } // namespace easel::app

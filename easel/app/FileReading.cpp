@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <exception>
+#include <new>
 #include <utility>
 
 #include "app/Watch.h"
@@ -59,6 +60,8 @@ std::unique_ptr<model::Document> FileReading::take() {
         return result_.get();
     } catch (const svg::FileError& error) {
         throw session::Error(error.what());
+    } catch (const std::bad_alloc&) {
+        throw session::Error(path_ + ": there is not enough memory to open it");
     }
 }
 

@@ -1,5 +1,5 @@
 // NUMBER.svg, or NUMBER-1.svg where that is taken, holds the work of the process of that number; the name of its file
-// is in the one that ends in .path.
+// is in the one that ends in .path and, behind a zero, what was known of it.
 #include "app/Recovery.h"
 
 #include <signal.h>
@@ -47,14 +47,16 @@ Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
 std::string Recovery::keep(model::Document& document, const std::string& path) {
     try {
         svg::replaceFile(copy_, svg::write(document));
-        svg::replaceFile(pathFileOf(copy_), path.empty() ? path : fs::absolute(path).string());
+        std::string about = path.empty() ? path : fs::absolute(path).string();
+        if (!path.empty()) about += '\0' + svg::toldOfFile(document, path);
+        svg::replaceFile(pathFileOf(copy_), about);
     } catch (const std::exception& error) {
         return error.what();
     }
     return {};
 }
 
-void Recovery::drop() { remove({copy_, {}}); }
+void Recovery::drop() { remove({copy_, {}, {}}); }
 
 std::vector<Recovery::Left> Recovery::left() const {
     std::vector<Left> found;
@@ -64,9 +66,11 @@ std::vector<Recovery::Left> Recovery::left() const {
         const long process = std::strtol(entry.path().stem().c_str(), nullptr, 10);
         const bool isOurs = process == ::getpid() && entry.path() == copy_;
         if (process <= 0 || isOurs || (process != ::getpid() && isRunning(process))) continue;
-        Left left{entry.path().string(), {}};
+        Left left{entry.path().string(), {}, {}};
         try {
-            left.path = svg::readFile(pathFileOf(left.copy));
+            const std::string about = svg::readFile(pathFileOf(left.copy));
+            left.path = about.substr(0, about.find('\0'));
+            if (left.path.size() < about.size()) left.told = about.substr(left.path.size() + 1);
         } catch (const svg::FileError&) { // the copy alone is worth something
         }
         found.push_back(std::move(left));

@@ -28,6 +28,7 @@ class Recovery {
     struct Left {
         std::string copy;
         std::string path; ///< the file it belongs to; empty for none
+        std::string told; ///< what was known of that file
     };
     /// Copies that programs left which run no more.
     [[nodiscard]] std::vector<Left> left() const;

@@ -273,13 +273,15 @@ void Window::makeStatusBar() {
     zoom_->setInsertPolicy(QComboBox::NoInsert);
     zoom_->setFixedWidth(84);
     for (const char* const each : {"25%", "50%", "100%", "200%", "400%", "800%"}) zoom_->addItem(each);
-    connect(zoom_, &QComboBox::textActivated, this, guarded([this](QString text) {
-                bool isNumber = false;
-                const double percent = text.remove('%').trimmed().toDouble(&isNumber);
-                if (isNumber && percent > 0) canvas_.zoomTo(percent / 100);
-                showView();
-                canvas_.setFocus();
-            }));
+    const auto zoom = guarded([this] {
+        bool isNumber = false;
+        const double percent = zoom_->currentText().remove('%').trimmed().toDouble(&isNumber);
+        canvas_.setFocus(); // first: the field shows no zoom while it is typed into
+        if (isNumber && percent > 0) canvas_.zoomTo(percent / 100);
+        showView();
+    });
+    connect(zoom_, &QComboBox::textActivated, this, zoom);
+    connect(zoom_->lineEdit(), &QLineEdit::returnPressed, this, zoom); // of what is not in the list
     statusBar()->addPermanentWidget(zoom_);
 }
 
@@ -476,6 +478,7 @@ void Window::offerRecovered() {
         if (question.clickedButton() != yes) continue;
         read(left.copy, [this, left] {
             actions_.disown(left.path);
+            svg::noteToldOfFile(*actions_.document(), left.path, left.told);
             const std::string why = recovery_.keep(*actions_.document(), left.path);
             if (why.empty()) Recovery::remove(left);
             showTitle();

@@ -81,6 +81,7 @@ class Window final : public QMainWindow {
     void read(const std::string& path, std::function<void()> opened);
     void followReading();
     void giveUpReading();
+    [[nodiscard]] bool isInUse() const;
     void showReading();
     void noteFile(); ///< the drawing has a file: watches it, and remembers it
 

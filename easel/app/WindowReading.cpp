@@ -1,8 +1,10 @@
 // Opening of drawings, beside everything else: the drawing in front stays in use until the next has been read.
 #include <QApplication>
+#include <QLineEdit>
 #include <QProgressBar>
 #include <QStatusBar>
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -48,8 +50,10 @@ void Window::followReading() {
     if (!reading_ && givenUp_.empty()) return readingTimer_.stop();
     if (!reading_) return;
     if (!reading_->isDone()) return showReading();
-    // A gesture or a dialog of the drawing in front ends first.
-    if (actions_.session().pointer.pressed() || QApplication::activeModalWidget()) return;
+    if (isInUse()) {
+        readingTimer_.start(kLookMilliseconds, this);
+        return showReading();
+    }
     const auto done = std::move(reading_);
     const auto opened = std::exchange(opened_, {});
     showReading();
@@ -60,6 +64,18 @@ void Window::followReading() {
     canvas_.expectReach(done->reach());
     actions_.open(std::move(document), done->path());
     opened();
+}
+
+/// Whether the user is about something with the drawing in front, which must not change under it.
+bool Window::isInUse() const {
+    if (actions_.session().pointer.pressed() || QApplication::mouseButtons() != Qt::NoButton) return true;
+    if (QApplication::activeModalWidget() || QApplication::activePopupWidget()) return true;
+    const QWidget* const focus = QApplication::focusWidget();
+    if (!focus || !isAncestorOf(focus)) return false;
+    const auto* field = qobject_cast<const QLineEdit*>(focus);
+    if (field && layers_->isAncestorOf(field)) return true; // a title that is edited
+    if (!field) field = focus->findChild<QLineEdit*>();     // of a field for numbers
+    return field && field->isModified();
 }
 
 void Window::showReading() {
@@ -76,9 +92,12 @@ void Window::showReading() {
     if (!progress_) return;
     progress_->setVisible(reading_ != nullptr);
     if (!reading_) return;
-    progress_->setFormat("Reading " + name + ": %p %. Escape stops it");
+    const bool isDone = reading_->isDone();
+    progress_->setFormat(isDone ? name + " is read, and shows when what you began is done"
+                                : "Reading " + name + ": %p %. Escape stops it");
     progress_->setAccessibleName("Reading " + name);
-    progress_->setValue(static_cast<int>(reading_->share() * 100));
+    constexpr int kWhole = 100;
+    progress_->setValue(isDone ? kWhole : std::min(static_cast<int>(reading_->share() * kWhole), kWhole - 1));
 }
 
 } // namespace easel::app

@@ -5,6 +5,7 @@
 #include <zlib.h>
 
 #include <filesystem>
+#include <sstream>
 #include <system_error>
 
 #include "svg/FileError.h"
@@ -35,6 +36,30 @@ void KnownFiles::noteRead(const std::string& path, const FileStamp& stamp) const
 void KnownFiles::noteSaved(const std::string& path, const FileStamp& stamp,
                            const std::vector<std::string_view>& pieces) const {
     files_[pathWithoutLinks(path)] = {stamp, checksumOf(pieces)};
+}
+
+std::string KnownFiles::toldOf(const std::string& path) const {
+    const auto found = files_.find(pathWithoutLinks(path));
+    if (found == files_.end()) return {};
+    const FileStamp& stamp = found->second.stamp;
+    std::ostringstream told;
+    told << stamp.device << ' ' << stamp.number << ' ' << stamp.size;
+    for (const std::int64_t time : {stamp.written[0], stamp.written[1], stamp.changed[0], stamp.changed[1]})
+        told << ' ' << time;
+    if (found->second.checksum) told << ' ' << *found->second.checksum;
+    return told.str();
+}
+
+void KnownFiles::noteToldOf(const std::string& path, const std::string& told) const {
+    std::istringstream from(told);
+    Known known;
+    FileStamp& stamp = known.stamp;
+    from >> stamp.device >> stamp.number >> stamp.size >> stamp.written[0] >> stamp.written[1] >> stamp.changed[0] >>
+        stamp.changed[1];
+    if (!from) return;
+    std::uint32_t checksum = 0;
+    if (from >> checksum) known.checksum = checksum;
+    files_[pathWithoutLinks(path)] = known;
 }
 
 void KnownFiles::requireUnchanged(const std::string& path) const {

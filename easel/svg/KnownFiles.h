@@ -18,6 +18,10 @@ class KnownFiles : public model::Origin {
     // Neither is part of what the document came from, hence they are never too late
     void noteRead(const std::string& path, const FileStamp& stamp) const;
     void noteSaved(const std::string& path, const FileStamp& stamp, const std::vector<std::string_view>& pieces) const;
+    /// What is known of the file, as a line for noteToldOf, also of another document and another run; empty for
+    /// nothing.
+    [[nodiscard]] std::string toldOf(const std::string& path) const;
+    void noteToldOf(const std::string& path, const std::string& told) const;
     /// Throws FileError when the file is known, there, and not what it was. One that was only touched is unchanged.
     void requireUnchanged(const std::string& path) const;
 

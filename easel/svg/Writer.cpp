@@ -119,6 +119,16 @@ bool isChangedByOthers(const Document& document, const std::string& path) {
     return false;
 }
 
+std::string toldOfFile(const Document& document, const std::string& path) {
+    const auto* const known = dynamic_cast<const KnownFiles*>(document.origin.get());
+    return known ? known->toldOf(path) : std::string();
+}
+
+void noteToldOfFile(Document& document, const std::string& path, const std::string& told) {
+    if (!document.origin) document.origin = std::make_shared<KnownFiles>();
+    dynamic_cast<const KnownFiles&>(*document.origin).noteToldOf(path, told);
+}
+
 void save(Document& document, const std::string& path, Overwrite overwrite) {
     if (!document.origin) document.origin = std::make_shared<KnownFiles>();
     const auto& known = dynamic_cast<const KnownFiles&>(*document.origin);

@@ -19,6 +19,10 @@ namespace easel::svg {
 /// Whether another program has changed the file since this document was opened from it or saved to it.
 [[nodiscard]] bool isChangedByOthers(const model::Document& document, const std::string& path);
 
+/// What the document knows of the file, for a document of another run that is saved there; empty for nothing.
+[[nodiscard]] std::string toldOfFile(const model::Document& document, const std::string& path);
+void noteToldOfFile(model::Document& document, const std::string& path, const std::string& told);
+
 enum class Overwrite : std::uint8_t { IfUnchanged, Always };
 
 /// Replaces the file at `path`, or leaves it as it was and throws FileError: also when another program has changed it

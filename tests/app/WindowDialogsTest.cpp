@@ -7,7 +7,11 @@
 #include <QPushButton>
 #include <QTextBrowser>
 
+#include <sstream>
+
 #include "WindowTest.h"
+#include "hostapi/AITool.h"
+#include "script/Script.h"
 
 namespace {
 
@@ -161,6 +165,52 @@ TEST_F(WindowDialogs, ChoosesMenuItemsByTheirGroup) {
             if (menu->title() == group) menu->actions().front()->trigger();
     }
     EXPECT_THAT(titles, testing::ElementsAre("Ortholine Preferences", "About Ortholine"));
+}
+
+/// A tool that asks in a drag whether to add a layer: what it does then is no part of the gesture, which the question
+/// ends.
+void addAskingTool(easel::session::Session& session) {
+    static easel::session::Session* current;
+    current = &session;
+    auto& plugin = session.plugins.attach("Doubting", [](const char*, const char* selector, void*) -> SPErr {
+        const easel::session::Alert alert{easel::session::Alert::Kind::Confirm, "Add?", {"No", "Yes"}};
+        if (std::string(selector) == kSelectorAIToolMouseDrag && current->alerts.show(alert) == 1U)
+            current->document()->addLayer("Asked for");
+        return kNoErr;
+    });
+    session.start();
+    easel::session::Tool tool;
+    tool.owner = &plugin;
+    tool.name = tool.title = "Doubting Tool";
+    session.toolbox.add(std::move(tool));
+}
+
+TEST_F(WindowDialogs, ArePlayedAgainWhereTheyEndAGesture) {
+    const std::string script = folder.path("recorded.js");
+    show(script);
+    addAskingTool(*session);
+    window->newDocument(300, 200);
+    chooseTool("Doubting Tool");
+    press({100, 100});
+    clickWhenAsked("Yes");
+    drag({120, 90});
+    drag({140, 80});
+    release({140, 80});
+    EXPECT_EQ(document().layerCount(), 2U);
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    actions->save(folder.path("window.svg"), false);
+    const std::string drawn = folder.content("window.svg");
+    end();
+
+    easel::session::Session again;
+    again.profile.use(folder.path("profile"));
+    again.plugins.load(ORTHOLINE_BUNDLE);
+    addAskingTool(again);
+    std::filesystem::remove(folder.path("window.svg"));
+    std::ostringstream said;
+    easel::script::run(again, script, said);
+    EXPECT_EQ(folder.content("window.svg"), drawn);
 }
 
 } // namespace

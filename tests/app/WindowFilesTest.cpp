@@ -1,4 +1,9 @@
 // Files in the window: what is asked before work is lost, what is kept of it, reading beside everything else.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QTreeWidget>
+
 #include <fstream>
 
 #include "WindowTest.h"
@@ -49,6 +54,28 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_EQ(desk::contents(mine), kept);
 }
 
+TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
+    const std::string path = folder.path("d.svg");
+    actions->save(path, false);
+    for (const bool isChanged : {false, true}) {
+        actions->addLayer("Ours");
+        window->keepWork();
+        const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
+        for (const char* const end : {".svg", ".path"})
+            std::filesystem::copy_file(mine + end, folder.path(std::string("recovery/99999999") + end));
+        window->newDocument(10, 10);
+        if (isChanged) std::ofstream(path, std::ios::app) << "<!-- theirs -->";
+        clickWhenAsked("Open It");
+        window->offerRecovered();
+        ASSERT_TRUE(await([&] { return !window->isReading(); }));
+        if (isChanged) clickWhenAsked("Cancel");
+        choose("&Save");
+        EXPECT_EQ(actions->isModified(), isChanged);
+    }
+    EXPECT_THAT(asked, HasSubstr("changed by another program"));
+    EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
+}
+
 /// The drawing in front can be used while another is read.
 TEST_F(WindowFiles, ReadsBesideAllElse) {
     constexpr std::size_t kMany = 150'000; // more than are read before the window says that it reads
@@ -81,6 +108,31 @@ TEST_F(WindowFiles, ReadsBesideAllElse) {
     release({50, 50});
     ASSERT_TRUE(await([&] { return document().width() == 77; }));
     EXPECT_EQ(paths(), kMany);
+
+    // Nor under what is half typed, whose bar is full meanwhile.
+    window->newDocument(300, 200);
+    auto& field = *window->findChild<QComboBox*>("zoom")->lineEdit();
+    window->open(path);
+    window->findChild<QComboBox*>("zoom")->setFocus();
+    field.selectAll();
+    for (const char* const typed : {"5", "0", "%"}) key(field, 0, typed);
+    const auto* const bar = window->findChild<QProgressBar*>("reading");
+    ASSERT_TRUE(await([&] { return bar->value() == 100; }));
+    settle();
+    EXPECT_TRUE(window->isReading());
+    key(field, Qt::Key_Return);
+    EXPECT_EQ(canvas().zoom(), 0.5);
+    ASSERT_TRUE(await([&] { return document().width() == 77; }));
+
+    window->newDocument(300, 200);
+    auto& layers = *window->findChild<QTreeWidget*>("layers");
+    layers.editItem(layers.topLevelItem(0), 2);
+    window->open(path);
+    ASSERT_TRUE(await([&] { return bar->value() == 100; }));
+    settle();
+    EXPECT_TRUE(window->isReading());
+    key(*QApplication::focusWidget(), Qt::Key_Escape);
+    ASSERT_TRUE(await([&] { return document().width() == 77; }));
 }
 
 TEST_F(WindowFiles, TellsOfFilesThatCannotBeOpenedOrWereChanged) {

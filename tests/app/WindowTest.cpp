@@ -56,9 +56,7 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     actions->save(folder.path("window.svg"), false);
     const std::string drawn = folder.content("window.svg");
     EXPECT_THAT(drawn, HasSubstr("<path"));
-    canvas().leaveDocument();
-    window.reset();
-    session.reset();
+    end();
 
     easel::session::Session again;
     again.profile.use(folder.path("profile"));

@@ -64,7 +64,11 @@ class Shown : public testing::Test {
         recorder = std::make_unique<easel::app::Recorder>(record);
         actions = std::make_unique<easel::app::Actions>(*session, *recorder);
         window = std::make_unique<easel::app::Window>(*actions, recovery, settings);
-        session->alerts.handler = [this](const auto& alert) { return easel::app::showAlert(alert, *window); };
+        session->alerts.handler = [this](const auto& alert) {
+            const std::size_t chosen = easel::app::showAlert(alert, *window);
+            actions->dialogs.chosen(alert, chosen);
+            return chosen;
+        };
         session->dialogs.face = [this](auto& dialog) {
             actions->dialogs.opened(dialog);
             easel::app::showDialog(session->dialogs, dialog, *window);
@@ -76,6 +80,13 @@ class Shown : public testing::Test {
         window->show();
         window->activateWindow();
         settle();
+    }
+
+    /// The window and its session, so that another one can use their files.
+    void end() {
+        canvas().leaveDocument();
+        window.reset();
+        session.reset();
     }
 
     /// Lets everything happen that is due, the picture included.
