@@ -215,6 +215,7 @@ BENCHMARK(openLarge)->Name("window/open")->Arg(500'000)->Iterations(1)->Unit(ben
 
 int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("VELLORAN_WEB", "http://127.0.0.1:1"); // where nobody listens
     benchmark::Initialize(&argc, argv);
     app::Application application(argc, argv);
     app::applyLook(false);

@@ -44,7 +44,7 @@ class Application:
         self.widgets = []
         self.title = ""
         self.outer = []  # of the windows below
-        self.environment = {**os.environ, **environment, "DISPLAY": display.name, "HOME": folder, "EASEL_PLUGINS": folder,
+        self.environment = {**os.environ, "VELLORAN_WEB": "http://127.0.0.1:1", **environment, "DISPLAY": display.name, "HOME": folder, "EASEL_PLUGINS": folder,
                             "KZO_PLACES": self.places, "GNUSTEP_CONFIG_FILE": configuration(folder)}
         self.process = subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.PIPE,
                                         text=True, env=self.environment)

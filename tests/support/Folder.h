@@ -2,8 +2,8 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -20,7 +20,7 @@ inline std::string contents(const std::filesystem::path& path) {
 /// Files are named relative to the folder.
 class Folder {
   public:
-    Folder() { std::filesystem::create_directories(path_); }
+    Folder() = default;
     ~Folder() { std::filesystem::remove_all(path_); }
     Folder(const Folder&) = delete;
     Folder& operator=(const Folder&) = delete;
@@ -38,7 +38,13 @@ class Folder {
     }
 
   private:
-    std::filesystem::path path_ = std::filesystem::path(testing::TempDir()) / ("easel-" + std::to_string(getpid()));
+    static std::filesystem::path made() {
+        std::string name = testing::TempDir() + "easel-XXXXXX";
+        EXPECT_NE(mkdtemp(name.data()), nullptr) << name;
+        return name;
+    }
+
+    std::filesystem::path path_ = made();
 };
 
 /// What an error of this type says; empty when there is none.

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMessageBox>
@@ -94,11 +95,12 @@ class Shown : public testing::Test {
         for (int i = 0; i < 20; ++i) QApplication::processEvents(QEventLoop::AllEvents, 50);
     }
     template <class Done> static bool await(Done done) {
-        for (int i = 0; i < 500 && !done(); ++i) {
+        QElapsedTimer clock;
+        for (clock.start(); !done(); QThread::msleep(10)) {
+            if (clock.hasExpired(60'000)) return false;
             QApplication::processEvents();
-            QThread::msleep(10);
         }
-        return done();
+        return true;
     }
 
     void open(const std::string& path) {

@@ -3,13 +3,12 @@
 
 #include <gmock/gmock.h>
 
-#include <fstream>
-
 #include "core/app/Illustrator.h"
 #include "core/document/Art.h"
 #include "core/document/PathArt.h"
 #include "core/values/Bezier.h"
 #include "support/Desk.h"
+#include "support/Folder.h"
 
 namespace {
 
@@ -103,10 +102,11 @@ TEST_F(HitDatas, StayAsTheyWereWhateverBecomesOfTheArt) {
 }
 
 TEST_F(HitDatas, SearchAClipGroupThroughItsMask) {
-    const std::string file = testing::TempDir() + "clip-group.svg";
-    std::ofstream(file) << R"svg(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">
+    const desk::Folder folder;
+    const std::string file =
+        folder.write("clip-group.svg", R"svg(<svg xmlns="http://www.w3.org/2000/svg" width="100" height="100">
         <clipPath id="c"><rect width="50" height="100"/></clipPath>
-        <g clip-path="url(#c)"><path d="M 10 20 H 90"/></g></svg>)svg";
+        <g clip-path="url(#c)"><path d="M 10 20 H 90"/></g></svg>)svg");
     desk.session().open(file);
     desk.inMessage([&] {
         const auto group = Illustrator::instance()->currentDocument()->firstLayer()->group()->firstChild();

@@ -8,6 +8,7 @@
 #include "session/app/Session.h"
 #include "suites/Tables.h"
 #include "support/Drawing.h"
+#include "support/Folder.h"
 
 namespace {
 
@@ -118,7 +119,8 @@ TEST_F(EventsTest, TellOfArtAndLayersByTheNetEffect) {
 }
 
 TEST_F(EventsTest, TellOfDocumentsAndViewsInOrder) {
-    const std::string file = testing::TempDir() + "told.svg";
+    const desk::Folder folder;
+    const std::string file = folder.path("told.svg");
     session.newDocument(50, 50);
     session.save(file);
     session.close();
