@@ -98,7 +98,9 @@ class Document {
     void measure();
     /// Tells where it lay at first: to all who share what was known, also in the past, for this is no change.
     void setMeasured(NodeId opaque, Shared<Box> known, const Box& bounds);
-    void setText(Node& opaque, TextData text); ///< makes text of opaque art, in the bounds that go with it
+    void setText(Node& opaque, TextData text); ///< makes text of opaque art, in bounds that are a guess
+    /// The texts whose bounds have been guessed since this was asked last, for its origin to measure.
+    [[nodiscard]] std::vector<NodeId> takeGuessed();
     void setSpecial(Node& opaque, Special special);
     /// A copy of art with all that it holds, without their names; as it is, it is not selected.
     Node& duplicate(const Node& node, Placement placement, Node& anchor);

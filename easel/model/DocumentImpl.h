@@ -43,7 +43,8 @@ struct Document::Impl {
     const Shared<PathData> emptyPath{PathData{}};
     Shared<Style> newStyle{Style{}}; // of the last new path
     const Shared<OpaqueData> emptyOpaque{OpaqueData{}};
-    std::vector<Node*> found; // of the last search, kept for its storage
+    std::vector<NodeId> guessed; // texts
+    std::vector<Node*> found;    // of the last search, kept for its storage
 
     void setSelected(Node& node, bool selected, Shared<PointSelection> points);
     void deselectAround(const Node& node);

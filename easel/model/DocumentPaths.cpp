@@ -174,7 +174,10 @@ void Document::setText(Node& opaque, TextData text) {
     const Transaction transaction(journal());
     setBounds(opaque, text.bounds());
     setSpecial(opaque, std::move(text));
+    if (impl_->guessed.empty() || impl_->guessed.back() != opaque.id()) impl_->guessed.push_back(opaque.id());
 }
+
+std::vector<NodeId> Document::takeGuessed() { return std::exchange(impl_->guessed, {}); }
 
 void Document::setSpecial(Node& opaque, Special special) {
     const Special* const known = opaque.content().special();

@@ -1,4 +1,5 @@
-// The files that a document was read from and saved to, so that nobody else's changes in them are overwritten.
+// The files that a document was read from and saved to, so that nobody else's changes in them are overwritten. A
+// document that was made here has one too, which measures the texts in it.
 #pragma once
 
 #include <cstdint>
@@ -24,6 +25,8 @@ class KnownFiles : public model::Origin {
     void noteToldOf(const std::string& path, const std::string& told) const;
     /// Throws FileError when the file is known, there, and not what it was. One that was only touched is unchanged.
     void requireUnchanged(const std::string& path) const;
+
+    void measure(model::Document& document) const override;
 
   protected:
     /// Whether these bytes are what the document was read from.

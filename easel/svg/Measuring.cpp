@@ -148,7 +148,23 @@ class Labelled {
 
 } // namespace
 
+std::vector<model::Box> boxesIn(std::string_view drawing, model::Point page, std::vector<std::string> ids) {
+    RenderProcess renderer;
+    renderer.ask(render::Request::Load, drawing);
+    render::Packer packed;
+    packed << render::BoundsRequest{page.x, page.y, kMostSeconds, std::move(ids)};
+    const std::string reply = renderer.ask(render::Request::Bounds, packed.bytes);
+    std::vector<model::Box> boxes;
+    render::Unpacker(reply) >> boxes;
+    return boxes;
+}
+
+void KnownFiles::measure(model::Document& document) const {
+    if (const auto guessed = document.takeGuessed(); !guessed.empty()) measureTexts(document, guessed);
+}
+
 void Source::measure(model::Document& document) const {
+    KnownFiles::measure(document);
     if (!unmeasured.empty()) svg::measure(document, *this, std::exchange(unmeasured, {}));
 }
 
@@ -161,12 +177,7 @@ void measure(model::Document& document, const Source& source, const std::vector<
     if (recoded) drawing.text = toUtf16(drawing.text, source.encoding == Encoding::Utf16Big);
     std::vector<model::Box> boxes;
     try {
-        RenderProcess renderer;
-        renderer.ask(render::Request::Load, drawing.text);
-        render::Packer packed;
-        packed << render::BoundsRequest{document.width(), document.height(), kMostSeconds, std::move(drawing.ids)};
-        const std::string reply = renderer.ask(render::Request::Bounds, packed.bytes);
-        render::Unpacker(reply) >> boxes;
+        boxes = boxesIn(drawing.text, {document.width(), document.height()}, std::move(drawing.ids));
     } catch (const RenderError& error) {
         return fail(error.what());
     }

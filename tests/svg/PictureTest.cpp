@@ -165,6 +165,43 @@ TEST_F(Pictures, ShowOpaqueArtWhereItIsHit) {
     }
 }
 
+// The box of a new text was made of letters half as wide as high.
+TEST_F(Pictures, HoldTheirNewTextsInTheirBounds) {
+    const model::TextData texts[] = {
+        {.contents = "WWWWW", .font = "sans-serif", .size = 30, .anchor = {20, 50}},
+        {.contents = "iiii gjpq", .font = "serif", .size = 20, .anchor = {20, 50}},
+        {.contents = "a < b & \xC3\xBC", .size = 25, .justification = model::Justification::Center, .anchor = {90, 40}},
+        {.contents = "Ham", .justification = model::Justification::Right, .anchor = {90, 40}, .turned = {2, 1, -1, 2}},
+    };
+    const auto expectHolds = [](const model::Box& bounds, const model::Box& shown, double most) {
+        for (const auto edge : {&model::Box::left, &model::Box::top}) {
+            EXPECT_LE(bounds.*edge, shown.*edge + 0.3);
+            EXPECT_GE(bounds.*edge, shown.*edge - most);
+        }
+        for (const auto edge : {&model::Box::right, &model::Box::bottom}) {
+            EXPECT_GE(bounds.*edge, shown.*edge - 0.3);
+            EXPECT_LE(bounds.*edge, shown.*edge + most);
+        }
+    };
+    const auto blank = read("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 200 100'/>", "t.svg");
+    Document& document = *blank;
+    Node& node = document.create(model::NodeType::Opaque, model::Placement::OnTopInside, document.currentLayer());
+    for (const model::TextData& text : texts) {
+        SCOPED_TRACE(text.contents);
+        model::TextData painted = text;
+        painted.paint = {.fill = true, .stroke = false, .fillColor = {}, .strokeColor = {}};
+        document.setText(node, painted);
+        document.measure();
+        exportPicture(document, PictureFormat::Png, {.scale = 4}, path("p.png"));
+        const model::Box shown = shownBox(imageOf(path("p.png")), 4);
+        const bool isTurned = text.turned[1] != 0; // and a box around a box then
+        expectHolds(node.hull(), shown, isTurned ? 20 : 3);
+        const auto again = read(write(document), "t.svg");
+        again->measure();
+        expectHolds(again->currentLayer().firstChild()->hull(), shown, isTurned ? 40 : 3);
+    }
+}
+
 TEST_F(Pictures, ShowCopiesOfOpaqueArtWhereItWas) {
     const std::string head = "<svg xmlns='http://www.w3.org/2000/svg' viewBox='-10 -10 200 100'><defs>"
                              "<symbol id='s' viewBox='1 1 2 1'><path d='M1 1h1v1z'/></symbol><symbol id='plain'>"

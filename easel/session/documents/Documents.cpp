@@ -8,6 +8,7 @@
 #include "session/base/Error.h"
 #include "svg/Definitions.h"
 #include "svg/Files.h"
+#include "svg/KnownFiles.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -66,6 +67,7 @@ void Documents::setHistoryLimit(std::size_t bytes) {
 
 void Documents::add(std::unique_ptr<model::Document> document, const std::string& path) {
     document->journal().setHistoryLimit(historyLimit_);
+    if (!document->origin) document->origin = std::make_shared<svg::KnownFiles>();
     const std::uint64_t state = document->journal().state();
     open_.push_back({++lastNumber_, std::move(document), absolute(path), state});
 }
