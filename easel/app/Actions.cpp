@@ -212,11 +212,8 @@ void Actions::scale(double across, double down, model::Point about) {
 }
 
 void Actions::setOpacity(double opacity) {
-    editSelected("setOpacity", Recorder::number(opacity), [&](model::Document& document, model::Node& art) {
-        model::Extras extras = art.extras();
-        extras.opacity = opacity;
-        document.setExtras(art, std::move(extras));
-    });
+    editSelected("setOpacity", Recorder::number(opacity),
+                 [&](model::Document& document, model::Node& art) { document.setOpacity(art, opacity); });
 }
 
 void Actions::setStyle(const std::string& scriptStyle, const std::function<void(model::Style&)>& change) {

@@ -289,6 +289,50 @@ Node& Document::Impl::copyOf(Document& document, const Node& node, Placement pla
     return copy;
 }
 
+namespace {
+
+/// What the document's origin calls art, or what it is a duplicate of.
+std::uint32_t originOf(const Node& art) { return art.copied() ? art.copied()->origin : art.origin(); }
+
+} // namespace
+
+Node& Document::createPart(NodeType type, Placement placement, Node& anchor, const Node& art) {
+    const Transaction transaction(journal());
+    Node& part = create(type, placement, anchor);
+    const std::uint32_t units = art.units() ? art.units() : art.keepsPlace() ? originOf(art) : 0;
+    if (units == 0 || part.isSubpath()) return part;
+    part.kept_ = Shared(Kept{.clip = {}, .copied = {}, .units = units});
+    part.hasOwnUnits_ = true;
+    impl_->setPlace(part, art.placed());
+    return part;
+}
+
+Node& Document::createInPlaceOf(Node& art, NodeType type) {
+    const Transaction transaction(journal());
+    Node& made = createPart(type, Placement::Below, art, art);
+    Kept kept{.clip = art.kept_ ? art.kept_->clip : Shared<Clip>(), .copied = {}, .units = made.units()};
+    kept.taken = art.units() ? art.taken() : originOf(art);
+    made.kept_ = Shared(std::move(kept));
+    Extras extras = art.extras();
+    if (art.clip() && art.clip()->fitsBox) { // that of the art, not that of what takes its place
+        extras.hasOtherClip = true;
+        extras.clip = Shared(clipOnPage(made, maskOnPage(art)));
+    }
+    if (extras.ownMask) {
+        made.hasOwnUnits_ = true;
+        Affine& toArt = extras.ownMask.writable().toArt;
+        toArt = toArt * art.placed() * inverse(made.placed());
+    }
+    setExtras(made, std::move(extras));
+    setLocked(made, art.locked());
+    setHidden(made, art.hidden());
+    const std::string name = art.name();
+    setName(art, {});
+    setName(made, name);
+    impl_->setSelected(made, art.selected(), {});
+    return made;
+}
+
 void Document::removeChildren(Node& node) {
     const Transaction transaction(journal());
     while (Node* const child = node.firstChild()) remove(*child);
@@ -340,9 +384,16 @@ void Document::setHidden(Node& node, bool hidden) {
 }
 
 void Document::setExtras(Node& node, Extras extras) {
-    if (node.extras() == extras) return;
+    if (node.isSubpath() || node.extras() == extras) return;
     const Transaction transaction(journal());
     impl_->change(node).extras = extras == Extras() ? Shared<Extras>() : Shared(std::move(extras));
+}
+
+void Document::setOpacity(Node& node, double opacity) {
+    Node& whole = wholeOf(node);
+    Extras extras = whole.extras();
+    extras.opacity = opacity;
+    setExtras(whole, std::move(extras));
 }
 
 // Selection

@@ -104,14 +104,20 @@ class Document {
     void setSpecial(Node& opaque, Special special);
     /// A copy of art with all that it holds, without their names; as it is, it is not selected.
     Node& duplicate(const Node& node, Placement placement, Node& anchor);
+    /// A group or compound path that takes the place of art, with what belongs to that as a whole: its name, whether it
+    /// is selected, locked and hidden, its extras, how it is clipped. The art is nameless then, and still there.
+    Node& createInPlaceOf(Node& art, NodeType type);
+    /// Empty art that is a part of what takes the place of `art`, in the units that this lies in.
+    Node& createPart(NodeType type, Placement placement, Node& anchor, const Node& art);
     void remove(Node& node);
     void removeChildren(Node& node);
     void place(Node& node, Placement placement, Node& anchor);
     void setName(Node& node, std::string_view name); ///< a subpath takes none, for files have no place for it
-    // A subpath is locked and hidden together with its compound path.
+    // A subpath is locked, hidden and faded together with its compound path.
     void setLocked(Node& node, bool locked);
     void setHidden(Node& node, bool hidden);
-    void setExtras(Node& node, Extras extras);
+    void setOpacity(Node& node, double opacity);
+    void setExtras(Node& node, Extras extras); ///< a subpath takes none, for files have no place for them
 
     // Paths
     void setPath(Node& path, PathData data);

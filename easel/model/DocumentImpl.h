@@ -61,7 +61,8 @@ struct Document::Impl {
         changeData(data);
         change(opaque).opaque = Shared(std::move(data));
     }
-    void transform(Node& node, const Affine& by); ///< without its descendants
+    void setPlace(Node& node, const Affine& placed); ///< of one that keeps it
+    void transform(Node& node, const Affine& by);    ///< without its descendants
     void fitPointSelection(Node& path, std::size_t count);
     void findNear(Point point, double tolerance);
     [[nodiscard]] Hit bestKept(Node& within, const KeptHits::Place& place);

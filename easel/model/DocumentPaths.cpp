@@ -140,15 +140,15 @@ void Document::scaleLines(Node& node, double scale) {
     }
 }
 
+void Document::Impl::setPlace(Node& node, const Affine& placed) {
+    if (node.type() == NodeType::Opaque) return setOpaque(node, [&](OpaqueData& data) { data.place(placed); });
+    OpaqueData data;
+    data.place(placed);
+    change(node).opaque = placed == Affine{} ? Shared<OpaqueData>{} : Shared(std::move(data));
+}
+
 void Document::Impl::transform(Node& node, const Affine& by) {
-    const Affine placed = node.placed() * by;
-    if (node.type() == NodeType::Opaque) {
-        setOpaque(node, [&](OpaqueData& data) { data.place(placed); });
-    } else if (node.keepsPlace()) {
-        OpaqueData data;
-        data.place(placed);
-        change(node).opaque = placed == Affine{} ? Shared<OpaqueData>{} : Shared(std::move(data));
-    }
+    if (node.keepsPlace()) setPlace(node, node.placed() * by);
     if (node.type() != NodeType::Path || node.path().points.empty()) return;
     for (PathPoint& point : writablePath(node).points)
         for (Point* const place : {&point.anchor, &point.in, &point.out}) *place = by(*place);

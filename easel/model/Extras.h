@@ -61,6 +61,16 @@ struct Definition {
     bool operator==(const Definition&) const = default;
 };
 
+/// What fades art by its brightness, of art that got it here: a drawing with the document's page.
+struct MaskDrawing {
+    std::string attributes; ///< of an element that holds it, as they are written
+    std::string content;    ///< as it is written
+    Box box;                ///< around all of it
+    Affine toArt{};         ///< to where the art was at first, as in OpaqueData
+
+    bool operator==(const MaskDrawing&) const = default;
+};
+
 /// The default is that of ordinary art, which stores none.
 struct Extras {
     double opacity = 1; ///< 0 to 1
@@ -68,9 +78,10 @@ struct Extras {
     Knockout knockout = Knockout::Off;
     bool centerPoint = false; ///< the middle of its bounds shows as a point
     GroupKind groupKind = GroupKind::Plain;
-    std::string plugin{};      ///< that looks after it
-    std::uint32_t columns = 0; ///< of a mesh
-    std::string mask{};        ///< that fades it, as the drawing refers to it
+    std::string plugin{};          ///< that looks after it
+    std::uint32_t columns = 0;     ///< of a mesh
+    std::string mask{};            ///< that fades it, as the drawing refers to it
+    Shared<MaskDrawing> ownMask{}; ///< instead of that
     bool maskDisabled = false;
     bool hasOtherClip = false; ///< than the one that it was read with, if it was:
     Shared<Clip> clip{};       ///< this one, or none
@@ -78,6 +89,7 @@ struct Extras {
     std::vector<Shared<Definition>> definitions{}; ///< of the document, at its root, as are the next
     std::vector<Artboard> artboards{};             ///< empty for one that is the drawing's page
 
+    [[nodiscard]] bool hasMask() const { return !mask.empty() || ownMask; }
     bool operator==(const Extras&) const = default;
 };
 

@@ -73,6 +73,9 @@ struct Copied {
 struct Kept {
     Shared<Clip> clip;
     Shared<Copied> copied;
+    // Of art that others were made of, the origin's name for it; 0 for none
+    std::uint32_t units = 0; ///< in whose units this lies
+    std::uint32_t taken = 0; ///< whose place it takes, with all that the origin knows of how that is shown as a whole
 };
 
 class Node {
@@ -117,6 +120,9 @@ class Node {
     [[nodiscard]] std::uint32_t origin() const { return origin_; }
     /// Of a duplicate of something that the document's origin knows; else null.
     [[nodiscard]] const Copied* copied() const { return kept_ && kept_->copied ? &*kept_->copied : nullptr; }
+    /// As in Kept.
+    [[nodiscard]] std::uint32_t units() const { return kept_ ? kept_->units : 0; }
+    [[nodiscard]] std::uint32_t taken() const { return kept_ ? kept_->taken : 0; }
     /// What shows of the node and its descendants; null for all of it.
     [[nodiscard]] const Clip* clip() const;
     [[nodiscard]] std::uint8_t selectedParts(std::size_t index) const;

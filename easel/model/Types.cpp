@@ -226,14 +226,28 @@ Box PathData::bounds() const {
 
 Box OpaqueData::hull() const { return bounds ? transformed(*bounds, placed()) : Box{}; }
 
+const std::string& Style::fillServer() const {
+    static const std::string none;
+    return servers ? servers->fill : none;
+}
+
+const std::string& Style::strokeServer() const {
+    static const std::string none;
+    return servers ? servers->stroke : none;
+}
+
+void Style::setServers(Servers served) {
+    servers = served == Servers() ? Shared<Servers>() : Shared(std::move(served));
+}
+
 void Style::setFill(const std::optional<Color>& color) {
-    servedFill = false;
+    setServers({{}, strokeServer()});
     fill = color.has_value();
     if (color) fillColor = *color;
 }
 
 void Style::setStroke(const std::optional<Color>& color) {
-    servedStroke = false;
+    setServers({fillServer(), {}});
     stroke = color.has_value();
     if (color) strokeColor = *color;
 }

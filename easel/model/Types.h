@@ -162,6 +162,14 @@ struct Dashes {
     bool operator==(const Dashes&) const = default;
 };
 
+/// Gradients and patterns that paint a path, as the drawing refers to them; empty where there is none.
+struct Servers {
+    std::string fill;
+    std::string stroke;
+
+    bool operator==(const Servers&) const = default;
+};
+
 /// Paint of a path. The default is what a new path gets: no fill, a solid black stroke of 1 point.
 struct Style {
     // Side by side, since there may be as many styles as paths.
@@ -173,17 +181,18 @@ struct Style {
     Alignment alignment = Alignment::Center; ///< of a closed path's stroke; drawn on the center wherever it lies
     bool overprintFill : 1 = false;          ///< printed over what lies below, not in place of it
     bool overprintStroke : 1 = false;
-    bool servedFill : 1 = false; ///< painted by a gradient or pattern, which whoever reads the drawing knows; where
-                                 ///< that is not found, as `fill` says
-    bool servedStroke : 1 = false;
     Color fillColor;
     Color strokeColor;
     double strokeWidth = 1;
     double miterLimit = 10;
-    Shared<Dashes> dash{}; ///< nothing in most styles
+    Shared<Dashes> dash{};     ///< nothing in most styles
+    Shared<Servers> servers{}; ///< nor here; where one is not found, it is painted as `fill` and `stroke` say
 
-    [[nodiscard]] bool isFilled() const { return fill || servedFill; }
-    [[nodiscard]] bool isStroked() const { return stroke || servedStroke; }
+    [[nodiscard]] bool isFilled() const { return fill || !fillServer().empty(); }
+    [[nodiscard]] bool isStroked() const { return stroke || !strokeServer().empty(); }
+    [[nodiscard]] const std::string& fillServer() const;
+    [[nodiscard]] const std::string& strokeServer() const;
+    void setServers(Servers served);
     void setFill(const std::optional<Color>& color); ///< plain, or none at all
     void setStroke(const std::optional<Color>& color);
 

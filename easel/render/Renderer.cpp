@@ -2,6 +2,7 @@
 #include "render/Renderer.h"
 
 #include <cairo-pdf.h>
+#include <cairo-svg.h>
 #include <cairo.h>
 #include <librsvg/rsvg.h>
 
@@ -127,6 +128,25 @@ std::vector<model::Box> Renderer::bounds(const BoundsRequest& request) const {
                                 : model::Box{});
     }
     return boxes;
+}
+
+std::vector<std::string> Renderer::outlines(const OutlinesRequest& request) const {
+    requireDrawing();
+    const RsvgRectangle page{0, 0, request.width, request.height};
+    std::vector<std::string> drawings;
+    for (const std::string& id : request.ids) {
+        std::string& bytes = drawings.emplace_back();
+        const Surface surface(cairo_svg_surface_create_for_stream(appendBytes, &bytes, request.width, request.height));
+        require(cairo_surface_status(surface.get()));
+        const Context context(cairo_create(surface.get()));
+        GError* error = nullptr;
+        const bool isDrawn = rsvg_handle_render_layer(drawing_.get(), context.get(), ('#' + id).c_str(), &page, &error);
+        const Error owned(error); // there is no such element for the renderer
+        cairo_surface_finish(surface.get());
+        require(cairo_surface_status(surface.get()));
+        if (!isDrawn || owned) bytes.clear();
+    }
+    return drawings;
 }
 
 } // namespace easel::render

@@ -23,6 +23,7 @@ class Renderer {
     [[nodiscard]] std::string picture(const PictureRequest& request) const;
     [[nodiscard]] std::string view(const ViewRequest& request) const;
     [[nodiscard]] std::vector<model::Box> bounds(const BoundsRequest& request) const;
+    [[nodiscard]] std::vector<std::string> outlines(const OutlinesRequest& request) const;
 
   private:
     void requireDrawing() const;

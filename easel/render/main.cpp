@@ -84,6 +84,13 @@ std::string handle(Renderer& renderer, Request kind, std::string_view bytes) {
         boxes << renderer.bounds(request);
         return boxes.bytes;
     }
+    case Request::Outlines: {
+        OutlinesRequest request;
+        Unpacker(bytes) >> request;
+        Packer drawings;
+        drawings << renderer.outlines(request);
+        return drawings.bytes;
+    }
     }
     throw std::runtime_error("the renderer does not know this request");
 }

@@ -139,11 +139,7 @@ void setOpacity(Host& host, const ThisDocument& doc, const ArtList& list, double
     if (opacity < 0 || opacity > 1) throw BadArgument("argument 2 (opacity) must be from 0 to 1");
     const auto nodes = outermost(list, doc);
     edit(host, *doc, [&] {
-        for (auto* node : nodes) {
-            model::Extras extras = node->extras();
-            extras.opacity = opacity;
-            doc->setExtras(*node, std::move(extras));
-        }
+        for (auto* node : nodes) doc->setOpacity(*node, opacity);
     });
 }
 

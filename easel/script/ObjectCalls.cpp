@@ -93,13 +93,13 @@ void setArtHidden(Host& host, const ThisArt& art, bool hidden) {
     edit(host, *art.document, [&] { art.document->setHidden(*art.node, hidden); });
 }
 
-double opacity(Host& /*host*/, const ThisArt& art) { return art->extras().opacity; }
+double opacity(Host& /*host*/, const ThisArt& art) {
+    return (art->isSubpath() ? *art->parent() : *art.node).extras().opacity;
+}
 
 void setOpacity(Host& host, const ThisArt& art, double opacity) {
     if (opacity < 0 || opacity > 1) throw BadArgument("argument 1 (value) must be from 0 to 1");
-    model::Extras extras = art->extras();
-    extras.opacity = opacity;
-    edit(host, *art.document, [&] { art.document->setExtras(*art.node, extras); });
+    edit(host, *art.document, [&] { art.document->setOpacity(*art.node, opacity); });
 }
 
 std::optional<std::string> contents(Host& /*host*/, const ThisArt& art) {

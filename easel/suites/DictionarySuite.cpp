@@ -51,9 +51,7 @@ AIReal getReal(Holder holder, Text key) {
 void set(Holder holder, Text key, Dictionary::mapped_type value) {
     const std::string name(key);
     require(!name.empty() && isPlainText(name.c_str()));
-    model::Extras extras = holder.node.extras();
-    extras.dictionary.insert_or_assign(name, std::move(value));
-    holder.document.setExtras(holder.node, std::move(extras));
+    changeExtras(holder, [&](model::Extras& extras) { extras.dictionary.insert_or_assign(name, std::move(value)); });
 }
 
 void setReal(Holder holder, Text key, AIReal value) {
@@ -67,9 +65,9 @@ void setString(Holder holder, Text key, Text value) {
 }
 
 void removeEntry(Holder holder, Text key) {
-    model::Extras extras = holder.node.extras();
-    require(extras.dictionary.erase(std::string(key)) == 1, kPreferenceNotFoundErr);
-    holder.document.setExtras(holder.node, std::move(extras));
+    const std::string name(key);
+    require(holder.entries().count(name) == 1, kPreferenceNotFoundErr);
+    changeExtras(holder, [&](model::Extras& extras) { extras.dictionary.erase(name); });
 }
 
 } // namespace

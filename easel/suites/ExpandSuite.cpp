@@ -1,9 +1,8 @@
-// The expand suite: plug-in groups, meshes, strokes and uses of symbols become plain paths and groups.
+// The expand suite: what is more than that becomes plain paths and groups.
 #include "hostapi/AIExpandSuite.h"
 
 #include <vector>
 
-#include "model/StrokeOutline.h"
 #include "session/documents/Documents.h"
 #include "suites/Enter.h"
 
@@ -15,29 +14,40 @@ using model::Document;
 using model::GroupKind;
 using model::Node;
 using model::NodeType;
-using model::Placement;
+using session::Documents;
 
 class Expansion {
   public:
-    Expansion(Document& document, std::int32_t flags) : document_(document), flags_(flags) {}
+    Expansion(Document& document, std::int32_t flags, std::int32_t steps)
+        : document_(document),
+          flags_(flags),
+          paint_{.strokes = has(kExpandStroke),
+                 .gradients = has(kExpandGradientToMesh) || has(kExpandGradientToPaths),
+                 .toMeshes = has(kExpandGradientToMesh),
+                 .patterns = has(kExpandPattern),
+                 .steps = steps} {}
 
     /// Returns whether anything has been taken apart.
     bool run(Node& top) {
         std::vector<Node*> all;
-        for (Node* at = &top; at; at = nextWithin(top, *at)) all.push_back(at);
+        for (Node* at = &top; at; at = nextWithin(top, *at))
+            if (has(kExpandLocked) || !at->effectivelyLocked()) all.push_back(at);
         for (auto at = all.rbegin(); at != all.rend(); ++at) // what is in something before that
-            if ((flags_ & kExpandLocked) || !(*at)->effectivelyLocked()) expand(**at);
+            expand(**at);
+        any_ = Documents::expandTexts(document_, texts_) || any_;
         return any_;
     }
 
   private:
+    [[nodiscard]] bool has(std::int32_t flag) const { return (flags_ & flag) != 0; }
+
     void expand(Node& node) {
         const GroupKind kind = node.type() == NodeType::Group ? node.extras().groupKind : GroupKind::Plain;
-        if (kind == GroupKind::Plugin && (flags_ & kExpandPluginArt)) expandPluginArt(node);
-        if (kind == GroupKind::Mesh && (flags_ & kExpandGradientToPaths)) makePlain(node);
-        if (node.isOutlined() && node.style().stroke && (flags_ & kExpandStroke)) expandStroke(node);
-        if (node.symbol() && (flags_ & kExpandSymbolInstances))
-            any_ = session::Documents::expandInstance(document_, node) || any_;
+        if (kind == GroupKind::Plugin && has(kExpandPluginArt)) expandPluginArt(node);
+        if (kind == GroupKind::Mesh && has(kExpandGradientToPaths)) makePlain(node);
+        if (node.isOutlined()) any_ = Documents::expandPaint(document_, node, paint_) || any_;
+        if (node.text() && has(kExpandText)) texts_.push_back(&node);
+        if (node.symbol() && has(kExpandSymbolInstances)) any_ = Documents::expandInstance(document_, node) || any_;
     }
 
     void makePlain(Node& group) {
@@ -58,39 +68,16 @@ class Expansion {
         makePlain(group);
     }
 
-    /// The stroke lies above the fill, which the path keeps; a path without any goes.
-    void expandStroke(Node& node) {
-        model::Style style = node.style();
-        std::vector<model::PathData> outline;
-        for (const auto& path : node.outlines())
-            for (model::PathData& piece : strokeOutline(*path, style)) outline.push_back(std::move(piece));
-        if (outline.empty()) return;
-        any_ = true;
-        Node& stroke = document_.create(NodeType::Compound, Placement::Above, node);
-        model::Style filled;
-        filled.fill = true;
-        filled.stroke = false;
-        filled.fillColor = style.strokeColor;
-        filled.overprintFill = style.overprintStroke;
-        document_.setStyle(stroke, filled);
-        for (model::PathData& piece : outline)
-            document_.setPath(document_.create(NodeType::Path, Placement::AtBottomInside, stroke), std::move(piece));
-        model::Extras extras = node.extras();
-        extras.dictionary.clear();
-        document_.setExtras(stroke, std::move(extras));
-        document_.setHidden(stroke, node.hidden());
-        style.stroke = false;
-        style.isFilled() ? document_.setStyle(node, style) : document_.remove(node);
-    }
-
     Document& document_;
     std::int32_t flags_;
+    model::PaintExpansion paint_;
+    std::vector<Node*> texts_; // taken apart together at the end
     bool any_ = false;
 };
 
 void expand(Art art, std::int32_t flags, std::int32_t steps) {
     require(steps > 0);
-    require(Expansion(art.document, flags).run(art.node), kRefusedErr);
+    require(Expansion(art.document, flags, steps).run(art.node), kRefusedErr);
 }
 
 } // namespace

@@ -1,10 +1,14 @@
 // The blend style, mask and art style suites: how art looks besides its outlines.
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "hostapi/AIArtStyleSuite.h"
 #include "hostapi/AIBlendStyleSuite.h"
 #include "hostapi/AIMaskSuite.h"
+#include "session/documents/Documents.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
 
@@ -16,13 +20,6 @@ using model::Extras;
 using model::Knockout;
 using model::Node;
 using model::NodeType;
-
-/// Gives the art extras that differ in what `change` does to them.
-template <class Change> void changeExtras(const Art& art, Change change) {
-    Extras extras = art.node.extras();
-    change(extras);
-    art.document.setExtras(art.node, std::move(extras));
-}
 
 // Blending
 
@@ -58,9 +55,12 @@ template <class Accepts> Node* findPath(const Art& art, Accepts accepts) {
     return nullptr;
 }
 
+/// A subpath looks like all of its compound path.
+Art wholeOf(const Art& art) { return {art.document, art.node.isSubpath() ? *art.node.parent() : art.node}; }
+
 AIArtStyle getStyle(Art art) {
     const Node* const painted = findPath(art, [](const model::Style&) { return true; });
-    const Extras& extras = art.node.extras();
+    const Extras& extras = wholeOf(art).node.extras();
     return {.paint = styleToHost(painted ? painted->style() : art.document.settings.pathStyle),
             .opacity = extras.opacity,
             .blendingMode = static_cast<std::int16_t>(extras.blendMode),
@@ -72,17 +72,18 @@ void setStyle(Art art, const AIArtStyle& style) {
     requireOpacity(style.opacity);
     const model::BlendMode mode = blendModeFromHost(style.blendingMode);
     const Knockout knockout = knockoutFromHost(style.knockout);
-    changeExtras(art, [&](Extras& extras) {
+    const Art whole = wholeOf(art);
+    changeExtras(whole, [&](Extras& extras) {
         extras.opacity = style.opacity;
         extras.blendMode = mode;
         extras.knockout = knockout;
     });
-    for (Node* at = &art.node; at; at = nextWithin(art.node, *at))
-        if (at->type() == NodeType::Path) paintPath({art.document, *at}, paint);
+    for (Node* at = &whole.node; at; at = nextWithin(whole.node, *at))
+        if (at->isOutlined()) paintPath({art.document, *at}, paint);
 }
 
 bool isStyled(Art art) {
-    const Extras& extras = art.node.extras();
+    const Extras& extras = wholeOf(art).node.extras();
     const Extras ordinary;
     return extras.opacity != ordinary.opacity || extras.blendMode != ordinary.blendMode ||
            extras.knockout != ordinary.knockout;
@@ -91,7 +92,7 @@ bool isStyled(Art art) {
 // Masks
 
 const Extras& masked(const Art& art) {
-    require(!art.node.extras().mask.empty() && !art.node.isSubpath());
+    require(art.node.extras().hasMask());
     return art.node.extras();
 }
 
@@ -100,29 +101,44 @@ void setMaskDisabled(Art art, bool disabled) {
     changeExtras(art, [&](Extras& extras) { extras.maskDisabled = disabled; });
 }
 
-void copyMask(Art from, Art art) {
-    require(&from.document == &art.document && !art.node.isSubpath());
-    const Extras& has = masked(from);
-    changeExtras(art, [mask = has.mask, disabled = has.maskDisabled](Extras& extras) {
-        extras.mask = mask;
+void setMask(const Art& art, std::string mask, std::optional<model::MaskDrawing> own, bool disabled) {
+    changeExtras(art, [&](Extras& extras) {
+        extras.mask = std::move(mask);
+        extras.ownMask = own ? model::Shared(*std::move(own)) : model::Shared<model::MaskDrawing>();
         extras.maskDisabled = disabled;
     });
+    if (art.node.extras().ownMask) model::Document::setHasOwnUnits(art.node); // it goes along
+}
+
+void newMask(Art art, Art by) {
+    require(&by.document == &art.document && !art.node.extras().hasMask() && !art.node.isSubpath(), kRefusedErr);
+    require(by.node.type() != NodeType::Layer && !by.node.isSubpath() && !art.node.isWithin(by.node), kRefusedErr);
+    require(session::Documents::makeMask(art.document, art.node, by.node), kRefusedErr);
+}
+
+void copyMask(Art from, Art art) {
+    require(&from.document == &art.document);
+    const Extras& has = masked(from);
+    std::optional<model::MaskDrawing> drawing;
+    if (has.ownMask) {
+        drawing = *has.ownMask;
+        drawing->toArt = drawing->toArt * from.node.placed() * inverse(art.node.placed());
+    }
+    setMask(art, has.mask, std::move(drawing), has.maskDisabled);
 }
 
 void disposeMask(Art art) {
     static_cast<void>(masked(art));
-    changeExtras(art, [](Extras& extras) {
-        extras.mask.clear();
-        extras.maskDisabled = false;
-    });
+    setMask(art, {}, std::nullopt, false);
 }
 
 } // namespace
 
 template <> void fill(AIMaskSuite& suite) {
-    enter<&AIMaskSuite::HasMask>(suite, [](Art art) { return !art.node.extras().mask.empty(); });
+    enter<&AIMaskSuite::HasMask>(suite, [](Art art) { return art.node.extras().hasMask(); });
     enter<&AIMaskSuite::GetMaskDisabled>(suite, [](Art art) { return masked(art).maskDisabled; });
     enter<&AIMaskSuite::SetMaskDisabled, setMaskDisabled>(suite);
+    enter<&AIMaskSuite::NewMask, newMask>(suite);
     enter<&AIMaskSuite::CopyMask, copyMask>(suite);
     enter<&AIMaskSuite::DisposeMask, disposeMask>(suite);
 }

@@ -183,8 +183,9 @@ void paintPath(const Art& path, model::Style style) {
     style.alignment = was.alignment;
     style.evenOdd = was.evenOdd;
     // A plug-in is told what lies below a gradient, and may tell the same again.
-    style.servedFill = was.servedFill && style.fill == was.fill && style.fillColor == was.fillColor;
-    style.servedStroke = was.servedStroke && style.stroke == was.stroke && style.strokeColor == was.strokeColor;
+    const bool sameFill = style.fill == was.fill && style.fillColor == was.fillColor;
+    const bool sameStroke = style.stroke == was.stroke && style.strokeColor == was.strokeColor;
+    style.setServers({sameFill ? was.fillServer() : "", sameStroke ? was.strokeServer() : ""});
     path.document.setStyle(path.node, style);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AITransformArtSuite.h"
@@ -30,6 +31,15 @@ struct Place {
 [[nodiscard]] AIPathStyle styleToHost(const model::Style& style);
 /// Where its stroke lies stays.
 void paintPath(const Art& path, model::Style style);
+
+/// Gives the art extras that differ in what `change` does to them. Throws kRefusedErr for a subpath: it has no element
+/// that could keep them.
+template <class Change> void changeExtras(const Art& art, Change change) {
+    require(!art.node.isSubpath(), kRefusedErr);
+    model::Extras extras = art.node.extras();
+    change(extras);
+    art.document.setExtras(art.node, std::move(extras));
+}
 
 /// Throws kBadParameterErr for one that has no inverse.
 [[nodiscard]] model::Affine affineFromHost(const AIRealMatrix& matrix);

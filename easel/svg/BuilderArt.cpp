@@ -149,7 +149,7 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
     noteTransform(attributes);
     clipPaths_.putOn(path, attributes, toPage_);
     const std::string_view tag = std::string_view(source_->text).substr(tag_.begin, tag_.end - tag_.begin);
-    if (own.servedFill || own.servedStroke || source_->sheetHasServers || tag.find("url(") != std::string_view::npos)
+    if (own.servers || source_->sheetHasServers || tag.find("url(") != std::string_view::npos)
         model::Document::setHasOwnUnits(path);
     latest().damaged = outline.damaged;
     skipped_.isLatest = true;

@@ -18,17 +18,6 @@ namespace {
 using model::Mask;
 using model::PathData;
 
-/// The id in "url(#id)"; empty for anything else.
-std::string_view referredId(std::string_view value) {
-    constexpr std::string_view kOpen = "url(";
-    const std::size_t close = value.find(')');
-    if (value.substr(0, kOpen.size()) != kOpen || close == std::string_view::npos) return {};
-    std::string_view inside = trimmed(value.substr(kOpen.size(), close - kOpen.size()));
-    const bool quoted = inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\'');
-    if (quoted) inside = inside.substr(1, inside.size() - 2);
-    return inside.substr(0, 1) == "#" ? inside.substr(1) : std::string_view{};
-}
-
 } // namespace
 
 void ClipPaths::startElement(std::string_view element, const Attributes& attributes, const Units& units) {

@@ -150,6 +150,7 @@ std::string freeName(Document& document, std::string_view kind) {
 }
 
 bool canBeCopied(const Node& node) {
+    if (node.extras().ownMask || node.units()) return false; // they lie in units of this document's
     if (node.type() != NodeType::Opaque) return !node.clip() && !(node.isOutlined() && node.keepsPlace());
     if (node.text()) return !node.text()->isRich;
     return node.symbol() || (node.image() && !node.image()->link.empty());
@@ -238,13 +239,55 @@ std::vector<std::string> definitionNames(Document& document, std::string_view ki
     return names;
 }
 
+std::optional<DefinitionText> definitionText(Document& document, std::string_view kind, std::string_view name) {
+    std::string startTag = startTagOf(document, kind, name);
+    if (startTag.empty()) return std::nullopt;
+    return DefinitionText{std::move(startTag), contentOf(document, kind, name)};
+}
+
+std::string DefinitionChain::find(std::string_view attribute) const {
+    for (const std::string& text : tags) {
+        const Tag tag(text);
+        if (const auto value = tag.find(attribute)) return std::string(trimmed(*value));
+    }
+    return {};
+}
+
+DefinitionChain definitionChain(Document& document, std::initializer_list<std::string_view> kinds,
+                                std::string_view name) {
+    constexpr std::size_t kLongest = 32;
+    DefinitionChain chain;
+    std::string next(name);
+    while (!next.empty() && chain.tags.size() < kLongest) {
+        std::optional<DefinitionText> text;
+        for (const std::string_view kind : kinds) {
+            if (!text) text = definitionText(document, kind, next);
+            if (text && chain.kind.empty()) chain.kind = kind;
+        }
+        if (!text) break;
+        if (chain.holder.empty() && text->content.find('<') != std::string::npos) {
+            chain.content = text->content;
+            chain.holder = next;
+        }
+        const Tag tag(text->startTag);
+        const std::string_view link = trimmed(tag.find("href").value_or(tag.find("xlink:href").value_or("")));
+        next = link.substr(0, 1) == "#" ? link.substr(1) : "";
+        chain.tags.push_back(std::move(text->startTag));
+    }
+    return chain;
+}
+
+std::string keepDefinition(Document& document, std::string_view kind, std::string attributes, std::string content) {
+    std::string name = freeName(document, kind);
+    keep(document, {std::string(kind), name, std::move(attributes), std::move(content)});
+    return name;
+}
+
 std::unique_ptr<Document> readDefinition(Document& document, std::string_view kind, std::string_view name) {
-    const Definition* const known = readAs(document, kind, name);
-    const Made* const made = madeAs(document, kind, name);
-    if (!known && !made) return nullptr;
-    const std::string startTag = startTagOf(document, kind, name);
+    const auto text = definitionText(document, kind, name);
+    if (!text) return nullptr;
     try {
-        return read(drawingAround(document, startTag, contentOf(document, kind, name)), std::string(name));
+        return read(drawingAround(document, text->startTag, text->content), std::string(name));
     } catch (const FileError&) { // it needs something that stands around it
         return nullptr;
     }
@@ -264,29 +307,60 @@ void redefine(Document& document, std::string_view kind, std::string_view name, 
             document.setBounds(*node, symbol.boundsIn(*node->symbol()));
 }
 
-std::optional<std::string> define(Document& document, std::string_view kind, Node& art) {
+namespace {
+
+struct Drawn {
+    std::string attributes; ///< that bind prefixes
+    std::string content;
+};
+
+/// A copy of the art, as it is written; none where that cannot be made.
+std::optional<Drawn> drawn(const Document& document, const Node& art) {
     Document drawing(document.width(), document.height());
     if (!copyInto(drawing, drawing.currentLayer(), art)) return std::nullopt;
-    std::string attributes;
+    Drawn result;
     for (const auto& [prefix, uri] : kBindings)
-        attributes.append(" ").append(prefix).append("=\"").append(uri).append("\"");
+        result.attributes.append(" ").append(prefix).append("=\"").append(uri).append("\"");
+    try {
+        result.content = contentOf(drawing);
+    } catch (const UnsavableError&) {
+        return std::nullopt;
+    }
+    return result;
+}
+
+} // namespace
+
+std::optional<std::string> define(Document& document, std::string_view kind, Node& art) {
+    std::optional<Drawn> made = drawn(document, art);
+    if (!made) return std::nullopt;
+    std::string& attributes = made->attributes;
     if (kind == "symbol") attributes += " overflow=\"visible\"";
     if (kind == "pattern") {
         const model::Box box = boundsOf(art, {});
         if (box.isEmpty()) return std::nullopt;
+        const std::string size[] = {number(box.right - box.left), number(box.bottom - box.top)};
         attributes += " patternUnits=\"userSpaceOnUse\" x=\"" + number(box.left) + "\" y=\"" + number(box.top) +
-                      "\" width=\"" + number(box.right - box.left) + "\" height=\"" + number(box.bottom - box.top) +
-                      "\"";
+                      "\" width=\"" + size[0] + "\" height=\"" + size[1] + "\" viewBox=\"" + number(box.left) + ' ' +
+                      number(box.top) + ' ' + size[0] + ' ' + size[1] + '"'; // else it would begin at the tile's corner
     }
-    std::string content;
-    try {
-        content = contentOf(drawing);
-    } catch (const UnsavableError&) {
-        return std::nullopt;
-    }
-    std::string name = freeName(document, kind);
-    keep(document, {std::string(kind), name, attributes, std::move(content)});
-    return name;
+    return keepDefinition(document, kind, std::move(attributes), std::move(made->content));
+}
+
+bool makeMask(Document& document, Node& art, Node& by) {
+    document.measure();
+    const model::Box bounds = boundsOf(by, {.strokes = true});
+    std::optional<Drawn> made = drawn(document, by);
+    if (!made || bounds.isEmpty()) return false;
+    const model::Box box{bounds.left - 1, bounds.top - 1, bounds.right + 1, bounds.bottom + 1}; // for smooth edges
+    model::Extras extras = art.extras();
+    extras.ownMask = model::Shared(
+        model::MaskDrawing{std::move(made->attributes), std::move(made->content), box, inverse(art.placed())});
+    const model::Journal::Scope change(document.journal());
+    document.setExtras(art, std::move(extras));
+    Document::setHasOwnUnits(art); // so that the mask goes along
+    document.remove(by);
+    return true;
 }
 
 bool copyInto(Document& to, Node& container, const Node& art, const model::Affine& by) {
@@ -318,20 +392,23 @@ void setSymbol(Document& document, Node& instance, const std::string& name) {
     document.setSpecial(instance, std::move(use));
 }
 
+bool canBeCopied(Document& drawing) {
+    for (const Node* layer = drawing.root().firstChild(); layer; layer = layer->next())
+        for (const Node* art = layer->firstChild(); art; art = nextWithin(*layer, *art))
+            if (!canBeCopied(*art)) return false;
+    return true;
+}
+
 bool expandInstance(Document& document, Node& instance) {
     const model::SymbolData use = *instance.symbol();
     const auto symbol = readDefinition(document, "symbol", use.symbol);
-    if (!symbol) return false;
+    if (!symbol || !canBeCopied(*symbol)) return false;
     const model::Affine fit = UsedSymbol(document, use.symbol).fitted(use);
-    for (Node* layer = symbol->root().firstChild(); layer; layer = layer->next())
-        for (const Node* art = layer->firstChild(); art; art = nextWithin(*layer, *art))
-            if (!canBeCopied(*art)) return false;
-    Node& group = document.create(NodeType::Group, model::Placement::Above, instance);
+    const model::Journal::Scope change(document.journal());
+    Node& group = document.createInPlaceOf(instance, NodeType::Group);
     for (const Node* layer = symbol->root().lastChild(); layer; layer = layer->previous())
         for (const Node* art = layer->lastChild(); art; art = art->previous())
             static_cast<void>(copyInto(document, group, *art, fit * use.place * instance.opaque().placed()));
-    document.setExtras(group, instance.extras());
-    document.setHidden(group, instance.hidden());
     document.remove(instance);
     return true;
 }

@@ -35,6 +35,11 @@ bool canBeId(std::string_view name) {
 
 } // namespace
 
+void ElementText::setExtras(Tag& tag, const Node& node, const model::Extras& was) {
+    setExtras(tag, node.extras(), was);
+    setOwnMask(tag, node);
+}
+
 void ElementText::setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const {
     if (is.opacity != was.opacity) setProperty(tag, "opacity", opacityText(is.opacity));
     if (is.blendMode != was.blendMode) setProperty(tag, "mix-blend-mode", std::string(blendModeText(is.blendMode)));
@@ -100,7 +105,10 @@ void ElementText::setForeign(Tag& tag, const std::vector<std::string>& prefixes,
 }
 
 void ElementText::setName(Tag& tag, const Node& node) {
-    if (node.type() != NodeType::Layer && canBeId(node.name()) && takeId(node.name())) {
+    const auto hadId = [&] { // what it stands in for
+        return node.taken() && Tag(source_.startTag(source_.elements[node.taken() - 1])).find("id") == node.name();
+    };
+    if (node.type() != NodeType::Layer && canBeId(node.name()) && (takeId(node.name()) || hadId())) {
         tag.set("id", escaped(node.name()));
     } else {
         setForeign(tag, source_.inkscapePrefixes, "inkscape", kInkscapeNamespace, "label", node.name());

@@ -82,7 +82,7 @@ std::string ElementText::newSpecial(const Node& node, const Place& place) {
         setSize(tag, *node.symbol());
         changeLink(tag, '#' + node.symbol()->symbol);
     }
-    setExtras(tag, node.extras(), {});
+    setExtras(tag, node, {});
     return tag.text() + "/>";
 }
 
@@ -101,7 +101,7 @@ std::string ElementText::newText(const Node& node, Point anchor, const Place& pl
     if (text.orientation == model::Orientation::Vertical) setProperty(tag, "writing-mode", kVertical);
     tag.set("xml:space", "preserve");
     if (!overprintText(text.paint).empty()) setOverprint(tag, text.paint);
-    setExtras(tag, node.extras(), {});
+    setExtras(tag, node, {});
     return tag.text() + '>' + escaped(text.contents) + "</" + place.prefix + "text>";
 }
 

@@ -29,6 +29,8 @@ using model::Point;
 using model::Style;
 
 constexpr double kSame = 1e-9; ///< against the numbers themselves
+constexpr const char* kClip = "clip";
+constexpr const char* kMask = "mask";
 
 bool isNear(double a, double b) { return std::fabs(a - b) <= kSame * (1 + std::fabs(a) + std::fabs(b)); }
 
@@ -128,22 +130,53 @@ Tag ElementText::newTag(const Node& node, const Place& place, std::string_view n
 
 // Masks
 
-const std::string& ElementText::clipId(const Node& group) {
-    std::string& id = clipIds_[&group];
-    for (std::size_t number = clipIds_.size(); id.empty(); ++number)
-        if (std::string name = "clip-" + std::to_string(number); !hasId(name)) id = std::move(name);
+/// The id of what is written for the node besides its element.
+const std::string& ElementText::newId(const Node& node, const char* kind) {
+    std::string& id = newIds_[{&node, kind}];
+    for (std::size_t number = newIds_.size(); id.empty(); ++number)
+        if (std::string name = kind + ('-' + std::to_string(number)); !hasId(name)) id = std::move(name);
     ids_->insert(id);
     return id;
 }
 
 void ElementText::setClip(Tag& tag, const Node& node) {
-    setProperty(tag, "clip-path", node.extras().clip ? "url(#" + clipId(node) + ')' : "none");
+    setProperty(tag, "clip-path", node.extras().clip ? "url(#" + newId(node, kClip) + ')' : "none");
+}
+
+void ElementText::setOwnMask(Tag& tag, const Node& node) {
+    if (!node.extras().ownMask) return;
+    const std::string value = "url(#" + newId(node, kMask) + ')';
+    node.extras().maskDisabled ? setOwn(tag, "disabled-mask", value) : setProperty(tag, "mask", value);
+}
+
+std::string ElementText::maskBefore(const Node& node, const Element* element, const Place& place) {
+    if (!node.extras().ownMask) return {};
+    const model::MaskDrawing& drawing = *node.extras().ownMask;
+    const Geom::Affine units = element ? unitsOf(node, *element, place) : unitsOf(node, place);
+    const Geom::Affine toUnits = asGeom(drawing.toArt * node.placed()) * units.inverse();
+    model::Box box;
+    for (const double x : {drawing.box.left, drawing.box.right})
+        for (const double y : {drawing.box.top, drawing.box.bottom}) {
+            const Geom::Point corner = Geom::Point(x, y) * toUnits;
+            box.include(Point{corner.x(), corner.y()});
+        }
+    const std::string name = place.prefix + "mask";
+    std::string text = '<' + name + " id=\"" + newId(node, kMask) + "\" maskUnits=\"userSpaceOnUse\"";
+    for (const auto& [side, value] :
+         {std::pair("x", box.left), std::pair("y", box.top), std::pair("width", box.right - box.left),
+          std::pair("height", box.bottom - box.top)}) {
+        text.append(" ").append(side).append("=\"");
+        appendNumber(text, value);
+        text += '"';
+    }
+    return text + drawing.attributes + "><g transform=\"" + transformText(toUnits) + "\">" + drawing.content +
+           "</g></" + name + '>';
 }
 
 std::string ElementText::clipPath(const Node& group, const Place& inside) {
     if (!group.extras().clip) return {};
     const std::string name = inside.prefix + "clipPath";
-    std::string text = '<' + name + " id=\"" + clipId(group) + "\">";
+    std::string text = '<' + name + " id=\"" + newId(group, kClip) + "\">";
     for (model::Mask::Shape& shape : maskOnPage(group)) {
         for (PathData& subpath : shape.subpaths) transformBy(subpath, toPageIn(inside).inverse());
         text += '<' + inside.prefix + "path d=\"" + pathData(shape.subpaths) + '"';
@@ -154,18 +187,32 @@ std::string ElementText::clipPath(const Node& group, const Place& inside) {
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
     Tag tag = newTag(node, place, isGroup(node) ? "g" : "path");
+    const Geom::Affine toPage = unitsOf(node, place);
+    const Geom::Affine transform = toPage * toPageIn(place).inverse();
+    if (node.units() && !transform.isIdentity(kSame)) tag.set("transform", transformText(transform));
     if (!node.isOutlined()) {
-        setExtras(tag, node.extras(), {});
+        if (node.taken()) takeOver(tag, node);
+        setExtras(tag, node, {});
         if (node.extras().clip) setClip(tag, node);
         return tag.text();
     }
     requireUsable(node.style());
-    const Geom::Affine toPage = toPageIn(place);
     setOutline(tag, node, toPage);
     setPaint(tag, node, inUnits(node.style(), scaleOf(toPage)), source_.containers[place.container]);
     if (!overprintText(node.style()).empty()) setOverprint(tag, node.style());
-    setExtras(tag, node.extras(), {});
+    if (node.taken()) takeOver(tag, node);
+    setExtras(tag, node, {});
     return tag.text();
+}
+
+/// What the origin knows of how the art is shown whose place it takes; the document knows the rest.
+void ElementText::takeOver(Tag& tag, const Node& made) {
+    const Element& element = source_.elements[made.taken() - 1];
+    for (const char* const name : {"clip-path", "filter"}) {
+        const std::string value = surroundings_.says(element, name);
+        if (!value.empty() && value != "none") setProperty(tag, name, escaped(value));
+    }
+    if (made.extras().hasOtherClip) setClip(tag, made);
 }
 
 const model::Content& ElementText::wasOf(const Node& node) const {
@@ -300,14 +347,13 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     if (is.locked != was.locked) setLocked(tag, node.locked());
     const bool hadOtherClip = was.extras && was.extras->hasOtherClip;
     if (node.extras().hasOtherClip || hadOtherClip) setClip(tag, node);
-    if (is.extras != was.extras) setExtras(tag, node.extras(), was.extras ? *was.extras : model::Extras());
+    if (is.extras != was.extras) setExtras(tag, node, was.extras ? *was.extras : model::Extras());
     requireInReach(node);
     const bool staysInside = element.container == place.container;
     const Done done = doneTo(node, staysInside ? place.placed : Affine{});
-    const bool outlineTells = staysInside && node.isOutlined() && !node.keepsPlace() && !needsTransform(element);
-    const Affine by = outlineTells ? place.placed : isGroup(node) ? placedInside(node, element, place) : done.by;
+    const Affine by = doneToUnits(node, element, place);
     const bool isAlong = staysInside && goesAlong(done.by, place.placed);
-    if (node.isOutlined() && (done.outlineChanged || (outlineTells && !isAlong)))
+    if (node.isOutlined() && (done.outlineChanged || (outlineTells(node, element, place) && !isAlong)))
         changeOutline(tag, node, source_.transforms[element.toPage] * asGeom(by));
     changeSpecial(tag, node, element);
     if (node.isOutlined()) {
@@ -341,8 +387,8 @@ void ElementText::bringInherited(Tag& tag, const Node& node, const Element& elem
         if (from.inherits(name).empty()) bring(textOf(name), initialValue(name));
     const bool isServed = to.passesOnServers();
     for (const auto& [name, value] : properties(from.style, isServed ? nullptr : &to.style)) {
-        const bool wasServed =
-            (name == "fill" && from.style.servedFill) || (name == "stroke" && from.style.servedStroke);
+        const bool wasServed = (name == "fill" && !from.style.fillServer().empty()) ||
+                               (name == "stroke" && !from.style.strokeServer().empty());
         if (!wasServed) bring(name, value);
     }
 }
@@ -358,6 +404,18 @@ ElementText::Done ElementText::doneTo(const Node& node, const Affine& around) co
     if (was == is) return {};
     if (const std::optional<Point> move = commonMove(was, is)) return {{.e = move->x, .f = move->y}};
     return {around, !isSame(was, is, around)};
+}
+
+/// Whether what has been done to art can be told by its outline alone.
+bool ElementText::outlineTells(const Node& node, const Element& element, const Place& place) const {
+    return element.container == place.container && node.isOutlined() && !node.keepsPlace() && !needsTransform(element);
+}
+
+/// What has been done, on the page, to the units that the element is written in.
+Affine ElementText::doneToUnits(const Node& node, const Element& element, const Place& place) const {
+    if (outlineTells(node, element, place)) return place.placed;
+    if (isGroup(node)) return placedInside(node, element, place);
+    return doneTo(node, element.container == place.container ? place.placed : Affine{}).by;
 }
 
 /// In the element's units. Lengths that do not show, or that only rounding tells apart, are those before.
@@ -430,6 +488,26 @@ Geom::Affine ElementText::toPageIn(const Place& place) const {
     return source_.transforms[source_.containers[place.container].toPage] * asGeom(place.placed);
 }
 
+/// From the units of an element that is written anew to the page.
+Geom::Affine ElementText::unitsOf(const Node& made, const Place& place) const {
+    if (made.content().special()) return isTurned(made) ? placedOf(made) : Geom::Affine::identity();
+    if (!made.units()) return toPageIn(place);
+    return source_.transforms[source_.elements[made.units() - 1].toPage] * placedOf(made);
+}
+
+/// From the units of an element that was read, or of the group around it, to the page.
+Geom::Affine ElementText::unitsOf(const Node& node, const Element& element, const Place& place) const {
+    const std::uint32_t from = element.wrapped ? source_.containers[element.container].toPage : element.toPage;
+    return source_.transforms[from] * asGeom(element.wrapped ? node.placed() : doneToUnits(node, element, place));
+}
+
+Affine ElementText::placedInside(const Node& made, const Place& place) const {
+    if (!made.units()) return place.placed;
+    const Geom::Affine& around = source_.transforms[source_.containers[place.container].toPage];
+    const Geom::Affine by = around.inverse() * unitsOf(made, place);
+    return {by[0], by[1], by[2], by[3], by[4], by[5]};
+}
+
 /// `toPage`: from the element's units as they are now.
 void ElementText::changeOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
     static constexpr std::string_view kMeasures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
@@ -468,6 +546,7 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
         extras.opacity = own > 0 ? std::min(extras.opacity / own, 1.0) : 1;
         if (was.extras && was.extras->mask == extras.mask) extras.mask.clear();
         setExtras(tag, extras, {});
+        setOwnMask(tag, node);
     }
     return tag.text();
 }

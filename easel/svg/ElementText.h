@@ -36,7 +36,10 @@ class ElementText {
 
     /// The whole element of a text, a picture or a use of a symbol that was made here.
     [[nodiscard]] std::string newSpecial(const model::Node& node, const Place& place);
-    /// What clips a group that got its mask here, to stand in it; empty for others.
+    /// What fades art that got its mask here, to stand before it; empty for others. `element`: as for what is read or
+    /// copied, else null.
+    [[nodiscard]] std::string maskBefore(const model::Node& node, const Element* element, const Place& place);
+    /// What clips a group that got its clip here, to stand in it; empty for others.
     [[nodiscard]] std::string clipPath(const model::Node& group, const Place& inside);
     /// Whether the contents of a text are others than they were, and the whole element with them.
     [[nodiscard]] bool isRefilled(const model::Node& node) const;
@@ -52,6 +55,7 @@ class ElementText {
     /// What is done as a whole to what a group holds, which is what its own element says.
     [[nodiscard]] model::Affine placedInside(const model::Node& group, const Element& element,
                                              const Place& place) const;
+    [[nodiscard]] model::Affine placedInside(const model::Node& made, const Place& place) const; ///< of one made here
     /// The start tag of a group around an element that takes no attributes itself.
     [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place);
 
@@ -66,11 +70,15 @@ class ElementText {
         bool outlineChanged = false;
     };
     [[nodiscard]] Done doneTo(const model::Node& node, const model::Affine& around) const;
+    [[nodiscard]] bool outlineTells(const model::Node& node, const Element& element, const Place& place) const;
+    [[nodiscard]] model::Affine doneToUnits(const model::Node& node, const Element& element, const Place& place) const;
     [[nodiscard]] model::OutlineList original(const model::Node& node) const;
     [[nodiscard]] bool hasServers(const Element& element) const;
     [[nodiscard]] bool needsTransform(const Element& element) const;
     [[nodiscard]] Geom::Affine displacement(const model::Affine& by, const Element& element, const Place& place) const;
     [[nodiscard]] Geom::Affine toPageIn(const Place& place) const;
+    [[nodiscard]] Geom::Affine unitsOf(const model::Node& made, const Place& place) const;
+    [[nodiscard]] Geom::Affine unitsOf(const model::Node& node, const Element& element, const Place& place) const;
     struct Styles {
         model::Style before;
         model::Style now;
@@ -92,7 +100,9 @@ class ElementText {
     [[nodiscard]] std::string groupStyle(bool hidden) const;
     void bringInherited(Tag& tag, const model::Node& node, const Element& element, const Place& place);
     void setLocked(Tag& tag, bool locked) const;
-    void setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const;
+    void setExtras(Tag& tag, const model::Node& node, const model::Extras& was);
+    void setExtras(Tag& tag, const model::Extras& is, const model::Extras& was) const; ///< but for a mask made here
+    void setOwnMask(Tag& tag, const model::Node& node);
     void setOverprint(Tag& tag, const model::Style& style) const;
     void setOwn(Tag& tag, std::string_view local, std::string_view value) const; ///< an attribute of Easel's own
     void setProperty(Tag& tag, std::string_view name, const std::string& value) const;
@@ -100,8 +110,9 @@ class ElementText {
                     std::string_view uri, std::string_view local, std::string_view value) const;
     void setName(Tag& tag, const model::Node& node);
     void setOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
-    [[nodiscard]] const std::string& clipId(const model::Node& group);
+    [[nodiscard]] const std::string& newId(const model::Node& node, const char* kind);
     void setClip(Tag& tag, const model::Node& node);
+    void takeOver(Tag& tag, const model::Node& made);
     [[nodiscard]] bool hasId(const std::string& name);
     [[nodiscard]] bool takeId(const std::string& name); ///< whether nothing in the file was called so
     [[nodiscard]] Tag tagOf(std::string_view text) const;
@@ -111,7 +122,7 @@ class ElementText {
     const Source& source_;
     Surroundings surroundings_;
     std::optional<std::unordered_set<std::string_view>> ids_;
-    std::map<const model::Node*, std::string> clipIds_;
+    std::map<std::pair<const model::Node*, std::string_view>, std::string> newIds_;
 };
 
 } // namespace easel::svg

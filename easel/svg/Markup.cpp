@@ -180,12 +180,19 @@ std::vector<Property> properties(const Style& style, const Style* assumed) {
     const auto samePaint = [](bool a, const model::Color& colorA, bool b, const model::Color& colorB) {
         return a == b && (!a || colorA == colorB);
     };
-    say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor) && style.servedFill == other.servedFill,
-        "fill", colorText(style.fillColor, style.fill));
+    const auto paintText = [](const std::string& server, const model::Color& color, bool painted) {
+        const std::string plain = colorText(color, painted);
+        if (server.empty()) return plain;
+        std::string text;
+        appendAsciiEscaped(text, server);
+        return painted ? text + ' ' + plain : text;
+    };
+    say(samePaint(style.fill, style.fillColor, other.fill, other.fillColor) && style.fillServer() == other.fillServer(),
+        "fill", paintText(style.fillServer(), style.fillColor, style.fill));
     say(style.evenOdd == other.evenOdd, "fill-rule", style.evenOdd ? "evenodd" : "nonzero");
     say(samePaint(style.stroke, style.strokeColor, other.stroke, other.strokeColor) &&
-            style.servedStroke == other.servedStroke,
-        "stroke", colorText(style.strokeColor, style.stroke));
+            style.strokeServer() == other.strokeServer(),
+        "stroke", paintText(style.strokeServer(), style.strokeColor, style.stroke));
     say(style.strokeWidth == other.strokeWidth, "stroke-width", numberText(style.strokeWidth));
     say(style.miterLimit == other.miterLimit, "stroke-miterlimit", numberText(style.miterLimit));
     say(style.cap == other.cap, "stroke-linecap", kCapTexts[static_cast<int>(style.cap)]);

@@ -22,7 +22,8 @@ enum class Request : std::uint32_t {
     Picture, ///< a PictureRequest; the reply is a file of its format
     View,    ///< a ViewRequest; the reply is its pixels, row by row, as premultiplied ARGB of 32 bits in this machine's
              ///< order
-    Bounds   ///< a BoundsRequest; the reply is a list of boxes on the page
+    Bounds,  ///< a BoundsRequest; the reply is a list of boxes on the page
+    Outlines ///< an OutlinesRequest; the reply is a list of SVG drawings of that page, empty for what cannot be drawn
 };
 enum class Reply : std::uint32_t {
     Done,
@@ -69,6 +70,13 @@ struct BoundsRequest {
     std::vector<std::string> ids{};
 };
 
+/// Of the elements with these ids, each for itself, what is drawn, letters as their outlines.
+struct OutlinesRequest {
+    double width = 0;
+    double height = 0;
+    std::vector<std::string> ids{};
+};
+
 /// Values in the order in which they are packed.
 class Packer {
   public:
@@ -96,6 +104,9 @@ class Packer {
 
     Packer& operator<<(const BoundsRequest& bounds) {
         return *this << bounds.width << bounds.height << bounds.seconds << bounds.ids;
+    }
+    Packer& operator<<(const OutlinesRequest& outlines) {
+        return *this << outlines.width << outlines.height << outlines.ids;
     }
 
     std::string bytes;
@@ -127,6 +138,9 @@ class Unpacker {
     }
     Unpacker& operator>>(BoundsRequest& bounds) {
         return *this >> bounds.width >> bounds.height >> bounds.seconds >> bounds.ids;
+    }
+    Unpacker& operator>>(OutlinesRequest& outlines) {
+        return *this >> outlines.width >> outlines.height >> outlines.ids;
     }
 
   private:

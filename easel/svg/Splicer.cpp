@@ -174,6 +174,9 @@ class Splicer {
     void write(const Item& item, std::string behind) {
         const Level& parent = open_.back();
         if (!item.inPlace) requireRoom(item);
+        const Element* const told = item.element ? item.element : item.node->copied() ? &copiedOf(*item.node) : nullptr;
+        const std::string mask = elements_.maskBefore(*item.node, told, parent.place);
+        if (!mask.empty()) out_.add(mask + parent.layout.childBreak);
         if (!item.element && !item.node->copied() && item.node->content().special()) {
             out_.add(elements_.newSpecial(*item.node, parent.place));
         } else if (item.node->copied() && !isGroup(*item.node)) {
@@ -245,6 +248,7 @@ class Splicer {
             level.place = {element.inner, level.place.prefix, elements_.placedInside(node, element, parent.place)};
             level.closing = "</" + std::string(source_.tagName(element)) + '>';
         }
+        if (!node.copied()) level.place.placed = elements_.placedInside(node, parent.place);
         level.behind = std::move(behind);
         level.atEnd = true;
         collect(node, level);
@@ -379,7 +383,7 @@ class Splicer {
     [[nodiscard]] bool isImplicit(const Node& layer) const {
         const auto known = source_.implicitLayers.find(layer.id().slot);
         return known != source_.implicitLayers.end() && known->second == layer.name() && !layer.hidden() &&
-               !layer.locked();
+               !layer.locked() && !layer.content().extras;
     }
 
     void collect(const Node& node, Level& level) const {

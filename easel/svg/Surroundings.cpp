@@ -143,6 +143,25 @@ Surroundings::Values Surroundings::declared(std::vector<Styled> path, std::strin
     return values;
 }
 
+std::string Surroundings::says(const Element& element, std::string_view name) {
+    const std::string_view text = source_.startTag(element);
+    std::vector<Styled> path = inside(element.container).path;
+    path.emplace_back();
+    const Tag tag(text);
+    std::string value = plain(tag.find(name).value_or(""));
+    const auto take = [&](const Values& values) {
+        if (const auto said = values.find(std::string(name)); said != values.end()) value = said->second;
+    };
+    take(declared(path, text, false));
+    Values own;
+    forEachDeclaration(plain(tag.find("style").value_or("")), [&](auto known, auto said) {
+        own[std::string(known)] = trimmed(said.substr(0, said.find('!')));
+    });
+    take(own);
+    take(declared(path, text, true));
+    return value;
+}
+
 Surroundings::Needed Surroundings::needed(const Element& element, std::string_view tag, std::uint32_t into,
                                           bool isOutlined) {
     const auto declaredIn = [&](const Inside& container, std::string_view as) {

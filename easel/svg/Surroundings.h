@@ -25,6 +25,9 @@ class Surroundings {
     /// `tag`: the element's as it is to be written, perhaps without its id. Outlines need less than text.
     [[nodiscard]] Needed needed(const Element& element, std::string_view tag, std::uint32_t into, bool isOutlined);
 
+    /// What the element says of a property, or a style sheet of the element; empty for nothing.
+    [[nodiscard]] std::string says(const Element& element, std::string_view name);
+
   private:
     using Values = std::map<std::string, std::string>;
     /// What holds inside of a container.

@@ -70,12 +70,16 @@ std::optional<model::Color> rgbColor(std::string_view text) {
     return model::Color{channels[0], channels[1], channels[2]};
 }
 
-/// Sets what a paint says; of what `url(...)` names only the fallback is understood. Returns whether it is served so;
-/// nothing where nothing is said.
-std::optional<bool> applyPaint(bool& painted, model::Color& into, std::string_view value) {
+/// Sets what a paint says. Returns the `url(...)` in it, whose fallback is set then, or an empty text; nothing where
+/// nothing is said.
+std::optional<std::string> applyPaint(bool& painted, model::Color& into, std::string_view value) {
     const bool served = value.substr(0, 4) == "url(";
+    std::string server;
     if (served) {
         const std::size_t end = value.find(')');
+        const std::string_view inside = trimmed(value.substr(4, end - 4));
+        const bool isQuoted = inside.size() > 1 && (inside.front() == '"' || inside.front() == '\'');
+        server.append("url(").append(isQuoted ? inside.substr(1, inside.size() - 2) : inside).append(")");
         value = end == std::string_view::npos ? "" : trimmed(value.substr(end + 1));
         if (value.empty()) value = "none";
     }
@@ -87,7 +91,7 @@ std::optional<bool> applyPaint(bool& painted, model::Color& into, std::string_vi
     } else if (!served) {
         return std::nullopt;
     }
-    return served;
+    return server;
 }
 
 template <class Enum, std::size_t size>
@@ -228,6 +232,16 @@ std::optional<model::Color> color(std::string_view text) {
     return function == "rgb" || function == "rgba" ? rgbColor(text.substr(open + 1)) : std::nullopt;
 }
 
+std::string_view referredId(std::string_view value) {
+    constexpr std::string_view kOpen = "url(";
+    const std::size_t close = value.find(')');
+    if (value.substr(0, kOpen.size()) != kOpen || close == std::string_view::npos) return {};
+    std::string_view inside = trimmed(value.substr(kOpen.size(), close - kOpen.size()));
+    const bool quoted = inside.size() >= 2 && (inside.front() == '"' || inside.front() == '\'');
+    if (quoted) inside = inside.substr(1, inside.size() - 2);
+    return inside.substr(0, 1) == "#" ? inside.substr(1) : std::string_view{};
+}
+
 model::Style initialStyle() {
     model::Style style;
     style.fill = true;
@@ -240,13 +254,15 @@ void applyProperty(model::Style& style, Name name, std::string_view value, const
     const auto diagonal = [&] { return units.length(value, Along::Diagonal); };
     switch (name) {
     case Name::Fill:
-        style.servedFill = applyPaint(style.fill, style.fillColor, value).value_or(bool(style.servedFill));
+        if (auto server = applyPaint(style.fill, style.fillColor, value))
+            style.setServers({*std::move(server), style.strokeServer()});
         return;
     case Name::FillRule:
         if (value == "evenodd" || value == "nonzero") style.evenOdd = value == "evenodd";
         return;
     case Name::Stroke:
-        style.servedStroke = applyPaint(style.stroke, style.strokeColor, value).value_or(bool(style.servedStroke));
+        if (auto server = applyPaint(style.stroke, style.strokeColor, value))
+            style.setServers({style.fillServer(), *std::move(server)});
         return;
     case Name::StrokeLineCap: return applyChoice(style.cap, kCaps, value);
     case Name::StrokeAlignment: return applyChoice(style.alignment, kAlignments, value);

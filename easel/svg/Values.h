@@ -61,6 +61,8 @@ class Scanner {
 [[nodiscard]] std::optional<Geom::Affine> transform(std::string_view text);
 [[nodiscard]] std::optional<model::Color> color(std::string_view text);
 [[nodiscard]] std::optional<model::Color> colorByName(std::string_view name);
+/// The id in "url(#id)"; empty for anything else.
+[[nodiscard]] std::string_view referredId(std::string_view value);
 
 /// What SVG starts from; it differs from what a new path gets.
 [[nodiscard]] model::Style initialStyle();

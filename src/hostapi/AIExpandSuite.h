@@ -7,9 +7,10 @@
 #define kAIExpandSuite "AI Expand Suite"
 #define kAIExpandSuiteVersion 8
 
-/* What is taken apart, a bit set: plug-in groups, into what shows of them; texts; strokes, into filled paths; patterns;
- * gradients, into meshes or into paths, as meshes are; symbol instances, into copies of what they show. Art that is
- * locked is left alone, unless asked for. */
+/* What is taken apart, a bit set: plug-in groups, into what shows of them; texts, into the outlines of their letters;
+ * strokes, into filled paths; patterns, into copies of their tile; gradients, into meshes or into paths, as meshes are;
+ * symbol instances, into copies of what they show. A gradient or pattern of a stroke is only together with the stroke.
+ * Art that is locked is left alone, unless asked for. */
 enum {
     kExpandPluginArt = 1,
     kExpandText = 2,
@@ -24,9 +25,9 @@ enum {
 };
 
 typedef struct AIExpandSuite {
-    /* Of the art and all in it, whatever the host can take apart; `steps` is the number of paths for a gradient. Easel
-     * leaves texts, patterns and gradients as they are. kBadParameterErr: no steps. kRefusedErr: nothing is taken
-     * apart. */
+    /* Of the art and all in it, whatever the host can take apart; `steps` is the number of paths for a gradient. What
+     * takes the place of art has its name, and all that belongs to it as a whole; handles of the art are no longer
+     * valid then. kBadParameterErr: no steps. kRefusedErr: nothing is taken apart. */
     AIErr (*Expand)(AIArtHandle art, int32_t flags, int32_t steps);
 } AIExpandSuite;
 

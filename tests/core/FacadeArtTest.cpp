@@ -7,6 +7,7 @@
 #include "plugin/host/HostCall.h"
 #include "plugin/host/RefCountMap.h"
 #include "suites/Arguments.h"
+#include "svg/Reader.h"
 #include "svg/Writer.h"
 
 namespace {
@@ -80,6 +81,73 @@ TEST_F(FacadeArt, PutsNothingIntoItself) {
         EXPECT_TRUE(live.on<Layer>().isEmpty());
         EXPECT_TRUE(live.shut.dispose());
         EXPECT_FALSE(live.lower.dispose()); // the last one
+    });
+}
+
+// What was set on a subpath once was lost on saving, because a compound path is one element.
+TEST_F(FacadeArt, WhatASubpathCannotKeepIsRefused) {
+    using Set = std::function<bool(Art&)>;
+    const std::pair<const char*, Set> sets[] = {
+        {"opacity", [](Art& a) { return a.setOpacity(0.5); }},
+        {"blend mode", [](Art& a) { return a.setBlendMode(BlendMode::Screen); }},
+        {"knockout", [](Art& a) { return a.setKnockout(BlendKnockout::On); }},
+        {"center point", [](Art& a) { return a.setCenterPointVisible(true); }},
+        {"dictionary", [](Art& a) { return a.dictionary().setInt("a", 1); }},
+        {"mask", [](Art& a) { return a.mask()->copyFrom(*a.parent()->priorSibling()); }},
+        {"new mask", [](Art& a) { return a.mask()->create(*a.parent()->priorSibling()); }},
+        {"isolation", [](Art& a) { return a.isolate(); }},
+    };
+    desk.inMessage([&] {
+        Art whole(ArtType::CompoundPath, PaintOrder::AboveAll);
+        Art masked(ArtType::Group, PaintOrder::AboveAll);
+        desk.document().setExtras(*desk.document().currentLayer().firstChild(), {.mask = "url(#m)"});
+        const auto hole = draw::rect({3, 3, 6, 6}, &whole);
+        static_cast<void>(draw::rect({0, 0, 9, 9}, &whole));
+        const auto before = easel::model::listing(desk.document());
+        for (const auto& [name, set] : sets) {
+            EXPECT_FALSE(set(*hole)) << name;
+            EXPECT_TRUE(easel::model::listing(desk.document()) == before) << name;
+        }
+        ArtStyle faint;
+        faint.opacity = 0.5;
+        faint.paint.stroke.width = 3;
+        EXPECT_TRUE(hole->setStyle(faint));
+        EXPECT_EQ(hole->style().opacity, 0.5);
+        const auto again = easel::svg::read(easel::svg::write(desk.document()), "t.svg");
+        const Node& ring = *again->currentLayer().firstChild()->next();
+        EXPECT_EQ(ring.extras().opacity, 0.5);
+        EXPECT_EQ(ring.style().strokeWidth, 3);
+    });
+}
+
+TEST_F(FacadeArt, ExpandsGradientsAsAskedAndTextsAsOutlines) {
+    using enum Art::ExpandOptions;
+    easel::model::Document& document = desk.document();
+    const easel::model::Definition gradient{"linearGradient", "g", "", "<stop stop-color='red'/><stop offset='1'/>"};
+    document.setExtras(document.root(), {.definitions = {easel::model::Shared(gradient)}});
+    desk.inMessage([&] {
+        Art group(ArtType::Group, PaintOrder::AboveAll);
+        const auto art = draw::rect({0, 0, 100, 50}, &group);
+        Style style = document.currentLayer().firstChild()->firstChild()->style();
+        style.setStroke(std::nullopt);
+        style.setServers({"url(#g)", {}});
+        document.setStyle(*document.currentLayer().firstChild()->firstChild(), style);
+        EXPECT_FALSE(art->expand(Strokes | Patterns | Text, 4));
+        EXPECT_TRUE(art->expand(GradientsToMeshes, 4));
+        EXPECT_FALSE(art->valid());
+        const auto mesh = group.firstChild()->firstChild()->firstChild();
+        EXPECT_EQ(mesh->artType(), ArtType::Mesh);
+        EXPECT_EQ(mesh->mesh()->columnCount(), 4);
+        EXPECT_EQ(mesh->mesh()->color(0, 0), (ArtColor{0.875, 0, 0}));
+        EXPECT_EQ(mesh->mesh()->color(0, 3), (ArtColor{0.125, 0, 0}));
+        EXPECT_TRUE(group.expand(GradientsToPaths, 4));
+        EXPECT_EQ(mesh->artType(), ArtType::Group);
+        const auto word = draw::text("il", {9, 90}, "", 40, ParagraphJustification::Left, {}, &group);
+        const double left = word->bounds(Art::BoundsOptions::None).left;
+        EXPECT_TRUE(group.expand(Text, 4));
+        const auto letters = group.firstChild();
+        EXPECT_EQ(letters->matchingChildren({{MatchArtType::Path}})->size(), 3U); // a dot and two strokes
+        EXPECT_NEAR(letters->bounds(Art::BoundsOptions::None).left, left, 5);
     });
 }
 

@@ -252,6 +252,7 @@ Commands allCommands() {
     changes<&CustomArt::setName>(rows, "Other");
     changes<&MaskArt::setDisabled>(rows, false);
     changes<&MaskArt::dispose>(rows);
+    changesWith(rows, "MaskArt::create", [](Handles& h) { h.group.mask()->create(h.words); });
     changesWith(rows, "MaskArt::copyFrom", [](Handles& h) { h.group.mask()->copyFrom(h.custom); });
     changes<&Art::expand>(rows, Art::ExpandOptions::Strokes | Art::ExpandOptions::LockedObjects, 1);
     changesWith(rows, "Art::expand", [](Handles& h) { h.custom.expand(Art::ExpandOptions::PluginArt, 1); });

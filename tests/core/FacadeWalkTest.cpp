@@ -28,7 +28,12 @@ class Walk {
             steps_.push_back({row.name, [row](Handles& h) { static_cast<void>(row.shown(h)); }});
         addPathRows();
         addMakers();
-        desk_.document().setExtras(desk_.addPath({{1, 1}, {9, 9}}), {.mask = "url(#mask)"}); // they come with drawings
+        // These come with drawings.
+        desk_.document().setExtras(desk_.addPath({{1, 1}, {9, 9}}), {.mask = "url(#mask)"});
+        desk_.document().setExtras(
+            desk_.document().root(),
+            {.definitions = {easel::model::Shared(easel::model::Definition{
+                 "linearGradient", "gradient", "", "<stop stop-color='red'/><stop offset='1'/>"})}});
     }
 
     void run(std::size_t operations) {
@@ -123,6 +128,21 @@ class Walk {
         steps_.push_back({"draw::text", [&](Handles& h) {
                               draw::text("word", point(), "", 9, ParagraphJustification::Left, {}, &h.top);
                           }});
+        steps_.push_back({"Art::expand", [&](Handles& h) {
+                              const auto art = draw::rect({9, 9, coordinate(), 90}, &h.top);
+                              if (!art) return;
+                              Node& node = easel::suites::resolveArt(art->aiArtHandle()).node;
+                              easel::model::Style style = node.style();
+                              style.setServers({"url(#gradient)", "url(#pattern-1)"});
+                              desk_.document().setStyle(node, style);
+                              using enum Art::ExpandOptions;
+                              art->expand(below(2) == 0 ? GradientsToMeshes : Strokes | Patterns, 5);
+                          }});
+        steps_.push_back(
+            {"Art::expand", [](Handles& h) {
+                 const auto text = draw::text("word", {9, 9}, "", 9, ParagraphJustification::Left, {}, &h.top);
+                 if (text) text->expand(Art::ExpandOptions::Text, 1);
+             }});
         steps_.push_back({"Art::duplicate", [&](Handles& h) {
                               static_cast<void>(h.on<Art>().duplicate(PaintOrder::InsideOnTop, &h.group));
                           }});

@@ -149,7 +149,9 @@ TEST(Specials, NewDefinitionsAndUsesAreReadAgain) {
     EXPECT_EQ(first(*again).symbol()->symbol, "symbol-1");
     const auto held = readDefinition(*again, "symbol", "symbol-1");
     EXPECT_EQ(first(*held).path(), path.path());
-    EXPECT_EQ(first(*readDefinition(*again, "pattern", "pattern-1")).path(), path.path());
+    const auto tile = readDefinition(*again, "pattern", "pattern-1");
+    EXPECT_EQ(first(*tile).path().points[1].anchor, (model::Point{4, 7})); // from the tile's corner
+    EXPECT_EQ(tile->width(), 4);
     EXPECT_TRUE(document.journal().undo() && document.journal().undo() && document.journal().undo());
     EXPECT_TRUE(definitionNames(document, "pattern").empty());
 }

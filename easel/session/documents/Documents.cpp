@@ -7,6 +7,7 @@
 
 #include "session/base/Error.h"
 #include "svg/Definitions.h"
+#include "svg/Expanding.h"
 #include "svg/Files.h"
 #include "svg/KnownFiles.h"
 #include "svg/Picture.h"
@@ -99,6 +100,18 @@ std::optional<std::string> Documents::define(model::Document& document, const st
 
 void Documents::setSymbol(model::Document& document, model::Node& instance, const std::string& name) {
     svg::setSymbol(document, instance, name);
+}
+
+bool Documents::makeMask(model::Document& document, model::Node& art, model::Node& by) {
+    return svg::makeMask(document, art, by);
+}
+
+bool Documents::expandPaint(model::Document& document, model::Node& path, const model::PaintExpansion& what) {
+    return svg::expandPaint(document, path, what);
+}
+
+bool Documents::expandTexts(model::Document& document, const std::vector<model::Node*>& texts) {
+    return svg::expandTexts(document, texts);
 }
 
 bool Documents::expandInstance(model::Document& document, model::Node& instance) {

@@ -10,6 +10,7 @@
 
 #include "model/Document.h"
 #include "model/Mark.h"
+#include "model/PaintExpansion.h"
 #include "session/base/Handles.h"
 #include "session/base/Reports.h"
 
@@ -47,6 +48,11 @@ class Documents {
     /// Makes opaque art an instance of a symbol that there is, in the bounds that go with it.
     static void setSymbol(model::Document& document, model::Node& instance, const std::string& name);
 
+    /// Makes other art, which leaves the drawing, the mask of art that has none; false where no copy of it can be made.
+    [[nodiscard]] static bool makeMask(model::Document& document, model::Node& art, model::Node& by);
+    /// Take art apart; false where nothing was.
+    static bool expandPaint(model::Document& document, model::Node& path, const model::PaintExpansion& what);
+    static bool expandTexts(model::Document& document, const std::vector<model::Node*>& texts);
     /// Puts a group with a copy of what it shows in the place of a symbol's instance; false where that cannot be.
     static bool expandInstance(model::Document& document, model::Node& instance);
 

@@ -168,7 +168,8 @@ class Art : public Handle<plugin::Art> {
     bool transformWithOptions(const TransformMatrix& matrix, double lineScale, TransformOptions options);
     bool transformStrokes(double lineScale); ///< stroke widths and dashes alone
 
-    /// Takes it and all in it apart, gradients into so many steps; false when there was nothing to do.
+    /// Takes it and all in it apart, gradients into so many steps; false when there was nothing to do. What was taken
+    /// apart is gone, and something else has its place.
     bool expand(ExpandOptions options, std::int32_t steps = 256);
 
     // What it refers to

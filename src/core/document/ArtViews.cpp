@@ -50,6 +50,7 @@ using Mask = plugin::MaskArt;
 bool MaskArt::exists() const { return ask(masked(owner_), &Mask::exists); }
 bool MaskArt::disabled() const { return ask(masked(owner_), &Mask::disabled); }
 bool MaskArt::setDisabled(bool disabled) { return ask(masked(owner_), &Mask::setDisabled, disabled); }
+bool MaskArt::create(Art& by) { return ask(masked(owner_), &Mask::create, by.aiArtHandle()); }
 bool MaskArt::copyFrom(const Art& other) { return ask(masked(owner_), &Mask::copyFrom, other.aiArtHandle()); }
 bool MaskArt::dispose() { return ask(masked(owner_), &Mask::dispose); }
 

@@ -41,6 +41,7 @@ ArtObject* CustomArt::resultArt() const { return get<&AIPluginGroupSuite::GetPlu
 bool MaskArt::exists() const { return get<&AIMaskSuite::HasMask>(); }
 bool MaskArt::disabled() const { return exists() && get<&AIMaskSuite::GetMaskDisabled>(); }
 bool MaskArt::setDisabled(bool disabled) { return call<&AIMaskSuite::SetMaskDisabled>(disabled); }
+bool MaskArt::create(ArtObject* by) { return by && call<&AIMaskSuite::NewMask>(by); }
 bool MaskArt::copyFrom(ArtObject* other) {
     return other && handle() && host::call<&AIMaskSuite::CopyMask>(other, handle());
 }

@@ -37,6 +37,7 @@ class MaskArt : public host::Object<ArtObject> {
     [[nodiscard]] bool exists() const;
     [[nodiscard]] bool disabled() const;
     bool setDisabled(bool disabled);
+    bool create(ArtObject* by);
     bool copyFrom(ArtObject* other);
     bool dispose();
 };
