@@ -27,7 +27,9 @@ QIcon bar(const QColor& color) {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.fillRect(0, 0, 6, 36, color);
-    return QIcon(picture);
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected); // the layer's own colour in a chosen row too
+    return icon;
 }
 
 /// Rows are carried to another place by mouse, or by Alt and an arrow key.
@@ -140,7 +142,9 @@ void LayersPanel::addActions() {
     add("Show or Hide the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Shown); });
     add("Lock or Unlock the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Locked); });
     add("Rename the Layer...", [this](QTreeWidgetItem& row) { list_.editItem(&row, Title); });
-    add("Remove the Layer", [this](const QTreeWidgetItem&) { actions_.removeLayer(currentIndex()); });
+    add("Remove the Layer", [this](const QTreeWidgetItem& row) {
+        actions_.removeLayer(static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row))));
+    });
 }
 
 void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const {

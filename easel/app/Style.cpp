@@ -134,7 +134,7 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWi
 }
 
 int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* more) const {
-    if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons || hint == SH_EtchDisabledText) return 0;
     return QProxyStyle::styleHint(hint, option, widget, more);
 }
 
@@ -282,6 +282,11 @@ void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex
     const auto* const spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
     if (control == CC_SpinBox && spin && spin->buttonSymbols == QAbstractSpinBox::NoButtons)
         return field(*painter, *option);
+    if (const auto* const tool = qstyleoption_cast<const QStyleOptionToolButton*>(option)) {
+        QStyleOptionToolButton plain = *tool;
+        plain.features &= ~QStyleOptionToolButton::HasMenu; // an arrow would cover a part of the icon
+        return QProxyStyle::drawComplexControl(control, &plain, painter, widget);
+    }
     if (control != CC_ComboBox) return QProxyStyle::drawComplexControl(control, option, painter, widget);
     field(*painter, *option);
     drawArrow(*painter, subControlRect(control, option, SC_ComboBoxArrow, widget), option->state & State_Enabled);

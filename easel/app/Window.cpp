@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include <algorithm>
 #include <filesystem>
 #include <functional>
 #include <utility>
@@ -368,6 +369,7 @@ void Window::newDocument(double width, double height) {
 void Window::openAsked() {
     if (!mayLose()) return;
     const QString path = QFileDialog::getOpenFileName(this, "Open a drawing", {}, kDrawings);
+    activateWindow();
     if (!path.isEmpty()) open(path.toStdString());
 }
 
@@ -395,11 +397,27 @@ bool Window::save() { return actions_.path().empty() ? saveAs() : saveTo(actions
 
 bool Window::saveAs() {
     if (!actions_.document()) return false;
-    QString path =
-        QFileDialog::getSaveFileName(this, "Save the drawing", QString::fromStdString(actions_.path()), kDrawings);
-    if (path.isEmpty()) return false;
-    if (!path.endsWith(".svg", Qt::CaseInsensitive) && !path.endsWith(".svgz", Qt::CaseInsensitive)) path += ".svg";
-    return saveTo(path.toStdString());
+    const QString before = QString::fromStdString(actions_.path());
+    const QString path =
+        askWhere("Save the drawing", before.isEmpty() ? "Untitled.svg" : before, kDrawings, {".svg", ".svgz"});
+    return !path.isEmpty() && saveTo(path.toStdString());
+}
+
+/// The file to be written, with the first of these ends where the user gives it none; empty if there is none.
+QString Window::askWhere(const QString& title, const QString& proposed, const QString& kinds, const QStringList& ends) {
+    QString path = QFileDialog::getSaveFileName(this, title, proposed, kinds);
+    activateWindow();
+    const auto isEnd = [&](const QString& end) { return path.endsWith(end, Qt::CaseInsensitive); };
+    if (path.isEmpty() || std::any_of(ends.begin(), ends.end(), isEnd)) return path;
+    path += ends.front();
+    if (!std::filesystem::exists(path.toStdString())) return path;
+    // The dialog has asked about another name.
+    QMessageBox question(QMessageBox::Warning, "Easel", path + " is there already.", QMessageBox::Cancel, this);
+    question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::Cancel);
+    const auto* const replace = question.addButton("&Replace It", QMessageBox::DestructiveRole);
+    ask(question);
+    return question.clickedButton() == replace ? path : QString();
 }
 
 bool Window::saveTo(const std::string& path) {
@@ -410,6 +428,7 @@ bool Window::saveTo(const std::string& path) {
                                  " was changed by another program since it was opened.\nSaving replaces those changes.",
                              QMessageBox::Cancel, this);
         question.setTextFormat(Qt::PlainText);
+        question.setDefaultButton(QMessageBox::Cancel);
         const auto* const replace = question.addButton("&Save All the Same", QMessageBox::DestructiveRole);
         ask(question);
         if (question.clickedButton() != replace) return false;
@@ -427,11 +446,11 @@ bool Window::saveTo(const std::string& path) {
 void Window::exportAs(const QString& end) {
     if (!actions_.document()) return;
     const std::string name = std::filesystem::path(actions_.path()).replace_extension().string();
-    QString path = QFileDialog::getSaveFileName(this, "Export as " + end.mid(1).toUpper(),
-                                                name.empty() ? QString() : QString::fromStdString(name) + end,
-                                                end.mid(1).toUpper() + " (*" + end + ')');
+    const QString kind = end.mid(1).toUpper();
+    const QString path =
+        askWhere("Export as " + kind, (name.empty() ? QString("Untitled") : QString::fromStdString(name)) + end,
+                 kind + " (*" + end + ')', {end});
     if (path.isEmpty()) return;
-    if (!path.endsWith(end, Qt::CaseInsensitive)) path += end;
     constexpr double kDense = 2; // pixels a point
     actions_.exportPicture(path.toStdString(), end == ".png" ? kDense : 1);
     statusBar()->showMessage("Exported " + path, 3000);

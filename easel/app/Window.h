@@ -73,6 +73,8 @@ class Window final : public QMainWindow {
     bool save();
     bool saveTo(const std::string& path);
     void openAsked();
+    [[nodiscard]] QString askWhere(const QString& title, const QString& proposed, const QString& kinds,
+                                   const QStringList& ends);
     void exportAs(const QString& end); ///< of the file's name, such as ".png"
     [[nodiscard]] bool mayLose();      ///< asks where there is unsaved work
     int ask(QMessageBox& question);

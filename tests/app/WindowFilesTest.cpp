@@ -1,5 +1,6 @@
 // Files in the window: what is asked before work is lost, what is kept of it, reading beside everything else.
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QTreeWidget>
@@ -149,6 +150,21 @@ TEST_F(WindowFiles, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
     EXPECT_THAT(asked, HasSubstr("changed by another program"));
     EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
     EXPECT_TRUE(actions->isModified());
+}
+
+/// Of a name without its end, which the dialog cannot have asked about.
+TEST_F(WindowFiles, AsksBeforeAFileIsReplaced) {
+    const std::string path = folder.write("there.svg", "<svg xmlns='http://www.w3.org/2000/svg'/>");
+    for (const char* const answer : {"Cancel", "Replace It"}) {
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(folder.path("there")));
+            static_cast<QDialog&>(dialog).accept();
+            clickWhenAsked(answer);
+        });
+        choose("Save &As...");
+        EXPECT_EQ(asked, path + " is there already.");
+        EXPECT_EQ(actions->path(), std::string(answer) == "Cancel" ? "" : path);
+    }
 }
 
 } // namespace

@@ -277,6 +277,12 @@ TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     EXPECT_EQ(order(), "Upper Third Layer 1 ");
     actions->undo();
     EXPECT_EQ(order(), "Third Upper Layer 1 ");
+    // The menu of a row is about that row, whichever layer is current.
+    list.setCurrentItem(list.topLevelItem(1));
+    for (QAction* const action : list.actions())
+        if (action->text() == "Remove the Layer") action->trigger();
+    EXPECT_EQ(order(), "Third Layer 1 ");
+    actions->undo();
     press("removeLayer");
     press("removeLayer");
     press("removeLayer");
