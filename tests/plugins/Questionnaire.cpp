@@ -37,7 +37,10 @@ class Questionnaire {
         zLabel_.setTextField(z_);
         xLabel_.setClickCallback(callback([this] { x_.focus(); }));
         xLabel_.setDoubleClickCallback(callback([] { say("double click"); }));
-        z_.setValueChangingCallback(callback([this] { say("typed " + keyName() + ": " + z_.text()); }));
+        z_.setValueChangingCallback(callback([this] {
+            say("typed " + keyName() + ": " + z_.text());
+            complete();
+        }));
         x_.setValueChangingCallback(callback([this] { acceptDigits(); }));
         z_.setValueChangedCallback(callback([this] { check(); }));
         x_.setValueChangedCallback(callback([this] { check(); }));
@@ -74,6 +77,13 @@ class Questionnaire {
         box_.setChecked(false);
         dialog_.show();
         say("chosen " + (dialog_.chosenButton().isEmpty() ? "none" : dialog_.chosenButton().text()));
+    }
+
+    /// As fields do that know what is mostly meant: what is typed on replaces what was added.
+    void complete() {
+        if (z_.text() != "7" || z_.lastCharTyped() == "\x7f") return;
+        z_.setText("785");
+        z_.setSelectionRange({1, 3});
     }
 
     /// A text above 90 is complained about, once.

@@ -1,14 +1,13 @@
 // The phases of life over the implementation's own.
 #include "core/app/Plugin.h"
 
-#include <utility>
-
 #include "core/app/Illustrator.h"
 #include "core/dialogs/Alerts.h"
 #include "core/frame/Dispatcher.h"
 #include "core/frame/Tool.h"
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/frame/BasePlugin.h"
+#include "utils/Scope.h"
 
 namespace kzo::core {
 
@@ -26,18 +25,6 @@ constexpr std::int32_t kShutdownFailed = 4000;
 std::int32_t phaseAnswer(std::int32_t status) {
     return status >= kFirstStatus && status <= kLastStatus ? kFirstStatus + (status - kFirstStatus) * 10 : 0;
 }
-
-/// Does its work on the way out, also by an exception. The work must not throw.
-template <class Work> class Finally {
-  public:
-    explicit Finally(Work work) : work_(std::move(work)) {}
-    ~Finally() { work_(); }
-    Finally(const Finally&) = delete;
-    Finally& operator=(const Finally&) = delete;
-
-  private:
-    Work work_;
-};
 
 } // namespace
 
@@ -170,7 +157,7 @@ template <class Work> void Plugin::Phase::run(Work work) {
     if (running || finished) return;
     running = true;
     // Also on the way out by an exception: a phase is never begun twice.
-    const Finally ending([this] { *this = {.running = false, .finished = true}; });
+    const utils::Finally ending([this] { *this = {.running = false, .finished = true}; });
     work();
 }
 
@@ -190,7 +177,7 @@ void Plugin::__postStartup() {
 
 void Plugin::__preShutdown() {
     preShutdown_.run([&] {
-        const Finally own([&] { impl_->preShutdown(); });
+        const utils::Finally own([&] { impl_->preShutdown(); });
         preShutdownCallback_.run();
     });
 }
@@ -199,7 +186,7 @@ std::int32_t Plugin::__shutdown() {
     std::int32_t status = 0;
     shutdown_.run([&] {
         // The framework's own shut-down follows also when the client's work throws.
-        const Finally own([&] { status = shutDownOwn(); });
+        const utils::Finally own([&] { status = shutDownOwn(); });
         shutdownCallback_.run();
     });
     return status == kShutdownFailed ? kShutdownFailed : 0;

@@ -11,6 +11,7 @@
 #include "plugin/frame/Messages.h"
 #include "plugin/platform/Background.h"
 #include "plugin/platform/Platform.h"
+#include "utils/Scope.h"
 
 namespace kzo::core {
 
@@ -114,9 +115,11 @@ std::int32_t setUp(const Arrived& arrived) {
         return kSetupFailed;
     }
     auto* const object = new Plugin(self, name); // deleted by the outermost entry after its shut-down
-    settingUp = true;
-    const bool accepted = guarded(arrived, "pluginSetup", [object] { return std::int32_t{pluginSetup(object)}; }) != 0;
-    settingUp = false;
+    const auto accepts = [&] {
+        const utils::Temporary isSettingUp(settingUp, true);
+        return std::int32_t{pluginSetup(object)};
+    };
+    const bool accepted = guarded(arrived, "pluginSetup", accepts) != 0;
     if (!accepted) object->__decline();
     return object->hasShutdown() ? kSetupFailed : kDone;
 }

@@ -1,10 +1,11 @@
 // What the user does to a dialog, and what comes of it.
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/dialogs/Text.h"
+#include "utils/Scope.h"
+#include "utils/Utf8.h"
 
 namespace kzo::plugin {
 
@@ -12,26 +13,6 @@ namespace {
 
 using core::ButtonStyle;
 using core::WidgetType;
-
-/// The last one of a text, which may have been pasted.
-std::string lastCharacter(const std::string& text) {
-    std::size_t at = text.empty() ? 0 : text.size() - 1;
-    while (at > 0 && (static_cast<unsigned char>(text[at]) & 0xC0U) == 0x80) --at;
-    return text.substr(at);
-}
-
-/// Another value, until the end of a block, however that ends.
-template <class T> class Temporary {
-  public:
-    Temporary(T& place, T value) : place_(place), outer_(std::exchange(place, std::move(value))) {}
-    ~Temporary() { place_ = std::move(outer_); }
-    Temporary(const Temporary&) = delete;
-    Temporary& operator=(const Temporary&) = delete;
-
-  private:
-    T& place_;
-    T outer_;
-};
 
 } // namespace
 
@@ -62,23 +43,13 @@ void ModalDialog::handle(const WindowEvent& event) {
     }
 }
 
-void ModalDialog::handleGuarded(const WindowEvent& event) {
-    try {
-        handle(event);
-    } catch (const std::exception& error) {
-        logThrown(error.what());
-    } catch (...) {
-        logThrown("no std::exception");
-    }
-}
-
 void ModalDialog::typed(Widget& field, const WindowEvent& event) {
     focusMoved(field.handle());
     field.state_.text = cleaned(event.text, LineBreaks::BecomeBlanks, kMostInWidget);
-    field.lastTyped = lastCharacter(event.typed);
+    field.lastTyped = utils::lastCharacter(event.typed);
     if (field.state_.text != event.text) widgetChanged(field);
     lastWidgets().changing = field.weak_from_this();
-    const Temporary beingTyped(field.beingTyped_, true);
+    const utils::Temporary beingTyped(field.beingTyped_, true);
     field.changing.run();
 }
 
@@ -96,7 +67,7 @@ void ModalDialog::pressed(Widget& button) {
     const bool closes = (held == ok_.widget && ok_.closes) || (held == cancel_.widget && cancel_.closes);
     if (button.state().style != ButtonStyle::Plain) endEditing();
     lastWidgets().clicked = held;
-    const Temporary clicking(clicking_, std::weak_ptr(held));
+    const utils::Temporary clicking(clicking_, std::weak_ptr(held));
     button.clicked.run();
     if (closes) dismiss();
 }
@@ -163,6 +134,12 @@ ModalDialog::Widgets ModalDialog::usableFields() const {
     return fields;
 }
 
+std::int32_t ModalDialog::tabPlace(const Widget& field) const {
+    const Widgets fields = fieldsInOrder();
+    const auto at = std::find_if(fields.begin(), fields.end(), [&](const auto& it) { return it.get() == &field; });
+    return at == fields.end() ? 0 : static_cast<std::int32_t>(at - fields.begin()) + 1;
+}
+
 WidgetId ModalDialog::focusAtFirst() const {
     const auto wanted = wantsFocus_ ? find(*wantsFocus_) : nullptr;
     if (wantsFocus_ == kNoWidget || (wanted && wanted->canBeUsed())) return *wantsFocus_;
@@ -176,7 +153,7 @@ void ModalDialog::setFocus(WidgetId id) {
         return;
     }
     {
-        const Temporary moving(movingFocus_, true);
+        const utils::Temporary moving(movingFocus_, true);
         window_->setFocus(id);
     }
     focusMoved(id);

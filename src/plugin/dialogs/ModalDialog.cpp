@@ -186,9 +186,7 @@ void ModalDialog::handOver(Widget& widget) const {
         if (*image == 0 || state.images.normal == 0) *image = state.images.normal;
     if (const auto field = widget.linked.lock(); field && widget.is(core::WidgetType::Label))
         state.linked = field->handle();
-    const Widgets fields = fieldsInOrder();
-    const auto place = std::find_if(fields.begin(), fields.end(), [&](const auto& it) { return it.get() == &widget; });
-    if (place != fields.end()) state.tabPlace = static_cast<std::int32_t>(place - fields.begin()) + 1;
+    if (widget.is(core::WidgetType::TextField)) state.tabPlace = tabPlace(widget);
     widget.state_.selection.reset(); // from now on it is the user's
     window_->setWidget(widget.handle(), state);
 }

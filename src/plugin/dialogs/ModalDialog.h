@@ -9,7 +9,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "plugin/dialogs/Widget.h"
@@ -64,8 +63,6 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     static void dismissAll();
     static void destroyAll();
     static void adjustBrightness(); ///< of those that are open, to the interface's
-    /// Logs what a callback threw with no message of the host's around it; set by the frame, which knows whose it was.
-    inline static void (*logThrown)(std::string_view what) = nullptr;
 
   private:
     friend class Widget;
@@ -80,7 +77,6 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
 
     // What the user does
     void handle(const WindowEvent& event) override;
-    void handleGuarded(const WindowEvent& event) override;
     void typed(Widget& field, const WindowEvent& event);
     void clicked(Widget& widget, bool checked);
     void pressed(Widget& button);
@@ -92,8 +88,9 @@ class ModalDialog final : public std::enable_shared_from_this<ModalDialog>, priv
     [[nodiscard]] std::shared_ptr<Widget> find(WidgetId id) const;
     [[nodiscard]] std::shared_ptr<Widget> buttonOf(core::ButtonStyle style) const;
     [[nodiscard]] Widgets fieldsInOrder() const;
-    [[nodiscard]] Widgets usableFields() const;  ///< in order
-    [[nodiscard]] WidgetId focusAtFirst() const; ///< when it opens
+    [[nodiscard]] Widgets usableFields() const;                     ///< in order
+    [[nodiscard]] std::int32_t tabPlace(const Widget& field) const; ///< from 1; 0 where it has none
+    [[nodiscard]] WidgetId focusAtFirst() const;                    ///< when it opens
     void setFocus(WidgetId id);
     void focusMoved(WidgetId id);
     void focusNext(int step);

@@ -47,9 +47,11 @@ std::string cleaned(std::string_view text, LineBreaks breaks, std::size_t most) 
         lastStart = clean.size();
         const std::size_t length = characterLength(text);
         const std::string_view character = text.substr(0, std::max<std::size_t>(length, 1));
+        const bool breaksLine = character == "\n" && lines > 1;
+        if (breaksLine) --lines;
         if (length == 0)
             clean += kReplacement;
-        else if (isControl(character) && !(character == "\n" && lines > 1 && lines-- > 0))
+        else if (isControl(character) && !breaksLine)
             clean += ' ';
         else
             clean += character;

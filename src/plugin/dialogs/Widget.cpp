@@ -7,6 +7,7 @@
 #include "plugin/dialogs/ModalDialog.h"
 #include "plugin/dialogs/Text.h"
 #include "plugin/platform/Platform.h"
+#include "utils/Utf8.h"
 
 namespace kzo::plugin {
 
@@ -15,11 +16,6 @@ namespace {
 WidgetId lastId = kNoWidget;
 
 bool isFinite(const geo::Point& place) { return std::isfinite(place.x) && std::isfinite(place.y); }
-
-std::size_t characterCount(const std::string& text) {
-    return static_cast<std::size_t>(std::count_if(
-        text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80; }));
-}
 
 std::string cleanedFor(core::WidgetType type, const std::string& text) {
     const bool isLabel = type == core::WidgetType::Label;
@@ -120,7 +116,7 @@ void Widget::setImages(const core::WidgetImages& images) {
 }
 
 void Widget::setSelection(const core::SelectionRange& selection) {
-    const std::size_t end = characterCount(state_.text);
+    const std::size_t end = utils::characterCount(state_.text);
     const std::size_t start = std::min(selection.start, end);
     state_.selection = core::SelectionRange{start, std::clamp(selection.end, start, end)};
     tell();

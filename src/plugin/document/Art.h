@@ -117,6 +117,7 @@ class Art : public host::Object<ArtObject> {
     bool disposeChildren();
 
   private:
+    [[nodiscard]] std::optional<core::ArtboardRect> edges() const; ///< of what its paths enclose, if the host tells
     /// The place of a pin point, if the host tells the bounds.
     [[nodiscard]] std::optional<core::ArtboardPoint> pin(core::BoundsPinPointType which) const;
 

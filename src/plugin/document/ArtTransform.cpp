@@ -47,6 +47,10 @@ template <class Measure> double sumOfPaths(ArtObject* top, Measure measure) {
 
 } // namespace
 
+std::optional<core::ArtboardRect> Art::edges() const {
+    return find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), BoundsOptions::None);
+}
+
 double Art::area() const {
     return sumOfPaths(handle(), [](const PathArt& path) { return path.area(); });
 }
@@ -56,17 +60,22 @@ double Art::perimeter() const {
 }
 
 AIArtboard* Art::artboard() const {
-    const std::vector<AIArtboard*> boards = allArtboards();
-    const core::ArtboardRect place = bounds(BoundsOptions::None);
-    const auto shared = [&](AIArtboard* board) { return (place - Artboard(board).bounds()).area(); };
-    const auto best = std::max_element(boards.begin(), boards.end(),
-                                       [&](AIArtboard* a, AIArtboard* b) { return shared(a) < shared(b); });
-    return best == boards.end() ? nullptr : *best;
+    const auto place = edges();
+    if (!place) return nullptr;
+    AIArtboard* best = nullptr;
+    double most = -1;
+    for (AIArtboard* const board : Artboard::all()) {
+        const core::ArtboardRect bounds = Artboard(board).bounds();
+        if (!bounds.overlaps(*place)) continue;
+        const double shared = (*place - bounds).area();
+        if (shared > most) best = board;
+        most = std::max(most, shared);
+    }
+    return best;
 }
 
 std::vector<AIArtboard*> Art::allArtboards() const {
-    const auto place =
-        find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), BoundsOptions::None);
+    const auto place = edges();
     if (!place) return {};
     std::vector<AIArtboard*> boards = Artboard::all();
     std::erase_if(boards, [&](AIArtboard* board) { return !Artboard(board).bounds().overlaps(*place); });
@@ -74,13 +83,12 @@ std::vector<AIArtboard*> Art::allArtboards() const {
 }
 
 std::optional<core::ArtboardPoint> Art::pin(core::BoundsPinPointType which) const {
-    const auto edges =
-        find<&AIArtSuite::GetArtTransformBounds, core::ArtboardRect>(geo::TransformMatrix(), BoundsOptions::None);
-    if (!edges) return std::nullopt;
+    const auto box = edges();
+    if (!box) return std::nullopt;
     const int place = static_cast<int>(which) / 10 - 1; // the pins are numbered row by row
     const auto part = [](int third) { return third / 2.0; };
     if (place < 0 || place > 8) return std::nullopt;
-    return core::ArtboardPoint(edges->impl().at(part(place % 3), part(place / 3)));
+    return core::ArtboardPoint(box->impl().at(part(place % 3), part(place / 3)));
 }
 
 // Transforms

@@ -16,16 +16,13 @@ template <> struct HostForm<core::ArtboardSegPoint> {
     }
 };
 
+template <> struct HostForm<geo::Anchor> {
+    static AIPathSegment toHost(const geo::Anchor& a) {
+        return {{a.p.x, a.p.y}, {a.in.x, a.in.y}, {a.out.x, a.out.y}, static_cast<AIBoolean>(a.corner ? 1 : 0)};
+    }
+    static geo::Anchor fromHost(const AIPathSegment& r) {
+        return {{r.p.h, r.p.v}, {r.in.h, r.in.v}, {r.out.h, r.out.v}, r.corner != 0};
+    }
+};
+
 } // namespace kzo::plugin::host
-
-namespace kzo::plugin {
-
-[[nodiscard]] inline geo::Anchor toAnchor(const AIPathSegment& r) {
-    return {{r.p.h, r.p.v}, {r.in.h, r.in.v}, {r.out.h, r.out.v}, r.corner != 0};
-}
-
-[[nodiscard]] inline AIPathSegment toRecord(const geo::Anchor& a) {
-    return {{a.p.x, a.p.y}, {a.in.x, a.in.y}, {a.out.x, a.out.y}, static_cast<AIBoolean>(a.corner ? 1 : 0)};
-}
-
-} // namespace kzo::plugin

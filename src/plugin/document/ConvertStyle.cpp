@@ -3,24 +3,30 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <iterator>
+#include <limits>
 
 namespace kzo::plugin::host {
 
+/// More than the host has room for, which it refuses.
+constexpr std::size_t kMostDashes = std::numeric_limits<std::int16_t>::max();
+
 AIPathStyle HostForm<core::PathStyle>::toHost(const core::PathStyle& style) {
     const core::StrokeStyle& stroke = style.stroke;
-    AIPathStyle record{
-        .fillPaint = style.fill.painted,
-        .strokePaint = stroke.painted,
-        .fillOverprint = style.fill.overprint,
-        .strokeOverprint = stroke.overprint,
-        .fillColor = host::toHost(style.fill.color),
-        .strokeColor = host::toHost(stroke.color),
-        .strokeWidth = stroke.width,
-        .miterLimit = stroke.miterLimit,
-        .cap = host::toHost(stroke.cap),
-        .join = host::toHost(stroke.join),
-        .dash = {.length = static_cast<std::int16_t>(stroke.dash.count), .offset = stroke.dash.offset, .array = {}}};
+    AIPathStyle record{.fillPaint = style.fill.painted,
+                       .strokePaint = stroke.painted,
+                       .fillOverprint = style.fill.overprint,
+                       .strokeOverprint = stroke.overprint,
+                       .fillColor = host::toHost(style.fill.color),
+                       .strokeColor = host::toHost(stroke.color),
+                       .strokeWidth = stroke.width,
+                       .miterLimit = stroke.miterLimit,
+                       .cap = host::toHost(stroke.cap),
+                       .join = host::toHost(stroke.join),
+                       .dash = {.length = static_cast<std::int16_t>(std::min(stroke.dash.count, kMostDashes)),
+                                .offset = stroke.dash.offset,
+                                .array = {}}};
     std::copy(stroke.dash.lengths.begin(), stroke.dash.lengths.end(), record.dash.array);
     return record;
 }

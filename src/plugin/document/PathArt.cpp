@@ -30,22 +30,14 @@ bool PathArt::write(int index, int count, const AIPathSegment* records) {
 std::optional<PathArt::Extent> PathArt::extent() const {
     const auto points = find<&AIPathSuite::GetPathSegmentCount>();
     const auto isClosed = points ? find<&AIPathSuite::GetPathClosed>() : std::nullopt;
-    return isClosed ? std::optional(extent(*points, *isClosed)) : std::nullopt;
+    return isClosed ? std::optional(Extent{*points, *isClosed}) : std::nullopt;
 }
 
-PathArt::Extent PathArt::extent(int points, bool closed) {
-    return {points, closed ? points : std::max(points - 1, 0), closed};
-}
-
-PathArt::Extent PathArt::extent(const geo::Path& path) {
-    return extent(static_cast<int>(path.anchors.size()), path.closed);
-}
-
-int PathArt::Extent::segStart(int index) const { return clamped(index, closed ? -1 : 0, segs - 1); }
+int PathArt::Extent::segStart(int index) const { return clamped(index, closed ? -1 : 0, segs() - 1); }
 
 int PathArt::Extent::segIndex(int index) const {
     const int start = segStart(index);
-    return start < 0 ? std::max(segs - 1, 0) : start;
+    return start < 0 ? std::max(segs() - 1, 0) : start;
 }
 
 geo::Path PathArt::shape() const {
@@ -53,7 +45,7 @@ geo::Path PathArt::shape() const {
     const auto known = extent();
     if (!known) return path;
     path.closed = known->closed;
-    for (const AIPathSegment& record : read(0, known->points)) path.anchors.push_back(toAnchor(record));
+    path.anchors = host::fromHost<geo::Anchor>(read(0, known->points));
     return path;
 }
 
@@ -61,8 +53,7 @@ bool PathArt::reshape(const geo::Path& from, const geo::Path& to, const Origins&
     const auto parts = selectedParts(static_cast<int>(from.anchors.size()));
     if (!parts) return false;
     const auto give = [&](const geo::Path& path, const Parts& selected) {
-        std::vector<AIPathSegment> records;
-        for (const geo::Anchor& anchor : path.anchors) records.push_back(toRecord(anchor));
+        const std::vector<AIPathSegment> records = host::toHost(path.anchors);
         const int count = static_cast<int>(records.size());
         return count <= kMostSegPoints && setSegPointCount(asIndex(count)) && write(0, count, records.data()) &&
                setClosed(path.closed) && select(selected);
@@ -115,7 +106,7 @@ bool PathArt::setSegPointCount(std::int16_t count) {
     return call<&AIPathSuite::SetPathSegmentCount>(asIndex(std::max<int>(count, 0)));
 }
 
-std::int16_t PathArt::segCount() const { return asIndex(extent().value_or(Extent()).segs); }
+std::int16_t PathArt::segCount() const { return asIndex(extent().value_or(Extent()).segs()); }
 
 bool PathArt::setSegCount(std::int16_t count) {
     const auto isClosed = find<&AIPathSuite::GetPathClosed>();
@@ -157,9 +148,9 @@ bool PathArt::insertSegPointAtT(std::int16_t seg, double t) {
     path.insertAt(at, t);
     // Inserted for itself, so that what is selected stays with its anchor; then the neighbours' handles are shortened.
     const std::size_t after = (at + 2) % path.anchors.size();
-    const AIPathSegment made = toRecord(path.anchors[at + 1]);
-    const AIPathSegment before = toRecord(path.anchors[at]);
-    const AIPathSegment behind = toRecord(path.anchors[after]);
+    const AIPathSegment made = host::toHost(path.anchors[at + 1]);
+    const AIPathSegment before = host::toHost(path.anchors[at]);
+    const AIPathSegment behind = host::toHost(path.anchors[after]);
     const std::vector<AIPathSegment> old = read(static_cast<int>(at), 1);
     const int place = static_cast<int>(at) + 1;
     if (old.empty() || !call<&AIPathSuite::InsertPathSegments>(asIndex(place), std::int16_t{1}, &made)) return false;

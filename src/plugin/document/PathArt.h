@@ -99,16 +99,17 @@ class PathArt : public host::Object<ArtObject> {
     /// when the host refuses to tell.
     struct Extent {
         int points = 0;
-        int segs = 0;
         bool closed = false;
 
+        [[nodiscard]] int segs() const { return closed || points == 0 ? points : points - 1; }
         [[nodiscard]] int segStart(int index) const; ///< clamped; -1 is the closing one of a closed path
         [[nodiscard]] int segIndex(int index) const; ///< the same, from 0 on
     };
 
     [[nodiscard]] std::optional<Extent> extent() const;
-    [[nodiscard]] static Extent extent(int points, bool closed);
-    [[nodiscard]] static Extent extent(const geo::Path& path);
+    [[nodiscard]] static Extent extent(const geo::Path& path) {
+        return {static_cast<int>(path.anchors.size()), path.closed};
+    }
     [[nodiscard]] geo::Path shape() const; // empty when the host refuses
     /// Which anchor each one of another path was; -1 for a new one.
     using Origins = std::vector<int>;

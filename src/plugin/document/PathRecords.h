@@ -5,8 +5,6 @@
 #include <cstdint>
 #include <limits>
 
-#include "geo/Bezier.h"
-
 namespace kzo::plugin {
 
 inline constexpr int kMostSegPoints = std::numeric_limits<std::int16_t>::max();
@@ -22,6 +20,8 @@ inline constexpr int kMostSegPoints = std::numeric_limits<std::int16_t>::max();
 }
 
 /// Nothing shows of such a segment: its ends and handles are in one place.
-[[nodiscard]] inline bool hasNoLength(const geo::Bezier& b) { return b.p0 == b.p1 && b.p0 == b.p2 && b.p0 == b.p3; }
+template <class Bezier> [[nodiscard]] bool hasNoLength(const Bezier& b) {
+    return b.p0 == b.p1 && b.p0 == b.p2 && b.p0 == b.p3;
+}
 
 } // namespace kzo::plugin

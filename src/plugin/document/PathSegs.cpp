@@ -14,10 +14,10 @@ namespace kzo::plugin {
 
 PathArt::SegPoints PathArt::segs(std::int16_t index, std::int16_t count) const {
     const auto known = extent();
-    if (!known || known->segs == 0) return {};
+    if (!known || known->segs() == 0) return {};
     const int points = known->points;
     const int first = known->segStart(index);
-    const int last = first + clamped(count, 1, known->segs - first); // the point that ends the run
+    const int last = first + clamped(count, 1, known->segs() - first); // the point that ends the run
     const std::vector<AIPathSegment> records = read(0, points);
     if (records.empty()) return {};
     std::vector<AIPathSegment> run;
@@ -54,14 +54,14 @@ bool PathArt::setSegs(std::int16_t index, const SegPoints& points) {
 bool PathArt::insertSegs(std::int16_t index, const SegPoints& points) {
     const auto known = extent();
     if (!known) return false;
-    return insertSegPoints(index < 0 && known->segs > 0 ? asIndex(known->segIndex(index)) : index, points);
+    return insertSegPoints(index < 0 && known->segs() > 0 ? asIndex(known->segIndex(index)) : index, points);
 }
 
 bool PathArt::deleteSegs(std::int16_t index, std::int16_t count) {
     const auto known = extent();
     if (!known) return false;
     const int first = known->segStart(index);
-    const int gone = std::min<int>(clamped(count, 0, known->segs), known->segs - first);
+    const int gone = std::min<int>(clamped(count, 0, known->segs()), known->segs() - first);
     if (gone == 0) return true;
     if (first >= 0) return deleteSegPoints(asIndex(first), asIndex(gone));
     // The closing segment goes with the last point, and those that follow it with the first ones: renumbered, they are
@@ -76,12 +76,12 @@ bool PathArt::reverseSegs() { return call<&AIPathSuite::ReversePathSegments>(); 
 
 bool PathArt::phantomSeg(std::int16_t index) const {
     const auto found = bezier(index);
-    return found && found->p0 == found->p1 && found->p0 == found->p2 && found->p0 == found->p3;
+    return found && hasNoLength(*found);
 }
 
 std::optional<core::Bezier> PathArt::bezier(std::int16_t index) const {
     const auto known = extent();
-    if (!known || known->segs == 0) return std::nullopt;
+    if (!known || known->segs() == 0) return std::nullopt;
     const int start = known->segIndex(index);
     const SegPoints a = host::fromHost<core::ArtboardSegPoint>(read(start, 1));
     const SegPoints b = host::fromHost<core::ArtboardSegPoint>(read((start + 1) % known->points, 1));
@@ -106,7 +106,7 @@ bool PathArt::allSegPointsSelected() const { return get<&AIPathSuite::GetPathAll
 bool PathArt::segSelected(std::int16_t index) const {
     using enum core::SegPointSelectionState;
     const auto known = extent();
-    if (!known || known->segs == 0) return false;
+    if (!known || known->segs() == 0) return false;
     const int start = known->segIndex(index);
     const auto from = segPointSelected(asIndex(start));
     const auto to = segPointSelected(asIndex((start + 1) % known->points));

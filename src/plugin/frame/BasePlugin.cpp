@@ -20,6 +20,7 @@
 #include "plugin/frame/MenuGroup.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/host/RefCountMap.h"
+#include "plugin/platform/Guarded.h"
 #include "plugin/platform/Platform.h"
 
 namespace kzo::plugin {
@@ -58,7 +59,7 @@ ToolEvent toolEvent(core::MessageType type) {
                                   std::begin(kToolMessages));
 }
 
-/// Of a window with an event loop of its own: in the message that showed it.
+/// Logs what a callback threw in a dialog's own event loop, with the message that the dialog was shown in.
 void logThrownInDialog(std::string_view what) {
     const Executing* const here = Dispatcher::executing();
     const std::string during = here ? std::string(here->caller) + "/" + std::string(here->selector) : "no message";
@@ -74,7 +75,7 @@ bool makesCurrent(ToolEvent event) { return event >= ToolEvent::Track && event <
 void attachHost(const void* record) {
     const MessageHead head(record);
     if (head.basic) host::basic = head.basic;
-    host::self = head.self;
+    if (head.self) host::self = head.self;
 }
 
 void releaseHost() {
@@ -90,7 +91,7 @@ std::string pluginName(const void* record) {
 BasePlugin::BasePlugin(SPPlugin* plugin, std::string name)
     : plugin_(plugin), name_(std::move(name)), monitors_(plugin) {
     theFrame = this;
-    ModalDialog::logThrown = logThrownInDialog;
+    thrownInLoop = logThrownInDialog;
     dispatcher_.setBeforeEach(core::__Callback<BasePlugin>(this, &BasePlugin::followMarks));
 }
 

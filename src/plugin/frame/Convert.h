@@ -1,4 +1,4 @@
-// How the options of tools and plug-ins stand in the host's calls. What one source passes stands there.
+// How the options of tools and plug-ins stand in the host's calls. What one source alone passes stands in that source.
 #pragma once
 
 #include <cstdint>

@@ -59,8 +59,6 @@ struct WindowEvent {
 class WindowOwner {
   public:
     virtual void handle(const WindowEvent& event) = 0;
-    /// For windows with an event loop of their own, which nothing may be thrown through: what is, is logged.
-    virtual void handleGuarded(const WindowEvent& event) { handle(event); }
 
   protected:
     ~WindowOwner() = default;

@@ -12,6 +12,7 @@
 
 #include "plugin/frame/BasePlugin.h"
 #include "plugin/platform/Background.h"
+#include "utils/Scope.h"
 
 namespace kzo::plugin {
 
@@ -164,9 +165,14 @@ InternetGET::InternetGET(const std::string& url, const core::CallbackSlot& succe
 
 InternetGET::~InternetGET() {
     if (ended_) *ended_ = true;
+    giveUp();
+}
+
+void InternetGET::giveUp() {
     auto& transfers = Transfers::all();
     if (!transfer_ || !transfers) return;
     transfers->remove(*this);
+    transfer_.reset();
     if (transfers->empty()) transfers.reset();
 }
 
@@ -174,6 +180,12 @@ void InternetGET::run() {
     if (running()) return;
     // The callback may delete this object; what the loop looks at is its own.
     bool ended = false;
+    // Nobody waits any more when another request's callback throws.
+    const utils::Finally left([&] {
+        if (ended) return;
+        ended_ = nullptr;
+        giveUp();
+    });
     ended_ = &ended;
     begin(false);
     while (!ended) work(milliseconds(100));

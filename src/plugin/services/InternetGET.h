@@ -47,6 +47,7 @@ class InternetGET {
     void begin(bool inBackground);
     static void failRefused();
     void end(int result);
+    void giveUp();
     static core::InternetError meaningOf(int result, const Transfer& transfer);
     void fail(core::InternetError code, int platformCode, const std::string& text);
 

@@ -169,6 +169,24 @@ TEST_F(InternetGetTest, SurvivesObjectsThatGo) {
     EXPECT_EQ(success.runs + failure.runs, 1);
 }
 
+TEST_F(InternetGetTest, IsWaitedForNoLongerThanItLastsOrAnyoneWaits) {
+    desk.inMessage([&] {
+        auto waiting = std::make_unique<InternetGET>(server->rudeUrl("/hang"), success.callback(), failure.callback());
+        const auto meanwhile = [&](const std::function<void()>& work) {
+            success.work = work;
+            return InternetGET::Async(server->url("/version"), success.callback(), failure.callback());
+        };
+        auto other = meanwhile([] { throw std::runtime_error("odd"); });
+        EXPECT_THROW(waiting->run(), std::runtime_error);
+        EXPECT_FALSE(waiting->running());
+        other = meanwhile([&] { waiting.reset(); });
+        waiting->run();
+        EXPECT_EQ(waiting, nullptr);
+    });
+    EXPECT_EQ(success.runs, 2);
+    EXPECT_EQ(failure.runs, 0);
+}
+
 TEST_F(InternetGetTest, FailsOnceItsStarterIsThroughWithoutATimer) {
     desk.expectReports();
     const desk::Refusing noTimer{desk.tables(), &AITimerSuite::AddTimer};

@@ -4,6 +4,7 @@
 #include "core/app/Plugin.h"
 #include "core/dialogs/ModalDialog.h"
 #include "core/frame/Log.h"
+#include "plugin/platform/Guarded.h"
 #include "plugin/platform/Platform.h"
 #include "support/Desk.h"
 
@@ -22,7 +23,9 @@ struct OwnLoop final : Window {
     void setFocus(WidgetId) override {}
     [[nodiscard]] kzo::core::SelectionRange selection(WidgetId) const override { return {}; }
     bool run() override {
-        owner.handleGuarded({.kind = WindowEvent::Kind::Key, .key = WindowEvent::Key::Return, .text = {}, .typed = {}});
+        guardedFromLoop([this] {
+            owner.handle({.kind = WindowEvent::Kind::Key, .key = WindowEvent::Key::Return, .text = {}, .typed = {}});
+        });
         return true;
     }
     void stop() override {}

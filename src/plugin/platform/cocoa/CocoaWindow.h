@@ -11,6 +11,13 @@
 
 namespace kzo::plugin::cocoa {
 
+/// What a field that is edited shows.
+struct FieldText {
+    WidgetId widget = kNoWidget;
+    std::string text;
+    std::optional<core::SelectionRange> selection;
+};
+
 class CocoaWindow final : public Window, private Listener {
   public:
     explicit CocoaWindow(WindowOwner& owner);
@@ -53,8 +60,8 @@ class CocoaWindow final : public Window, private Listener {
     std::string lastTyped_;
     bool keyWaits_ = false; ///< a key that changes no text by itself is being handled
     std::map<WidgetId, core::WidgetImages> shownImages_;
-    bool typing_ = false;                                  ///< its owner hears of a keystroke
-    std::optional<std::pair<WidgetId, std::string>> late_; ///< a field's new text, for after the keystroke
+    bool typing_ = false;           ///< its owner hears of a keystroke
+    std::optional<FieldText> late_; ///< what its owner made of that, for after the keystroke
     bool stopped_ = false;
     bool dark_ = false;
 };

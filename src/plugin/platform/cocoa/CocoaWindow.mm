@@ -1,6 +1,7 @@
 // A window of AppKit: widgets as views, the modal loop, and events on their way up.
 #include "plugin/platform/cocoa/CocoaWindow.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <utility>
@@ -8,8 +9,11 @@
 #include "hostapi/SPPluginsSuite.h"
 #include "plugin/host/HostCall.h"
 #include "plugin/platform/Background.h"
+#include "plugin/platform/Guarded.h"
 #include "plugin/platform/Platform.h"
 #include "plugin/platform/cocoa/Application.h"
+#include "utils/Scope.h"
+#include "utils/Utf8.h"
 
 namespace kzo::plugin::cocoa {
 
@@ -28,17 +32,17 @@ NSRect rectOf(const geo::Rect& frame) {
 
 /// Characters of the text up to this unit of its encoding.
 std::size_t characters(NSString* text, NSUInteger units) {
-    std::size_t count = 0;
-    for (const char byte : fromCocoa([text substringToIndex:units]))
-        if ((static_cast<unsigned char>(byte) & 0xC0U) != 0x80) ++count;
-    return count;
+    return utils::characterCount(fromCocoa([text substringToIndex:units]));
 }
 
+/// The other way: a character beyond the first plane takes two units.
 NSUInteger units(NSString* text, std::size_t characters) {
     NSUInteger at = 0;
-    for (; characters > 0 && at < [text length]; --characters)
-        at += NSMaxRange([text rangeOfComposedCharacterSequenceAtIndex:at]) - at;
-    return at;
+    for (; characters > 0 && at < [text length]; --characters) {
+        const unichar unit = [text characterAtIndex:at];
+        at += unit >= 0xD800 && unit <= 0xDBFF ? 2 : 1;
+    }
+    return std::min(at, [text length]);
 }
 
 WindowEvent::Key keyOf(NSEvent* event) {
@@ -88,9 +92,15 @@ NSImage* resourceImage(std::int16_t number) {
     return image;
 }
 
-void replaceText(NSText* editor, NSString* text) {
-    [editor setString:text];
-    [editor setSelectedRange:NSMakeRange([text length], 0)];
+/// Without a selection of its own the caret stands at the end.
+void show(NSText* editor, const FieldText& field) {
+    NSString* const text = toCocoa(field.text);
+    const bool isNew = ![[editor string] isEqualToString:text];
+    if (isNew) [editor setString:text];
+    if (isNew) [editor setSelectedRange:NSMakeRange([text length], 0)];
+    if (!field.selection) return;
+    const NSUInteger start = units(text, field.selection->start);
+    [editor setSelectedRange:NSMakeRange(start, units(text, field.selection->end) - start)];
 }
 
 } // namespace
@@ -237,18 +247,17 @@ void CocoaWindow::setText(NSControl* control, const WidgetState& state) {
     if (state.type == WidgetType::Label)
         [(NSTextField*)control setTextColor:dark_ ? [NSColor whiteColor] : [NSColor controlTextColor]];
     NSText* const editor = editorOf(control);
+    FieldText field{static_cast<WidgetId>([control tag]), state.text, state.selection};
     if (!editor) {
         [control setStringValue:text];
-    } else if (![[editor string] isEqualToString:text]) {
-        // The editor still has to place its caret behind what was typed; another text waits until it has.
-        if (typing_)
-            late_ = {static_cast<WidgetId>([control tag]), state.text};
-        else
-            replaceText(editor, text);
+    } else if (typing_) {
+        // The editor still has to place its caret behind what was typed; all else waits until it has.
+        if (late_ && late_->widget == field.widget && late_->text == field.text && !field.selection)
+            field.selection = late_->selection;
+        late_ = std::move(field);
+    } else {
+        show(editor, field);
     }
-    if (!state.selection) return;
-    const NSUInteger start = units(text, state.selection->start);
-    [editor setSelectedRange:NSMakeRange(start, units(text, state.selection->end) - start)];
 }
 
 namespace {
@@ -335,7 +344,7 @@ core::SelectionRange CocoaWindow::selection(WidgetId id) const {
 
 void CocoaWindow::tell(const WindowEvent& event) {
     NSAutoreleasePool* pool = [NSAutoreleasePool new];
-    owner_.handleGuarded(event);
+    guardedFromLoop([&] { owner_.handle(event); });
     [pool release];
 }
 
@@ -344,8 +353,8 @@ void CocoaWindow::eventHandled() {
     const WidgetId field = focused();
     if (std::exchange(keyWaits_, false) && field != kNoWidget) typed((NSTextField*)control(field));
     if (late_) {
-        const auto [id, text] = *std::exchange(late_, std::nullopt);
-        if (NSText* const editor = editorOf(control(id))) replaceText(editor, toCocoa(text));
+        const FieldText field = *std::exchange(late_, std::nullopt);
+        if (NSText* const editor = editorOf(control(field.widget))) show(editor, field);
     }
     lookAtFocus();
 }
@@ -361,12 +370,11 @@ void CocoaWindow::typed(NSTextField* field) {
     keyWaits_ = false;
     lookAtFocus();
     NSText* const editor = editorOf(field);
-    const bool outer = std::exchange(typing_, true);
+    const utils::Temporary isTyping(typing_, true);
     tell({.kind = WindowEvent::Kind::Typing,
           .widget = static_cast<WidgetId>([field tag]),
           .text = fromCocoa(editor ? [editor string] : [field stringValue]),
           .typed = lastTyped_});
-    typing_ = outer;
 }
 
 void CocoaWindow::clicked(NSControl* control, bool twice) {
@@ -422,7 +430,7 @@ void CocoaWindow::loop(NSModalSession session) {
         if (!stopped_)
             [[NSRunLoop currentRunLoop] runMode:NSModalPanelRunLoopMode
                                      beforeDate:[NSDate dateWithTimeIntervalSinceNow:0.05]];
-        static_cast<void>(background::move(std::chrono::milliseconds(0)));
+        guardedFromLoop([] { static_cast<void>(background::move(std::chrono::milliseconds(0))); });
         [pool release];
     }
 }
