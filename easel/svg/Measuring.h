@@ -14,8 +14,8 @@ namespace easel::svg {
 /// one line says so. `document` is the source's.
 void measure(model::Document& document, const Source& source, const std::vector<Unmeasured>& art);
 
-/// Gives texts whose bounds have been guessed (see Document::takeGuessed) those that they have where nothing around
-/// them makes them look otherwise. Where the renderer cannot tell, the guess stays.
+/// Gives texts whose bounds have been guessed (see Document::takeGuessed) those that they have where no style
+/// sheet makes them look otherwise. Where the renderer cannot tell, the guess stays.
 void measureTexts(model::Document& document, const std::vector<model::NodeId>& guessed);
 
 /// Where elements of a drawing lie on a page of this size, by their ids; for want of time not all of them. Throws

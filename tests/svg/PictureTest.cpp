@@ -183,9 +183,13 @@ TEST_F(Pictures, HoldTheirNewTextsInTheirBounds) {
             EXPECT_LE(bounds.*edge, shown.*edge + most);
         }
     };
-    const auto blank = read("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 200 100'/>", "t.svg");
+    const auto blank = read("<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 200 100' style='font-weight: bold'>"
+                            "<g font-style='italic'><path d='M0 0'/></g></svg>",
+                            "t.svg");
     Document& document = *blank;
-    Node& node = document.create(model::NodeType::Opaque, model::Placement::OnTopInside, document.currentLayer());
+    Node& group = *document.currentLayer().firstChild();
+    document.removeChildren(group);
+    Node& node = document.create(model::NodeType::Opaque, model::Placement::OnTopInside, group);
     for (const model::TextData& text : texts) {
         SCOPED_TRACE(text.contents);
         model::TextData painted = text;
@@ -198,7 +202,7 @@ TEST_F(Pictures, HoldTheirNewTextsInTheirBounds) {
         expectHolds(node.hull(), shown, isTurned ? 20 : 3);
         const auto again = read(write(document), "t.svg");
         again->measure();
-        expectHolds(again->currentLayer().firstChild()->hull(), shown, isTurned ? 40 : 3);
+        expectHolds(again->currentLayer().firstChild()->firstChild()->hull(), shown, isTurned ? 40 : 3);
     }
 }
 
