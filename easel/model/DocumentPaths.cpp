@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "model/DocumentImpl.h"
+#include "model/Flat.h"
 
 namespace easel::model {
 
@@ -122,7 +123,7 @@ bool Document::offset(Node& node, double dx, double dy) { return transform(node,
 
 bool Document::transform(Node& node, const Affine& by, double lineScale) {
     if (by == Affine{} && lineScale == 1) return true;
-    if (!staysFinite(node, by, lineScale)) return false;
+    if (isFlat(by) || !staysFinite(node, by, lineScale)) return false;
     const Transaction transaction(journal());
     if (!(by == Affine{}))
         for (Node* at = &node; at; at = nextWithin(node, *at)) impl_->transform(*at, by);

@@ -264,12 +264,33 @@ void Journal::limitHistory() {
     }
 }
 
+namespace {
+
+/// Of what the extras do not share with those of now.
+std::size_t bytesOf(const Extras& was, const Extras& is) {
+    std::size_t bytes = sizeof(Extras);
+    for (const auto& [key, value] : was.dictionary) {
+        const auto* const text = std::get_if<std::string>(&value);
+        bytes += sizeof(Dictionary::value_type) + key.size() + (text ? text->size() : 0);
+    }
+    for (const Shared<Definition>& each : was.definitions) {
+        const bool stays = std::any_of(is.definitions.begin(), is.definitions.end(),
+                                       [&](const Shared<Definition>& now) { return now.isSameAs(each); });
+        if (!stays) bytes += sizeof(Definition) + each->attributes.size() + each->content.size();
+    }
+    return bytes;
+}
+
+} // namespace
+
 /// What a note keeps that the document would not: what the node was like, or the node itself with its descendants.
 std::size_t Journal::bytesOf(const Note& note) {
     const Content& was = note.state.content;
     const Content& is = note.node->content();
     std::size_t bytes = sizeof(Note);
     if (!was.path.isSameAs(is.path) || was.special() != is.special()) bytes += bytesOf(was);
+    if (was.extras && !was.extras.isSameAs(is.extras))
+        bytes += model::bytesOf(*was.extras, is.extras ? *is.extras : Extras());
     if (note.alive && !note.node->alive())
         for (const Node* at = note.node; at; at = nextWithin(*note.node, *at))
             bytes += sizeof(Node) + bytesOf(at->content());
@@ -279,7 +300,9 @@ std::size_t Journal::bytesOf(const Note& note) {
 std::size_t Journal::bytesOf(const Content& content) {
     const std::size_t points = content.path ? content.path->points.size() * sizeof(PathPoint) : 0;
     const auto* const image = std::get_if<ImageData>(content.special());
-    return points + (content.name ? content.name->size() : 0) + (image ? image->link.size() : 0);
+    const auto* const text = std::get_if<TextData>(content.special());
+    return points + (content.name ? content.name->size() : 0) + (image ? image->link.size() : 0) +
+           (text ? text->contents.size() : 0);
 }
 
 /// What can only be done when nothing is running: the index takes in what changed, what the gesture moved is forgotten,

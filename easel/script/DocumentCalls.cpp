@@ -122,7 +122,8 @@ Object addPath(Host& host, const ThisDocument& doc, const std::vector<PointRecor
 void move(Host& host, const ThisDocument& doc, const ArtList& list, double dx, double dy) {
     const auto nodes = outermost(list, doc);
     edit(host, *doc, [&] {
-        for (auto* node : nodes) doc->offset(*node, dx, dy);
+        for (auto* node : nodes)
+            if (!doc->offset(*node, dx, dy)) throw session::Error("that is too far");
     });
 }
 
@@ -131,7 +132,8 @@ void scale(Host& host, const ThisDocument& doc, const ArtList& list, double acro
     const auto nodes = outermost(list, doc);
     const model::Affine by{across, 0, 0, down, x - across * x, y - down * y};
     edit(host, *doc, [&] {
-        for (auto* node : nodes) doc->transform(*node, by);
+        for (auto* node : nodes)
+            if (!doc->transform(*node, by)) throw session::Error("that is too large or too small");
     });
 }
 

@@ -80,8 +80,7 @@ void setColor(Mesh mesh, std::int32_t row, std::int32_t column, const AIColor& c
     for (const double part : {color.red, color.green, color.blue}) require(part >= 0 && part <= 1);
     Node& patch = patchAt(mesh, row, column);
     model::Style style = patch.style();
-    style.fill = true;
-    style.fillColor = {color.red, color.green, color.blue};
+    style.setFill(model::Color{color.red, color.green, color.blue});
     mesh.document.setStyle(patch, style);
 }
 

@@ -178,15 +178,18 @@ AIPathStyle styleToHost(const model::Style& style) {
     return result;
 }
 
-void paintPath(const Art& path, model::Style style) {
-    const model::Style& was = path.node.style();
+model::Style repainted(const model::Style& was, model::Style style) {
     style.alignment = was.alignment;
     style.evenOdd = was.evenOdd;
     // A plug-in is told what lies below a gradient, and may tell the same again.
     const bool sameFill = style.fill == was.fill && style.fillColor == was.fillColor;
     const bool sameStroke = style.stroke == was.stroke && style.strokeColor == was.strokeColor;
     style.setServers({sameFill ? was.fillServer() : "", sameStroke ? was.strokeServer() : ""});
-    path.document.setStyle(path.node, style);
+    return style;
+}
+
+void paintPath(const Art& path, const model::Style& style) {
+    path.document.setStyle(path.node, repainted(path.node.style(), style));
 }
 
 model::Style styleFromHost(const AIPathStyle& in) {

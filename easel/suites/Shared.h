@@ -30,7 +30,9 @@ struct Place {
 [[nodiscard]] model::Style styleFromHost(const AIPathStyle& style);
 [[nodiscard]] AIPathStyle styleToHost(const model::Style& style);
 /// Where its stroke lies stays.
-void paintPath(const Art& path, model::Style style);
+/// What art that looked like `was` looks like, of which a plug-in was told less than all, with what it tells.
+[[nodiscard]] model::Style repainted(const model::Style& was, model::Style told);
+void paintPath(const Art& path, const model::Style& style);
 
 /// Gives the art extras that differ in what `change` does to them. Throws kRefusedErr for a subpath: it has no element
 /// that could keep them.

@@ -107,7 +107,7 @@ template <> void fill(AITextFrameSuite& suite) {
     enter<&Suite::GetTextPaint>(suite, [](Art art) { return styleToHost(textOf(art).paint); });
     enter<&Suite::SetTextPaint>(suite, [](Art art, const AIPathStyle& paint) {
         const model::Style is = styleFromHost(paint);
-        changeText(art, [&](model::TextData& text) { text.paint = is; });
+        changeText(art, [&](model::TextData& text) { text.paint = repainted(text.paint, is); });
     });
     enter<&Suite::GetTextAnchor, getAnchor>(suite);
     enter<&Suite::IsTextEditable>(suite, [](Art art) { return !textOf(art).isRich; });

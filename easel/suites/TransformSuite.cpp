@@ -4,6 +4,7 @@
 #include <cmath>
 #include <vector>
 
+#include "model/Flat.h"
 #include "suites/Enter.h"
 #include "suites/Shared.h"
 
@@ -12,8 +13,6 @@ namespace easel::suites {
 namespace {
 
 using model::Node;
-
-constexpr double kFlat = 1e-12; ///< area under a transform that nothing comes back from
 
 void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::int32_t flags) {
     const model::Affine by = (flags & kTransformObjects) ? affineFromHost(matrix) : model::Affine{};
@@ -35,9 +34,9 @@ void transformArt(Art art, const AIRealMatrix& matrix, AIReal lineScale, std::in
 
 model::Affine affineFromHost(const AIRealMatrix& m) {
     for (const double number : {m.a, m.b, m.c, m.d, m.tx, m.ty}) require(std::isfinite(number));
-    const double area = std::fabs(m.a * m.d - m.b * m.c);
-    require(area > kFlat && std::isfinite(area));
-    return {m.a, m.b, m.c, m.d, m.tx, m.ty};
+    const model::Affine by{m.a, m.b, m.c, m.d, m.tx, m.ty};
+    require(!model::isFlat(by));
+    return by;
 }
 
 template <> void fill(AITransformArtSuite& suite) { enter<&AITransformArtSuite::TransformArt, transformArt>(suite); }

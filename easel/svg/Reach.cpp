@@ -2,7 +2,8 @@
 #include "svg/Reach.h"
 
 #include <algorithm>
-#include <cmath>
+
+#include "model/Flat.h"
 
 namespace easel::svg {
 
@@ -28,9 +29,7 @@ bool withinReach(const Geom::Affine& transform) {
 model::Box trusted(const model::Box& box) { return withinReach(box) ? box : model::Box{}; }
 
 bool isFlat(const Geom::Affine& transform) {
-    constexpr double kFlat = 1e-12;
-    const double area = std::fabs(transform.det());
-    return !(area > kFlat && std::isfinite(area));
+    return model::isFlat({transform[0], transform[1], transform[2], transform[3], transform[4], transform[5]});
 }
 
 } // namespace easel::svg

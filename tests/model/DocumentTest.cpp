@@ -233,7 +233,8 @@ TEST_F(DocumentTest, RefusesTransformsThatLeadOutOfAllNumbers) {
     document.setBounds(document.create(NodeType::Opaque, Placement::OnTopInside, group), {0, 0, 1e9, 1});
     const Listing before = listing(document);
     const std::size_t steps = document.journal().undoDepth();
-    for (const Affine& by : {Affine{.a = 1e300}, Affine{.b = 1e300}, Affine{.d = 1e308, .f = 1e308}})
+    for (const Affine& by :
+         {Affine{.a = 1e300}, Affine{.b = 1e300}, Affine{.d = 1e308, .f = 1e308}, Affine{.a = 1e-9, .d = 1e-9}})
         EXPECT_FALSE(document.transform(group, by));
     EXPECT_FALSE(document.transform(group, {}, std::numeric_limits<double>::infinity()));
     EXPECT_TRUE(listing(document) == before && document.journal().undoDepth() == steps);

@@ -216,6 +216,9 @@ TEST_F(JournalTest, StepsOfOnePathFitByItsPoints) {
     EXPECT_EQ(journal.undoDepth(), 1U);
     for (int i = 0; i < 30; ++i) document.setLocked(path, i % 2 == 0);
     EXPECT_GT(journal.undoDepth(), 20U);
+    for (int i = 0; i < 30; ++i)
+        document.setExtras(path, {.dictionary = {{"text", std::string(100'000, static_cast<char>('a' + i))}}});
+    EXPECT_EQ(journal.undoDepth(), 4U);
 }
 
 // A big selection once left its storage with the journal for good.

@@ -72,6 +72,8 @@ TEST_F(ScriptTest, WrongArgumentsAreNamed) {
         {"doc.move([doc.addPath([[1, 2]]), 5], 1, 1)", "doc.move: argument 1 (objects), item 1 must be a path, not 5"},
         {"doc.move(app.newDocument(5, 5).addPath([[1, 2]]), 1, 1)",
          "doc.move: argument 1 (objects) belongs to another document"},
+        {"doc.move(doc.addPath([[1e308, 2]]), 1e308, 0)", "doc.move: that is too far"},
+        {"doc.scale(doc.addPath([[1, 2]]), 1e-200, 1, 0, 0)", "doc.scale: that is too large or too small"},
         {"doc.layers[0].locked = 'yes'", "layer.locked: argument 1 (value) must be true or false, not \"yes\""},
         {"doc.addLayer('two\\nlines')",
          "doc.addLayer: argument 1 (title) must be a text of one line in whole characters, not \"two lines\""},
@@ -216,10 +218,19 @@ TEST_F(ScriptTest, ACopyThatIsExportedIsNotTheDrawingsFile) {
                    "'); app.document.addPath([[1, "
                    "1], [2, 2]]); app.exportSVG('" +
                    copy + "'); app.exportSVG('" + own + "')"),
-              "1: app.exportSVG: " + own + ": is the file of this drawing; it is saved, not exported");
+              "1: app.exportSVG: " + own + ": is the file of an open drawing; it is saved, not exported");
     EXPECT_TRUE(session.documents.isModified(*session.document()));
     EXPECT_EQ(session.documents.pathOf(*session.document()), own);
     EXPECT_EQ(folder.content("copy.svg"), easel::svg::write(*session.document()));
+    // Nor is a part of it that is edited.
+    const std::string whole = R"(<svg xmlns="http://www.w3.org/2000/svg" width="9" height="9">)"
+                              R"(<symbol id="s"><path d="M1,1 L5,5"/></symbol><use href="#s"/></svg>)";
+    const std::string path = folder.write("whole.svg", whole);
+    EXPECT_EQ(play("app.open('" + path + "').editSymbol('s'); app.save('" + path + "')"),
+              "1: app.save: a part of the drawing is being edited; it is saved with the drawing, once that has ended");
+    EXPECT_EQ(play("app.exportSVG('" + path + "')"),
+              "1: app.exportSVG: " + path + ": is the file of an open drawing; it is saved, not exported");
+    EXPECT_EQ(folder.content("whole.svg"), whole);
     EXPECT_EQ(play("app.exportSVG('x.txt')"), "1: app.exportSVG: x.txt: the name of an SVG file must end in .svg");
 }
 

@@ -136,6 +136,8 @@ void Session::endEditing(std::uint32_t number) {
 
 void Session::save(const std::string& path, bool force) {
     model::Document& front = documents.needFront();
+    if (documents.editedAs(front))
+        throw Error("a part of the drawing is being edited; it is saved with the drawing, once that has ended");
     pointer.cancel();
     notifiers.raise(kAIDocumentWritePreprocessNotifier);
     Documents::write(front, path, force);

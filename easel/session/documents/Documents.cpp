@@ -182,8 +182,9 @@ void Documents::write(model::Document& document, const std::string& path, bool f
 void Documents::exportSvg(model::Document& document, const std::string& path) const {
     if (!path.ends_with(".svg")) throw Error(path + ": the name of an SVG file must end in .svg");
     std::error_code differs;
-    if (std::filesystem::equivalent(path, pathOf(document), differs))
-        throw Error(path + ": is the file of this drawing; it is saved, not exported");
+    for (const Open& open : open_)
+        if (std::filesystem::equivalent(path, open.path, differs))
+            throw Error(path + ": is the file of an open drawing; it is saved, not exported");
     withFile([&] { svg::replaceFile(path, svg::write(document)); });
 }
 

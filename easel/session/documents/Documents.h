@@ -80,7 +80,7 @@ class Documents {
     [[nodiscard]] std::unique_ptr<model::Document> read(const std::string& path);
     /// Replaces the file; one that another program has changed only by `force`.
     static void write(model::Document& document, const std::string& path, bool force);
-    /// A copy, which does not become the document's file; onto that it throws Error.
+    /// A copy, which does not become the document's file; onto that of an open document it throws Error.
     void exportSvg(model::Document& document, const std::string& path) const;
     void exportPng(model::Document& document, const std::string& path, double scale,
                    const std::vector<model::Mark>& marks) const;

@@ -101,7 +101,7 @@ class SelectionTool final : public SelectingTool {
     bool pick(Document& document, Point location, bool adding) override {
         Node* const art = document.topmostAt(location, reachIn(document));
         if (!art) return false;
-        Node& object = outermost(*art);
+        Node& object = outermost(document, *art);
         object_ = object.id();
         wasSelected_ = art->allPointsSelected();
         if (wasSelected_) return true;
@@ -133,16 +133,17 @@ class SelectionTool final : public SelectingTool {
 
     void selectWithin(Document& document, const Box& box, bool toggling) override {
         std::vector<Node*> objects = document.touching(box);
-        for (Node*& node : objects) node = &outermost(*node);
+        for (Node*& node : objects) node = &outermost(document, *node);
         std::sort(objects.begin(), objects.end());
         objects.erase(std::unique(objects.begin(), objects.end()), objects.end());
         for (Node* const object : objects) document.select(*object, !toggling || !object->selected());
     }
 
   private:
-    static Node& outermost(Node& art) {
+    /// Of what the pointer can reach.
+    static Node& outermost(Document& document, Node& art) {
         Node* node = &art;
-        while (node->parent()->type() != NodeType::Layer) node = node->parent();
+        while (node->parent()->type() != NodeType::Layer && node->parent() != &document.reach()) node = node->parent();
         return *node;
     }
 

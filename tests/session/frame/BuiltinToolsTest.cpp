@@ -130,6 +130,9 @@ TEST_F(BuiltinToolsTest, SelectionTakesGroupsAsOneAndWhatAMarqueeTouches) {
     EXPECT_THAT(document.selection(), ElementsAre(&group, &second, &first));
     stroke({{150, 150}, {151, 151}});
     EXPECT_THAT(document.selection(), IsEmpty());
+    document.settings.isolated = group.id(); // of which the parts are taken, then
+    click({15, 20});
+    EXPECT_THAT(document.selection(), ElementsAre(&first));
 }
 
 TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
