@@ -128,21 +128,28 @@ class Walk {
         steps_.push_back({"draw::text", [&](Handles& h) {
                               draw::text("word", point(), "", 9, ParagraphJustification::Left, {}, &h.top);
                           }});
-        steps_.push_back({"Art::expand", [&](Handles& h) {
-                              const auto art = draw::rect({9, 9, coordinate(), 90}, &h.top);
-                              if (!art) return;
-                              Node& node = easel::suites::resolveArt(art->aiArtHandle()).node;
-                              easel::model::Style style = node.style();
-                              style.setServers({"url(#gradient)", "url(#pattern-1)"});
-                              desk_.document().setStyle(node, style);
-                              using enum Art::ExpandOptions;
-                              art->expand(below(2) == 0 ? GradientsToMeshes : Strokes | Patterns, 5);
-                          }});
-        steps_.push_back(
-            {"Art::expand", [](Handles& h) {
-                 const auto text = draw::text("word", {9, 9}, "", 9, ParagraphJustification::Left, {}, &h.top);
-                 if (text) text->expand(Art::ExpandOptions::Text, 1);
-             }});
+        const auto expands = [&](auto make) {
+            steps_.push_back({"Art::expand", [this, make](Handles& h) {
+                                  if (expanded_.valid())
+                                      expanded_.dispose(); // what comes of them would soon be most of the document
+                                  expanded_ = Art(ArtType::Group, PaintOrder::InsideOnTop, &h.top);
+                                  make(expanded_);
+                              }});
+        };
+        expands([&](const Art& group) {
+            const auto art = draw::rect({9, 9, coordinate(), 90}, &group);
+            if (!art) return;
+            Node& node = easel::suites::resolveArt(art->aiArtHandle()).node;
+            easel::model::Style style = node.style();
+            style.setServers({"url(#gradient)", "url(#pattern-1)"});
+            desk_.document().setStyle(node, style);
+            using enum Art::ExpandOptions;
+            art->expand(below(2) == 0 ? GradientsToMeshes : Strokes | Patterns, 5);
+        });
+        expands([](const Art& group) {
+            const auto text = draw::text("word", {9, 9}, "", 9, ParagraphJustification::Left, {}, &group);
+            if (text) text->expand(Art::ExpandOptions::Text, 1);
+        });
         steps_.push_back({"Art::duplicate", [&](Handles& h) {
                               static_cast<void>(h.on<Art>().duplicate(PaintOrder::InsideOnTop, &h.group));
                           }});
@@ -217,6 +224,7 @@ class Walk {
     std::mt19937 engine_;
     std::vector<Step> steps_;
     std::size_t done_ = 0;
+    Art expanded_; ///< the group with what was taken apart last
 };
 
 // As many operations as FACADE_WALK says, which also prints how often each was run.
