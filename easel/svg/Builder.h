@@ -86,7 +86,8 @@ class Builder {
     void setFlags(model::Node& node, const Attributes& attributes);
     void keep(model::Node* node);
     void noteTransform(const Attributes& attributes);
-    void openContainer(const Attributes& attributes, model::Node* node);
+    [[nodiscard]] Container insideOf(const Attributes& attributes) const; ///< what an element passes on
+    void openContainer(Container inner, model::Node* node);
     [[nodiscard]] Units units(const Attributes& attributes) const; ///< of an element in the innermost container
     [[nodiscard]] const Container& container() const;              ///< the innermost that is open
     [[nodiscard]] const Geom::Affine& around() const;

@@ -102,8 +102,9 @@ void Builder::startGroup(const Attributes& attributes) {
         return;
     }
     const bool isLayer = !open_.back().node && attributes.find(Name::GroupMode) == "layer";
+    Container inside = insideOf(attributes);
     Node& group = isLayer ? newLayer(attributes) : add(NodeType::Group, attributes);
-    openContainer(attributes, &group);
+    openContainer(std::move(inside), &group);
     keep(&group);
     noteTransform(attributes);
     clipPaths_.putOn(group, attributes, toPage_);

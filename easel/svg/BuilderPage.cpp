@@ -65,7 +65,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
     source_->transforms.push_back(toPage_);
     source_->containers.push_back({.style = initialStyle(), .units = Units(width, height), .inherited = {}});
-    openContainer(attributes, nullptr);
+    openContainer(insideOf(attributes), nullptr);
     Document::setOrigin(document_->root(), 1);
     if (attributes.has(Name::Data))
         document_->setExtras(document_->root(), {.dictionary = readExtras(attributes).dictionary});

@@ -35,7 +35,10 @@ void inherit(std::vector<std::pair<Name, std::string>>& inherited, const Attribu
     attributes.forEachProperty([&](Name name, std::string_view value) {
         if (value == "inherit") return;
         const bool isPaint = name == Name::Fill || name == Name::Stroke;
-        if (isPaint) inherit(inherited, name, value == "none" || color(value) ? "" : value);
+        try {
+            if (isPaint) inherit(inherited, name, value == "none" || color(value) ? "" : value);
+        } catch (const std::range_error&) { // as absent
+        }
         if (name == Name::Marker)
             for (const Name each : {Name::MarkerStart, Name::MarkerMid, Name::MarkerEnd})
                 inherit(inherited, each, value == "none" ? "" : value);

@@ -22,11 +22,11 @@ std::string familyIn(std::string_view list) {
     return std::string(isQuoted ? first.substr(1, first.size() - 2) : first);
 }
 
-/// The length that an attribute says; none where it says none, or one in units that are not known.
+/// The length that an attribute says; none where it says none, or one that cannot be used.
 std::optional<double> lengthOf(const Attributes& attributes, Name name, const Units& units, Along along) {
     try {
         return units.length(attributes.get(name), along);
-    } catch (const UnknownUnit&) {
+    } catch (const std::range_error&) {
         return std::nullopt;
     }
 }

@@ -57,7 +57,7 @@ void Units::setFontSize(std::string_view value, const Units& around) {
     try {
         const std::optional<double> size = byFont.length(value, Along::X);
         if (size && *size >= 0) fontSize_ = *size;
-    } catch (const UnknownUnit&) {
+    } catch (const std::range_error&) { // in units that are not known, or too large to be a number
         forgetFontSize();
     }
 }

@@ -8,6 +8,7 @@
 #include "support/Folder.h"
 #include "svg/Limits.h"
 #include "svg/Packing.h"
+#include "svg/Writer.h"
 
 namespace easel::svg {
 namespace {
@@ -225,6 +226,29 @@ TEST(Reader, WhatADocumentCannotHoldIsOpaque) {
         const Node& node = *document->currentLayer().firstChild();
         ASSERT_EQ(node.type(), NodeType::Opaque) << row.element;
         EXPECT_EQ(node.hull(), row.bounds) << row.element;
+    }
+}
+
+// What came behind such art was once lost, and saving never ended; a group that says it was there twice.
+TEST(Reader, NumbersOutOfRangeCostNothingElse) {
+    for (const std::string element :
+         {"<text x='1e999'>a</text>", "<text font-size='1e999'>a</text>", "<use x='1e999' href='#p'/>",
+          "<image width='1e999'/>", "<rect width='1' height='1' font-size='1e999'/>",
+          "<g font-size='1e999'><path/></g>", "<g inkscape:groupmode='layer' fill='rgb(1e999,0,0)'><path/></g>"}) {
+        const bool isLayer = element.find("groupmode") != element.npos;
+        for (const bool atRoot : {false, true}) {
+            if (atRoot && isLayer) continue;
+            const std::string bytes = atRoot ? "<svg font-size='1e999'>" + element + "<path id='p'/></svg>"
+                                             : kOpen + element + "<path id='p'/></svg>";
+            const auto document = read(bytes, "t.svg");
+            Node* const path = document->findByName("p");
+            ASSERT_NE(path, nullptr) << element;
+            EXPECT_EQ(document->layerCount(), isLayer ? 2U : 1U) << element;
+            EXPECT_EQ(path->parent()->childCount(), isLayer ? 1U : 2U) << element;
+            EXPECT_EQ(write(*document), bytes);
+            document->remove(*path);
+            EXPECT_EQ(write(*document).size(), bytes.size() - std::string("<path id='p'/>").size()) << element;
+        }
     }
 }
 
