@@ -322,7 +322,7 @@ std::optional<Drawn> drawn(const Document& document, const Node& art) {
     for (const auto& [prefix, uri] : kBindings)
         result.attributes.append(" ").append(prefix).append("=\"").append(uri).append("\"");
     try {
-        result.content = contentOf(drawing);
+        result.content = inAscii(contentOf(drawing));
     } catch (const UnsavableError&) {
         return std::nullopt;
     }

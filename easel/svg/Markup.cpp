@@ -122,14 +122,20 @@ void appendEscaped(std::string& out, std::string_view text) {
 
 void appendAsciiEscaped(std::string& out, std::string_view text) {
     std::string escaped;
-    appendEscaped(escaped, utf8::replace_invalid(text));
-    for (const char32_t c : utf8::utf8to32(escaped)) {
+    appendEscaped(escaped, text);
+    out += inAscii(escaped);
+}
+
+std::string inAscii(std::string_view markup) {
+    std::string out;
+    for (const char32_t c : utf8::utf8to32(utf8::replace_invalid(markup))) {
         if (c < 0x80) {
             out += static_cast<char>(c);
         } else {
             out += "&#" + std::to_string(static_cast<std::uint32_t>(c)) + ';';
         }
     }
+    return out;
 }
 
 std::string pathData(const std::vector<PathData>& subpaths) {

@@ -16,6 +16,8 @@ void appendNumber(std::string& out, double value);
 void appendEscaped(std::string& out, std::string_view text);
 /// Characters beyond ASCII become references, for files whose encoding may not have them.
 void appendAsciiEscaped(std::string& out, std::string_view text);
+/// Markup with such references, which is the same in the encodings of all files. Its names are ASCII.
+[[nodiscard]] std::string inAscii(std::string_view markup);
 
 [[nodiscard]] std::string pathData(const std::vector<model::PathData>& subpaths);
 /// Corner or smooth, a letter for each point; empty where the handles tell it.

@@ -25,7 +25,7 @@ constexpr std::size_t kSheetsBegunAgainFor = 8;
 bool isUtf8Name(std::string_view name) {
     std::string lower(name);
     for (char& c : lower) c = static_cast<char>(c | 0x20);
-    return lower == "utf-8" || lower == "us-ascii";
+    return lower == "utf-8";
 }
 
 Encoding encodingOf(std::string_view bytes) {
