@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "svg/Limits.h"
+#include "svg/Markup.h"
 #include "svg/Packing.h"
 #include "svg/Reach.h"
 #include "svg/RenderProcess.h"
@@ -29,13 +30,13 @@ constexpr std::size_t kMostTogether = 16; ///< children of one element
 class Labelled {
   public:
     Labelled(const Source& source, const std::vector<Unmeasured>& art) : source_(source) {
-        std::map<std::string_view, int> uses;
+        std::map<std::string, int> uses;
         for (const Unmeasured& each : art) ++uses[idOf(source.elements[each.element])];
         for (const Unmeasured& each : art) {
             const Element& element = source.elements[each.element];
-            const std::string_view own = idOf(element);
+            const std::string own = idOf(element);
             if (!own.empty() && uses[own] == 1) {
-                ids.emplace_back(own);
+                ids.push_back(own);
                 continue;
             }
             ids.push_back("easel-art-" + std::to_string(ids.size()));
@@ -59,17 +60,10 @@ class Labelled {
     };
 
     /// Empty where there is none, or none that is written as it is.
-    [[nodiscard]] std::string_view idOf(const Element& element) const {
+    [[nodiscard]] std::string idOf(const Element& element) const {
         if (element.reason == Reason::Entity) return {};
-        const std::string_view tag = source_.startTag(element);
-        for (std::size_t at = tag.find("id"); at != tag.npos; at = tag.find("id", at + 1)) {
-            const std::size_t equals = tag.find_first_not_of(kSpace, at + 2);
-            if (!isSpace(tag[at - 1]) || tag[equals] != '=') continue;
-            const std::size_t quote = tag.find_first_not_of(kSpace, equals + 1);
-            const std::string_view id = tag.substr(quote + 1, tag.find(tag[quote], quote + 1) - quote - 1);
-            return id.find('&') == id.npos ? id : std::string_view("&"); // which is never used once
-        }
-        return {};
+        std::string id(Tag(source_.startTag(element)).find("id").value_or(""));
+        return id.find('&') == id.npos ? id : "&"; // which is never used once
     }
 
     void addId(const Element& element) {

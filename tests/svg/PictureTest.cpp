@@ -279,7 +279,8 @@ TEST_F(Pictures, TellWhereArtLiesOfWhichThereIsMuch) {
     std::string text;
     for (int i = 0; i < 300; ++i) {
         const std::string place = "x='" + std::to_string(i % 20 * 10) + "' y='" + std::to_string(i / 20 * 10) + "'";
-        text += i % 3 == 0 ? "<s:use " + place + " href='#r'/>" : "<s:path id='p' d='M0 0'/>";
+        const std::string id = i == 30 ? "aria-label=\"an id = 'z' here\" id = 'u' " : "";
+        text += i % 3 == 0 ? "<s:use " + id + place + " href='#r'/>" : "<s:path id='p' d='M0 0'/>";
         if (i % 100 == 50) text += "<s:defs><s:rect id='r' width='5' height='4'/></s:defs>";
     }
     // Groups that the renderer is helped with are seen by no selector.
