@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "svg/Extras.h"
+#include "svg/FileError.h"
 #include "svg/Inheritance.h"
 #include "svg/Limits.h"
 #include "svg/Markup.h"
@@ -187,6 +188,8 @@ void Builder::endSkipped() {
 }
 
 std::unique_ptr<Document> Builder::finish() {
+    // A fault of ours: elements without an end cannot be written.
+    if (!open_.empty()) throw FileError(source_->fileName + ": the ends of some elements were not met");
     nameSymbols();
     document_->journal().end();
     clipPaths_.finish();
@@ -227,7 +230,8 @@ Node& Builder::newImplicitLayer() {
     std::string title(kLayerTitle);
     title += std::to_string(source_->implicitLayers.size() + 1);
     implicitLayer_ = &nextLayer(title);
-    source_->implicitLayers.emplace(implicitLayer_->id().slot, std::move(title));
+    const model::NodeId id = implicitLayer_->id();
+    source_->implicitLayers.emplace(id.slot, Source::ImplicitLayer{id, std::move(title)});
     return *implicitLayer_;
 }
 
@@ -260,7 +264,16 @@ void Builder::keep(Node* node) {
 /// Whether the latest element has a transform that comes to nothing.
 void Builder::noteTransform(const Attributes& attributes) { latest().voidTransform = attributes.hasVoidTransform(); }
 
-void Builder::openContainer(const Attributes& attributes, Node* node) {
+Container Builder::insideOf(const Attributes& attributes) const {
+    Container inner = source_->containers[open_.empty() ? 0 : open_.back().container];
+    inner.units = attributes.units(inner.units);
+    inner.style = styleOf(attributes, inner.style, inner.units);
+    inner.text = textLook(attributes, std::move(inner.text));
+    inherit(inner.inherited, attributes);
+    return inner;
+}
+
+void Builder::openContainer(Container inner, Node* node) {
     const std::uint32_t outer = open_.empty() ? 0 : open_.back().container;
     Element element;
     element.container = outer;
@@ -271,23 +284,18 @@ void Builder::openContainer(const Attributes& attributes, Node* node) {
             source_->transforms.push_back(toPage_);
         }
     }
-    Container inner = source_->containers[outer];
-    inner.units = attributes.units(inner.units);
-    inner.style = styleOf(attributes, inner.style, inner.units);
-    inner.text = textLook(attributes, std::move(inner.text));
-    inherit(inner.inherited, attributes);
     inner.toPage = element.toPage;
     inner.element = static_cast<std::uint32_t>(source_->elements.size());
     element.inner = static_cast<std::uint32_t>(open_.empty() ? 0 : source_->containers.size());
     inner.depth = static_cast<std::uint16_t>(depth_);
     const std::uint32_t index = element.inner;
     if (open_.empty()) {
-        source_->containers.front() = inner;
+        source_->containers.front() = std::move(inner);
     } else {
-        source_->containers.push_back(inner);
+        source_->containers.push_back(std::move(inner));
     }
     source_->elements.push_back(std::move(element));
-    open_.push_back({inner.element, index, node, depth_});
+    open_.push_back({source_->containers[index].element, index, node, depth_});
     if (!node) keep(nullptr);
 }
 

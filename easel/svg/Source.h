@@ -133,8 +133,12 @@ class Source : public KnownFiles {
     std::map<std::string, Tag::Defaults>
         defaults; ///< attributes that elements have by the file's own grammar, by tag name
 
-    /// Of art outside of all layers, by their nodes' slots: the names they were given. They have no elements.
-    std::map<std::uint32_t, std::string> implicitLayers;
+    /// A layer of art outside of all layers. It has no element.
+    struct ImplicitLayer {
+        model::NodeId id;
+        std::string title; ///< that it was given
+    };
+    std::map<std::uint32_t, ImplicitLayer> implicitLayers;                      ///< by their slots
     std::vector<std::string> inkscapePrefixes, sodipodiPrefixes, easelPrefixes; ///< bound anywhere in the file
     bool prefixesAtRoot = true; ///< no element but the root binds any of them
 

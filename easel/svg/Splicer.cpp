@@ -319,7 +319,7 @@ class Splicer {
             const auto [from, until] = lineOf(gone);
             out_.copy(level.cursor, std::max(from, level.cursor), level.elsewhere);
             level.cursor = std::max(until, level.cursor);
-            level.nextElement = gone.after;
+            level.nextElement = std::max<std::size_t>(gone.after, level.nextElement + 1);
         }
         out_.copy(level.cursor, to, level.elsewhere);
         level.cursor = to;
@@ -382,8 +382,9 @@ class Splicer {
     /// Whether this is a layer of art that is in none, as it was read.
     [[nodiscard]] bool isImplicit(const Node& layer) const {
         const auto known = source_.implicitLayers.find(layer.id().slot);
-        return known != source_.implicitLayers.end() && known->second == layer.name() && !layer.hidden() &&
-               !layer.locked() && !layer.content().extras;
+        return known != source_.implicitLayers.end() && known->second.id == layer.id() &&
+               known->second.title == layer.name() && !layer.hidden() && !layer.locked() &&
+               layer.extras() == model::Extras();
     }
 
     void collect(const Node& node, Level& level) const {

@@ -217,53 +217,50 @@ TEST(Specials, CopiesOfPicturesLieAsTheyDid) {
                                 &model::Affine::e, &model::Affine::f})
             EXPECT_NEAR(is.place.*part, was.place.*part, 1e-6) << attributes;
         EXPECT_EQ(is.fit, was.fit);
+    }
+}
 
-        TEST(Specials, NewDefinitionsHoldInEveryEncoding) {
-            for (const std::string encoding : {"UTF-8", "ISO-8859-1", "US-ASCII"}) {
-                const auto document =
-                    read("<?xml version='1.0' encoding='" + encoding + "'?><svg><text>&#228;</text></svg>", "t.svg");
-                EXPECT_EQ(define(*document, "symbol", first(*document)), "symbol-1");
-                const auto again = read(write(*document), "t.svg");
-                EXPECT_EQ(first(*readDefinition(*again, "symbol", "symbol-1")).text()->contents, "\xC3\xA4")
-                    << encoding;
-            }
-        }
+TEST(Specials, NewDefinitionsHoldInEveryEncoding) {
+    for (const std::string encoding : {"UTF-8", "ISO-8859-1", "US-ASCII"}) {
+        const auto document =
+            read("<?xml version='1.0' encoding='" + encoding + "'?><svg><text>&#228;</text></svg>", "t.svg");
+        EXPECT_EQ(define(*document, "symbol", first(*document)), "symbol-1");
+        const auto again = read(write(*document), "t.svg");
+        EXPECT_EQ(first(*readDefinition(*again, "symbol", "symbol-1")).text()->contents, "\xC3\xA4") << encoding;
+    }
+}
 
-        TEST(Specials, MasksOfGroupsAreWrittenIntoThem) {
-            const std::string before = drawing("<g transform='scale(2)'><path d='M1 1 9 9'/></g>");
-            const auto document = read(before, "t.svg");
-            Node& group = first(*document);
-            model::Extras extras;
-            extras.hasOtherClip = true;
-            const model::PathData square{{model::cornerAt({2, 2}), model::cornerAt({8, 2}), model::cornerAt({8, 8})},
-                                         true};
-            extras.clip = model::Shared(clipOnPage(group, {{{square}, true}}));
-            document->setExtras(group, extras);
-            EXPECT_EQ(write(*document),
-                      drawing("<g transform='scale(2)' clip-path=\"url(#clip-1)\"><clipPath id=\"clip-1\"><path "
-                              "d=\"M1 1 L4 1 L4 4 Z\" clip-rule=\"evenodd\"/></clipPath><path d='M1 1 9 9'/></g>"));
-            const auto again = read(write(*document), "t.svg");
-            EXPECT_EQ(maskOnPage(first(*again)).front().subpaths.front(), square);
-            document->offset(group, 10, 0);
-            EXPECT_EQ(maskOnPage(first(*read(write(*document), "t.svg"))).front().subpaths.front().points[0].anchor.x,
-                      12);
-            EXPECT_TRUE(document->journal().undo() && document->journal().undo());
-            EXPECT_EQ(write(*document), before);
-        }
+TEST(Specials, MasksOfGroupsAreWrittenIntoThem) {
+    const std::string before = drawing("<g transform='scale(2)'><path d='M1 1 9 9'/></g>");
+    const auto document = read(before, "t.svg");
+    Node& group = first(*document);
+    model::Extras extras;
+    extras.hasOtherClip = true;
+    const model::PathData square{{model::cornerAt({2, 2}), model::cornerAt({8, 2}), model::cornerAt({8, 8})}, true};
+    extras.clip = model::Shared(clipOnPage(group, {{{square}, true}}));
+    document->setExtras(group, extras);
+    EXPECT_EQ(write(*document),
+              drawing("<g transform='scale(2)' clip-path=\"url(#clip-1)\"><clipPath id=\"clip-1\"><path "
+                      "d=\"M1 1 L4 1 L4 4 Z\" clip-rule=\"evenodd\"/></clipPath><path d='M1 1 9 9'/></g>"));
+    const auto again = read(write(*document), "t.svg");
+    EXPECT_EQ(maskOnPage(first(*again)).front().subpaths.front(), square);
+    document->offset(group, 10, 0);
+    EXPECT_EQ(maskOnPage(first(*read(write(*document), "t.svg"))).front().subpaths.front().points[0].anchor.x, 12);
+    EXPECT_TRUE(document->journal().undo() && document->journal().undo());
+    EXPECT_EQ(write(*document), before);
+}
 
-        TEST(Pixels, AreToldFromTheFirstBytes) {
-            const std::string jpeg("\xff\xd8\xff\xe0\0\4ab\xff\xc2\0\x0b\x08\0\7\0\5\1\0\0",
-                                   20); // an unknown segment, a frame
-            const std::string gif("GIF89a\2\1\3\0", 10);
-            EXPECT_EQ(pixelSize(jpeg)->columns, 5U);
-            EXPECT_EQ(pixelSize(jpeg)->rows, 7U);
-            EXPECT_EQ(pixelSize(gif)->columns, 258U);
-            EXPECT_EQ(pixelSizeInside(*dataAddress(gif))->rows, 3U);
-            EXPECT_EQ(*dataAddress(gif), "data:image/gif;base64,R0lGODlhAgEDAA==");
-            for (const std::string& bytes :
-                 {std::string("\xff\xd8\xff"), jpeg.substr(0, 12), std::string("BM"), std::string()})
-                EXPECT_FALSE(pixelSize(bytes)) << bytes.size();
-        }
+TEST(Pixels, AreToldFromTheFirstBytes) {
+    const std::string jpeg("\xff\xd8\xff\xe0\0\4ab\xff\xc2\0\x0b\x08\0\7\0\5\1\0\0", 20); // an unknown segment, a frame
+    const std::string gif("GIF89a\2\1\3\0", 10);
+    EXPECT_EQ(pixelSize(jpeg)->columns, 5U);
+    EXPECT_EQ(pixelSize(jpeg)->rows, 7U);
+    EXPECT_EQ(pixelSize(gif)->columns, 258U);
+    EXPECT_EQ(pixelSizeInside(*dataAddress(gif))->rows, 3U);
+    EXPECT_EQ(*dataAddress(gif), "data:image/gif;base64,R0lGODlhAgEDAA==");
+    for (const std::string& bytes : {std::string("\xff\xd8\xff"), jpeg.substr(0, 12), std::string("BM"), std::string()})
+        EXPECT_FALSE(pixelSize(bytes)) << bytes.size();
+}
 
-    } // namespace
+} // namespace
 } // namespace easel::svg

@@ -296,6 +296,8 @@ TEST(Splice, ArtInNoLayerKeepsItsPlaceInPaintOrder) {
          "|Layer 3:ae|M:|Layer 2:d|L:c|Layer 1:b"},
         {"a layer moves to the top", [](Document& d) { d.place(*d.layerAt(4), Placement::Above, *d.layerAt(1)); },
          "|Layer 3:e|Layer 2:ba|M:|Layer 1:d|L:c"},
+        {"one is made faint", [](Document& d) { d.setExtras(*d.layerAt(2), {.opacity = 0.5}); },
+         "|Layer 2:e|M:|Layer 2:d|L:c|Layer 1:ba"},
         {"one is renamed", [](Document& d) { d.setName(*d.layerAt(2), "D"); }, "|Layer 2:e|M:|D:d|L:c|Layer 1:ba"},
     };
     for (const auto& row : rows) {
@@ -308,12 +310,30 @@ TEST(Splice, ArtInNoLayerKeepsItsPlaceInPaintOrder) {
     }
 }
 
+// A layer in the place of one that is forgotten was once taken for it where their titles are the same.
+TEST(Splice, LayersOfStrayArtAreNotTakenForNewOnes) {
+    const auto document = read("<svg><path id='a'/></svg>", "t.svg");
+    document->addLayer("Other");
+    document->journal().setHistoryLimit(0);
+    const model::NodeId gone = document->layerAt(1)->id();
+    document->remove(*document->layerAt(1));
+    document->setName(*document->layerAt(0), "x");
+    Node& layer = document->addLayer("Layer 1");
+    const bool isReused = layer.id().slot == gone.slot || document->addLayer("Layer 1").id().slot == gone.slot;
+    ASSERT_TRUE(isReused);
+    EXPECT_EQ(read(write(*document), "t.svg")->layerCount(), document->layerCount());
+}
+
 TEST(Splice, OtherEncodingsAreKept) {
     const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>\n<svg><!-- \xE9 --></svg>";
     auto document = read(latin, "t.svg");
     EXPECT_EQ(write(*document), latin);
     document->addLayer("\xC3\xA9\xF0\x9F\x98\x80"); // as UTF-8
     EXPECT_EQ(read(write(*document), "t.svg")->layerAt(0)->name(), "\xC3\xA9\xF0\x9F\x98\x80");
+
+    document = read("<?xml version='1.0' encoding='US-ASCII'?><svg/>", "t.svg");
+    document->addLayer("\xC3\xA9");
+    EXPECT_EQ(read(write(*document), "t.svg")->layerAt(0)->name(), "\xC3\xA9");
 
     std::string wide("\xFF\xFE", 2);
     for (const char c : std::string("<svg><g id='a'/></svg>\r\n")) wide.append({c, '\0'});
