@@ -81,6 +81,7 @@ void Builder::startElement(std::string_view name, Attributes attributes, TagByte
     if (element == "style") startSheet();
     clipPaths_.startElement(element, attributes, open_.empty() ? Units{} : container().units);
     startDefinition(element, attributes, tag);
+    noteUndrawn(element, tag);
     if (skipped_.open > 0) {
         text_.data.isRich = text_.data.isRich || isInText();
         ++skipped_.open;
@@ -120,6 +121,10 @@ void Builder::endElement(TagBytes tag) {
     if (!openDefinitions_.empty() && openDefinitions_.back().first == depth_) {
         source_->definitions[openDefinitions_.back().second].end = tag.end;
         openDefinitions_.pop_back();
+    }
+    if (depth_ == undrawnDepth_) {
+        source_->undrawn.back().end = tag.end;
+        undrawnDepth_ = 0;
     }
     if (depth_ == sheet_.depth) endSheet();
     if (!styled_.empty()) styled_.pop_back();

@@ -71,6 +71,7 @@ class Builder {
     void startSheet();
     void endSheet();
     void startDefinition(std::string_view element, const Attributes& attributes, TagBytes tag);
+    void noteUndrawn(std::string_view element, TagBytes tag);
     void addSpecial(std::string_view element, model::Node& node, const Attributes& attributes);
     void endText();
     void nameSymbols();
@@ -123,6 +124,7 @@ class Builder {
         bool preservesSpace = false;
     } text_;
     std::vector<std::pair<std::size_t, std::size_t>> openDefinitions_; // depths and indices
+    std::size_t undrawnDepth_ = 0;                                     // of the outermost that is open; 0: none is
     std::vector<std::pair<model::Node*, model::SymbolData>> uses_;     // of what has an id
     /// A style element that is open.
     struct Sheet {

@@ -21,6 +21,17 @@ void Builder::startDefinition(std::string_view element, const Attributes& attrib
         {std::string(attributes.get(Name::Id)), std::string(element), tag.begin, tag.end, tag.end});
 }
 
+void Builder::noteUndrawn(std::string_view element, TagBytes tag) {
+    static constexpr std::string_view kKinds[] = {"defs",           "style",   "symbol", "clipPath", "linearGradient",
+                                                  "radialGradient", "pattern", "mask",   "filter",   "marker"};
+    const bool isOne = std::find(std::begin(kKinds), std::end(kKinds), element) != std::end(kKinds);
+    if (!isOne || tag.inEntity || undrawnDepth_ > 0 || open_.empty()) return;
+    const bool isInLatest = skipped_.open > 0 && skipped_.isLatest;
+    const std::size_t around = isInLatest ? source_->elements.size() - 1 : open_.back().element;
+    source_->undrawn.push_back({static_cast<std::uint32_t>(around), tag.begin, tag.end});
+    undrawnDepth_ = depth_;
+}
+
 void Builder::nameSymbols() {
     std::set<std::string_view> symbols;
     for (const Definition& definition : source_->definitions)

@@ -11,6 +11,7 @@
 #include "svg/ElementParts.h"
 #include "svg/Extras.h"
 #include "svg/FileError.h"
+#include "svg/Inheritance.h"
 #include "svg/Names.h"
 #include "svg/Outlines.h"
 #include "svg/Reach.h"
@@ -234,7 +235,8 @@ std::string ElementText::copiedTag(const Node& node, const Element& element, con
 
 std::string ElementText::copiedElement(const Node& node, const Element& element, const Place& place) {
     if (element.wrapped) {
-        const std::string inside(std::string_view(source_.text).substr(element.begin, element.end - element.begin));
+        const std::string inside =
+            wrappedTag(node, element) + source_.text.substr(element.tagEnd, element.end - element.tagEnd);
         return wrapper(node, element, place) + '>' + withoutIds(inside) + "</" + place.prefix + "g>";
     }
     std::string text = copiedTag(node, element, place);
@@ -258,27 +260,9 @@ std::string ElementText::groupStyle(bool hidden) const {
     for (const std::string_view own :
          {"opacity:1", "clip-path:none", "mask:none", "filter:none", "mix-blend-mode:normal"})
         text.append(end).append(own);
-    for (const std::string_view name : {"fill",
-                                        "fill-rule",
-                                        "fill-opacity",
-                                        "stroke",
-                                        "stroke-width",
-                                        "stroke-miterlimit",
-                                        "stroke-linecap",
-                                        "stroke-linejoin",
-                                        "stroke-dasharray",
-                                        "stroke-dashoffset",
-                                        "stroke-opacity",
-                                        "marker-start",
-                                        "marker-mid",
-                                        "marker-end",
-                                        "paint-order",
-                                        "visibility",
-                                        "font-family",
-                                        "font-size",
-                                        "font-style",
-                                        "font-weight"})
-        text.append(end).append(name).append(":inherit");
+    for (const Inherited& each : kInherited)
+        if (each.name != "font" && each.name != "xml:space") // said by its parts, and no property
+            text.append(end).append(each.name).append(":inherit");
     return text.append(end.substr(0, end.size() - 1));
 }
 
@@ -522,6 +506,19 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Geom::Affine& 
     tag.remove(tag.find(source_.sodipodiPrefixes, "type"));
     tag.remove(tag.find(source_.inkscapePrefixes, "original-d"));
     tag.remove(tag.find(source_.inkscapePrefixes, "path-effect"));
+}
+
+std::string ElementText::wrappedTag(const Node& node, const Element& element) const {
+    const model::Content& was = wasOf(node);
+    const bool shows = was.hidden && !node.hidden();
+    const bool unlocks = was.locked && !node.locked();
+    if (!shows && !unlocks) return std::string(source_.startTag(element));
+    if (element.reason == Reason::Entity)
+        throw UnsavableError("what an entity hides or locks cannot be saved otherwise");
+    Tag tag = tagOf(source_.startTag(element));
+    if (shows) setProperty(tag, "display", "inline");
+    if (unlocks) setLocked(tag, false);
+    return tag.text();
 }
 
 std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) {

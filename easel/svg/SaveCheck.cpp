@@ -90,13 +90,22 @@ class Check {
         if (!index || fates_[*index] == Fate::Kept) return at;
         const Element& element = source_.elements[*index];
         if (fates_[*index] == Fate::Removed) {
+            if (isUndrawn(at)) return at;
             const std::size_t next = firstElementFrom(at + 1); // it may be kept elsewhere
-            return next < fates_.size() ? std::min(element.end, source_.elements[next].begin) : element.end;
+            const std::size_t end =
+                next < fates_.size() ? std::min(element.end, source_.elements[next].begin) : element.end;
+            const auto [undrawn, last] = source_.undrawnIn(at, end);
+            return undrawn == last ? end : undrawn->begin;
         }
         if (fates_[*index] == Fate::Rewritten) return element.end;
         if (at < element.tagEnd) return element.tagEnd;
         const bool inEndTag = old_.find('>', at) + 1 == element.end && old_.rfind('<', element.end - 1) <= at;
         return inEndTag && element.after == *index + 1 ? element.end : at;
+    }
+
+    [[nodiscard]] bool isUndrawn(std::size_t at) const {
+        const auto behind = source_.undrawnIn(0, at + 1).second;
+        return behind != source_.undrawn.begin() && (behind - 1)->end > at;
     }
 
     [[nodiscard]] std::string skeleton() const {

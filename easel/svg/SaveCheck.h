@@ -21,8 +21,9 @@ class DamageError : public UnsavableError {
 };
 
 /// Throws DamageError. `fates` has one entry an element. An element that was kept has all its bytes in the text, one
-/// that was changed all but its start tag and the name in its end tag; of one that was rewritten nothing is left;
-/// besides these nothing but white space may be missing, and nothing is there twice.
+/// that was changed all but its start tag and the name in its end tag; of one that was rewritten nothing is left, and
+/// of one that was removed what draws nothing itself; besides these nothing but white space may be missing, and nothing
+/// is there twice.
 void checkBeforeSaving(const SplicedText& text, const std::vector<Fate>& fates, const Source& source);
 
 } // namespace easel::svg

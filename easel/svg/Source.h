@@ -4,6 +4,7 @@
 
 #include <2geom/affine.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <deque>
 #include <functional>
@@ -11,6 +12,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/Document.h"
@@ -79,6 +81,13 @@ struct Definition {
     std::uint32_t end = 0;    ///< behind the end tag
 };
 
+/// The bytes of elements that draw nothing themselves, and that others may need: gradients, clips, style sheets, ...
+struct Undrawn {
+    std::uint32_t element = 0; ///< index of the innermost around it
+    std::uint32_t begin = 0;
+    std::uint32_t end = 0;
+};
+
 /// What an element passes on to those inside it.
 struct Container {
     model::Style style;        ///< inherited; lengths in the units of what is inside
@@ -123,6 +132,7 @@ class Source : public KnownFiles {
     std::deque<Geom::Affine> transforms;      ///< the first is the root's, for what is in it
     std::deque<model::OutlineList> compounds; ///< of compound paths, as they were read
     std::vector<Definition> definitions;      ///< in the order of the text
+    std::vector<Undrawn> undrawn;             ///< the same, without those in others
     std::size_t elementCount = 0;             ///< those that no node came from included
     StyleSheet rules;                         ///< of its style sheets, as far as they are understood
     bool hasStyleSheet = false;
@@ -146,6 +156,16 @@ class Source : public KnownFiles {
     std::function<void(const std::string& line)> warn; ///< about the drawing, also later; may be empty
 
     void measure(model::Document& document) const override;
+
+    /// What is undrawn in this part of the text, as the first and the one behind the last.
+    [[nodiscard]] std::pair<std::vector<Undrawn>::const_iterator, std::vector<Undrawn>::const_iterator>
+    undrawnIn(std::size_t begin, std::size_t end) const {
+        const auto from = [&](std::size_t at) {
+            return std::lower_bound(undrawn.begin(), undrawn.end(), at,
+                                    [](const Undrawn& each, std::size_t place) { return each.begin < place; });
+        };
+        return {from(begin), from(end)};
+    }
 
     [[nodiscard]] bool isWhatWasRead(std::string_view bytes) const override {
         return bytes == (raw.empty() ? text : raw);

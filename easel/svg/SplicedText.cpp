@@ -30,6 +30,7 @@ std::size_t SplicedText::behindReplaced(std::size_t at) const {
 
 void SplicedText::copy(std::size_t from, std::size_t to, bool elsewhere) {
     for (auto at = replaced_.lower_bound(from); at != replaced_.end() && at->second.to <= to; ++at) {
+        if (at->first < from) continue; // in one that is replaced as a whole
         copyPiece(from, at->first, elsewhere);
         add(at->second.text);
         from = at->second.to;

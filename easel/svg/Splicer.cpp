@@ -3,6 +3,7 @@
 #include "svg/Splicer.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -216,7 +217,11 @@ class Splicer {
         if (!elements_.isChanged(*item.node, element, place)) return out_.copy(element.begin, element.end, elsewhere);
         if (element.wrapped) {
             out_.add(elements_.wrapper(*item.node, element, place) + '>');
-            out_.copy(element.begin, element.end, elsewhere);
+            const std::string tag = elements_.wrappedTag(*item.node, element);
+            const bool isChanged = tag != source_.startTag(element);
+            if (isChanged) noteChange(element);
+            if (isChanged) out_.add(tag);
+            out_.copy(isChanged ? element.tagEnd : element.begin, element.end, elsewhere);
             return out_.add("</" + place.prefix + "g>");
         }
         const std::string tag = elements_.startTag(*item.node, element, place);
@@ -312,17 +317,36 @@ class Splicer {
 
     // The text between
 
-    /// Copies up to `to`, without the elements that are no longer there.
+    /// Copies up to `to`, without the elements that are no longer there, but with what others may need of these.
     void copyTo(Level& level, std::size_t to) {
         while (level.nextElement < level.element->after && source_.elements[level.nextElement].begin < to) {
             const Element& gone = source_.elements[level.nextElement];
-            const auto [from, until] = lineOf(gone);
+            const std::vector<Undrawn> left = leftBy(level.nextElement);
+            const auto [from, until] =
+                left.empty() ? lineOf(gone) : std::pair<std::size_t, std::size_t>(gone.begin, gone.end);
             out_.copy(level.cursor, std::max(from, level.cursor), level.elsewhere);
+            for (const Undrawn& each : left) {
+                if (&each != &left.front()) out_.add(level.layout.childBreak);
+                out_.copy(each.begin, each.end, true);
+            }
             level.cursor = std::max(until, level.cursor);
             level.nextElement = std::max<std::size_t>(gone.after, level.nextElement + 1);
         }
         out_.copy(level.cursor, to, level.elsewhere);
         level.cursor = to;
+    }
+
+    /// What stays of an element when it goes: what draws nothing itself, unless something around it goes elsewhere.
+    [[nodiscard]] std::vector<Undrawn> leftBy(std::size_t gone) const {
+        std::vector<Undrawn> left;
+        const auto [begin, end] = source_.undrawnIn(source_.elements[gone].begin, source_.elements[gone].end);
+        std::copy_if(begin, end, std::back_inserter(left), [&](const Undrawn& each) {
+            std::size_t around = each.element;
+            while (around != gone && fates_[around] == Fate::Removed)
+                around = source_.containers[source_.elements[around].container].element;
+            return fates_[around] == Fate::Removed;
+        });
+        return left;
     }
 
     /// Copies the rest, but keeps back the white space before the end tag.

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <iterator>
 
+#include "svg/Inheritance.h"
 #include "svg/Markup.h"
 #include "svg/Outlines.h"
 #include "svg/Values.h"
@@ -12,33 +13,6 @@
 namespace easel::svg {
 
 namespace {
-
-/// What is inherited, besides paint: with what the renderer begins, and whether outlines look otherwise by it.
-struct Inherited {
-    std::string_view name;
-    std::string_view initial;
-    bool ofOutlines = false;
-};
-constexpr Inherited kInherited[] = {{"font", ""},
-                                    {"font-family", "Times New Roman"},
-                                    {"font-size", "12px"},
-                                    {"font-style", "normal"},
-                                    {"font-variant", "normal"},
-                                    {"font-weight", "normal"},
-                                    {"font-stretch", "normal"},
-                                    {"letter-spacing", "normal"},
-                                    {"word-spacing", "normal"},
-                                    {"text-anchor", "start"},
-                                    {"text-rendering", "auto"},
-                                    {"direction", "ltr"},
-                                    {"writing-mode", "lr-tb"},
-                                    {"xml:space", "default"},
-                                    {"color", "black", true},
-                                    {"clip-rule", "nonzero", true},
-                                    {"shape-rendering", "auto", true},
-                                    {"image-rendering", "auto"},
-                                    {"color-interpolation", "sRGB", true},
-                                    {"color-interpolation-filters", "linearRGB", true}};
 
 /// The text of an attribute, as far as references have names that all documents know.
 std::string plain(std::string_view text) {
@@ -112,7 +86,8 @@ Surroundings::Inside Surroundings::insideOf(const Inside& around, const Containe
         Values values;
         const Tag attributes(tag);
         for (const Inherited& each : kInherited)
-            if (const auto value = attributes.find(each.name)) values[std::string(each.name)] = plain(*value);
+            if (const auto value = attributes.find(each.name); value && !each.isPaint)
+                values[std::string(each.name)] = plain(*value);
         values.erase("font"); // which is no attribute
         for (auto& [name, value] : declared(inside.path, tag, false)) values[name] = value;
         forEachDeclaration(plain(attributes.find("style").value_or("")),
@@ -123,7 +98,8 @@ Surroundings::Inside Surroundings::insideOf(const Inside& around, const Containe
     if (says.count("font") > 0)
         std::erase_if(inside.values, [](const auto& known) { return known.first.substr(0, 5) == "font-"; });
     for (const Inherited& each : kInherited)
-        if (const auto said = says.find(std::string(each.name)); said != says.end() && said->second != "inherit")
+        if (const auto said = says.find(std::string(each.name));
+            !each.isPaint && said != says.end() && said->second != "inherit")
             inside.values[said->first] = said->second;
     if (const auto size = inside.values.find("font-size"); size != inside.values.end())
         if (const double known = container.units.fontSize(); std::isfinite(known)) {
@@ -200,11 +176,12 @@ Surroundings::Needed Surroundings::needed(const Element& element, std::string_vi
     };
     const bool needsFont = !isOutlined || hasLengthsByFont(tag);
     for (const Inherited& each : kInherited)
-        if (each.ofOutlines || !isOutlined || (needsFont && each.name == "font-size"))
+        if (!each.isPaint && (each.ofOutlines || !isOutlined || (needsFont && each.name == "font-size")))
             consider(std::string(each.name), each.initial);
     for (const auto& [name, value] : before) {
-        const bool isKnown = std::any_of(std::begin(kInherited), std::end(kInherited),
-                                         [&, &name = name](const Inherited& each) { return each.name == name; });
+        const bool isKnown =
+            std::any_of(std::begin(kInherited), std::end(kInherited),
+                        [&, &name = name](const Inherited& each) { return each.name == name && !each.isPaint; });
         if (!isKnown) consider(name, "");
     }
     return needed;
