@@ -160,14 +160,14 @@ void Builder::endSheet() {
     source_->sheetHasServers = source_->sheetHasServers || isElsewhere || has("url(");
     source_->sheetInsists = source_->sheetInsists || isElsewhere || has("important");
     source_->sheetHasUnread = source_->sheetHasUnread || has("@");
-    fontsAreKnown_ = fontsAreKnown_ && !isElsewhere && (source_->rules.isUnderstood() || !has("font"));
+    source_->fontsAreKnown = source_->fontsAreKnown && !isElsewhere && (source_->rules.isUnderstood() || !has("font"));
     sheets_.push_back(std::move(sheet_.text));
     sheet_ = {};
 }
 
 void Builder::linkSheet() {
     source_->hasStyleSheet = source_->sheetHasServers = source_->sheetInsists = source_->sheetHasUnread = true;
-    fontsAreKnown_ = false;
+    source_->fontsAreKnown = false;
 }
 
 void Builder::addDefault(std::string_view tagName, std::string_view attribute, std::string_view value) {
@@ -178,7 +178,7 @@ void Builder::addDefault(std::string_view tagName, std::string_view attribute, s
 
 Units Builder::units(const Attributes& attributes) const {
     Units units = attributes.units(container().units);
-    if (!fontsAreKnown_) units.forgetFontSize();
+    if (!source_->fontsAreKnown) units.forgetFontSize();
     return units;
 }
 

@@ -133,7 +133,6 @@ class Builder {
     } sheet_;
     std::vector<std::string> sheets_;
     std::vector<Styled> styled_;      // the open elements, where there are rules
-    bool fontsAreKnown_ = true;       // no style sheet has to do with them
     std::uint32_t lastReference_ = 0; // where the latest art from an entity is referred to
     bool firstLayerTaken_ = false;
     model::Node* implicitLayer_ = nullptr; // takes the art at the root, until a layer begins

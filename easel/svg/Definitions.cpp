@@ -13,6 +13,8 @@
 #include "svg/Names.h"
 #include "svg/Reader.h"
 #include "svg/Source.h"
+#include "svg/SplicedText.h"
+#include "svg/Splicer.h"
 #include "svg/Values.h"
 #include "svg/Writer.h"
 
@@ -90,6 +92,14 @@ std::string drawingAround(const Document& document, std::string_view startTag, s
     return text.append(content) + "</" + name + '>';
 }
 
+/// Such a drawing, read.
+std::unique_ptr<Document> readIn(const Document& document, std::string_view startTag, std::string_view content,
+                                 std::string_view name) {
+    std::string text = drawingAround(document, startTag, content);
+    const Source* const source = sourceOf(document);
+    return source ? readPart(std::move(text), std::string(name), *source) : read(std::move(text), std::string(name));
+}
+
 /// What is inside of the root.
 std::string contentOf(Document& edited) {
     const std::string text = write(edited);
@@ -100,33 +110,64 @@ std::string contentOf(Document& edited) {
     return end == text.npos || end < begin ? std::string() : text.substr(begin, end - begin);
 }
 
-std::string_view contentIn(const Source& source, const Definition& definition) {
-    if (definition.tagEnd == definition.end) return {};
-    const std::size_t end = source.text.rfind('<', definition.end - 1);
-    return std::string_view(source.text).substr(definition.tagEnd, end - definition.tagEnd);
+bool isInside(const Definition& inner, const Definition& outer) {
+    return outer.tagEnd <= inner.begin && inner.end <= outer.end && inner.begin < outer.end;
+}
+
+/// The one around it that holds something else than it was read with, and by that all that is to know of it.
+const Made* madeAround(Document& document, const Definition& inner) {
+    for (const auto& made : document.root().extras().definitions)
+        if (const Definition* const outer = readAs(document, made->kind, made->name); outer && isInside(inner, *outer))
+            return &*made;
+    return nullptr;
+}
+
+/// A part of what was read, with what has been made of the definitions in it.
+std::string nowIn(Document& document, std::size_t begin, std::size_t end) {
+    const Source& source = *sourceOf(document);
+    SplicedText text(source.text);
+    for (const auto& made : document.root().extras().definitions)
+        if (const Definition* const known = readAs(document, made->kind, made->name))
+            replaceContent(text, source, *known, made->content);
+    text.copy(begin, end);
+    return text.joined();
 }
 
 std::string contentOf(Document& document, std::string_view kind, std::string_view name) {
     if (const Made* const made = madeAs(document, kind, name)) return made->content;
     const Definition* const known = readAs(document, kind, name);
-    return std::string(known ? contentIn(*sourceOf(document), *known) : "");
+    if (!known || known->tagEnd == known->end) return {};
+    if (const Made* const around = madeAround(document, *known)) {
+        const auto held = readDefinition(document, around->kind, around->name);
+        return held ? contentOf(*held, kind, name) : std::string();
+    }
+    return nowIn(document, known->tagEnd, sourceOf(document)->text.rfind('<', known->end - 1));
 }
 
 /// All of them, for one that refers to others.
 std::string definitionsIn(Document& document) {
     std::string text = "<defs xmlns=\"" + std::string(kSvgNamespace) + "\">";
     if (const Source* const source = sourceOf(document))
-        for (const Definition& known : source->definitions)
-            if (!madeAs(document, known.kind, known.id))
-                text.append(source->text, known.begin, known.end - known.begin);
+        for (std::size_t end = 0; const Definition& known : source->definitions) {
+            if (known.begin < end) continue; // in the one before
+            text += nowIn(document, known.begin, known.end);
+            end = known.end;
+        }
     for (const auto& made : document.root().extras().definitions)
-        text += '<' + made->kind + " id=\"" + made->name + '"' + made->attributes + '>' + made->content + "</" +
-                made->kind + '>';
+        if (!readAs(document, made->kind, made->name))
+            text += '<' + made->kind + " id=\"" + made->name + '"' + made->attributes + '>' + made->content + "</" +
+                    made->kind + '>';
     return text + "</defs>";
 }
 
+/// What it holds now tells also of those in it.
 void keep(Document& document, Made made) {
     model::Extras extras = document.root().extras();
+    if (const Definition* const outer = readAs(document, made.kind, made.name))
+        std::erase_if(extras.definitions, [&](const auto& each) {
+            const Definition* const inner = readAs(document, each->kind, each->name);
+            return inner && isInside(*inner, *outer);
+        });
     const auto known = std::find_if(extras.definitions.begin(), extras.definitions.end(),
                                     [&](const auto& is) { return is->kind == made.kind && is->name == made.name; });
     model::Shared kept(std::move(made));
@@ -181,7 +222,7 @@ class UsedSymbol {
         std::string content = contentOf(document, "symbol", name);
         if (content.find('#') != content.npos) content.insert(0, definitionsIn(document));
         try {
-            const auto drawing = read(drawingAround(document, tag_, content), name);
+            const auto drawing = readIn(document, tag_, content, name);
             drawing->measure();
             art_ = boundsOf(drawing->root(), {});
             box_ = {drawing->width(), drawing->height()};
@@ -287,7 +328,7 @@ std::unique_ptr<Document> readDefinition(Document& document, std::string_view ki
     const auto text = definitionText(document, kind, name);
     if (!text) return nullptr;
     try {
-        return read(drawingAround(document, text->startTag, text->content), std::string(name));
+        return readIn(document, text->startTag, text->content, name);
     } catch (const FileError&) { // it needs something that stands around it
         return nullptr;
     }
@@ -297,9 +338,17 @@ void redefine(Document& document, std::string_view kind, std::string_view name, 
     const Definition* const known = readAs(document, kind, name);
     const Made* const made = madeAs(document, kind, name);
     const std::string content = contentOf(edited);
-    if (made ? made->content == content : known && contentIn(*sourceOf(document), *known) == content) return;
+    if ((made || known) && contentOf(document, kind, name) == content) return;
     const model::Journal::Scope change(document.journal());
-    keep(document, {std::string(kind), std::string(name), made ? made->attributes : "", content});
+    if (const Made* const around = known && !made ? madeAround(document, *known) : nullptr) {
+        const Made holder = *around;
+        const auto held = readDefinition(document, holder.kind, holder.name);
+        if (!held) return;
+        redefine(*held, kind, name, edited);
+        redefine(document, holder.kind, holder.name, *held);
+    } else {
+        keep(document, {std::string(kind), std::string(name), made ? made->attributes : "", content});
+    }
     if (kind != "symbol") return;
     const UsedSymbol symbol(document, std::string(name));
     for (Node* node = &document.root(); node; node = nextWithin(document.root(), *node))
@@ -316,13 +365,17 @@ struct Drawn {
 
 /// A copy of the art, as it is written; none where that cannot be made.
 std::optional<Drawn> drawn(const Document& document, const Node& art) {
-    Document drawing(document.width(), document.height());
-    if (!copyInto(drawing, drawing.currentLayer(), art)) return std::nullopt;
+    // What style sheets say of such elements, the copy has to rule out.
+    const Source* const source = sourceOf(document);
+    const auto drawing = source && source->hasStyleSheet
+                             ? readIn(document, "<symbol>", "", "")
+                             : std::make_unique<Document>(document.width(), document.height());
+    if (!copyInto(*drawing, drawing->currentLayer(), art)) return std::nullopt;
     Drawn result;
     for (const auto& [prefix, uri] : kBindings)
         result.attributes.append(" ").append(prefix).append("=\"").append(uri).append("\"");
     try {
-        result.content = inAscii(contentOf(drawing));
+        result.content = inAscii(contentOf(*drawing));
     } catch (const UnsavableError&) {
         return std::nullopt;
     }

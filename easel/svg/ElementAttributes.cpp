@@ -77,8 +77,10 @@ void ElementText::setProperty(Tag& tag, std::string_view name, const std::string
         tag.set("style", std::move(changed));
     } else if (style || source_.hasStyleSheet || name == "display" || name == "mix-blend-mode" || name == "font") {
         std::string changed(style.value_or(""));
-        const std::size_t end = changed.find_last_not_of(kSpace);
-        if (end != std::string::npos && changed[end] != ';') changed += ';';
+        std::vector<std::size_t> offsets;
+        const std::string plain = unescaped(changed, &offsets); // a reference ends as a declaration does
+        const std::string_view text = trimmed(plain);
+        if (!text.empty() && text.back() != ';') changed += ';';
         tag.set("style", changed.append(name) + ':' + value + (source_.sheetInsists ? " !important" : ""));
     } else {
         tag.set(name, value);

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
+#include <vector>
 
 #include "svg/FileError.h"
 #include "svg/Markup.h"
@@ -61,17 +63,15 @@ Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
 
 std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view style, std::string_view name) {
     std::optional<std::pair<std::size_t, std::size_t>> last;
-    for (std::size_t at = 0; at < style.size();) {
-        const std::size_t end = std::min(style.find(';', at), style.size());
-        const std::size_t start = std::min(style.find_first_not_of(kSpace, at), end);
-        std::size_t colon = start + name.size();
-        if (style.substr(start, end - start).substr(0, name.size()) == name) {
-            while (colon < end && kSpace.find(style[colon]) != std::string_view::npos) ++colon;
-            if (colon < end && style[colon] == ':') last = {colon + 1, end};
-        }
-        at = end + 1;
-    }
-    if (last && style.substr(last->first, last->second - last->first).find('&') != std::string_view::npos) return {};
+    std::vector<std::size_t> offsets;
+    const std::string plain = unescaped(style, &offsets);
+    bool insists = false;
+    forEachDeclaration(plain, [&](std::string_view declared, std::string_view value, bool important) {
+        if (declared != name || (insists && !important)) return;
+        insists = important;
+        const auto begin = static_cast<std::size_t>(value.data() - plain.data());
+        last = {offsets[begin], offsets[begin + value.size()]};
+    });
     return last;
 }
 

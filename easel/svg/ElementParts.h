@@ -30,7 +30,7 @@ void requireUsable(const model::Style& style);
 /// From where opaque art was to where it is, on the page.
 [[nodiscard]] Geom::Affine placedOf(const model::Node& node);
 
-/// Where the value of a declaration stands in a style attribute, as far as it can be told without resolving references.
+/// Where the value of the declaration that counts stands in a style attribute, as this is written.
 [[nodiscard]] std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view style,
                                                                              std::string_view name);
 

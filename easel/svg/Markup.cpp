@@ -21,6 +21,23 @@ using model::PathPoint;
 using model::Point;
 using model::Style;
 
+/// None for one that is declared in a document, and for anything else.
+std::optional<std::string> textOfReference(std::string_view reference) {
+    static constexpr std::pair<std::string_view, char> kNames[] = {
+        {"&quot;", '"'}, {"&apos;", '\''}, {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}};
+    for (const auto& [name, c] : kNames)
+        if (reference == name) return std::string(1, c);
+    if (!reference.starts_with("&#")) return std::nullopt;
+    const bool isHex = reference.starts_with("&#x");
+    const std::string_view digits = reference.substr(isHex ? 3 : 2);
+    std::uint32_t code = 0;
+    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, isHex ? 16 : 10);
+    if (error != std::errc{} || *end != ';') return std::nullopt;
+    std::string text;
+    utf8::append(static_cast<char32_t>(code), text);
+    return text;
+}
+
 void append(std::string& out, Point point) {
     appendNumber(out, point.x);
     out += ' ';
@@ -136,6 +153,20 @@ std::string inAscii(std::string_view markup) {
         }
     }
     return out;
+}
+
+std::string unescaped(std::string_view text, std::vector<std::size_t>* offsets) {
+    std::string result;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t end = text[at] == '&' ? text.find(';', at) : text.npos;
+        const std::string_view reference = end == text.npos ? text.substr(at, 1) : text.substr(at, end + 1 - at);
+        const std::optional<std::string> resolved = textOfReference(reference);
+        result += resolved ? *resolved : std::string(offsets ? reference.substr(0, 1) : reference);
+        if (offsets) offsets->resize(result.size(), at);
+        at += reference.size();
+    }
+    if (offsets) offsets->push_back(text.size());
+    return result;
 }
 
 std::string pathData(const std::vector<PathData>& subpaths) {

@@ -1,6 +1,7 @@
 // Values as SVG writes them, numbers as short as they can be without changing; and start tags, changed in place.
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <optional>
 #include <string>
@@ -18,6 +19,11 @@ void appendEscaped(std::string& out, std::string_view text);
 void appendAsciiEscaped(std::string& out, std::string_view text);
 /// Markup with such references, which is the same in the encodings of all files. Its names are ASCII.
 [[nodiscard]] std::string inAscii(std::string_view markup);
+
+/// The text of an attribute as it is written, with its references resolved but for those to what a document declares.
+/// `offsets` takes where each byte of it comes from, and where the end does: a reference that is not resolved is one
+/// ampersand then.
+[[nodiscard]] std::string unescaped(std::string_view text, std::vector<std::size_t>* offsets = nullptr);
 
 [[nodiscard]] std::string pathData(const std::vector<model::PathData>& subpaths);
 /// Corner or smooth, a letter for each point; empty where the handles tell it.

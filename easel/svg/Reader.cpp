@@ -38,12 +38,14 @@ Encoding encodingOf(std::string_view bytes) {
 /// One run of expat over the text.
 class Reading {
   public:
-    Reading(std::shared_ptr<Source> source, const std::vector<std::string>& sheets)
+    /// `isPart`: the style sheets are known.
+    Reading(std::shared_ptr<Source> source, const std::vector<std::string>& sheets, bool isPart)
         : source_(std::move(source)),
           parser_(XML_ParserCreateNS(source_->encoding == Encoding::Utf8 ? nullptr : "UTF-8", kNamespaceEnd)),
           builder_(
               source_, [this](const std::string& what) { warnings_.push_back(currentPlace() + what); }, sheets),
-          sheetCount_(sheets.size()) {
+          sheetCount_(sheets.size()),
+          isPart_(isPart) {
         if (!parser_) throw std::bad_alloc();
         XML_SetUserData(parser_.get(), this);
         XML_SetElementHandler(parser_.get(), start, end);
@@ -141,7 +143,7 @@ class Reading {
     }
 
     [[nodiscard]] bool readsText() const { return builder_.isInSheet() || builder_.isInText(); }
-    [[nodiscard]] bool hasNewSheets() const { return sheets().size() > sheetCount_; }
+    [[nodiscard]] bool hasNewSheets() const { return !isPart_ && sheets().size() > sheetCount_; }
     /// Most sheets come first: then nothing is lost by beginning again at once.
     [[nodiscard]] bool isUseless() const {
         return hasNewSheets() && sheetCount_ < kSheetsBegunAgainFor && !builder_.hasRead() && !error_;
@@ -167,6 +169,7 @@ class Reading {
     std::unique_ptr<XML_ParserStruct, FreeParser> parser_;
     Builder builder_;
     std::size_t sheetCount_;
+    bool isPart_;
     std::vector<std::string> warnings_;
     std::exception_ptr error_;
     std::string place_;
@@ -184,18 +187,8 @@ std::shared_ptr<Source> unread(Source& source) {
     return again;
 }
 
-} // namespace
-
-std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn, const Progress& progress) {
-    FileStamp stamp;
-    std::string bytes = readFile(path, &stamp);
-    auto document = read(std::move(bytes), path, warn, progress);
-    dynamic_cast<const KnownFiles&>(*document->origin).noteRead(path, stamp);
-    return document;
-}
-
-std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn,
-                                      const Progress& progress) {
+std::unique_ptr<model::Document> readFrom(std::string bytes, const std::string& fileName, const Source* whole,
+                                          const Warn& warn, const Progress& progress) {
     auto source = std::make_shared<Source>();
     source->fileName = fileName;
     source->warn = warn;
@@ -217,9 +210,10 @@ std::unique_ptr<model::Document> read(std::string bytes, const std::string& file
     } catch (const std::runtime_error& error) {
         throw FileError(fileName + ": " + error.what());
     }
+    if (whole) source->takeSheets(*whole);
     std::vector<std::string> sheets;
     for (;;) {
-        Reading reading(source, sheets);
+        Reading reading(source, sheets, whole != nullptr);
         const auto tell = [&] {
             for (const std::string& line : reading.warnings())
                 if (warn) warn(line);
@@ -235,6 +229,25 @@ std::unique_ptr<model::Document> read(std::string bytes, const std::string& file
         sheets = reading.sheets();
         source = unread(*source);
     }
+}
+
+} // namespace
+
+std::unique_ptr<model::Document> open(const std::string& path, const Warn& warn, const Progress& progress) {
+    FileStamp stamp;
+    std::string bytes = readFile(path, &stamp);
+    auto document = read(std::move(bytes), path, warn, progress);
+    dynamic_cast<const KnownFiles&>(*document->origin).noteRead(path, stamp);
+    return document;
+}
+
+std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName, const Warn& warn,
+                                      const Progress& progress) {
+    return readFrom(std::move(bytes), fileName, nullptr, warn, progress);
+}
+
+std::unique_ptr<model::Document> readPart(std::string bytes, const std::string& fileName, const Source& whole) {
+    return readFrom(std::move(bytes), fileName, &whole, {}, {});
 }
 
 } // namespace easel::svg

@@ -12,6 +12,8 @@
 
 namespace easel::svg {
 
+class Source;
+
 /// Takes one line, `FILE:LINE:COLUMN: what was not read`, while reading goes on.
 using Warn = std::function<void(const std::string& line)>;
 /// Told now and then which share of the file has been read. What it throws ends the reading.
@@ -24,5 +26,9 @@ using Progress = std::function<void(double share)>;
 /// Reads a whole file; `fileName` is what errors and warnings call it. Throws FileError.
 [[nodiscard]] std::unique_ptr<model::Document> read(std::string bytes, const std::string& fileName,
                                                     const Warn& warn = {}, const Progress& progress = {});
+
+/// The same for something in a drawing that was read, where the style sheets of the whole hold as well.
+[[nodiscard]] std::unique_ptr<model::Document> readPart(std::string bytes, const std::string& fileName,
+                                                        const Source& whole);
 
 } // namespace easel::svg

@@ -140,6 +140,7 @@ class Source : public KnownFiles {
     bool sheetInsists = false;    ///< with "!important"
     bool sheetHasUnread = false;  ///< at-rules, or what stands in another file
     bool sheetNamesGroups = false;
+    bool fontsAreKnown = true; ///< no style sheet has to do with them
     std::map<std::string, Tag::Defaults>
         defaults; ///< attributes that elements have by the file's own grammar, by tag name
 
@@ -165,6 +166,16 @@ class Source : public KnownFiles {
                                     [](const Undrawn& each, std::size_t place) { return each.begin < place; });
         };
         return {from(begin), from(end)};
+    }
+
+    /// For a part of another drawing, whose style sheets hold in it.
+    void takeSheets(const Source& whole) {
+        rules = whole.rules;
+        hasStyleSheet = whole.hasStyleSheet;
+        sheetHasServers = whole.sheetHasServers;
+        sheetInsists = whole.sheetInsists;
+        sheetHasUnread = whole.sheetHasUnread;
+        fontsAreKnown = whole.fontsAreKnown;
     }
 
     [[nodiscard]] bool isWhatWasRead(std::string_view bytes) const override {

@@ -127,14 +127,7 @@ class Splicer {
     void replaceDefinitions() {
         for (const auto& made : document_.root().extras().definitions) {
             const Definition* const was = known(*made);
-            if (!was) continue;
-            if (was->tagEnd < was->end) {
-                out_.replace(was->tagEnd, text_.rfind('<', was->end - 1), made->content);
-                continue;
-            }
-            Tag tag(std::string_view(text_).substr(was->begin, was->end - was->begin));
-            tag.openUp();
-            out_.replace(was->begin, was->end, tag.text() + made->content + "</" + std::string(tag.name()) + '>');
+            if (was) replaceContent(out_, source_, *was, made->content);
         }
     }
 
@@ -440,6 +433,14 @@ class Splicer {
 };
 
 } // namespace
+
+void replaceContent(SplicedText& text, const Source& source, const Definition& definition, std::string content) {
+    if (definition.tagEnd < definition.end)
+        return text.replace(definition.tagEnd, source.text.rfind('<', definition.end - 1), std::move(content));
+    Tag tag(std::string_view(source.text).substr(definition.begin, definition.end - definition.begin));
+    tag.openUp();
+    text.replace(definition.begin, definition.end, tag.text() + content + "</" + std::string(tag.name()) + '>');
+}
 
 SplicedText spliced(Document& document, const Source& source) { return Splicer(document, source).run(); }
 

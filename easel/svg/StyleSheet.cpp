@@ -14,45 +14,6 @@ namespace {
 constexpr int kClassWeight = 1 << 10; // of one class against as many types as anybody writes
 constexpr int kIdWeight = 1 << 20;
 
-/// The text with a space for each comment.
-std::string withoutComments(std::string_view text) {
-    std::string plain;
-    char quote = '\0';
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (!quote && text.substr(at, 2) == "/*") {
-            const std::size_t end = text.find("*/", at + 2);
-            if (end == std::string_view::npos) break;
-            plain += ' ';
-            at = end + 1;
-            continue;
-        }
-        if (quote ? text[at] == quote : text[at] == '"' || text[at] == '\'') quote = quote ? '\0' : text[at];
-        plain += text[at];
-    }
-    return plain;
-}
-
-/// The first of `what` outside of quotes and brackets, or the end.
-std::size_t findPlain(std::string_view text, std::string_view what, std::size_t from = 0) {
-    std::string closers;
-    for (std::size_t at = from; at < text.size(); ++at) {
-        const char c = text[at];
-        const bool inQuotes = !closers.empty() && (closers.back() == '"' || closers.back() == '\'');
-        if (!closers.empty() && c == closers.back()) {
-            closers.pop_back();
-        } else if (inQuotes) {
-            continue;
-        } else if (closers.empty() && what.find(c) != std::string_view::npos) {
-            return at;
-        } else if (c == '"' || c == '\'') {
-            closers += c;
-        } else if (c == '(' || c == '[' || c == '{') {
-            closers += c == '(' ? ')' : c == '[' ? ']' : '}';
-        }
-    }
-    return text.size();
-}
-
 bool inName(char c) {
     return c == '-' || c == '_' || isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
            static_cast<unsigned char>(c) >= 0x80;
@@ -68,15 +29,9 @@ std::string_view takeName(std::string_view& text) {
 
 std::vector<StyleSheet::Declaration> declarationsIn(std::string_view block) {
     std::vector<StyleSheet::Declaration> declarations;
-    while (!block.empty()) {
-        const std::size_t end = findPlain(block, ";");
-        const std::string_view declaration = block.substr(0, end);
-        block.remove_prefix(std::min(end + 1, block.size()));
-        forEachDeclaration(declaration, [&](std::string_view name, std::string_view value, bool important) {
-            if (!name.empty() && !value.empty())
-                declarations.push_back({std::string(name), std::string(value), important});
-        });
-    }
+    forEachDeclaration(block, [&](std::string_view name, std::string_view value, bool important) {
+        if (!name.empty() && !value.empty()) declarations.push_back({std::string(name), std::string(value), important});
+    });
     return declarations;
 }
 

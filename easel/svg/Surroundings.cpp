@@ -14,37 +14,6 @@ namespace easel::svg {
 
 namespace {
 
-/// The text of an attribute, as far as references have names that all documents know.
-std::string plain(std::string_view text) {
-    static constexpr std::pair<std::string_view, char> kNames[] = {
-        {"&quot;", '"'}, {"&apos;", '\''}, {"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}};
-    std::string result;
-    while (!text.empty()) {
-        const auto* const known = std::find_if(std::begin(kNames), std::end(kNames), [&](const auto& each) {
-            return text.substr(0, each.first.size()) == each.first;
-        });
-        const bool isReference = known != std::end(kNames);
-        result += isReference ? known->second : text.front();
-        text.remove_prefix(isReference ? known->first.size() : 1);
-    }
-    return result;
-}
-
-/// Calls `use(name, value)` for what a style attribute declares.
-template <class Use> void forEachDeclaration(const std::string& style, Use use) {
-    char quote = 0;
-    std::size_t begin = 0;
-    for (std::size_t at = 0; at <= style.size(); ++at) {
-        const char c = at < style.size() ? style[at] : ';';
-        if (quote ? c == quote : c == '"' || c == '\'') quote = quote ? '\0' : c;
-        if (at < style.size() && (c != ';' || quote)) continue;
-        const std::string_view all = std::string_view(style).substr(begin, at - begin);
-        begin = at + 1;
-        const std::size_t colon = all.find(':');
-        if (colon != all.npos) use(trimmed(all.substr(0, colon)), trimmed(all.substr(colon + 1)));
-    }
-}
-
 bool hasLengthsByFont(std::string_view tag) {
     for (std::size_t at = 1; at + 1 < tag.size(); ++at) {
         const std::string_view unit = tag.substr(at, 2);
@@ -55,8 +24,8 @@ bool hasLengthsByFont(std::string_view tag) {
 
 Styled styled(std::string_view startTag) {
     const Tag tag(startTag);
-    return {std::string(localName(tag.name())), plain(tag.find("id").value_or("")),
-            classesIn(plain(tag.find("class").value_or("")))};
+    return {std::string(localName(tag.name())), unescaped(tag.find("id").value_or("")),
+            classesIn(unescaped(tag.find("class").value_or("")))};
 }
 
 } // namespace
@@ -87,11 +56,11 @@ Surroundings::Inside Surroundings::insideOf(const Inside& around, const Containe
         const Tag attributes(tag);
         for (const Inherited& each : kInherited)
             if (const auto value = attributes.find(each.name); value && !each.isPaint)
-                values[std::string(each.name)] = plain(*value);
+                values[std::string(each.name)] = unescaped(*value);
         values.erase("font"); // which is no attribute
         for (auto& [name, value] : declared(inside.path, tag, false)) values[name] = value;
-        forEachDeclaration(plain(attributes.find("style").value_or("")),
-                           [&](auto name, auto value) { values[std::string(name)] = value; });
+        forEachDeclaration(unescaped(attributes.find("style").value_or("")),
+                           [&](auto name, auto value, bool) { values[std::string(name)] = value; });
         for (auto& [name, value] : declared(inside.path, tag, true)) values[name] = value;
         return values;
     }();
@@ -154,11 +123,11 @@ Surroundings::Needed Surroundings::needed(const Element& element, std::string_vi
     Needed needed{{}, declaredIn(to, tag)};
     const Tag attributes(tag);
     Values own; // which win, unless a sheet insists
-    forEachDeclaration(plain(attributes.find("style").value_or("")),
-                       [&](auto name, auto value) { own[std::string(name)] = value; });
+    forEachDeclaration(unescaped(attributes.find("style").value_or("")),
+                       [&](auto name, auto value, bool) { own[std::string(name)] = value; });
     const auto valueOf = [&](const std::string& name, const Values& declared, const Inside& around) {
         if (const auto said = declared.find(name); said != declared.end()) return said->second;
-        if (const auto said = attributes.find(name)) return plain(*said);
+        if (const auto said = attributes.find(name)) return unescaped(*said);
         const auto inherited = around.values.find(name);
         return inherited == around.values.end() ? std::string() : inherited->second;
     };

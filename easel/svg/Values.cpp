@@ -193,6 +193,59 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
+// Style
+
+std::string withoutComments(std::string_view text) {
+    std::string plain;
+    char quote = '\0';
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (!quote && text.substr(at, 2) == "/*") {
+            const std::size_t end = text.find("*/", at + 2);
+            if (end == std::string_view::npos) break;
+            plain += ' ';
+            at = end + 1;
+            continue;
+        }
+        if (quote ? text[at] == quote : text[at] == '"' || text[at] == '\'') quote = quote ? '\0' : text[at];
+        plain += text[at];
+    }
+    return plain;
+}
+
+std::size_t findPlain(std::string_view text, std::string_view what, std::size_t from) {
+    std::string closers;
+    for (std::size_t at = from; at < text.size(); ++at) {
+        const char c = text[at];
+        const bool inQuotes = !closers.empty() && (closers.back() == '"' || closers.back() == '\'');
+        if (!closers.empty() && c == closers.back()) {
+            closers.pop_back();
+        } else if (inQuotes) {
+            continue;
+        } else if (c == '/' && text.substr(at, 2) == "/*") {
+            at = std::min(text.find("*/", at + 2), text.size() - 2) + 1;
+        } else if (closers.empty() && what.find(c) != std::string_view::npos) {
+            return at;
+        } else if (c == '"' || c == '\'') {
+            closers += c;
+        } else if (c == '(' || c == '[' || c == '{') {
+            closers += c == '(' ? ')' : c == '[' ? ']' : '}';
+        }
+    }
+    return text.size();
+}
+
+std::string_view trimmedStyle(std::string_view text) {
+    for (;;) {
+        text = trimmed(text);
+        const bool begins = text.starts_with("/*");
+        if (!begins && !text.ends_with("*/")) return text;
+        const std::size_t end = begins ? std::min(text.find("*/", 2), text.size() - 2) + 2 : text.size();
+        const std::size_t begin = begins ? 0 : text.rfind("/*");
+        if (begin == text.npos) return text;
+        text = begins ? text.substr(end) : text.substr(0, begin);
+    }
+}
+
 std::vector<double> numbers(std::string_view text) {
     std::vector<double> values;
     Scanner scanner(text);

@@ -4,8 +4,10 @@
 
 #include <2geom/affine.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -69,17 +71,26 @@ class Scanner {
 /// Applies one property of paint, given as presentation attribute or in a style; lengths stay in user units.
 void applyProperty(model::Style& style, Name name, std::string_view value, const Units& units);
 
-/// Calls `use(name, value, important)` for each declaration of a style attribute.
+/// The text with a space for each comment of a style sheet.
+[[nodiscard]] std::string withoutComments(std::string_view text);
+/// The first of `what` outside of quotes, brackets and comments, or the end.
+[[nodiscard]] std::size_t findPlain(std::string_view text, std::string_view what, std::size_t from = 0);
+/// Without space and comments at either end.
+[[nodiscard]] std::string_view trimmedStyle(std::string_view text);
+
+/// Calls `use(name, value, important)` for each declaration of a style attribute or a rule; both are parts of `text`.
 template <class Use> void forEachDeclaration(std::string_view text, Use use) {
     while (!text.empty()) {
-        const std::string_view declaration = text.substr(0, text.find(';'));
-        text.remove_prefix(declaration.size() == text.size() ? text.size() : declaration.size() + 1);
-        const std::size_t colon = declaration.find(':');
-        if (colon == std::string_view::npos) continue;
+        const std::size_t end = findPlain(text, ";");
+        const std::string_view declaration = trimmedStyle(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        const std::size_t colon = findPlain(declaration, ":");
+        if (colon == declaration.size()) continue;
         const std::string_view value = declaration.substr(colon + 1);
-        const std::size_t mark = value.find('!');
-        const bool important = mark != value.npos && trimmed(value.substr(mark + 1)) == "important";
-        use(trimmed(declaration.substr(0, colon)), trimmed(value.substr(0, important ? mark : value.npos)), important);
+        const std::size_t mark = value.rfind('!');
+        const bool important = mark != value.npos && trimmedStyle(value.substr(mark + 1)) == "important";
+        use(trimmedStyle(declaration.substr(0, colon)), trimmedStyle(value.substr(0, important ? mark : value.npos)),
+            important);
     }
 }
 
