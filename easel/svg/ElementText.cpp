@@ -508,14 +508,17 @@ void ElementText::changeOutline(Tag& tag, const Node& node, const Geom::Affine& 
     tag.remove(tag.find(source_.inkscapePrefixes, "path-effect"));
 }
 
-std::string ElementText::wrappedTag(const Node& node, const Element& element) const {
+std::string ElementText::wrappedTag(const Node& node, const Element& element) {
     const model::Content& was = wasOf(node);
     const bool shows = was.hidden && !node.hidden();
     const bool unlocks = was.locked && !node.locked();
-    if (!shows && !unlocks) return std::string(source_.startTag(element));
-    if (element.reason == Reason::Entity)
-        throw UnsavableError("what an entity hides or locks cannot be saved otherwise");
+    const bool inEntity = element.reason == Reason::Entity;
+    if ((shows || unlocks) && inEntity)
+        throw UnsavableError("what is hidden or locked in an entity cannot be saved otherwise");
+    const bool isRenamed = node.content().name != was.name && !inEntity && !node.copied();
+    if (!shows && !unlocks && !isRenamed) return std::string(source_.startTag(element));
     Tag tag = tagOf(source_.startTag(element));
+    if (isRenamed) setName(tag, node);
     if (shows) setProperty(tag, "display", "inline");
     if (unlocks) setLocked(tag, false);
     return tag.text();
@@ -528,6 +531,8 @@ std::string ElementText::wrapper(const Node& node, const Element& element, const
     if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
     const model::Content& was = wasOf(node);
     const bool hides = node.hidden() && !was.hidden;
+    const bool takesNoName = element.reason == Reason::Entity || node.copied();
+    if (node.content().name != was.name && !node.name().empty() && takesNoName) setName(tag, node);
     if (mayBeStyled(tag))
         tag.set("style", groupStyle(hides));
     else if (hides)

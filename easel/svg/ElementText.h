@@ -58,9 +58,9 @@ class ElementText {
     [[nodiscard]] model::Affine placedInside(const model::Node& made, const Place& place) const; ///< of one made here
     /// The start tag of a group around an element that takes no attributes itself, without its end.
     [[nodiscard]] std::string wrapper(const model::Node& node, const Element& element, const Place& place);
-    /// The start tag of such an element. What it says itself no group around it can take back: that it is not shown, or
-    /// locked. Throws UnsavableError where that is said in an entity.
-    [[nodiscard]] std::string wrappedTag(const model::Node& node, const Element& element) const;
+    /// The start tag of such an element. No group around it can take back that it is not shown, or locked. Throws
+    /// UnsavableError where that is said in an entity.
+    [[nodiscard]] std::string wrappedTag(const model::Node& node, const Element& element);
 
   private:
     /// What it was like when it was read, or when what it copies was.

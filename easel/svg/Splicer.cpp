@@ -209,13 +209,16 @@ class Splicer {
         const bool elsewhere = open_.back().elsewhere || !item.inPlace;
         if (!elements_.isChanged(*item.node, element, place)) return out_.copy(element.begin, element.end, elsewhere);
         if (element.wrapped) {
-            out_.add(elements_.wrapper(*item.node, element, place) + '>');
+            const std::string group = elements_.wrapper(*item.node, element, place);
+            const bool isNeeded = group.find(' ') != group.npos;
+            if (isNeeded) out_.add(group + '>');
             const std::string tag = elements_.wrappedTag(*item.node, element);
             const bool isChanged = tag != source_.startTag(element);
             if (isChanged) noteChange(element);
             if (isChanged) out_.add(tag);
             out_.copy(isChanged ? element.tagEnd : element.begin, element.end, elsewhere);
-            return out_.add("</" + place.prefix + "g>");
+            if (isNeeded) out_.add("</" + place.prefix + "g>");
+            return;
         }
         const std::string tag = elements_.startTag(*item.node, element, place);
         if (elements_.isRefilled(*item.node)) {

@@ -93,15 +93,14 @@ std::string Surroundings::says(const Element& element, std::string_view name) {
     std::vector<Styled> path = inside(element.container).path;
     path.emplace_back();
     const Tag tag(text);
-    std::string value = plain(tag.find(name).value_or(""));
+    std::string value = unescaped(tag.find(name).value_or(""));
     const auto take = [&](const Values& values) {
         if (const auto said = values.find(std::string(name)); said != values.end()) value = said->second;
     };
     take(declared(path, text, false));
     Values own;
-    forEachDeclaration(plain(tag.find("style").value_or("")), [&](auto known, auto said) {
-        own[std::string(known)] = trimmed(said.substr(0, said.find('!')));
-    });
+    forEachDeclaration(unescaped(tag.find("style").value_or("")),
+                       [&](auto known, auto said, bool) { own[std::string(known)] = said; });
     take(own);
     take(declared(path, text, true));
     return value;

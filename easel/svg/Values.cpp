@@ -213,6 +213,8 @@ std::string withoutComments(std::string_view text) {
 }
 
 std::size_t findPlain(std::string_view text, std::string_view what, std::size_t from) {
+    const std::size_t first = std::min(text.find_first_of(what, from), text.size());
+    if (text.substr(from, first - from).find_first_of("\"'([{/") == text.npos) return first; // as nearly always
     std::string closers;
     for (std::size_t at = from; at < text.size(); ++at) {
         const char c = text[at];

@@ -103,13 +103,18 @@ TEST(Looks, ANewGroupChangesNothing) {
         {"<style>*{opacity:.5;fill-opacity:.5 !important;fill:red}</style>", ""},
         {"<style>g:not(.x){filter:url(#f);visibility:hidden}</style>", ""},
         {"<style>@media screen{g{display:none}}</style>", ""},
+        {"<style>g{text-anchor:middle;letter-spacing:5px;font-variant:small-caps}</style>"
+         "<text id='t' x='50' y='80'>abc</text>",
+         ""},
         {"", "<!DOCTYPE svg [<!ATTLIST g opacity CDATA '.3' fill CDATA 'lime' mask CDATA 'url(#k)'>]>"},
     };
     for (const auto& [content, before] : rows) {
         const std::string plain = drawing(content + path, before);
         const auto document = read(plain, "t.svg");
         Node& art = *document->findByName("o");
-        document->place(art, Placement::OnTopInside, document->create(NodeType::Group, Placement::Above, art));
+        Node* const words = document->findByName("t");
+        Node& grouped = words ? *words : art;
+        document->place(grouped, Placement::OnTopInside, document->create(NodeType::Group, Placement::Above, grouped));
         const std::string text = write(*document);
         expectSamePicture(text, plain);
         EXPECT_EQ(read(text, "t.svg")->findByName("o")->style(), art.style()) << text;

@@ -54,6 +54,20 @@ TEST(SaveCheck, RefusesWhatLosesOrRepeatsOrBreaksAnything) {
     }
 }
 
+TEST(SaveCheck, RequiresOfARemovedElementWhatOthersMayNeed) {
+    const auto document = read("<svg><g><path/><style/></g></svg>", "t.svg");
+    const auto& source = dynamic_cast<const Source&>(*document->origin);
+    const std::vector<Fate> fates{Fate::Kept, Fate::Removed, Fate::Removed};
+    for (const bool isThere : {true, false}) {
+        SplicedText text(source.text);
+        text.copy(0, 5);
+        if (isThere) text.copy(15, 23, true);
+        text.copy(27, 33);
+        const std::string error = desk::errorOf<DamageError>([&] { checkBeforeSaving(text, fates, source); });
+        EXPECT_EQ(error.find("bytes lost at 1:16") == error.npos, isThere) << error;
+    }
+}
+
 // The end of an empty element was once taken for a place in the entity behind it, and the rest written twice.
 TEST(SaveCheck, ReferencesBehindEmptyElementsAreNotTheirs) {
     const std::string doctype = "<!DOCTYPE svg [<!ENTITY x 'y'><!ENTITY p '<path d=\"M1 1\"/>'>]>";

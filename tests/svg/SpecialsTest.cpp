@@ -1,6 +1,8 @@
 // Texts, pictures, uses of symbols and groups that are more than groups: told from their elements, written back alone.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "model/Clip.h"
 #include "model/Journal.h"
 #include "svg/Definitions.h"
@@ -228,6 +230,51 @@ TEST(Specials, NewDefinitionsHoldInEveryEncoding) {
         const auto again = read(write(*document), "t.svg");
         EXPECT_EQ(first(*readDefinition(*again, "symbol", "symbol-1")).text()->contents, "\xC3\xA4") << encoding;
     }
+}
+
+// What was made of a pattern was lost when the symbol around it was edited, and nothing could be saved.
+TEST(Specials, DefinitionsInOthersAreEditedWithThem) {
+    const std::string before =
+        drawing("<g><symbol id='o'><pattern id='i'><path id='a' d='M0 0'/></pattern><path id='b' d='M0 0'/></symbol>"
+                "</g>");
+    const auto placeIn = [](Document& d, const char* kind, const char* name, const char* path) {
+        return readDefinition(d, kind, name)->findByName(path)->path().points[0].anchor.x;
+    };
+    const auto move = [](Document& d, const char* kind, const char* name, const char* path) {
+        const auto edited = readDefinition(d, kind, name);
+        edited->offset(*edited->findByName(path), 1, 0);
+        redefine(d, kind, name, *edited);
+    };
+    for (const std::string order : {"i", "o", "io", "oi", "ioi", "oioi"}) {
+        const auto document = read(before, "t.svg");
+        for (const char edited : order)
+            edited == 'i' ? move(*document, "pattern", "i", "a") : move(*document, "symbol", "o", "b");
+        document->remove(first(*document)); // the group around them
+        const auto again = read(write(*document), "t.svg");
+        for (Document* const each : {&*document, &*again}) {
+            EXPECT_EQ(placeIn(*each, "pattern", "i", "a"), std::count(order.begin(), order.end(), 'i')) << order;
+            EXPECT_EQ(placeIn(*each, "symbol", "o", "b"), std::count(order.begin(), order.end(), 'o')) << order;
+        }
+        EXPECT_EQ(document->journal().undoDepth(), order.size() + 1);
+        while (document->journal().undo()) continue;
+        EXPECT_EQ(write(*document), before);
+    }
+}
+
+TEST(Specials, StyleSheetsHoldInDefinitionsToo) {
+    const auto document = read(drawing("<style>.a{fill:#f00}path{stroke:#00f}</style><symbol id='o'><path id='x' "
+                                       "class='a' d='M0 0 1 1 2 0'/></symbol><path id='y' style='stroke:none'/>"),
+                               "t.svg");
+    const auto name = define(*document, "symbol", *document->findByName("y"));
+    const auto edited = readDefinition(*document, "symbol", "o");
+    model::Style style = edited->findByName("x")->style();
+    EXPECT_EQ(style.fillColor, (model::Color{1, 0, 0}));
+    style.fillColor = {0, 1, 0};
+    edited->setStyle(*edited->findByName("x"), style);
+    redefine(*document, "symbol", "o", *edited);
+    const auto again = read(write(*document), "t.svg");
+    EXPECT_EQ(readDefinition(*again, "symbol", "o")->findByName("x")->style(), style);
+    EXPECT_EQ(first(*readDefinition(*again, "symbol", *name)).style(), document->findByName("y")->style());
 }
 
 TEST(Specials, MasksOfGroupsAreWrittenIntoThem) {

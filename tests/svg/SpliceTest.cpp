@@ -90,7 +90,7 @@ TEST(Splice, EachChangeTouchesItsOwnElement) {
              style.cap = model::Cap::Round;
              e.document->setStyle(e.named("roof"), style);
          },
-         "stroke-width:2 ;fill:none", "stroke-width:3;fill:none;stroke-linecap:round"},
+         "stroke-width:2 ;fill:none", "stroke-width:3 ;fill:none;stroke-linecap:round"},
         {"a layer renamed", [](Edited& e) { e.document->setName(e.ground, "it's & this"); }, "'Ground'",
          "'it&apos;s &amp; this'"},
         {"a layer hidden", [](Edited& e) { e.document->setHidden(e.ground, true); }, "fill:#0f0",
@@ -165,6 +165,86 @@ TEST(Splice, WhatIsReadAgainIsWhatWasEdited) {
         ASSERT_EQ(write(*again), text);
         while (document->journal().undo()) continue;
         ASSERT_EQ(write(*document), drawing);
+    }
+}
+
+// Others may be painted, clipped or styled with what once went with a group.
+TEST(Splice, WhatDrawsNothingStaysWhenItsGroupGoes) {
+    const std::string defs = "<defs><linearGradient id='a'/></defs>";
+    const std::string style = "<style>.z{fill:url(#a)}</style>";
+    const std::string inner = "<g id='h'><path id='p'/><clipPath id='c'/></g>";
+    const std::string rest = "\n  <path id='q' fill='url(#a)'/>\n</svg>\n";
+    const std::string bytes = "<svg>\n  <g id='g'>\n    " + defs + style + "\n    " + inner + "\n  </g>" + rest;
+    const struct {
+        const char* what;
+        std::function<void(Document&, Node&, Node&)> edit; // the groups
+        std::string after;
+    } rows[] = {
+        {"all removed", [](Document& d, Node& g, Node&) { d.remove(g); },
+         "<svg>\n  " + defs + "\n  " + style + "\n  <clipPath id='c'/>" + rest},
+        {"ungrouped",
+         [](Document& d, Node& g, Node& h) {
+             d.place(h, Placement::Above, g);
+             d.remove(g);
+         },
+         "<svg>\n  " + defs + "\n  " + style + "\n  " + inner + rest},
+        {"a part removed", [](Document& d, Node&, Node& h) { d.remove(h); },
+         "<svg>\n  <g id='g'>\n    " + defs + style + "\n    <clipPath id='c'/>\n  </g>" + rest},
+        {"taken out and emptied",
+         [](Document& d, Node& g, Node& h) {
+             d.place(h, Placement::Above, g);
+             d.remove(*h.firstChild());
+             d.remove(g);
+         },
+         "<svg>\n  " + defs + "\n  " + style + "\n  <g id='h'><clipPath id='c'/></g>" + rest},
+    };
+    for (const auto& row : rows) {
+        const auto document = read(bytes, "t.svg");
+        row.edit(*document, *document->findByName("g"), *document->findByName("h"));
+        EXPECT_EQ(write(*document), row.after) << row.what;
+        while (document->journal().undo()) continue;
+        EXPECT_EQ(write(*document), bytes);
+    }
+}
+
+// Art that takes no attributes got a group around it, which cannot show what hides itself.
+TEST(Splice, WhatHidesItselfCanBeShown) {
+    const std::string entity = "<!DOCTYPE svg [<!ENTITY e '<path display=\"none\"/>'>]>";
+    const std::string sodipodi = "xmlns:s='http://sodipodi.sourceforge.net/DTD/sodipodi-0.dtd' s:insensitive='true'";
+    for (const std::string& content : {"<svg id='n' display='none' " + sodipodi + "/>",
+                                       "<path id='n' style='display:none;transform:scale(2)' " + sodipodi + "/>"}) {
+        const auto document = read("<svg>" + content + "</svg>", "t.svg");
+        Node& node = *document->findByName("n");
+        document->setHidden(node, false);
+        document->setLocked(node, false);
+        document->setName(node, "m");
+        const auto again = read(write(*document), "t.svg");
+        ASSERT_NE(again->findByName("m"), nullptr) << write(*document);
+        EXPECT_FALSE(again->findByName("m")->hidden() || again->findByName("m")->locked()) << write(*document);
+        EXPECT_EQ(again->currentLayer().firstChild()->type(), NodeType::Opaque); // without a group
+    }
+    const auto document = read(entity + "<svg>&e;</svg>", "t.svg");
+    document->setHidden(*document->currentLayer().firstChild(), false);
+    EXPECT_THROW(static_cast<void>(write(*document)), UnsavableError);
+}
+
+TEST(Splice, DeclarationsAreReplacedWhereTheyCount) {
+    const std::pair<const char*, const char*> rows[] = {
+        {"/* a:b; */fill:#f00", "/* a:b; */fill:#0000ff"},
+        {"fill:#f00/* c */;stroke:none", "fill:#0000ff/* c */;stroke:none"},
+        {"font-family:&quot;A;fill:B&quot;;fill:#f00", "font-family:&quot;A;fill:B&quot;;fill:#0000ff"},
+        {"fill:#f00;font-family:&#39;A;fill:B&#x27;", "fill:#0000ff;font-family:&#39;A;fill:B&#x27;"},
+        {"font-family:&quot;A&quot;", "font-family:&quot;A&quot;;fill:#0000ff"},
+        {"fill:red !important;fill:lime", "fill:#0000ff !important;fill:lime"},
+    };
+    for (const auto& [before, after] : rows) {
+        const auto document = read("<svg><path style='" + std::string(before) + "'/></svg>", "t.svg");
+        Node& path = *document->currentLayer().firstChild();
+        EXPECT_EQ(path.style().fillColor.red, std::string(before).starts_with("font-family:&quot;A&quot;") ? 0 : 1);
+        Style style = path.style();
+        style.fillColor = {0, 0, 1};
+        document->setStyle(path, style);
+        EXPECT_EQ(write(*document), "<svg><path style='" + std::string(after) + "'/></svg>");
     }
 }
 
