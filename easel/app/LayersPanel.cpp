@@ -157,6 +157,7 @@ void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Nod
     row.setIcon(Title, bar(layerColor(index)));
     row.setText(Title, QString::fromStdString(layer.name()));
     row.setText(Count, QString::number(layer.childCount()) + "  ");
+    row.setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
     row.setForeground(Title, layer.hidden() ? look().colors.faint : look().colors.text);
     row.setForeground(Count, look().colors.faint);
     QFont font = row.font(Title);

@@ -227,6 +227,7 @@ void Window::makePanels(QWidget& drawing) {
     layers_ = new LayersPanel(actions_);
     selection_ = new SelectionPanel(actions_);
     selection_->entered = [this] { canvas_.setFocus(); };
+    selection_->refresh(); // nothing is selected before there is a drawing
     auto* const panels = new QWidget(this);
     auto* const column = new QVBoxLayout(panels);
     column->setContentsMargins(0, 0, 0, 0);
