@@ -46,10 +46,11 @@ Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
 
 std::string Recovery::keep(model::Document& document, const std::string& path) {
     try {
-        svg::replaceFile(copy_, svg::write(document));
         std::string about = path.empty() ? path : fs::absolute(path).string();
         if (!path.empty()) about += '\0' + svg::toldOfFile(document, path);
+        // The copy last: whoever is ended in between leaves none that does not know its file.
         svg::replaceFile(pathFileOf(copy_), about);
+        svg::replaceFile(copy_, svg::write(document));
     } catch (const std::exception& error) {
         return error.what();
     }
