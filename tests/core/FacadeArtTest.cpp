@@ -157,6 +157,8 @@ TEST_F(FacadeArt, TurnsCounterClockwiseAndPlacesByPins) {
     desk.inMessage([&] {
         const auto line = draw::line({10, 10}, {30, 10});
         const auto end = [&] { return line->path()->segPoints(1, 1).front().p; };
+        EXPECT_TRUE(line->move(BoundsPinPointType::MidRight, {30, 10}));
+        EXPECT_TRUE(end().closeTo({30, 10}, 1e-9)); // where it was
         EXPECT_TRUE(line->rotate(Angle(90, Angle::Units::Degrees), {10, 10}));
         EXPECT_TRUE(end().closeTo({10, -10}, 1e-9)); // up
         EXPECT_TRUE(line->move(BoundsPinPointType::BottomCenter, {100, 100}));
@@ -171,6 +173,17 @@ TEST_F(FacadeArt, TurnsCounterClockwiseAndPlacesByPins) {
         const ArtboardRect box = line->strokeBounds();
         EXPECT_NEAR(box.width(), 4, 1e-9);
         EXPECT_NEAR(box.height(), 60, 1e-9); // butt caps add nothing
+    });
+}
+
+TEST_F(FacadeArt, LiesOnTheArtboardThatHasMostOfIt) {
+    desk.inMessage([&] {
+        CurrentDocument document;
+        const auto page = document.artboardAtIndex(0);
+        const auto beside = document.insertArtboard({-100, -100, 10, 100});
+        EXPECT_EQ(*draw::rect({-50, 10, 20, 30})->artboard(), *beside);
+        EXPECT_EQ(*draw::rect({-5, 10, 60, 30})->artboard(), *page);
+        EXPECT_EQ(draw::rect({-300, 10, -200, 30})->artboard(), nullptr);
     });
 }
 

@@ -123,6 +123,9 @@ TEST_F(Companion, IsFoundUnderItsOlderNameToo) {
     EXPECT_TRUE(drawsAlong(20, 140));
     load("Plotwise", told);
     EXPECT_TRUE(drawsAlong(15, 140)); // both are
+    told.angles[0] = 0;
+    told.angles[1] = 90;
+    EXPECT_TRUE(drawsAlong(0, 90)); // as far as they go
 }
 
 TEST_F(Companion, IsNotAskedWithoutADocumentOrWhenTheSettingIsOff) {

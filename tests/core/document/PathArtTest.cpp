@@ -93,11 +93,27 @@ TEST_F(PathArtTest, ClampsIndicesAndCounts) {
         EXPECT_EQ(path.bezier(kLow)->startPoint(), ArtboardPoint(-9, 0));
         EXPECT_TRUE(path.setSegPointCount(kLow));
         EXPECT_EQ(path.segPointCount(), 0);
+        EXPECT_TRUE(path.setSegPointCount(kHigh - 1) && path.insertSegPointAtT(0, 0.5));
         EXPECT_TRUE(path.setSegCount(kHigh));
         EXPECT_EQ(path.segPointCount(), kHigh);
         EXPECT_TRUE(path.insertSegPoints(0, {corner(1, 1)}));
         EXPECT_FALSE(path.insertSegPointAtT(0, 0.5));
         EXPECT_EQ(path.segPointCount(), kHigh) << "full";
+    });
+}
+
+TEST_F(PathArtTest, DoesNotGrowWhenTheHostRefusesThePoints) {
+    auto& monitor = kzo::plugin::host::monitor();
+    with(3, false, [&](PathArt& path) {
+        bool refused = true;
+        for (std::uint64_t nth = 1; refused; ++nth) {
+            monitor.reset(nth);
+            const bool done = path.setSegs(1, {corner(7, 7), corner(8, 8), corner(9, 9), corner(10, 10)});
+            refused = monitor.calls() >= nth;
+            monitor.reset();
+            EXPECT_NE(done, refused);
+            EXPECT_EQ(all(path), refused ? (Xs{0, 1, 2}) : (Xs{0, 7, 8, 9, 10})) << "call " << nth;
+        }
     });
 }
 
@@ -390,7 +406,7 @@ const Change kChanges[] = {
     {"setSegPointSelected", [](PathArt& p, const Art&) { return p.setSegPointSelected(1, Anchor); }},
 };
 
-/// A rectangle whose upper side two lines cross, and what is to be done to it.
+/// A rectangle with a curved side, whose upper one two lines cross, and what is to be done to it.
 class PathChanges : public PathArtTest {
   protected:
     void inRectangle(const std::function<void(const Art&)>& work) {
@@ -399,7 +415,11 @@ class PathChanges : public PathArtTest {
 
     void SetUp() override {
         desk.inMessage([&] {
-            handle = draw::rect({0, 0, 50, 30})->aiArtHandle();
+            const auto rect = draw::rect({0, 0, 50, 30});
+            handle = rect->aiArtHandle();
+            Points second = rect->path()->segPoints(1, 1);
+            second[0].out = ArtboardPoint(second[0].p.x() + 5, second[0].p.y() + 9);
+            EXPECT_TRUE(rect->path()->setSegPoints(1, second));
             static_cast<void>(draw::line({10, -5}, {10, 5}));
             static_cast<void>(draw::line({40, -5}, {40, 5}));
         });
