@@ -353,8 +353,8 @@ void CocoaWindow::eventHandled() {
     const WidgetId field = focused();
     if (std::exchange(keyWaits_, false) && field != kNoWidget) typed((NSTextField*)control(field));
     if (late_) {
-        const FieldText field = *std::exchange(late_, std::nullopt);
-        if (NSText* const editor = editorOf(control(field.widget))) show(editor, field);
+        const FieldText late = *std::exchange(late_, std::nullopt);
+        if (NSText* const editor = editorOf(control(late.widget))) show(editor, late);
     }
     lookAtFocus();
 }
