@@ -2,6 +2,8 @@
 #include "svg/Definitions.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <map>
 #include <set>
 #include <utility>
@@ -9,12 +11,14 @@
 #include "model/Bounds.h"
 #include "model/Journal.h"
 #include "svg/FileError.h"
+#include "svg/Inheritance.h"
 #include "svg/Markup.h"
 #include "svg/Names.h"
 #include "svg/Reader.h"
 #include "svg/Source.h"
 #include "svg/SplicedText.h"
 #include "svg/Splicer.h"
+#include "svg/Surroundings.h"
 #include "svg/Values.h"
 #include "svg/Writer.h"
 
@@ -191,8 +195,8 @@ std::string freeName(Document& document, std::string_view kind) {
 }
 
 bool canBeCopied(const Node& node) {
-    if (node.extras().ownMask || node.units()) return false; // they lie in units of this document's
-    if (node.type() != NodeType::Opaque) return !node.clip() && !(node.isOutlined() && node.keepsPlace());
+    if (node.extras().ownMask || node.units() || node.clip()) return false; // they lie in units of this document's
+    if (node.type() != NodeType::Opaque) return !(node.isOutlined() && node.keepsPlace());
     if (node.text()) return !node.text()->isRich;
     return node.symbol() || (node.image() && !node.image()->link.empty());
 }
@@ -427,7 +431,7 @@ bool copyInto(Document& to, Node& container, const Node& art, const model::Affin
         for (const Node* child = from->lastChild(); child; child = child->previous())
             open.emplace_back(child, &copyOf(to, *into, *child));
     }
-    to.transform(copy, by);
+    to.transform(copy, by, std::sqrt(std::fabs(by.a * by.d - by.b * by.c)));
     return true;
 }
 
@@ -446,22 +450,44 @@ void setSymbol(Document& document, Node& instance, const std::string& name) {
 }
 
 bool canBeCopied(Document& drawing) {
-    for (const Node* layer = drawing.root().firstChild(); layer; layer = layer->next())
+    for (const Node* layer = drawing.root().firstChild(); layer; layer = layer->next()) {
+        if (layer->content().extras || layer->clip()) return false;
         for (const Node* art = layer->firstChild(); art; art = nextWithin(*layer, *art))
             if (!canBeCopied(*art)) return false;
+    }
     return true;
 }
+
+namespace {
+
+/// Whether what an instance shows may be painted by what stands around it, or by itself.
+bool passesOnPaint(const Document& document, const Node& instance) {
+    const Source* const source = sourceOf(document);
+    const std::uint32_t origin = instance.copied() ? instance.copied()->origin : instance.origin();
+    if (!source || origin == 0) return false;
+    const Element& element = source->elements[origin - 1];
+    const Container& around = source->containers[element.container];
+    Surroundings surroundings(*source);
+    return !(around.style == initialStyle()) || !around.inherited.empty() ||
+           std::any_of(std::begin(kInherited), std::end(kInherited), [&](const Inherited& each) {
+               return each.isPaint && !surroundings.says(element, each.name).empty();
+           });
+}
+
+} // namespace
 
 bool expandInstance(Document& document, Node& instance) {
     const model::SymbolData use = *instance.symbol();
     const auto symbol = readDefinition(document, "symbol", use.symbol);
-    if (!symbol || !canBeCopied(*symbol)) return false;
+    if (!symbol || !canBeCopied(*symbol) || passesOnPaint(document, instance)) return false;
     const model::Affine fit = UsedSymbol(document, use.symbol).fitted(use);
     const model::Journal::Scope change(document.journal());
     Node& group = document.createInPlaceOf(instance, NodeType::Group);
     for (const Node* layer = symbol->root().lastChild(); layer; layer = layer->previous())
-        for (const Node* art = layer->lastChild(); art; art = art->previous())
-            static_cast<void>(copyInto(document, group, *art, fit * use.place * instance.opaque().placed()));
+        for (const Node* art = layer->lastChild(); art; art = art->previous()) {
+            if (!copyInto(document, group, *art, fit * use.place * instance.opaque().placed())) continue;
+            if (layer->hidden()) document.setHidden(*group.firstChild(), true);
+        }
     document.remove(instance);
     return true;
 }

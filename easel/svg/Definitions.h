@@ -65,7 +65,7 @@ void setSymbol(model::Document& document, model::Node& instance, const std::stri
 [[nodiscard]] bool canBeCopied(model::Document& drawing);
 
 /// Puts a group with a copy of what it shows in the place of a symbol's instance. False where there is something in it
-/// of which no copy can be made.
+/// of which no copy can be made, and where paint may come from the instance or from around it.
 bool expandInstance(model::Document& document, model::Node& instance);
 
 } // namespace easel::svg

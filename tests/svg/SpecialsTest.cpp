@@ -261,6 +261,36 @@ TEST(Specials, DefinitionsInOthersAreEditedWithThem) {
     }
 }
 
+// Strokes stayed thin, hidden layers showed, and clips and paint from outside were lost.
+TEST(Specials, InstancesExpandIntoWhatTheyShowOrNotAtAll) {
+    const std::string layer = "<g xmlns:i='http://www.inkscape.org/namespaces/inkscape' i:groupmode='layer'";
+    const std::string path = "<path stroke='red' stroke-width='2' d='M0 0 1 1'/>";
+    const struct {
+        std::string symbol;
+        std::string use;
+        bool expands, hidden;
+    } rows[] = {
+        {path, "<use href='#o' transform='scale(3)'/>", true, false},
+        {layer + " display='none'>" + path + "</g>", "<use href='#o' transform='scale(3)'/>", true, true},
+        {layer + " opacity='.5'>" + path + "</g>", "<use href='#o'/>", false, false},
+        {path, "<use href='#o' fill='red'/>", false, false},
+        {path, "<g stroke-linecap='round'><use href='#o'/></g>", false, false},
+        {"<clipPath id='c'><path d='M0 0h1v1z'/></clipPath><image href='a.png' width='9' height='9' "
+         "clip-path='url(#c)'/>",
+         "<use href='#o'/>", false, false},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.symbol + row.use);
+        const auto document = read(drawing("<symbol id='o'>" + row.symbol + "</symbol>" + row.use), "t.svg");
+        Node* const use = first(*document).symbol() ? &first(*document) : first(*document).firstChild();
+        ASSERT_EQ(expandInstance(*document, *use), row.expands);
+        if (!row.expands) continue;
+        const Node& expanded = *first(*document).firstChild();
+        EXPECT_EQ(expanded.style().strokeWidth, 6);
+        EXPECT_EQ(expanded.hidden(), row.hidden);
+    }
+}
+
 TEST(Specials, StyleSheetsHoldInDefinitionsToo) {
     const auto document = read(drawing("<style>.a{fill:#f00}path{stroke:#00f}</style><symbol id='o'><path id='x' "
                                        "class='a' d='M0 0 1 1 2 0'/></symbol><path id='y' style='stroke:none'/>"),
