@@ -78,35 +78,65 @@ template <class Edit> void Actions::editSelected(const char* call, const std::st
 
 // Documents
 
-void Actions::startOver(const std::string& path) {
-    path_ = path;
-    modified_ = false;
-    recordedView_ = {};
+std::vector<std::uint32_t> Actions::numbersOfDrawing() const {
+    std::vector<std::uint32_t> numbers;
+    for (std::uint32_t number = documentNumber(); session_.documents.byNumber(number);) {
+        numbers.push_back(number);
+        const auto* const part = session_.documents.editedAs(*session_.documents.byNumber(number));
+        number = part ? part->owner : 0;
+    }
+    return numbers;
 }
 
-void Actions::closeFront() {
-    if (!document()) return;
-    session_.close();
+model::Document* Actions::drawing() const {
+    const std::vector<std::uint32_t> numbers = numbersOfDrawing();
+    return numbers.empty() ? nullptr : session_.documents.byNumber(numbers.back());
+}
+
+const std::string& Actions::path() const {
+    static const std::string kNone;
+    const model::Document* const open = drawing();
+    return open ? session_.documents.pathOf(*open) : kNone;
+}
+
+bool Actions::isModified() const {
+    const std::vector<std::uint32_t> numbers = numbersOfDrawing();
+    return std::any_of(numbers.begin(), numbers.end(), [this](std::uint32_t number) {
+        return session_.documents.isModified(*session_.documents.byNumber(number));
+    });
+}
+
+void Actions::disown(const std::string& path) {
+    session_.documents.setPath(*drawing(), path);
+    session_.documents.setModified(*drawing(), true);
+}
+
+/// Those that are open still: plug-ins hear of each, and may do as they like.
+void Actions::close(const std::vector<std::uint32_t>& numbers) {
+    for (const std::uint32_t number : numbers) {
+        const model::Document* const open = session_.documents.byNumber(number);
+        if (!open) continue;
+        session_.documents.bringToFront(*open);
+        session_.close();
+    }
 }
 
 void Actions::newDocument(double width, double height) {
     act("app.newDocument(" + Recorder::number(width) + ", " + Recorder::number(height) + ')', [&] {
-        closeFront();
+        close(numbersOfDrawing());
         session_.newDocument(width, height);
-        startOver("");
+        recordedView_ = {};
     });
 }
 
 void Actions::open(std::unique_ptr<model::Document> read, const std::string& path) {
     act("app.open(" + Recorder::quoted(absolute(path)) + ')', [&] {
-        const model::Document* const before = document();
+        const std::vector<std::uint32_t> before = numbersOfDrawing();
         session_.messenger.batch([&] {
             session_.open(std::move(read), path);
-            if (!before) return;
-            session_.documents.bringToFront(*before);
-            closeFront();
+            close(before);
         });
-        startOver(path);
+        recordedView_ = {};
     });
 }
 
@@ -115,7 +145,7 @@ void Actions::save(const std::string& path, bool force) {
         throw Error("a part of the drawing is being edited; it is saved with the drawing, once that has ended");
     act("app.save(" + Recorder::quoted(absolute(path)) + (force ? ", {force: true})" : ")"), [&] {
         session_.save(path, force);
-        startOver(path);
+        recordedView_ = {};
     });
 }
 
@@ -129,10 +159,6 @@ void Actions::exportPicture(const std::string& path, double scale) {
 }
 
 // Mouse
-
-void Actions::move(model::Point location, session::Modifiers modifiers) {
-    act("mouse.move(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.move(location, modifiers); });
-}
 
 /// How far the mouse reaches and snaps depends on the zoom.
 void Actions::recordView() {

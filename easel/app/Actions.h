@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "app/DialogRecorder.h"
 #include "app/Recorder.h"
@@ -35,17 +36,14 @@ class Actions {
     void save(const std::string& path, bool force);
     /// PNG, PDF or SVG, by the name's end; the drawing stays with the file it has.
     void exportPicture(const std::string& path, double scale);
-    [[nodiscard]] const std::string& path() const { return path_; } ///< empty for a drawing without a file
-    [[nodiscard]] bool isModified() const { return modified_; }     ///< since it was opened, made or saved
-    void setModified() { modified_ = true; }
-    /// What is open counts as a drawing that was never saved, or one of this file.
-    void disown(const std::string& path) {
-        path_ = path;
-        modified_ = true;
-    }
+    /// What is in front or, while a symbol or pattern is edited there, the drawing that it is a part of; or null.
+    [[nodiscard]] model::Document* drawing() const;
+    [[nodiscard]] const std::string& path() const; ///< of the drawing; empty where it has no file
+    [[nodiscard]] bool isModified() const;         ///< the drawing, or the part of it that is edited
+    /// The drawing counts as one that was never saved, or one of this file.
+    void disown(const std::string& path);
 
     // Mouse, in points of the document
-    void move(model::Point location, session::Modifiers modifiers);
     void press(model::Point location, session::Modifiers modifiers);
     void drag(model::Point location, session::Modifiers modifiers);
     void release(model::Point location, session::Modifiers modifiers);
@@ -87,15 +85,14 @@ class Actions {
     template <class Edit> void edit(const std::string& statement, Edit what);
     template <class Edit> void editSelected(const char* call, const std::string& arguments, Edit what);
     [[nodiscard]] model::Node& layer(std::size_t index) const;
-    void startOver(const std::string& path);
-    void closeFront();
+    /// Of what is in front, and of what it is a part of; the innermost part first.
+    [[nodiscard]] std::vector<std::uint32_t> numbersOfDrawing() const;
+    void close(const std::vector<std::uint32_t>& numbers);
     void recordView();
 
     session::Session& session_;
     Recorder& recorder_;
-    std::string path_;
     bool acting_ = false; ///< an act is under way
-    bool modified_ = false;
     model::View recordedView_;
 };
 

@@ -105,6 +105,7 @@ void Canvas::leaveDocument() {
     watch_.follow(nullptr, 0);
     scene_.show(nullptr);
     ++lastOrder_;
+    truthIsDue_ = false;
 }
 
 bool Canvas::refresh() {

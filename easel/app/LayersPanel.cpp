@@ -142,9 +142,7 @@ void LayersPanel::addActions() {
     add("Show or Hide the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Shown); });
     add("Lock or Unlock the Layer", [this](const QTreeWidgetItem& row) { clicked(row, Locked); });
     add("Rename the Layer...", [this](QTreeWidgetItem& row) { list_.editItem(&row, Title); });
-    add("Remove the Layer", [this](const QTreeWidgetItem& row) {
-        actions_.removeLayer(static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row))));
-    });
+    add("Remove the Layer", [this](const QTreeWidgetItem& row) { actions_.removeLayer(indexOf(row)); });
 }
 
 void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const {
@@ -181,8 +179,13 @@ void LayersPanel::refresh() {
     filling_ = filledBefore;
 }
 
+/// The row's place, which is its layer's.
+std::size_t LayersPanel::indexOf(const QTreeWidgetItem& row) const {
+    return static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)));
+}
+
 void LayersPanel::clicked(const QTreeWidgetItem& row, int column) {
-    const auto index = static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)));
+    const std::size_t index = indexOf(row);
     const model::Node* const layer = actions_.document() ? actions_.document()->layerAt(index) : nullptr;
     if (!layer) return;
     if (column == Shown)
@@ -194,7 +197,7 @@ void LayersPanel::clicked(const QTreeWidgetItem& row, int column) {
 }
 
 void LayersPanel::edited(const QTreeWidgetItem& row) {
-    const auto index = static_cast<std::size_t>(list_.indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(&row)));
+    const std::size_t index = indexOf(row);
     const std::string title = row.text(Title).toStdString();
     const model::Node* const layer = actions_.document() ? actions_.document()->layerAt(index) : nullptr;
     if (layer && !title.empty() && title != layer->name())

@@ -25,6 +25,7 @@ class LayersPanel final : public QWidget {
     void moveCurrent(int by); ///< places, down is positive
     void move(int from, int to);
     [[nodiscard]] std::size_t currentIndex() const;
+    [[nodiscard]] std::size_t indexOf(const QTreeWidgetItem& row) const;
     void fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const;
 
     Actions& actions_;

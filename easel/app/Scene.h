@@ -30,7 +30,7 @@ class Scene {
 
     /// Paints invalid tiles for about this long, nearest to the middle first. Returns what has been painted.
     QRegion refine(int milliseconds);
-    [[nodiscard]] bool isComplete() const { return invalid_.isEmpty() && live_.isComplete(); }
+    [[nodiscard]] bool isComplete() const { return !document_ || (invalid_.isEmpty() && live_.isComplete()); }
 
     /// The picture, as it is now.
     [[nodiscard]] const QImage& image() const { return image_; }

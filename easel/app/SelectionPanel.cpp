@@ -124,13 +124,14 @@ void SelectionPanel::resize(bool across, double size) {
     actions_.scale(across ? factor : 1, across ? 1 : factor, {box_.left, box_.top});
 }
 
+/// Of the strokes that there are; where there is none it makes a black one.
 void SelectionPanel::setStrokeWidth(double width) {
-    const std::string said = width > 0 ? "{width: " + Recorder::number(width) + '}' : "{stroke: null}";
-    actions_.setStyle(said, [width](model::Style& style) {
-        if (width > 0)
-            style.strokeWidth = width;
-        else
-            style.setStroke({});
+    if (width <= 0) return actions_.setStyle("{stroke: null}", [](model::Style& style) { style.setStroke({}); });
+    const std::string said =
+        (isStroked_ ? "{" : "{stroke: \"#000000\", ") + ("width: " + Recorder::number(width)) + '}';
+    actions_.setStyle(said, [this, width](model::Style& style) {
+        if (!isStroked_) style.setStroke(model::Color());
+        style.strokeWidth = width;
     });
 }
 
@@ -148,14 +149,17 @@ void SelectionPanel::refresh() {
     const bool filledBefore = std::exchange(filling_, true);
     std::vector<model::Node*> outermost;
     const model::Style* style = nullptr;
+    const model::Style* stroked = nullptr;
     box_ = {};
     constexpr std::size_t kMostMeasured = 20'000;
     if (actions_.document()) {
         for (model::Node* const node : actions_.document()->selection()) {
             if (!node->parent()->selected()) outermost.push_back(node);
             if (!style && node->content().style) style = &node->style();
+            if (!stroked && node->content().style && node->style().isStroked()) stroked = &node->style();
         }
     }
+    isStroked_ = stroked != nullptr;
     if (outermost.size() <= kMostMeasured)
         for (const model::Node* const node : outermost) box_.include(boundsOf(*node));
     title_.setText(titleOf(outermost));
@@ -169,11 +173,11 @@ void SelectionPanel::refresh() {
     show(*y_, placed, placed ? box_.top : 0);
     show(*width_, placed, placed ? box_.right - box_.left : 0);
     show(*height_, placed, placed ? box_.bottom - box_.top : 0);
-    show(*stroke_, style != nullptr, style && style->stroke ? style->strokeWidth : 0);
+    show(*stroke_, style != nullptr, stroked ? stroked->strokeWidth : 0);
     show(*opacity_, !outermost.empty(), outermost.empty() ? 0 : outermost.front()->extras().opacity * 100);
     for (Swatch* const swatch : {fillColor_, strokeColor_}) swatch->setEnabled(style != nullptr);
     fillColor_->setColor(style ? colorOf(style->fill, style->fillColor) : std::nullopt);
-    strokeColor_->setColor(style ? colorOf(style->stroke, style->strokeColor) : std::nullopt);
+    strokeColor_->setColor(stroked ? colorOf(stroked->stroke, stroked->strokeColor) : std::nullopt);
     filling_ = filledBefore;
 }
 

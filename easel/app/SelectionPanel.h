@@ -45,7 +45,8 @@ class SelectionPanel final : public QWidget {
     QDoubleSpinBox* opacity_ = nullptr;
     Swatch* strokeColor_ = nullptr;
     Swatch* fillColor_ = nullptr;
-    model::Box box_; ///< of the selection, as shown
+    model::Box box_;         ///< of the selection, as shown
+    bool isStroked_ = false; ///< something that is selected
     bool filling_ = false;
 };
 

@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
+#include <tuple>
 #include <utility>
 
 #include "app/Application.h"
@@ -114,7 +115,7 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
         // A file that was replaced is another one.
         const QString file = QString::fromStdString(actions_.path());
         if (!file.isEmpty() && !files_.files().contains(file)) files_.addPath(file);
-        if (!actions_.document() || !svg::isChangedByOthers(*actions_.document(), actions_.path())) return;
+        if (!actions_.drawing() || !svg::isChangedByOthers(*actions_.drawing(), actions_.path())) return;
         statusBar()->showMessage("Another program has changed " + QString::fromStdString(actions_.path()) +
                                  ". File > Reopen shows what it is now");
     }));
@@ -156,6 +157,7 @@ QAction& Window::addTool(const QIcon& picture, const QString& title, const QStri
 
 /// The host's tools, those of plug-ins, then the window's own.
 void Window::fillToolbox() {
+    for (QAction* const action : toolbox_.actions()) action->deleteLater(); // one of them may be under way
     toolbox_.clear();
     toolActions_.clear();
     delete tools_;
@@ -290,14 +292,16 @@ void Window::makeStatusBar() {
 // Keeping true
 
 void Window::refresh() {
-    if (shown_ != actions_.documentNumber()) {
+    const bool isAnother = shown_ != actions_.documentNumber();
+    if (isAnother) {
         shown_ = actions_.documentNumber();
         canvas_.showDocument();
         canvas_.fitPage();
     }
-    if (canvas_.refresh() && !actions_.session().pointer.pressed()) {
-        actions_.setModified();
-        if (!keepTimer_.isActive()) keepTimer_.start(kKeepMilliseconds, this);
+    const bool isChanged = canvas_.refresh();
+    if (!actions_.session().pointer.pressed()) {
+        noteWork(isChanged);
+        if (!isAnother && actions_.path() != shownPath_) noteFile();
     }
     const std::vector<std::string>& said = actions_.session().reports.lines();
     if (std::exchange(reportsShown_, said.size()) < said.size())
@@ -312,9 +316,19 @@ void Window::refresh() {
     showView();
 }
 
+/// A copy of what is unsaved is kept a while later. A plug-in may have saved it as well as the user.
+void Window::noteWork(bool isChanged) {
+    if (actions_.isModified()) {
+        if (isChanged && !keepTimer_.isActive()) keepTimer_.start(kKeepMilliseconds, this);
+    } else if (isWindowModified()) {
+        keepTimer_.stop();
+        recovery_.drop();
+    }
+}
+
 void Window::showTitle() {
-    const std::string name =
-        actions_.path().empty() ? "Untitled" : std::filesystem::path(actions_.path()).filename().string();
+    shownPath_ = actions_.path();
+    const std::string name = shownPath_.empty() ? "Untitled" : std::filesystem::path(shownPath_).filename().string();
     setWindowTitle(actions_.document() ? QString::fromStdString(name) + "[*] — Easel" : QString("Easel[*]"));
     setWindowModified(actions_.isModified());
 }
@@ -353,10 +367,14 @@ void Window::timerEvent(QTimerEvent* event) {
     // Begun anew before plug-ins are called: a timer does not fire in a dialog that its own handler has opened.
     clockTimer_.start(kClockMilliseconds, this);
     const double seconds = static_cast<double>(clock_.restart()) / 1000;
-    const auto changes = [this] { return actions_.document() ? actions_.document()->journal().changeCount() : 0; };
-    const std::uint64_t before = changes();
+    const auto state = [this] {
+        model::Document* const front = actions_.document();
+        return std::tuple(actions_.documentNumber(), front ? front->journal().changeCount() : 0, actions_.path(),
+                          actions_.isModified());
+    };
+    const auto before = state();
     actions_.session().timers.runFor(seconds);
-    if (changes() != before) refresh();
+    if (state() != before) refresh();
 }
 
 // Files
@@ -389,12 +407,16 @@ void Window::reopen() {
 }
 
 void Window::noteFile() {
+    if (actions_.path().empty()) return;
     settings_.noteRecent(actions_.path());
     if (!files_.files().isEmpty()) files_.removePaths(files_.files());
     files_.addPath(QString::fromStdString(actions_.path()));
 }
 
-bool Window::save() { return actions_.path().empty() ? saveAs() : saveTo(actions_.path()); }
+bool Window::save() {
+    if (!actions_.document()) return false;
+    return actions_.path().empty() ? saveAs() : saveTo(std::string(actions_.path()));
+}
 
 bool Window::saveAs() {
     if (!actions_.document()) return false;
@@ -423,7 +445,7 @@ QString Window::askWhere(const QString& title, const QString& proposed, const QS
 
 bool Window::saveTo(const std::string& path) {
     bool force = false;
-    if (svg::isChangedByOthers(*actions_.document(), path)) {
+    if (svg::isChangedByOthers(*actions_.drawing(), path)) {
         QMessageBox question(QMessageBox::Warning, "Easel",
                              QString::fromStdString(path) +
                                  " was changed by another program since it was opened.\nSaving replaces those changes.",
@@ -448,9 +470,9 @@ void Window::exportAs(const QString& end) {
     if (!actions_.document()) return;
     const std::string name = std::filesystem::path(actions_.path()).replace_extension().string();
     const QString kind = end.mid(1).toUpper();
-    const QString path =
-        askWhere("Export as " + kind, (name.empty() ? QString("Untitled") : QString::fromStdString(name)) + end,
-                 kind + " (*" + end + ')', {end});
+    QString proposed = name.empty() ? QString("Untitled") : QString::fromStdString(name);
+    if (end == ".svg" && !name.empty()) proposed += " copy"; // the drawing's own file is no place for one
+    const QString path = askWhere("Export as " + kind, proposed + end, kind + " (*" + end + ')', {end});
     if (path.isEmpty()) return;
     constexpr double kDense = 2; // pixels a point
     actions_.exportPicture(path.toStdString(), end == ".png" ? kDense : 1);
@@ -472,12 +494,12 @@ bool Window::mayLose() {
 }
 
 void Window::keepWork(bool atOnce) {
-    if (!actions_.document() || !actions_.isModified()) return;
+    if (!actions_.isModified()) return;
     if (actions_.session().pointer.pressed()) {
         if (!atOnce) return keepTimer_.start(kKeepMilliseconds, this);
         actions_.session().pointer.cancel();
     }
-    const std::string why = recovery_.keep(*actions_.document(), actions_.path());
+    const std::string why = recovery_.keep(*actions_.drawing(), actions_.path());
     if (!why.empty()) statusBar()->showMessage("Unsaved work is not kept: " + QString::fromStdString(why));
 }
 

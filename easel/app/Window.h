@@ -86,6 +86,7 @@ class Window final : public QMainWindow {
     [[nodiscard]] bool isInUse() const;
     void showReading();
     void noteFile(); ///< the drawing has a file: watches it, and remembers it
+    void noteWork(bool isChanged);
 
     void refresh(); ///< after an act
     void showTitle();
@@ -117,6 +118,7 @@ class Window final : public QMainWindow {
     std::size_t reportsShown_ = 0;
     bool tells_ = false;      ///< a box with a failure is open
     std::uint32_t shown_ = 0; ///< number of the document
+    std::string shownPath_;   ///< in the title
     // What is being read
     std::unique_ptr<FileReading> reading_;
     std::function<void()> opened_;     ///< what follows

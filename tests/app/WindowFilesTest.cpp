@@ -6,8 +6,11 @@
 #include <QTreeWidget>
 
 #include <fstream>
+#include <utility>
 
 #include "WindowTest.h"
+#include "hostapi/AIDocumentSuite.h"
+#include "hostapi/AITimer.h"
 
 namespace {
 
@@ -75,6 +78,98 @@ TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
     }
     EXPECT_THAT(asked, HasSubstr("changed by another program"));
     EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
+}
+
+TEST_F(WindowFiles, FollowsWhatPluginsDoToTheDrawing) {
+    static void (*work)(const AIDocumentSuite&) = nullptr;
+    auto& plugin = session->plugins.attach("Doing", [](const char*, const char* selector, void* message) -> SPErr {
+        const auto& basic = *static_cast<const SPMessageData*>(message)->basic;
+        const void* suite = nullptr;
+        if (std::string(selector) != kSelectorAIGoTimer || !work) return kNoErr;
+        if (basic.AcquireSuite(kAIDocumentSuite, kAIDocumentSuiteVersion, &suite) == kNoErr)
+            std::exchange(work, nullptr)(*static_cast<const AIDocumentSuite*>(suite));
+        return basic.ReleaseSuite(kAIDocumentSuite, kAIDocumentSuiteVersion);
+    });
+    session->start();
+    session->timers.add(plugin, "Doing", 1);
+    const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
+    actions->save(folder.path("d.svg"), false);
+    actions->addLayer("Ours");
+    window->keepWork();
+    EXPECT_TRUE(std::filesystem::exists(mine));
+    work = [](const AIDocumentSuite& suite) { suite.SaveDocument(); };
+    ASSERT_TRUE(await([&] { return !window->isWindowModified(); }));
+    EXPECT_THAT(folder.content("d.svg"), HasSubstr("Ours"));
+    EXPECT_FALSE(std::filesystem::exists(mine));
+    work = [](const AIDocumentSuite& suite) { suite.SetDocumentModified(true); };
+    ASSERT_TRUE(await([&] { return window->isWindowModified(); }));
+    work = [](const AIDocumentSuite& suite) { suite.CloseDocument(); };
+    ASSERT_TRUE(await([&] { return window->windowTitle() == "Easel[*]"; }));
+    choose("&Save");
+    window->resize(window->size() + QSize(50, 50));
+    EXPECT_TRUE(await([&] { return canvas().isTrue(); }));
+    EXPECT_TRUE(window->close()); // asks nothing
+}
+
+/// Also where the dialog adds the ending to what was typed.
+TEST_F(WindowFiles, AsksBeforeAFileIsReplaced) {
+    const std::string own = folder.path("Own.svg");
+    actions->save(own, false);
+    const struct {
+        const char *item, *typed, *file, *offered;
+    } rows[] = {{"Save &As...", "plan", "plan.svg", "Own.svg"},
+                {"Save &As...", "plan.v2", "plan.v2.svg", "Own.svg"},
+                {"&SVG Copy...", "plan", "plan.svg", "Own copy.svg"},
+                {"&SVG Copy...", "PLAN.SVG", "PLAN.SVG", "Own copy.svg"},
+                {"P&DF Page...", "plan", "plan.pdf", "Own.pdf"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.file);
+        const auto type = [&](const char* then) {
+            whenAsked<QFileDialog>([&, then](QFileDialog& dialog) {
+                EXPECT_EQ(QFileInfo(dialog.selectedFiles().constFirst()).fileName(), row.offered);
+                dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(folder.path(row.typed)));
+                clickWhenAsked(then);
+                static_cast<QDialog&>(dialog).accept();
+                if (*then == 'C') whenAsked<QFileDialog>([](QFileDialog& again) { again.reject(); });
+            });
+        };
+        folder.write(row.file, "theirs");
+        type("Cancel");
+        choose(row.item);
+        EXPECT_EQ(folder.content(row.file), "theirs");
+        type("Replace It");
+        choose(row.item);
+        EXPECT_NE(folder.content(row.file), "theirs");
+        EXPECT_EQ(asked, folder.path(row.file) + " is there already.");
+        actions->save(own, false);
+    }
+    EXPECT_TRUE(failures.empty());
+}
+
+/// Unsaved work is that of the drawing, while a part of it is edited too.
+TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
+    const std::string path = folder.write(
+        "d.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='99' height='99'><symbol id='s' viewBox='0 0 9 9'>"
+                 "<path d='M1,1 L8,8'/></symbol><use href='#s' width='9' height='9'/></svg>");
+    for (const bool opens : {true, false}) {
+        open(path);
+        actions->addLayer("Ours");
+        session->edit(actions->documentNumber(), "symbol", "s");
+        actions->addLayer("Within");
+        EXPECT_EQ(session->documents.count(), 2U);
+        EXPECT_EQ(window->windowTitle(), "d.svg[*] — Easel");
+        window->keepWork();
+        const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
+        EXPECT_THAT(desk::contents(mine + ".svg"), HasSubstr("Ours"));
+        EXPECT_EQ(desk::contents(mine + ".path"), path);
+        session->documents.setModified(document(), false);
+        clickWhenAsked("Cancel");
+        choose("&New");
+        EXPECT_THAT(asked, HasSubstr("Save the changes"));
+        opens ? open(path) : window->newDocument(10, 10);
+        EXPECT_EQ(session->documents.count(), 1U);
+        EXPECT_EQ(document().width(), opens ? 99 : 10);
+    }
 }
 
 /// The drawing in front can be used while another is read.

@@ -2,6 +2,7 @@
 #include "WindowTest.h"
 
 #include <QAccessible>
+#include <QLineEdit>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -53,6 +54,9 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     actions->nudge(1, 2);
     EXPECT_EQ(document().journal().undoDepth(), steps + 2);
     actions->undo();
+    enter("stroke", 0);
+    enter("stroke", 2.5);
+    EXPECT_TRUE(topPath().points.size() && document().currentLayer().firstChild()->style().isStroked());
     actions->save(folder.path("window.svg"), false);
     const std::string drawn = folder.content("window.svg");
     EXPECT_THAT(drawn, HasSubstr("<path"));
@@ -289,6 +293,34 @@ TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     EXPECT_EQ(document().layerCount(), 1U);
     ASSERT_EQ(failures.size(), 1U);
     EXPECT_EQ(failures[0], "the last layer cannot be removed");
+}
+
+TEST_F(WindowTest, TheMenuOfALayerIsAboutItsRow) {
+    for (const char* const title : {"Middle", "Upper"}) actions->addLayer(title);
+    actions->setCurrentLayer(2);
+    auto& list = *window->findChild<QTreeWidget*>("layers");
+    for (QAction* const action : list.actions()) {
+        list.setCurrentItem(list.topLevelItem(1)); // as the right mouse button does
+        if (action->text() == "Remove the Layer") {
+            EXPECT_TRUE(document().layerAt(1)->hidden());
+            EXPECT_TRUE(document().layerAt(1)->locked());
+            const auto* const editor = list.findChild<QLineEdit*>();
+            ASSERT_NE(editor, nullptr);
+            EXPECT_EQ(editor->text(), "Middle");
+        }
+        action->trigger();
+    }
+    ASSERT_EQ(document().layerCount(), 2U);
+    EXPECT_EQ(document().layerAt(0)->name() + document().layerAt(1)->name(), "UpperLayer 1");
+}
+
+TEST_F(WindowTest, AToolboxThatIsFilledAgainKeepsNothingOfBefore) {
+    const auto& toolbox = *window->findChild<QToolBar*>("toolbox");
+    const auto before = toolbox.findChildren<QAction*>().size();
+    choose("&Dark");
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_EQ(toolbox.findChildren<QAction*>().size(), before);
+    choose("&Dark");
 }
 
 /// The picture under way is that of the finished gesture, also where others lie above what moves.

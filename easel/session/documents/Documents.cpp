@@ -1,6 +1,8 @@
 // Numbering, and the errors of files as the session's own.
 #include "session/documents/Documents.h"
 
+#include <boost/algorithm/string/predicate.hpp>
+
 #include <algorithm>
 #include <filesystem>
 #include <utility>
@@ -180,7 +182,7 @@ void Documents::write(model::Document& document, const std::string& path, bool f
 }
 
 void Documents::exportSvg(model::Document& document, const std::string& path) const {
-    if (!path.ends_with(".svg")) throw Error(path + ": the name of an SVG file must end in .svg");
+    if (!boost::algorithm::iends_with(path, ".svg")) throw Error(path + ": the name of an SVG file must end in .svg");
     std::error_code differs;
     for (const Open& open : open_)
         if (std::filesystem::equivalent(path, open.path, differs))
