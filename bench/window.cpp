@@ -23,6 +23,7 @@
 #include "Documents.h"
 #include "Peak.h"
 #include "app/Application.h"
+#include "app/Dialogs.h"
 #include "app/Look.h"
 #include "app/Window.h"
 #include "svg/Files.h"
@@ -49,6 +50,7 @@ struct Shown {
         session.plugins.attach("Ortholine", PluginMain);
         session.start();
         window.emplace(actions, recovery, settings);
+        app::connectDialogs(actions, *window);
         window->resize(kSize);
         window->show();
         QApplication::processEvents();
@@ -108,6 +110,38 @@ void drag(benchmark::State& state, const char* tool, Grip grip) {
     for (auto _ : state) {
         turn += 0.01;
         shown.send(QEvent::MouseMove, {side / 2 + side / 3 * std::cos(turn), side / 2 + side / 3 * std::sin(turn)});
+        shown.window->canvas().repaint();
+    }
+    state.SetItemsProcessed(state.iterations());
+    shown.send(QEvent::MouseButtonRelease, from);
+}
+
+/// Argument: objects that are moved, every other one of a drawing from a file.
+void moveMany(benchmark::State& state) {
+    const Folder folder;
+    Shown shown(folder.path);
+    const double side = documents::side(state.range(0) * 2);
+    const std::string file = (folder.path / "many.svg").string();
+    {
+        model::Document document(side, side);
+        documents::fill(document, state.range(0) * 2);
+        svg::replaceFile(file, svg::write(document));
+    }
+    shown.window->open(file);
+    while (shown.window->isReading()) QApplication::processEvents();
+    shown.settle();
+    shown.actions.selectTool(*shown.session.toolbox.findByTitle("Selection Tool"));
+    model::Document& document = *shown.session.document();
+    model::Point from;
+    for (model::Node* at = document.currentLayer().firstChild(); at; at = at->next() ? at->next()->next() : nullptr) {
+        document.select(*at, true);
+        from = at->path().points[0].anchor;
+    }
+    shown.send(QEvent::MouseButtonPress, from);
+    double turn = 0;
+    for (auto _ : state) {
+        turn += 0.01;
+        shown.send(QEvent::MouseMove, {from.x + 20 * std::cos(turn), from.y + 20 * std::sin(turn)});
         shown.window->canvas().repaint();
     }
     state.SetItemsProcessed(state.iterations());
@@ -208,6 +242,7 @@ BENCHMARK_CAPTURE(drag, below, "Selection Tool", Grip::Bottommost)
     ->Arg(1'000)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(moveMany)->Name("window/moveMany")->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(start)->Name("window/start")->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(openLarge)->Name("window/open")->Arg(500'000)->Iterations(1)->Unit(benchmark::kMillisecond);
 

@@ -20,9 +20,9 @@
 #include <vector>
 
 #include "script/Script.h"
+#include "session/app/Environment.h"
 #include "session/app/Session.h"
 #include "session/frame/PluginFolders.h"
-#include "svg/EnvironmentLimit.h"
 #include "svg/Files.h"
 #include "svg/Picture.h"
 #include "svg/Reader.h"
@@ -34,8 +34,6 @@ enum ExitCode { Done = 0, Failed = 1, Misused = 2 };
 
 constexpr const char* kStandard = "-"; // as a file's name: standard input or output
 constexpr const char* kStandardInput = "standard input";
-
-constexpr unsigned long kUndoMegabytes = easel::model::Journal::kHistoryBytes >> 20;
 
 constexpr const char* kAbout = R"(A file called - is standard input or output.
 
@@ -88,9 +86,7 @@ ExitCode runScript(const Command& command) {
     const bool fromInput = command.script == kStandard;
     const std::string source = fromInput ? easel::svg::readAll(STDIN_FILENO, kStandardInput) : std::string();
     easel::session::Session session;
-    const char* const trace = std::getenv("EASEL_TRACE");
-    session.messenger.trace = trace && std::string_view(trace) == "1";
-    session.documents.setHistoryLimit(easel::svg::limitFromEnvironment("EASEL_UNDO_MEGABYTES", kUndoMegabytes) << 20);
+    easel::session::useEnvironment(session);
     session.documents.whileDrawing = progress("a picture");
     if (!command.profile.empty()) session.profile.use(command.profile);
     session.dialogs.staged = !command.nativeDialogs;

@@ -23,6 +23,7 @@
 #include "app/Dialogs.h"
 #include "app/Look.h"
 #include "app/Window.h"
+#include "session/app/Environment.h"
 #include "session/frame/PluginFolders.h"
 
 namespace {
@@ -30,6 +31,9 @@ namespace {
 using namespace easel;
 
 enum ExitCode { Done = 0, Failed = 1, Misused = 2 };
+
+constexpr const char* kAbout = R"(Environment, as easel --help tells it:
+  EASEL_PLUGINS, EASEL_RENDER_SECONDS, EASEL_RENDER_MEGABYTES, EASEL_UNDO_MEGABYTES, EASEL_TRACE=1)";
 
 struct Command {
     std::string drawing;
@@ -137,9 +141,13 @@ int show(int argc, char** argv, const Command& command) {
     app::readFonts();
     app::Application application(argc, argv);
     app::listFonts();
+    const struct FontsListed { // before the application goes, also when something is thrown
+        ~FontsListed() { app::awaitFonts(); }
+    } fontsListed;
     QApplication::setApplicationName("Easel");
 
     session::Session session;
+    session::useEnvironment(session);
     session.profile.use(command.profile.empty() ? defaultProfile() : command.profile);
     app::Settings settings(session.profile.folder());
     if (command.dark) settings.setDark(true);
@@ -153,18 +161,7 @@ int show(int argc, char** argv, const Command& command) {
     app::Window window(actions, recovery, settings);
     shownWindow = &window;
     application.failed = [&window](const QString& why) { window.tell(why); };
-    session.alerts.handler = [&](const session::Alert& alert) {
-        const std::size_t chosen = app::showAlert(alert, window);
-        actions.dialogs.chosen(alert, chosen);
-        return chosen;
-    };
-    session.dialogs.face = [&](session::Dialog& dialog) {
-        actions.dialogs.opened(dialog);
-        app::showDialog(session.dialogs, dialog, window);
-    };
-    session.dialogs.heard = [&](session::Dialog& dialog, const StageDialogMessage& message) {
-        actions.dialogs.heard(dialog, message);
-    };
+    app::connectDialogs(actions, window);
     session.browser.open = app::openAddress;
     endOnSignals(application);
     const auto say = [&](const char* what) {
@@ -196,6 +193,7 @@ int show(int argc, char** argv, const Command& command) {
 int run(int argc, char** argv) {
     Command command;
     CLI::App cli{"Easel, a drawing application for axonometric views", "easel-window"};
+    cli.footer(kAbout);
     cli.set_version_flag("--version", "Easel " EASEL_VERSION, "Print the version and exit");
     cli.add_option("FILE.svg", command.drawing, "The drawing to open; a new one if left out");
     cli.add_option("--plugin", command.plugins, "A plug-in bundle (NAME.aip); can be given more than once")

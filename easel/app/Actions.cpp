@@ -183,6 +183,11 @@ void Actions::release(model::Point location, session::Modifiers modifiers) {
         [&] { session_.pointer.release(location, modifiers); });
 }
 
+void Actions::rightClick(model::Point location, session::Modifiers modifiers) {
+    act("mouse.rightClick(" + Recorder::at(location, modifiers) + ')',
+        [&] { session_.pointer.rightClick(location, modifiers); });
+}
+
 void Actions::holdLength(double length) {
     if (!session_.pointer.pressed()) return;
     session_.pointer.holdLength(length);

@@ -47,6 +47,7 @@ class Actions {
     void press(model::Point location, session::Modifiers modifiers);
     void drag(model::Point location, session::Modifiers modifiers);
     void release(model::Point location, session::Modifiers modifiers);
+    void rightClick(model::Point location, session::Modifiers modifiers);
     /// Holds the running gesture at a length from its press from the next drag on; 0 lets it go.
     void holdLength(double length);
 

@@ -3,12 +3,14 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPixmap>
 #include <QTimerEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "app/Application.h"
 #include "session/input/Keys.h"
@@ -30,6 +32,9 @@ constexpr std::size_t kMostTrueObjects = 50'000;
 constexpr double kMargin = 24; // around the page that is fitted, in widget pixels
 constexpr std::size_t kMostDigits = 12;
 
+/// Plug-ins number the host's cursors. Pens look alike here.
+constexpr std::int32_t kMoveCursor = 140;
+
 /// The name of a key as sessions know it; empty for keys without.
 std::string keyName(const QKeyEvent& event) {
     switch (event.key()) {
@@ -49,6 +54,14 @@ std::string keyName(const QKeyEvent& event) {
 
 bool isModifier(int key) {
     return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta;
+}
+
+/// Whether the renderer shows more of it than we do.
+bool hasLooks(const model::Node& node) {
+    const model::Content& content = node.content();
+    const bool isServed =
+        content.style && !(content.style->fillServer().empty() && content.style->strokeServer().empty());
+    return content.extras || isServed || node.type() == model::NodeType::Opaque;
 }
 
 bool isDigit(const QKeyEvent& event) {
@@ -95,6 +108,7 @@ void Canvas::showDocument() {
     scene_.show(document());
     ++lastOrder_;
     truthFails_ = false;
+    sizeIsKnown_ = false;
     text_ = nullptr;
     typedLength_.clear();
     updatePort();
@@ -110,10 +124,10 @@ void Canvas::leaveDocument() {
 
 bool Canvas::refresh() {
     const Watch::Change change = watch_.take(dragging());
-    for (const model::Box& box : change.boxes) scene_.invalidate(box);
+    scene_.invalidate(change.boxes);
     if (change.everything && document()) {
         scene_.invalidateAll();
-        scene_.spoilTruth({0, 0, document()->width(), document()->height()});
+        scene_.spoilTruth({{0, 0, document()->width(), document()->height()}});
     }
     if (change.real) truthFails_ = false;
     if (!dragging()) typedLength_.clear();
@@ -140,7 +154,22 @@ void Canvas::showCursor() {
         }
     }
     if (!lastRemark_.empty() && remark) remark(lastRemark_ = "");
+    if (const auto own = pluginCursor()) return setCursor(*own);
     setCursor(draws ? Qt::CrossCursor : Qt::ArrowCursor);
+}
+
+/// The one that the current tool's plug-in has set, if so: a picture of its own, or one of the host's by number.
+std::optional<QCursor> Canvas::pluginCursor() const {
+    const session::Plugin* const owner = actions_.session().toolbox.current()->owner;
+    const StageCursor& set = actions_.session().screen.cursor;
+    if (!owner) return {};
+    if (set.number == kMoveCursor) return QCursor(Qt::SizeAllCursor);
+    if (set.plugin != owner->handle || set.scale <= 0) return {};
+    QPixmap picture(
+        QString::fromStdString(owner->filePath + "/Contents/Resources/" + std::to_string(set.resource) + ".png"));
+    if (picture.isNull()) return {};
+    picture.setDevicePixelRatio(set.scale);
+    return QCursor(picture, static_cast<int>(std::lround(set.hotSpot.h)), static_cast<int>(std::lround(set.hotSpot.v)));
 }
 
 // View
@@ -218,16 +247,28 @@ void Canvas::setNotice(const QString& notice) {
 
 bool Canvas::isTrue() const { return scene_.isComplete() && !truthIsDue_ && !truthTimer_.isActive(); }
 
+/// Whether true pictures of the drawing are made. Says once that they are not where they would show more.
+bool Canvas::wantsTruth() {
+    std::size_t objects = 0;
+    bool isPlain = true;
+    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at)) {
+        if (hasLooks(*at)) isPlain = false;
+        if (++objects > kMostTrueObjects && (sizeIsKnown_ || !isPlain)) break;
+    }
+    if (objects <= kMostTrueObjects) return !isPlain || document()->origin; // what cairo draws is made here
+    if (!std::exchange(sizeIsKnown_, true) && !isPlain && remark)
+        remark("This drawing has more than 50,000 objects: gradients, text and images of it show in plain colours, or "
+               "as boxes");
+    return false;
+}
+
 void Canvas::askForTruth() {
     truthIsDue_ = false;
     if (!document() || truthFails_ || dragging() || scene_.port().size.isEmpty()) return;
-    std::size_t objects = 0;
-    bool isPlain = !document()->origin; // made here, of what cairo draws
-    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at)) {
-        if (++objects > kMostTrueObjects) return scene_.dropTruth();
-        if (at->content().extras) isPlain = false;
+    if (!wantsTruth()) {
+        ++lastOrder_; // what was asked for before is out of date
+        return scene_.dropTruth();
     }
-    if (isPlain) return scene_.dropTruth();
     try {
         const std::uint64_t changes = document()->journal().changeCount();
         if (!text_ || changes != textChanges_) text_ = std::make_shared<const std::string>(svg::write(*document()));
@@ -304,9 +345,10 @@ void Canvas::mousePressEvent(QMouseEvent* event) {
         panFrom_ = event->position();
         return showCursor();
     }
-    if (!document() || dragging() || panFrom_) return;
-    if (event->button() == Qt::RightButton) return;
-    if (event->button() != Qt::LeftButton) return;
+    if (!document() || panFrom_) return;
+    if (event->button() == Qt::RightButton && handlingNow() == Handling::Tool)
+        return actions_.rightClick(toDocument(event->position()), modifiersOf(event->modifiers()));
+    if (event->button() != Qt::LeftButton || dragging()) return;
     if (handlingNow() == Handling::Zoom)
         return zoomBy(modifiersOf(event->modifiers()) & kAIOptionKey ? 0.5 : 2, event->position());
     typedLength_.clear();
@@ -328,8 +370,28 @@ void Canvas::mouseMoveEvent(QMouseEvent* event) {
     if (dragging())
         actions_.drag(*mouse_, held);
     else if (handlingNow() == Handling::Tool)
-        actions_.session().pointer.move(*mouse_, held);
+        hover(held);
     if (viewChanged) viewChanged();
+}
+
+/// No act: the drawing stays as it is, but what plug-ins draw over it may change, and their cursor.
+void Canvas::hover(Modifiers held) {
+    session::Session& session = actions_.session();
+    const auto marks = [&] {
+        std::vector<model::Mark> all;
+        for (const session::Annotator* each : session.annotations.all())
+            all.insert(all.end(), each->marks.begin(), each->marks.end());
+        return all;
+    };
+    const std::vector<model::Mark> before = marks();
+    const StageCursor cursor = session.screen.cursor;
+    session.pointer.move(*mouse_, held);
+    session.annotations.update();
+    if (marks() != before) update();
+    const StageCursor& now = session.screen.cursor;
+    const bool isAnother =
+        now.number != cursor.number || now.plugin != cursor.plugin || now.resource != cursor.resource;
+    if (isAnother) showCursor();
 }
 
 void Canvas::mouseReleaseEvent(QMouseEvent* event) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QBasicTimer>
+#include <QCursor>
 #include <QPointF>
 #include <QWidget>
 
@@ -81,8 +82,11 @@ class Canvas final : public QWidget {
     [[nodiscard]] session::Modifiers modifiersOf(Qt::KeyboardModifiers keys) const;
     void updatePort();
     void showView();
+    [[nodiscard]] bool wantsTruth();
     void askForTruth();
     void showCursor();
+    [[nodiscard]] std::optional<QCursor> pluginCursor() const;
+    void hover(session::Modifiers held);
     void dragAgain(session::Modifiers modifiers);
     bool typeLength(const QKeyEvent& event);
     void hearKey(const QKeyEvent& event);
@@ -115,6 +119,7 @@ class Canvas final : public QWidget {
     std::optional<double> knownReach_;
     std::uint64_t lastOrder_ = 0;             ///< of a true picture
     bool truthFails_ = false;                 ///< for the document as it is
+    bool sizeIsKnown_ = false;                ///< whether its user knows that it is too large for true pictures
     std::shared_ptr<const std::string> text_; ///< of the document, as SVG
     std::uint64_t textChanges_ = 0;           ///< the document's count then
     bool truthIsDue_ = false;                 ///< was asked for, or will be

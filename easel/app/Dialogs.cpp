@@ -3,6 +3,7 @@
 #include "app/Dialogs.h"
 
 #include <QApplication>
+#include <QBasicTimer>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QCloseEvent>
@@ -15,11 +16,13 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QTimerEvent>
 #include <QUrl>
 
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <tuple>
 #include <utility>
 
 #include "app/Application.h"
@@ -70,6 +73,15 @@ void fitTitle(QWidget& shown) {
     }
 }
 
+/// All that shows of a widget.
+auto lookOf(const session::Widget& widget) {
+    const AIRealRect& frame = widget.frame;
+    return std::tie(widget.id, widget.kind, frame.left, frame.top, frame.right, frame.bottom, widget.text,
+                    widget.tooltip, widget.visible, widget.enabled, widget.checked, widget.bold, widget.italic,
+                    widget.image, widget.rolloverImage, widget.pressedImage, widget.alignment, widget.style,
+                    widget.linked, widget.selectionStart, widget.selectionEnd);
+}
+
 QString deleteKey() { return QString::fromUtf8(session::kDeleteKey.data(), session::kDeleteKey.size()); }
 
 /// What a key is told as that moves the caret or has a function; 0 for others.
@@ -114,6 +126,8 @@ class StagedDialog final : public QDialog {
         : QDialog(&parent), dialogs_(dialogs), dialog_(dialog) {
         setObjectName("staged");
         sync();
+        constexpr int kLookMilliseconds = 50;
+        lookTimer_.start(kLookMilliseconds, this);
     }
 
     bool eventFilter(QObject* object, QEvent* event) override {
@@ -154,6 +168,11 @@ class StagedDialog final : public QDialog {
         if (const int key = dialogKey(*event); key != 0) act([&] { dialogs_.press(dialog_, key); });
     }
     bool focusNextPrevChild(bool /*next*/) override { return false; }
+    /// Plug-ins change and end dialogs in timers too.
+    void timerEvent(QTimerEvent* event) override {
+        if (event->timerId() != lookTimer_.timerId()) return QDialog::timerEvent(event);
+        if (dialog_.ended || !isShownAsItIs()) act([] {});
+    }
 
   private:
     /// What of the keyboard is the dialog's; 0 for the rest.
@@ -354,7 +373,16 @@ class StagedDialog final : public QDialog {
         return nearest ? nearest->text : std::string();
     }
 
+    [[nodiscard]] bool isShownAsItIs() const {
+        const auto same = [](const session::Widget& a, const session::Widget& b) { return lookOf(a) == lookOf(b); };
+        return shown_.title == dialog_.title && shown_.width == dialog_.width && shown_.height == dialog_.height &&
+               shown_.focus == dialog_.focus &&
+               std::equal(shown_.widgets.begin(), shown_.widgets.end(), dialog_.widgets.begin(), dialog_.widgets.end(),
+                          same);
+    }
+
     void sync() {
+        shown_ = dialog_;
         setWindowTitle(QString::fromStdString(dialog_.title));
         setFixedSize(static_cast<int>(dialog_.width), static_cast<int>(dialog_.height));
         for (auto at = widgets_.begin(); at != widgets_.end();) {
@@ -382,6 +410,8 @@ class StagedDialog final : public QDialog {
 
     session::Dialogs& dialogs_;
     session::Dialog& dialog_;
+    session::Dialog shown_; ///< when it was shown last
+    QBasicTimer lookTimer_;
     std::map<int, QWidget*> widgets_; // by the plug-in's number
     int pointed_ = 0;                 // the widget under the pointer, by its number
     int held_ = 0;                    // that the mouse button is down on
@@ -389,6 +419,22 @@ class StagedDialog final : public QDialog {
 };
 
 } // namespace
+
+void connectDialogs(Actions& actions, QWidget& window) {
+    session::Session& session = actions.session();
+    session.alerts.handler = [&](const session::Alert& alert) {
+        const std::size_t chosen = showAlert(alert, window);
+        actions.dialogs.chosen(alert, chosen);
+        return chosen;
+    };
+    session.dialogs.face = [&](session::Dialog& dialog) {
+        actions.dialogs.opened(dialog);
+        showDialog(session.dialogs, dialog, window);
+    };
+    session.dialogs.heard = [&](session::Dialog& dialog, const StageDialogMessage& message) {
+        actions.dialogs.heard(dialog, message);
+    };
+}
 
 std::size_t showAlert(const session::Alert& alert, QWidget& window) {
     using Kind = session::Alert::Kind;

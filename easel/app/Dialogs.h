@@ -5,12 +5,16 @@
 #include <cstddef>
 #include <string>
 
+#include "app/Actions.h"
 #include "session/frame/Alerts.h"
 #include "session/frame/Dialogs.h"
 
 class QWidget;
 
 namespace easel::app {
+
+/// Has the session's alerts and dialogs shown over the window, and recorded what the user does with them.
+void connectDialogs(Actions& actions, QWidget& window);
 
 /// Both wait for the user. `window` is what they lie over, unless a dialog is open already.
 [[nodiscard]] std::size_t showAlert(const session::Alert& alert, QWidget& window);

@@ -17,7 +17,7 @@ namespace {
 using model::Document;
 using model::Node;
 
-constexpr std::size_t kMostRectangles = 64; // beyond, one around all live art says where tiles are needed
+constexpr std::size_t kMostRectangles = 64; // beyond, places are not told apart
 
 bool showsSomething(const Node& node) { return !node.hidden() && (!node.isContainer() || node.firstChild()); }
 
@@ -35,9 +35,12 @@ void LiveArt::show(Document* document, const Port& port) {
     update();
 }
 
-void LiveArt::invalidate(const model::Box& box) {
-    const QRect pixels = port_.rectangle(box);
-    std::erase_if(tiles_, [&](const auto& tile) { return pixelsOf(tile.first).intersects(pixels); });
+void LiveArt::invalidate(const std::vector<model::Box>& boxes) {
+    if (boxes.size() > kMostRectangles) return tiles_.clear();
+    for (const model::Box& box : boxes) {
+        const QRect pixels = port_.rectangle(box);
+        std::erase_if(tiles_, [&](const auto& tile) { return pixelsOf(tile.first).intersects(pixels); });
+    }
 }
 
 void LiveArt::update() {

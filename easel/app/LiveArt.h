@@ -22,8 +22,8 @@ class LiveArt {
 
     /// Another document or another port: what is kept is of no use.
     void show(model::Document* document, const Port& port);
-    /// Whatever is kept of this box is of no use.
-    void invalidate(const model::Box& box);
+    /// Whatever is kept of these boxes is of no use.
+    void invalidate(const std::vector<model::Box>& boxes);
     /// Takes what the watch says is live now.
     void update();
 

@@ -1,8 +1,10 @@
 // NUMBER.svg, or NUMBER-1.svg where that is taken, holds the work of the process of that number; the name of its file
-// is in the one that ends in .path and, behind a zero, what was known of it.
+// is in the one that ends in .path and, behind a zero, what was known of it. The one that ends in .lock is locked as
+// long as the process lives: its number alone may be another's by now.
 #include "app/Recovery.h"
 
-#include <signal.h>
+#include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -21,10 +23,28 @@ namespace fs = std::filesystem;
 
 constexpr const char* kCopyEnd = ".svg";
 constexpr const char* kPathEnd = ".path";
+constexpr const char* kLockEnd = ".lock";
 
 std::string pathFileOf(const std::string& copy) { return fs::path(copy).replace_extension(kPathEnd).string(); }
+std::string lockFileOf(const std::string& copy) { return fs::path(copy).replace_extension(kLockEnd).string(); }
 
-bool isRunning(long process) { return ::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM; }
+/// Whether another holds the lock. Where files cannot be locked nobody does.
+bool isRefused(int file, int kind) { return ::flock(file, kind | LOCK_NB) != 0 && errno == EWOULDBLOCK; }
+
+/// Whether the program that keeps its work there runs.
+bool isInUse(const std::string& copy) {
+    const int file = ::open(lockFileOf(copy).c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return false;
+    const bool isHeld = isRefused(file, LOCK_SH);
+    ::close(file);
+    return isHeld;
+}
+
+void removeWork(const std::string& copy) {
+    std::error_code ignored;
+    fs::remove(copy, ignored);
+    fs::remove(pathFileOf(copy), ignored);
+}
 
 } // namespace
 
@@ -38,10 +58,26 @@ std::string Recovery::defaultFolder() {
 Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
     std::error_code ignored;
     fs::create_directories(folder_, ignored);
-    // A program of this number may have ended before, and left its own.
     const std::string name = (fs::path(folder_) / std::to_string(::getpid())).string();
-    copy_ = name + kCopyEnd;
-    for (int i = 1; fs::exists(copy_, ignored); ++i) copy_ = name + '-' + std::to_string(i) + kCopyEnd;
+    bool isFree = take(name + kCopyEnd);
+    for (int i = 1; !isFree; ++i) isFree = take(name + '-' + std::to_string(i) + kCopyEnd);
+}
+
+Recovery::~Recovery() {
+    std::error_code ignored;
+    if (!fs::exists(copy_, ignored)) fs::remove(lockFileOf(copy_), ignored);
+    if (lock_ >= 0) ::close(lock_);
+}
+
+/// A program of this number may have ended before, and left its own.
+bool Recovery::take(const std::string& copy) {
+    std::error_code ignored;
+    if (fs::exists(copy, ignored)) return false;
+    copy_ = copy;
+    lock_ = ::open(lockFileOf(copy).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (lock_ < 0 || !isRefused(lock_, LOCK_EX)) return true;
+    ::close(lock_);
+    return false;
 }
 
 std::string Recovery::keep(model::Document& document, const std::string& path) {
@@ -57,7 +93,7 @@ std::string Recovery::keep(model::Document& document, const std::string& path) {
     return {};
 }
 
-void Recovery::drop() { remove({copy_, {}, {}}); }
+void Recovery::drop() { removeWork(copy_); }
 
 std::vector<Recovery::Left> Recovery::left() const {
     std::vector<Left> found;
@@ -65,8 +101,7 @@ std::vector<Recovery::Left> Recovery::left() const {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder_, failed)) {
         if (entry.path().extension() != kCopyEnd) continue;
         const long process = std::strtol(entry.path().stem().c_str(), nullptr, 10);
-        const bool isOurs = process == ::getpid() && entry.path() == copy_;
-        if (process <= 0 || isOurs || (process != ::getpid() && isRunning(process))) continue;
+        if (process <= 0 || entry.path() == copy_ || isInUse(entry.path().string())) continue;
         Left left{entry.path().string(), {}, {}};
         try {
             const std::string about = svg::readFile(pathFileOf(left.copy));
@@ -80,9 +115,9 @@ std::vector<Recovery::Left> Recovery::left() const {
 }
 
 void Recovery::remove(const Left& left) {
+    removeWork(left.copy);
     std::error_code ignored;
-    fs::remove(left.copy, ignored);
-    fs::remove(pathFileOf(left.copy), ignored);
+    fs::remove(lockFileOf(left.copy), ignored);
 }
 
 } // namespace easel::app

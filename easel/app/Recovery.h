@@ -16,7 +16,7 @@ class Recovery {
 
     /// Makes the folder. Nothing is kept where that fails.
     explicit Recovery(std::string folder);
-    ~Recovery() = default; ///< a copy stays until it is dropped: whoever ends the program may have saved nothing
+    ~Recovery(); ///< a copy stays until it is dropped: whoever ends the program may have saved nothing
     Recovery(const Recovery&) = delete;
     Recovery& operator=(const Recovery&) = delete;
 
@@ -35,8 +35,11 @@ class Recovery {
     static void remove(const Left& left);
 
   private:
+    bool take(const std::string& copy);
+
     std::string folder_;
     std::string copy_; ///< this program's
+    int lock_ = -1;    ///< held as long as the program runs; -1 where that cannot be
 };
 
 } // namespace easel::app

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <utility>
 
 #include "app/PathPainter.h"
 
@@ -11,14 +12,28 @@ namespace easel::app {
 
 namespace {
 
-/// Whole tiles that hold the rectangle.
-QRect tilesAround(const QRect& rectangle, int tile) {
-    if (rectangle.isEmpty()) return {};
-    const int left = rectangle.left() / tile * tile;
-    const int top = rectangle.top() / tile * tile;
-    const int right = (rectangle.right() / tile + 1) * tile;
-    const int bottom = (rectangle.bottom() / tile + 1) * tile;
-    return {left, top, right - left, bottom - top};
+constexpr int kTile = 128; // pixels
+
+/// Whole tiles that hold the boxes, of which there may be very many.
+QRegion tilesAround(const std::vector<model::Box>& boxes, const Port& port) {
+    const QRect all(QPoint(0, 0), port.size);
+    const int columns = all.right() / kTile + 1;
+    const int rows = all.bottom() / kTile + 1;
+    std::vector<std::vector<bool>> touched(static_cast<std::size_t>(rows),
+                                           std::vector<bool>(static_cast<std::size_t>(columns)));
+    for (const model::Box& box : boxes) {
+        const QRect part = port.rectangle(box) & all;
+        if (part.isEmpty()) continue;
+        for (int row = part.top() / kTile; row <= part.bottom() / kTile; ++row)
+            for (int column = part.left() / kTile; column <= part.right() / kTile; ++column)
+                touched[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = true;
+    }
+    QRegion tiles;
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+            if (touched[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)])
+                tiles += QRect(column * kTile, row * kTile, kTile, kTile) & all;
+    return tiles;
 }
 
 } // namespace
@@ -50,11 +65,11 @@ void Scene::setPort(const Port& port) {
     live_.show(document_, port_);
 }
 
-void Scene::invalidate(const model::Box& box) {
-    const QRect all(QPoint(0, 0), port_.size);
-    invalid_ += tilesAround(port_.rectangle(box) & all, kTile) & all;
-    live_.invalidate(box);
-    spoilTruth(box);
+void Scene::invalidate(const std::vector<model::Box>& boxes) {
+    if (boxes.empty() || port_.size.isEmpty()) return;
+    invalid_ += tilesAround(boxes, port_);
+    live_.invalidate(boxes);
+    spoilTruth(boxes);
 }
 
 void Scene::invalidateAll() { invalid_ = QRect(QPoint(0, 0), port_.size); }
@@ -105,27 +120,42 @@ QRegion Scene::takeLive(int milliseconds) {
 void Scene::setTruth(QImage image, const Port& port) {
     truth_ = std::move(image);
     truthPort_ = port;
-    spoilt_.erase(spoilt_.begin(), spoilt_.begin() + static_cast<std::ptrdiff_t>(spoiltBefore_));
-    spoiltBefore_ = 0;
+    spoilt_ = std::exchange(spoiltSince_, {});
+    requested_.reset();
 }
 
 void Scene::dropTruth() {
     truth_ = {};
-    spoilt_.clear();
-    spoiltBefore_ = 0;
+    spoilt_ = {};
+    spoiltSince_ = {};
+    requested_.reset();
 }
 
-void Scene::spoilTruth(const model::Box& box) {
-    if (!box.isEmpty()) spoilt_.push_back(box);
+void Scene::noteRequest() {
+    requested_ = port_;
+    spoiltSince_ = {};
+}
+
+void Scene::spoilTruth(const std::vector<model::Box>& boxes) {
+    if (hasTruth()) spoilt_ += tilesAround(boxes, truthPort_);
+    if (requested_) spoiltSince_ += tilesAround(boxes, *requested_);
 }
 
 QRect Scene::pageRectangle() const { return port_.rectangle({0, 0, document_->width(), document_->height()}); }
 
+/// Where the truth shows: as far as it reaches, but where it is spoilt.
+QRegion Scene::knownTruth() const {
+    const auto shown = [this](const QRect& part) { return port_.rectangle(truthPort_.box(part)); };
+    QRegion known = pageRectangle();
+    known &= shown(QRect(QPoint(0, 0), truthPort_.size)).adjusted(1, 1, -1, -1); // without half a pixel at its edge
+    for (const QRect& tile : spoilt_) known -= shown(tile);
+    return known;
+}
+
 void Scene::paint(QPainter& painter, const QRect& pixels) const {
     if (!document_) return;
     if (!hasTruth()) return painter.drawImage(pixels.topLeft(), image_, pixels);
-    QRegion known = QRegion(pageRectangle()) & pixels;
-    for (const model::Box& box : spoilt_) known -= port_.rectangle(box);
+    const QRegion known = knownTruth() & pixels;
     painter.save();
     painter.setClipRegion(QRegion(pixels) - known);
     painter.drawImage(pixels.topLeft(), image_, pixels);

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QRegion>
 
+#include <optional>
 #include <vector>
 
 #include "app/LiveArt.h"
@@ -25,7 +26,7 @@ class Scene {
     void setPort(const Port& port);
     [[nodiscard]] const Port& port() const { return port_; }
 
-    void invalidate(const model::Box& box); ///< in the document
+    void invalidate(const std::vector<model::Box>& boxes); ///< in the document
     void invalidateAll();
 
     /// Paints invalid tiles for about this long, nearest to the middle first. Returns what has been painted.
@@ -43,18 +44,17 @@ class Scene {
     void setTruth(QImage image, const Port& port);
     void dropTruth();
     /// The truth is out of date at these places from now on.
-    void spoilTruth(const model::Box& box);
+    void spoilTruth(const std::vector<model::Box>& boxes);
     [[nodiscard]] bool hasTruth() const { return !truth_.isNull(); }
     /// Paints the picture, and the truth where it is known, within the page.
     void paint(QPainter& painter, const QRect& pixels) const;
-    /// What was spoilt before a truth was asked for is in it.
-    void noteRequest() { spoiltBefore_ = spoilt_.size(); }
+    /// A truth is asked for: what has been spoilt until now is in it.
+    void noteRequest();
 
   private:
-    static constexpr int kTile = 128; // pixels
-
     void paintTile(const QRect& tile);
     [[nodiscard]] QRect pageRectangle() const;
+    [[nodiscard]] QRegion knownTruth() const;
 
     Watch& watch_;
     LiveArt live_;
@@ -64,8 +64,9 @@ class Scene {
     QRegion invalid_; // of whole tiles
     QImage truth_;
     Port truthPort_;
-    std::vector<model::Box> spoilt_;
-    std::size_t spoiltBefore_ = 0;
+    QRegion spoilt_; ///< of whole tiles of that port
+    std::optional<Port> requested_;
+    QRegion spoiltSince_; ///< the request, in whole tiles of its port
 };
 
 } // namespace easel::app

@@ -156,7 +156,8 @@ void SelectionPanel::refresh() {
         for (model::Node* const node : actions_.document()->selection()) {
             if (!node->parent()->selected()) outermost.push_back(node);
             if (!style && node->content().style) style = &node->style();
-            if (!stroked && node->content().style && node->style().isStroked()) stroked = &node->style();
+            const bool isStroked = !stroked && node->content().style && node->style().isStroked();
+            if (isStroked && !node->effectivelyLocked()) stroked = &node->style();
         }
     }
     isStroked_ = stroked != nullptr;

@@ -128,7 +128,10 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
 }
 
 /// Documents may end after it.
-Window::~Window() { actions_.session().documents.goes = {}; }
+Window::~Window() {
+    hide(); // a title that is half typed counts as long as there is a list of layers
+    actions_.session().documents.goes = {};
+}
 
 // Making
 

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "WindowTest.h"
+#include "hostapi/AITimer.h"
 #include "hostapi/AITool.h"
 #include "script/Script.h"
 
@@ -63,6 +64,31 @@ TEST_F(WindowDialogs, TellsPluginsOfEveryKeyAndClick) {
     });
     session->dialogs.run(dialog);
     EXPECT_EQ(heard, "1:\xEF\x9C\x82 1:\xEF\x9C\x84 1:\xEF\x9C\xAB 1:\x7f 3 4 3 3 4 3 ");
+}
+
+TEST_F(WindowDialogs, FollowWhatTheirPluginDoesInATimer) {
+    static easel::session::Dialog* dialog;
+    static bool ends;
+    ends = false;
+    auto& plugin = session->plugins.attach("Timing", [](const char*, const char* selector, void*) -> SPErr {
+        if (std::string(selector) != kSelectorAIGoTimer) return kNoErr;
+        dialog->widgets.front().text = "Done";
+        if (ends) easel::session::Dialogs::end(*dialog);
+        return kNoErr;
+    });
+    session->start();
+    dialog = &session->dialogs.add(plugin, "Waiting", 200, 100);
+    easel::session::Widget widget;
+    widget.id = widget.kind = kStageLabel;
+    widget.text = "Not yet";
+    easel::session::Dialogs::setWidget(*dialog, widget);
+    auto& timer = session->timers.add(plugin, "Waiting", 6);
+    whenAsked<QDialog>([&](QDialog& shown) {
+        EXPECT_TRUE(await([&] { return shown.findChild<QLabel*>("Done") != nullptr; }));
+        ends = true;
+    });
+    session->dialogs.run(*dialog); // until it ends, which nobody here sees to
+    session->timers.remove(timer);
 }
 
 TEST_F(WindowDialogs, ShowsAnotherPictureUnderThePointer) {

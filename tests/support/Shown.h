@@ -65,16 +65,7 @@ class Shown : public testing::Test {
         recorder = std::make_unique<easel::app::Recorder>(record);
         actions = std::make_unique<easel::app::Actions>(*session, *recorder);
         window = std::make_unique<easel::app::Window>(*actions, recovery, settings);
-        session->alerts.handler = [this](const auto& alert) {
-            const std::size_t chosen = easel::app::showAlert(alert, *window);
-            actions->dialogs.chosen(alert, chosen);
-            return chosen;
-        };
-        session->dialogs.face = [this](auto& dialog) {
-            actions->dialogs.opened(dialog);
-            easel::app::showDialog(session->dialogs, dialog, *window);
-        };
-        session->dialogs.heard = [this](auto& dialog, const auto& message) { actions->dialogs.heard(dialog, message); };
+        easel::app::connectDialogs(*actions, *window);
         easel::app::Application::instance().failed = [this](const QString& why) {
             failures.push_back(why.toStdString());
         };
