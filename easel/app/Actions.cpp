@@ -141,8 +141,6 @@ void Actions::open(std::unique_ptr<model::Document> read, const std::string& pat
 }
 
 void Actions::save(const std::string& path, bool force) {
-    if (const model::Document* const front = document(); front && session_.documents.editedAs(*front))
-        throw Error("a part of the drawing is being edited; it is saved with the drawing, once that has ended");
     act("app.save(" + Recorder::quoted(absolute(path)) + (force ? ", {force: true})" : ")"), [&] {
         session_.save(path, force);
         recordedView_ = {};

@@ -278,6 +278,7 @@ void Window::makeStatusBar() {
     zoom_->setAccessibleName("Zoom");
     zoom_->setEditable(true);
     zoom_->setInsertPolicy(QComboBox::NoInsert);
+    zoom_->setCompleter(nullptr); // which makes 5 into 50 %, and the field one that nobody has typed into
     zoom_->setFixedWidth(84);
     for (const char* const each : {"25%", "50%", "100%", "200%", "400%", "800%"}) zoom_->addItem(each);
     const auto zoom = guarded([this] {
