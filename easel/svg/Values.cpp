@@ -212,9 +212,25 @@ std::string withoutComments(std::string_view text) {
     return plain;
 }
 
+namespace {
+
+/// Characters that begin what is looked over.
+constexpr std::array<bool, 256> kOpens = [] {
+    std::array<bool, 256> opens{};
+    for (const char c : {'"', '\'', '(', '[', '{', '/'}) opens[static_cast<unsigned char>(c)] = true;
+    return opens;
+}();
+
+} // namespace
+
 std::size_t findPlain(std::string_view text, std::string_view what, std::size_t from) {
-    const std::size_t first = std::min(text.find_first_of(what, from), text.size());
-    if (text.substr(from, first - from).find_first_of("\"'([{/") == text.npos) return first; // as nearly always
+    // Nearly always nothing stands before it that could hold one of its own.
+    const auto isWanted = [what, front = what.front()](char c) {
+        return c == front || (what.size() > 1 && what.find(c, 1) != what.npos);
+    };
+    std::size_t first = std::min(from, text.size());
+    while (first < text.size() && !isWanted(text[first]) && !kOpens[static_cast<unsigned char>(text[first])]) ++first;
+    if (first == text.size() || isWanted(text[first])) return first;
     std::string closers;
     for (std::size_t at = from; at < text.size(); ++at) {
         const char c = text[at];
