@@ -64,33 +64,25 @@ bool send(Reply kind, std::string_view bytes) {
     return send(head.bytes) && send(bytes);
 }
 
+template <class Wanted> Wanted unpacked(std::string_view bytes) {
+    Wanted request;
+    Unpacker(bytes) >> request;
+    return request;
+}
+
+template <class Found> std::string packed(const Found& found) {
+    Packer packer;
+    packer << found;
+    return packer.bytes;
+}
+
 std::string handle(Renderer& renderer, Request kind, std::string_view bytes) {
     switch (kind) {
     case Request::Load: renderer.load(bytes); return {};
-    case Request::Picture: {
-        PictureRequest request;
-        Unpacker(bytes) >> request;
-        return renderer.picture(request);
-    }
-    case Request::View: {
-        ViewRequest request;
-        Unpacker(bytes) >> request;
-        return renderer.view(request);
-    }
-    case Request::Bounds: {
-        BoundsRequest request;
-        Unpacker(bytes) >> request;
-        Packer boxes;
-        boxes << renderer.bounds(request);
-        return boxes.bytes;
-    }
-    case Request::Outlines: {
-        OutlinesRequest request;
-        Unpacker(bytes) >> request;
-        Packer drawings;
-        drawings << renderer.outlines(request);
-        return drawings.bytes;
-    }
+    case Request::Picture: return renderer.picture(unpacked<PictureRequest>(bytes));
+    case Request::View: return renderer.view(unpacked<ViewRequest>(bytes));
+    case Request::Bounds: return packed(renderer.bounds(unpacked<BoundsRequest>(bytes)));
+    case Request::Outlines: return packed(renderer.outlines(unpacked<OutlinesRequest>(bytes)));
     }
     throw std::runtime_error("the renderer does not know this request");
 }
