@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -32,7 +33,7 @@ std::string absolute(const std::string& path) { return std::filesystem::absolute
 
 } // namespace
 
-template <class Act> void Actions::act(const std::string& statement, Act what) {
+template <class Act> void Actions::act(const std::string& statement, Act what, Time before) {
     // A dialog that opens during an act may end a gesture: that is an act of the dialog's user.
     const bool isWithin = acting_;
     const QScopedValueRollback<bool> acting(acting_, true);
@@ -44,11 +45,35 @@ template <class Act> void Actions::act(const std::string& statement, Act what) {
         throw;
     }
     if (done) done(); // before it is recorded, which may fail
-    if (isWithin) return dialogs.didMeanwhile(statement);
+    isWithin ? dialogs.didMeanwhile(statement) : record(statement, before);
+}
+
+void Actions::record(const std::string& statement, Time before) {
+    const int passed = before == Time::Recorded ? std::exchange(passed_, 0) : 0;
     const std::string user = dialogs.statement();
+    passed_ += dialogs.takePassed();
+    if (passed > 0) recorder_.add("app.runFor(" + Recorder::seconds(passed) + ')');
     if (!user.empty()) recorder_.add(user);
     recorder_.add(statement);
     if (!user.empty()) recorder_.add("app.onDialog(null)");
+}
+
+void Actions::passTime(int milliseconds) {
+    const auto state = [this] {
+        return std::tuple(documentNumber(), document() ? document()->journal().changeCount() : 0, path(),
+                          unsavedWork());
+    };
+    const auto before = state();
+    const bool isWithin = acting_;
+    const QScopedValueRollback<bool> acting(acting_, true);
+    // Where there is no timer no script needs to know how long nothing happened.
+    const int counted = session_.timers.anyActive() ? milliseconds : 0;
+    isWithin ? dialogs.pass(counted) : static_cast<void>(passed_ += counted);
+    if (!isWithin) dialogs.startAct();
+    session_.timers.runFor(milliseconds / 1000.0);
+    if (done && state() != before) done();
+    if (isWithin || !dialogs.anyShown()) return;
+    record("app.runFor(" + Recorder::seconds(std::exchange(passed_, 0)) + ')', Time::Kept);
 }
 
 /// One step of the document in front.
@@ -88,10 +113,7 @@ std::vector<std::uint32_t> Actions::numbersOfDrawing() const {
     return numbers;
 }
 
-model::Document* Actions::drawing() const {
-    const std::vector<std::uint32_t> numbers = numbersOfDrawing();
-    return numbers.empty() ? nullptr : session_.documents.byNumber(numbers.back());
-}
+model::Document* Actions::drawing() const { return document() ? &session_.documents.wholeOf(*document()) : nullptr; }
 
 const std::string& Actions::path() const {
     static const std::string kNone;
@@ -100,10 +122,24 @@ const std::string& Actions::path() const {
 }
 
 bool Actions::isModified() const {
-    const std::vector<std::uint32_t> numbers = numbersOfDrawing();
-    return std::any_of(numbers.begin(), numbers.end(), [this](std::uint32_t number) {
-        return session_.documents.isModified(*session_.documents.byNumber(number));
-    });
+    const std::vector<model::Document*> unsaved = session_.documents.unsaved();
+    return std::find(unsaved.begin(), unsaved.end(), drawing()) != unsaved.end();
+}
+
+std::vector<std::uint64_t> Actions::unsavedWork() const {
+    std::vector<std::uint64_t> work;
+    const session::Documents& documents = session_.documents;
+    for (const model::Document* const drawing : documents.unsaved()) work.push_back(documents.numberOf(*drawing));
+    if (work.empty()) return work;
+    for (std::size_t i = 0; model::Document* const open = documents.at(i); ++i) work.push_back(open->journal().state());
+    return work;
+}
+
+void Actions::bringToFront(const model::Document& drawing) {
+    std::size_t index = 0;
+    while (&session_.documents.wholeOf(*session_.documents.at(index)) != &drawing) ++index;
+    act("app.document = app.documents[" + std::to_string(index) + ']',
+        [&] { session_.bringToFront(*session_.documents.at(index)); });
 }
 
 void Actions::disown(const std::string& path) {
@@ -173,7 +209,9 @@ void Actions::press(model::Point location, session::Modifiers modifiers) {
 }
 
 void Actions::drag(model::Point location, session::Modifiers modifiers) {
-    act("mouse.drag(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.drag(location, modifiers); });
+    act(
+        "mouse.drag(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.drag(location, modifiers); },
+        Time::Kept); // no timer is heard while the button is down
 }
 
 void Actions::release(model::Point location, session::Modifiers modifiers) {

@@ -30,7 +30,7 @@ class Actions {
     /// Called after each act that may have changed what a window shows.
     std::function<void()> done;
 
-    // Documents; one is open at a time
+    // Documents; those that plug-ins have open may lie behind
     void newDocument(double width, double height);
     void open(std::unique_ptr<model::Document> read, const std::string& path); ///< which it was read from
     void save(const std::string& path, bool force);
@@ -40,6 +40,10 @@ class Actions {
     [[nodiscard]] model::Document* drawing() const;
     [[nodiscard]] const std::string& path() const; ///< of the drawing; empty where it has no file
     [[nodiscard]] bool isModified() const;         ///< the drawing, or the part of it that is edited
+    /// Numbers that change with all unsaved work, behind too; none when there is none.
+    [[nodiscard]] std::vector<std::uint64_t> unsavedWork() const;
+    /// A drawing, or what of it was in front last.
+    void bringToFront(const model::Document& drawing);
     /// The drawing counts as one that was never saved, or one of this file.
     void disown(const std::string& path);
 
@@ -75,6 +79,9 @@ class Actions {
     void removeLayer(std::size_t index);
     void moveLayer(std::size_t index, std::size_t to);
 
+    /// Lets time pass for the timers of plug-ins. It is recorded as far as it made a difference to them.
+    void passTime(int milliseconds);
+
     // View; nobody's undo
     void setSnapping(bool toPoint);
     void setAxisGrid(bool shown);
@@ -82,7 +89,9 @@ class Actions {
     void setGridSpacing(double spacing); ///< points
 
   private:
-    template <class Act> void act(const std::string& statement, Act what);
+    enum class Time { Recorded, Kept };
+    template <class Act> void act(const std::string& statement, Act what, Time before = Time::Recorded);
+    void record(const std::string& statement, Time before);
     template <class Edit> void edit(const std::string& statement, Edit what);
     template <class Edit> void editSelected(const char* call, const std::string& arguments, Edit what);
     [[nodiscard]] model::Node& layer(std::size_t index) const;
@@ -94,6 +103,7 @@ class Actions {
     session::Session& session_;
     Recorder& recorder_;
     bool acting_ = false; ///< an act is under way
+    int passed_ = 0;      ///< milliseconds that are not recorded yet
     model::View recordedView_;
 };
 

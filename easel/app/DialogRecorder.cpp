@@ -31,11 +31,22 @@ std::string clickOn(const session::Widget& widget, bool twice) {
 
 } // namespace
 
-void DialogRecorder::opened(const session::Dialog& dialog) { shown_.push_back({.dialog = &dialog}); }
+void DialogRecorder::opened(const session::Dialog* dialog) {
+    if (!open_.empty()) flush(shown_[open_.back()]);
+    open_.push_back(shown_.size());
+    shown_.push_back({.dialog = dialog});
+}
+
+void DialogRecorder::closed() {
+    if (open_.empty()) return;
+    flush(shown_[open_.back()]); // a timer may have ended it
+    open_.pop_back();
+}
 
 void DialogRecorder::flush(Shown& shown) {
     if (!shown.field.empty()) shown.calls += call("type", shown.field + ", " + shown.text);
     shown.field.clear();
+    if (passed_ > 0) shown.calls += call("runFor", Recorder::seconds(takePassed()));
 }
 
 void DialogRecorder::heard(session::Dialog& dialog, const StageDialogMessage& message) {
@@ -45,7 +56,7 @@ void DialogRecorder::heard(session::Dialog& dialog, const StageDialogMessage& me
     session::Widget* const widget = dialog.find(message.widget);
     if (message.event == kStageTyping && widget) {
         const std::string field = Recorder::quoted(script::nameOf(dialog, *widget));
-        if (field != last->field) flush(*last);
+        if (field != last->field) flush(*last); // keys of one field are one call, and the time between them follows
         last->field = field;
         last->text = Recorder::quoted(message.text);
         return;
@@ -60,20 +71,23 @@ void DialogRecorder::heard(session::Dialog& dialog, const StageDialogMessage& me
 }
 
 void DialogRecorder::chosen(const session::Alert& alert, std::size_t button) {
-    if (button >= alert.buttons.size()) return;
-    shown_.push_back({.calls = std::exchange(meanwhile_, {}) + call("click", Recorder::quoted(alert.buttons[button]))});
+    if (open_.empty() || button >= alert.buttons.size()) return;
+    Shown& shown = shown_[open_.back()];
+    flush(shown);
+    shown.calls += call("click", Recorder::quoted(alert.buttons[button]));
 }
 
 void DialogRecorder::didMeanwhile(const std::string& statement) {
-    // What opens first ends the gesture: nothing of the act is shown any more then.
-    (shown_.empty() ? meanwhile_ : shown_.back().calls) += ' ' + statement + ';';
+    if (open_.empty()) return; // a dialog of the plug-in's own making
+    Shown& shown = shown_[open_.back()];
+    flush(shown);
+    shown.calls += ' ' + statement + ';';
 }
 
 std::string DialogRecorder::statement() {
     if (shown_.empty()) return {};
     std::string users;
     for (Shown& shown : std::exchange(shown_, {})) {
-        flush(shown);
         users += (users.empty() ? "" : ",") + std::string("\n    function (dialog) {") + shown.calls + " }";
     }
     return "app.onDialog((function (users) { return function (dialog) { users.shift()(dialog); }; })([" + users + "]))";

@@ -423,13 +423,16 @@ class StagedDialog final : public QDialog {
 void connectDialogs(Actions& actions, QWidget& window) {
     session::Session& session = actions.session();
     session.alerts.handler = [&](const session::Alert& alert) {
+        actions.dialogs.opened(nullptr);
         const std::size_t chosen = showAlert(alert, window);
         actions.dialogs.chosen(alert, chosen);
+        actions.dialogs.closed();
         return chosen;
     };
     session.dialogs.face = [&](session::Dialog& dialog) {
-        actions.dialogs.opened(dialog);
+        actions.dialogs.opened(&dialog);
         showDialog(session.dialogs, dialog, window);
+        actions.dialogs.closed();
     };
     session.dialogs.heard = [&](session::Dialog& dialog, const StageDialogMessage& message) {
         actions.dialogs.heard(dialog, message);

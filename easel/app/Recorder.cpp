@@ -47,6 +47,8 @@ std::string Recorder::number(double value) {
     return {digits.data(), end};
 }
 
+std::string Recorder::seconds(int milliseconds) { return number(milliseconds / 1000.0); }
+
 std::string Recorder::modifiers(session::Modifiers held) {
     struct Known {
         session::Modifiers bit;

@@ -21,6 +21,7 @@ class Recorder {
     // Values as scripts write them
     [[nodiscard]] static std::string quoted(std::string_view text);
     [[nodiscard]] static std::string number(double value); ///< which reads back as the same
+    [[nodiscard]] static std::string seconds(int milliseconds);
     [[nodiscard]] static std::string modifiers(session::Modifiers held);
     [[nodiscard]] static std::string at(model::Point location, session::Modifiers held); ///< the mouse's arguments
 

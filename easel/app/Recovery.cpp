@@ -7,6 +7,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
@@ -58,42 +59,61 @@ std::string Recovery::defaultFolder() {
 Recovery::Recovery(std::string folder) : folder_(std::move(folder)) {
     std::error_code ignored;
     fs::create_directories(folder_, ignored);
+    takeAnother();
+}
+
+Recovery::~Recovery() {
+    std::error_code ignored;
+    for (const Copy& copy : copies_) {
+        if (!fs::exists(copy.file, ignored)) fs::remove(lockFileOf(copy.file), ignored);
+        if (copy.lock >= 0) ::close(copy.lock);
+    }
+}
+
+void Recovery::takeAnother() {
     const std::string name = (fs::path(folder_) / std::to_string(::getpid())).string();
     bool isFree = take(name + kCopyEnd);
     for (int i = 1; !isFree; ++i) isFree = take(name + '-' + std::to_string(i) + kCopyEnd);
 }
 
-Recovery::~Recovery() {
-    std::error_code ignored;
-    if (!fs::exists(copy_, ignored)) fs::remove(lockFileOf(copy_), ignored);
-    if (lock_ >= 0) ::close(lock_);
-}
-
 /// A program of this number may have ended before, and left its own.
 bool Recovery::take(const std::string& copy) {
     std::error_code ignored;
-    if (fs::exists(copy, ignored)) return false;
-    copy_ = copy;
-    lock_ = ::open(lockFileOf(copy).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (lock_ < 0 || !isRefused(lock_, LOCK_EX)) return true;
-    ::close(lock_);
-    return false;
+    if (fs::exists(copy, ignored) || isMine(copy)) return false;
+    const int lock = ::open(lockFileOf(copy).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    const bool isOthers = lock >= 0 && isRefused(lock, LOCK_EX);
+    isOthers ? static_cast<void>(::close(lock)) : copies_.push_back({copy, lock});
+    return !isOthers;
 }
 
-std::string Recovery::keep(model::Document& document, const std::string& path) {
+bool Recovery::isMine(const std::string& copy) const {
+    return std::any_of(copies_.begin(), copies_.end(), [&](const Copy& each) { return each.file == copy; });
+}
+
+std::string Recovery::keep(session::Documents& documents) {
+    const std::vector<model::Document*> unsaved = documents.unsaved();
     try {
-        std::string about = path.empty() ? path : fs::absolute(path).string();
-        if (!path.empty()) about += '\0' + svg::toldOfFile(document, path);
-        // The copy last: whoever is ended in between leaves none that does not know its file.
-        svg::replaceFile(pathFileOf(copy_), about);
-        svg::replaceFile(copy_, svg::write(document));
+        for (std::size_t i = 0; i < unsaved.size(); ++i) {
+            if (i == copies_.size()) takeAnother();
+            const std::string& path = documents.pathOf(*unsaved[i]);
+            std::string about = path;
+            if (!path.empty()) about += '\0' + svg::toldOfFile(*unsaved[i], path);
+            // The copy last: whoever is ended in between leaves none that does not know its file.
+            svg::replaceFile(pathFileOf(copies_[i].file), about);
+            svg::replaceFile(copies_[i].file, documents.textOf(*unsaved[i]));
+        }
     } catch (const std::exception& error) {
         return error.what();
     }
+    drop(unsaved.size());
     return {};
 }
 
-void Recovery::drop() { removeWork(copy_); }
+void Recovery::drop(std::size_t from) {
+    for (std::size_t i = from; i < copies_.size(); ++i) removeWork(copies_[i].file);
+}
+
+void Recovery::drop() { drop(0); }
 
 std::vector<Recovery::Left> Recovery::left() const {
     std::vector<Left> found;
@@ -101,7 +121,7 @@ std::vector<Recovery::Left> Recovery::left() const {
     for (const fs::directory_entry& entry : fs::directory_iterator(folder_, failed)) {
         if (entry.path().extension() != kCopyEnd) continue;
         const long process = std::strtol(entry.path().stem().c_str(), nullptr, 10);
-        if (process <= 0 || entry.path() == copy_ || isInUse(entry.path().string())) continue;
+        if (process <= 0 || isMine(entry.path().string()) || isInUse(entry.path().string())) continue;
         Left left{entry.path().string(), {}, {}};
         try {
             const std::string about = svg::readFile(pathFileOf(left.copy));

@@ -1,11 +1,11 @@
 // A copy of unsaved work in a file of its own, so that a crash or a lost display costs at most some seconds of it.
 #pragma once
 
-#include <optional>
+#include <cstddef>
 #include <string>
 #include <vector>
 
-#include "model/Document.h"
+#include "session/documents/Documents.h"
 
 namespace easel::app {
 
@@ -20,9 +20,9 @@ class Recovery {
     Recovery(const Recovery&) = delete;
     Recovery& operator=(const Recovery&) = delete;
 
-    /// Writes the document as it is; `path` is the file it belongs to, empty for none. Returns why it could not be, if
-    /// so.
-    std::string keep(model::Document& document, const std::string& path);
+    /// Writes each drawing that has unsaved changes as it is, and drops the copies of others. Returns why it could not
+    /// be, if so.
+    std::string keep(session::Documents& documents);
     void drop(); ///< the work is saved, or nobody wants it
 
     struct Left {
@@ -35,11 +35,18 @@ class Recovery {
     static void remove(const Left& left);
 
   private:
+    /// A file of this program's, for one drawing.
+    struct Copy {
+        std::string file;
+        int lock; ///< held as long as the program runs; -1 where that cannot be
+    };
+    void takeAnother();
     bool take(const std::string& copy);
+    [[nodiscard]] bool isMine(const std::string& copy) const;
+    void drop(std::size_t from);
 
     std::string folder_;
-    std::string copy_; ///< this program's
-    int lock_ = -1;    ///< held as long as the program runs; -1 where that cannot be
+    std::vector<Copy> copies_;
 };
 
 } // namespace easel::app

@@ -76,7 +76,9 @@ class Window final : public QMainWindow {
     [[nodiscard]] QString askWhere(const QString& title, const QString& proposed, const QString& kinds,
                                    const QStringList& ends);
     void exportAs(const QString& end); ///< of the file's name, such as ".png"
-    [[nodiscard]] bool mayLose();      ///< asks where there is unsaved work
+    enum class Losing { Front, All };
+    [[nodiscard]] bool mayLose(Losing what = Losing::Front); ///< asks where there is unsaved work
+    bool save(std::uint32_t number);                         ///< the document of this number
     int ask(QMessageBox& question);
     void fillRecentMenu(QMenu& menu);
     void reopen();
@@ -86,7 +88,8 @@ class Window final : public QMainWindow {
     [[nodiscard]] bool isInUse() const;
     void showReading();
     void noteFile(); ///< the drawing has a file: watches it, and remembers it
-    void noteWork(bool isChanged);
+    void noteWork();
+    void dropKept();
 
     void refresh(); ///< after an act
     void showTitle();
@@ -131,6 +134,7 @@ class Window final : public QMainWindow {
     QBasicTimer clockTimer_;
     QElapsedTimer clock_; ///< for the timers of plug-ins
     QBasicTimer keepTimer_;
+    std::vector<std::uint64_t> notedWork_; ///< as in Actions::unsavedWork
 };
 
 } // namespace easel::app

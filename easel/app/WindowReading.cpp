@@ -21,7 +21,7 @@ constexpr int kLookMilliseconds = 20;
 
 void Window::open(const std::string& path) {
     read(path, [this] {
-        recovery_.drop();
+        dropKept();
         noteFile();
     });
 }

@@ -88,6 +88,14 @@ std::optional<Document> frontDocument(Host& host) {
     return document ? std::optional(Document{document}) : std::nullopt;
 }
 
+void setFrontDocument(Host& host, const Document& value) { host.session.bringToFront(*value); }
+
+std::vector<Document> documents(Host& host) {
+    std::vector<Document> open;
+    while (model::Document* const next = host.session.documents.at(open.size())) open.push_back({next});
+    return open;
+}
+
 // Tools
 
 session::Tool& toolTitled(Host& host, const std::string& title) {
@@ -264,7 +272,8 @@ constexpr Row kApp[] = {
     method<exportPdf>("app.exportPDF", "path, scale"),
     method<exportSvg>("app.exportSVG", "path"),
     method<close>("app.close", ""),
-    property<frontDocument>("app.document"),
+    property<frontDocument, setFrontDocument>("app.document"),
+    property<documents>("app.documents"),
     property<annotations>("app.annotations"),
     property<tools>("app.tools"),
     property<toolbox>("app.toolbox"),

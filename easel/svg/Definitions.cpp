@@ -104,15 +104,16 @@ std::unique_ptr<Document> readIn(const Document& document, std::string_view star
     return source ? readPart(std::move(text), std::string(name), *source) : read(std::move(text), std::string(name));
 }
 
-/// What is inside of the root.
-std::string contentOf(Document& edited) {
-    const std::string text = write(edited);
+/// What is inside of the root, as this text has it.
+std::string contentIn(const Document& edited, std::string_view text) {
     const Source* const source = sourceOf(edited);
     const std::size_t root = source ? source->elements.front().begin : text.find("<svg");
-    const std::size_t begin = root + behindTag(std::string_view(text).substr(root));
+    const std::size_t begin = root + behindTag(text.substr(root));
     const std::size_t end = text.rfind("</");
-    return end == text.npos || end < begin ? std::string() : text.substr(begin, end - begin);
+    return std::string(end == text.npos || end < begin ? "" : text.substr(begin, end - begin));
 }
+
+std::string contentOf(Document& edited) { return contentIn(edited, write(edited)); }
 
 bool isInside(const Definition& inner, const Definition& outer) {
     return outer.tagEnd <= inner.begin && inner.end <= outer.end && inner.begin < outer.end;
@@ -338,26 +339,44 @@ std::unique_ptr<Document> readDefinition(Document& document, std::string_view ki
     }
 }
 
-void redefine(Document& document, std::string_view kind, std::string_view name, Document& edited) {
+namespace {
+
+void hold(Document& document, std::string_view kind, std::string_view name, const std::string& content) {
     const Definition* const known = readAs(document, kind, name);
     const Made* const made = madeAs(document, kind, name);
-    const std::string content = contentOf(edited);
     if ((made || known) && contentOf(document, kind, name) == content) return;
     const model::Journal::Scope change(document.journal());
     if (const Made* const around = known && !made ? madeAround(document, *known) : nullptr) {
         const Made holder = *around;
         const auto held = readDefinition(document, holder.kind, holder.name);
         if (!held) return;
-        redefine(*held, kind, name, edited);
+        hold(*held, kind, name, content);
         redefine(document, holder.kind, holder.name, *held);
     } else {
         keep(document, {std::string(kind), std::string(name), made ? made->attributes : "", content});
     }
     if (kind != "symbol") return;
-    const UsedSymbol symbol(document, std::string(name));
-    for (Node* node = &document.root(); node; node = nextWithin(document.root(), *node))
-        if (node->symbol() && node->symbol()->symbol == name)
-            document.setBounds(*node, symbol.boundsIn(*node->symbol()));
+    std::optional<UsedSymbol> symbol;
+    for (Node* node = &document.root(); node; node = nextWithin(document.root(), *node)) {
+        if (!node->symbol() || node->symbol()->symbol != name) continue;
+        if (!symbol) symbol.emplace(document, std::string(name));
+        document.setBounds(*node, symbol->boundsIn(*node->symbol()));
+    }
+}
+
+} // namespace
+
+void redefine(Document& document, std::string_view kind, std::string_view name, Document& edited) {
+    hold(document, kind, name, contentOf(edited));
+}
+
+std::string writeWith(Document& document, const std::vector<EditedDefinition>& edited) {
+    if (edited.empty()) return write(document);
+    Document stead(document.width(), document.height()); // takes what the document itself must not
+    stead.origin = document.origin;
+    stead.setExtras(stead.root(), document.root().extras());
+    for (const EditedDefinition& each : edited) hold(stead, each.kind, each.name, contentIn(*each.drawing, each.text));
+    return write(document, stead.root().extras().definitions);
 }
 
 namespace {

@@ -13,6 +13,9 @@
 
 namespace easel::svg {
 
+/// What a document keeps of definitions that are new, or hold something else than was read.
+using MadeDefinitions = std::vector<model::Shared<model::Definition>>;
+
 /// The names of all of a kind ("symbol", "pattern", "linearGradient", "radialGradient").
 [[nodiscard]] std::vector<std::string> definitionNames(model::Document& document, std::string_view kind);
 
@@ -44,6 +47,15 @@ struct DefinitionChain {
                                                               std::string_view name);
 /// Makes it hold what such a document holds now. Throws UnsavableError.
 void redefine(model::Document& document, std::string_view kind, std::string_view name, model::Document& edited);
+
+struct EditedDefinition {
+    std::string kind;
+    std::string name;
+    const model::Document* drawing; ///< such a document,
+    std::string text;               ///< as it is written now
+};
+/// The document as SVG in which these hold what their documents do; changes none of them. Throws UnsavableError.
+[[nodiscard]] std::string writeWith(model::Document& document, const std::vector<EditedDefinition>& edited);
 
 /// Makes a symbol or a pattern of a copy of the art; its name, or none when there is something in the art of which no
 /// copy can be made.

@@ -88,9 +88,10 @@ void markInPlace(std::vector<Item>& items, std::uint32_t container) {
 
 class Splicer {
   public:
-    Splicer(Document& document, const Source& source)
+    Splicer(Document& document, const Source& source, const MadeDefinitions& definitions)
         : document_(document),
           source_(source),
+          definitions_(definitions),
           text_(source.text),
           elements_(document, source),
           elementCount_(source.elementCount),
@@ -125,7 +126,7 @@ class Splicer {
     }
 
     void replaceDefinitions() {
-        for (const auto& made : document_.root().extras().definitions) {
+        for (const auto& made : definitions_) {
             const Definition* const was = known(*made);
             if (was) replaceContent(out_, source_, *was, made->content);
         }
@@ -133,7 +134,7 @@ class Splicer {
 
     [[nodiscard]] std::string newDefinitions(const std::string& prefix) const {
         std::string text;
-        for (const auto& made : document_.root().extras().definitions) {
+        for (const auto& made : definitions_) {
             if (known(*made)) continue;
             const std::string name = prefix + made->kind;
             text +=
@@ -273,7 +274,7 @@ class Splicer {
         if (element.tagEnd == element.end) {
             level.contentEnd = element.end;
             const bool isRoot = open_.empty();
-            if (!level.items.empty() || node.extras().clip || (isRoot && !node.extras().definitions.empty())) {
+            if (!level.items.empty() || node.extras().clip || (isRoot && !definitions_.empty())) {
                 Tag opened(tag);
                 opened.openUp();
                 tag = opened.text();
@@ -427,6 +428,7 @@ class Splicer {
 
     Document& document_;
     const Source& source_;
+    const MadeDefinitions& definitions_;
     const std::string& text_;
     ElementText elements_;
     std::size_t elementCount_;
@@ -445,6 +447,8 @@ void replaceContent(SplicedText& text, const Source& source, const Definition& d
     text.replace(definition.begin, definition.end, tag.text() + content + "</" + std::string(tag.name()) + '>');
 }
 
-SplicedText spliced(Document& document, const Source& source) { return Splicer(document, source).run(); }
+SplicedText spliced(Document& document, const Source& source, const MadeDefinitions& definitions) {
+    return Splicer(document, source, definitions).run();
+}
 
 } // namespace easel::svg

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "model/Document.h"
+#include "svg/Definitions.h"
 #include "svg/Source.h"
 #include "svg/SplicedText.h"
 
@@ -13,8 +14,8 @@ namespace easel::svg {
 /// Makes a definition of the source hold something else, wherever its bytes are copied.
 void replaceContent(SplicedText& text, const Source& source, const Definition& definition, std::string content);
 
-/// The text, checked; it needs the source. Throws FileError for what could not be read again; DamageError, see
-/// SaveCheck.h.
-[[nodiscard]] SplicedText spliced(model::Document& document, const Source& source);
+/// The text, with these definitions, checked; it needs the source. Throws FileError for what could not be read again;
+/// DamageError, see SaveCheck.h.
+[[nodiscard]] SplicedText spliced(model::Document& document, const Source& source, const MadeDefinitions& definitions);
 
 } // namespace easel::svg

@@ -80,13 +80,15 @@ struct Text {
     SplicedText spliced;
 };
 
-Text textOf(Document& document) {
+Text textOf(Document& document, const MadeDefinitions& definitions) {
     requireUsablePage(document);
     const Source* const read = sourceOf(document);
     std::shared_ptr<const Source> made = read ? nullptr : emptyDrawing(document);
     const Source& source = read ? *read : *made;
-    return {std::move(made), source, spliced(document, source)};
+    return {std::move(made), source, spliced(document, source, definitions)};
 }
+
+Text textOf(Document& document) { return textOf(document, document.root().extras().definitions); }
 
 bool isRecoded(const Source& source) {
     return source.encoding == Encoding::Utf16Little || source.encoding == Encoding::Utf16Big;
@@ -108,6 +110,10 @@ bool asksForPacking(std::string_view path) {
 } // namespace
 
 std::string write(Document& document) { return encoded(textOf(document)); }
+
+std::string write(Document& document, const MadeDefinitions& definitions) {
+    return encoded(textOf(document, definitions));
+}
 
 bool isChangedByOthers(const Document& document, const std::string& path) {
     const auto* const known = dynamic_cast<const KnownFiles*>(document.origin.get());

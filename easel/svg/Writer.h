@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/Document.h"
+#include "svg/Definitions.h"
 #include "svg/FileError.h"
 
 namespace easel::svg {
@@ -15,6 +16,8 @@ namespace easel::svg {
 /// Throws UnsavableError when it could not be read again: too large, nested too deeply, or with
 /// coordinates out of reach.
 [[nodiscard]] std::string write(model::Document& document);
+/// The same with these definitions instead of those that the document keeps.
+[[nodiscard]] std::string write(model::Document& document, const MadeDefinitions& definitions);
 
 /// Whether another program has changed the file since this document was opened from it or saved to it.
 [[nodiscard]] bool isChangedByOthers(const model::Document& document, const std::string& path);

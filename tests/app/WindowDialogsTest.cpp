@@ -194,13 +194,14 @@ TEST_F(WindowDialogs, ChoosesMenuItemsByTheirGroup) {
 }
 
 /// A tool that asks in a drag whether to add a layer: what it does then is no part of the gesture, which the question
-/// ends.
+/// ends. Half a second later its timer asks for another one.
 void addAskingTool(easel::session::Session& session) {
     static easel::session::Session* current;
     current = &session;
     auto& plugin = session.plugins.attach("Doubting", [](const char*, const char* selector, void*) -> SPErr {
         const easel::session::Alert alert{easel::session::Alert::Kind::Confirm, "Add?", {"No", "Yes"}};
-        if (std::string(selector) == kSelectorAIToolMouseDrag && current->alerts.show(alert) == 1U)
+        const bool isDue = std::string(selector) == kSelectorAIGoTimer && current->document()->layerCount() == 2;
+        if ((isDue || std::string(selector) == kSelectorAIToolMouseDrag) && current->alerts.show(alert) == 1U)
             current->document()->addLayer("Asked for");
         return kNoErr;
     });
@@ -209,6 +210,7 @@ void addAskingTool(easel::session::Session& session) {
     tool.owner = &plugin;
     tool.name = tool.title = "Doubting Tool";
     session.toolbox.add(std::move(tool));
+    session.timers.add(plugin, "Doubting", 30);
 }
 
 TEST_F(WindowDialogs, ArePlayedAgainWhereTheyEndAGesture) {
@@ -223,6 +225,8 @@ TEST_F(WindowDialogs, ArePlayedAgainWhereTheyEndAGesture) {
     drag({140, 80});
     release({140, 80});
     EXPECT_EQ(document().layerCount(), 2U);
+    clickWhenAsked("Yes");
+    ASSERT_TRUE(await([&] { return document().layerCount() == 3; }));
     chooseTool("Isometric Line Tool");
     stroke({{100, 100}, {100, 60}});
     actions->save(folder.path("window.svg"), false);

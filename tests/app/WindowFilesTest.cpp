@@ -33,7 +33,29 @@ TEST_F(WindowFiles, AsksBeforeWorkIsLost) {
     EXPECT_EQ(failures.back(), "something was thrown that says nothing of itself");
     clickWhenAsked("Discard");
     EXPECT_TRUE(window->close());
-    EXPECT_THAT(asked, HasSubstr("Save the changes"));
+    EXPECT_THAT(asked, HasSubstr("Save the changes to d.svg"));
+}
+
+TEST_F(WindowFiles, AsksForAllDrawingsBeforeItCloses) {
+    for (const char* const each : {"a.svg", "b.svg"}) { // the first stays behind, as where plug-ins open another
+        session->newDocument(50, 60);
+        actions->save(folder.path(each), false);
+        actions->addLayer(std::string("In ") + each);
+    }
+    window->keepWork();
+    const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
+    EXPECT_THAT(desk::contents(mine + ".svg"), HasSubstr("In a.svg"));
+    EXPECT_THAT(desk::contents(mine + "-1.svg"), HasSubstr("In b.svg"));
+    clickWhenAsked("Cancel");
+    EXPECT_FALSE(window->close());
+    EXPECT_THAT(asked, HasSubstr("\n\na.svg\nb.svg"));
+    clickWhenAsked("Discard");
+    choose("&New"); // asks for the one that goes
+    EXPECT_THAT(asked, HasSubstr("Save the changes to b.svg"));
+    EXPECT_FALSE(std::filesystem::exists(mine + "-1.svg"));
+    clickWhenAsked("Save");
+    EXPECT_TRUE(window->close());
+    EXPECT_THAT(folder.content("a.svg"), HasSubstr("In a.svg"));
 }
 
 TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
@@ -46,7 +68,7 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_TRUE(recovery.left().empty()); // this program runs still
     {
         easel::app::Recovery another(folder.path("recovery"));
-        EXPECT_EQ(another.keep(document(), ""), "");
+        EXPECT_EQ(another.keep(session->documents), "");
         EXPECT_TRUE(recovery.left().empty()); // that one runs too
         another.drop();
     }
@@ -124,7 +146,8 @@ TEST_F(WindowFiles, FollowsWhatPluginsDoToTheDrawing) {
 TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
     const std::string path = folder.write(
         "d.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='99' height='99'><symbol id='s' viewBox='0 0 9 9'>"
-                 "<path d='M1,1 L8,8'/></symbol><use href='#s' width='9' height='9'/></svg>");
+                 "<path d='M1,1 L8,8'/><symbol id='t'><path d='M2,2 L8,8'/></symbol></symbol>"
+                 "<use href='#s' width='9' height='9'/></svg>");
     for (const bool opens : {true, false}) {
         open(path);
         actions->addLayer("Ours");
@@ -144,6 +167,19 @@ TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
         EXPECT_EQ(session->documents.count(), 1U);
         EXPECT_EQ(document().width(), opens ? 99 : 10);
     }
+    open(path);
+    for (const char* const name : {"s", "t"}) {
+        session->edit(actions->documentNumber(), "symbol", name);
+        actions->addLayer(std::string("Within ") + name);
+    }
+    const std::size_t steps = actions->drawing()->journal().undoDepth();
+    window->keepWork();
+    EXPECT_EQ(actions->drawing()->journal().undoDepth(), steps);
+    const std::string kept = folder.content("recovery/" + std::to_string(::getpid()) + ".svg");
+    EXPECT_THAT(kept, testing::AllOf(HasSubstr("Within s"), HasSubstr("Within t")));
+    for (int i = 0; i < 2; ++i) session->endEditing(actions->documentNumber());
+    actions->save(folder.path("ended.svg"), false);
+    EXPECT_EQ(folder.content("ended.svg"), kept);
 }
 
 /// The drawing in front can be used while another is read.

@@ -173,6 +173,11 @@ void Session::exportPdf(const std::string& path, double scale) {
     documents.exportPdf(front, path, scale);
 }
 
+void Session::bringToFront(const model::Document& document) {
+    pointer.cancel();
+    documents.bringToFront(document);
+}
+
 void Session::close() {
     static_cast<void>(documents.needFront());
     // One batch, so that no posted press begins a gesture in the document that goes.

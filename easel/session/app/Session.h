@@ -68,6 +68,7 @@ class Session {
     void exportSvg(const std::string& path); ///< a copy, which does not become the document's file
     void exportPng(const std::string& path, double scale, Overlay overlay = Overlay::None);
     void exportPdf(const std::string& path, double scale);
+    void bringToFront(const model::Document& document);
     void close();                                                                 ///< with its unsaved changes
     [[nodiscard]] model::Document* document() const { return documents.front(); } ///< in front, or null
 

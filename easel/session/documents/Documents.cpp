@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <utility>
 
 #include "session/base/Error.h"
@@ -141,6 +142,29 @@ void Documents::endEditing() {
     if (owner) withFile([&] { svg::redefine(*owner, edited.kind, edited.name, *open_.back().document); });
     closeFront();
     if (owner) bringToFront(*owner);
+}
+
+std::string Documents::textOf(model::Document& document) const {
+    std::vector<svg::EditedDefinition> edited;
+    for (const Open& open : open_)
+        if (open.edited && open.edited->owner == numberOf(document))
+            edited.push_back({open.edited->kind, open.edited->name, open.document.get(), textOf(*open.document)});
+    return withFile([&] { return svg::writeWith(document, edited); });
+}
+
+model::Document& Documents::wholeOf(model::Document& document) const {
+    const Edited* const part = editedAs(document);
+    model::Document* const owner = part ? byNumber(part->owner) : nullptr;
+    return owner ? wholeOf(*owner) : document;
+}
+
+std::vector<model::Document*> Documents::unsaved() const {
+    std::map<std::uint32_t, model::Document*> found; // by number
+    for (const Open& open : open_)
+        if (isModified(*open.document)) found[numberOf(wholeOf(*open.document))] = &wholeOf(*open.document);
+    std::vector<model::Document*> documents;
+    for (const auto& [number, document] : found) documents.push_back(document);
+    return documents;
 }
 
 // What becomes of a document's file

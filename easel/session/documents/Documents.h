@@ -68,6 +68,13 @@ class Documents {
     [[nodiscard]] const Edited* editedAs(const model::Document& document) const;
     /// Puts what is in front back into its document, if that is still open, as one step, and brings that to the front.
     void endEditing();
+    /// The document as SVG, with what of it is edited as that is now. Changes none. Throws Error.
+    [[nodiscard]] std::string textOf(model::Document& document) const;
+    /// The one that it is a part of; itself when it stands for itself, or that one is gone.
+    [[nodiscard]] model::Document& wholeOf(model::Document& document) const;
+    /// Those that stand for themselves and have unsaved changes in them, or in what of them is edited; in the order in
+    /// which they were opened.
+    [[nodiscard]] std::vector<model::Document*> unsaved() const;
 
     // What becomes of a document's file
     [[nodiscard]] const std::string& pathOf(const model::Document& document) const; ///< absolute; empty without a file

@@ -35,6 +35,11 @@ void Timers::setActive(Timer& timer, bool active) {
     timer.active = active;
 }
 
+bool Timers::anyActive() const {
+    const std::vector<Timer*> timers = all();
+    return std::any_of(timers.begin(), timers.end(), [](const Timer* timer) { return timer->active; });
+}
+
 void Timers::runFor(double seconds) {
     const double end = now_ + seconds * double{kTicksPerSecond};
     while (!held_.button) {
@@ -43,7 +48,7 @@ void Timers::runFor(double seconds) {
         AITimerMessage message{.d = {}, .timer = timer->handle};
         messenger_.send(*timer->owner, kCallerAITimer, kSelectorAIGoTimer, message.d);
     }
-    now_ = end;
+    now_ = std::max(now_, end); // time has passed in a dialog that a timer opened, too
 }
 
 Timer* Timers::takeDue(double until) {

@@ -35,6 +35,7 @@ class Timers {
     void setActive(Timer& timer, bool active);
 
     [[nodiscard]] double now() const { return now_; } ///< ticks since the session began
+    [[nodiscard]] bool anyActive() const;
     /// Lets time pass, with the messages of the timers that fall due; no message while a mouse button is down.
     void runFor(double seconds);
 
