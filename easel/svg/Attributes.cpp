@@ -6,6 +6,8 @@
 
 namespace easel::svg {
 
+using model::Affine;
+
 namespace {
 
 struct Known {
@@ -181,10 +183,10 @@ std::string_view Attributes::property(Name name) const {
     return found;
 }
 
-Geom::Affine Attributes::transformInto(const Geom::Affine& around) const {
+Affine Attributes::transformInto(const Affine& around) const {
     const std::string_view text = get(Name::Transform);
     if (text.empty()) return around;
-    return transform(text).value_or(Geom::Affine::identity()) * around;
+    return transform(text).value_or(Affine{}) * around;
 }
 
 bool Attributes::hasVoidTransform() const { return has(Name::Transform) && !transform(get(Name::Transform)); }

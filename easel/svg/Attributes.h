@@ -2,14 +2,13 @@
 // asks for are passed over.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <array>
 #include <bitset>
 #include <boost/container/small_vector.hpp>
 #include <optional>
 #include <string_view>
 
+#include "model/Types.h"
 #include "svg/StyleSheet.h"
 #include "svg/Units.h"
 
@@ -120,7 +119,7 @@ class Attributes {
     [[nodiscard]] std::string_view property(Name name) const;
 
     /// The element's own transform, then `around`.
-    [[nodiscard]] Geom::Affine transformInto(const Geom::Affine& around) const;
+    [[nodiscard]] model::Affine transformInto(const model::Affine& around) const;
     /// Whether there is a transform that says nothing: "none", or nothing that can be read.
     [[nodiscard]] bool hasVoidTransform() const;
     /// Whether the style has a transform too, which is not evaluated.

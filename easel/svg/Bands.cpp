@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "model/Flat.h"
 #include "svg/Outlines.h"
 #include "svg/Reach.h"
 
@@ -14,6 +15,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Box;
 using model::PathData;
 using model::Point;
@@ -21,7 +23,7 @@ using model::Point;
 constexpr double kMargin = 0.01; ///< around what is painted, against its size
 constexpr double kSame = 1e-9;
 
-Box boundsOf(const model::OutlineList& outlines, const Geom::Affine& transform) {
+Box boundsOf(const model::OutlineList& outlines, const Affine& transform) {
     Box box;
     for (const auto& outline : outlines) {
         PathData path = *outline;
@@ -57,10 +59,10 @@ PathData circle(Point center, double radius) {
 /// Makes bands outwards, from the first place that is seen.
 class BandMaker {
   public:
-    BandMaker(const Gradient& gradient, const Geom::Affine& toPage, const model::OutlineList& outlines, int steps)
+    BandMaker(const Gradient& gradient, const Affine& toPage, const model::OutlineList& outlines, int steps)
         : gradient_(gradient), toPage_(placed(gradient) * toPage) {
         if (isFlat(toPage_) || !canTell()) return;
-        box_ = boundsOf(outlines, toPage_.inverse());
+        box_ = boundsOf(outlines, inverse(toPage_));
         const double margin = kMargin * (box_.right - box_.left + box_.bottom - box_.top);
         outer_ = {box_.left - margin, box_.top - margin, box_.right + margin, box_.bottom + margin};
         for (int i = 1; i < steps; ++i) edges_.push_back(double(i) / steps);
@@ -76,9 +78,9 @@ class BandMaker {
 
   private:
     /// What makes a linear gradient go from 0 to 1 along x; a radial one stays as it is.
-    static Geom::Affine placed(const Gradient& gradient) {
+    static Affine placed(const Gradient& gradient) {
         const Point along{gradient.to.x - gradient.from.x, gradient.to.y - gradient.from.y};
-        const Geom::Affine own(along.x, along.y, -along.y, along.x, gradient.from.x, gradient.from.y);
+        const Affine own{along.x, along.y, -along.y, along.x, gradient.from.x, gradient.from.y};
         return gradient.isRadial ? gradient.transform : own * gradient.transform;
     }
 
@@ -159,9 +161,9 @@ class BandMaker {
     }
 
     const Gradient& gradient_;
-    Geom::Affine toPage_; // from units in which the place of a linear gradient is x
-    Box box_;             // of what is painted, in these
-    Box outer_;           // with a margin
+    Affine toPage_; // from units in which the place of a linear gradient is x
+    Box box_;       // of what is painted, in these
+    Box outer_;     // with a margin
     std::vector<double> edges_;
     std::optional<PathData> before_;
     bool isCovered_ = false;
@@ -169,7 +171,7 @@ class BandMaker {
 
 } // namespace
 
-std::vector<Band> bandsOf(const Gradient& gradient, const Geom::Affine& toPage, const model::OutlineList& outlines,
+std::vector<Band> bandsOf(const Gradient& gradient, const Affine& toPage, const model::OutlineList& outlines,
                           int steps) {
     const int most = static_cast<int>(kMostBands / 10);
     return BandMaker(gradient, toPage, outlines, std::min(steps, most)).bands;

@@ -19,7 +19,7 @@ struct Band {
 
 /// The bands that are seen in some outlines, the topmost first. `toPage` leads from the units of what it paints, with
 /// its box where it is fitted to that. None at all where they cannot be told, or are too many.
-[[nodiscard]] std::vector<Band> bandsOf(const Gradient& gradient, const Geom::Affine& toPage,
+[[nodiscard]] std::vector<Band> bandsOf(const Gradient& gradient, const model::Affine& toPage,
                                         const model::OutlineList& outlines, int steps);
 
 } // namespace easel::svg

@@ -21,6 +21,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Document;
 using model::Node;
 using model::NodeType;
@@ -306,6 +307,6 @@ void Builder::openContainer(Container inner, Node* node) {
 
 const Container& Builder::container() const { return source_->containers[open_.back().container]; }
 
-const Geom::Affine& Builder::around() const { return source_->transforms[container().toPage]; }
+const Affine& Builder::around() const { return source_->transforms[container().toPage]; }
 
 } // namespace easel::svg

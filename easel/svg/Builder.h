@@ -2,8 +2,6 @@
 // stand.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -91,7 +89,7 @@ class Builder {
     void openContainer(Container inner, model::Node* node);
     [[nodiscard]] Units units(const Attributes& attributes) const; ///< of an element in the innermost container
     [[nodiscard]] const Container& container() const;              ///< the innermost that is open
-    [[nodiscard]] const Geom::Affine& around() const;
+    [[nodiscard]] const model::Affine& around() const;
     [[nodiscard]] Element& latest() { return source_->elements.back(); }
 
     std::shared_ptr<Source> source_;
@@ -100,7 +98,7 @@ class Builder {
     std::vector<Open> open_;
     ClipPaths clipPaths_;
     TagBytes tag_{};
-    Geom::Affine toPage_; // of the element that has just started
+    model::Affine toPage_; // of the element that has just started
     std::size_t depth_ = 0;
     std::size_t anchors_ = 0;
     std::size_t subpaths_ = 0; // of compound paths
@@ -114,7 +112,7 @@ class Builder {
     struct Measuring {
         model::Node* node = nullptr;
         model::Box box;
-        std::vector<std::optional<Geom::Affine>> transforms; ///< of open elements; none where nothing is shown
+        std::vector<std::optional<model::Affine>> transforms; ///< of open elements; none where nothing is shown
     } measuring_;
     /// A text of the drawing that is open.
     struct OpenText {

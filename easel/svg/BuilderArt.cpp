@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "model/Flat.h"
 #include "svg/Builder.h"
 #include "svg/Extras.h"
 #include "svg/Inheritance.h"
@@ -15,6 +16,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Box;
 using model::Node;
 using model::NodeType;
@@ -35,7 +37,7 @@ Box hullOf(const std::vector<PathData>& subpaths) {
 }
 
 /// The box that x, y, width and height tell.
-Box boxOf(const Attributes& attributes, const Units& units, const Geom::Affine& toPage) {
+Box boxOf(const Attributes& attributes, const Units& units, const Affine& toPage) {
     const auto get = [&](Name name, Along along) -> std::optional<double> {
         try {
             return units.length(attributes.get(name), along);
@@ -49,16 +51,14 @@ Box boxOf(const Attributes& attributes, const Units& units, const Geom::Affine& 
     const std::optional<double> height = get(Name::Height, Along::Y);
     Box box;
     if (!width || !height) return box;
-    for (const Geom::Point corner : {Geom::Point(x, y), Geom::Point(x + *width, y), Geom::Point(x, y + *height),
-                                     Geom::Point(x + *width, y + *height)}) {
-        const Geom::Point on = corner * toPage;
-        box.include(model::Point{on.x(), on.y()});
-    }
+    // A side of a negative length lies on the other side.
+    for (const model::Point corner : {model::Point{x, y}, {x + *width, y}, {x, y + *height}, {x + *width, y + *height}})
+        box.include(toPage(corner));
     return trusted(box);
 }
 
 /// Why a shape cannot be a path of the document; `subpaths` lie on the page.
-Reason reasonAgainst(const std::vector<PathData>& subpaths, const Geom::Affine& toPage) {
+Reason reasonAgainst(const std::vector<PathData>& subpaths, const Affine& toPage) {
     if (isFlat(toPage)) return Reason::Singular;
     for (const PathData& subpath : subpaths) {
         if (!withinReach(subpath)) return Reason::TooFar;
@@ -141,7 +141,7 @@ void Builder::addShape(std::string_view element, const Attributes& attributes) {
     }
     Style own = styleOf(attributes, container().style, measured);
     readOverprint(own, attributes);
-    Node& path = addOutlined(attributes, std::move(subpaths), scaled(own, std::sqrt(std::fabs(toPage_.det()))));
+    Node& path = addOutlined(attributes, std::move(subpaths), scaled(own, scaleOf(toPage_)));
     keep(&path);
     if (path.type() == NodeType::Compound) {
         latest().inner = static_cast<std::uint32_t>(source_->compounds.size());
@@ -187,11 +187,11 @@ void Builder::addReference(const Attributes& attributes) {
 
 void Builder::measureInside(std::string_view element, const Attributes& attributes) {
     measuring_.transforms.push_back(std::nullopt);
-    const std::optional<Geom::Affine> parent = measuring_.transforms[measuring_.transforms.size() - 2];
+    const std::optional<Affine> parent = measuring_.transforms[measuring_.transforms.size() - 2];
     const bool holds = element == "g" || element == "a" || element == "switch";
     if (!parent || !(holds || isShape(element))) return;
     try {
-        const Geom::Affine transform = attributes.transformInto(*parent);
+        const Affine transform = attributes.transformInto(*parent);
         if (holds) {
             measuring_.transforms.back() = transform;
             return;

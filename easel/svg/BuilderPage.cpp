@@ -2,6 +2,7 @@
 #include <cmath>
 #include <stdexcept>
 
+#include "model/Flat.h"
 #include "svg/Builder.h"
 #include "svg/Extras.h"
 #include "svg/Reach.h"
@@ -11,6 +12,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Document;
 
 /// A side of a drawing without a viewBox: what it says itself, or else that of the window.
@@ -60,8 +62,7 @@ void Builder::startRoot(std::string_view element, const Attributes& attributes) 
     document_ = std::make_unique<Document>(width, height);
     measureSheet(*source_, window, attributes, *document_);
     document_->journal().beginUnrecorded();
-    toPage_ = attributes.transformInto(hasBox ? Geom::Affine(1, 0, 0, 1, -viewBox[0], -viewBox[1])
-                                              : Geom::Affine::identity());
+    toPage_ = attributes.transformInto(hasBox ? Affine{1, 0, 0, 1, -viewBox[0], -viewBox[1]} : Affine{});
     if (isFlat(toPage_)) throw std::range_error("the drawing's transform cannot be inverted");
     source_->transforms.push_back(toPage_);
     source_->containers.push_back({.style = initialStyle(), .units = Units(width, height), .inherited = {}});

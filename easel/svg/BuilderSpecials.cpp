@@ -8,6 +8,7 @@
 #include "svg/Builder.h"
 #include "svg/Extras.h"
 #include "svg/Inheritance.h"
+#include "svg/Outlines.h"
 #include "svg/Specials.h"
 
 namespace easel::svg {
@@ -47,7 +48,7 @@ void Builder::addSpecial(std::string_view element, model::Node& node, const Attr
     if (element == "use" && isUnderstood) uses_.emplace_back(&node, readUse(attributes, units(attributes), toPage_));
     if (element != "text") return;
     const TextLook look = textLook(attributes, container().text);
-    const double scale = std::sqrt(std::fabs(toPage_.det()));
+    const double scale = scaleOf(toPage_);
     model::Style paint = styleOf(attributes, container().style, units(attributes));
     readOverprint(paint, attributes);
     paint.changeLengths([&](double& length) { length *= scale; });

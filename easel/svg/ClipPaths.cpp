@@ -15,6 +15,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Mask;
 using model::PathData;
 
@@ -35,7 +36,7 @@ void ClipPaths::startElement(std::string_view element, const Attributes& attribu
     understood_ = !attributes.transformsInStyle();
     inBox_ = attributes.get(Name::ClipPathUnits) == "objectBoundingBox";
     try {
-        transform_ = attributes.transformInto(Geom::Affine::identity());
+        transform_ = attributes.transformInto(Affine{});
     } catch (const std::range_error&) { // a number beyond all numbers
         understood_ = false;
     }
@@ -55,7 +56,7 @@ void ClipPaths::addShape(std::string_view element, const Attributes& attributes,
     Mask::Shape shape{.subpaths = {}, .evenOdd = rule.empty() ? evenOdd_ : rule == "evenodd"};
     try {
         shape.subpaths = shapeOutline(element, attributes, attributes.units(units)).subpaths;
-        const Geom::Affine transform = attributes.transformInto(transform_);
+        const Affine transform = attributes.transformInto(transform_);
         for (PathData& subpath : shape.subpaths) {
             transformBy(subpath, transform);
             subpath.closed = true;
@@ -68,7 +69,7 @@ void ClipPaths::addShape(std::string_view element, const Attributes& attributes,
     shapes_.push_back(std::move(shape));
 }
 
-void ClipPaths::putOn(model::Node& node, const Attributes& attributes, const Geom::Affine& toPage) {
+void ClipPaths::putOn(model::Node& node, const Attributes& attributes, const Affine& toPage) {
     const std::string_view id = referredId(attributes.property(Name::ClipPath));
     if (!id.empty()) uses_.push_back({&node, std::string(id), toPage});
 }
@@ -83,8 +84,7 @@ void ClipPaths::finish() {
 }
 
 std::optional<model::Clip> ClipPaths::clipFor(const Use& use, const ClipPath& path) {
-    const Geom::Affine inverse = use.toPage.inverse();
-    model::Affine toMask{inverse[0], inverse[1], inverse[2], inverse[3], inverse[4], inverse[5]};
+    Affine toMask = inverse(use.toPage);
     model::Clip clip;
     clip.mask = path.mask;
     clip.fitsBox = path.inBox && use.node->isOutlined();

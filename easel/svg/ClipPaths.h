@@ -2,8 +2,6 @@
 // that is not understood (with text or references in it) hides nothing.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <map>
 #include <memory>
 #include <optional>
@@ -25,7 +23,7 @@ class ClipPaths {
     void endElement();
 
     /// Notes what is put on a node, if anything; `toPage` leads from its units to the document's.
-    void putOn(model::Node& node, const Attributes& attributes, const Geom::Affine& toPage);
+    void putOn(model::Node& node, const Attributes& attributes, const model::Affine& toPage);
     /// Gives the nodes that were noted their masks. Once, at the end.
     void finish();
 
@@ -33,7 +31,7 @@ class ClipPaths {
     struct Use {
         model::Node* node;
         std::string id;
-        Geom::Affine toPage;
+        model::Affine toPage;
     };
 
     void addShape(std::string_view element, const Attributes& attributes, const Units& units);
@@ -51,7 +49,7 @@ class ClipPaths {
     // The clip path that is being read
     std::size_t depth_ = 0; // of elements in it, itself included; 0 outside
     std::string id_;
-    Geom::Affine transform_;
+    model::Affine transform_;
     bool evenOdd_ = false;
     bool understood_ = true;
     bool inBox_ = false;

@@ -14,6 +14,7 @@
 #include "svg/Inheritance.h"
 #include "svg/Markup.h"
 #include "svg/Names.h"
+#include "svg/Outlines.h"
 #include "svg/Reader.h"
 #include "svg/Source.h"
 #include "svg/SplicedText.h"
@@ -450,7 +451,7 @@ bool copyInto(Document& to, Node& container, const Node& art, const model::Affin
         for (const Node* child = from->lastChild(); child; child = child->previous())
             open.emplace_back(child, &copyOf(to, *into, *child));
     }
-    to.transform(copy, by, std::sqrt(std::fabs(by.a * by.d - by.b * by.c)));
+    to.transform(copy, by, scaleOf(by));
     return true;
 }
 

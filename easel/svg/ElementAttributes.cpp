@@ -14,6 +14,7 @@
 
 namespace easel::svg {
 
+using model::Affine;
 using model::Node;
 using model::NodeType;
 using model::PathData;
@@ -117,11 +118,11 @@ void ElementText::setName(Tag& tag, const Node& node) {
     }
 }
 
-void ElementText::setOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
+void ElementText::setOutline(Tag& tag, const Node& node, const Affine& toPage) const {
     requireInReach(node);
     std::vector<PathData> subpaths;
     for (const model::Shared<PathData>& outline : node.outlines())
-        transformBy(subpaths.emplace_back(*outline), toPage.inverse());
+        transformBy(subpaths.emplace_back(*outline), inverse(toPage));
     tag.set("d", pathData(subpaths));
     const std::string types = nodeTypes(subpaths);
     const std::string oldTypes = tag.find(source_.sodipodiPrefixes, "nodetypes");

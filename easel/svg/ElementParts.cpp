@@ -2,6 +2,7 @@
 #include "svg/ElementParts.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -33,23 +34,21 @@ void requireUsable(const Style& style) {
     if (!usable) throw UnsavableError("a stroke with lengths beyond 1e9 points cannot be saved");
 }
 
-Geom::Affine asGeom(const Affine& by) { return {by.a, by.b, by.c, by.d, by.e, by.f}; }
-
-double scaleOf(const Geom::Affine& transform) { return std::sqrt(std::fabs(transform.det())); }
-
 Style inUnits(Style style, double scale) {
     style.changeLengths([&](double& length) { length /= scale; });
     return style;
 }
 
-std::string transformText(const Geom::Affine& transform) {
+std::string transformText(const Affine& transform) {
     constexpr double kAlmost = 1e-12;
-    const bool moves = std::fabs(transform[0] - 1) < kAlmost && std::fabs(transform[1]) < kAlmost &&
-                       std::fabs(transform[2]) < kAlmost && std::fabs(transform[3] - 1) < kAlmost;
+    const auto& [a, b, c, d, e, f] = transform;
+    const std::array<double, 6> numbers{a, b, c, d, e, f};
+    const bool moves =
+        std::fabs(a - 1) < kAlmost && std::fabs(b) < kAlmost && std::fabs(c) < kAlmost && std::fabs(d - 1) < kAlmost;
     std::string text = moves ? "translate(" : "matrix(";
     if (!withinReach(transform)) throw UnsavableError("an object beyond 1e9 points cannot be saved");
-    for (unsigned i = moves ? 4 : 0; i < 6; ++i) {
-        appendNumber(text, transform[i]);
+    for (std::size_t i = moves ? 4 : 0; i < 6; ++i) {
+        appendNumber(text, numbers[i]);
         text += i < 5 ? ' ' : ')';
     }
     return text;
@@ -58,8 +57,6 @@ std::string transformText(const Geom::Affine& transform) {
 bool isTurned(const Node& node) {
     return node.type() == NodeType::Opaque && node.opaque().turned != model::OpaqueData().turned;
 }
-
-Geom::Affine placedOf(const Node& node) { return asGeom(node.placed()); }
 
 std::optional<std::pair<std::size_t, std::size_t>> declaration(std::string_view style, std::string_view name) {
     std::optional<std::pair<std::size_t, std::size_t>> last;

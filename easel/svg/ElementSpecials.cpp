@@ -6,6 +6,7 @@
 #include "svg/ElementText.h"
 #include "svg/Extras.h"
 #include "svg/FileError.h"
+#include "svg/Outlines.h"
 #include "svg/Reach.h"
 #include "svg/Values.h"
 
@@ -71,8 +72,8 @@ std::string ElementText::newSpecial(const Node& node, const Place& place) {
         lies = own;
     }
     // Its lengths are the page's, whatever is around it.
-    const Geom::Affine transform = asGeom(placed) * toPageIn(place).inverse();
-    if (!transform.isIdentity(0)) tag.set("transform", transformText(transform));
+    const Affine transform = placed * inverse(toPageIn(place));
+    if (!(transform == Affine{})) tag.set("transform", transformText(transform));
     if (node.text()) return newText(node, {lies.e, lies.f}, place, tag);
     if (image) {
         newImage(*image, lies, tag);

@@ -1,8 +1,6 @@
 // Attributes that say what has changed are replaced where they stand; whatever else is in a start tag keeps its bytes.
 #include "svg/ElementText.h"
 
-#include <2geom/transforms.h>
-
 #include <algorithm>
 #include <cmath>
 #include <string>
@@ -34,6 +32,10 @@ constexpr const char* kClip = "clip";
 constexpr const char* kMask = "mask";
 
 bool isNear(double a, double b) { return std::fabs(a - b) <= kSame * (1 + std::fabs(a) + std::fabs(b)); }
+bool isNear(const Affine& a, const Affine& b) {
+    return isNear(a.a, b.a) && isNear(a.b, b.b) && isNear(a.c, b.c) && isNear(a.d, b.d) && isNear(a.e, b.e) &&
+           isNear(a.f, b.f);
+}
 
 /// Whether the same has been done to art as to what it is in, exactly where that is nothing.
 bool goesAlong(const Affine& by, const Affine& around) {
@@ -153,14 +155,11 @@ void ElementText::setOwnMask(Tag& tag, const Node& node) {
 std::string ElementText::maskBefore(const Node& node, const Element* element, const Place& place) {
     if (!node.extras().ownMask) return {};
     const model::MaskDrawing& drawing = *node.extras().ownMask;
-    const Geom::Affine units = element ? unitsOf(node, *element, place) : unitsOf(node, place);
-    const Geom::Affine toUnits = asGeom(drawing.toArt * node.placed()) * units.inverse();
+    const Affine units = element ? unitsOf(node, *element, place) : unitsOf(node, place);
+    const Affine toUnits = drawing.toArt * node.placed() * inverse(units);
     model::Box box;
     for (const double x : {drawing.box.left, drawing.box.right})
-        for (const double y : {drawing.box.top, drawing.box.bottom}) {
-            const Geom::Point corner = Geom::Point(x, y) * toUnits;
-            box.include(Point{corner.x(), corner.y()});
-        }
+        for (const double y : {drawing.box.top, drawing.box.bottom}) box.include(toUnits({x, y}));
     const std::string name = place.prefix + "mask";
     std::string text = '<' + name + " id=\"" + newId(node, kMask) + "\" maskUnits=\"userSpaceOnUse\"";
     for (const auto& [side, value] :
@@ -179,7 +178,7 @@ std::string ElementText::clipPath(const Node& group, const Place& inside) {
     const std::string name = inside.prefix + "clipPath";
     std::string text = '<' + name + " id=\"" + newId(group, kClip) + "\">";
     for (model::Mask::Shape& shape : maskOnPage(group)) {
-        for (PathData& subpath : shape.subpaths) transformBy(subpath, toPageIn(inside).inverse());
+        for (PathData& subpath : shape.subpaths) transformBy(subpath, inverse(toPageIn(inside)));
         text += '<' + inside.prefix + "path d=\"" + pathData(shape.subpaths) + '"';
         text += std::string(shape.evenOdd ? " clip-rule=\"evenodd\"" : "") + "/>";
     }
@@ -188,9 +187,9 @@ std::string ElementText::clipPath(const Node& group, const Place& inside) {
 
 std::string ElementText::newTag(const Node& node, const Place& place) {
     Tag tag = newTag(node, place, isGroup(node) ? "g" : "path");
-    const Geom::Affine toPage = unitsOf(node, place);
-    const Geom::Affine transform = toPage * toPageIn(place).inverse();
-    if (node.units() && !transform.isIdentity(kSame)) tag.set("transform", transformText(transform));
+    const Affine toPage = unitsOf(node, place);
+    const Affine transform = toPage * inverse(toPageIn(place));
+    if (node.units() && !isNear(transform, Affine{})) tag.set("transform", transformText(transform));
     if (!node.isOutlined()) {
         if (node.taken()) takeOver(tag, node);
         setExtras(tag, node, {});
@@ -338,7 +337,7 @@ void ElementText::change(Tag& tag, const Node& node, const Element& element, con
     const Affine by = doneToUnits(node, element, place);
     const bool isAlong = staysInside && goesAlong(done.by, place.placed);
     if (node.isOutlined() && (done.outlineChanged || (outlineTells(node, element, place) && !isAlong)))
-        changeOutline(tag, node, source_.transforms[element.toPage] * asGeom(by));
+        changeOutline(tag, node, source_.transforms[element.toPage] * by);
     changeSpecial(tag, node, element);
     if (node.isOutlined()) {
         if (is.style != was.style) requireUsable(node.style());
@@ -406,7 +405,7 @@ Affine ElementText::doneToUnits(const Node& node, const Element& element, const 
 ElementText::Styles ElementText::stylesOf(const Node& node, const Element& element, const Affine& by) const {
     const Style& was = *wasOf(node).style;
     const double scale = scaleOf(source_.transforms[element.toPage]);
-    const double scaled = scaleOf(asGeom(by));
+    const double scaled = scaleOf(by);
     Styles styles{inUnits(was, scale), inUnits(node.style(), scale * scaled)};
     if (scaled == 1) return styles;
     std::vector<double> lengths;
@@ -450,50 +449,49 @@ bool ElementText::hasServers(const Element& element) const {
 }
 
 /// The way from where an element was read to where it is after `by`, in the units that hold around it.
-Geom::Affine ElementText::displacement(const Affine& by, const Element& element, const Place& place) const {
-    const Geom::Affine& from = source_.transforms[source_.containers[element.container].toPage];
-    const Geom::Affine to = toPageIn(place);
+Affine ElementText::displacement(const Affine& by, const Element& element, const Place& place) const {
+    const Affine& from = source_.transforms[source_.containers[element.container].toPage];
+    const Affine to = toPageIn(place);
     if (element.container == place.container && by.isMove() &&
         place.placed.isMove()) { // without rounding what is nought
-        const Geom::Point on(by.e - place.placed.e, by.f - place.placed.f);
-        return Geom::Affine(Geom::Translate(on * to.withoutTranslation().inverse()));
+        const Point on = inverse(Affine{to.a, to.b, to.c, to.d})({by.e - place.placed.e, by.f - place.placed.f});
+        return {.e = on.x, .f = on.y};
     }
-    return from * asGeom(by) * to.inverse();
+    return from * by * inverse(to);
 }
 
-void ElementText::prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const {
-    if (transform.isIdentity(0)) return;
+void ElementText::prefixTransform(Tag& tag, const Element& element, const Affine& transform) const {
+    if (transform == Affine{}) return;
     const std::string_view old = element.voidTransform ? "" : tag.find("transform").value_or("");
     tag.set("transform", transformText(transform) + (old.empty() ? "" : ' ' + std::string(old)));
 }
 
 /// From the units inside of what is written to the page.
-Geom::Affine ElementText::toPageIn(const Place& place) const {
-    return source_.transforms[source_.containers[place.container].toPage] * asGeom(place.placed);
+Affine ElementText::toPageIn(const Place& place) const {
+    return source_.transforms[source_.containers[place.container].toPage] * place.placed;
 }
 
 /// From the units of an element that is written anew to the page.
-Geom::Affine ElementText::unitsOf(const Node& made, const Place& place) const {
-    if (made.content().special()) return isTurned(made) ? placedOf(made) : Geom::Affine::identity();
+Affine ElementText::unitsOf(const Node& made, const Place& place) const {
+    if (made.content().special()) return isTurned(made) ? made.placed() : Affine{};
     if (!made.units()) return toPageIn(place);
-    return source_.transforms[source_.elements[made.units() - 1].toPage] * placedOf(made);
+    return source_.transforms[source_.elements[made.units() - 1].toPage] * made.placed();
 }
 
 /// From the units of an element that was read, or of the group around it, to the page.
-Geom::Affine ElementText::unitsOf(const Node& node, const Element& element, const Place& place) const {
+Affine ElementText::unitsOf(const Node& node, const Element& element, const Place& place) const {
     const std::uint32_t from = element.wrapped ? source_.containers[element.container].toPage : element.toPage;
-    return source_.transforms[from] * asGeom(element.wrapped ? node.placed() : doneToUnits(node, element, place));
+    return source_.transforms[from] * (element.wrapped ? node.placed() : doneToUnits(node, element, place));
 }
 
 Affine ElementText::placedInside(const Node& made, const Place& place) const {
     if (!made.units()) return place.placed;
-    const Geom::Affine& around = source_.transforms[source_.containers[place.container].toPage];
-    const Geom::Affine by = around.inverse() * unitsOf(made, place);
-    return {by[0], by[1], by[2], by[3], by[4], by[5]};
+    const Affine& around = source_.transforms[source_.containers[place.container].toPage];
+    return inverse(around) * unitsOf(made, place);
 }
 
 /// `toPage`: from the element's units as they are now.
-void ElementText::changeOutline(Tag& tag, const Node& node, const Geom::Affine& toPage) const {
+void ElementText::changeOutline(Tag& tag, const Node& node, const Affine& toPage) const {
     static constexpr std::string_view kMeasures[] = {"x",  "y", "width", "height", "rx", "ry", "cx",
                                                      "cy", "r", "x1",    "y1",     "x2", "y2", "points"};
     const std::string name(tag.name());
@@ -527,8 +525,8 @@ std::string ElementText::wrappedTag(const Node& node, const Element& element) {
 std::string ElementText::wrapper(const Node& node, const Element& element, const Place& place) {
     Tag tag('<' + place.prefix + 'g');
     const bool isAlong = element.container == place.container && goesAlong(node.placed(), place.placed);
-    const Geom::Affine displaced = isAlong ? Geom::Affine::identity() : displacement(node.placed(), element, place);
-    if (!displaced.isIdentity(0)) tag.set("transform", transformText(displaced));
+    const Affine displaced = isAlong ? Affine{} : displacement(node.placed(), element, place);
+    if (!(displaced == Affine{})) tag.set("transform", transformText(displaced));
     const model::Content& was = wasOf(node);
     const bool hides = node.hidden() && !was.hidden;
     const bool takesNoName = element.reason == Reason::Entity || node.copied();

@@ -2,8 +2,6 @@
 // around them.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -78,10 +76,10 @@ class ElementText {
     [[nodiscard]] model::OutlineList original(const model::Node& node) const;
     [[nodiscard]] bool hasServers(const Element& element) const;
     [[nodiscard]] bool needsTransform(const Element& element) const;
-    [[nodiscard]] Geom::Affine displacement(const model::Affine& by, const Element& element, const Place& place) const;
-    [[nodiscard]] Geom::Affine toPageIn(const Place& place) const;
-    [[nodiscard]] Geom::Affine unitsOf(const model::Node& made, const Place& place) const;
-    [[nodiscard]] Geom::Affine unitsOf(const model::Node& node, const Element& element, const Place& place) const;
+    [[nodiscard]] model::Affine displacement(const model::Affine& by, const Element& element, const Place& place) const;
+    [[nodiscard]] model::Affine toPageIn(const Place& place) const;
+    [[nodiscard]] model::Affine unitsOf(const model::Node& made, const Place& place) const;
+    [[nodiscard]] model::Affine unitsOf(const model::Node& node, const Element& element, const Place& place) const;
     struct Styles {
         model::Style before;
         model::Style now;
@@ -96,8 +94,8 @@ class ElementText {
     void changeText(Tag& tag, const model::TextData& is, const model::TextData& was, double scale) const;
     void changeLink(Tag& tag, const std::string& link) const;
     void change(Tag& tag, const model::Node& node, const Element& element, const Place& place);
-    void changeOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
-    void prefixTransform(Tag& tag, const Element& element, const Geom::Affine& transform) const;
+    void changeOutline(Tag& tag, const model::Node& node, const model::Affine& toPage) const;
+    void prefixTransform(Tag& tag, const Element& element, const model::Affine& transform) const;
     void setPaint(Tag& tag, const model::Node& node, const model::Style& style, const Container& container) const;
     [[nodiscard]] bool mayBeStyled(const Tag& group) const;
     [[nodiscard]] std::string groupStyle(bool hidden) const;
@@ -112,7 +110,7 @@ class ElementText {
     void setForeign(Tag& tag, const std::vector<std::string>& prefixes, std::string_view usualPrefix,
                     std::string_view uri, std::string_view local, std::string_view value) const;
     void setName(Tag& tag, const model::Node& node);
-    void setOutline(Tag& tag, const model::Node& node, const Geom::Affine& toPage) const;
+    void setOutline(Tag& tag, const model::Node& node, const model::Affine& toPage) const;
     [[nodiscard]] const std::string& newId(const model::Node& node, const char* kind);
     void setClip(Tag& tag, const model::Node& node);
     void takeOver(Tag& tag, const model::Node& made);

@@ -10,6 +10,7 @@
 
 #include "model/Bounds.h"
 #include "model/Clip.h"
+#include "model/Flat.h"
 #include "model/Journal.h"
 #include "model/StrokeOutline.h"
 #include "svg/Bands.h"
@@ -27,6 +28,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Document;
 using model::Mask;
 using model::Node;
@@ -37,12 +39,12 @@ using model::Placement;
 using model::Style;
 
 /// From the units that the node's element is written in to the page.
-Geom::Affine unitsOf(const Document& document, const Node& node) {
+Affine unitsOf(const Document& document, const Node& node) {
     const auto* const source = dynamic_cast<const Source*>(document.origin.get());
-    if (!source) return Geom::Affine::identity();
+    if (!source) return Affine{};
     for (const Node* at = &node; at; at = at->parent()) {
         const std::uint32_t origin = at->units() ? at->units() : at->copied() ? at->copied()->origin : at->origin();
-        if (origin != 0) return source->transforms[source->elements[origin - 1].toPage] * asGeom(at->placed());
+        if (origin != 0) return source->transforms[source->elements[origin - 1].toPage] * at->placed();
     }
     return source->transforms.front();
 }
@@ -141,7 +143,7 @@ class Expander {
         if (!gradient->fitsBox) return server;
         const model::Box box = boxInUnits();
         if (isFlat(fromUnitBox(box))) return std::nullopt;
-        gradient->transform *= fromUnitBox(box);
+        gradient->transform = gradient->transform * fromUnitBox(box);
         return "url(#" + keepGradient(document_, *gradient) + ')';
     }
 
@@ -149,13 +151,13 @@ class Expander {
         model::Box box;
         for (const auto& outline : path_.outlines()) {
             model::PathData path = *outline;
-            transformBy(path, toPage_.inverse());
+            transformBy(path, inverse(toPage_));
             box.include(path.bounds());
         }
         return box;
     }
 
-    static Geom::Affine fromUnitBox(const model::Box& box) {
+    static Affine fromUnitBox(const model::Box& box) {
         return {box.right - box.left, 0, 0, box.bottom - box.top, box.left, box.top};
     }
 
@@ -165,7 +167,7 @@ class Expander {
         const model::Box box = boxInUnits();
         if (what_.gradients)
             if (const auto gradient = gradientNamed(document_, name)) {
-                const Geom::Affine toPage = gradient->fitsBox ? fromUnitBox(box) * toPage_ : toPage_;
+                const Affine toPage = gradient->fitsBox ? fromUnitBox(box) * toPage_ : toPage_;
                 part.bands = bandsOf(*gradient, toPage, part.outlines, what_.steps);
             }
         if (what_.patterns)
@@ -249,7 +251,7 @@ class Expander {
     Node& path_;
     const PaintExpansion& what_;
     const ElementLook look_;
-    const Geom::Affine toPage_; // from the units of the path's element
+    const Affine toPage_; // from the units of the path's element
 };
 
 } // namespace

@@ -16,6 +16,8 @@
 
 namespace easel::svg {
 
+using model::Affine;
+
 namespace {
 
 using Stop = Gradient::Stop;
@@ -91,7 +93,7 @@ std::optional<Gradient> gradientNamed(model::Document& document, std::string_vie
     const std::string spread = chain.find("spreadMethod");
     if (spread == "reflect") gradient.spread = Gradient::Spread::Reflect;
     if (spread == "repeat") gradient.spread = Gradient::Spread::Repeat;
-    gradient.transform = transform(chain.find("gradientTransform")).value_or(Geom::Affine::identity());
+    gradient.transform = transform(chain.find("gradientTransform")).value_or(Affine{});
     const Units units = gradient.fitsBox ? Units(1, 1) : Units(document.width(), document.height());
     const auto length = [&](const char* attribute, Along along, const char* otherwise) {
         const std::string text = chain.find(attribute);
@@ -128,10 +130,12 @@ std::string keepGradient(model::Document& document, const Gradient& gradient) {
     if (gradient.isRadial) say("r", gradient.toRadius);
     if (gradient.isRadial && gradient.fromRadius > 0) say("fr", gradient.fromRadius);
     attributes += " gradientTransform=\"matrix(";
-    for (unsigned i = 0; i < 6; ++i) {
-        appendNumber(attributes, gradient.transform[i]);
-        attributes += i < 5 ? ' ' : ')';
+    const auto& [a, b, c, d, e, f] = gradient.transform;
+    for (const double number : {a, b, c, d, e, f}) {
+        appendNumber(attributes, number);
+        attributes += ' ';
     }
+    attributes.back() = ')';
     attributes += '"';
     std::string content;
     for (const Stop& stop : gradient.stops) {

@@ -1,8 +1,6 @@
 // Gradients that a drawing keeps under names, as it says them, those that it says by reference to others included.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,8 +27,8 @@ struct Gradient {
     model::Point to{1, 0}; ///< and of the largest
     double fromRadius = 0;
     double toRadius = 0;
-    Geom::Affine transform = Geom::Affine::identity(); ///< from its units to those of what it paints
-    std::vector<Stop> stops{};                         ///< by their offsets
+    model::Affine transform = model::Affine{}; ///< from its units to those of what it paints
+    std::vector<Stop> stops{};                 ///< by their offsets
 
     [[nodiscard]] Stop at(double place) const; ///< there are stops; the place counts as its offset
 };

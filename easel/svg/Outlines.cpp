@@ -14,6 +14,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::cornerAt;
 using model::PathData;
 using model::PathPoint;
@@ -119,14 +120,15 @@ Outline shapeOutline(std::string_view element, const Attributes& attributes, con
     return {rectangle(x(Name::X), y(Name::Y), x(Name::Width), y(Name::Height), radiusX, radiusY), false};
 }
 
-void transformBy(PathData& path, const Geom::Affine& transform) {
-    if (transform.isIdentity(0)) return;
+void transformBy(PathData& path, const Affine& transform) {
+    if ((transform == Affine{})) return;
     for (PathPoint& point : path.points) {
-        for (Point* const p : {&point.anchor, &point.in, &point.out}) {
-            const Geom::Point moved = Geom::Point(p->x, p->y) * transform;
-            *p = {moved.x(), moved.y()};
-        }
+        for (Point* const p : {&point.anchor, &point.in, &point.out}) *p = transform(*p);
     }
+}
+
+double scaleOf(const Affine& transform) {
+    return std::sqrt(std::fabs(transform.a * transform.d - transform.b * transform.c));
 }
 
 bool looksSmooth(const PathPoint& point) {

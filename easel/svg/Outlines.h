@@ -1,8 +1,6 @@
 // Outlines of elements: path data and the basic shapes, as anchors and handles in the element's own units.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <string_view>
 #include <vector>
 
@@ -20,7 +18,8 @@ struct Outline {
 /// Empty when the shape has no extent or lacks what it needs. Throws UnknownUnit.
 [[nodiscard]] Outline shapeOutline(std::string_view element, const Attributes& attributes, const Units& units);
 
-void transformBy(model::PathData& path, const Geom::Affine& transform);
+void transformBy(model::PathData& path, const model::Affine& transform);
+[[nodiscard]] double scaleOf(const model::Affine& transform); ///< of lengths, on average
 
 /// Whether both handles of a point are drawn out, in opposite directions.
 [[nodiscard]] bool looksSmooth(const model::PathPoint& point);

@@ -3,9 +3,9 @@
 
 #include <algorithm>
 
-#include "model/Flat.h"
-
 namespace easel::svg {
+
+using model::Affine;
 
 bool withinReach(const model::PathData& path) {
     return std::all_of(path.points.begin(), path.points.end(), [](const model::PathPoint& point) {
@@ -20,16 +20,11 @@ bool withinReach(const model::Box& box) {
     return withinReach(box.left) && withinReach(box.top) && withinReach(box.right) && withinReach(box.bottom);
 }
 
-bool withinReach(const Geom::Affine& transform) {
-    bool reaches = true;
-    for (unsigned i = 0; i < 6; ++i) reaches = reaches && withinReach(transform[i]);
-    return reaches;
+bool withinReach(const Affine& transform) {
+    const auto& [a, b, c, d, e, f] = transform;
+    return withinReach(a) && withinReach(b) && withinReach(c) && withinReach(d) && withinReach(e) && withinReach(f);
 }
 
 model::Box trusted(const model::Box& box) { return withinReach(box) ? box : model::Box{}; }
-
-bool isFlat(const Geom::Affine& transform) {
-    return model::isFlat({transform[0], transform[1], transform[2], transform[3], transform[4], transform[5]});
-}
 
 } // namespace easel::svg

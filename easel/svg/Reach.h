@@ -1,7 +1,5 @@
-// Which places coordinates are trusted at, and which transforms lead back.
+// Which places coordinates are trusted at.
 #pragma once
-
-#include <2geom/affine.h>
 
 #include "model/Types.h"
 #include "svg/Limits.h"
@@ -11,11 +9,8 @@ namespace easel::svg {
 /// Whether all of it lies where coordinates are trusted; false for what is no number, and for a box that is empty.
 [[nodiscard]] bool withinReach(const model::PathData& path);
 [[nodiscard]] bool withinReach(const model::Box& box);
-[[nodiscard]] bool withinReach(const Geom::Affine& transform);
+[[nodiscard]] bool withinReach(const model::Affine& transform);
 /// The box, if all of it lies there; else an empty one.
 [[nodiscard]] model::Box trusted(const model::Box& box);
-
-/// Whether it leaves no area, or none that is a number, so that nothing comes back from it.
-[[nodiscard]] bool isFlat(const Geom::Affine& transform);
 
 } // namespace easel::svg

@@ -2,8 +2,6 @@
 // changed since. Reads and writes nothing itself.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <deque>
@@ -129,7 +127,7 @@ class Source : public KnownFiles {
     /// In the order of the text; the root comes first. A node's origin is the index of its element plus one.
     std::deque<Element> elements;
     std::deque<Container> containers;         ///< the root is the first
-    std::deque<Geom::Affine> transforms;      ///< the first is the root's, for what is in it
+    std::deque<model::Affine> transforms;     ///< the first is the root's, for what is in it
     std::deque<model::OutlineList> compounds; ///< of compound paths, as they were read
     std::vector<Definition> definitions;      ///< in the order of the text
     std::vector<Undrawn> undrawn;             ///< the same, without those in others

@@ -8,10 +8,13 @@
 
 #include "svg/Limits.h"
 #include "svg/Markup.h"
+#include "svg/Outlines.h"
 #include "svg/Pixels.h"
 #include "svg/Values.h"
 
 namespace easel::svg {
+
+using model::Affine;
 
 namespace {
 
@@ -30,8 +33,6 @@ std::optional<double> lengthOf(const Attributes& attributes, Name name, const Un
         return std::nullopt;
     }
 }
-
-model::Affine affineOf(const Geom::Affine& m) { return {m[0], m[1], m[2], m[3], m[4], m[5]}; }
 
 } // namespace
 
@@ -53,8 +54,8 @@ TextLook textLook(const Attributes& attributes, TextLook look) {
 }
 
 model::TextData readText(const Attributes& attributes, const TextLook& look, const Units& units, model::Style paint,
-                         const Geom::Affine& toPage) {
-    const double scale = std::sqrt(std::fabs(toPage.det()));
+                         const Affine& toPage) {
+    const double scale = scaleOf(toPage);
     model::TextData text{.font = look.font, .justification = look.justification, .orientation = look.orientation};
     const auto coordinate = [&](Name name, Along along) { // many of them place the letters
         const std::string_view value = attributes.get(name);
@@ -62,16 +63,16 @@ model::TextData readText(const Attributes& attributes, const TextLook& look, con
         text.isRich = text.isRich || (!value.empty() && !length);
         return length.value_or(0);
     };
-    const Geom::Point at = Geom::Point(coordinate(Name::X, Along::X), coordinate(Name::Y, Along::Y)) * toPage;
-    text.anchor = {at.x(), at.y()};
+    const double x = coordinate(Name::X, Along::X);
+    text.anchor = toPage({x, coordinate(Name::Y, Along::Y)});
     try {
         text.size = *units.length("1em", Along::X) * scale;
     } catch (const UnknownUnit&) {
         text.isRich = true;
     }
     text.isRich = text.isRich || !(text.size > 0 && withinReach(text.size));
-    const bool isUpright = toPage[0] == toPage[3] && toPage[0] > 0 && toPage[1] == 0 && toPage[2] == 0;
-    if (!isUpright) text.turned = {toPage[0] / scale, toPage[1] / scale, toPage[2] / scale, toPage[3] / scale};
+    const bool isUpright = toPage.a == toPage.d && toPage.a > 0 && toPage.b == 0 && toPage.c == 0;
+    if (!isUpright) text.turned = {toPage.a / scale, toPage.b / scale, toPage.c / scale, toPage.d / scale};
     text.paint = std::move(paint);
     return text;
 }
@@ -89,7 +90,7 @@ std::string collapsed(std::string_view text) {
     return result;
 }
 
-model::ImageData readImage(const Attributes& attributes, const Units& units, const Geom::Affine& toPage) {
+model::ImageData readImage(const Attributes& attributes, const Units& units, const Affine& toPage) {
     const bool isPlain = attributes.has(Name::Href);
     const std::string_view link = trimmed(attributes.get(isPlain ? Name::Href : Name::XlinkHref));
     model::ImageData image{.isEmbedded = link.starts_with("data:")};
@@ -111,18 +112,18 @@ model::ImageData readImage(const Attributes& attributes, const Units& units, con
         width = image.columns * scale;
         height = image.rows * scale;
     }
-    image.place = affineOf(Geom::Affine(width, 0, 0, height, x, y) * toPage);
+    image.place = Affine{width, 0, 0, height, x, y} * toPage;
     return image;
 }
 
-model::SymbolData readUse(const Attributes& attributes, const Units& units, const Geom::Affine& toPage) {
+model::SymbolData readUse(const Attributes& attributes, const Units& units, const Affine& toPage) {
     const bool isPlain = attributes.has(Name::Href);
     const std::string_view link = trimmed(attributes.get(isPlain ? Name::Href : Name::XlinkHref));
     model::SymbolData use;
     use.symbol = link.starts_with("#") ? link.substr(1) : std::string_view();
     const double x = lengthOf(attributes, Name::X, units, Along::X).value_or(0);
     const double y = lengthOf(attributes, Name::Y, units, Along::Y).value_or(0);
-    use.place = affineOf(Geom::Affine(1, 0, 0, 1, x, y) * toPage);
+    use.place = Affine{1, 0, 0, 1, x, y} * toPage;
     const auto width = lengthOf(attributes, Name::Width, units, Along::X);
     const auto height = lengthOf(attributes, Name::Height, units, Along::Y);
     const auto all = [&](Along along) { return *units.length("100%", along); };

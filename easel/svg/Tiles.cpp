@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "model/Flat.h"
 #include "svg/Definitions.h"
 #include "svg/Outlines.h"
 #include "svg/Reach.h"
@@ -16,25 +17,25 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::Box;
 using model::Document;
 using model::Node;
 
 /// From the content's page to a tile at the origin, which it fills as a drawing fills its page.
-std::optional<Geom::Affine> fitted(const DefinitionChain& chain, const Document& content, const Box& tile) {
+std::optional<Affine> fitted(const DefinitionChain& chain, const Document& content, const Box& tile) {
     const std::string aspect = chain.find("preserveAspectRatio");
     if (!aspect.empty() && aspect != "none" && aspect != "xMidYMid" && aspect != "xMidYMid meet") return std::nullopt;
     const double width = tile.right - tile.left;
     const double height = tile.bottom - tile.top;
     const double across = width / content.width();
     const double down = height / content.height();
-    if (aspect == "none") return Geom::Affine(across, 0, 0, down, 0, 0);
+    if (aspect == "none") return Affine{across, 0, 0, down, 0, 0};
     const double scale = std::min(across, down);
-    return Geom::Affine(scale, 0, 0, scale, (width - content.width() * scale) / 2,
-                        (height - content.height() * scale) / 2);
+    return Affine{scale, 0, 0, scale, (width - content.width() * scale) / 2, (height - content.height() * scale) / 2};
 }
 
-Box hullOf(const model::OutlineList& outlines, const Geom::Affine& transform) {
+Box hullOf(const model::OutlineList& outlines, const Affine& transform) {
     Box box;
     for (const auto& outline : outlines) {
         model::PathData path = *outline;
@@ -53,7 +54,7 @@ std::optional<Tiling> tilingNamed(Document& document, std::string_view name) try
     auto content = readDefinition(document, "pattern", chain.holder);
     if (!content || !canBeCopied(*content)) return std::nullopt;
     tiling.fitsBox = chain.find("patternUnits") != "userSpaceOnUse";
-    tiling.transform = transform(chain.find("patternTransform")).value_or(Geom::Affine::identity());
+    tiling.transform = transform(chain.find("patternTransform")).value_or(Affine{});
     const Units units = tiling.fitsBox ? Units(1, 1) : Units(document.width(), document.height());
     const auto length = [&](const char* attribute, Along along) {
         const std::string text = chain.find(attribute);
@@ -77,19 +78,19 @@ std::optional<Tiling> tilingNamed(Document& document, std::string_view name) try
     return std::nullopt;
 }
 
-std::vector<Tile> tilesOf(const Tiling& tiling, const Box& box, const Geom::Affine& toPage,
+std::vector<Tile> tilesOf(const Tiling& tiling, const Box& box, const Affine& toPage,
                           const model::OutlineList& outlines) {
-    const Geom::Affine size(box.right - box.left, 0, 0, box.bottom - box.top, 0, 0);
+    const Affine size{box.right - box.left, 0, 0, box.bottom - box.top, 0, 0};
     Box tile = tiling.tile;
     if (tiling.fitsBox)
-        tile = {box.left + tile.left * size[0], box.top + tile.top * size[3], box.left + tile.right * size[0],
-                box.top + tile.bottom * size[3]};
+        tile = {box.left + tile.left * size.a, box.top + tile.top * size.d, box.left + tile.right * size.a,
+                box.top + tile.bottom * size.d};
     const double width = tile.right - tile.left;
     const double height = tile.bottom - tile.top;
-    const Geom::Affine out = tiling.transform * toPage;
+    const Affine out = tiling.transform * toPage;
     if (!(width > 0 && height > 0) || isFlat(out)) return {};
-    const Box seen = hullOf(outlines, out.inverse());
-    const Geom::Affine fromContent = tiling.contentFitsBox ? tiling.fromContent * size : tiling.fromContent;
+    const Box seen = hullOf(outlines, inverse(out));
+    const Affine fromContent = tiling.contentFitsBox ? tiling.fromContent * size : tiling.fromContent;
     if (!withinReach(seen) || isFlat(fromContent)) return {};
     const double firstColumn = std::floor((seen.left - tile.left) / width);
     const double columns = std::floor((seen.right - tile.left) / width) - firstColumn + 1;
@@ -99,15 +100,14 @@ std::vector<Tile> tilesOf(const Tiling& tiling, const Box& box, const Geom::Affi
     std::vector<Tile> tiles;
     for (double row = firstRow; row < firstRow + rows; ++row)
         for (double column = firstColumn; column < firstColumn + columns; ++column) {
-            const Geom::Affine at = Geom::Affine(1, 0, 0, 1, tile.left + column * width, tile.top + row * height) * out;
+            const Affine at = Affine{1, 0, 0, 1, tile.left + column * width, tile.top + row * height} * out;
             Tile& made = tiles.emplace_back(Tile{tiling.content, {}, {}});
             made.outline.closed = true;
             for (const model::Point corner :
                  {model::Point{0, 0}, model::Point{width, 0}, model::Point{width, height}, model::Point{0, height}})
                 made.outline.points.push_back(model::cornerAt(corner));
             transformBy(made.outline, at);
-            const Geom::Affine by = fromContent * at;
-            made.toPage = {by[0], by[1], by[2], by[3], by[4], by[5]};
+            made.toPage = fromContent * at;
         }
     return tiles;
 }

@@ -1,8 +1,6 @@
 // Patterns that a drawing keeps under names, and where their tile shows in what they paint.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -20,8 +18,8 @@ struct Tiling {
     bool fitsBox = true; ///< its units are such that the box of what it paints goes from 0 to 1
     bool contentFitsBox = false;
     model::Box tile{};
-    Geom::Affine fromContent = Geom::Affine::identity(); ///< from the content's page to a tile at the origin
-    Geom::Affine transform = Geom::Affine::identity();
+    model::Affine fromContent = model::Affine{}; ///< from the content's page to a tile at the origin
+    model::Affine transform = model::Affine{};
 };
 
 /// None where there is no pattern of this name, and where it cannot be told, or there is something in it of which no
@@ -37,7 +35,7 @@ struct Tile {
 
 /// Those that are seen in some outlines; none at all where they are too many. `box` is that of what is painted, in the
 /// units that lead `toPage`.
-[[nodiscard]] std::vector<Tile> tilesOf(const Tiling& tiling, const model::Box& box, const Geom::Affine& toPage,
+[[nodiscard]] std::vector<Tile> tilesOf(const Tiling& tiling, const model::Box& box, const model::Affine& toPage,
                                         const model::OutlineList& outlines);
 
 } // namespace easel::svg

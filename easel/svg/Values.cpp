@@ -14,25 +14,27 @@
 
 namespace easel::svg {
 
+using model::Affine;
+
 namespace {
 
 bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 double radians(double degrees) { return degrees * (M_PI / 180); }
 
-std::optional<Geom::Affine> elementaryTransform(std::string_view name, const std::vector<double>& v) {
+std::optional<Affine> elementaryTransform(std::string_view name, const std::vector<double>& v) {
     const std::size_t count = v.size();
-    if (name == "matrix" && count == 6) return Geom::Affine(v[0], v[1], v[2], v[3], v[4], v[5]);
-    if (name == "translate" && (count == 1 || count == 2)) return Geom::Affine(1, 0, 0, 1, v[0], count == 2 ? v[1] : 0);
-    if (name == "scale" && (count == 1 || count == 2)) return Geom::Affine(v[0], 0, 0, v[count - 1], 0, 0);
-    if (name == "skewX" && count == 1) return Geom::Affine(1, 0, std::tan(radians(v[0])), 1, 0, 0);
-    if (name == "skewY" && count == 1) return Geom::Affine(1, std::tan(radians(v[0])), 0, 1, 0, 0);
+    if (name == "matrix" && count == 6) return Affine{v[0], v[1], v[2], v[3], v[4], v[5]};
+    if (name == "translate" && (count == 1 || count == 2)) return Affine{1, 0, 0, 1, v[0], count == 2 ? v[1] : 0};
+    if (name == "scale" && (count == 1 || count == 2)) return Affine{v[0], 0, 0, v[count - 1], 0, 0};
+    if (name == "skewX" && count == 1) return Affine{1, 0, std::tan(radians(v[0])), 1, 0, 0};
+    if (name == "skewY" && count == 1) return Affine{1, std::tan(radians(v[0])), 0, 1, 0, 0};
     if (name == "rotate" && (count == 1 || count == 3)) {
         const double sine = std::sin(radians(v[0]));
         const double cosine = std::cos(radians(v[0]));
         const double x = count == 3 ? v[1] : 0;
         const double y = count == 3 ? v[2] : 0;
-        return Geom::Affine(cosine, sine, -sine, cosine, x - cosine * x + sine * y, y - sine * x - cosine * y);
+        return Affine{cosine, sine, -sine, cosine, x - cosine * x + sine * y, y - sine * x - cosine * y};
     }
     return std::nullopt;
 }
@@ -275,8 +277,8 @@ std::vector<double> numbers(std::string_view text) {
     return values;
 }
 
-std::optional<Geom::Affine> transform(std::string_view text) {
-    Geom::Affine whole;
+std::optional<Affine> transform(std::string_view text) {
+    Affine whole;
     Scanner scanner(text);
     for (scanner.skipSpace(); !scanner.atEnd(); scanner.skipSeparator()) {
         const std::string_view name = scanner.word();
@@ -288,7 +290,7 @@ std::optional<Geom::Affine> transform(std::string_view text) {
             if (!value) return std::nullopt;
             values.push_back(*value);
         }
-        const std::optional<Geom::Affine> part = elementaryTransform(name, values);
+        const std::optional<Affine> part = elementaryTransform(name, values);
         if (!part) return std::nullopt;
         whole = *part * whole; // the last one named meets a point first
     }

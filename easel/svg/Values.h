@@ -2,8 +2,6 @@
 // grammar counts as absent, as it does for renderers; a number too large to be one is an error.
 #pragma once
 
-#include <2geom/affine.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <optional>
@@ -60,7 +58,7 @@ class Scanner {
 /// Numbers up to the first thing that is none.
 [[nodiscard]] std::vector<double> numbers(std::string_view text);
 /// None when any part of it is malformed.
-[[nodiscard]] std::optional<Geom::Affine> transform(std::string_view text);
+[[nodiscard]] std::optional<model::Affine> transform(std::string_view text);
 [[nodiscard]] std::optional<model::Color> color(std::string_view text);
 [[nodiscard]] std::optional<model::Color> colorByName(std::string_view name);
 /// The id in "url(#id)"; empty for anything else.

@@ -103,11 +103,10 @@ bool isAccurate(const svg::Source* source, const Node& node) {
     if (!source) return true;
     for (const Node* at = &node; at; at = at->parent()) {
         if (at->origin() == 0) continue;
-        const Geom::Affine& transform = source->transforms[source->elements[at->origin() - 1].toPage];
-        const double size =
-            std::fabs(transform[0]) + std::fabs(transform[1]) + std::fabs(transform[2]) + std::fabs(transform[3]);
-        const double shift = std::fabs(transform[4]) + std::fabs(transform[5]);
-        if (size * size > 1e4 * std::fabs(transform.det()) || size > 1e4 || shift > 1e6) return false;
+        const auto& [a, b, c, d, e, f] = source->transforms[source->elements[at->origin() - 1].toPage];
+        const double size = std::fabs(a) + std::fabs(b) + std::fabs(c) + std::fabs(d);
+        const double shift = std::fabs(e) + std::fabs(f);
+        if (size * size > 1e4 * std::fabs(a * d - b * c) || size > 1e4 || shift > 1e6) return false;
     }
     return true;
 }
