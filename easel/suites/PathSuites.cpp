@@ -1,8 +1,8 @@
 // The path and path style suites on the paths of a document.
+#include <algorithm>
+#include <boost/math/quadrature/gauss_kronrod.hpp>
 #include <cmath>
 #include <vector>
-
-#include <2geom/bezier-curve.h>
 
 #include "hostapi/AIPathStyleSuite.h"
 #include "hostapi/AIPathSuite.h"
@@ -123,15 +123,27 @@ void setSelected(PathArt path, std::int16_t index, std::int16_t selected) {
 
 // Measures
 
+/// Within `tolerance`, in points.
+double lengthOf(const model::Cubic& c, double tolerance) {
+    const auto far = [](model::Point a, model::Point b) { return std::hypot(b.x - a.x, b.y - a.y); };
+    if (model::isStraight(c)) return far(c[0], c[3]);
+    const double most = far(c[0], c[1]) + far(c[1], c[2]) + far(c[2], c[3]);
+    const auto speed = [&c](double t) {
+        const auto along = [t](double a, double b, double d, double e) {
+            return 3 * ((1 - t) * (1 - t) * (b - a) + 2 * (1 - t) * t * (d - b) + t * t * (e - d));
+        };
+        return std::hypot(along(c[0].x, c[1].x, c[2].x, c[3].x), along(c[0].y, c[1].y, c[2].y, c[3].y));
+    };
+    constexpr unsigned kHalvings = 15;
+    constexpr double kBest = 1e-13; // of what doubles can tell
+    return boost::math::quadrature::gauss_kronrod<double, 15>::integrate(speed, 0.0, 1.0, kHalvings,
+                                                                         std::max(tolerance / most, kBest));
+}
+
 void getLength(PathArt path, AIReal& length, AIReal flatness) {
     require(flatness > 0);
     AIReal sum = 0;
-    for (std::size_t i = 0; i < path.data().segmentCount(); ++i) {
-        const model::Cubic c = path.data().segment(i);
-        const auto at = [](model::Point point) { return Geom::Point(point.x, point.y); };
-        sum += model::isStraight(c) ? Geom::distance(at(c[0]), at(c[3]))
-                                    : Geom::CubicBezier(at(c[0]), at(c[1]), at(c[2]), at(c[3])).length(flatness);
-    }
+    for (std::size_t i = 0; i < path.data().segmentCount(); ++i) sum += lengthOf(path.data().segment(i), flatness);
     length = sum;
 }
 

@@ -1,9 +1,5 @@
-// A segment is handed to the collector when all its numbers have been read. Whatever is not a cubic is made one; only
-// arcs are cut by lib2geom.
+// A segment is handed to the collector when all its numbers have been read. Whatever is not a cubic is made one.
 #include "svg/PathScanner.h"
-
-#include <2geom/elliptical-arc.h>
-#include <2geom/exception.h>
 
 #include <algorithm>
 #include <array>
@@ -18,6 +14,7 @@ namespace easel::svg {
 
 namespace {
 
+using model::Affine;
 using model::PathData;
 using model::PathPoint;
 using model::Point;
@@ -100,11 +97,41 @@ int parameterCount(char command) {
 }
 
 Point operator+(Point a, Point b) { return {a.x + b.x, a.y + b.y}; }
-Geom::Point asPeer(Point point) { return {point.x, point.y}; }
-Point fromPeer(const Geom::Point& point) { return {point.x(), point.y()}; }
 Point mirrored(Point point, Point around) { return {2 * around.x - point.x, 2 * around.y - point.y}; }
 Point twoThirds(Point from, Point to) {
     return {from.x + (to.x - from.x) * (2.0 / 3), from.y + (to.y - from.y) * (2.0 / 3)};
+}
+
+/// A part of an ellipse: from an angle on, by an angle, in radians, on the unit circle.
+struct Arc {
+    Affine fromUnitCircle;
+    double begin;
+    double sweep;
+};
+
+/// By the way from end points to the centre in SVG 1.1, F.6.5, in units in which the ellipse is the unit circle. Radii
+/// that are too small grow until they reach. What is out of range gives what is no number.
+Arc arcBetween(Point from, Point to, Point radii, double degrees, bool isLarge, bool isClockwise) {
+    const double cosine = std::cos(degrees * (M_PI / 180));
+    const double sine = std::sin(degrees * (M_PI / 180));
+    const Affine turned{radii.x * cosine, radii.x * sine, -radii.y * sine, radii.y * cosine};
+    const Point chord = inverse(turned)({from.x - to.x, from.y - to.y});
+    const double half = std::hypot(chord.x, chord.y) / 2;
+    const double growth = std::max(half, 1.0);
+    const Point toFrom{chord.x / 2 / growth, chord.y / 2 / growth}; // from the middle of the chord
+    const double away = half < 1 ? std::sqrt((1 - half) * (1 + half)) / half : 0;
+    const double side = isLarge == isClockwise ? -away : away;
+    const Point center{side * toFrom.y, -side * toFrom.x};
+    const Point first{toFrom.x - center.x, toFrom.y - center.y};
+    const Point last{-toFrom.x - center.x, -toFrom.y - center.y};
+    double sweep = std::atan2(first.x * last.y - first.y * last.x, first.x * last.x + first.y * last.y);
+    if (isClockwise && sweep < 0) sweep += 2 * M_PI;
+    if (!isClockwise && sweep > 0) sweep -= 2 * M_PI;
+    Affine fromUnitCircle{turned.a * growth, turned.b * growth, turned.c * growth, turned.d * growth};
+    const Point middle = fromUnitCircle(center);
+    fromUnitCircle.e = from.x / 2 + to.x / 2 + middle.x;
+    fromUnitCircle.f = from.y / 2 + to.y / 2 + middle.y;
+    return {fromUnitCircle, std::atan2(first.y, first.x), sweep};
 }
 
 class PathScan {
@@ -115,9 +142,7 @@ class PathScan {
         Outline outline;
         try {
             outline.damaged = !scan();
-        } catch (const std::range_error&) { // a number beyond all numbers
-            outline.damaged = true;
-        } catch (const Geom::Exception&) { // an arc that has no shape
+        } catch (const std::range_error&) { // a number beyond all numbers, an arc that has no shape
             outline.damaged = true;
         }
         outline.subpaths = collector_.take();
@@ -212,25 +237,23 @@ class PathScan {
         if (from == to) return;
         const auto& [rx, ry, degrees, large, sweep, x, y] = numbers_;
         if (rx == 0 || ry == 0) return collector_.lineTo(to);
-        const Geom::EllipticalArc arc(asPeer(from), std::fabs(rx), std::fabs(ry), degrees * (M_PI / 180), large != 0,
-                                      sweep != 0, asPeer(to));
-        const Geom::Affine toArc = arc.unitCircleTransform();
-        const double quarters = std::fabs(arc.sweepAngle()) / (M_PI / 2);
+        const Arc arc = arcBetween(from, to, {std::fabs(rx), std::fabs(ry)}, degrees, large != 0, sweep != 0);
+        const double quarters = std::fabs(arc.sweep) / (M_PI / 2);
         const int pieces = std::clamp(static_cast<int>(std::ceil(quarters - kSlightlyMore)), 1, 4);
-        const double step = arc.sweepAngle() / pieces;
+        const double step = arc.sweep / pieces;
         const double reach = handleReach(step);
         std::array<Point, 12> curves; // no more than a whole turn in quarters
         for (int i = 0; i < pieces; ++i) {
-            const double before = arc.initialAngle() + i * step;
-            const Geom::Point first(std::cos(before), std::sin(before));
-            const Geom::Point second(std::cos(before + step), std::sin(before + step));
-            const Geom::Point out = (first + first.ccw() * -reach) * toArc;
-            const Geom::Point in = (second + second.ccw() * reach) * toArc;
-            if (!out.isFinite() || !in.isFinite()) throw std::range_error("an arc is out of range");
+            const double before = arc.begin + i * step;
+            const Point first{std::cos(before), std::sin(before)};
+            const Point second{std::cos(before + step), std::sin(before + step)};
+            const Point out = arc.fromUnitCircle({first.x - reach * first.y, first.y + reach * first.x});
+            const Point in = arc.fromUnitCircle({second.x + reach * second.y, second.y - reach * second.x});
+            if (!std::isfinite(out.x + out.y + in.x + in.y)) throw std::range_error("an arc is out of range");
             Point* const curve = &curves[static_cast<std::size_t>(i) * 3];
-            curve[0] = fromPeer(out);
-            curve[1] = fromPeer(in);
-            curve[2] = i + 1 == pieces ? to : fromPeer(second * toArc);
+            curve[0] = out;
+            curve[1] = in;
+            curve[2] = i + 1 == pieces ? to : arc.fromUnitCircle(second);
         }
         for (int i = 0; i < pieces; ++i) {
             const Point* const curve = &curves[static_cast<std::size_t>(i) * 3];
