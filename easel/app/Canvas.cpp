@@ -135,7 +135,7 @@ bool Canvas::refresh() {
     showCursor();
     scene_.takeLive(kSliceMilliseconds);
     if (!scene_.isComplete()) refineTimer_.start(0, this);
-    if (change.real && !dragging()) truthTimer_.start(restMilliseconds, this);
+    if (change.real) truthTimer_.start(restMilliseconds, this);
     update();
     return change.real;
 }
@@ -264,6 +264,7 @@ bool Canvas::wantsTruth() {
 
 void Canvas::askForTruth() {
     truthIsDue_ = false;
+    if (dragging() && scene_.sharpenLive()) update();
     if (!document() || truthFails_ || dragging() || scene_.port().size.isEmpty()) return;
     if (!wantsTruth()) {
         ++lastOrder_; // what was asked for before is out of date

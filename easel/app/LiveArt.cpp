@@ -91,8 +91,8 @@ void LiveArt::wantTiles() {
             if (!tiles_.contains(place)) wanted_.push_back(place);
         });
     };
-    if (live_.size() > kMostRectangles) return want(rectangle());
-    for (const Node* const art : live_) want(rectangleOf(*art));
+    if (live_.size() > kMostRectangles) return want(rectangleOf(live_));
+    for (Node* const art : live_) want(rectangleOf({art}));
     std::sort(wanted_.begin(), wanted_.end());
     wanted_.erase(std::unique(wanted_.begin(), wanted_.end()), wanted_.end());
 }
@@ -141,38 +141,61 @@ template <class Act> void LiveArt::forTilesIn(const QRect& pixels, Act act) cons
         for (int column = pixels.left() / kTile; column <= pixels.right() / kTile; ++column) act(Place(column, row));
 }
 
-QRect LiveArt::rectangleOf(const Node& art) const {
+QRect LiveArt::rectangleOf(const std::vector<Node*>& art) const {
     QRect around;
-    for (const Node* at = &art; at; at = model::nextWithin(art, *at))
-        around |= port_.rectangle(paintedBox(at->content()));
-    return around;
+    for (const Node* const top : art)
+        for (const Node* at = top; at; at = model::nextWithin(*top, *at))
+            around |= port_.rectangle(paintedBox(at->content()));
+    return around & QRect(QPoint(0, 0), port_.size);
 }
 
-QRect LiveArt::rectangle() const {
+void LiveArt::paint(QPainter& painter, const QRect& pixels) {
+    const bool isMuch = live_.size() > kMuch;
     QRect around;
-    for (const Node* const art : watch_.live()) around |= rectangleOf(*art);
-    return around & QRect(QPoint(0, 0), port_.size);
+    for (Run& run : runs_) {
+        if (isMuch) run.moved.take(run.art, port_);
+        around |= isMuch ? run.moved.rectangle() : rectangleOf(run.art);
+    }
+    around &= pixels;
+    if (around.isEmpty()) return;
+    if (!isMuch || runs_.size() > 1 || runs_.front().ceiling)
+        painter.drawImage(around.topLeft(), picture(around));
+    else
+        runs_.front().moved.paint(painter, {});
+}
+
+bool LiveArt::sharpen() {
+    bool isAny = false;
+    for (Run& run : runs_) isAny |= run.moved.sharpen();
+    return isAny;
 }
 
 QImage LiveArt::picture(const QRect& part) const {
     QImage over(part.size(), QImage::Format_ARGB32_Premultiplied);
-    const QRect all(QPoint(0, 0), part.size());
-    const Cairo cairo = painterOn(over, all, port_.part(part));
+    const Cairo cairo = painterOn(over, over.rect(), port_.part(part));
     for (std::size_t i = 0; i < runs_.size(); ++i) {
-        for (const Node* const art : runs_[i].art) app::paint(cairo.get(), *art, 1 / port_.pixels);
-        if (!runs_[i].ceiling) continue;
+        const bool isMuch = live_.size() > kMuch;
+        if (!isMuch)
+            for (const Node* const art : runs_[i].art) app::paint(cairo.get(), *art, 1 / port_.pixels);
+        if (!isMuch && !runs_[i].ceiling) continue;
         cairo_surface_flush(cairo_get_target(cairo.get()));
         QPainter painter(&over);
+        if (isMuch) runs_[i].moved.paint(painter, part.topLeft());
         painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-        forTilesIn(part, [&](Place place) {
-            const auto tile = tiles_.find(place);
-            if (tile == tiles_.end() || tile->second.empty() || tile->second[i].isNull()) return;
-            painter.drawImage(pixelsOf(place).topLeft() - part.topLeft(), tile->second[i]);
-        });
+        if (runs_[i].ceiling) paintTiles(painter, i, part);
         painter.end();
         cairo_surface_mark_dirty(cairo_get_target(cairo.get()));
     }
     return over;
+}
+
+/// What lies above a run, within a part.
+void LiveArt::paintTiles(QPainter& painter, std::size_t run, const QRect& part) const {
+    forTilesIn(part, [&](Place place) {
+        const auto tile = tiles_.find(place);
+        if (tile == tiles_.end() || tile->second.empty() || tile->second[run].isNull()) return;
+        painter.drawImage(pixelsOf(place).topLeft() - part.topLeft(), tile->second[run]);
+    });
 }
 
 } // namespace easel::app

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
 #include <QRegion>
 
 #include <cstdint>
@@ -10,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/MovedArt.h"
 #include "app/Port.h"
 #include "app/Watch.h"
 
@@ -31,19 +33,21 @@ class LiveArt {
     QRegion refine(int milliseconds);
     [[nodiscard]] bool isComplete() const { return wanted_.empty(); }
 
-    /// Whole pixels around all live art; nothing when none is.
-    [[nodiscard]] QRect rectangle() const;
-    /// A picture of this part of the port, which lies over what the port shows without live art.
-    [[nodiscard]] QImage picture(const QRect& part) const;
+    /// Paints it over what the port shows without live art, within this part of it.
+    void paint(QPainter& painter, const QRect& pixels);
+    /// Whether art that has been moved did not show exactly where it lies. It does when it is painted next.
+    bool sharpen();
 
   private:
     static constexpr int kTile = 64;            // pixels
     static constexpr std::size_t kMostRuns = 8; // beyond, all live art lies where the topmost does
+    static constexpr std::size_t kMuch = 1000;  // objects; more are not painted anew as long as they only move
 
     /// Live art with nothing else between.
     struct Run {
         const model::Node* ceiling; ///< what comes right above, not live; null for nothing
         std::vector<model::Node*> art;
+        MovedArt moved{}; ///< where there is much
     };
     using Place = std::pair<int, int>; // column and row of a tile
     /// What lies between each run and the next, or above all; null images for nothing.
@@ -54,7 +58,10 @@ class LiveArt {
     void makeTile(Place place);
     [[nodiscard]] QRect pixelsOf(Place place) const;
     template <class Act> void forTilesIn(const QRect& pixels, Act act) const;
-    [[nodiscard]] QRect rectangleOf(const model::Node& art) const;
+    /// Whole pixels of the port around it.
+    [[nodiscard]] QRect rectangleOf(const std::vector<model::Node*>& art) const;
+    [[nodiscard]] QImage picture(const QRect& part) const;
+    void paintTiles(QPainter& painter, std::size_t run, const QRect& part) const;
 
     const Watch& watch_;
     model::Document* document_ = nullptr;

@@ -41,12 +41,6 @@ double opacityOf(const Node& node) {
     return opacity;
 }
 
-bool isClipped(const Node& node) {
-    for (const Node* at = &node; at; at = at->parent())
-        if (at->clip()) return true;
-    return false;
-}
-
 void setSource(cairo_t* cairo, const model::Color& color) {
     cairo_set_source_rgb(cairo, color.red, color.green, color.blue);
 }
@@ -92,6 +86,12 @@ void addOutline(cairo_t* cairo, const model::PathData& path) {
             cairo_curve_to(cairo, c[1].x, c[1].y, c[2].x, c[2].y, c[3].x, c[3].y);
     }
     if (path.closed) cairo_close_path(cairo);
+}
+
+bool isClipped(const Node& node) {
+    for (const Node* at = &node; at; at = at->parent())
+        if (at->clip()) return true;
+    return false;
 }
 
 void paint(cairo_t* cairo, const Node& node, double pixel) {

@@ -11,6 +11,9 @@ namespace easel::app {
 /// of `cairo` are the document's points; `pixel` is the size of a pixel in them.
 void paint(cairo_t* cairo, const model::Node& node, double pixel);
 
+/// Whether a mask lies on it, or on what it stands in.
+[[nodiscard]] bool isClipped(const model::Node& node);
+
 /// Adds the path's outline.
 void addOutline(cairo_t* cairo, const model::PathData& path);
 

@@ -105,11 +105,6 @@ void Scene::paintTile(const QRect& tile) {
         if (!watch_.isLifted(*node)) app::paint(cairo.get(), *node, 1 / port_.pixels);
 }
 
-void Scene::paintLive(QPainter& painter, const QRect& pixels) const {
-    const QRect around = live_.rectangle() & pixels;
-    if (!around.isEmpty()) painter.drawImage(around.topLeft(), live_.picture(around));
-}
-
 QRegion Scene::takeLive(int milliseconds) {
     live_.update();
     return live_.refine(milliseconds);

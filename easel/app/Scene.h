@@ -38,7 +38,8 @@ class Scene {
     /// Takes what the running gesture changes now, and sees for about this long to what lies above it. Returns where.
     QRegion takeLive(int milliseconds);
     /// What the running gesture changes, over the picture and in paint order.
-    void paintLive(QPainter& painter, const QRect& pixels) const;
+    void paintLive(QPainter& painter, const QRect& pixels) { live_.paint(painter, pixels); }
+    [[nodiscard]] bool sharpenLive() { return live_.sharpen(); } ///< as LiveArt does
 
     /// The true looks of art that cairo does not draw, made elsewhere; of this view when it was asked for.
     void setTruth(QImage image, const Port& port);
