@@ -356,7 +356,7 @@ TEST_F(WindowTest, KeepsPaintOrderDuringAGesture) {
         int off = 0;
         for (int y = 0; y < after.height(); ++y)
             for (int x = 0; x < after.width(); ++x) off += during.pixel(x, y) != after.pixel(x, y);
-        EXPECT_LT(off, 20) << lowest << others; // where edges of several touch
+        EXPECT_LT(off, 20) << lowest << others;                               // where edges of several touch
         EXPECT_EQ(colorAt(during, {135, 35}), "#ff0000") << lowest << others; // the low one, which is there
         if (all) continue;
         EXPECT_EQ(colorAt(during, {160, 80}), "#00ff00") << lowest << others; // above it
