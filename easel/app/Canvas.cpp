@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -31,6 +32,7 @@ constexpr int kSliceMilliseconds = 8; // of painting between events
 constexpr std::size_t kMostTrueObjects = 50'000;
 constexpr double kMargin = 24; // around the page that is fitted, in widget pixels
 constexpr std::size_t kMostDigits = 12;
+constexpr double kMostLength = 1e6; // points, typed
 
 /// Plug-ins number the host's cursors. Pens look alike here.
 constexpr std::int32_t kMoveCursor = 140;
@@ -64,9 +66,24 @@ bool hasLooks(const model::Node& node) {
     return content.extras || isServed || node.type() == model::NodeType::Opaque;
 }
 
-bool isDigit(const QKeyEvent& event) {
+/// What a key adds to a length, whichever modifiers are down: a digit, a point, or 0 for nothing. With Ctrl only the
+/// key tells, with Shift only its place on the keyboard.
+char digitOf(const QKeyEvent& event) {
     const QString text = event.text();
-    return text.size() == 1 && (text[0].isDigit() || text[0] == QLatin1Char('.') || text[0] == QLatin1Char(','));
+    for (const int sign : {text.size() == 1 ? static_cast<int>(text[0].unicode()) : 0, event.key()}) {
+        if (sign >= '0' && sign <= '9') return static_cast<char>(sign);
+        if (sign == '.' || sign == ',' || sign == '<' || sign == '>' || sign == ';' || sign == ':') return '.';
+    }
+    struct Keys {
+        std::uint32_t first; // as X11 and Wayland number the keys
+        std::string_view signs;
+    };
+    for (const Keys& keys : {Keys{10, "1234567890"}, {79, "789 456 1230."}}) {
+        const std::size_t place = event.nativeScanCode() - keys.first;
+        if (event.nativeScanCode() >= keys.first && place < keys.signs.size() && keys.signs[place] != ' ')
+            return keys.signs[place];
+    }
+    return 0;
 }
 
 } // namespace
@@ -433,11 +450,11 @@ void Canvas::dragAgain(Modifiers modifiers) { actions_.drag(toDocument(lastPlace
 bool Canvas::typeLength(const QKeyEvent& event) {
     if (event.key() == Qt::Key_Backspace && !typedLength_.empty()) {
         typedLength_.pop_back();
-    } else if (isDigit(event) && typedLength_.size() < kMostDigits) {
-        const char c = event.text().toLatin1().front();
-        const bool isPoint = c == ',' || c == '.';
-        if (isPoint && typedLength_.find('.') != std::string::npos) return true;
-        typedLength_ += isPoint ? '.' : c;
+    } else if (const char digit = digitOf(event); digit && typedLength_.size() < kMostDigits) {
+        const std::string longer = typedLength_ + digit;
+        const bool isSecondPoint = digit == '.' && typedLength_.find('.') != std::string::npos;
+        if (isSecondPoint || QString::fromStdString(longer).toDouble() > kMostLength) return true;
+        typedLength_ = longer;
     } else {
         return false;
     }

@@ -5,6 +5,7 @@
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QIconEngine>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -21,22 +22,43 @@ namespace easel::app {
 
 namespace {
 
-/// A bar in the layer's colour.
-QIcon bar(const QColor& color) {
-    QPixmap picture(6, 36);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.fillRect(0, 0, 6, 36, color);
-    QIcon icon(picture);
-    icon.addPixmap(picture, QIcon::Selected); // the layer's own colour in a chosen row too
-    return icon;
-}
+/// A bar in the layer's colour, in a chosen row too.
+class Bar final : public QIconEngine {
+  public:
+    explicit Bar(const QColor& color) : color_(color) {}
 
-/// Rows are carried to another place by mouse, or by Alt and an arrow key.
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(color_);
+        const double wide = rect.width() / 3.0;
+        painter->drawRoundedRect(QRectF(rect.left() + wide, rect.top(), wide, rect.height()), wide / 3, wide / 3);
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new Bar(color_); }
+
+  private:
+    QColor color_;
+};
+
+/// Rows are carried to another place by mouse, or by Alt and an arrow key. The row that other keys go to is chosen.
 class LayerList final : public QTreeWidget {
   public:
-    LayerList(QWidget* parent, std::function<void(int from, int to)> move)
-        : QTreeWidget(parent), move_(std::move(move)) {
+    LayerList(QWidget* parent, std::function<void(int from, int to)> move, std::function<void(int row)> choose,
+              std::function<void()> settle, std::function<void(QKeyEvent& event)> pass)
+        : QTreeWidget(parent),
+          move_(std::move(move)),
+          choose_(std::move(choose)),
+          settle_(std::move(settle)),
+          pass_(std::move(pass)) {
         setDragDropMode(QAbstractItemView::InternalMove);
         invisibleRootItem()->setFlags(Qt::ItemIsDropEnabled);
     }
@@ -54,9 +76,24 @@ class LayerList final : public QTreeWidget {
     }
     void keyPressEvent(QKeyEvent* event) override {
         const int way = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
-        if (way == 0 || !(event->modifiers() & Qt::AltModifier)) return QTreeWidget::keyPressEvent(event);
         const int from = row(currentItem());
-        if (from >= 0) move_(from, from + way);
+        if (way != 0 && (event->modifiers() & Qt::AltModifier)) {
+            if (from >= 0) move_(from, from + way);
+            return;
+        }
+        if (event->key() == Qt::Key_Space) return pass_(*event);
+        QTreeWidget::keyPressEvent(event);
+        if (const int now = row(currentItem()); now >= 0 && now != from) choose_(now);
+    }
+    /// The menu is about a row, which is chosen by that.
+    void mousePressEvent(QMouseEvent* event) override {
+        QTreeWidget::mousePressEvent(event);
+        if (const int now = row(currentItem()); event->button() == Qt::RightButton && now >= 0) choose_(now);
+    }
+    /// A press on the pictures of a row chooses nothing.
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QTreeWidget::mouseReleaseEvent(event);
+        if (event->button() == Qt::LeftButton) settle_();
     }
 
   private:
@@ -65,12 +102,36 @@ class LayerList final : public QTreeWidget {
     }
 
     std::function<void(int from, int to)> move_;
+    std::function<void(int row)> choose_;
+    std::function<void()> settle_; ///< called when the mouse is through with a row
+    std::function<void(QKeyEvent& event)> pass_;
 };
 
 } // namespace
 
 LayersPanel::LayersPanel(Actions& actions)
-    : actions_(actions), list_(*new LayerList(this, guarded([this](int from, int to) { move(from, to); }))) {
+    : actions_(actions),
+      list_(*new LayerList(this, guarded([this](int from, int to) { move(from, to); }),
+                           guarded([this](int row) { choose(row); }), guarded([this] { markCurrent(); }),
+                           guarded([this](QKeyEvent& event) {
+                               if (passedOn) passedOn(event);
+                           }))) {
+    setUpList();
+    addActions();
+    auto* const buttons = new QHBoxLayout;
+    addButtons(*buttons);
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(2);
+    auto* const title = new QLabel("Layers", this);
+    title->setFont(boldFont());
+    title->setContentsMargins(10, 8, 10, 4);
+    column->addWidget(title);
+    column->addWidget(&list_, 1);
+    column->addLayout(buttons);
+}
+
+void LayersPanel::setUpList() {
     list_.setObjectName("layers");
     list_.setAccessibleName("Layers");
     list_.setFrameShape(QFrame::NoFrame);
@@ -89,36 +150,6 @@ LayersPanel::LayersPanel(Actions& actions)
     }
     header->setSectionResizeMode(Title, QHeaderView::Stretch);
     header->setSectionResizeMode(Count, QHeaderView::ResizeToContents);
-
-    auto* const buttons = new QHBoxLayout;
-    const auto addButton = [&](Symbol symbol, const char* name, const char* tip, auto what) {
-        auto* const button = new QToolButton(this);
-        button->setIcon(icon(symbol));
-        button->setIconSize(kButtonIcon);
-        button->setToolTip(tip);
-        button->setAccessibleName(tip);
-        button->setObjectName(name);
-        buttons->addWidget(button);
-        connect(button, &QToolButton::clicked, this, guarded(what));
-    };
-    addButton(Symbol::Plus, "addLayer", "Add a layer above all", [this] { addLayer(); });
-    addButton(Symbol::Up, "layerUp", "Move the current layer up (Alt+Up in the list)", [this] { moveCurrent(-1); });
-    addButton(Symbol::Down, "layerDown", "Move the current layer down (Alt+Down in the list)",
-              [this] { moveCurrent(1); });
-    buttons->addStretch();
-    addButton(Symbol::Trash, "removeLayer", "Remove the current layer with all that it holds",
-              [this] { actions_.removeLayer(currentIndex()); });
-    addActions();
-    auto* const column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(2);
-    auto* const title = new QLabel("Layers", this);
-    title->setFont(boldFont());
-    title->setContentsMargins(10, 8, 10, 4);
-    column->addWidget(title);
-    column->addWidget(&list_, 1);
-    column->addLayout(buttons);
-
     connect(&list_, &QTreeWidget::itemClicked, this,
             guarded([this](const QTreeWidgetItem* row, int at) { clicked(*row, at); }));
     connect(&list_, &QTreeWidget::itemDoubleClicked, this, guarded([this](QTreeWidgetItem* row, int at) {
@@ -127,6 +158,26 @@ LayersPanel::LayersPanel(Actions& actions)
     connect(&list_, &QTreeWidget::itemChanged, this, guarded([this](const QTreeWidgetItem* row, int at) {
         if (!filling_ && at == Title) edited(*row);
     }));
+}
+
+void LayersPanel::addButtons(QHBoxLayout& buttons) {
+    const auto addButton = [&](Symbol symbol, const char* name, const char* tip, auto what) {
+        auto* const button = new QToolButton(this);
+        button->setIcon(icon(symbol));
+        button->setIconSize(kButtonIcon);
+        button->setToolTip(tip);
+        button->setAccessibleName(tip);
+        button->setObjectName(name);
+        buttons.addWidget(button);
+        connect(button, &QToolButton::clicked, this, guarded(what));
+    };
+    addButton(Symbol::Plus, "addLayer", "Add a layer above all", [this] { addLayer(); });
+    addButton(Symbol::Up, "layerUp", "Move the current layer up (Alt+Up in the list)", [this] { moveCurrent(-1); });
+    addButton(Symbol::Down, "layerDown", "Move the current layer down (Alt+Down in the list)",
+              [this] { moveCurrent(1); });
+    buttons.addStretch();
+    addButton(Symbol::Trash, "removeLayer", "Remove the current layer with all that it holds",
+              [this] { actions_.removeLayer(currentIndex()); });
 }
 
 /// What the pictures in the rows do, for whoever does not see them or uses no mouse.
@@ -145,14 +196,20 @@ void LayersPanel::addActions() {
     add("Remove the Layer", [this](const QTreeWidgetItem& row) { actions_.removeLayer(indexOf(row)); });
 }
 
-void LayersPanel::fill(QTreeWidgetItem& row, std::size_t index, const model::Node& layer) const {
+/// Each layer keeps its colour wherever it goes.
+QColor LayersPanel::colorOf(const model::Node& layer) {
+    const model::NodeId id = layer.id();
+    return layerColor(colors_.emplace(std::pair(id.slot, id.generation), colors_.size()).first->second);
+}
+
+void LayersPanel::fill(QTreeWidgetItem& row, const model::Node& layer) {
     row.setIcon(Shown, icon(layer.hidden() ? Symbol::NoEye : Symbol::Eye));
     row.setToolTip(Shown, layer.hidden() ? "Show the layer" : "Hide the layer");
     row.setData(Shown, Qt::AccessibleTextRole, layer.hidden() ? "Hidden" : "Shown");
     row.setData(Locked, Qt::AccessibleTextRole, layer.locked() ? "Locked" : "Unlocked");
     row.setIcon(Locked, icon(layer.locked() ? Symbol::Lock : Symbol::NoLock));
     row.setToolTip(Locked, layer.locked() ? "Unlock the layer" : "Lock the layer");
-    row.setIcon(Title, bar(layerColor(index)));
+    row.setIcon(Title, QIcon(new Bar(colorOf(layer))));
     row.setText(Title, QString::fromStdString(layer.name()));
     row.setText(Count, QString::number(layer.childCount()) + "  ");
     row.setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
@@ -168,15 +225,19 @@ void LayersPanel::refresh() {
     const bool filledBefore = std::exchange(filling_, true);
     const model::Document* const document = actions_.document();
     const int count = document ? static_cast<int>(document->layerCount()) : 0;
+    if (std::exchange(shown_, actions_.documentNumber()) != actions_.documentNumber()) colors_.clear();
     while (list_.topLevelItemCount() > count) delete list_.takeTopLevelItem(count);
     while (list_.topLevelItemCount() < count) list_.addTopLevelItem(new QTreeWidgetItem);
-    for (int i = 0; i < count; ++i) {
-        const auto index = static_cast<std::size_t>(i);
-        const model::Node& layer = *actions_.document()->layerAt(index);
-        fill(*list_.topLevelItem(i), index, layer);
-        if (&layer == &actions_.document()->currentLayer()) list_.setCurrentItem(list_.topLevelItem(i));
-    }
+    for (int i = 0; i < count; ++i)
+        fill(*list_.topLevelItem(i), *actions_.document()->layerAt(static_cast<std::size_t>(i)));
+    markCurrent();
     filling_ = filledBefore;
+}
+
+void LayersPanel::markCurrent() {
+    if (!actions_.document()) return;
+    QTreeWidgetItem* const row = list_.topLevelItem(static_cast<int>(currentIndex()));
+    if (list_.currentItem() != row) list_.setCurrentItem(row);
 }
 
 /// The row's place, which is its layer's.
@@ -213,20 +274,33 @@ std::size_t LayersPanel::currentIndex() const {
     return index;
 }
 
+void LayersPanel::choose(int row) {
+    if (actions_.document() && row != static_cast<int>(currentIndex()))
+        actions_.setCurrentLayer(static_cast<std::size_t>(row));
+}
+
 void LayersPanel::moveCurrent(int by) {
     const int from = static_cast<int>(currentIndex());
     move(from, from + by);
 }
 
+/// What is carried becomes the current layer.
 void LayersPanel::move(int from, int to) {
     if (!actions_.document() || to < 0 || to >= static_cast<int>(actions_.document()->layerCount())) return;
+    choose(from);
     actions_.moveLayer(static_cast<std::size_t>(from), static_cast<std::size_t>(to));
-    list_.setCurrentItem(list_.topLevelItem(to)); // which may be another than the current layer
 }
 
 void LayersPanel::addLayer() {
     if (!actions_.document()) return;
-    actions_.addLayer("Layer " + std::to_string(actions_.document()->layerCount() + 1));
+    const auto isTaken = [this](const std::string& title) {
+        for (std::size_t i = 0; const model::Node* const layer = actions_.document()->layerAt(i); ++i)
+            if (layer->name() == title) return true;
+        return false;
+    };
+    std::size_t number = actions_.document()->layerCount() + 1;
+    while (isTaken("Layer " + std::to_string(number))) ++number;
+    actions_.addLayer("Layer " + std::to_string(number));
 }
 
 } // namespace easel::app

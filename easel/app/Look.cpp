@@ -35,6 +35,7 @@ Colors lightColors() {
             .accent = QColor(0x17, 0x6A, 0xD1),
             .accentText = Qt::white,
             .chosen = QColor(0xDA, 0xE8, 0xF8),
+            .wrong = QColor(0xC0, 0x39, 0x2B),
             .grid = QColor(0x17, 0x6A, 0xD1, 40)};
 }
 
@@ -50,6 +51,7 @@ Colors darkColors() {
             .accent = QColor(0x4A, 0x97, 0xF0),
             .accentText = QColor(0x0E, 0x16, 0x20),
             .chosen = QColor(0x2F, 0x45, 0x60),
+            .wrong = QColor(0xFF, 0x8A, 0x7A),
             .grid = QColor(0x4A, 0x97, 0xF0, 60)};
 }
 

@@ -21,6 +21,7 @@ struct Colors {
     QColor accent;
     QColor accentText;
     QColor chosen; ///< behind a chosen row
+    QColor wrong;  ///< text that cannot be taken
     QColor grid;
 };
 
@@ -71,7 +72,7 @@ enum class Symbol {
 /// A text as it stands, for buttons and menus: an ampersand in it makes no key.
 [[nodiscard]] QString literal(QString text);
 
-/// The colour that marks the layer at this place.
+/// One of some colours that tell layers apart.
 [[nodiscard]] QColor layerColor(std::size_t index);
 
 } // namespace easel::app

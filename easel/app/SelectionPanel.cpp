@@ -1,7 +1,6 @@
 // Fields that show the selection and change it.
 #include "app/SelectionPanel.h"
 
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -14,6 +13,7 @@ namespace easel::app {
 namespace {
 
 constexpr double kFarthest = 1e6; // points
+constexpr double kWhole = 100;    // percent
 
 model::Box boundsOf(const model::Node& top) {
     model::Box box;
@@ -24,11 +24,56 @@ model::Box boundsOf(const model::Node& top) {
     return box;
 }
 
-std::optional<QColor> colorOf(bool painted, const model::Color& color) {
+Paint paintOf(bool painted, const model::Color& color, const std::string& server) {
+    if (!server.empty()) return {Paint::Served};
     if (!painted) return {};
-    return QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
-                            static_cast<float>(color.blue));
+    return {Paint::Plain, QColor::fromRgbF(static_cast<float>(color.red), static_cast<float>(color.green),
+                                           static_cast<float>(color.blue))};
 }
+
+/// A property of several objects.
+template <class Value> struct Common {
+    std::optional<Value> value{}; ///< of the first
+    bool differs = false;
+
+    void add(const Value& next) {
+        differs = differs || (value && *value != next);
+        if (!value) value = next;
+    }
+    [[nodiscard]] std::optional<Value> shown() const { return differs ? std::nullopt : value; }
+};
+
+/// What is selected, and what all of it has in common.
+struct Selected {
+    std::vector<model::Node*> outermost{};
+    model::Box box{}; ///< empty for too many
+    bool isStroked = false;
+    Common<Paint> fill{};
+    Common<Paint> stroke{};
+    Common<double> strokeWidth{};
+    Common<double> opacity{}; ///< percent
+};
+
+Selected selectedIn(model::Document& document) {
+    Selected found;
+    for (model::Node* const node : document.selection()) {
+        if (!node->parent()->selected()) found.outermost.push_back(node);
+        if (!node->content().style) continue;
+        const model::Style& style = node->style();
+        found.fill.add(paintOf(style.fill, style.fillColor, style.fillServer()));
+        found.stroke.add(paintOf(style.stroke, style.strokeColor, style.strokeServer()));
+        found.strokeWidth.add(style.isStroked() ? style.strokeWidth : 0);
+        if (!found.isStroked) found.isStroked = style.isStroked() && !node->effectivelyLocked();
+    }
+    constexpr std::size_t kMostMeasured = 20'000;
+    for (const model::Node* const node : found.outermost) {
+        if (found.outermost.size() <= kMostMeasured) found.box.include(boundsOf(*node));
+        found.opacity.add(node->extras().opacity * kWhole);
+    }
+    return found;
+}
+
+Paint shown(const Common<Paint>& paint) { return paint.differs ? Paint{Paint::Mixed} : paint.value.value_or(Paint()); }
 
 QString titleOf(const std::vector<model::Node*>& outermost) {
     if (outermost.empty()) return "Nothing selected";
@@ -51,35 +96,33 @@ SelectionPanel::SelectionPanel(Actions& actions) : actions_(actions), title_(*ne
     grid->setColumnStretch(1, 1);
     grid->setColumnStretch(3, 1);
     column->addLayout(grid);
-    x_ = &addField({"x", "X", "Left edge, X", 0, 0}, *grid);
-    y_ = &addField({"y", "Y", "Top edge, Y", 0, 2}, *grid);
-    width_ = &addField({"width", "W", "Width", 1, 0}, *grid);
-    height_ = &addField({"height", "H", "Height", 1, 2}, *grid);
-    stroke_ = &addField({"stroke", "Stroke", "Stroke width", 2, 0}, *grid);
+    x_ = &addField({"x", "X", "Left edge, X", 0, 0, -kFarthest, kFarthest}, *grid);
+    y_ = &addField({"y", "Y", "Top edge, Y", 0, 2, -kFarthest, kFarthest}, *grid);
+    width_ = &addField({"width", "W", "Width", 1, 0, 0, kFarthest}, *grid);
+    height_ = &addField({"height", "H", "Height", 1, 2, 0, kFarthest}, *grid);
+    stroke_ = &addField({"stroke", "Stroke", "Stroke width", 2, 0, 0, kFarthest}, *grid);
     strokeColor_ = &addSwatch("strokeColor", "Stroke colour", *grid, 2);
-    opacity_ = &addField({"opacity", "Opacity", "Opacity", 3, 0}, *grid);
+    opacity_ = &addField({"opacity", "Opacity", "Opacity", 3, 0, 0, kWhole}, *grid);
     grid->addWidget(new QLabel("Fill", this), 3, 2);
     fillColor_ = &addSwatch("fillColor", "Fill colour", *grid, 3);
-    for (QDoubleSpinBox* const size : {width_, height_, stroke_}) size->setMinimum(0);
-    constexpr double kWhole = 100; // percent
-    opacity_->setRange(0, kWhole);
     opacity_->setDecimals(0);
     opacity_->setSuffix(" %");
     connectFields();
 }
 
-QDoubleSpinBox& SelectionPanel::addField(const Field& field, QGridLayout& grid) {
-    auto* const box = new QDoubleSpinBox(this);
+NumberField& SelectionPanel::addField(const Field& field, QGridLayout& grid) {
+    auto* const box = new NumberField(field.least, field.most, this);
     box->setObjectName(field.name);
     box->setAccessibleName(field.spoken);
     box->setToolTip(field.spoken);
-    box->setRange(-kFarthest, kFarthest);
-    box->setDecimals(2);
     box->setSuffix(" pt");
-    box->setButtonSymbols(QAbstractSpinBox::NoButtons);
-    box->setAlignment(Qt::AlignRight);
-    box->setKeyboardTracking(false); // a number counts when it is whole
     box->setMinimumWidth(64);
+    box->left = [this] {
+        if (entered) entered();
+    };
+    box->refused = [this](const QString& why) {
+        if (refused) refused(why);
+    };
     auto* const label = new QLabel(field.label, this);
     label->setBuddy(box);
     grid.addWidget(label, field.row, field.column);
@@ -96,13 +139,10 @@ Swatch& SelectionPanel::addSwatch(const char* name, const char* title, QGridLayo
 }
 
 void SelectionPanel::connectFields() {
-    const auto when = [this](QDoubleSpinBox& field, auto what) {
+    const auto when = [this](NumberField& field, auto what) {
         connect(&field, &QDoubleSpinBox::valueChanged, this, guarded([this, what](double value) {
             if (!filling_) what(value);
         }));
-        connect(field.findChild<QLineEdit*>(), &QLineEdit::returnPressed, this, guarded([this] {
-                    if (entered) entered();
-                }));
     };
     when(*x_, [this](double left) { actions_.nudge(left - box_.left, 0); });
     when(*y_, [this](double top) { actions_.nudge(0, top - box_.top); });
@@ -110,8 +150,12 @@ void SelectionPanel::connectFields() {
     when(*height_, [this](double size) { resize(false, size); });
     when(*stroke_, [this](double width) { setStrokeWidth(width); });
     when(*opacity_, [this](double percent) { actions_.setOpacity(percent / 100); });
-    strokeColor_->chosen = [this](const std::optional<QColor>& color) { setColor(true, color); };
-    fillColor_->chosen = [this](const std::optional<QColor>& color) { setColor(false, color); };
+    const auto choose = [this](bool stroke, const std::optional<QColor>& color) {
+        if (entered) entered();
+        setColor(stroke, color);
+    };
+    strokeColor_->chosen = [choose](const std::optional<QColor>& color) { choose(true, color); };
+    fillColor_->chosen = [choose](const std::optional<QColor>& color) { choose(false, color); };
 }
 
 // Changing
@@ -138,7 +182,8 @@ void SelectionPanel::setStrokeWidth(double width) {
 void SelectionPanel::setColor(bool stroke, const std::optional<QColor>& color) {
     const std::string value = color ? Recorder::quoted(color->name().toStdString()) : "null";
     std::optional<model::Color> paint;
-    if (color) paint = {color->redF(), color->greenF(), color->blueF()};
+    constexpr double kMost = 255; // exactly what is recorded
+    if (color) paint = {color->red() / kMost, color->green() / kMost, color->blue() / kMost};
     actions_.setStyle(std::string(stroke ? "{stroke: " : "{fill: ") + value + '}',
                       [&](model::Style& style) { stroke ? style.setStroke(paint) : style.setFill(paint); });
 }
@@ -147,38 +192,24 @@ void SelectionPanel::setColor(bool stroke, const std::optional<QColor>& color) {
 
 void SelectionPanel::refresh() {
     const bool filledBefore = std::exchange(filling_, true);
-    std::vector<model::Node*> outermost;
-    const model::Style* style = nullptr;
-    const model::Style* stroked = nullptr;
-    box_ = {};
-    constexpr std::size_t kMostMeasured = 20'000;
-    if (actions_.document()) {
-        for (model::Node* const node : actions_.document()->selection()) {
-            if (!node->parent()->selected()) outermost.push_back(node);
-            if (!style && node->content().style) style = &node->style();
-            const bool isStroked = !stroked && node->content().style && node->style().isStroked();
-            if (isStroked && !node->effectivelyLocked()) stroked = &node->style();
-        }
-    }
-    isStroked_ = stroked != nullptr;
-    if (outermost.size() <= kMostMeasured)
-        for (const model::Node* const node : outermost) box_.include(boundsOf(*node));
-    title_.setText(titleOf(outermost));
+    const Selected selected = actions_.document() ? selectedIn(*actions_.document()) : Selected();
+    isStroked_ = selected.isStroked;
+    box_ = selected.box;
+    title_.setText(titleOf(selected.outermost));
     const bool placed = !box_.isEmpty();
-    const auto show = [](QDoubleSpinBox& field, bool known, double value) {
+    const auto show = [](NumberField& field, bool known, std::optional<double> value) {
         field.setEnabled(known);
-        field.setSpecialValueText(known ? QString() : QString(' ')); // of the minimum: no number stands there
-        if (const double shown = known ? value : field.minimum(); field.value() != shown) field.setValue(shown);
+        field.showNumber(known ? value : std::nullopt);
     };
-    show(*x_, placed, placed ? box_.left : 0);
-    show(*y_, placed, placed ? box_.top : 0);
-    show(*width_, placed, placed ? box_.right - box_.left : 0);
-    show(*height_, placed, placed ? box_.bottom - box_.top : 0);
-    show(*stroke_, style != nullptr, stroked ? stroked->strokeWidth : 0);
-    show(*opacity_, !outermost.empty(), outermost.empty() ? 0 : outermost.front()->extras().opacity * 100);
-    for (Swatch* const swatch : {fillColor_, strokeColor_}) swatch->setEnabled(style != nullptr);
-    fillColor_->setColor(style ? colorOf(style->fill, style->fillColor) : std::nullopt);
-    strokeColor_->setColor(stroked ? colorOf(stroked->stroke, stroked->strokeColor) : std::nullopt);
+    show(*x_, placed, box_.left);
+    show(*y_, placed, box_.top);
+    show(*width_, placed, box_.right - box_.left);
+    show(*height_, placed, box_.bottom - box_.top);
+    show(*stroke_, selected.strokeWidth.value.has_value(), selected.strokeWidth.shown());
+    show(*opacity_, selected.opacity.value.has_value(), selected.opacity.shown());
+    for (Swatch* const swatch : {fillColor_, strokeColor_}) swatch->setEnabled(selected.fill.value.has_value());
+    fillColor_->setPaint(shown(selected.fill));
+    strokeColor_->setPaint(shown(selected.stroke));
     filling_ = filledBefore;
 }
 

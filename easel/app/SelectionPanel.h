@@ -1,7 +1,6 @@
 // Place, size and paint of what is selected.
 #pragma once
 
-#include <QDoubleSpinBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
@@ -9,6 +8,7 @@
 #include <functional>
 
 #include "app/Actions.h"
+#include "app/Fields.h"
 #include "app/Swatch.h"
 
 namespace easel::app {
@@ -18,7 +18,8 @@ class SelectionPanel final : public QWidget {
     explicit SelectionPanel(Actions& actions);
 
     void refresh();
-    std::function<void()> entered; ///< called when the user ends an entry with Return
+    std::function<void()> entered;                   ///< called when the user has ended an entry, or chosen a colour
+    std::function<void(const QString& why)> refused; ///< told of an entry that cannot be taken
 
   private:
     struct Field {
@@ -27,8 +28,10 @@ class SelectionPanel final : public QWidget {
         const char* spoken; ///< by a screen reader
         int row;
         int column;
+        double least;
+        double most;
     };
-    QDoubleSpinBox& addField(const Field& field, QGridLayout& grid);
+    NumberField& addField(const Field& field, QGridLayout& grid);
     Swatch& addSwatch(const char* name, const char* title, QGridLayout& grid, int row);
     void connectFields();
     void resize(bool across, double size);
@@ -37,12 +40,12 @@ class SelectionPanel final : public QWidget {
 
     Actions& actions_;
     QLabel& title_;
-    QDoubleSpinBox* x_ = nullptr;
-    QDoubleSpinBox* y_ = nullptr;
-    QDoubleSpinBox* width_ = nullptr;
-    QDoubleSpinBox* height_ = nullptr;
-    QDoubleSpinBox* stroke_ = nullptr;
-    QDoubleSpinBox* opacity_ = nullptr;
+    NumberField* x_ = nullptr;
+    NumberField* y_ = nullptr;
+    NumberField* width_ = nullptr;
+    NumberField* height_ = nullptr;
+    NumberField* stroke_ = nullptr;
+    NumberField* opacity_ = nullptr;
     Swatch* strokeColor_ = nullptr;
     Swatch* fillColor_ = nullptr;
     model::Box box_;         ///< of the selection, as shown

@@ -29,21 +29,31 @@ const std::array<Named, 9> kOffered{{{"Black", QColor(0, 0, 0)},
                                      {"Green", QColor(0x27, 0x8E, 0x4E)},
                                      {"Blue", QColor(0x17, 0x6A, 0xD1)}}};
 
-/// A square of the colour; without one it is white and crossed out.
+/// Of the colour, or one that runs from dark to light. White with a stroke through it paints nothing, white with a dash
+/// is not the same for all.
 class Square final : public QIconEngine {
   public:
-    explicit Square(std::optional<QColor> color) : color_(color) {}
+    explicit Square(const Paint& paint) : paint_(paint) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
         painter->save();
         painter->setRenderHint(QPainter::Antialiasing);
         if (mode == QIcon::Disabled) painter->setOpacity(0.35);
         painter->setPen(QPen(look().colors.faint, 1));
-        painter->setBrush(color_.value_or(Qt::white));
         const QRectF square = QRectF(rect).adjusted(1.5, 1.5, -1.5, -1.5);
+        QLinearGradient fading(square.topLeft(), square.bottomRight());
+        fading.setColorAt(0, QColor(0x40, 0x44, 0x4A));
+        fading.setColorAt(1, Qt::white);
+        painter->setBrush(paint_.kind == Paint::Served  ? QBrush(fading)
+                          : paint_.kind == Paint::Plain ? QBrush(paint_.color)
+                                                        : QBrush(Qt::white));
         painter->drawRoundedRect(square, 2, 2);
         painter->setPen(QPen(QColor(0xD0, 0x30, 0x30), 1.6));
-        if (!color_) painter->drawLine(square.bottomLeft() + QPointF(1, -1), square.topRight() + QPointF(-1, 1));
+        if (paint_.kind == Paint::None)
+            painter->drawLine(square.bottomLeft() + QPointF(1, -1), square.topRight() + QPointF(-1, 1));
+        painter->setPen(QPen(QColor(0x60, 0x66, 0x70), 1.6));
+        const QPointF half(square.width() / 4, 0);
+        if (paint_.kind == Paint::Mixed) painter->drawLine(square.center() - half, square.center() + half);
         painter->restore();
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
@@ -53,13 +63,22 @@ class Square final : public QIconEngine {
         paint(&painter, QRect(QPoint(0, 0), size), mode, state);
         return picture;
     }
-    QIconEngine* clone() const override { return new Square(color_); }
+    QIconEngine* clone() const override { return new Square(paint_); }
 
   private:
-    std::optional<QColor> color_;
+    Paint paint_;
 };
 
-QIcon square(const std::optional<QColor>& color) { return QIcon(new Square(color)); }
+QIcon square(const Paint& paint) { return QIcon(new Square(paint)); }
+
+QString nameOf(const Paint& paint) {
+    switch (paint.kind) {
+    case Paint::Plain: return paint.color.name();
+    case Paint::Served: return "gradient or pattern";
+    case Paint::Mixed: return "not the same for all";
+    default: return "none";
+    }
+}
 
 } // namespace
 
@@ -70,13 +89,13 @@ Swatch::Swatch(const QString& title, QWidget* parent) : QToolButton(parent), tit
     auto* const menu = new QMenu(this);
     setMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, guarded([this] { fillMenu(); }));
-    setColor({});
+    setPaint({});
 }
 
-void Swatch::setColor(std::optional<QColor> color) {
-    color_ = color;
-    setIcon(square(color));
-    const QString what = title_ + ": " + (color ? color->name() : QString("none"));
+void Swatch::setPaint(const Paint& paint) {
+    paint_ = paint;
+    setIcon(square(paint));
+    const QString what = title_ + ": " + nameOf(paint);
     setToolTip(what);
     setAccessibleName(what);
 }
@@ -84,7 +103,8 @@ void Swatch::setColor(std::optional<QColor> color) {
 void Swatch::fillMenu() {
     menu()->clear();
     const auto offer = [this](const QString& name, std::optional<QColor> color) {
-        connect(menu()->addAction(square(color), name), &QAction::triggered, this, guarded([this, color] {
+        connect(menu()->addAction(square(color ? Paint{Paint::Plain, *color} : Paint()), name), &QAction::triggered,
+                this, guarded([this, color] {
                     if (chosen) chosen(color);
                 }));
     };
@@ -95,7 +115,7 @@ void Swatch::fillMenu() {
 }
 
 void Swatch::chooseOther() {
-    const QColor other = QColorDialog::getColor(color_.value_or(Qt::black), this, title_);
+    const QColor other = QColorDialog::getColor(paint_.kind == Paint::Plain ? paint_.color : Qt::black, this, title_);
     if (other.isValid() && chosen) chosen(other);
 }
 

@@ -9,6 +9,15 @@
 
 namespace easel::app {
 
+/// What something is painted with.
+struct Paint {
+    enum Kind { None, Plain, Served, Mixed }; ///< of a gradient or pattern; not the same for all that is meant
+    Kind kind = None;
+    QColor color{};
+
+    bool operator==(const Paint&) const = default;
+};
+
 class Swatch final : public QToolButton {
   public:
     /// `title` is what the colour is of.
@@ -16,14 +25,14 @@ class Swatch final : public QToolButton {
 
     /// Told of the user's choice; none paints nothing.
     std::function<void(std::optional<QColor> color)> chosen;
-    void setColor(std::optional<QColor> color);
+    void setPaint(const Paint& paint);
 
   private:
     void fillMenu();
     void chooseOther();
 
     QString title_;
-    std::optional<QColor> color_;
+    Paint paint_;
 };
 
 } // namespace easel::app

@@ -2,12 +2,8 @@
 #include "app/Window.h"
 
 #include <QActionGroup>
-#include <QCheckBox>
 #include <QCloseEvent>
-#include <QComboBox>
-#include <QFileDialog>
 #include <QGridLayout>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
@@ -18,6 +14,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <functional>
 #include <tuple>
@@ -228,8 +225,13 @@ bool Window::eventFilter(QObject* object, QEvent* event) {
 /// Right of the drawing, as wide as the user makes them.
 void Window::makePanels(QWidget& drawing) {
     layers_ = new LayersPanel(actions_);
+    layers_->passedOn = [this](QKeyEvent& event) {
+        canvas_.setFocus();
+        QApplication::sendEvent(&canvas_, &event);
+    };
     selection_ = new SelectionPanel(actions_);
     selection_->entered = [this] { canvas_.setFocus(); };
+    selection_->refused = [this](const QString& why) { statusBar()->showMessage(why, kReportMilliseconds); };
     selection_->refresh(); // nothing is selected before there is a drawing
     auto* const panels = new QWidget(this);
     auto* const column = new QVBoxLayout(panels);
@@ -271,23 +273,17 @@ void Window::makeStatusBar() {
     }
     place_.setMinimumWidth(150);
     statusBar()->addPermanentWidget(&place_);
-    zoom_ = new QComboBox(this);
+    zoom_ = new ZoomField(this);
     zoom_->setObjectName("zoom");
-    zoom_->setAccessibleName("Zoom");
-    zoom_->setEditable(true);
-    zoom_->setInsertPolicy(QComboBox::NoInsert);
-    zoom_->setCompleter(nullptr); // which makes 5 into 50 %, and the field one that nobody has typed into
-    zoom_->setFixedWidth(84);
-    for (const char* const each : {"25%", "50%", "100%", "200%", "400%", "800%"}) zoom_->addItem(each);
-    const auto zoom = guarded([this] {
-        bool isNumber = false;
-        const double percent = zoom_->currentText().remove('%').trimmed().toDouble(&isNumber);
+    zoom_->entered = [this](std::optional<double> zoom) {
         canvas_.setFocus(); // first: the field shows no zoom while it is typed into
-        if (isNumber && percent > 0) canvas_.zoomTo(percent / 100);
+        if (zoom) canvas_.zoomTo(*zoom);
         showView();
-    });
-    connect(zoom_, &QComboBox::textActivated, this, zoom);
-    connect(zoom_->lineEdit(), &QLineEdit::returnPressed, this, zoom); // of what is not in the list
+    };
+    zoom_->wheeled = [this](double notches) {
+        constexpr double kStep = 1.2; // as the wheel does over the drawing
+        canvas_.zoomBy(std::pow(kStep, notches));
+    };
     statusBar()->addPermanentWidget(zoom_);
 }
 
@@ -331,7 +327,7 @@ void Window::showView() {
     const auto mouse = canvas_.mouse();
     place_.setText(mouse ? "X " + QString::number(mouse->x, 'f', 2) + "  Y " + QString::number(mouse->y, 'f', 2) + " pt"
                          : QString());
-    if (!zoom_->lineEdit()->hasFocus()) zoom_->setEditText(QString::number(canvas_.zoom() * 100, 'g', 4) + '%');
+    zoom_->showZoom(canvas_.zoom());
 }
 
 void Window::setDark(bool dark) {

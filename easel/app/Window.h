@@ -16,6 +16,7 @@
 
 #include "app/Actions.h"
 #include "app/Canvas.h"
+#include "app/Fields.h"
 #include "app/FileReading.h"
 #include "app/LayersPanel.h"
 #include "app/Recovery.h"
@@ -24,7 +25,6 @@
 #include "app/Settings.h"
 
 class QActionGroup;
-class QComboBox;
 class QMessageBox;
 class QProgressBar;
 
@@ -116,7 +116,7 @@ class Window final : public QMainWindow {
     unsigned shownTools_ = ~0U; ///< the toolbox's count of changes when it was shown
     QLabel place_;
     QLabel hint_;
-    QComboBox* zoom_ = nullptr;
+    ZoomField* zoom_ = nullptr;
     session::Modifiers toggled_ = 0;
     std::size_t reportsShown_ = 0;
     bool tells_ = false;      ///< a box with a failure is open

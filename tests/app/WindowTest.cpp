@@ -3,6 +3,7 @@
 
 #include <QAccessible>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QToolButton>
 #include <QTreeWidget>
 
@@ -115,6 +116,22 @@ TEST_F(WindowTest, HoldsTypedLengthsUntilTheGestureEnds) {
         if (draws) actions->key("A", kAICommandKey);
     }
     EXPECT_TRUE(failures.empty());
+
+    // With Shift, whose keys have other signs, the length is that of the way which the tool then takes.
+    const Point before = anchor(0);
+    press(before);
+    drag({before.x + 50, before.y + 12}, Qt::ShiftModifier);
+    constexpr quint32 kFour = 13; // on X11
+    QKeyEvent four(QEvent::KeyPress, Qt::Key_Dollar, Qt::ShiftModifier, kFour, 0, 0, "$");
+    QApplication::sendEvent(&canvas(), &four);
+    key(canvas(), '0', {}, Qt::ControlModifier | Qt::ShiftModifier);
+    drag({before.x + 60, before.y + 12}, Qt::ShiftModifier);
+    EXPECT_NEAR(anchor(0).x - before.x, 40, 1e-9);
+    EXPECT_EQ(anchor(0).y, before.y);
+    type("00000"); // further than anything can be
+    EXPECT_LE(session->pointer.heldLength(), 1e6);
+    key(canvas(), Qt::Key_Escape);
+    release(before);
     chooseTool("Isometric Line Tool");
     stroke({{100, 190}, {140, 190}, {190, 190}});
     EXPECT_NEAR(topPath().points[1].anchor.x - topPath().points[0].anchor.x, 90 * std::sqrt(0.75),
@@ -266,6 +283,37 @@ TEST_F(WindowTest, KeysEditWhatIsSelected) {
     EXPECT_EQ(paths(), 3U);
 }
 
+/// What is no number is refused as a whole, and what the user gives up does not count.
+TEST_F(WindowTest, FieldsTakeNumbersAlone) {
+    folder.write("two.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='200'><path d='M10,20 h10' "
+                            "stroke='#f00' stroke-width='3'/><path d='M10,40 h10' stroke='#00f'/></svg>");
+    open(folder.path("two.svg"));
+    document().select(*document().currentLayer().firstChild(), true);
+    actions->key("Tab", 0); // tells the panels
+    auto& field = *window->findChild<QDoubleSpinBox*>("x");
+    const auto enterText = [&](const char* text, int end) {
+        field.setFocus();
+        field.selectAll();
+        for (const char* sign = text; *sign; ++sign) key(field, 0, QString(QChar(*sign)));
+        key(field, end);
+        canvas().setFocus();
+        return topPath().points[0].anchor.x;
+    };
+    EXPECT_EQ(enterText("12,5", Qt::Key_Return), 12.5);
+    EXPECT_EQ(enterText("10+5", Qt::Key_Return), 12.5);
+    EXPECT_THAT(window->statusBar()->currentMessage().toStdString(), HasSubstr("\"10+5\" is no number"));
+    EXPECT_EQ(enterText("77", Qt::Key_Escape), 12.5);
+    EXPECT_EQ(enterText("-3 pt", Qt::Key_Return), -3);
+    QWheelEvent wheel({5, 5}, field.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&field, &wheel);
+    EXPECT_EQ(topPath().points[0].anchor.x, -3);
+    EXPECT_EQ(window->findChild<QToolButton*>("strokeColor")->toolTip(), "Stroke colour: #0000ff");
+    actions->key("A", kAICommandKey);
+    EXPECT_EQ(window->findChild<QToolButton*>("strokeColor")->toolTip(), "Stroke colour: not the same for all");
+    EXPECT_EQ(window->findChild<QDoubleSpinBox*>("stroke")->text(), " ");
+}
+
 TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     actions->addLayer("Upper");
     const auto press = [&](const char* name) { window->findChild<QToolButton*>(name)->click(); };
@@ -285,6 +333,15 @@ TEST_F(WindowTest, LayersComeGoAndChangePlaces) {
     EXPECT_EQ(order(), "Upper Third Layer 1 ");
     actions->undo();
     EXPECT_EQ(order(), "Third Upper Layer 1 ");
+    key(list, Qt::Key_Down); // chooses, and what is chosen is what buttons are about
+    EXPECT_EQ(document().currentLayer().name(), "Upper");
+    press("addLayer");
+    EXPECT_EQ(document().layerAt(0)->name(), "Layer 4");
+    key(list, Qt::Key_Down);
+    key(list, Qt::Key_Down, {}, Qt::AltModifier);
+    EXPECT_EQ(list.currentItem()->text(2), "Third");
+    press("removeLayer");
+    EXPECT_EQ(order(), "Layer 4 Upper Layer 1 ");
     press("removeLayer");
     press("removeLayer");
     press("removeLayer");

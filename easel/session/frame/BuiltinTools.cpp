@@ -57,8 +57,7 @@ class SelectingTool : public BuiltinTool {
         dragged_ = true;
         const bool shift = (modifiers & kAIShiftKey) != 0;
         if (picked_) {
-            const Point way{location.x - start_.x, location.y - start_.y};
-            return move(document, shift ? constrained(way) : way, modifiers);
+            return move(document, taken({location.x - start_.x, location.y - start_.y}, modifiers), modifiers);
         }
         includeInMarquee(location);
         selectWithin(document, *marquee_, shift);
@@ -70,6 +69,10 @@ class SelectingTool : public BuiltinTool {
         else if (picked_)
             click(document, (modifiers & kAIShiftKey) != 0);
         marquee_.reset();
+    }
+
+    [[nodiscard]] Point taken(Point way, Modifiers modifiers) const final {
+        return picked_ && (modifiers & kAIShiftKey) ? constrained(way) : way;
     }
 
     [[nodiscard]] std::optional<Box> marquee() const final { return marquee_; }

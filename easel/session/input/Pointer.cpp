@@ -35,12 +35,15 @@ model::Point Pointer::snapped(model::Point location) const {
     return held_.button && drawsAlongAxes ? at(grid.alongAxis(way)) : grid.nearest(location);
 }
 
-model::Point Pointer::heldTo(model::Point location) const {
-    const double distance = std::hypot(location.x - pressLocation_.x, location.y - pressLocation_.y);
+/// In the direction that the gesture takes: a tool that turns it afterwards would shorten it.
+model::Point Pointer::heldTo(model::Point location, Modifiers modifiers) const {
+    model::Point way{location.x - pressLocation_.x, location.y - pressLocation_.y};
+    const Tool* const tool = toolbox_.find(tool_);
+    if (tool && tool->builtin) way = tool->builtin->taken(way, modifiers);
+    const double distance = std::hypot(way.x, way.y);
     if (heldLength_ == 0 || distance == 0) return location;
     const double scale = heldLength_ / distance;
-    return {pressLocation_.x + scale * (location.x - pressLocation_.x),
-            pressLocation_.y + scale * (location.y - pressLocation_.y)};
+    return {pressLocation_.x + scale * way.x, pressLocation_.y + scale * way.y};
 }
 
 SPErr Pointer::sendTo(Tool& tool, const char* selector, std::uint32_t flags) {
@@ -116,7 +119,7 @@ void Pointer::drag(model::Point location, Modifiers modifiers) {
     if (awaitsRelease_) return;
     requirePressed();
     if (buffered_) documents_.front()->journal().rollBackToMark();
-    locate(heldTo(location), modifiers);
+    locate(heldTo(location, modifiers), modifiers);
     send(kSelectorAIToolMouseDrag, &BuiltinTool::drag);
 }
 
@@ -125,7 +128,7 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     requirePressed();
     model::Journal& journal = documents_.front()->journal();
     if (buffered_) journal.rollBackToMark();
-    locate(heldTo(location), modifiers);
+    locate(heldTo(location, modifiers), modifiers);
     heldLength_ = 0;
     messenger_.batch([&] {
         held_.button = false;

@@ -43,8 +43,6 @@ class Pointer {
     /// 0 lets go, as does the gesture's end.
     void holdLength(double length) { heldLength_ = held_.button ? length : 0; }
     [[nodiscard]] double heldLength() const { return heldLength_; }
-    /// Where the gesture is when the mouse is there.
-    [[nodiscard]] model::Point heldTo(model::Point location) const;
     [[nodiscard]] model::Point pressLocation() const { return pressLocation_; } ///< of the last gesture, snapped
 
     /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
@@ -76,6 +74,8 @@ class Pointer {
 
     void locate(model::Point location, Modifiers modifiers);
     [[nodiscard]] model::Point snapped(model::Point location) const;
+    /// Where the gesture is when the mouse is there.
+    [[nodiscard]] model::Point heldTo(model::Point location, Modifiers modifiers) const;
     void post(const char* name, Handler handler, model::Point place);
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile, and keeps its remark.
     void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);
