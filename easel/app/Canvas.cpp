@@ -58,14 +58,6 @@ bool isModifier(int key) {
     return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta;
 }
 
-/// Whether the renderer shows more of it than we do.
-bool hasLooks(const model::Node& node) {
-    const model::Content& content = node.content();
-    const bool isServed =
-        content.style && !(content.style->fillServer().empty() && content.style->strokeServer().empty());
-    return content.extras || isServed || node.type() == model::NodeType::Opaque;
-}
-
 /// What a key adds to a length, whichever modifiers are down: a digit, a point, or 0 for nothing. With Ctrl only the
 /// key tells, with Shift only its place on the keyboard.
 char digitOf(const QKeyEvent& event) {
@@ -92,20 +84,8 @@ Canvas::Canvas(Actions& actions)
     : actions_(actions),
       scene_(watch_),
       truths_(
-          *this,
-          [this](std::uint64_t order, const QImage& image, const Port& port) {
-              if (order != lastOrder_) return; // of what is not shown any more
-              scene_.setTruth(image, port);
-              truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
-              update();
-              if (port != scene_.port()) truthTimer_.start(restMilliseconds, this);
-          },
-          [this](std::uint64_t order, const std::string& why) {
-              if (order != lastOrder_) return;
-              truthFails_ = true;
-              truthIsDue_ = false;
-              if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
-          }) {
+          *this, [this](const TruePictures::Order& order, const QImage& image) { takeTruth(order, image); },
+          [this](const TruePictures::Order& order, const std::string& why) { missTruth(order, why); }) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_InputMethodEnabled, false);
     setFocusPolicy(Qt::StrongFocus);
@@ -124,6 +104,8 @@ void Canvas::showDocument() {
     watch_.follow(document(), known || !document() ? known.value_or(0) : farthestReach(*document()));
     scene_.show(document());
     ++lastOrder_;
+    ++lastPieces_;
+    piecesDue_ = 0;
     truthFails_ = false;
     sizeIsKnown_ = false;
     text_ = nullptr;
@@ -140,21 +122,42 @@ void Canvas::leaveDocument() {
 }
 
 bool Canvas::refresh() {
+    const bool keepsTruth = settleGesture();
     const Watch::Change change = watch_.take(dragging());
     scene_.invalidate(change.boxes);
+    if (!keepsTruth) scene_.spoilTruth(change.boxes);
     if (change.everything && document()) {
         scene_.invalidateAll();
-        scene_.spoilTruth({{0, 0, document()->width(), document()->height()}});
+        if (!keepsTruth) scene_.spoilTruth({{0, 0, document()->width(), document()->height()}});
     }
     if (change.real) truthFails_ = false;
     if (!dragging()) typedLength_.clear();
     if (document()) actions_.session().annotations.update();
     showCursor();
     scene_.takeLive(kSliceMilliseconds);
+    askForPieces();
     if (!scene_.isComplete()) refineTimer_.start(0, this);
     if (change.real) truthTimer_.start(restMilliseconds, this);
     update();
     return change.real;
+}
+
+/// When a gesture has ended, what it shows counts as true for now. Returns whether the truth is as good as before the
+/// changes that come next.
+bool Canvas::settleGesture() {
+    const bool ends = std::exchange(inGesture_, dragging()) && !dragging();
+    if (!ends || !document()) return dragging();
+    const Watch::Change last = watch_.take(true); // with what the release has done
+    scene_.invalidate(last.boxes);
+    scene_.takeLive(kSliceMilliseconds);
+    if (last.real) {
+        ++lastOrder_; // what was asked for is of before
+        truthIsDue_ = false;
+    }
+    ++lastPieces_;
+    piecesDue_ = 0;
+    textIsOfBefore_ = false;
+    return scene_.settle(last.real);
 }
 
 void Canvas::showCursor() {
@@ -262,7 +265,9 @@ void Canvas::setNotice(const QString& notice) {
     if (std::exchange(notice_, notice) != notice && !document()) update();
 }
 
-bool Canvas::isTrue() const { return scene_.isComplete() && !truthIsDue_ && !truthTimer_.isActive(); }
+bool Canvas::isTrue() const {
+    return scene_.isComplete() && !truthIsDue_ && piecesDue_ == 0 && !truthTimer_.isActive();
+}
 
 /// Whether true pictures of the drawing are made. Says once that they are not where they would show more.
 bool Canvas::wantsTruth() {
@@ -272,37 +277,84 @@ bool Canvas::wantsTruth() {
         if (hasLooks(*at)) isPlain = false;
         if (++objects > kMostTrueObjects && (sizeIsKnown_ || !isPlain)) break;
     }
-    if (objects <= kMostTrueObjects) return !isPlain || document()->origin; // what cairo draws is made here
+    // What was read may have looks that we do not know of.
+    if (objects <= kMostTrueObjects) return !isPlain || document()->root().origin() != 0;
     if (!std::exchange(sizeIsKnown_, true) && !isPlain && remark)
         remark("This drawing has more than 50,000 objects: gradients, text and images of it show in plain colours, or "
                "as boxes");
     return false;
 }
 
-void Canvas::askForTruth() {
-    truthIsDue_ = false;
-    if (dragging() && scene_.sharpenLive()) update();
-    if (!document() || truthFails_ || dragging() || scene_.port().size.isEmpty()) return;
-    if (!wantsTruth()) {
-        ++lastOrder_; // what was asked for before is out of date
-        return scene_.dropTruth();
+TruePictures::Order Canvas::orderOf(Piece piece, std::uint64_t number) const {
+    return {text_, document()->width(), document()->height(), std::move(piece), number};
+}
+
+void Canvas::takeTruth(const TruePictures::Order& order, const QImage& image) {
+    const Port& port = order.piece.port;
+    if (order.piece.kind != Piece::Kind::Whole) {
+        if (order.number != lastPieces_) return;
+        --piecesDue_;
+        scene_.setPiece(order.piece, image);
+        if (!scene_.isComplete()) refineTimer_.start(0, this);
+        return update();
     }
+    if (order.number != lastOrder_) return; // of what is not shown any more
+    scene_.setTruth(image, port);
+    truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
+    update();
+    if (port != scene_.port()) truthTimer_.start(restMilliseconds, this);
+}
+
+void Canvas::missTruth(const TruePictures::Order& order, const std::string& why) {
+    if (order.piece.kind != Piece::Kind::Whole) { // the last picture of all shows on
+        if (order.number == lastPieces_) --piecesDue_;
+        return;
+    }
+    if (order.number != lastOrder_) return;
+    truthFails_ = true;
+    truthIsDue_ = false;
+    if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
+}
+
+bool Canvas::updateText() {
     try {
         const std::uint64_t changes = document()->journal().changeCount();
         if (!text_ || changes != textChanges_) text_ = std::make_shared<const std::string>(svg::write(*document()));
         textChanges_ = changes;
+        return true;
     } catch (const std::exception& error) {
         truthFails_ = true;
         if (remark) remark(error.what());
-        return;
+        return false;
     }
+}
+
+/// While a gesture runs, of the document as it was before.
+void Canvas::askForTruth() {
+    truthIsDue_ = false;
+    if (dragging() && scene_.sharpenLive()) update();
+    if (!document() || truthFails_ || scene_.port().size.isEmpty()) return;
+    if (dragging() && (!textIsOfBefore_ || scene_.isTruthNew())) return;
+    if (!wantsTruth()) {
+        ++lastOrder_; // what was asked for before is out of date
+        return scene_.dropTruth();
+    }
+    if (!dragging() && !updateText()) return;
     scene_.noteRequest();
     truthIsDue_ = true;
-    truths_.ask({.svg = text_,
-                 .pageWidth = document()->width(),
-                 .pageHeight = document()->height(),
-                 .port = scene_.port(),
-                 .number = ++lastOrder_});
+    truths_.ask(orderOf({.kind = Piece::Kind::Whole, .port = scene_.port()}, ++lastOrder_));
+}
+
+/// For the running gesture.
+void Canvas::askForPieces() {
+    if (!dragging() || !textIsOfBefore_) return;
+    const auto wanted = scene_.takeWantedPieces();
+    if (!wanted) return;
+    ++lastPieces_;
+    piecesDue_ = wanted->size();
+    std::vector<TruePictures::Order> orders;
+    for (const Piece& piece : *wanted) orders.push_back(orderOf(piece, lastPieces_));
+    truths_.askPieces(std::move(orders));
 }
 
 // Events
@@ -335,7 +387,8 @@ void Canvas::resizeEvent(QResizeEvent* /*event*/) { showView(); }
 void Canvas::timerEvent(QTimerEvent* event) {
     if (event->timerId() == truthTimer_.timerId()) {
         truthTimer_.stop();
-        return askForTruth();
+        askForTruth();
+        return askForPieces();
     }
     if (event->timerId() != refineTimer_.timerId()) return QWidget::timerEvent(event);
     for (const QRect& painted : scene_.refine(kSliceMilliseconds)) {
@@ -370,6 +423,8 @@ void Canvas::mousePressEvent(QMouseEvent* event) {
     if (handlingNow() == Handling::Zoom)
         return zoomBy(modifiersOf(event->modifiers()) & kAIOptionKey ? 0.5 : 2, event->position());
     typedLength_.clear();
+    const bool showsTruth = scene_.hasTruth() || truthIsDue_ || truthTimer_.isActive();
+    textIsOfBefore_ = showsTruth && !truthFails_ && wantsTruth() && updateText();
     actions_.press(toDocument(event->position()), modifiersOf(event->modifiers()));
 }
 

@@ -83,7 +83,14 @@ class Canvas final : public QWidget {
     void updatePort();
     void showView();
     [[nodiscard]] bool wantsTruth();
+    [[nodiscard]] TruePictures::Order orderOf(Piece piece, std::uint64_t number) const;
+    void takeTruth(const TruePictures::Order& order, const QImage& image);
+    void missTruth(const TruePictures::Order& order, const std::string& why);
+    /// Writes the document for true pictures, unless that is done. Returns whether it can be written.
+    bool updateText();
     void askForTruth();
+    void askForPieces();
+    [[nodiscard]] bool settleGesture();
     void showCursor();
     [[nodiscard]] std::optional<QCursor> pluginCursor() const;
     void hover(session::Modifiers held);
@@ -123,6 +130,10 @@ class Canvas final : public QWidget {
     std::shared_ptr<const std::string> text_; ///< of the document, as SVG
     std::uint64_t textChanges_ = 0;           ///< the document's count then
     bool truthIsDue_ = false;                 ///< was asked for, or will be
+    bool inGesture_ = false;                  ///< at the last refresh
+    bool textIsOfBefore_ = false;             ///< the running gesture
+    std::uint64_t lastPieces_ = 0;            ///< that were asked for together
+    std::size_t piecesDue_ = 0;               ///< of them
 };
 
 } // namespace easel::app

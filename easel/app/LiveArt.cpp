@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "app/PathPainter.h"
 
@@ -31,6 +32,7 @@ void LiveArt::show(Document* document, const Port& port) {
     if (document != document_) live_.clear();
     document_ = document;
     port_ = port;
+    forgetTruths();
     tiles_.clear();
     update();
 }
@@ -44,14 +46,16 @@ void LiveArt::invalidate(const std::vector<model::Box>& boxes) {
 }
 
 void LiveArt::update() {
-    wanted_.clear();
     if (!document_ || watch_.live().empty()) {
+        wanted_.clear();
         live_.clear();
         runs_.clear();
+        forgetTruths();
         tiles_.clear();
         return;
     }
     if (live_ != watch_.live() || arrangement_ != document_->arrangement()) findRuns();
+    findMoves();
     wantTiles();
 }
 
@@ -73,18 +77,77 @@ void LiveArt::findRuns() {
     std::vector<Run> runs;
     for (auto node = live_.rbegin(); node != live_.rend(); ++node) {
         const Node* const ceiling = ceilings[*node] = ceilingOf(**node);
-        if (runs.empty() || runs.back().ceiling != ceiling) runs.push_back({ceiling, {}});
+        if (runs.empty() || runs.back().ceiling != ceiling) runs.push_back({{ceiling, {}}});
         runs.back().art.push_back(*node);
     }
     std::reverse(runs.begin(), runs.end());
     for (Run& run : runs) std::reverse(run.art.begin(), run.art.end());
-    if (runs.size() > kMostRuns) runs = {Run{runs.back().ceiling, live_}};
+    if (runs.size() > kMostRuns) runs = {Run{{runs.back().ceiling, live_}}};
     const auto sameCeiling = [](const Run& a, const Run& b) { return a.ceiling == b.ceiling; };
     if (!std::equal(runs.begin(), runs.end(), runs_.begin(), runs_.end(), sameCeiling)) tiles_.clear();
     runs_ = std::move(runs);
+    wantsPieces_ = true;
+}
+
+// True pictures
+
+void LiveArt::forgetTruths() {
+    truths_.clear();
+    piecesOf_.clear();
+    wantsPieces_ = true;
+}
+
+std::optional<std::vector<Piece>> LiveArt::takeWantedPieces() {
+    if (!document_ || !std::exchange(wantsPieces_, false) || runs_.empty()) return std::nullopt;
+    // A tool may make its art anew with each drag: that changes nothing in the rest.
+    std::vector<const Node*> what;
+    for (const Run& run : runs_) {
+        what.push_back(run.ceiling);
+        for (const Node* const art : run.art)
+            if (!watch_.isNew(*art)) what.push_back(art);
+    }
+    if (what == piecesOf_ && truths_.size() == runs_.size()) return std::nullopt;
+    piecesOf_ = std::move(what);
+    truths_.assign(runs_.size(), {});
+    return piecesOf(*document_, watch_, {runs_.begin(), runs_.end()}, port_);
+}
+
+void LiveArt::setPiece(const Piece& piece, QImage image) {
+    Truth& truth = truths_[piece.run];
+    if (piece.kind == Piece::Kind::Art) {
+        truth.art = std::move(image);
+        truth.port = piece.port;
+        findMoves();
+    } else {
+        truth.above = std::move(image);
+        tiles_.clear();
+        wantTiles();
+    }
+}
+
+/// The art of a run shows as its true picture as long as all of it is moved together.
+void LiveArt::findMoves() {
+    for (std::size_t i = 0; i < truths_.size(); ++i) {
+        if (truths_[i].art.isNull()) continue;
+        const auto first = watch_.movedBy(*runs_[i].art.front());
+        const auto goesAlong = [&](const Node* art) {
+            const auto move = watch_.movedBy(*art);
+            return move && port_.isNear(*move, *first);
+        };
+        const bool together = first && std::all_of(runs_[i].art.begin(), runs_[i].art.end(), goesAlong);
+        truths_[i].moved = together ? first : std::nullopt;
+    }
+}
+
+QRect LiveArt::placeOfTruth(std::size_t run) const {
+    if (run >= truths_.size() || !truths_[run].moved) return {};
+    const Truth& truth = truths_[run];
+    const QPointF corner = port_.place({truth.port.origin.x + truth.moved->x, truth.port.origin.y + truth.moved->y});
+    return {corner.toPoint(), truth.art.size()};
 }
 
 void LiveArt::wantTiles() {
+    wanted_.clear();
     if (!runs_.front().ceiling) return; // the lowest has nothing above
     const auto want = [&](const QRect& pixels) {
         forTilesIn(pixels & QRect(QPoint(0, 0), port_.size), [&](Place place) {
@@ -93,6 +156,7 @@ void LiveArt::wantTiles() {
     };
     if (live_.size() > kMostRectangles) return want(rectangleOf(live_));
     for (Node* const art : live_) want(rectangleOf({art}));
+    for (std::size_t i = 0; i < truths_.size(); ++i) want(placeOfTruth(i));
     std::sort(wanted_.begin(), wanted_.end());
     wanted_.erase(std::unique(wanted_.begin(), wanted_.end()), wanted_.end());
 }
@@ -125,6 +189,10 @@ void LiveArt::makeTile(Place place) {
     tile.resize(runs_.size());
     for (std::size_t i = 0; i < runs_.size(); ++i) {
         if (between[i + 1].empty()) continue;
+        if (i < truths_.size() && !truths_[i].above.isNull()) {
+            tile[i] = truths_[i].above.copy(pixels);
+            continue;
+        }
         tile[i] = QImage(pixels.size(), QImage::Format_ARGB32_Premultiplied);
         const Cairo cairo = painterOn(tile[i], QRect(QPoint(0, 0), pixels.size()), port);
         for (const Node* const node : between[i + 1]) app::paint(cairo.get(), *node, 1 / port.pixels);
@@ -152,13 +220,15 @@ QRect LiveArt::rectangleOf(const std::vector<Node*>& art) const {
 void LiveArt::paint(QPainter& painter, const QRect& pixels) {
     const bool isMuch = live_.size() > kMuch;
     QRect around;
-    for (Run& run : runs_) {
-        if (isMuch) run.moved.take(run.art, port_);
-        around |= isMuch ? run.moved.rectangle() : rectangleOf(run.art);
+    for (std::size_t i = 0; i < runs_.size(); ++i) {
+        Run& run = runs_[i];
+        const QRect truth = placeOfTruth(i);
+        if (isMuch && truth.isEmpty()) run.moved.take(run.art, port_);
+        around |= !truth.isEmpty() ? truth : isMuch ? run.moved.rectangle() : rectangleOf(run.art);
     }
     around &= pixels;
     if (around.isEmpty()) return;
-    if (!isMuch || runs_.size() > 1 || runs_.front().ceiling)
+    if (!isMuch || runs_.size() > 1 || runs_.front().ceiling || !placeOfTruth(0).isEmpty())
         painter.drawImage(around.topLeft(), picture(around));
     else
         runs_.front().moved.paint(painter, {});
@@ -174,13 +244,18 @@ QImage LiveArt::picture(const QRect& part) const {
     QImage over(part.size(), QImage::Format_ARGB32_Premultiplied);
     const Cairo cairo = painterOn(over, over.rect(), port_.part(part));
     for (std::size_t i = 0; i < runs_.size(); ++i) {
+        const QRect truth = placeOfTruth(i);
         const bool isMuch = live_.size() > kMuch;
-        if (!isMuch)
+        const bool isAnew = !isMuch && truth.isEmpty();
+        if (isAnew)
             for (const Node* const art : runs_[i].art) app::paint(cairo.get(), *art, 1 / port_.pixels);
-        if (!isMuch && !runs_[i].ceiling) continue;
+        if (isAnew && !runs_[i].ceiling) continue;
         cairo_surface_flush(cairo_get_target(cairo.get()));
         QPainter painter(&over);
-        if (isMuch) runs_[i].moved.paint(painter, part.topLeft());
+        if (!truth.isEmpty())
+            painter.drawImage(truth.topLeft() - part.topLeft(), truths_[i].art);
+        else if (isMuch)
+            runs_[i].moved.paint(painter, part.topLeft());
         painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
         if (runs_[i].ceiling) paintTiles(painter, i, part);
         painter.end();

@@ -8,10 +8,12 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "app/MovedArt.h"
+#include "app/Pieces.h"
 #include "app/Port.h"
 #include "app/Watch.h"
 
@@ -28,6 +30,12 @@ class LiveArt {
     void invalidate(const std::vector<model::Box>& boxes);
     /// Takes what the watch says is live now.
     void update();
+    [[nodiscard]] bool isAny() const { return !runs_.empty(); }
+
+    /// The true pictures that are to be made for the gesture now; nothing when that is the same as the last time.
+    [[nodiscard]] std::optional<std::vector<Piece>> takeWantedPieces();
+    /// One of them, of a run, which is painted from now on instead of what it shows.
+    void setPiece(const Piece& piece, QImage image);
 
     /// Makes tiles for about this long. Returns where.
     QRegion refine(int milliseconds);
@@ -43,11 +51,15 @@ class LiveArt {
     static constexpr std::size_t kMostRuns = 8; // beyond, all live art lies where the topmost does
     static constexpr std::size_t kMuch = 1000;  // objects; more are not painted anew as long as they only move
 
-    /// Live art with nothing else between.
-    struct Run {
-        const model::Node* ceiling; ///< what comes right above, not live; null for nothing
-        std::vector<model::Node*> art;
+    struct Run : LiveRun {
         MovedArt moved{}; ///< where there is much
+    };
+    /// What is known of a run from true pictures.
+    struct Truth {
+        QImage art;                        ///< as it was before the gesture
+        Port port;                         ///< of it
+        std::optional<model::Point> moved; ///< since; unless more has happened to it
+        QImage above;                      ///< all of the view
     };
     using Place = std::pair<int, int>; // column and row of a tile
     /// What lies between each run and the next, or above all; null images for nothing.
@@ -62,13 +74,20 @@ class LiveArt {
     [[nodiscard]] QRect rectangleOf(const std::vector<model::Node*>& art) const;
     [[nodiscard]] QImage picture(const QRect& part) const;
     void paintTiles(QPainter& painter, std::size_t run, const QRect& part) const;
+    void forgetTruths();
+    void findMoves();
+    /// Where the true picture of a run's art lies now; nothing when it is of no use.
+    [[nodiscard]] QRect placeOfTruth(std::size_t run) const;
 
     const Watch& watch_;
     model::Document* document_ = nullptr;
     Port port_;
     std::vector<model::Node*> live_; ///< when the runs were found
     std::uint64_t arrangement_ = 0;
-    std::vector<Run> runs_; ///< the bottommost first
+    std::vector<Run> runs_;     ///< the bottommost first
+    std::vector<Truth> truths_; ///< of the runs
+    bool wantsPieces_ = false;  ///< other runs than those that the last pieces were wanted for, or another port
+    std::vector<const model::Node*> piecesOf_; ///< what they were wanted for
     std::map<Place, Tile> tiles_;
     std::vector<Place> wanted_;
 };

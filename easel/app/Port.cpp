@@ -32,6 +32,11 @@ QRect Port::rectangle(const model::Box& box) const {
     return {from, to};
 }
 
+bool Port::isNear(model::Point a, model::Point b) const {
+    constexpr double kNear = 0.01; // pixels
+    return std::abs(a.x - b.x) * pixels < kNear && std::abs(a.y - b.y) * pixels < kNear;
+}
+
 Port Port::part(const QRect& rectangle) const {
     return {{origin.x + rectangle.x() / pixels, origin.y + rectangle.y() / pixels}, pixels, rectangle.size()};
 }

@@ -27,6 +27,8 @@ struct Port {
     [[nodiscard]] QPointF place(model::Point point) const {     ///< in pixels
         return {(point.x - origin.x) * pixels, (point.y - origin.y) * pixels};
     }
+    /// Whether the same pixels show both.
+    [[nodiscard]] bool isNear(model::Point a, model::Point b) const;
     /// A window on a part of it.
     [[nodiscard]] Port part(const QRect& rectangle) const;
 };

@@ -45,6 +45,7 @@ void Scene::show(model::Document* document) {
     image_.fill(Qt::transparent);
     live_.show(document_, port_);
     dropTruth();
+    needsRest_ = false;
     invalidateAll();
 }
 
@@ -69,7 +70,6 @@ void Scene::invalidate(const std::vector<model::Box>& boxes) {
     if (boxes.empty() || port_.size.isEmpty()) return;
     invalid_ += tilesAround(boxes, port_);
     live_.invalidate(boxes);
-    spoilTruth(boxes);
 }
 
 void Scene::invalidateAll() { invalid_ = QRect(QPoint(0, 0), port_.size); }
@@ -113,15 +113,13 @@ QRegion Scene::takeLive(int milliseconds) {
 // Truth
 
 void Scene::setTruth(QImage image, const Port& port) {
-    truth_ = std::move(image);
-    truthPort_ = port;
-    spoilt_ = std::exchange(spoiltSince_, {});
+    truth_ = {std::move(image), port, std::exchange(spoiltSince_, {})};
     requested_.reset();
 }
 
 void Scene::dropTruth() {
     truth_ = {};
-    spoilt_ = {};
+    rest_ = {};
     spoiltSince_ = {};
     requested_.reset();
 }
@@ -132,35 +130,69 @@ void Scene::noteRequest() {
 }
 
 void Scene::spoilTruth(const std::vector<model::Box>& boxes) {
-    if (hasTruth()) spoilt_ += tilesAround(boxes, truthPort_);
+    if (hasTruth()) truth_.spoilt += tilesAround(boxes, truth_.port);
     if (requested_) spoiltSince_ += tilesAround(boxes, *requested_);
+}
+
+std::optional<std::vector<Piece>> Scene::takeWantedPieces() {
+    auto wanted = live_.takeWantedPieces();
+    if (!wanted) return wanted;
+    needsRest_ = !wanted->empty() && wanted->front().kind == Piece::Kind::Rest;
+    if (!needsRest_) rest_ = {};
+    return wanted;
+}
+
+void Scene::setPiece(const Piece& piece, QImage image) {
+    if (piece.kind == Piece::Kind::Rest)
+        rest_ = {std::move(image), piece.port, {}};
+    else
+        live_.setPiece(piece, std::move(image));
+}
+
+bool Scene::settle(bool changed) {
+    const bool showsAll = hasTruth() && live_.isAny() && (!needsRest_ || !rest_.image.isNull());
+    if (changed && showsAll) {
+        QImage image(port_.size, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        paint(painter, image.rect());
+        paintLive(painter, image.rect());
+        painter.end();
+        truth_ = {std::move(image), port_, {}};
+        requested_.reset(); // what is asked for is of before
+    }
+    rest_ = {};
+    needsRest_ = false;
+    return showsAll || !changed;
 }
 
 QRect Scene::pageRectangle() const { return port_.rectangle({0, 0, document_->width(), document_->height()}); }
 
 /// Where the truth shows: as far as it reaches, but where it is spoilt.
 QRegion Scene::knownTruth() const {
-    const auto shown = [this](const QRect& part) { return port_.rectangle(truthPort_.box(part)); };
+    const Truth& truth = shownTruth();
+    const auto shown = [&](const QRect& part) { return port_.rectangle(truth.port.box(part)); };
     QRegion known = pageRectangle();
-    known &= shown(QRect(QPoint(0, 0), truthPort_.size)).adjusted(1, 1, -1, -1); // without half a pixel at its edge
-    for (const QRect& tile : spoilt_) known -= shown(tile);
+    known &= shown(QRect(QPoint(0, 0), truth.port.size)).adjusted(1, 1, -1, -1); // without half a pixel at its edge
+    for (const QRect& tile : truth.spoilt) known -= shown(tile);
     return known;
 }
 
 void Scene::paint(QPainter& painter, const QRect& pixels) const {
     if (!document_) return;
-    if (!hasTruth()) return painter.drawImage(pixels.topLeft(), image_, pixels);
+    const Truth& truth = shownTruth();
+    if (truth.image.isNull()) return painter.drawImage(pixels.topLeft(), image_, pixels);
     const QRegion known = knownTruth() & pixels;
     painter.save();
     painter.setClipRegion(QRegion(pixels) - known);
     painter.drawImage(pixels.topLeft(), image_, pixels);
     painter.setClipRegion(known);
-    const QPointF corner = port_.place(truthPort_.origin);
-    const double scale = port_.pixels / truthPort_.pixels;
+    const QPointF corner = port_.place(truth.port.origin);
+    const double scale = port_.pixels / truth.port.pixels;
     if (scale == 1)
-        painter.drawImage(corner.toPoint(), truth_);
+        painter.drawImage(corner.toPoint(), truth.image);
     else
-        painter.drawImage(QRectF(corner, QSizeF(truthPort_.size) * scale), truth_);
+        painter.drawImage(QRectF(corner, QSizeF(truth.port.size) * scale), truth.image);
     painter.restore();
 }
 

@@ -44,17 +44,34 @@ class Scene {
     /// The true looks of art that cairo does not draw, made elsewhere; of this view when it was asked for.
     void setTruth(QImage image, const Port& port);
     void dropTruth();
-    /// The truth is out of date at these places from now on.
+    /// The truth is out of date at these places from now on. While a gesture runs it never is: what that leaves as it
+    /// is has a picture of its own, and until that is there the last one shows.
     void spoilTruth(const std::vector<model::Box>& boxes);
-    [[nodiscard]] bool hasTruth() const { return !truth_.isNull(); }
+    [[nodiscard]] bool hasTruth() const { return !truth_.image.isNull(); }
+    /// Whether there is one of this view, in which nothing is out of date.
+    [[nodiscard]] bool isTruthNew() const { return hasTruth() && truth_.port == port_ && truth_.spoilt.isEmpty(); }
+    /// True pictures that a running gesture needs; nothing when these are the same as the last time.
+    [[nodiscard]] std::optional<std::vector<Piece>> takeWantedPieces();
+    void setPiece(const Piece& piece, QImage image);
+    /// A gesture ends, which has changed something or not: what shows is the truth until there is another one. Returns
+    /// false where too little of that shows.
+    bool settle(bool changed);
     /// Paints the picture, and the truth where it is known, within the page.
     void paint(QPainter& painter, const QRect& pixels) const;
     /// A truth is asked for: what has been spoilt until now is in it.
     void noteRequest();
 
   private:
+    /// A true picture, where it is not out of date.
+    struct Truth {
+        QImage image;
+        Port port;
+        QRegion spoilt; ///< of whole tiles of the port
+    };
+
     void paintTile(const QRect& tile);
     [[nodiscard]] QRect pageRectangle() const;
+    [[nodiscard]] const Truth& shownTruth() const { return live_.isAny() && !rest_.image.isNull() ? rest_ : truth_; }
     [[nodiscard]] QRegion knownTruth() const;
 
     Watch& watch_;
@@ -63,9 +80,9 @@ class Scene {
     Port port_;
     QImage image_;
     QRegion invalid_; // of whole tiles
-    QImage truth_;
-    Port truthPort_;
-    QRegion spoilt_; ///< of whole tiles of that port
+    Truth truth_;
+    Truth rest_;             ///< without what the running gesture changes
+    bool needsRest_ = false; ///< since something that the truth shows changes
     std::optional<Port> requested_;
     QRegion spoiltSince_; ///< the request, in whole tiles of its port
 };

@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -24,6 +25,49 @@ QImage imageOf(const std::string& pixels, QSize size) {
     return image;
 }
 
+/// The drawing that was asked for last, and the renderer with what of it was drawn last.
+class Drawing {
+  public:
+    explicit Drawing(svg::Waiting waiting) : waiting_(std::move(waiting)) {}
+
+    QImage picture(const TruePictures::Order& order) {
+        const Piece& piece = order.piece;
+        if (svg_ != order.svg) cutter_.reset();
+        if (!renderer_) renderer_ = std::make_unique<svg::RenderProcess>(waiting_);
+        if (svg_ != order.svg || !isWhole_ || !piece.shown.empty()) {
+            svg_ = nullptr; // in case of failure
+            if (!piece.shown.empty() && !cutter_) cutter_.emplace(*order.svg);
+            renderer_->ask(render::Request::Load, piece.shown.empty() ? *order.svg : cutter_->cut(piece.shown));
+            svg_ = order.svg;
+            isWhole_ = piece.shown.empty();
+        }
+        const Port& port = piece.port;
+        const render::ViewRequest view{.width = order.pageWidth,
+                                       .height = order.pageHeight,
+                                       .scale = port.pixels,
+                                       .left = port.origin.x * port.pixels,
+                                       .top = port.origin.y * port.pixels,
+                                       .columns = static_cast<std::uint32_t>(port.size.width()),
+                                       .rows = static_cast<std::uint32_t>(port.size.height())};
+        render::Packer packed;
+        packed << view;
+        return imageOf(renderer_->ask(render::Request::View, packed.bytes), port.size);
+    }
+
+    /// After a failure: the renderer takes no more requests.
+    void end() {
+        renderer_.reset();
+        svg_ = nullptr;
+    }
+
+  private:
+    svg::Waiting waiting_;
+    std::unique_ptr<svg::RenderProcess> renderer_;
+    std::shared_ptr<const std::string> svg_;
+    std::optional<Cutter> cutter_; ///< of that
+    bool isWhole_ = false;         ///< what the renderer has
+};
+
 } // namespace
 
 TruePictures::TruePictures(QObject& receiver, Ready ready, Failed failed)
@@ -43,50 +87,49 @@ void TruePictures::ask(Order order) {
         const std::lock_guard lock(mutex_);
         next_ = std::move(order);
     }
+    start();
+}
+
+void TruePictures::askPieces(std::vector<Order> orders) {
+    {
+        const std::lock_guard lock(mutex_);
+        pieces_.assign(std::make_move_iterator(orders.begin()), std::make_move_iterator(orders.end()));
+    }
+    start();
+}
+
+void TruePictures::start() {
     if (!thread_.joinable()) thread_ = std::thread([this] { work(); });
     woken_.notify_one();
 }
 
+/// Waits for the next order, those of a gesture first. None at the end.
+std::optional<TruePictures::Order> TruePictures::take() {
+    std::unique_lock lock(mutex_);
+    woken_.wait(lock, [this] { return ends_ || next_ || !pieces_.empty(); });
+    if (ends_) return std::nullopt;
+    if (pieces_.empty()) return std::exchange(next_, std::nullopt);
+    Order order = std::move(pieces_.front());
+    pieces_.pop_front();
+    return order;
+}
+
 void TruePictures::work() {
-    std::unique_ptr<svg::RenderProcess> renderer;
-    std::shared_ptr<const std::string> loaded;
-    const auto stopWhenEnding = [this](int /*seconds*/) {
+    Drawing drawing([this](int /*seconds*/) {
         const std::lock_guard lock(mutex_);
         if (ends_) throw Ended();
-    };
-    while (true) {
-        std::unique_lock lock(mutex_);
-        woken_.wait(lock, [this] { return ends_ || next_; });
-        if (ends_) return;
-        const Order order = std::move(*next_);
-        next_.reset();
-        lock.unlock();
+    });
+    while (auto order = take()) {
         try {
-            if (!renderer) renderer = std::make_unique<svg::RenderProcess>(stopWhenEnding);
-            if (loaded != order.svg) {
-                loaded = nullptr;
-                renderer->ask(render::Request::Load, *order.svg);
-                loaded = order.svg;
-            }
-            const render::ViewRequest view{.width = order.pageWidth,
-                                           .height = order.pageHeight,
-                                           .scale = order.port.pixels,
-                                           .left = order.port.origin.x * order.port.pixels,
-                                           .top = order.port.origin.y * order.port.pixels,
-                                           .columns = static_cast<std::uint32_t>(order.port.size.width()),
-                                           .rows = static_cast<std::uint32_t>(order.port.size.height())};
-            render::Packer packed;
-            packed << view;
-            const QImage image = imageOf(renderer->ask(render::Request::View, packed.bytes), order.port.size);
-            QMetaObject::invokeMethod(
-                &receiver_, [this, image, order = order.number, port = order.port] { ready_(order, image, port); });
+            const QImage image = drawing.picture(*order);
+            QMetaObject::invokeMethod(&receiver_, [this, image, order = *std::move(order)] { ready_(order, image); });
         } catch (const Ended&) {
             return;
         } catch (const std::exception& error) {
-            renderer.reset(); // it takes no more requests
-            loaded = nullptr;
-            QMetaObject::invokeMethod(
-                &receiver_, [this, order = order.number, why = std::string(error.what())] { failed_(order, why); });
+            drawing.end();
+            QMetaObject::invokeMethod(&receiver_, [this, order = *std::move(order), why = std::string(error.what())] {
+                failed_(order, why);
+            });
         }
     }
 }

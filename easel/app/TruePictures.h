@@ -1,19 +1,22 @@
 // Pictures of a view by the renderer's process, which draws what cairo alone cannot: gradients, filters, text, images.
-// They are made beside the window, the newest request first; older ones are dropped.
+// They are made beside the window: of the whole drawing for the newest request, and of its pieces for the newest
+// gesture.
 #pragma once
 
 #include <QImage>
 #include <QObject>
 
 #include <condition_variable>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
+#include <vector>
 
-#include "app/Scene.h"
+#include "app/Pieces.h"
 
 namespace easel::app {
 
@@ -23,11 +26,11 @@ class TruePictures {
         std::shared_ptr<const std::string> svg;
         double pageWidth = 0;
         double pageHeight = 0;
-        Port port;
-        std::uint64_t number = 0; ///< which comes back with what is made
+        Piece piece;
+        std::uint64_t number = 0; ///< of what is asked for together
     };
-    using Ready = std::function<void(std::uint64_t order, const QImage& image, const Port& port)>;
-    using Failed = std::function<void(std::uint64_t order, const std::string& why)>;
+    using Ready = std::function<void(const Order& order, const QImage& image)>;
+    using Failed = std::function<void(const Order& order, const std::string& why)>;
 
     /// Both are called in the thread of `receiver`, as long as that lives.
     TruePictures(QObject& receiver, Ready ready, Failed failed);
@@ -36,9 +39,13 @@ class TruePictures {
     TruePictures& operator=(const TruePictures&) = delete;
 
     void ask(Order order);
+    /// In this order, instead of those that are not made yet.
+    void askPieces(std::vector<Order> orders);
 
   private:
     void work();
+    void start();
+    [[nodiscard]] std::optional<Order> take();
 
     QObject& receiver_;
     Ready ready_;
@@ -46,6 +53,7 @@ class TruePictures {
     std::mutex mutex_;
     std::condition_variable woken_;
     std::optional<Order> next_;
+    std::deque<Order> pieces_;
     bool ends_ = false;
     std::thread thread_;
 };

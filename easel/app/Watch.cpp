@@ -60,6 +60,37 @@ void Watch::note(const Node& node) {
         at->second = {node.id(), node.type(), node.alive(), node.parent(), node.state().order, node.content()};
 }
 
+const Watch::Before* Watch::noteOf(const Node& node) const {
+    const auto at = touched_.find(node.id().slot);
+    return at == touched_.end() ? nullptr : &at->second;
+}
+
+bool Watch::isNew(const Node& node) const {
+    const Before* const note = noteOf(node);
+    return note && (note->id != node.id() || !note->alive);
+}
+
+const model::Content& Watch::before(const Node& node) const {
+    const Before* const note = noteOf(node);
+    return note && note->id == node.id() ? note->content : node.content();
+}
+
+std::optional<model::Point> Watch::movedBy(const Node& art) const {
+    model::OutlineList were;
+    for (const Node* at = art.type() == NodeType::Compound ? art.lastChild() : &art; at;
+         at = at == &art ? nullptr : at->previous()) {
+        if (isNew(*at)) return std::nullopt;
+        const model::Content& was = before(*at);
+        if (was.style != at->content().style || was.extras != at->content().extras) return std::nullopt;
+        if (was.path) were.push_back(was.path);
+    }
+    if (art.type() != NodeType::Opaque) return commonMove(were, art.outlines());
+    const model::OpaqueData& was = *before(art).opaque;
+    const model::OpaqueData& is = art.opaque();
+    if (was.turned != is.turned || was.special != is.special) return std::nullopt;
+    return model::Point{is.moved.x - was.moved.x, is.moved.y - was.moved.y};
+}
+
 Node* Watch::now(const Before& before) const { return document_->find(before.id); }
 
 bool Watch::isSame(const Before& before, const Node* node) {

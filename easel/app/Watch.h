@@ -2,6 +2,7 @@
 // changes, which is painted over the picture until the gesture ends.
 #pragma once
 
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -44,6 +45,12 @@ class Watch {
     [[nodiscard]] const std::vector<model::Node*>& live() const { return live_; }
     /// Whether the picture leaves it out.
     [[nodiscard]] bool isLifted(const model::Node& node) const { return lifted_.contains(node.id().slot); }
+    /// Whether the running gesture has made it.
+    [[nodiscard]] bool isNew(const model::Node& node) const;
+    /// What it was like before the running gesture.
+    [[nodiscard]] const model::Content& before(const model::Node& node) const;
+    /// How far the running gesture has moved art, if it has done nothing else to it.
+    [[nodiscard]] std::optional<model::Point> movedBy(const model::Node& art) const;
 
   private:
     struct Before {
@@ -56,6 +63,7 @@ class Watch {
     };
 
     void note(const model::Node& node);
+    [[nodiscard]] const Before* noteOf(const model::Node& node) const; ///< or null: it has not changed
     /// The node as it is now, if it is there.
     [[nodiscard]] model::Node* now(const Before& before) const;
     [[nodiscard]] static bool isSame(const Before& before, const model::Node* node);

@@ -44,6 +44,10 @@ class IconsTest : public desk::Shown {
 
     QImage shown() {
         EXPECT_TRUE(await([&] { return canvas().isTrue(); }));
+        return corner();
+    }
+    /// The page, as it shows at once.
+    QImage corner() {
         const QPoint corner = canvas().fromDocument({0, 0}).toPoint();
         return canvas().grab().toImage().copy(QRect(corner, size()));
     }
@@ -83,6 +87,35 @@ TEST_F(IconsTest, AreShownAsLibrsvgDrawsThem) {
         EXPECT_NE(saved, easel::svg::readFile(icon));
     }
     EXPECT_EQ(moved, kIcons);
+}
+
+/// From the first move on, and after the gesture until all is drawn anew.
+TEST_F(IconsTest, KeepTheirLooksWhileOneObjectIsDragged) {
+    constexpr double kOutlines = 0.05; // of pixels, at most, that the object's own place and its outline take
+    const std::string icon = "/usr/share/icons/Tango/scalable/apps/accessories-calculator.svg";
+    open(icon);
+    canvas().zoomTo(kScale);
+    canvas().feedbackShown = false;
+    chooseTool("Selection Tool");
+    const QImage before = shown();
+    const auto isLike = [&](const QImage& right) { return difference(corner(), right, 8) < kOutlines; };
+    for (const char* const end : {"Escape", "Return"}) {
+        press({26, 24});
+        drag({27, 24.5});
+        EXPECT_TRUE(isLike(before)) << end;
+        drag({30, 26});
+        ASSERT_FALSE(canvas().isTrue());
+        EXPECT_LT(difference(shown(), drawn(easel::svg::write(document()), size()), 8), kOutlines) << end;
+        canvas().restMilliseconds = *end == 'E' ? 0 : 1'000'000;
+        actions->key(end, 0);
+        if (*end == 'E') {
+            EXPECT_LE(difference(shown(), before, 1), kTolerance);
+            continue;
+        }
+        release({30, 26});
+        settle();
+        EXPECT_TRUE(isLike(drawn(easel::svg::write(document()), size())));
+    }
 }
 
 } // namespace
