@@ -1,0 +1,127 @@
+// The view and its keys, modifiers that are held by a switch, and pictures of the drawing for others.
+#include <QFileDialog>
+#include <QImage>
+#include <QLineEdit>
+#include <QToolButton>
+
+#include <cmath>
+#include <numbers>
+
+#include "WindowTest.h"
+
+namespace {
+
+using desk::WindowTest;
+using easel::model::Point;
+using testing::StartsWith;
+
+class ViewTest : public WindowTest {
+  protected:
+    /// What a shortcut belongs to, in menus and toolbox.
+    void shortcut(const char* keys) {
+        for (QAction* const action : window->findChildren<QAction*>())
+            if (action->shortcuts().contains(QKeySequence(keys))) return action->trigger();
+        ADD_FAILURE() << "nothing has the key " << keys;
+    }
+    void pull(QPointF from, QPointF to, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
+        const auto send = [&](QEvent::Type type, QPointF at, Qt::MouseButton which, Qt::MouseButtons held) {
+            QMouseEvent event(type, at, canvas().mapToGlobal(at), which, held, keys);
+            QApplication::sendEvent(&canvas(), &event);
+        };
+        send(QEvent::MouseButtonPress, from, button, button);
+        send(QEvent::MouseMove, to, Qt::NoButton, button);
+        send(QEvent::MouseButtonRelease, to, button, Qt::NoButton);
+    }
+    double turnOf(const easel::model::PathData& line) {
+        const Point from = line.points.front().anchor;
+        const Point to = line.points.back().anchor;
+        return std::atan2(from.y - to.y, to.x - from.x) * 180 / std::numbers::pi;
+    }
+};
+
+TEST_F(ViewTest, IsPulledByAnyToolAndByTheHand) {
+    chooseTool("Isometric Line Tool");
+    const auto pulls = [&](Qt::MouseButton button) {
+        const QPointF before = canvas().fromDocument({0, 0});
+        pull({100, 100}, {130, 80}, button);
+        return canvas().fromDocument({0, 0}) - before;
+    };
+    EXPECT_EQ(pulls(Qt::MiddleButton), QPointF(30, -20));
+    key(canvas(), Qt::Key_Space, " ");
+    EXPECT_EQ(pulls(Qt::LeftButton), QPointF(30, -20));
+    key(canvas(), Qt::Key_Space, " ", {}, QEvent::KeyRelease);
+    shortcut("H");
+    EXPECT_EQ(pulls(Qt::LeftButton), QPointF(30, -20));
+    EXPECT_EQ(paths(), 0U);
+    shortcut("L"); // whichever tool was there before
+    EXPECT_EQ(pulls(Qt::LeftButton), QPointF(0, 0));
+    EXPECT_EQ(paths(), 1U);
+}
+
+TEST_F(ViewTest, GoesBetweenThePageAndWhatTheToolIsClickedOn) {
+    shortcut("Ctrl+0");
+    const double whole = canvas().zoom();
+    const QPointF corner = canvas().fromDocument({300, 200});
+    EXPECT_TRUE(canvas().rect().contains(corner.toPoint()));
+    shortcut("Ctrl+1");
+    EXPECT_EQ(canvas().zoom(), 1);
+    shortcut("Ctrl++");
+    const double larger = canvas().zoom();
+    EXPECT_GT(larger, 1);
+    shortcut("Ctrl+-");
+    EXPECT_NEAR(canvas().zoom(), 1, 1e-12);
+    shortcut("Z");
+    const Point under = canvas().toDocument({200, 150});
+    pull({200, 150}, {200, 150}, Qt::LeftButton);
+    EXPECT_EQ(canvas().zoom(), 2);
+    EXPECT_NEAR(canvas().toDocument({200, 150}).x, under.x, 0.5); // but for whole pixels
+    pull({200, 150}, {200, 150}, Qt::LeftButton, Qt::AltModifier);
+    EXPECT_EQ(canvas().zoom(), 1);
+    shortcut("Ctrl+0");
+    EXPECT_EQ(canvas().zoom(), whole);
+    EXPECT_EQ(paths(), 0U);
+}
+
+TEST_F(ViewTest, SwitchesHoldModifiersForOneHand) {
+    chooseTool("Isometric Line Tool");
+    const auto lineAt = [&](Qt::KeyboardModifiers keys = {}) {
+        press({100, 150}, keys);
+        drag({140, 115}, keys); // 41 degrees up
+        release({140, 115}, keys);
+        return turnOf(topPath());
+    };
+    const double freely = std::atan2(35, 40) * 180 / std::numbers::pi;
+    EXPECT_NEAR(lineAt(), 30, 1e-9);
+    for (const auto& [name, turn] : {std::pair("holdShift", 45.0), std::pair("holdOption", freely)}) {
+        auto* const held = window->findChild<QToolButton*>(name);
+        held->click();
+        EXPECT_NEAR(lineAt(), turn, 1e-6) << name;
+        held->click();
+        EXPECT_NEAR(lineAt(), 30, 1e-9) << name;
+    }
+}
+
+/// At twice the density, on the page.
+TEST_F(ViewTest, PicturesForOthersShowTheDrawing) {
+    actions->selectTool(*session->toolbox.findByTitle("Isometric Line Tool"));
+    stroke({{100, 150}, {100, 50}});
+    const auto exportAs = [&](const char* item, const char* name) {
+        whenAsked<QFileDialog>([&, name](QFileDialog& dialog) {
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(folder.path(name)));
+            static_cast<QDialog&>(dialog).accept();
+        });
+        choose(item);
+        return folder.content(name);
+    };
+    EXPECT_THAT(exportAs("P&DF Page...", "drawn.pdf"), StartsWith("%PDF-"));
+    exportAs("&PNG Picture...", "drawn.png");
+    const QImage picture(QString::fromStdString(folder.path("drawn.png")));
+    EXPECT_EQ(picture.size(), QSize(600, 400));
+    int ink = 0;
+    for (int x = 190; x < 210; ++x) ink += 255 - qGray(picture.pixel(x, 200));
+    EXPECT_NEAR(ink, 2 * 255 * document().currentLayer().firstChild()->style().strokeWidth, 2);
+    EXPECT_EQ(picture.pixel(300, 200), qRgb(255, 255, 255));
+    EXPECT_TRUE(failures.empty());
+}
+
+} // namespace
