@@ -148,6 +148,31 @@ void moveMany(benchmark::State& state) {
     shown.send(QEvent::MouseButtonRelease, from);
 }
 
+/// Zooming in and out about the middle: until the old picture shows at the new scale, and until all of it is sharp again.
+void zoom(benchmark::State& state) {
+    const Folder folder;
+    Shown shown(folder.path);
+    const double side = documents::side(state.range(0));
+    shown.actions.newDocument(side, side);
+    documents::fill(*shown.session.document(), state.range(0));
+    shown.actions.setCurrentLayer(0); // any act shows what was filled in
+    app::Canvas& canvas = shown.window->canvas();
+    canvas.fitPage();
+    shown.settle();
+    double slowest = 0;
+    double factor = 1.25;
+    for (auto _ : state) {
+        QElapsedTimer clock;
+        clock.start();
+        canvas.zoomBy(factor);
+        canvas.repaint();
+        slowest = std::max(slowest, static_cast<double>(clock.nsecsElapsed()) * 1e-6);
+        shown.settle();
+        factor = 1 / factor;
+    }
+    state.counters["first picture, ms"] = slowest;
+}
+
 /// A program from its start until it says so on standard output; then it is ended.
 double secondsUntil(const char* line, const QString& program, const QStringList& arguments) {
     QProcess process;
@@ -243,6 +268,7 @@ BENCHMARK_CAPTURE(drag, below, "Selection Tool", Grip::Bottommost)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(moveMany)->Name("window/moveMany")->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(zoom)->Name("window/zoom")->Arg(10'000)->Arg(100'000)->Iterations(6)->Unit(benchmark::kMillisecond);
 BENCHMARK(start)->Name("window/start")->Iterations(20)->Unit(benchmark::kMillisecond);
 BENCHMARK(openLarge)->Name("window/open")->Arg(500'000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
