@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kFamily = "Inter";
 
 Look current;
-std::future<void> fontsRead;
+std::promise<void> applicationMade;
 std::future<void> fontsListed;
 
 Colors lightColors() {
@@ -99,15 +99,14 @@ void applyLook(bool dark) {
 }
 
 void readFonts() {
-    fontsRead = std::async(std::launch::async, [] { FcInit(); });
-}
-
-void listFonts() {
     fontsListed = std::async(std::launch::async, [] {
-        fontsRead.wait();
-        static_cast<void>(QFontDatabase::hasFamily(kFamily)); // the first question makes the list
+        FcInit();
+        applicationMade.get_future().wait();
+        static_cast<void>(QFontDatabase::families()); // the first question makes the list
     });
 }
+
+void listFonts() { applicationMade.set_value(); }
 
 void awaitFonts() {
     if (fontsListed.valid()) fontsListed.wait();

@@ -34,10 +34,9 @@ struct Look {
 void applyLook(bool dark);
 
 // The list of fonts, a third of the way to the first picture, is made in a thread of its own.
-void readFonts(); ///< before the application is there
-void listFonts(); ///< afterwards
-/// Until the list is made, if it was begun.
-void awaitFonts();
+void readFonts();  ///< begins, before there is an application
+void listFonts();  ///< goes on, since there is one now
+void awaitFonts(); ///< until the list is made, if it was begun
 
 constexpr QSize kToolIcon(22, 22);
 constexpr QSize kButtonIcon(16, 16);
