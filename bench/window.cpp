@@ -148,7 +148,8 @@ void moveMany(benchmark::State& state) {
     shown.send(QEvent::MouseButtonRelease, from);
 }
 
-/// Zooming in and out about the middle: until the old picture shows at the new scale, and until all of it is sharp again.
+/// Zooming in and out about the middle: until the old picture shows at the new scale, and until all of it is sharp
+/// again.
 void zoom(benchmark::State& state) {
     const Folder folder;
     Shown shown(folder.path);

@@ -127,6 +127,7 @@ void begin(app::Window& window, session::Session& session, const Command& comman
     for (const std::string& bundle : command.plugins) session.plugins.load(bundle);
     session::loadFound(session.plugins, session.reports);
     for (const std::string& line : session.start()) window.tell(QString::fromStdString(line));
+    window.canvas().setNotice({});
     constexpr double kWidth = 595;
     constexpr double kHeight = 842;
     if (command.drawing.empty())
@@ -181,6 +182,7 @@ int show(int argc, char** argv, const Command& command) {
         if (command.timeStart) QApplication::exit(Done);
     };
     const FirstPictures pictures(window.canvas(), shown, drawn);
+    window.canvas().setNotice(" "); // a drawing is about to come
     window.show();
     window.activateWindow(); // without a window manager nobody else does
     const int code = QApplication::exec();

@@ -124,7 +124,7 @@ LayersPanel::LayersPanel(Actions& actions)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(2);
     auto* const title = new QLabel("Layers", this);
-    title->setFont(boldFont());
+    title->setForegroundRole(QPalette::PlaceholderText); // faint
     title->setContentsMargins(10, 8, 10, 4);
     column->addWidget(title);
     column->addWidget(&list_, 1);

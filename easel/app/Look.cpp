@@ -112,12 +112,6 @@ void awaitFonts() {
     if (fontsListed.valid()) fontsListed.wait();
 }
 
-QFont boldFont() {
-    QFont font = QApplication::font();
-    font.setBold(true);
-    return font;
-}
-
 QString literal(QString text) { return text.replace('&', "&&"); }
 
 QColor layerColor(std::size_t index) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QColor>
-#include <QFont>
 #include <QIcon>
 #include <QSize>
 #include <QString>
@@ -42,9 +41,6 @@ constexpr QSize kToolIcon(22, 22);
 constexpr QSize kButtonIcon(16, 16);
 /// Paints the icons that every window shows, which the first picture need not wait for then.
 void paintIcons();
-
-/// Of titles. A text in bold by HTML would take a text document to lay out.
-[[nodiscard]] QFont boldFont();
 
 /// Icons that are drawn at whatever size is asked for, in the text's colour.
 enum class Symbol {

@@ -88,7 +88,7 @@ SelectionPanel::SelectionPanel(Actions& actions) : actions_(actions), title_(*ne
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(10, 8, 10, 10);
     column->setSpacing(8);
-    title_.setFont(boldFont());
+    title_.setForegroundRole(QPalette::PlaceholderText); // faint
     column->addWidget(&title_);
     auto* const grid = new QGridLayout;
     grid->setHorizontalSpacing(6);

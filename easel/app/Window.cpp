@@ -200,7 +200,8 @@ void Window::showTools() {
     const session::Tool& current = *actions_.session().toolbox.current();
     const Handling handling = canvas_.handling();
     if (handling == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
-    hint_.setText(handling == Handling::Hand   ? QString("Drag to move the view")
+    hint_.setText(!canvas_.hasDocument()       ? QString()
+                  : handling == Handling::Hand ? QString("Drag to move the view")
                   : handling == Handling::Zoom ? QString("Click to zoom in, Alt-click to zoom out")
                                                : hintFor(current, actions_.session().pointer.pressed()));
 }
