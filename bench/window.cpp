@@ -128,7 +128,7 @@ void moveMany(benchmark::State& state) {
         svg::replaceFile(file, svg::write(document));
     }
     shown.window->open(file);
-    while (shown.window->isReading()) QApplication::processEvents();
+    while (shown.window->files().isReading()) QApplication::processEvents();
     shown.settle();
     shown.actions.selectTool(*shown.session.toolbox.findByTitle("Selection Tool"));
     model::Document& document = *shown.session.document();
@@ -241,7 +241,7 @@ void openLarge(benchmark::State& state) {
         QElapsedTimer clock;
         clock.start();
         shown.window->open(file);
-        while (shown.window->isReading()) slice(true);
+        while (shown.window->files().isReading()) slice(true);
         state.counters["longest wait until read, ms"] = longest;
         shown.window->canvas().repaint();
         state.counters["first picture, s"] = static_cast<double>(clock.elapsed()) / 1000;

@@ -52,10 +52,21 @@ int fail(ExitCode code, const std::string& why) {
     return code;
 }
 
+/// For whoever ends the program, with or without a display to say it on.
+void keepWork() {
+    std::string why;
+    try {
+        if (shownWindow) why = shownWindow->files().keepWork(true);
+    } catch (const std::exception& error) {
+        why = error.what();
+    }
+    if (!why.empty()) std::fprintf(stderr, "easel-window: unsaved work is not kept: %s\n", why.c_str());
+}
+
 /// Hears what Qt says. Without a display, and when the display is lost, these lines are all that comes.
 void hearQt(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
     const bool isLost = text.contains("connection broke");
-    if (isLost && shownWindow) shownWindow->keepWork(true);
+    if (isLost) keepWork();
     if (type == QtFatalMsg || isLost) {
         const std::string line = text.section('\n', 0, 0).toStdString();
         std::fprintf(stderr, "easel-window: no display: %s\n", line.c_str());
@@ -76,7 +87,7 @@ void endOnSignals(QObject& context) {
     QObject::connect(heard, &QSocketNotifier::activated, &context, app::guarded([] {
                          unsigned char number = 0;
                          if (::read(signalPipe[0], &number, 1) != 1) return;
-                         if (shownWindow) shownWindow->keepWork(true);
+                         keepWork();
                          constexpr int kBySignal = 128;
                          QApplication::exit(kBySignal + number);
                      }));
@@ -131,10 +142,10 @@ void begin(app::Window& window, session::Session& session, const Command& comman
     constexpr double kWidth = 595;
     constexpr double kHeight = 842;
     if (command.drawing.empty())
-        window.newDocument(kWidth, kHeight);
+        window.files().newDocument(kWidth, kHeight);
     else
         window.open(command.drawing);
-    window.offerRecovered();
+    window.files().offerRecovered();
 }
 
 int show(int argc, char** argv, const Command& command) {

@@ -147,32 +147,49 @@ void Actions::disown(const std::string& path) {
     session_.documents.setModified(*drawing(), true);
 }
 
-/// Those that are open still: plug-ins hear of each, and may do as they like.
-void Actions::close(const std::vector<std::uint32_t>& numbers) {
-    for (const std::uint32_t number : numbers) {
+/// What is in front and what it is a part of, as far as that is open still: plug-ins hear of each, and may do as they
+/// like. Returns the statements that do the same.
+std::string Actions::closeDrawing() {
+    std::string statements;
+    for (const std::uint32_t number : numbersOfDrawing()) {
         const model::Document* const open = session_.documents.byNumber(number);
         if (!open) continue;
-        session_.documents.bringToFront(*open);
+        std::size_t index = 0;
+        while (session_.documents.at(index) != open) ++index;
+        if (index > 0) {
+            statements += "app.document = app.documents[" + std::to_string(index) + "];\n";
+            session_.bringToFront(*open);
+        }
+        statements += "app.close();\n";
         session_.close();
     }
+    return statements;
 }
 
-void Actions::newDocument(double width, double height) {
-    act("app.newDocument(" + Recorder::number(width) + ", " + Recorder::number(height) + ')', [&] {
-        close(numbersOfDrawing());
-        session_.newDocument(width, height);
+/// One drawing is in front at a time: a script closes the one before too.
+template <class Make> void Actions::replaceDrawing(const std::string& call, Make make) {
+    std::string statement;
+    act(statement, [&] {
+        session_.documents.requireFreeNumber(); // before anything is closed
+        statement = closeDrawing() + call;
+        make();
         recordedView_ = {};
     });
 }
 
+void Actions::newDocument(double width, double height) {
+    replaceDrawing("app.newDocument(" + Recorder::number(width) + ", " + Recorder::number(height) + ')',
+                   [&] { session_.newDocument(width, height); });
+}
+
 void Actions::open(std::unique_ptr<model::Document> read, const std::string& path) {
-    act("app.open(" + Recorder::quoted(absolute(path)) + ')', [&] {
-        const std::vector<std::uint32_t> before = numbersOfDrawing();
-        session_.messenger.batch([&] {
-            session_.open(std::move(read), path);
-            close(before);
-        });
-        recordedView_ = {};
+    replaceDrawing("app.open(" + Recorder::quoted(absolute(path)) + ')', [&] { session_.open(std::move(read), path); });
+}
+
+void Actions::openRecovered(std::unique_ptr<model::Document> read, const std::string& copy, const std::string& path) {
+    replaceDrawing("app.open(" + Recorder::quoted(recorder_.kept(copy)) + ')', [&] {
+        session_.open(std::move(read), copy);
+        disown(path);
     });
 }
 

@@ -33,6 +33,8 @@ class Actions {
     // Documents; those that plug-ins have open may lie behind
     void newDocument(double width, double height);
     void open(std::unique_ptr<model::Document> read, const std::string& path); ///< which it was read from
+    /// Unsaved work of the drawing of this file, read from a copy that goes once the work is saved.
+    void openRecovered(std::unique_ptr<model::Document> read, const std::string& copy, const std::string& path);
     void save(const std::string& path, bool force);
     /// PNG, PDF or SVG, by the name's end; the drawing stays with the file it has.
     void exportPicture(const std::string& path, double scale);
@@ -97,7 +99,8 @@ class Actions {
     [[nodiscard]] model::Node& layer(std::size_t index) const;
     /// Of what is in front, and of what it is a part of; the innermost part first.
     [[nodiscard]] std::vector<std::uint32_t> numbersOfDrawing() const;
-    void close(const std::vector<std::uint32_t>& numbers);
+    template <class Make> void replaceDrawing(const std::string& call, Make make);
+    std::string closeDrawing();
     void recordView();
 
     session::Session& session_;

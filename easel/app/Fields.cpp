@@ -44,6 +44,8 @@ NumberField::NumberField(double least, double most, QWidget* parent)
 }
 
 void NumberField::showNumber(std::optional<double> number) {
+    const bool isHalfTyped = hasFocus() && lineEdit()->isModified() && numberIn(lineEdit()->text()) != value();
+    if (number && isHalfTyped) return;
     const double shown = number ? std::max(*number, least_) : minimum();
     if (value() != shown) setValue(shown);
 }

@@ -209,16 +209,16 @@ void LayersPanel::fill(QTreeWidgetItem& row, const model::Node& layer) {
     row.setData(Locked, Qt::AccessibleTextRole, layer.locked() ? "Locked" : "Unlocked");
     row.setIcon(Locked, icon(layer.locked() ? Symbol::Lock : Symbol::NoLock));
     row.setToolTip(Locked, layer.locked() ? "Unlock the layer" : "Lock the layer");
-    row.setIcon(Title, QIcon(new Bar(colorOf(layer))));
-    row.setText(Title, QString::fromStdString(layer.name()));
     row.setText(Count, QString::number(layer.childCount()) + "  ");
     row.setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
-    row.setForeground(Title, layer.hidden() ? look().colors.faint : look().colors.text);
     row.setForeground(Count, look().colors.faint);
+    if (list_.isPersistentEditorOpen(&row, Title)) return; // any change here would undo what is half typed
+    row.setIcon(Title, QIcon(new Bar(colorOf(layer))));
+    row.setText(Title, QString::fromStdString(layer.name()));
+    row.setForeground(Title, layer.hidden() ? look().colors.faint : look().colors.text);
     QFont font = row.font(Title);
     font.setBold(&layer == &actions_.document()->currentLayer());
     row.setFont(Title, font);
-    row.setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled);
 }
 
 void LayersPanel::refresh() {
@@ -227,7 +227,10 @@ void LayersPanel::refresh() {
     const int count = document ? static_cast<int>(document->layerCount()) : 0;
     if (std::exchange(shown_, actions_.documentNumber()) != actions_.documentNumber()) colors_.clear();
     while (list_.topLevelItemCount() > count) delete list_.takeTopLevelItem(count);
-    while (list_.topLevelItemCount() < count) list_.addTopLevelItem(new QTreeWidgetItem);
+    while (list_.topLevelItemCount() < count) {
+        auto* const row = new QTreeWidgetItem(&list_);
+        row->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsDragEnabled);
+    }
     for (int i = 0; i < count; ++i)
         fill(*list_.topLevelItem(i), *actions_.document()->layerAt(static_cast<std::size_t>(i)));
     markCurrent();

@@ -4,6 +4,8 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "hostapi/SPTypes.h"
@@ -24,6 +26,15 @@ void Recorder::add(const std::string& statement) {
     if (file_) return;
     const std::string path = std::exchange(path_, {});
     throw session::Error(path + ": cannot be written, so that nothing more is recorded");
+}
+
+std::string Recorder::kept(const std::string& file) {
+    if (path_.empty()) return file;
+    const std::filesystem::path copy = std::filesystem::absolute(path_ + ".svg");
+    std::error_code failed;
+    std::filesystem::copy_file(file, copy, std::filesystem::copy_options::overwrite_existing, failed);
+    if (failed) file_.setstate(std::ios::failbit); // the statement that needs it is refused
+    return copy.string();
 }
 
 std::string Recorder::quoted(std::string_view text) {

@@ -17,6 +17,9 @@ class Recorder {
 
     /// One statement, without its semicolon. Written at once, so that a crash loses none.
     void add(const std::string& statement);
+    /// The name under which the script finds what is in this file now: that of a copy beside the script. The file's own
+    /// where nothing is recorded.
+    [[nodiscard]] std::string kept(const std::string& file);
 
     // Values as scripts write them
     [[nodiscard]] static std::string quoted(std::string_view text);

@@ -4,9 +4,8 @@
 #include <QActionGroup>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QStatusBar>
@@ -22,9 +21,9 @@
 
 #include "app/Application.h"
 #include "app/Look.h"
+#include "app/Question.h"
 #include "hostapi/AIToolNames.h"
 #include "session/base/HostError.h"
-#include "svg/Writer.h"
 
 namespace easel::app {
 
@@ -76,7 +75,7 @@ QString letterFor(const session::Tool& tool, QString& taken) {
 } // namespace
 
 Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
-    : actions_(actions), recovery_(recovery), settings_(settings), canvas_(actions) {
+    : actions_(actions), settings_(settings), canvas_(actions), files_(actions, recovery, settings, canvas_, *this) {
     setObjectName("window");
     auto* const middle = new QWidget(this);
     auto* const grid = new QGridLayout(middle);
@@ -106,14 +105,9 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     };
     canvas_.heldByToggles = [this] { return toggled_; };
     canvas_.superIsOption = settings_.superIsOption();
-    connect(&files_, &QFileSystemWatcher::fileChanged, this, guarded([this] {
-        // A file that was replaced is another one.
-        const QString file = QString::fromStdString(actions_.path());
-        if (!file.isEmpty() && !files_.files().contains(file)) files_.addPath(file);
-        if (!actions_.drawing() || !svg::isChangedByOthers(*actions_.drawing(), actions_.path())) return;
-        statusBar()->showMessage("Another program has changed " + QString::fromStdString(actions_.path()) +
-                                 ". File > Reopen shows what it is now");
-    }));
+    files_.noticed = [this](Files::Notice about, const QString& text) { tellLasting(about, text); };
+    files_.isTyping = [this] { return isTyping(); };
+    files_.readingChanged = [this] { stopReading_->setEnabled(files_.isReading()); };
     resize(settings_.windowSize());
     if (settings_.maximized()) setWindowState(Qt::WindowMaximized);
     showTools();
@@ -147,6 +141,7 @@ QAction& Window::addTool(const QIcon& picture, const QString& title, const QStri
     action->setShortcuts(QList<QKeySequence>(keys.begin(), keys.end()));
     tools_->addAction(action);
     connect(action, &QAction::triggered, this, guarded([this, what = std::move(what)] {
+                commitEntry();
                 what();
                 canvas_.setFocus();
             }));
@@ -298,10 +293,7 @@ void Window::refresh() {
         canvas_.fitPage();
     }
     canvas_.refresh();
-    if (!actions_.session().pointer.pressed()) {
-        noteWork();
-        if (!isAnother && actions_.path() != shownPath_) noteFile();
-    }
+    if (!actions_.session().pointer.pressed()) files_.follow();
     const std::vector<std::string>& said = actions_.session().reports.lines();
     if (std::exchange(reportsShown_, said.size()) < said.size())
         statusBar()->showMessage(QString::fromStdString(said.back()), kReportMilliseconds);
@@ -316,8 +308,8 @@ void Window::refresh() {
 }
 
 void Window::showTitle() {
-    shownPath_ = actions_.path();
-    const std::string name = shownPath_.empty() ? "Untitled" : std::filesystem::path(shownPath_).filename().string();
+    const std::string& path = actions_.path();
+    const std::string name = path.empty() ? "Untitled" : std::filesystem::path(path).filename().string();
     setWindowTitle(actions_.document() ? QString::fromStdString(name) + "[*] — Easel" : QString("Easel[*]"));
     setWindowModified(actions_.isModified());
 }
@@ -339,6 +331,47 @@ void Window::setDark(bool dark) {
     refresh();
 }
 
+// Files
+
+/// Plug-ins may have brought tools.
+void Window::open(const std::string& path) {
+    files_.open(path);
+    showTools();
+}
+
+void Window::closeEvent(QCloseEvent* event) {
+    event->ignore(); // also when saving fails
+    commitEntry();
+    if (!files_.end()) return;
+    settings_.setWindow(normalGeometry().size(), isMaximized());
+    event->accept();
+}
+
+void Window::tellLasting(Files::Notice about, const QString& text) {
+    const QString before = std::exchange(lasting_[about], text);
+    if (!text.isEmpty())
+        statusBar()->showMessage(text);
+    else if (!before.isEmpty() && statusBar()->currentMessage() == before)
+        statusBar()->clearMessage();
+}
+
+/// The field of the window that has the keys, where it is for text.
+bool Window::isTyping() const {
+    const QWidget* const focus = focusWidget();
+    if (!focus) return false;
+    const auto* field = qobject_cast<const QLineEdit*>(focus);
+    if (field && layers_->isAncestorOf(field)) return true; // a title that is edited
+    if (!field) field = focus->findChild<QLineEdit*>();     // of a field for numbers
+    return field && field->isModified();
+}
+
+/// What is half typed counts before a command acts.
+void Window::commitEntry() {
+    QWidget* const focus = focusWidget();
+    if (auto* const number = qobject_cast<QAbstractSpinBox*>(focus)) return number->interpretText();
+    if (qobject_cast<QLineEdit*>(focus) && layers_->isAncestorOf(focus)) canvas_.setFocus();
+}
+
 // Time
 
 void Window::startClock() {
@@ -347,11 +380,6 @@ void Window::startClock() {
 }
 
 void Window::timerEvent(QTimerEvent* event) {
-    if (event->timerId() == keepTimer_.timerId()) {
-        keepTimer_.stop();
-        return keepWork();
-    }
-    if (event->timerId() == readingTimer_.timerId()) return followReading();
     if (event->timerId() != clockTimer_.timerId()) return QMainWindow::timerEvent(event);
     // Begun anew before plug-ins are called: a timer does not fire in a dialog that its own handler has opened.
     clockTimer_.start(kClockMilliseconds, this);
@@ -362,10 +390,7 @@ void Window::tell(const QString& why) {
     if (tells_) return statusBar()->showMessage(why); // what fails again and again shall not pile up boxes
     const QScopedValueRollback<bool> telling(tells_, true);
     canvas_.cancelGesture();
-    QMessageBox box(QMessageBox::Warning, "Easel", why, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.setObjectName("failure");
-    ask(box);
+    ask(*this, {.text = why, .more = {}, .choices = {{"OK", QMessageBox::AcceptRole}}, .name = "failure"});
 }
 
 } // namespace easel::app

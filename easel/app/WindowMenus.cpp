@@ -23,29 +23,32 @@ constexpr session::Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
 QAction& Window::add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what) {
     QAction* const action = menu.addAction(text);
     action->setShortcut(keys);
-    connect(action, &QAction::triggered, this, guarded(std::move(what)));
+    connect(action, &QAction::triggered, this, guarded([this, what = std::move(what)] {
+                commitEntry();
+                what();
+            }));
     return *action;
 }
 
 void Window::makeFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     add(menu, "&New", QKeySequence::New, [this] {
-        if (mayLose()) newDocument(kNewWidth, kNewHeight);
+        if (files_.mayLose()) files_.newDocument(kNewWidth, kNewHeight);
     });
-    add(menu, "&Open...", QKeySequence::Open, [this] { openAsked(); });
+    add(menu, "&Open...", QKeySequence::Open, [this] { files_.openAsked(); });
     QMenu& recent = *menu.addMenu("Open &Recent");
-    connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { fillRecentMenu(recent); }));
-    fillRecentMenu(recent);
-    add(menu, "Reop&en", {}, [this] { reopen(); });
-    stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { giveUpReading(); });
+    connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { files_.fillRecentMenu(recent); }));
+    files_.fillRecentMenu(recent);
+    add(menu, "Reop&en", {}, [this] { files_.reopen(); });
+    stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { files_.giveUpReading(); });
     stopReading_->setEnabled(false);
     menu.addSeparator();
-    add(menu, "&Save", QKeySequence::Save, [this] { save(); });
-    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { saveAs(); });
+    add(menu, "&Save", QKeySequence::Save, [this] { files_.save(); });
+    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { files_.saveAs(); });
     QMenu& exports = *menu.addMenu("&Export");
-    add(exports, "&PNG Picture...", QKeySequence("Ctrl+Shift+E"), [this] { exportAs(".png"); });
-    add(exports, "&SVG Copy...", {}, [this] { exportAs(".svg"); });
-    add(exports, "P&DF Page...", {}, [this] { exportAs(".pdf"); });
+    add(exports, "&PNG Picture...", QKeySequence("Ctrl+Shift+E"), [this] { files_.exportAs(".png"); });
+    add(exports, "&SVG Copy...", {}, [this] { files_.exportAs(".svg"); });
+    add(exports, "P&DF Page...", {}, [this] { files_.exportAs(".pdf"); });
     menu.addSeparator();
     add(menu, "&Quit", QKeySequence::Quit, [this] { close(); });
 }
@@ -171,8 +174,10 @@ void Window::fillPluginMenu(QMenu& menu) {
                 action->setChecked(item.checked);
                 // By its group too: plug-ins have items of one text in several.
                 const std::string& place = item.group->text.empty() ? item.group->name : item.group->text;
-                connect(action, &QAction::triggered, this,
-                        guarded([this, chosen = item.text, place] { actions_.chooseMenu(chosen, place); }));
+                connect(action, &QAction::triggered, this, guarded([this, chosen = item.text, place] {
+                            commitEntry();
+                            actions_.chooseMenu(chosen, place);
+                        }));
             }
         }
     };

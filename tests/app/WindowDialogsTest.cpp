@@ -217,7 +217,7 @@ TEST_F(WindowDialogs, ArePlayedAgainWhereTheyEndAGesture) {
     const std::string script = folder.path("recorded.js");
     show(script);
     addAskingTool(*session);
-    window->newDocument(300, 200);
+    window->files().newDocument(300, 200);
     chooseTool("Doubting Tool");
     press({100, 100});
     clickWhenAsked("Yes");

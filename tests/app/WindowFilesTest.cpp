@@ -42,7 +42,7 @@ TEST_F(WindowFiles, AsksForAllDrawingsBeforeItCloses) {
         actions->save(folder.path(each), false);
         actions->addLayer(std::string("In ") + each);
     }
-    window->keepWork();
+    window->files().keepWork();
     const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
     EXPECT_THAT(desk::contents(mine + ".svg"), HasSubstr("In a.svg"));
     EXPECT_THAT(desk::contents(mine + "-1.svg"), HasSubstr("In b.svg"));
@@ -61,7 +61,7 @@ TEST_F(WindowFiles, AsksForAllDrawingsBeforeItCloses) {
 TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     chooseTool("Isometric Line Tool");
     stroke({{100, 100}, {100, 60}});
-    window->keepWork();
+    window->files().keepWork();
     const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
     const std::string kept = desk::contents(mine);
     EXPECT_THAT(kept, HasSubstr("<path"));
@@ -76,17 +76,17 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     folder.write("recovery/1.svg", kept);
     folder.write("recovery/1.path", "/somewhere/d.svg");
     folder.write("recovery/1.lock", "");
-    window->newDocument(10, 10);
+    window->files().newDocument(10, 10);
     EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
     clickWhenAsked("Open It");
-    window->offerRecovered();
-    ASSERT_TRUE(await([&] { return !window->isReading(); }));
+    window->files().offerRecovered();
+    ASSERT_TRUE(await([&] { return !window->files().isReading(); }));
     EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
     EXPECT_EQ(paths(), 1U);
     EXPECT_EQ(actions->path(), "/somewhere/d.svg");
     EXPECT_TRUE(actions->isModified());
     EXPECT_TRUE(recovery.left().empty());
-    EXPECT_EQ(desk::contents(mine), kept);
+    EXPECT_EQ(folder.content("recovery/1.svg"), kept); // it is this program's now
 }
 
 TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
@@ -94,15 +94,15 @@ TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
     actions->save(path, false);
     for (const bool isChanged : {false, true}) {
         actions->addLayer("Ours");
-        window->keepWork();
+        window->files().keepWork();
         const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
         for (const char* const end : {".svg", ".path"})
             std::filesystem::copy_file(mine + end, folder.path(std::string("recovery/99999999") + end));
-        window->newDocument(10, 10);
+        window->files().newDocument(10, 10);
         if (isChanged) std::ofstream(path, std::ios::app) << "<!-- theirs -->";
         clickWhenAsked("Open It");
-        window->offerRecovered();
-        ASSERT_TRUE(await([&] { return !window->isReading(); }));
+        window->files().offerRecovered();
+        ASSERT_TRUE(await([&] { return !window->files().isReading(); }));
         if (isChanged) clickWhenAsked("Cancel");
         choose("&Save");
         EXPECT_EQ(actions->isModified(), isChanged);
@@ -126,7 +126,7 @@ TEST_F(WindowFiles, FollowsWhatPluginsDoToTheDrawing) {
     const std::string mine = folder.path("recovery/" + std::to_string(::getpid()) + ".svg");
     actions->save(folder.path("d.svg"), false);
     actions->addLayer("Ours");
-    window->keepWork();
+    window->files().keepWork();
     EXPECT_TRUE(std::filesystem::exists(mine));
     work = [](const AIDocumentSuite& suite) { suite.SaveDocument(); };
     ASSERT_TRUE(await([&] { return !window->isWindowModified(); }));
@@ -155,7 +155,7 @@ TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
         actions->addLayer("Within");
         EXPECT_EQ(session->documents.count(), 2U);
         EXPECT_EQ(window->windowTitle(), "d.svg[*] — Easel");
-        window->keepWork();
+        window->files().keepWork();
         const std::string mine = folder.path("recovery/" + std::to_string(::getpid()));
         EXPECT_THAT(desk::contents(mine + ".svg"), HasSubstr("Ours"));
         EXPECT_THAT(desk::contents(mine + ".path"), testing::StartsWith(path));
@@ -163,7 +163,7 @@ TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
         clickWhenAsked("Cancel");
         choose("&New");
         EXPECT_THAT(asked, HasSubstr("Save the changes"));
-        opens ? open(path) : window->newDocument(10, 10);
+        opens ? open(path) : window->files().newDocument(10, 10);
         EXPECT_EQ(session->documents.count(), 1U);
         EXPECT_EQ(document().width(), opens ? 99 : 10);
     }
@@ -173,7 +173,7 @@ TEST_F(WindowFiles, TakesASymbolForAPartOfItsDrawing) {
         actions->addLayer(std::string("Within ") + name);
     }
     const std::size_t steps = actions->drawing()->journal().undoDepth();
-    window->keepWork();
+    window->files().keepWork();
     EXPECT_EQ(actions->drawing()->journal().undoDepth(), steps);
     const std::string kept = folder.content("recovery/" + std::to_string(::getpid()) + ".svg");
     EXPECT_THAT(kept, testing::AllOf(HasSubstr("Within s"), HasSubstr("Within t")));
@@ -190,7 +190,7 @@ TEST_F(WindowFiles, ReadsBesideAllElse) {
     const std::string path = folder.write("large.svg", large + "</svg>");
     const auto begin = [&] {
         window->open(path);
-        EXPECT_TRUE(window->isReading());
+        EXPECT_TRUE(window->files().isReading());
         chooseTool("Isometric Line Tool");
         stroke({{100, 100}, {100, 60}});
     };
@@ -198,25 +198,25 @@ TEST_F(WindowFiles, ReadsBesideAllElse) {
     EXPECT_EQ(paths(), 1U);
     for (QAction* const action : window->findChildren<QAction*>())
         if (action->text() == "Stop Rea&ding") action->trigger();
-    EXPECT_FALSE(window->isReading());
+    EXPECT_FALSE(window->files().isReading());
     settle();
     EXPECT_EQ(document().width(), 300);
 
     begin(); // what was drawn meanwhile is not lost without a question
     clickWhenAsked("Cancel");
-    ASSERT_TRUE(await([&] { return !window->isReading() && !asked.empty(); }));
+    ASSERT_TRUE(await([&] { return !window->files().isReading() && !asked.empty(); }));
     EXPECT_EQ(document().width(), 300);
     begin();
     press({50, 50});
     settle();
-    EXPECT_TRUE(window->isReading()); // until the gesture has ended
+    EXPECT_TRUE(window->files().isReading()); // until the gesture has ended
     clickWhenAsked("Discard");
     release({50, 50});
     ASSERT_TRUE(await([&] { return document().width() == 77; }));
     EXPECT_EQ(paths(), kMany + 1);
 
     // Nor under what is half typed, whose bar is full meanwhile.
-    window->newDocument(300, 200);
+    window->files().newDocument(300, 200);
     auto& field = *window->findChild<QComboBox*>("zoom")->lineEdit();
     window->open(path);
     window->findChild<QComboBox*>("zoom")->setFocus();
@@ -225,18 +225,18 @@ TEST_F(WindowFiles, ReadsBesideAllElse) {
     const auto* const bar = window->findChild<QProgressBar*>("reading");
     ASSERT_TRUE(await([&] { return bar->value() == 100; }));
     settle();
-    EXPECT_TRUE(window->isReading());
+    EXPECT_TRUE(window->files().isReading());
     key(field, Qt::Key_Return);
     EXPECT_EQ(canvas().zoom(), 0.5);
     ASSERT_TRUE(await([&] { return document().width() == 77; }));
 
-    window->newDocument(300, 200);
+    window->files().newDocument(300, 200);
     auto& layers = *window->findChild<QTreeWidget*>("layers");
     layers.editItem(layers.topLevelItem(0), 2);
     window->open(path);
     ASSERT_TRUE(await([&] { return bar->value() == 100; }));
     settle();
-    EXPECT_TRUE(window->isReading());
+    EXPECT_TRUE(window->files().isReading());
     key(*QApplication::focusWidget(), Qt::Key_Escape);
     ASSERT_TRUE(await([&] { return document().width() == 77; }));
     const auto said = [&] { return window->statusBar()->currentMessage().toStdString(); };

@@ -28,7 +28,7 @@ using testing::HasSubstr;
 TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     const std::string script = folder.path("recorded.js");
     show(script);
-    window->newDocument(300, 200);
+    window->files().newDocument(300, 200);
     chooseTool("Isometric Line Tool");
     stroke({{100, 150}, {120, 139}, {151, 122}});
     stroke({{151, 122}, {150, 90}, {152, 61}});

@@ -10,7 +10,7 @@ namespace desk {
 
 class WindowTest : public Shown {
   protected:
-    WindowTest() { window->newDocument(300, 200); }
+    WindowTest() { window->files().newDocument(300, 200); }
 
     const easel::model::PathData& topPath() { return document().currentLayer().firstChild()->path(); }
     std::size_t paths() { return document().currentLayer().childCount(); }

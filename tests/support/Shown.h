@@ -56,6 +56,7 @@ class Shown : public testing::Test {
     void show(const std::string& record = "") {
         window.reset();
         actions.reset();
+        if (!record.empty()) session->close(); // a program that records has just begun
         if (!session) {
             session = std::make_unique<easel::session::Session>();
             session->profile.use(folder.path("profile"));
@@ -96,7 +97,7 @@ class Shown : public testing::Test {
 
     void open(const std::string& path) {
         window->open(path);
-        EXPECT_TRUE(await([&] { return !window->isReading(); }));
+        EXPECT_TRUE(await([&] { return !window->files().isReading(); }));
     }
 
     easel::app::Canvas& canvas() { return window->canvas(); }
