@@ -121,16 +121,20 @@ void Canvas::paintEvent(QPaintEvent* event) {
 
 void Canvas::paintDesk(QPainter& painter) const {
     const Colors& colors = look().colors;
-    painter.fillRect(rect(), colors.desk);
     if (!document()) {
+        painter.fillRect(rect(), colors.desk);
         painter.setPen(colors.faint);
         painter.drawText(rect(), Qt::AlignCenter, notice_.isEmpty() ? "File > New or Open begins a drawing" : notice_);
         return;
     }
     const QRectF page = rectangleOf({0, 0, document()->width(), document()->height()}, *this);
+    painter.save(); // of what lies below the page only its edges are painted: a page is large
+    painter.setClipRegion(QRegion(rect()) - page.toAlignedRect().adjusted(1, 1, -1, -1), Qt::IntersectClip);
+    painter.fillRect(rect(), colors.desk);
     for (int i = 4; i > 0; --i)
         painter.fillRect(page.adjusted(-i + 1, -i + 2, i - 1, i), QColor(0, 0, 0, colors.dark ? 40 : 14));
     painter.fillRect(page.adjusted(-1, -1, 1, 1), colors.pageEdge);
+    painter.restore();
     painter.fillRect(page, Qt::white);
 }
 

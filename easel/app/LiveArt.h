@@ -49,7 +49,7 @@ class LiveArt {
   private:
     static constexpr int kTile = 64;            // pixels
     static constexpr std::size_t kMostRuns = 8; // beyond, all live art lies where the topmost does
-    static constexpr std::size_t kMuch = 1000;  // objects; more are not painted anew as long as they only move
+    static constexpr std::size_t kMuch = 300;   // objects; more are not painted anew as long as they only move
 
     struct Run : LiveRun {
         MovedArt moved{}; ///< where there is much

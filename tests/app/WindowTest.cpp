@@ -389,7 +389,7 @@ TEST_F(WindowTest, KeepsPaintOrderDuringAGesture) {
     const auto colorAt = [&](const QImage& image, Point at) {
         return image.pixelColor(canvas().fromDocument(at).toPoint()).name().toStdString();
     };
-    for (const auto& [lowest, others] : {std::pair{1, ""}, {1, "high"}, {1100, ""}, {1100, "high"}, {1100, "all"}}) {
+    for (const auto& [lowest, others] : {std::pair{1, ""}, {1, "high"}, {400, ""}, {400, "high"}, {400, "all"}}) {
         std::string drawing = "<svg xmlns='http://www.w3.org/2000/svg' width='300' height='200'>";
         for (int i = 0; i < lowest; ++i) drawing += "<rect x='20' y='60' width='60' height='60' fill='#f00'/>";
         open(folder.write(
