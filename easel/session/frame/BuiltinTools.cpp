@@ -106,7 +106,7 @@ class SelectionTool final : public SelectingTool {
         if (!art) return false;
         Node& object = outermost(document, *art);
         object_ = object.id();
-        wasSelected_ = art->allPointsSelected();
+        wasSelected_ = art->allPointsSelected() && object.selected(); // not a part of a group alone
         if (wasSelected_) return true;
         if (!adding) document.deselectAll();
         document.select(object, true);
@@ -239,12 +239,12 @@ class DirectSelectionTool final : public SelectingTool {
         document.selectPoints(art, std::move(points));
     }
 
-    /// The handle of a selected anchor at this place.
+    /// The handle of a selected anchor at this place; those of what is selected as a whole do not show.
     static std::optional<Handle> handleAt(Document& document, Point location, double tolerance) {
         std::optional<Handle> nearest;
         double best = tolerance * tolerance;
         for (const Node* const node : document.selection()) {
-            if (node->type() != NodeType::Path || !isEditable(*node)) continue;
+            if (node->type() != NodeType::Path || node->allPointsSelected() || !isEditable(*node)) continue;
             const std::vector<PathPoint>& points = node->path().points;
             for (std::size_t i = 0; i < points.size(); ++i) {
                 if (!node->pointSelected(i)) continue;

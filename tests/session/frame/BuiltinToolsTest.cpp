@@ -133,6 +133,9 @@ TEST_F(BuiltinToolsTest, SelectionTakesGroupsAsOneAndWhatAMarqueeTouches) {
     document.settings.isolated = group.id(); // of which the parts are taken, then
     click({15, 20});
     EXPECT_THAT(document.selection(), ElementsAre(&first));
+    document.settings.isolated = {};
+    stroke({{15, 20}, {15, 25}}); // all of the group, not the part alone
+    EXPECT_EQ(anchor(second, 0), (Point{100, 20}));
 }
 
 TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
@@ -171,6 +174,9 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     stroke({{100, 130}, {110, 130}}, kAIOptionKey);
     EXPECT_EQ(point().in, (Point{100, 90}));
     EXPECT_TRUE(curve.path().isCorner(0));
+    document.select(curve, true);
+    stroke({{110, 130}, {120, 150}}); // of all of it no handle shows
+    EXPECT_EQ(point().out, (Point{110, 130}));
 }
 
 TEST_F(BuiltinToolsTest, KeysRemoveWhatIsSelectedAndTakeStepsBack) {
