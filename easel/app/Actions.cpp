@@ -1,6 +1,8 @@
 // Acts as calls of the session, with the statements that do the same in a script.
 #include "app/Actions.h"
 
+#include <QCursor>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
 
 #include <algorithm>
@@ -28,6 +30,23 @@ constexpr const char* kEditable = "app.document.selection.filter(function (art) 
 std::string assignment(const char* property, bool value) {
     return property + std::string(value ? " = true" : " = false");
 }
+
+/// The pointer shows that an act with much art takes its time.
+class Waiting {
+  public:
+    explicit Waiting(model::Document* document) : isMuch_(document && document->selection().size() > kMuch) {
+        if (isMuch_) QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor));
+    }
+    ~Waiting() {
+        if (isMuch_) QGuiApplication::restoreOverrideCursor();
+    }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+  private:
+    static constexpr std::size_t kMuch = 5000; // selected objects
+    bool isMuch_;
+};
 
 std::string absolute(const std::string& path) { return std::filesystem::absolute(path).string(); }
 
@@ -92,6 +111,7 @@ template <class Edit> void Actions::edit(const std::string& statement, Edit what
 template <class Edit> void Actions::editSelected(const char* call, const std::string& arguments, Edit what) {
     const auto isLocked = [](const model::Node* node) { return node->effectivelyLocked(); };
     const std::vector<model::Node*> selection = session_.documents.needFront().selection();
+    const Waiting waiting(document());
     const bool anyLocked = std::any_of(selection.begin(), selection.end(), isLocked);
     edit(std::string("app.document.") + call + '(' + (anyLocked ? kEditable : "app.document.selection") + ", " +
              arguments + ')',
@@ -226,12 +246,14 @@ void Actions::press(model::Point location, session::Modifiers modifiers) {
 }
 
 void Actions::drag(model::Point location, session::Modifiers modifiers) {
+    recordView();
     act(
         "mouse.drag(" + Recorder::at(location, modifiers) + ')', [&] { session_.pointer.drag(location, modifiers); },
         Time::Kept); // no timer is heard while the button is down
 }
 
 void Actions::release(model::Point location, session::Modifiers modifiers) {
+    recordView();
     act("mouse.release(" + Recorder::at(location, modifiers) + ')',
         [&] { session_.pointer.release(location, modifiers); });
 }
@@ -253,6 +275,7 @@ void Actions::key(const std::string& name, session::Modifiers modifiers) {
     const auto code = session::keyCode(name);
     if (!code) return;
     const std::string keys = Recorder::modifiers(modifiers);
+    const Waiting waiting(document());
     act("keys.press(" + Recorder::quoted(name) + (keys.empty() ? "" : ", " + keys) + ')',
         [&] { session_.input.pressKey(*code, modifiers); });
 }
@@ -274,12 +297,14 @@ void Actions::chooseMenu(const std::string& text, const std::string& group) {
 
 void Actions::undo() {
     if (session_.pointer.pressed()) return;
+    const Waiting waiting(document());
     act("app.document.undo()",
         [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().undo(); }); });
 }
 
 void Actions::redo() {
     if (session_.pointer.pressed()) return;
+    const Waiting waiting(document());
     act("app.document.redo()",
         [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().redo(); }); });
 }

@@ -24,7 +24,7 @@ namespace {
 using model::Point;
 using session::Modifiers;
 
-constexpr double kLeastZoom = 0.01;
+constexpr double kLeastZoom = 0.01; // unless the page needs less
 constexpr double kMostZoom = 256;
 constexpr double kWheelStep = 1.2;    // zoom factor of a notch
 constexpr double kNotch = 120;        // what a wheel's notch says of itself
@@ -109,6 +109,7 @@ void Canvas::showDocument() {
     truthFails_ = false;
     sizeIsKnown_ = false;
     text_ = nullptr;
+    textIsOfBefore_ = false;
     typedLength_.clear();
     updatePort();
     showView();
@@ -119,9 +120,13 @@ void Canvas::leaveDocument() {
     scene_.show(nullptr);
     ++lastOrder_;
     truthIsDue_ = false;
+    textIsOfBefore_ = false;
 }
 
 bool Canvas::refresh() {
+    const Port before = scene_.port();
+    updatePort(); // plug-ins may have set the view
+    if (scene_.port() != before) showView();
     const bool keepsTruth = settleGesture();
     const Watch::Change change = watch_.take(dragging());
     scene_.invalidate(change.boxes);
@@ -220,6 +225,7 @@ void Canvas::updatePort() {
 /// After a change of the view.
 void Canvas::showView() {
     updatePort();
+    if (document() && mouse_) mouse_ = toDocument(lastPlace_);
     actions_.session().messenger.flush();
     if (document()) actions_.session().annotations.update();
     if (!scene_.isComplete()) refineTimer_.start(0, this);
@@ -233,7 +239,7 @@ void Canvas::zoomTo(double zoom, std::optional<QPointF> fixed) {
     const QPointF place = fixed.value_or(QPointF(width() / 2.0, height() / 2.0));
     const Point still = toDocument(place);
     model::View& view = document()->view;
-    view.zoom = std::clamp(zoom, kLeastZoom, kMostZoom);
+    view.zoom = std::clamp(zoom, std::min(kLeastZoom, pageZoom()), kMostZoom);
     const Point moved = toDocument(place);
     view.center = {view.center.x + still.x - moved.x, view.center.y + still.y - moved.y};
     showView();
@@ -241,12 +247,17 @@ void Canvas::zoomTo(double zoom, std::optional<QPointF> fixed) {
 
 void Canvas::zoomBy(double factor, std::optional<QPointF> fixed) { zoomTo(zoom() * factor, fixed); }
 
-void Canvas::fitPage() {
-    if (!document()) return;
+/// That the whole page is seen at.
+double Canvas::pageZoom() const {
     const double across = (width() - 2 * kMargin) / document()->width();
     const double down = (height() - 2 * kMargin) / document()->height();
+    return std::min(across, down);
+}
+
+void Canvas::fitPage() {
+    if (!document()) return;
     document()->view.center = {document()->width() / 2, document()->height() / 2};
-    zoomTo(std::min(across, down));
+    zoomTo(pageZoom());
 }
 
 void Canvas::panBy(QPointF way) {
@@ -313,6 +324,8 @@ void Canvas::missTruth(const TruePictures::Order& order, const std::string& why)
     if (order.number != lastOrder_) return;
     truthFails_ = true;
     truthIsDue_ = false;
+    scene_.dropTruth();
+    update();
     if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
 }
 
@@ -493,10 +506,16 @@ void Canvas::leaveEvent(QEvent* /*event*/) {
 
 void Canvas::wheelEvent(QWheelEvent* event) {
     const QPointF notches = QPointF(event->angleDelta()) / kNotch;
-    if (event->modifiers() & Qt::ControlModifier) return zoomBy(std::pow(kWheelStep, notches.y()), event->position());
-    constexpr double kStep = 48; // widget pixels a notch
-    const QPointF way = event->pixelDelta().isNull() ? notches * kStep : QPointF(event->pixelDelta());
-    panBy(event->modifiers() & Qt::ShiftModifier ? QPointF(way.y(), way.x()) : way);
+    lastPlace_ = event->position();
+    if (event->modifiers() & Qt::ControlModifier) {
+        const double turned = notches.y() == 0 ? notches.x() : notches.y(); // with Alt the axes are swapped
+        zoomBy(std::pow(kWheelStep, turned), event->position());
+    } else {
+        constexpr double kStep = 48; // widget pixels a notch
+        const QPointF way = event->pixelDelta().isNull() ? notches * kStep : QPointF(event->pixelDelta());
+        panBy(event->modifiers() & Qt::ShiftModifier ? QPointF(way.y(), way.x()) : way);
+    }
+    if (dragging()) dragAgain(modifiersOf(event->modifiers())); // the mouse is elsewhere in the drawing
 }
 
 void Canvas::dragAgain(Modifiers modifiers) { actions_.drag(toDocument(lastPlace_), modifiers); }

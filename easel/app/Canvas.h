@@ -80,6 +80,7 @@ class Canvas final : public QWidget {
     [[nodiscard]] model::Document* document() const { return actions_.document(); }
     [[nodiscard]] bool dragging() const { return actions_.session().pointer.pressed(); }
     [[nodiscard]] session::Modifiers modifiersOf(Qt::KeyboardModifiers keys) const;
+    [[nodiscard]] double pageZoom() const;
     void updatePort();
     void showView();
     [[nodiscard]] bool wantsTruth();

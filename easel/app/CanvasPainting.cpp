@@ -140,12 +140,14 @@ void Canvas::paintDesk(QPainter& painter) const {
 
 /// The lines of the grid that cross a part of the widget. Where they would lie too close there are fewer.
 void Canvas::paintGrid(QPainter& painter, const QRect& part) const {
-    static constexpr double kLeastApart = 6; // widget pixels
+    static constexpr double kLeastApart = 10; // widget pixels
+    static constexpr int kMain = 5;           // each so many lines one that is stronger
     const session::Session& session = actions_.session();
     double spacing = session.pointer.snapping.gridSpacing;
     const double reach = std::hypot(part.width(), part.height()) / zoom() / 2;
     const Point middle = toDocument(QRectF(part).center());
-    painter.setPen(QPen(look().colors.grid, 1));
+    QColor faint = look().colors.grid;
+    faint.setAlphaF(faint.alphaF() / 2);
     const auto isTooDense = [this](const session::AxisGrid& grid) {
         return std::any_of(grid.lines().begin(), grid.lines().end(), [this](const session::AxisGrid::Lines& lines) {
             return lines.apart * zoom() < kLeastApart;
@@ -163,8 +165,11 @@ void Canvas::paintGrid(QPainter& painter, const QRect& part) const {
         };
         const double first = std::ceil((beside - reach) / apart) * apart;
         const int last = static_cast<int>(std::floor((beside + reach - first) / apart));
-        for (int i = 0; i <= last; ++i)
+        for (int i = 0; i <= last; ++i) {
+            const bool isMain = std::fmod(std::round(first / apart) + i, kMain) == 0;
+            painter.setPen(QPen(isMain ? look().colors.grid : faint, 1));
             painter.drawLine(at(along - reach, first + i * apart), at(along + reach, first + i * apart));
+        }
     }
 }
 
@@ -180,7 +185,8 @@ void Canvas::paintMarquee(QPainter& painter) const {
 }
 
 void Canvas::paintSelection(QPainter& painter) const {
-    const std::vector<Node*> selection = document()->selection();
+    std::vector<Node*> selection = document()->selection();
+    std::erase_if(selection, [](const Node* node) { return node->effectivelyHidden(); });
     if (selection.empty()) return;
     painter.setPen(QPen(look().colors.accent, 1));
     painter.setBrush(Qt::NoBrush);
@@ -226,8 +232,11 @@ std::string Canvas::feedback() const {
         const auto& points = live[0]->path().points;
         if (points.size() == 2 && live[0]->origin() == 0 && points[0].anchor == from) to = points[1].anchor;
     }
+    // Of what is moved, how far; the tool may hold that to an axis.
+    const auto moved = watch_.live().empty() ? std::nullopt : watch_.movedBy(*watch_.live().front());
+    if (moved) to = {from.x + moved->x, from.y + moved->y};
     const double length = std::hypot(to.x - from.x, to.y - from.y);
-    if (length == 0) return {};
+    if (length == 0) return typedLength_.empty() ? "" : typedLength_ + "| pt";
     double angle = std::atan2(from.y - to.y, to.x - from.x) * 180 / std::numbers::pi;
     if (std::abs(angle) < 0.05) angle = 0;
     const QString first =
@@ -241,8 +250,8 @@ void Canvas::paintFeedback(QPainter& painter) const {
     constexpr double kAway = 14;
     const QRectF needed = painter.boundingRect(QRectF(0, 0, 400, 40), Qt::AlignLeft, text);
     QRectF label(lastPlace_.x() + kAway, lastPlace_.y() - kAway - 22, needed.width() + 14, 22);
-    label.moveRight(std::min(label.right(), width() - 4.0));
-    label.moveTop(std::max(label.top(), 4.0));
+    label.moveRight(std::clamp(label.right(), label.width() + 4.0, std::max(width() - 4.0, label.width() + 4.0)));
+    label.moveTop(std::clamp(label.top(), 4.0, std::max(height() - 4.0 - label.height(), 4.0)));
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(40, 42, 46, 235));
     painter.drawRoundedRect(label, 3, 3);

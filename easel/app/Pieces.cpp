@@ -6,6 +6,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "svg/ElementLook.h"
 #include "svg/FileError.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
@@ -18,12 +19,15 @@ using model::Document;
 using model::Node;
 
 constexpr std::size_t kNowhere = std::numeric_limits<std::size_t>::max();
-constexpr double kMargin = 32; // pixels, for what filters add to art
+constexpr std::size_t kMostLookedAt = 1000; // objects of a run
+constexpr double kMargin = 32;              // pixels, for what filters add to art
 
-bool isLooking(const Node& art) {
+/// Whether the renderer shows it otherwise than PathPainter.
+bool isLooking(const Document& document, const Node& art) {
     for (const Node* at = &art; at; at = at->parent())
         if (hasLooks(*at)) return true;
-    return false;
+    const svg::ElementLook look(document, art);
+    return look.opacity(svg::Name::FillOpacity) < 1 || look.opacity(svg::Name::StrokeOpacity) < 1 || look.hasMarkers();
 }
 
 /// Around the run with what it may cast around itself, at most a view's size beyond the view.
@@ -100,7 +104,8 @@ std::vector<Piece> piecesOf(Document& document, const Watch& watch, const std::v
     if (order.anyLive()) add(Piece::Kind::Rest, 0, port, [&](std::size_t i) { return !order.isLive(i); });
     for (std::size_t run = 0; run < runs.size(); ++run) {
         const std::vector<Node*>& art = runs[run].art;
-        const bool looks = std::any_of(art.begin(), art.end(), [](const Node* each) { return isLooking(*each); });
+        const auto last = art.begin() + static_cast<std::ptrdiff_t>(std::min(art.size(), kMostLookedAt));
+        const bool looks = std::any_of(art.begin(), last, [&](const Node* each) { return isLooking(document, *each); });
         const Port own = portOf(runs[run], watch, port);
         if (looks && order.anyOf(run) && !own.size.isEmpty())
             add(Piece::Kind::Art, run, own, [&](std::size_t i) { return order.isOf(run, i); });

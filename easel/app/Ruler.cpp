@@ -3,6 +3,7 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 #include "app/Look.h"
@@ -12,14 +13,21 @@ namespace easel::app {
 namespace {
 
 constexpr double kLeastApart = 48; // widget pixels between numbers
+constexpr double kBeside = 12;     // of them beside a number
 
-/// The least of 1, 2 and 5 times a power of ten that is far enough apart.
-double stepFor(double zoom) {
-    const double least = kLeastApart / zoom;
+/// The least of 1, 2 and 5 times a power of ten that is so many widget pixels.
+double stepFor(double zoom, double apart) {
+    const double least = apart / zoom;
     const double power = std::pow(10, std::floor(std::log10(least)));
     for (const double times : {1.0, 2.0, 5.0})
         if (times * power >= least) return times * power;
     return 10 * power;
+}
+
+/// With the decimals that its step has.
+QString numberAt(double place, double step) {
+    const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(step) + 1e-9)));
+    return QString::number(place, 'f', decimals);
 }
 
 } // namespace
@@ -41,21 +49,26 @@ void Ruler::paintEvent(QPaintEvent* /*event*/) {
     const model::Point corner = canvas_.toDocument({0, 0});
     const double start = lies_ ? corner.x : corner.y;
     const double zoom = canvas_.zoom();
-    const double step = stepFor(zoom);
+    double step = stepFor(zoom, kLeastApart);
+    const double farthest = std::max(std::abs(start), std::abs(start + length / zoom));
+    const double widest = painter.fontMetrics().horizontalAdvance(numberAt(-farthest, step));
+    step = stepFor(zoom, std::max(kLeastApart, widest + kBeside));
     const auto line = [&](double at, double from) {
         lies_ ? painter.drawLine(QPointF(at, from), QPointF(at, kBreadth))
               : painter.drawLine(QPointF(from, at), QPointF(kBreadth, at));
     };
     constexpr int kParts = 10;
-    for (double index = std::floor(start / step);; ++index) {
+    const double first = std::floor(start / step);
+    const int count = static_cast<int>(length / (step * zoom)) + 2;
+    for (int i = 0; i < count; ++i) {
+        const double index = first + i;
         const double place = (index * step - start) * zoom;
-        if (place > length) break;
         painter.setPen(colors.line.darker(colors.dark ? 60 : 125));
         for (int part = 1; part < kParts; ++part)
             line(std::round(place + part * step * zoom / kParts) + 0.5, part == kParts / 2 ? 13 : 16);
         line(std::round(place) + 0.5, 6);
         painter.setPen(colors.faint);
-        const QString number = QString::number(index * step, 'g', 6);
+        const QString number = numberAt(index * step, step);
         painter.save();
         painter.translate(lies_ ? QPointF(place + 4, 11) : QPointF(11, place - 4));
         if (!lies_) painter.rotate(-90);

@@ -151,6 +151,10 @@ void Scene::setPiece(const Piece& piece, QImage image) {
 
 bool Scene::settle(bool changed) {
     const bool showsAll = hasTruth() && live_.isAny() && (!needsRest_ || !rest_.image.isNull());
+    if (changed && live_.isAny()) { // until it is painted with the rest
+        QPainter painter(&image_);
+        paintLive(painter, image_.rect());
+    }
     if (changed && showsAll) {
         QImage image(port_.size, QImage::Format_ARGB32_Premultiplied);
         image.fill(Qt::transparent);

@@ -36,6 +36,12 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     drag({60, 60});
     type("25.5");
     release({60, 60});
+    // Seen from afar the mouse snaps farther: to the line's end.
+    press({200, 60});
+    drag({190, 90});
+    wheel({190, 90}, -1200);
+    release({149.5, 123.5});
+    wheel({190, 90}, 1200);
     choose("Axonometric &Grid");
     actions->setGridSpacing(12);
     stroke({{61, 151}, {90, 140}, {111, 122}});
@@ -428,14 +434,17 @@ TEST_F(WindowTest, ZoomsAboutThePointer) {
     canvas().zoomTo(1);
     const QPointF place(40, 30);
     const Point under = canvas().toDocument(place);
-    QWheelEvent wheel(place, canvas().mapToGlobal(place), {}, {0, 240}, Qt::NoButton, Qt::ControlModifier,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&canvas(), &wheel);
+    drag(under);
+    wheel(under, 240);
     EXPECT_NEAR(canvas().zoom(), 1.44, 1e-12);
     EXPECT_NEAR(canvas().toDocument(place).x, under.x, 0.5); // but for whole pixels
     EXPECT_NEAR(canvas().toDocument(place).y, under.y, 0.5);
+    wheel(canvas().toDocument(place), 240, Qt::NoModifier);
+    EXPECT_EQ(canvas().mouse(), canvas().toDocument(place));
     canvas().zoomTo(1e9);
     EXPECT_EQ(canvas().zoom(), 256);
+    window->files().newDocument(1e6, 1e6);
+    EXPECT_LT(canvas().fromDocument({1e6, 1e6}).x(), canvas().width()); // all of it
 }
 
 TEST_F(WindowTest, PluginsHearOfTheRightButtonAndOfHovering) {

@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QThread>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cstdlib>
@@ -116,6 +117,12 @@ class Shown : public testing::Test {
     void drag(easel::model::Point at, Qt::KeyboardModifiers keys = {}) { mouse(QEvent::MouseMove, at, keys); }
     void release(easel::model::Point at, Qt::KeyboardModifiers keys = {}) {
         mouse(QEvent::MouseButtonRelease, at, keys);
+    }
+    void wheel(easel::model::Point at, int angle, Qt::KeyboardModifiers keys = Qt::ControlModifier) {
+        const QPointF place = canvas().fromDocument(at);
+        QWheelEvent event(place, canvas().mapToGlobal(place), {}, {0, angle}, Qt::NoButton, keys, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(&canvas(), &event);
     }
     void stroke(const std::vector<easel::model::Point>& places) {
         press(places.front());
