@@ -7,7 +7,10 @@
 #include <QStatusBar>
 #include <QTreeWidget>
 
+#include <sys/resource.h>
+
 #include <fstream>
+#include <map>
 #include <utility>
 
 #include "WindowTest.h"
@@ -18,7 +21,19 @@ namespace {
 
 using testing::HasSubstr;
 
-class WindowFiles : public desk::WindowTest {};
+class WindowFiles : public desk::WindowTest {
+  protected:
+    WindowFiles() {
+        window->files().noticed = [this](Notice about, const QString& text) { noticed[about] = text.toStdString(); };
+    }
+    void typeOver(QWidget& field, const char* digits) {
+        field.setFocus();
+        for (key(field, Qt::Key_A, {}, Qt::ControlModifier); *digits; ++digits) key(field, *digits, QString(*digits));
+    }
+
+    using Notice = easel::app::Files::Notice;
+    std::map<Notice, std::string> noticed;
+};
 
 TEST_F(WindowFiles, AsksBeforeWorkIsLost) {
     actions->addLayer("New");
@@ -50,9 +65,18 @@ TEST_F(WindowFiles, AsksForAllDrawingsBeforeItCloses) {
     EXPECT_FALSE(window->close());
     EXPECT_THAT(asked, HasSubstr("\n\na.svg\nb.svg"));
     clickWhenAsked("Discard");
-    choose("&New"); // asks for the one that goes
+    struct rlimit room {};
+    ::getrlimit(RLIMIT_FSIZE, &room);
+    const struct rlimit none = {0, room.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &none); // as on a full disk
+    choose("&New");                   // asks for the one that goes
+    const std::string why = window->files().keepWork();
+    ::setrlimit(RLIMIT_FSIZE, &room);
     EXPECT_THAT(asked, HasSubstr("Save the changes to b.svg"));
     EXPECT_FALSE(std::filesystem::exists(mine + "-1.svg"));
+    EXPECT_THAT(desk::contents(mine + ".svg"), HasSubstr("In a.svg"));
+    EXPECT_THAT(noticed[Notice::NotKept], HasSubstr(why));
+    EXPECT_THAT(why, HasSubstr(mine + ".path: File too large"));
     clickWhenAsked("Save");
     EXPECT_TRUE(window->close());
     EXPECT_THAT(folder.content("a.svg"), HasSubstr("In a.svg"));
@@ -78,8 +102,15 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     folder.write("recovery/1.lock", "");
     window->files().newDocument(10, 10);
     EXPECT_FALSE(std::filesystem::exists(mine)); // it was given up
+    folder.write("recovery/7.lock", "");         // of one that kept nothing
+    whenAsked<QMessageBox>([&](QMessageBox&) {
+        const easel::app::Recovery meanwhile(folder.path("recovery"));
+        EXPECT_TRUE(meanwhile.left().empty()); // nobody else is asked
+    });
     clickWhenAsked("Open It");
     window->files().offerRecovered();
+    EXPECT_FALSE(std::filesystem::exists(folder.path("recovery/7.lock")));
+    EXPECT_EQ(std::filesystem::status(folder.path("recovery")).permissions(), std::filesystem::perms::owner_all);
     ASSERT_TRUE(await([&] { return !window->files().isReading(); }));
     EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
     EXPECT_EQ(paths(), 1U);
@@ -87,6 +118,14 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_TRUE(actions->isModified());
     EXPECT_TRUE(recovery.left().empty());
     EXPECT_EQ(folder.content("recovery/1.svg"), kept); // it is this program's now
+
+    folder.write("recovery/2.svg", "<svg"); // which cannot be read
+    window->open(folder.write("asked.svg", "<svg xmlns='http://www.w3.org/2000/svg' width='77' height='9'/>"));
+    clickWhenAsked("Open It");
+    window->files().offerRecovered();
+    clickWhenAsked("Discard");
+    ASSERT_TRUE(await([&] { return document().width() == 77; }));
+    EXPECT_THAT(failures, testing::ElementsAre(HasSubstr("recovery/2.svg")));
 }
 
 TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
@@ -103,6 +142,7 @@ TEST_F(WindowFiles, RecoveredWorkKnowsItsFile) {
         clickWhenAsked("Open It");
         window->files().offerRecovered();
         ASSERT_TRUE(await([&] { return !window->files().isReading(); }));
+        EXPECT_EQ(noticed[Notice::FileChanged].empty(), !isChanged);
         if (isChanged) clickWhenAsked("Cancel");
         choose("&Save");
         EXPECT_EQ(actions->isModified(), isChanged);
@@ -269,6 +309,62 @@ TEST_F(WindowFiles, TellsOfFilesThatCannotBeOpenedOrWereChanged) {
     EXPECT_THAT(asked, HasSubstr("changed by another program"));
     EXPECT_THAT(folder.content("d.svg"), HasSubstr("theirs"));
     EXPECT_TRUE(actions->isModified());
+}
+
+TEST_F(WindowFiles, NoticesWhatOtherProgramsDoToTheFileInFront) {
+    const auto isNoticed = [&](const std::string& what) {
+        return await([&] { return noticed[Notice::FileChanged].find(what) != std::string::npos; });
+    };
+    const std::string path = folder.path("d.svg");
+    actions->save(path, false);
+    const std::string saved = folder.content("d.svg");
+    std::filesystem::remove(path);
+    EXPECT_TRUE(isNoticed("removed " + path));
+    std::ofstream(path) << saved << "<!-- theirs -->";
+    EXPECT_TRUE(isNoticed("changed " + path));
+    const auto& first = document();
+    session->newDocument(50, 60);
+    actions->save(folder.path("e.svg"), false);
+    EXPECT_EQ(noticed[Notice::FileChanged], "");
+    actions->bringToFront(first);
+    EXPECT_TRUE(isNoticed("changed " + path));
+    std::ofstream(path) << saved;
+    EXPECT_TRUE(await([&] { return noticed[Notice::FileChanged].empty(); }));
+}
+
+/// Plug-ins go on while a name is asked for.
+TEST_F(WindowFiles, SavesTheDrawingThatWasAskedAbout) {
+    for (const bool closes : {false, true}) {
+        const std::string path = folder.path(closes ? "closed.svg" : "behind.svg");
+        whenAsked<QFileDialog>([&](QFileDialog& dialog) {
+            closes ? session->close() : static_cast<void>(session->newDocument(50, 60));
+            dialog.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(path));
+            static_cast<QDialog&>(dialog).accept();
+        });
+        choose("Save &As...");
+        EXPECT_EQ(std::filesystem::exists(path), !closes);
+    }
+    EXPECT_THAT(folder.content("behind.svg"), HasSubstr("width=\"300pt\""));
+    EXPECT_THAT(failures, testing::ElementsAre(HasSubstr("was closed before it had a name")));
+}
+
+TEST_F(WindowFiles, SavesWhatIsHalfTyped) {
+    actions->save(folder.path("d.svg"), false);
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    actions->key("A", kAICommandKey);
+    auto& x = *window->findChild<QDoubleSpinBox*>("x");
+    typeOver(*x.findChild<QLineEdit*>(), "77");
+    actions->nudge(5, 0); // as a plug-in may
+    EXPECT_EQ(x.findChild<QLineEdit*>()->text(), QString("77 pt"));
+    choose("&Save");
+    EXPECT_EQ(topPath().points[0].anchor.x, 77);
+    auto& layers = *window->findChild<QTreeWidget*>("layers");
+    layers.editItem(layers.topLevelItem(0), 2);
+    typeOver(*layers.findChild<QLineEdit*>(), "123");
+    actions->nudge(5, 0);
+    choose("&Save");
+    EXPECT_THAT(folder.content("d.svg"), HasSubstr("inkscape:label=\"123\""));
 }
 
 /// Of a name without its end, which the dialog cannot have asked about.

@@ -28,7 +28,7 @@ using testing::HasSubstr;
 TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     const std::string script = folder.path("recorded.js");
     show(script);
-    window->files().newDocument(300, 200);
+    for (const double width : {50, 300}) window->files().newDocument(width, 200); // in the place of the one before
     chooseTool("Isometric Line Tool");
     stroke({{100, 150}, {120, 139}, {151, 122}});
     stroke({{151, 122}, {150, 90}, {152, 61}});
@@ -81,6 +81,7 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     std::filesystem::remove(folder.path("window.svg"));
     easel::script::run(again, script, said);
     EXPECT_EQ(folder.content("window.svg"), drawn);
+    EXPECT_EQ(again.documents.count(), 1U);
 }
 
 /// Of the line that is drawn, and of the way that it is moved, with every tool.
