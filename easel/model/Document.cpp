@@ -242,26 +242,36 @@ Node& Document::create(NodeType type, Placement placement, Node& anchor) {
 }
 
 Node& Document::duplicate(const Node& node, Placement placement, Node& anchor) {
-    const Transaction transaction(journal());
-    Node& copy = impl_->copyOf(*this, node, placement, anchor);
-    // Each container takes its children from the bottom up; the copies are met in the same order as what they copy.
-    const Node* from = &node;
-    Node* to = &copy;
-    while (from) {
-        if (const Node* child = from->lastChild()) {
-            from = child;
-            to = &impl_->copyOf(*this, *from, Placement::OnTopInside, *to);
-            continue;
+    return make(snapshotOf(node), placement, anchor);
+}
+
+Snapshot Document::snapshotOf(const Node& node) const {
+    Snapshot snapshot;
+    std::vector<const Node*> open; // containers around the next part
+    for (const Node* at = &node; at; at = nextWithin(node, *at)) {
+        while (!open.empty() && open.back() != at->parent()) open.pop_back();
+        Snapshot::Part part{at->type(), open.size(), at->content(), at->kept_, at->hasOwnUnits_};
+        open.push_back(at);
+        part.content.name = {};
+        if (at->origin_ != 0) {
+            Copied copied{at->origin_, original(*at)};
+            copied.was.name = {};
+            part.kept = Shared(Kept{at->kept_ ? at->kept_->clip : Shared<Clip>(), Shared(std::move(copied))});
         }
-        while (from != &node && !from->previous()) {
-            from = from->parent();
-            to = to->parent();
-        }
-        if (from == &node) break;
-        from = from->previous();
-        to = &impl_->copyOf(*this, *from, Placement::OnTopInside, *to->parent());
+        snapshot.parts_.push_back(std::move(part));
     }
-    return copy;
+    return snapshot;
+}
+
+Node& Document::make(const Snapshot& snapshot, Placement placement, Node& anchor) {
+    const Transaction transaction(journal());
+    std::vector<Node*> open; // containers around the next part
+    for (const Snapshot::Part& part : snapshot.parts_) {
+        open.resize(part.depth);
+        open.push_back(open.empty() ? &Impl::make(*this, part, placement, anchor)
+                                    : &Impl::make(*this, part, Placement::AtBottomInside, *open.back()));
+    }
+    return *open.front();
 }
 
 /// A subpath is painted, hidden and locked as one with the others, and the file has no place for its name or its mask.
@@ -274,19 +284,16 @@ void Document::Impl::becomePartOf(Node& subpath, const Node& compound) {
     content.name = {};
 }
 
-Node& Document::Impl::copyOf(Document& document, const Node& node, Placement placement, Node& anchor) {
-    Node& copy = document.create(node.type(), placement, anchor);
-    copy.state_.content = node.content();
-    copy.state_.content.name = {};
-    if (copy.isSubpath()) becomePartOf(copy, *copy.parent());
-    if (copy.isSubpath()) return copy;
-    copy.kept_ = node.kept_;
-    copy.hasOwnUnits_ = node.hasOwnUnits_;
-    if (node.origin_ == 0) return copy;
-    Copied copied{node.origin_, document.original(node)};
-    copied.was.name = {};
-    copy.kept_ = Shared(Kept{node.kept_ ? node.kept_->clip : Shared<Clip>(), Shared(std::move(copied))});
-    return copy;
+Node& Document::Impl::make(Document& document, const Snapshot::Part& part, Placement placement, Node& anchor) {
+    Node& made = document.create(part.type, placement, anchor);
+    made.state_.content = part.content;
+    if (made.isSubpath()) {
+        becomePartOf(made, *made.parent());
+        return made;
+    }
+    made.kept_ = part.kept;
+    made.hasOwnUnits_ = part.hasOwnUnits;
+    return made;
 }
 
 namespace {

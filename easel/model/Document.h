@@ -13,6 +13,7 @@
 #include "model/Journal.h"
 #include "model/Node.h"
 #include "model/Settings.h"
+#include "model/Snapshot.h"
 
 namespace easel::model {
 
@@ -104,6 +105,9 @@ class Document {
     void setSpecial(Node& opaque, Special special);
     /// A copy of art with all that it holds, without their names; as it is, it is not selected.
     Node& duplicate(const Node& node, Placement placement, Node& anchor);
+    /// The same in two steps, between which the art may change and go.
+    [[nodiscard]] Snapshot snapshotOf(const Node& node) const;
+    Node& make(const Snapshot& snapshot, Placement placement, Node& anchor);
     /// A group or compound path that takes the place of art, with what belongs to that as a whole: its name, whether it
     /// is selected, locked and hidden, its extras, how it is clipped. The art is nameless then, and still there.
     Node& createInPlaceOf(Node& art, NodeType type);

@@ -50,7 +50,7 @@ struct Document::Impl {
     void deselectAround(const Node& node);
     [[nodiscard]] Content newContent(NodeType type, const Style& pathStyle);
     static void becomePartOf(Node& subpath, const Node& compound);                         ///< of a node that is noted
-    Node& copyOf(Document& document, const Node& node, Placement placement, Node& anchor); ///< without its children
+    static Node& make(Document& document, const Snapshot::Part& part, Placement placement, Node& anchor);
     /// The node's content for writing, noted. Nothing else changes a content, so that no change of it is lost.
     Content& change(Node& node);
     /// The path's points for writing: in place when the journal knows nothing of them, else a copy.
