@@ -280,6 +280,10 @@ void Actions::key(const std::string& name, session::Modifiers modifiers) {
         [&] { session_.input.pressKey(*code, modifiers); });
 }
 
+void Actions::setClipboard(const std::string& svg) {
+    act("app.clipboard = " + Recorder::quoted(svg), [&] { session_.clipboard.setText(svg); });
+}
+
 void Actions::selectTool(session::Tool& tool) {
     act("app.selectTool(" + Recorder::quoted(tool.title) + ')', [&] { session_.input.selectTool(tool); });
 }

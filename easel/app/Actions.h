@@ -59,6 +59,7 @@ class Actions {
 
     // Keys, tools, menus
     void key(const std::string& name, session::Modifiers modifiers);
+    void setClipboard(const std::string& svg); ///< what the next key pastes, from another program
     void selectTool(session::Tool& tool);
     void editTool(session::Tool& tool);
     void chooseMenu(const std::string& text, const std::string& group);

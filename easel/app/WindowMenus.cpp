@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/Application.h"
+#include "app/DesktopClipboard.h"
 #include "app/Look.h"
 #include "app/Window.h"
 
@@ -62,6 +63,23 @@ void Window::makeEditMenu() {
     QMenu& menu = *menuBar()->addMenu("&Edit");
     add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
     add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
+    menu.addSeparator();
+    const auto addCopy = [&](const char* text, const char* keys, const char* name) {
+        add(menu, text, QKeySequence(keys), [this, name] {
+            actions_.key(name, kAICommandKey);
+            offerToOthers(actions_.session().clipboard);
+        });
+    };
+    const auto addPaste = [&](const char* text, const char* keys, session::Modifiers held) {
+        add(menu, text, QKeySequence(keys), [this, held] {
+            if (const auto others = copiedByOthers(actions_.session().clipboard)) actions_.setClipboard(*others);
+            actions_.key("V", held);
+        });
+    };
+    addCopy("Cu&t", "Ctrl+X", "X");
+    addCopy("&Copy", "Ctrl+C", "C");
+    addPaste("&Paste", "Ctrl+V", kAICommandKey);
+    addPaste("Paste &in Place", "Ctrl+Shift+V", kShiftCommand);
     menu.addSeparator();
     addKey(menu, "&Delete", "", "Delete", 0);
     addKey(menu, "D&uplicate", "Ctrl+D", "D", kAICommandKey);

@@ -49,7 +49,7 @@ struct Document::Impl {
     void setSelected(Node& node, bool selected, Shared<PointSelection> points);
     void deselectAround(const Node& node);
     [[nodiscard]] Content newContent(NodeType type, const Style& pathStyle);
-    static void becomePartOf(Node& subpath, const Node& compound);                         ///< of a node that is noted
+    static void becomePartOf(Node& subpath, const Node& compound); ///< of a node that is noted
     static Node& make(Document& document, const Snapshot::Part& part, Placement placement, Node& anchor);
     /// The node's content for writing, noted. Nothing else changes a content, so that no change of it is lost.
     Content& change(Node& node);

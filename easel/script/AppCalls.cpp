@@ -216,6 +216,9 @@ void setUndoMegabytes(Host& host, double value) {
     host.session.documents.setHistoryLimit(static_cast<std::size_t>(value * kMegabyte));
 }
 
+std::string clipboard(Host& host) { return host.session.clipboard.text(); }
+void setClipboard(Host& host, std::string svg) { host.session.clipboard.setText(std::move(svg)); }
+
 // Plug-ins
 
 std::vector<PluginRecord> plugins(Host& host) {
@@ -296,6 +299,7 @@ constexpr Row kApp[] = {
     property<axisGrid, setAxisGrid>("app.axisGrid"),
     property<snapToAxisGrid, setSnapToAxisGrid>("app.snapToAxisGrid"),
     property<undoMegabytes, setUndoMegabytes>("app.undoMegabytes"),
+    property<clipboard, setClipboard>("app.clipboard"),
     property<plugins>("app.plugins"),
     method<reload>("app.reload", "plugin"),
     method<sendMessage>("app.sendMessage", "plugin, caller, selector"),

@@ -1,18 +1,23 @@
 // The view and its keys, modifiers that are held by a switch, and pictures of the drawing for others.
+#include <QClipboard>
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QToolButton>
 
 #include <cmath>
 #include <numbers>
+#include <sstream>
 
 #include "WindowTest.h"
+#include "script/Script.h"
 
 namespace {
 
 using desk::WindowTest;
 using easel::model::Point;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 class ViewTest : public WindowTest {
@@ -122,6 +127,42 @@ TEST_F(ViewTest, PicturesForOthersShowTheDrawing) {
     EXPECT_NEAR(ink, 2 * 255 * document().currentLayer().firstChild()->style().strokeWidth, 2);
     EXPECT_EQ(picture.pixel(300, 200), qRgb(255, 255, 255));
     EXPECT_TRUE(failures.empty());
+}
+
+/// Between two windows, and with other programs; played again from a recording.
+TEST_F(ViewTest, CopiesComeFromOtherProgramsAndGoToThem) {
+    const std::string script = folder.path("copied.js");
+    show(script);
+    window->files().newDocument(300, 200);
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 150}, {100, 50}});
+    shortcut("Ctrl+A");
+    shortcut("Ctrl+X");
+    EXPECT_EQ(paths(), 0U);
+    const QMimeData* const offered = QGuiApplication::clipboard()->mimeData();
+    EXPECT_THAT(offered->data("image/svg+xml").toStdString(), HasSubstr("<path d=\"M"));
+    shortcut("Ctrl+V");
+    EXPECT_EQ(paths(), 1U);
+    QGuiApplication::clipboard()->setText("<svg xmlns='http://www.w3.org/2000/svg'><path d='M1 2 \"3\" 4'/></svg>");
+    shortcut("Ctrl+V"); // with quotes that the recording must keep apart
+    QGuiApplication::clipboard()->setText("<svg xmlns='http://www.w3.org/2000/svg'><path d='M10 20L30 40'/></svg>");
+    shortcut("Ctrl+Shift+V");
+    EXPECT_EQ(topPath().points[1].anchor, (Point{30, 40}));
+    QGuiApplication::clipboard()->setText("no drawing"); // the last one holds
+    shortcut("Ctrl+V");
+    EXPECT_EQ(topPath().points[1].anchor, (Point{40, 50}));
+    actions->save(folder.path("copied.svg"), false);
+    const std::string drawn = folder.content("copied.svg");
+    end();
+
+    easel::session::Session again;
+    again.profile.use(folder.path("profile"));
+    again.plugins.load(ORTHOLINE_BUNDLE);
+    again.start();
+    std::ostringstream said;
+    std::filesystem::remove(folder.path("copied.svg"));
+    easel::script::run(again, script, said);
+    EXPECT_EQ(folder.content("copied.svg"), drawn);
 }
 
 } // namespace

@@ -79,6 +79,7 @@ class Session {
     Fonts fonts;
     Browser browser;
     Documents documents{reports};
+    Clipboard clipboard{documents};
 
     // Frame
     Memory memory;
@@ -100,7 +101,7 @@ class Session {
     // Input
     Monitors monitors{plugins, messenger};
     Pointer pointer{documents, toolbox, messenger, monitors, reports, held};
-    Input input{documents, plugins, messenger, toolbox, menus, screen, monitors, pointer};
+    Input input{documents, plugins, messenger, toolbox, menus, screen, monitors, pointer, clipboard, reports};
 
   private:
     /// Drops what a plug-in that has ended or declined had registered.

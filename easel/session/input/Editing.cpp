@@ -2,6 +2,7 @@
 #include "session/input/Editing.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -55,19 +56,19 @@ void removeAnchors(Document& document, Node& path) {
     }
 }
 
-/// Topmost first. A group takes along what is in it, a compound path its pieces.
-std::vector<Node*> wholeObjects(Document& document) {
+} // namespace
+
+std::vector<Node*> selectedObjects(Document& document) {
     std::vector<Node*> objects;
+    std::unordered_set<const Node*> compounds; // met already, in one of their pieces
     for (Node* node : document.selection()) {
         if (node->isSubpath()) node = node->parent();
         const bool inside = node->parent()->selected() && node->parent()->type() != model::NodeType::Layer;
         if (inside || node->effectivelyLocked() || node->effectivelyHidden()) continue;
-        if (std::find(objects.begin(), objects.end(), node) == objects.end()) objects.push_back(node);
+        if (node->type() != model::NodeType::Compound || compounds.insert(node).second) objects.push_back(node);
     }
     return objects;
 }
-
-} // namespace
 
 void selectAll(Document& document) {
     const model::Journal::Scope oneStep(document.journal());
@@ -80,7 +81,7 @@ void selectAll(Document& document) {
 void duplicateSelected(Document& document) {
     constexpr double kAside = 10; // points, down and to the right
     const model::Journal::Scope oneStep(document.journal());
-    const std::vector<Node*> objects = wholeObjects(document);
+    const std::vector<Node*> objects = selectedObjects(document);
     document.deselectAll();
     for (Node* const object : objects) {
         Node& copy = document.duplicate(*object, model::Placement::Above, *object);
@@ -91,7 +92,7 @@ void duplicateSelected(Document& document) {
 
 void groupSelected(Document& document) {
     const model::Journal::Scope oneStep(document.journal());
-    const std::vector<Node*> objects = wholeObjects(document);
+    const std::vector<Node*> objects = selectedObjects(document);
     if (objects.empty() || (objects.size() == 1 && objects[0]->type() == model::NodeType::Group)) return;
     Node& group = document.create(model::NodeType::Group, model::Placement::Above, *objects.front());
     for (Node* const object : objects) document.place(*object, model::Placement::AtBottomInside, group);
@@ -100,7 +101,7 @@ void groupSelected(Document& document) {
 
 void ungroupSelected(Document& document) {
     const model::Journal::Scope oneStep(document.journal());
-    for (Node* const group : wholeObjects(document)) {
+    for (Node* const group : selectedObjects(document)) {
         if (group->type() != model::NodeType::Group) continue;
         while (Node* const child = group->firstChild()) {
             document.place(*child, model::Placement::Above, *group);
@@ -112,7 +113,7 @@ void ungroupSelected(Document& document) {
 
 void arrangeSelected(Document& document, Order order) {
     const model::Journal::Scope oneStep(document.journal());
-    std::vector<Node*> objects = wholeObjects(document);
+    std::vector<Node*> objects = selectedObjects(document);
     // The last one to go lies outermost; of steps the first, so that neighbours do not change places.
     if (order == Order::Front || order == Order::Backward) std::reverse(objects.begin(), objects.end());
     for (Node* const object : objects) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
 
 #include "model/Document.h"
 
@@ -12,10 +13,14 @@ namespace easel::session {
 /// goes too.
 void removeSelected(model::Document& document);
 
+/// Whole objects that are selected, and not locked or hidden, the topmost first. A group takes along what is in it, a
+/// compound path its pieces.
+[[nodiscard]] std::vector<model::Node*> selectedObjects(model::Document& document);
+
 /// Selects all that is neither locked nor hidden.
 void selectAll(model::Document& document);
 
-// With whole objects that are selected, and not locked or hidden; each is one step
+// With selectedObjects; each is one step
 /// Puts copies above them, a little aside, and selects these.
 void duplicateSelected(model::Document& document);
 /// Puts them into a new group where the topmost was. Does nothing with one alone that is a group already.

@@ -32,12 +32,40 @@ void Input::edit(std::int32_t code) {
     if (code == key::kA && held == kAICommandKey) selectAll(document);
     if (code == key::kA && held == kShiftCommand) document.deselectAll();
     if (code == key::kD && held == kAICommandKey) duplicateSelected(document);
+    if (code == key::kX && held == kAICommandKey) cut(document);
+    if (code == key::kC && held == kAICommandKey) clipboard_.take(selectedObjects(document));
+    if (code == key::kV && (held == kAICommandKey || held == kShiftCommand)) paste(document, held == kShiftCommand);
     if (code == key::kG && held == kAICommandKey) groupSelected(document);
     if (code == key::kG && held == kShiftCommand) ungroupSelected(document);
     if (code == key::kRightBracket && held == kShiftCommand) arrangeSelected(document, Order::Front);
     if (code == key::kRightBracket && held == kAICommandKey) arrangeSelected(document, Order::Forward);
     if (code == key::kLeftBracket && held == kAICommandKey) arrangeSelected(document, Order::Backward);
     if (code == key::kLeftBracket && held == kShiftCommand) arrangeSelected(document, Order::Back);
+}
+
+void Input::cut(model::Document& document) {
+    const std::vector<model::Node*> objects = selectedObjects(document);
+    clipboard_.take(objects);
+    const model::Journal::Scope oneStep(document.journal());
+    for (model::Node* const object : objects) document.remove(*object);
+}
+
+void Input::paste(model::Document& document, bool inPlace) {
+    const model::Node& layer = document.currentLayer();
+    if (layer.locked() || layer.hidden()) {
+        reports_.add(Blame::UserData, std::string("nothing can be pasted: the current layer is ") +
+                                          (layer.locked() ? "locked" : "hidden"));
+        return;
+    }
+    try {
+        const std::size_t left = clipboard_.paste(inPlace);
+        if (left == 0) return;
+        reports_.add(Blame::UserData, std::to_string(left) + (left == 1 ? " object was" : " objects were") +
+                                          " not pasted: what is painted with gradients, or else known to the file of "
+                                          "its drawing alone, can be copied only there");
+    } catch (const Error& error) {
+        reports_.add(Blame::UserData, error.what());
+    }
 }
 
 // Tools

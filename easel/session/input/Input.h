@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 
+#include "session/documents/Clipboard.h"
 #include "session/frame/Menus.h"
 #include "session/frame/Screen.h"
 #include "session/frame/Toolbox.h"
@@ -15,7 +16,7 @@ namespace easel::session {
 class Input {
   public:
     Input(Documents& documents, const Plugins& plugins, Messenger& messenger, Toolbox& toolbox, const Menus& menus,
-          Screen& screen, Monitors& monitors, Pointer& pointer)
+          Screen& screen, Monitors& monitors, Pointer& pointer, Clipboard& clipboard, Reports& reports)
         : documents_(documents),
           plugins_(plugins),
           messenger_(messenger),
@@ -23,12 +24,15 @@ class Input {
           menus_(menus),
           screen_(screen),
           monitors_(monitors),
-          pointer_(pointer) {}
+          pointer_(pointer),
+          clipboard_(clipboard),
+          reports_(reports) {}
 
     /// Presses and lets go of a key (see keyCode). Plug-ins that monitor input hear of it first; then Escape cancels a
     /// gesture, and the brackets ask the current tool for another diameter. Between gestures the Delete keys remove
     /// what is selected, and with Command Z takes a step back (with Shift: brings it again), A selects all (nothing), D
-    /// duplicates, G groups (ungroups), the brackets bring one step forward and backward (to the front and the back).
+    /// duplicates, X, C and V cut, copy and paste (in place), G groups (ungroups), the brackets bring one step forward
+    /// and backward (to the front and the back).
     void pressKey(std::int32_t code, Modifiers modifiers);
 
     /// Makes a tool current, with the messages that go with it. The current one is reselected. A gesture is cancelled.
@@ -43,6 +47,8 @@ class Input {
 
   private:
     void edit(std::int32_t code);
+    void cut(model::Document& document);
+    void paste(model::Document& document, bool inPlace);
 
     Documents& documents_;
     const Plugins& plugins_;
@@ -52,6 +58,8 @@ class Input {
     Screen& screen_;
     Monitors& monitors_;
     Pointer& pointer_;
+    Clipboard& clipboard_;
+    Reports& reports_;
 };
 
 } // namespace easel::session
