@@ -3,8 +3,6 @@
 
 #include <QFile>
 
-#include <filesystem>
-
 namespace easel::app {
 
 namespace {
@@ -32,7 +30,7 @@ double Settings::gridSpacing() const {
 }
 
 void Settings::noteRecent(const std::string& path) {
-    const QString added = QString::fromStdString(std::filesystem::absolute(path).lexically_normal().string());
+    const QString added = QString::fromStdString(path);
     QStringList all = recent();
     all.removeAll(added);
     all.prepend(added);

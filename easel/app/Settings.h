@@ -17,7 +17,7 @@ class Settings {
 
     /// The drawings opened and saved last, the newest first; those that are gone are left out.
     [[nodiscard]] QStringList recent() const;
-    void noteRecent(const std::string& path);
+    void noteRecent(const std::string& path); ///< absolute
 
     [[nodiscard]] bool dark() const { return file_.value("dark", false).toBool(); }
     void setDark(bool dark) { file_.setValue("dark", dark); }

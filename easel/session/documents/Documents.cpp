@@ -30,8 +30,14 @@ template <class Work> auto withFile(Work work) {
     }
 }
 
+/// As the system goes there: what `..` means behind a link cannot be told from the letters. The file itself may be a
+/// link, which keeps its name.
 std::string absolute(const std::string& path) {
-    return path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
+    if (path.empty()) return path;
+    const std::filesystem::path whole = std::filesystem::absolute(path);
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::weakly_canonical(whole.parent_path(), error);
+    return (error ? whole : folder / whole.filename()).string();
 }
 
 } // namespace

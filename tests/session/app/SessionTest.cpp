@@ -83,4 +83,20 @@ TEST(Session, TellsHandlesOfOneDocumentFromThoseOfAnother) {
     EXPECT_EQ(session.documents.byNumber(firstNumber), nullptr); // a number is never used twice
 }
 
+// A path that leads through a link and back was taken by its letters, and saving replaced another drawing.
+TEST(Session, SavesTheFileThatItOpened) {
+    const desk::Folder folder;
+    const std::string other = "<svg xmlns='http://www.w3.org/2000/svg' width='10' height='10'/>";
+    folder.write("here/d.svg", other);
+    folder.write("there/d.svg", other);
+    std::filesystem::create_directory(folder.path("there/inner"));
+    std::filesystem::create_directory_symlink(folder.path("there/inner"), folder.path("here/link"));
+    Session session;
+    model::Document& opened = session.open(folder.path("here/link/../d.svg"));
+    opened.addLayer("New");
+    session.save(session.documents.pathOf(opened), false);
+    EXPECT_EQ(folder.content("here/d.svg"), other);
+    EXPECT_THAT(folder.content("there/d.svg"), testing::HasSubstr("New"));
+}
+
 } // namespace
