@@ -2,6 +2,7 @@
 #include "app/Actions.h"
 
 #include <QCursor>
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QScopedValueRollback>
 
@@ -11,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "session/input/Editing.h"
 #include "session/input/Keys.h"
 #include "svg/Picture.h"
 
@@ -22,10 +24,10 @@ using session::Error;
 
 std::string layerAt(std::size_t index) { return "app.document.layers[" + std::to_string(index) + ']'; }
 
-// Those of the selected objects that are not locked, nor in anything that is
+// Those of the selected objects that are neither locked nor hidden, nor in anything that is
 constexpr const char* kEditable = "app.document.selection.filter(function (art) { for (var at = art; at; at = "
-                                  "at.parent) if (at.locked) return false; "
-                                  "return !art.layer.locked; })";
+                                  "at.parent) if (at.locked || at.hidden) return false; "
+                                  "return !art.layer.locked && art.layer.visible; })";
 
 std::string assignment(const char* property, bool value) {
     return property + std::string(value ? " = true" : " = false");
@@ -77,20 +79,43 @@ void Actions::record(const std::string& statement, Time before) {
     if (!user.empty()) recorder_.add("app.onDialog(null)");
 }
 
+/// What a window shows of the session, to be compared with what it was.
+auto Actions::shown() const {
+    const session::ToolChanges& tools = session_.toolbox.changes();
+    const StageCursor& cursor = session_.screen.cursor;
+    std::size_t annotators = 0; // that draw
+    std::size_t invalid = 0;
+    for (const session::Annotator* const each : session_.annotations.all()) {
+        annotators += each->active;
+        invalid += each->active && !each->invalid.isEmpty();
+    }
+    return std::tuple(documentNumber(), document() ? document()->journal().changeCount() : 0,
+                      document() ? document()->view : model::View(), path(), unsavedWork(), annotators, invalid,
+                      tools.members + tools.titles + tools.tips + tools.looks, session_.toolbox.current(),
+                      session_.toolbox.axes(), cursor.number, cursor.plugin, cursor.resource,
+                      session_.reports.lines().size());
+}
+
 void Actions::passTime(int milliseconds) {
-    const auto state = [this] {
-        return std::tuple(documentNumber(), document() ? document()->journal().changeCount() : 0, path(),
-                          unsavedWork());
-    };
-    const auto before = state();
+    constexpr int kMost = 100; // a burst of all the messages missed would keep the window busy once more
+    constexpr int kStep = 16;  // a message of each timer at most
+    constexpr int kLongest = 50;
+    const auto before = shown();
     const bool isWithin = acting_;
     const QScopedValueRollback<bool> acting(acting_, true);
-    // Where there is no timer no script needs to know how long nothing happened.
-    const int counted = session_.timers.anyActive() ? milliseconds : 0;
-    isWithin ? dialogs.pass(counted) : static_cast<void>(passed_ += counted);
     if (!isWithin) dialogs.startAct();
-    session_.timers.runFor(milliseconds / 1000.0);
-    if (done && state() != before) done();
+    QElapsedTimer clock;
+    clock.start();
+    // Time in a dialog that a timer opens is told by the runs during that.
+    const auto isOver = [&] { return clock.hasExpired(kLongest) || (!isWithin && dialogs.anyShown()); };
+    for (int left = std::min(milliseconds, kMost); left > 0 && !isOver(); left -= kStep) {
+        const int step = std::min(left, kStep);
+        // Where there is no timer no script needs to know how long nothing happened.
+        const int counted = session_.timers.anyActive() ? step : 0;
+        isWithin ? dialogs.pass(counted) : static_cast<void>(passed_ += counted);
+        session_.timers.runFor(step / 1000.0);
+    }
+    if (done && shown() != before) done();
     if (isWithin || !dialogs.anyShown()) return;
     record("app.runFor(" + Recorder::seconds(std::exchange(passed_, 0)) + ')', Time::Kept);
 }
@@ -107,17 +132,17 @@ template <class Edit> void Actions::edit(const std::string& statement, Edit what
     });
 }
 
-/// One step with what is selected: whole objects, none of them locked.
+/// One step with what is selected: whole objects, none of them locked or hidden.
 template <class Edit> void Actions::editSelected(const char* call, const std::string& arguments, Edit what) {
-    const auto isLocked = [](const model::Node* node) { return node->effectivelyLocked(); };
+    const auto isKept = [](const model::Node* node) { return node->effectivelyLocked() || node->effectivelyHidden(); };
     const std::vector<model::Node*> selection = session_.documents.needFront().selection();
     const Waiting waiting(document());
-    const bool anyLocked = std::any_of(selection.begin(), selection.end(), isLocked);
-    edit(std::string("app.document.") + call + '(' + (anyLocked ? kEditable : "app.document.selection") + ", " +
+    const bool anyKept = std::any_of(selection.begin(), selection.end(), isKept);
+    edit(std::string("app.document.") + call + '(' + (anyKept ? kEditable : "app.document.selection") + ", " +
              arguments + ')',
          [&](model::Document& document) {
              for (model::Node* const node : selection)
-                 if (!isLocked(node) && !node->parent()->selected()) what(document, *node);
+                 if (!isKept(node) && !node->parent()->selected()) what(document, *node);
          });
 }
 
@@ -263,10 +288,10 @@ void Actions::rightClick(model::Point location, session::Modifiers modifiers) {
         [&] { session_.pointer.rightClick(location, modifiers); });
 }
 
-void Actions::holdLength(double length) {
+void Actions::holdLength(std::optional<double> length) {
     if (!session_.pointer.pressed()) return;
     session_.pointer.holdLength(length);
-    recorder_.add("mouse.holdLength(" + Recorder::number(length) + ')');
+    recorder_.add("mouse.holdLength(" + (length ? Recorder::number(*length) : "") + ')');
 }
 
 // Keys, tools, menus
@@ -292,9 +317,14 @@ void Actions::editTool(session::Tool& tool) {
     act("app.editTool(" + Recorder::quoted(tool.title) + ')', [&] { session_.input.editTool(tool); });
 }
 
-void Actions::chooseMenu(const std::string& text, const std::string& group) {
-    act("app.chooseMenu(" + Recorder::quoted(text) + ", " + Recorder::quoted(group) + ')',
-        [&] { session_.input.chooseMenu(text, group); });
+/// Several may look alike: the group's name and the number tell them apart.
+void Actions::chooseMenu(AIMenuItemHandle handle) {
+    const session::MenuItem* const item = session_.menus.find(handle);
+    if (!item) throw Error("the plug-in has taken this menu item away");
+    const std::size_t number = session::Menus::numberOf(*item);
+    act("app.chooseMenu(" + Recorder::quoted(item->text) + ", " + Recorder::quoted(item->group->name) +
+            (number > 1 ? ", " + std::to_string(number) : "") + ')',
+        [&] { session_.input.chooseMenu(handle); });
 }
 
 // Editing
@@ -310,7 +340,7 @@ void Actions::redo() {
     if (session_.pointer.pressed()) return;
     const Waiting waiting(document());
     act("app.document.redo()",
-        [&] { session_.messenger.batch([&] { session_.documents.needFront().journal().redo(); }); });
+        [&] { session_.messenger.batch([&] { session::redo(session_.documents.needFront()); }); });
 }
 
 void Actions::nudge(double dx, double dy) {

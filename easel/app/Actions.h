@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -54,15 +55,15 @@ class Actions {
     void drag(model::Point location, session::Modifiers modifiers);
     void release(model::Point location, session::Modifiers modifiers);
     void rightClick(model::Point location, session::Modifiers modifiers);
-    /// Holds the running gesture at a length from its press from the next drag on; 0 lets it go.
-    void holdLength(double length);
+    /// Holds the running gesture at a length from its press from the next drag on; none lets it go.
+    void holdLength(std::optional<double> length);
 
     // Keys, tools, menus
     void key(const std::string& name, session::Modifiers modifiers);
     void setClipboard(const std::string& svg); ///< what the next key pastes, from another program
     void selectTool(session::Tool& tool);
     void editTool(session::Tool& tool);
-    void chooseMenu(const std::string& text, const std::string& group);
+    void chooseMenu(AIMenuItemHandle handle);
 
     // Editing; each is one step
     void undo();
@@ -82,7 +83,8 @@ class Actions {
     void removeLayer(std::size_t index);
     void moveLayer(std::size_t index, std::size_t to);
 
-    /// Lets time pass for the timers of plug-ins. It is recorded as far as it made a difference to them.
+    /// Lets time pass for the timers of plug-ins, but little of it where the window had no time for them, or they take
+    /// long themselves. It is recorded as far as it made a difference to them.
     void passTime(int milliseconds);
 
     // View; nobody's undo
@@ -93,6 +95,7 @@ class Actions {
 
   private:
     enum class Time { Recorded, Kept };
+    [[nodiscard]] auto shown() const;
     template <class Act> void act(const std::string& statement, Act what, Time before = Time::Recorded);
     void record(const std::string& statement, Time before);
     template <class Edit> void edit(const std::string& statement, Edit what);

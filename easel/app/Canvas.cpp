@@ -62,7 +62,9 @@ bool isModifier(int key) {
 /// key tells, with Shift only its place on the keyboard.
 char digitOf(const QKeyEvent& event) {
     const QString text = event.text();
-    for (const int sign : {text.size() == 1 ? static_cast<int>(text[0].unicode()) : 0, event.key()}) {
+    int typed = text.size() == 1 ? text[0].unicode() : 0;
+    if (typed && text[0].isDigit()) typed = '0' + text[0].digitValue(); // of any alphabet
+    for (const int sign : {typed, event.key()}) {
         if (sign >= '0' && sign <= '9') return static_cast<char>(sign);
         if (sign == '.' || sign == ',' || sign == '<' || sign == '>' || sign == ';' || sign == ':') return '.';
     }
@@ -532,7 +534,8 @@ bool Canvas::typeLength(const QKeyEvent& event) {
     } else {
         return false;
     }
-    actions_.holdLength(QString::fromStdString(typedLength_).toDouble());
+    const double length = QString::fromStdString(typedLength_).toDouble();
+    actions_.holdLength(typedLength_.empty() ? std::nullopt : std::optional(length));
     dragAgain(modifiersOf(event.modifiers()));
     return true;
 }

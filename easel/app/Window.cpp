@@ -50,7 +50,9 @@ QString hintFor(const session::Tool& tool, bool dragging) {
     if (dragging) return "Digits: exact length.  Backspace: correct.  Return: done.  Esc: take back";
     if (tool.builtin && tool.name == kAISelectionTool)
         return "Click or drag to select, drag what is selected to move it.  Shift: add, eight ways.  Alt: copy";
-    if (tool.builtin) return "Click or drag to select anchors, drag them or their handles.  Shift: add.  Alt: corner";
+    if (tool.builtin)
+        return "Click or drag to select anchors, drag them or their handles.  Shift: add, eight ways.  Alt: copy, "
+               "corner";
     try {
         return QString::fromStdString(session::resource(*tool.owner, "txt", tool.lightIcon)).trimmed();
     } catch (const session::HostError&) {

@@ -190,11 +190,9 @@ void Window::fillPluginMenu(QMenu& menu) {
                 action->setEnabled(session::Menus::isEnabled(item));
                 action->setCheckable(item.checked);
                 action->setChecked(item.checked);
-                // By its group too: plug-ins have items of one text in several.
-                const std::string& place = item.group->text.empty() ? item.group->name : item.group->text;
-                connect(action, &QAction::triggered, this, guarded([this, chosen = item.text, place] {
+                connect(action, &QAction::triggered, this, guarded([this, handle = item.handle] {
                             commitEntry();
-                            actions_.chooseMenu(chosen, place);
+                            actions_.chooseMenu(handle);
                         }));
             }
         }

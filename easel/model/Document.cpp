@@ -381,6 +381,7 @@ void Document::setLocked(Node& node, bool locked) {
     if (whole.locked() == locked) return;
     const Transaction transaction(journal());
     impl_->change(whole).locked = locked;
+    if (locked && hasSelection(whole)) deselectAll(whole);
 }
 
 void Document::setHidden(Node& node, bool hidden) {
@@ -388,6 +389,7 @@ void Document::setHidden(Node& node, bool hidden) {
     if (whole.hidden() == hidden) return;
     const Transaction transaction(journal());
     impl_->change(whole).hidden = hidden;
+    if (hidden && hasSelection(whole)) deselectAll(whole);
 }
 
 void Document::setExtras(Node& node, Extras extras) {

@@ -118,8 +118,8 @@ class Document {
     void place(Node& node, Placement placement, Node& anchor);
     void setName(Node& node, std::string_view name); ///< a subpath takes none, for files have no place for it
     // A subpath is locked, hidden and faded together with its compound path.
-    void setLocked(Node& node, bool locked);
-    void setHidden(Node& node, bool hidden);
+    void setLocked(Node& node, bool locked); ///< what is selected in it is not any more, as
+    void setHidden(Node& node, bool hidden); ///< with what is hidden
     void setOpacity(Node& node, double opacity);
     void setExtras(Node& node, Extras extras); ///< a subpath takes none, for files have no place for them
 

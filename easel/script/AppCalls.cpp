@@ -166,8 +166,10 @@ std::vector<MenuGroupRecord> menus(Host& host) {
     return groups;
 }
 
-void chooseMenu(Host& host, const std::string& text, const std::optional<std::string>& group) {
-    host.session.input.chooseMenu(text, group.value_or(""));
+void chooseMenu(Host& host, const std::string& text, const std::optional<std::string>& group,
+                const std::optional<std::size_t>& number) {
+    if (number == 0U) throw BadArgument("argument 3 (number) counts from 1");
+    host.session.input.chooseMenu(text, group.value_or(""), number.value_or(1));
 }
 
 void runFor(Host& host, Positive seconds) { host.session.timers.runFor(seconds.value); }
@@ -286,7 +288,7 @@ constexpr Row kApp[] = {
     property<cursor>("app.cursor"),
     property<displayScale, setDisplayScale>("app.displayScale"),
     property<menus>("app.menus"),
-    method<chooseMenu>("app.chooseMenu", "text, group"),
+    method<chooseMenu>("app.chooseMenu", "text, group, number"),
     method<runFor>("app.runFor", "seconds"),
     property<hostVersion, setHostVersion>("app.hostVersion"),
     property<userName, setUserName>("app.userName"),

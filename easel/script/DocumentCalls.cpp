@@ -5,6 +5,8 @@
 #include <array>
 #include <sstream>
 
+#include "session/input/Editing.h"
+
 namespace easel::script {
 
 namespace {
@@ -161,14 +163,14 @@ void setStyle(Host& host, const ThisDocument& doc, const ArtList& list, const St
 
 // History
 
-model::Journal& history(Host& host, const ThisDocument& doc) {
+model::Document& outsideGestures(Host& host, const ThisDocument& doc) {
     if (host.session.pointer.pressed()) throw session::Error("a gesture is running");
-    return doc->journal();
+    return *doc;
 }
 
-bool undo(Host& host, const ThisDocument& doc) { return history(host, doc).undo(); }
+bool undo(Host& host, const ThisDocument& doc) { return outsideGestures(host, doc).journal().undo(); }
 
-bool redo(Host& host, const ThisDocument& doc) { return history(host, doc).redo(); }
+bool redo(Host& host, const ThisDocument& doc) { return session::redo(outsideGestures(host, doc)); }
 
 std::size_t undoDepth(Host& /*host*/, const ThisDocument& doc) { return doc->journal().undoDepth(); }
 

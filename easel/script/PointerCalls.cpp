@@ -33,8 +33,8 @@ std::string_view release(Host& host, double x, double y, const Modifiers& modifi
     return outcome(host.session.pointer);
 }
 
-void holdLength(Host& host, double length) {
-    if (length < 0) throw BadArgument("argument 1 (length) must not be negative");
+void holdLength(Host& host, const std::optional<double>& length) {
+    if (length.value_or(0) < 0) throw BadArgument("argument 1 (length) must not be negative");
     if (!host.session.pointer.pressed()) throw session::Error("no mouse button is down");
     host.session.pointer.holdLength(length);
 }

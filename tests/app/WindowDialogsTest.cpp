@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "WindowTest.h"
+#include "hostapi/AIMenuSuite.h"
 #include "hostapi/AITimer.h"
 #include "hostapi/AITool.h"
 #include "script/Script.h"
@@ -177,6 +178,45 @@ TEST_F(WindowDialogs, ShowsDialogsOfPlugins) {
     const std::string file = desk::contents(folder.path("profile/Velloran/Ortholine 16/Preferences"));
     EXPECT_THAT(file, HasSubstr("\"xAxis\":138"));
     EXPECT_THAT(file, HasSubstr("\"autoConcat\":true"));
+}
+
+/// Submenus of one text, with items of one text in them, the first of which nobody can choose.
+TEST_F(WindowDialogs, ChoosesMenuItemsThatLookAlike) {
+    static std::vector<AIMenuItemHandle> chosen;
+    chosen.clear();
+    const std::string script = folder.path("recorded.js");
+    const auto addItems = [](easel::session::Session& host) {
+        auto& plugin = host.plugins.attach("Alike", [](const char*, const char* selector, void* message) -> SPErr {
+            if (std::string(selector) == kSelectorAIGoMenuItem)
+                chosen.push_back(static_cast<AIMenuMessage*>(message)->menuItem);
+            return kNoErr;
+        });
+        host.start();
+        std::vector<AIMenuItemHandle> items;
+        for (const char* const group : {"First alike", "Second alike"}) {
+            host.menus.addGroup(plugin, group, "Alike", "Edit", kMenuGroupPartialOption | kMenuGroupSubMenuOption);
+            for (int i = 0; i < 2; ++i) items.push_back(host.menus.addItem(plugin, group, "Item", 0).handle);
+        }
+        host.menus.setEnabled(*host.menus.find(items[0]), false);
+        return items;
+    };
+    show(script);
+    const auto items = addItems(*session);
+    auto& menu = *window->findChild<QMenu*>("plugins");
+    Q_EMIT menu.aboutToShow();
+    for (const QMenu* const inner : menu.findChildren<QMenu*>())
+        if (inner->title() == "Alike")
+            for (QAction* const action : inner->actions())
+                if (action->isEnabled()) action->trigger();
+    EXPECT_THAT(chosen, testing::ElementsAre(items[1], items[2], items[3]));
+    EXPECT_THAT(failures, testing::IsEmpty());
+    end();
+    easel::session::Session again;
+    chosen.clear();
+    const auto same = addItems(again);
+    std::ostringstream said;
+    easel::script::run(again, script, said);
+    EXPECT_THAT(chosen, testing::ElementsAre(same[1], same[2], same[3]));
 }
 
 /// Two of them have one text.

@@ -91,7 +91,8 @@ TEST_F(WindowTest, HoldsTypedLengthsUntilTheGestureEnds) {
         while (line && line->next()) line = line->next();
         return line ? line->path().points[index].anchor : Point();
     };
-    for (const char* const tool : {"Isometric Line Tool", "Isometric Mover Tool", "Selection Tool"}) {
+    for (const char* const tool :
+         {"Isometric Line Tool", "Isometric Mover Tool", "Selection Tool", "Direct Selection Tool"}) {
         SCOPED_TRACE(tool);
         chooseTool(tool);
         const bool draws = paths() == 0;
@@ -104,10 +105,22 @@ TEST_F(WindowTest, HoldsTypedLengthsUntilTheGestureEnds) {
             return std::hypot(b.x - a.x, b.y - a.y);
         };
         press(from);
+        const auto label = [&] {
+            const QPoint beside = canvas().fromDocument(from).toPoint() + QPoint(17, -25);
+            return canvas().grab().toImage().pixelColor(beside).lightness();
+        };
+        EXPECT_GT(label(), 200);
+        type("0"); // shows before the mouse moves, as does the length that it leads
+        EXPECT_LT(label(), 80);
         drag({from.x + 50, from.y});
-        type("405,");
+        EXPECT_NEAR(length(), 0, 1e-9);
+        key(canvas(), Qt::Key_Backspace);
+        key(canvas(), Qt::Key_unknown, QString(QChar(0x664))); // a four of another alphabet
+        type("05,");
         key(canvas(), Qt::Key_Backspace);
         key(canvas(), Qt::Key_Backspace);
+        EXPECT_NEAR(length(), 40, 1e-9);
+        drag({from.x + 80, from.y + 9}, Qt::ShiftModifier);
         EXPECT_NEAR(length(), 40, 1e-9);
         drag({from.x + 80, from.y});
         type(".5");
@@ -450,8 +463,14 @@ TEST_F(WindowTest, ZoomsAboutThePointer) {
 
 TEST_F(WindowTest, PluginsHearOfTheRightButtonAndOfHovering) {
     static std::string heard;
+    static unsigned long busy; // milliseconds
     heard.clear();
     auto& plugin = session->plugins.attach("Hearing", [](const char*, const char* selector, void* message) -> SPErr {
+        if (std::string(selector) == kSelectorAIGoTimer) {
+            heard += 't';
+            QThread::msleep(busy);
+            easel::session::Session::current().annotations.invalidateAll();
+        }
         if (std::string(selector) == kSelectorStageMousePressed)
             heard += std::to_string(static_cast<StageInputMessage*>(message)->code);
         if (std::string(selector) == kSelectorAIDrawAnnotation) heard += " drawn ";
@@ -482,6 +501,19 @@ TEST_F(WindowTest, PluginsHearOfTheRightButtonAndOfHovering) {
     EXPECT_EQ(canvas().cursor().pixmap().size(), QSize(24, 24));
     chooseTool("Selection Tool");
     EXPECT_EQ(canvas().cursor().shape(), Qt::ArrowCursor);
+
+    // What a timer invalidates shows at once. After five seconds that the window was busy there is no burst of
+    // messages, and one that takes longer than its period is not sent again before the user is heard.
+    session->timers.add(plugin, "Hearing", 1);
+    heard.clear();
+    actions->passTime(20);
+    EXPECT_EQ(heard, "t drawn ");
+    for (const auto& [each, times] : {std::pair{0, 6}, {100, 1}}) {
+        busy = each;
+        heard.clear();
+        actions->passTime(5000);
+        EXPECT_LE(std::ranges::count(heard, 't'), times);
+    }
 }
 
 /// Where the truth does not reach, and where it is out of date, what is painted here shows.

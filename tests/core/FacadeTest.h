@@ -51,8 +51,8 @@ class FacadeTest : public testing::Test {
             makeViews(live, lower.get());
             live.around = Art(ArtType::Group, PaintOrder::InsideOnBottom, lower.get());
             live.within = *draw::line({500, 500}, {510, 510}, &live.around);
-            live.around.select();
             live.around.setAttribute(ArtAttribute::Locked | ArtAttribute::Hidden, true);
+            live.around.select(); // as a plug-in may
             live.on<HitData>() = HitData(nullptr, {100, 60}, HitRequest::Everything, 1, false);
             live.on<Tool>().setCursorLoc({100, 60});
             live.on<MenuGroup>() = newGroup();
@@ -66,6 +66,7 @@ class FacadeTest : public testing::Test {
             Node& marked = *desk.document().find(pathNode.id());
             desk.document().setLocked(marked, true);
             desk.document().setHidden(marked, true);
+            desk.document().select(marked, true);
             style(live);
             // The upper layer holds a copy of nothing but a selected line and the hit's target stays below.
             const auto line = draw::line({0, 0}, {10, 10}, live.on<Layer>().group().get());

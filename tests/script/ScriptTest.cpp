@@ -187,7 +187,8 @@ TEST_F(ScriptTest, BytesThatAreNoTextAreMarked) {
 
 TEST_F(ScriptTest, HoldsGesturesToLengthsAndToTheGrid) {
     // Steps of 10 points at 30 degrees: 5 sqrt(3) across, 5 up.
-    EXPECT_EQ(play(R"js(
+    EXPECT_EQ(
+        play(R"js(
         var doc = app.newDocument(200, 200);
         var line = doc.addPath([[0, 0], [40, 0]]);
         function where() { var p = line.points[0]; return p.x.toFixed(3) + ' ' + p.y.toFixed(3); }
@@ -196,6 +197,9 @@ TEST_F(ScriptTest, HoldsGesturesToLengthsAndToTheGrid) {
         mouse.drag(29, -5);
         print(where());
         app.snapToAxisGrid = false;
+        mouse.drag(29, -5);
+        print(where());
+        mouse.holdLength(0);
         mouse.drag(29, -5);
         print(where());
         mouse.holdLength(5);
@@ -208,7 +212,7 @@ TEST_F(ScriptTest, HoldsGesturesToLengthsAndToTheGrid) {
         mouse.stroke([[50, 5], [51, 6], [53, 8]]);
         print(where());
     )js"),
-              "8.660 -5.000\n8.000 -6.000\n3.000 4.000\n3.000 4.000 83 30,150,90 true false\n6.000 7.000\n");
+        "8.660 -5.000\n8.000 -6.000\n0.000 0.000\n3.000 4.000\n3.000 4.000 83 30,150,90 true false\n6.000 7.000\n");
 }
 
 TEST_F(ScriptTest, ACopyThatIsExportedIsNotTheDrawingsFile) {

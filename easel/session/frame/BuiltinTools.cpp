@@ -10,6 +10,7 @@
 #include "hostapi/SPTypes.h"
 #include "model/Clip.h"
 #include "model/Nearest.h"
+#include "session/frame/PathPieces.h"
 
 namespace easel::session {
 
@@ -19,6 +20,7 @@ using model::Box;
 using model::Document;
 using model::Node;
 using model::NodeType;
+using model::PathData;
 using model::PathPoint;
 using model::Point;
 using model::PointSelection;
@@ -39,6 +41,15 @@ Point constrained(Point way) {
     return {std::copysign(along, way.x), std::copysign(along, way.y)};
 }
 
+/// A copy above it, or of this part of it, is moved and selected in its place.
+void moveCopy(Document& document, Node& node, Point way, std::optional<PathData> part = {}) {
+    document.select(node, false);
+    Node& copy = document.duplicate(node, model::Placement::Above, node);
+    if (part) document.setPath(copy, *std::move(part));
+    document.offset(copy, way.x, way.y);
+    document.select(copy, true);
+}
+
 /// The sequence that both tools share: a press picks something or begins a marquee; a drag moves what is selected or
 /// opens the marquee; a release without any drag is a click.
 class SelectingTool : public BuiltinTool {
@@ -55,12 +66,9 @@ class SelectingTool : public BuiltinTool {
 
     void drag(Document& document, Point location, Modifiers modifiers) final {
         dragged_ = true;
-        const bool shift = (modifiers & kAIShiftKey) != 0;
-        if (picked_) {
-            return move(document, taken({location.x - start_.x, location.y - start_.y}, modifiers), modifiers);
-        }
+        if (picked_) return move(document, {location.x - start_.x, location.y - start_.y}, modifiers);
         includeInMarquee(location);
-        selectWithin(document, *marquee_, shift);
+        selectWithin(document, *marquee_, (modifiers & kAIShiftKey) != 0);
     }
 
     void release(Document& document, Point location, Modifiers modifiers) final {
@@ -123,14 +131,13 @@ class SelectionTool final : public SelectingTool {
 
     /// With Option, copies.
     void move(Document& document, Point way, Modifiers modifiers) override {
-        for (Node* node : document.selection()) {
-            if (node->parent()->selected() || !isEditable(*node)) continue;
-            if (modifiers & kAIOptionKey) {
-                document.select(*node, false);
-                node = &document.duplicate(*node, model::Placement::Above, *node);
-                document.select(*node, true);
-            }
-            document.offset(*node, way.x, way.y);
+        for (Node* const node : document.selection()) {
+            // What a copied group contains is not selected any more.
+            if (!node->selected() || node->parent()->selected() || !isEditable(*node)) continue;
+            if (modifiers & kAIOptionKey)
+                moveCopy(document, *node, way);
+            else
+                document.offset(*node, way.x, way.y);
         }
     }
 
@@ -189,10 +196,12 @@ class DirectSelectionTool final : public SelectingTool {
         choose(document, *document.find(art_), meant_, !taking);
     }
 
+    /// With Option, copies.
     void move(Document& document, Point way, Modifiers modifiers) override {
-        if (handle_) return moveHandle(document, way, (modifiers & kAIOptionKey) != 0);
+        const bool alternate = (modifiers & kAIOptionKey) != 0;
+        if (handle_) return moveHandle(document, way, alternate);
         for (Node* const node : document.selection()) {
-            if (node->isContainer() || !isEditable(*node)) continue;
+            if (!isEditable(*node) || (alternate && moveCopies(document, *node, way)) || node->isContainer()) continue;
             if (node->type() == NodeType::Opaque || node->allPointsSelected()) {
                 document.offset(*node, way.x, way.y);
                 continue;
@@ -258,6 +267,18 @@ class DirectSelectionTool final : public SelectingTool {
             }
         }
         return nearest;
+    }
+
+    /// All of what is selected whole; else the segments between selected anchors. False where there is none of these.
+    static bool moveCopies(Document& document, Node& node, Point way) {
+        if (!node.selected()) return true; // in what has been copied
+        if (node.type() != NodeType::Path || node.allPointsSelected()) {
+            moveCopy(document, node, way);
+            return true;
+        }
+        std::vector<PathData> pieces = piecesOf(node, true);
+        for (PathData& piece : pieces) moveCopy(document, node, way, std::move(piece));
+        return !pieces.empty();
     }
 
     static void shift(PathPoint& point, Point way) {

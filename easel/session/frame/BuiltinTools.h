@@ -23,7 +23,8 @@ class BuiltinTool {
     virtual void press(model::Document& document, model::Point location, Modifiers modifiers) = 0;
     virtual void drag(model::Document& document, model::Point location, Modifiers modifiers) = 0;
     virtual void release(model::Document& document, model::Point location, Modifiers modifiers) = 0;
-    /// The way that the running gesture goes when the mouse goes this one from the press.
+    /// The way that the running gesture goes when the mouse goes this one from the press. Drags and the release are
+    /// told of where it leads.
     [[nodiscard]] virtual model::Point taken(model::Point way, Modifiers modifiers) const = 0;
     /// The rectangle that the running gesture opens, to select what it touches; none while it does something else.
     [[nodiscard]] virtual std::optional<model::Box> marquee() const = 0;

@@ -15,6 +15,15 @@ constexpr std::int32_t kGroupOptions = kMenuGroupSortedOption | kMenuGroupPartia
 
 const std::string& textOf(const MenuChild& child) { return child.item ? child.item->text : child.group->text; }
 
+std::vector<MenuItem*> itemsCalled(std::string_view text, const MenuGroup& group) {
+    std::vector<MenuItem*> items;
+    for (const MenuChild& child : group.children) {
+        MenuItem* const item = child.item ? child.item : child.group->opener;
+        if (item && !item->isDivider() && item->text == text) items.push_back(item);
+    }
+    return items;
+}
+
 } // namespace
 
 Menus::Menus() {
@@ -117,15 +126,24 @@ void Menus::setText(MenuItem& item, std::string_view text) {
     sort(*item.group);
 }
 
-MenuItem* Menus::findItem(std::string_view text, std::string_view groupText) const {
-    for (const MenuGroup* group : order_) {
-        if (!groupText.empty() && group->text != groupText && group->name != groupText) continue;
-        for (const MenuChild& child : group->children) {
-            MenuItem* const item = child.item ? child.item : child.group->opener;
-            if (item && !item->isDivider() && item->text == text) return item;
-        }
+MenuItem* Menus::findItem(std::string_view text, std::string_view group, std::size_t number) const {
+    std::vector<MenuGroup*> searched = order_;
+    if (!group.empty()) {
+        std::erase_if(searched, [&](const MenuGroup* each) { return each->text != group && each->name != group; });
+        std::stable_partition(searched.begin(), searched.end(),
+                              [&](const MenuGroup* each) { return each->name == group; });
+    }
+    for (const MenuGroup* const each : searched) {
+        const std::vector<MenuItem*> items = itemsCalled(text, *each);
+        if (number <= items.size()) return items[number - 1];
+        number -= items.size();
     }
     return nullptr;
+}
+
+std::size_t Menus::numberOf(const MenuItem& item) {
+    const std::vector<MenuItem*> items = itemsCalled(item.text, *item.group);
+    return static_cast<std::size_t>(std::find(items.begin(), items.end(), &item) - items.begin()) + 1;
 }
 
 bool Menus::isEnabled(const MenuItem& item) {

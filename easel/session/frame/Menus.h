@@ -69,8 +69,11 @@ class Menus {
     void setEnabled(MenuItem& item, bool enabled) { change(item.enabled, enabled); }
     void setChecked(MenuItem& item, bool checked) { change(item.checked, checked); }
     [[nodiscard]] MenuItem* find(AIMenuItemHandle handle) const { return items_.find(handle); }
-    /// In the order of `groups`; of the group that has this text or name, unless it is empty.
-    [[nodiscard]] MenuItem* findItem(std::string_view text, std::string_view group = {}) const;
+    /// The first, second ... of this text in the order of `groups`; unless `group` is empty of those in the group of
+    /// that name and then in those of that text.
+    [[nodiscard]] MenuItem* findItem(std::string_view text, std::string_view group = {}, std::size_t number = 1) const;
+    /// Which of those of its text in its group an item is, from 1.
+    [[nodiscard]] static std::size_t numberOf(const MenuItem& item);
     [[nodiscard]] std::vector<MenuItem*> items() const { return items_.all(); }
     /// Whether the user can choose the item: it, every group around it and their openers are enabled.
     [[nodiscard]] static bool isEnabled(const MenuItem& item);

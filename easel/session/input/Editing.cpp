@@ -6,6 +6,8 @@
 #include <utility>
 #include <vector>
 
+#include "session/frame/PathPieces.h"
+
 namespace easel::session {
 
 namespace {
@@ -14,37 +16,8 @@ using model::Document;
 using model::Node;
 using model::PathData;
 
-/// The runs of anchors that are not selected, each of at least one segment, as paths of their own.
-std::vector<PathData> runsLeft(const Node& path) {
-    const PathData& data = path.path();
-    std::size_t first = 0;
-    // The runs of a closed path begin behind an anchor that goes.
-    if (data.closed)
-        while (first < data.points.size() && !path.pointSelected(first)) ++first;
-    std::vector<std::vector<std::size_t>> runs(1);
-    for (std::size_t i = 0; i < data.points.size(); ++i) {
-        const std::size_t at = (first + i) % data.points.size();
-        if (!path.pointSelected(at))
-            runs.back().push_back(at);
-        else if (!runs.back().empty())
-            runs.emplace_back();
-    }
-    std::vector<PathData> left;
-    for (const std::vector<std::size_t>& run : runs) {
-        if (run.size() < 2) continue;
-        PathData& piece = left.emplace_back();
-        model::PointFlags corners;
-        for (const std::size_t at : run) {
-            piece.points.push_back(data.points[at]);
-            corners.push_back(data.isCorner(at));
-        }
-        piece.setCorners(0, corners);
-    }
-    return left;
-}
-
 void removeAnchors(Document& document, Node& path) {
-    std::vector<PathData> runs = runsLeft(path);
+    std::vector<PathData> runs = piecesOf(path, false);
     if (runs.empty()) return document.remove(path);
     Node* above = &path;
     document.setPath(path, std::move(runs.front()));
@@ -68,6 +41,14 @@ std::vector<Node*> selectedObjects(Document& document) {
         if (node->type() != model::NodeType::Compound || compounds.insert(node).second) objects.push_back(node);
     }
     return objects;
+}
+
+bool redo(Document& document) {
+    if (!document.journal().redo()) return false;
+    const model::Journal::Scope joined(document.journal());
+    for (Node* const node : document.selection())
+        if (node->effectivelyLocked() || node->effectivelyHidden()) document.select(*node, false);
+    return true;
 }
 
 void selectAll(Document& document) {

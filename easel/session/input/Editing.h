@@ -17,6 +17,10 @@ void removeSelected(model::Document& document);
 /// compound path its pieces.
 [[nodiscard]] std::vector<model::Node*> selectedObjects(model::Document& document);
 
+/// Redoes a step. What was selected since it was undone, and is locked or hidden now, is not selected any
+/// more. False where there is none.
+bool redo(model::Document& document);
+
 /// Selects all that is neither locked nor hidden.
 void selectAll(model::Document& document);
 

@@ -28,7 +28,7 @@ void Input::edit(std::int32_t code) {
     constexpr Modifiers kShiftCommand = kAIShiftKey | kAICommandKey;
     if (code == key::kDelete || code == key::kForwardDelete) removeSelected(document);
     if (code == key::kZ && held == kAICommandKey) document.journal().undo();
-    if (code == key::kZ && held == kShiftCommand) document.journal().redo();
+    if (code == key::kZ && held == kShiftCommand) redo(document);
     if (code == key::kA && held == kAICommandKey) selectAll(document);
     if (code == key::kA && held == kShiftCommand) document.deselectAll();
     if (code == key::kD && held == kAICommandKey) duplicateSelected(document);
@@ -102,16 +102,29 @@ void Input::updateMenus() {
     }
 }
 
-void Input::chooseMenu(const std::string& text, const std::string& group) {
+void Input::chooseMenu(const std::string& text, const std::string& group, std::size_t number) {
     pointer_.cancel();
     updateMenus();
+    const MenuItem* const item = menus_.findItem(text, group, number);
+    if (item) return choose(*item);
     const std::string where = group.empty() ? "" : " in the group \"" + group + '"';
-    const MenuItem* const item = menus_.findItem(text, group);
-    if (!item) throw Error("no menu item" + where + " has the text \"" + text + '"');
-    if (item->opens) throw Error("the menu item \"" + text + "\" opens a submenu");
-    if (!Menus::isEnabled(*item)) throw Error("the menu item \"" + text + "\" is disabled");
-    AIMenuMessage message{.d = {}, .menuItem = item->handle};
-    messenger_.send(*item->owner, kCallerAIMenu, kSelectorAIGoMenuItem, message.d);
+    const char* const fewer = number > 1 && menus_.findItem(text, group) ? ", that often" : "";
+    throw Error("no menu item" + where + " has the text \"" + text + '"' + fewer);
+}
+
+void Input::chooseMenu(AIMenuItemHandle handle) {
+    pointer_.cancel();
+    updateMenus();
+    const MenuItem* const item = menus_.find(handle);
+    if (!item) throw Error("the plug-in has taken this menu item away");
+    choose(*item);
+}
+
+void Input::choose(const MenuItem& item) {
+    if (item.opens) throw Error("the menu item \"" + item.text + "\" opens a submenu");
+    if (!Menus::isEnabled(item)) throw Error("the menu item \"" + item.text + "\" is disabled");
+    AIMenuMessage message{.d = {}, .menuItem = item.handle};
+    messenger_.send(*item.owner, kCallerAIMenu, kSelectorAIGoMenuItem, message.d);
 }
 
 } // namespace easel::session

@@ -41,11 +41,13 @@ class Input {
 
     /// Shows the menus: every plug-in with items in them is asked to bring these up to date. Not during a gesture.
     void updateMenus();
-    /// Chooses the first item of this text, in the group of that text or name unless it is empty. Cancels a gesture.
-    /// Throws Error when there is none or it cannot be chosen.
-    void chooseMenu(const std::string& text, const std::string& group = {});
+    /// Chooses the item that Menus::findItem finds, or that has this handle. Cancels a gesture. Throws Error when there
+    /// is none or it cannot be chosen.
+    void chooseMenu(const std::string& text, const std::string& group = {}, std::size_t number = 1);
+    void chooseMenu(AIMenuItemHandle handle);
 
   private:
+    void choose(const MenuItem& item);
     void edit(std::int32_t code);
     void cut(model::Document& document);
     void paste(model::Document& document, bool inPlace);

@@ -14,7 +14,7 @@ namespace easel::session {
 void Pointer::locate(model::Point location, Modifiers modifiers) {
     held_.modifiers = modifiers;
     rawLocation_ = location_ = location;
-    if (documents_.front() && heldLength_ == 0) location_ = snapped(location);
+    if (documents_.front() && !heldLength_) location_ = snapped(location);
 }
 
 model::Point Pointer::snapped(model::Point location) const {
@@ -35,14 +35,21 @@ model::Point Pointer::snapped(model::Point location) const {
     return held_.button && drawsAlongAxes ? at(grid.alongAxis(way)) : grid.nearest(location);
 }
 
-/// In the direction that the gesture takes: a tool that turns it afterwards would shorten it.
-model::Point Pointer::heldTo(model::Point location, Modifiers modifiers) const {
-    model::Point way{location.x - pressLocation_.x, location.y - pressLocation_.y};
+/// In the direction that one of the host's tools takes; as far as a length says that is held.
+void Pointer::locateGesture(model::Point location, Modifiers modifiers) {
+    locate(heldTo(location), modifiers);
     const Tool* const tool = toolbox_.find(tool_);
-    if (tool && tool->builtin) way = tool->builtin->taken(way, modifiers);
+    if (!tool || !tool->builtin) return;
+    const model::Point way{location_.x - pressLocation_.x, location_.y - pressLocation_.y};
+    const model::Point taken = tool->builtin->taken(way, modifiers);
+    if (taken != way) location_ = heldTo({pressLocation_.x + taken.x, pressLocation_.y + taken.y});
+}
+
+model::Point Pointer::heldTo(model::Point location) const {
+    const model::Point way{location.x - pressLocation_.x, location.y - pressLocation_.y};
     const double distance = std::hypot(way.x, way.y);
-    if (heldLength_ == 0 || distance == 0) return location;
-    const double scale = heldLength_ / distance;
+    if (!heldLength_ || distance == 0) return location;
+    const double scale = *heldLength_ / distance;
     return {pressLocation_.x + scale * way.x, pressLocation_.y + scale * way.y};
 }
 
@@ -100,7 +107,7 @@ void Pointer::press(model::Point location, Modifiers modifiers) {
     requireReleased();
     locate(location, modifiers);
     pressLocation_ = location_;
-    heldLength_ = 0;
+    heldLength_.reset();
     held_.button = true;
     takenBack_ = false;
     awaitsRelease_ = false;
@@ -119,7 +126,7 @@ void Pointer::drag(model::Point location, Modifiers modifiers) {
     if (awaitsRelease_) return;
     requirePressed();
     if (buffered_) documents_.front()->journal().rollBackToMark();
-    locate(heldTo(location, modifiers), modifiers);
+    locateGesture(location, modifiers);
     send(kSelectorAIToolMouseDrag, &BuiltinTool::drag);
 }
 
@@ -128,8 +135,8 @@ void Pointer::release(model::Point location, Modifiers modifiers) {
     requirePressed();
     model::Journal& journal = documents_.front()->journal();
     if (buffered_) journal.rollBackToMark();
-    locate(heldTo(location, modifiers), modifiers);
-    heldLength_ = 0;
+    locateGesture(location, modifiers);
+    heldLength_.reset();
     messenger_.batch([&] {
         held_.button = false;
         const std::size_t steps = journal.undoDepth();
@@ -151,7 +158,7 @@ void Pointer::cancel() {
     if (!held_.button) return;
     messenger_.batch([&] {
         held_.button = false;
-        heldLength_ = 0;
+        heldLength_.reset();
         takenBack_ = true;
         awaitsRelease_ = true;
         if (buffered_) documents_.front()->journal().rollBackToMark();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "hostapi/AITool.h"
 #include "model/Types.h"
@@ -40,9 +41,9 @@ class Pointer {
 
     // Exact lengths, for every tool
     /// Holds a running gesture at this many points from its press, in the direction of the mouse and without snapping;
-    /// 0 lets go, as does the gesture's end.
-    void holdLength(double length) { heldLength_ = held_.button ? length : 0; }
-    [[nodiscard]] double heldLength() const { return heldLength_; }
+    /// none lets go, as does the gesture's end.
+    void holdLength(std::optional<double> length) { heldLength_ = held_.button ? length : std::nullopt; }
+    [[nodiscard]] std::optional<double> heldLength() const { return heldLength_; }
     [[nodiscard]] model::Point pressLocation() const { return pressLocation_; } ///< of the last gesture, snapped
 
     /// Presses or releases at a place of the screen, with the modifiers held then, once nothing is under way any more.
@@ -74,8 +75,8 @@ class Pointer {
 
     void locate(model::Point location, Modifiers modifiers);
     [[nodiscard]] model::Point snapped(model::Point location) const;
-    /// Where the gesture is when the mouse is there.
-    [[nodiscard]] model::Point heldTo(model::Point location, Modifiers modifiers) const;
+    void locateGesture(model::Point location, Modifiers modifiers);
+    [[nodiscard]] model::Point heldTo(model::Point location) const;
     void post(const char* name, Handler handler, model::Point place);
     /// Tells the gesture's tool, unless it has been taken out of the toolbox meanwhile, and keeps its remark.
     void send(const char* selector, BuiltinTool::Handler handler, std::uint32_t flags = 0);
@@ -97,7 +98,7 @@ class Pointer {
     model::Point location_;
     model::Point rawLocation_;
     model::Point pressLocation_;
-    double heldLength_ = 0; ///< 0: wherever the mouse is
+    std::optional<double> heldLength_; ///< none: wherever the mouse is
 };
 
 } // namespace easel::session

@@ -61,6 +61,39 @@ TEST_F(BuiltinToolsTest, SelectionTakesAllOfWhatIsPartlySelectedAndMovesWhatItMa
     stroke({{20, 20}, {50, 20}});
     EXPECT_EQ(anchor(part, 0), (Point{40, 10}));
     EXPECT_EQ(anchor(kept, 0), (Point{100, 100}));
+
+    // One path of a group used to be dragged out of it.
+    const Node& other = square(140, 100, &group);
+    document.setLocked(group, false);
+    document.deselectAll();
+    document.select(kept, true);
+    stroke({{110, 110}, {110, 115}});
+    EXPECT_EQ(anchor(other, 0), (Point{140, 105}));
+    stroke({{110, 115}, {110, 155}}, kAIOptionKey); // a copy of the whole, once
+    EXPECT_THAT(allNodes(document), testing::SizeIs(1 + 3 + 3 + 1));
+    EXPECT_EQ(anchor(kept, 0), (Point{100, 105}));
+}
+
+// What had been hidden or locked went on being moved by the arrow keys, and shown as selected.
+TEST_F(BuiltinToolsTest, WhatCannotBeEditedIsNotSelected) {
+    Node& layer = document.currentLayer();
+    Node& first = square(10, 10);
+    Node& second = square(100, 10);
+    for (const auto keep : {&model::Document::setHidden, &model::Document::setLocked}) {
+        document.select(first, true);
+        document.select(second, true);
+        (document.*keep)(first, true);
+        EXPECT_THAT(document.selection(), ElementsAre(&second));
+        (document.*keep)(layer, true);
+        EXPECT_THAT(document.selection(), IsEmpty());
+        ASSERT_TRUE(document.journal().undo() && document.journal().undo());
+        EXPECT_THAT(document.selection(), testing::SizeIs(2));
+        document.deselectAll();
+        document.select(second, true);
+        for (int i = 0; i < 2; ++i) session.input.pressKey(session::key::kZ, kAICommandKey | kAIShiftKey);
+        EXPECT_THAT(document.selection(), IsEmpty());
+        ASSERT_TRUE(document.journal().undo() && document.journal().undo());
+    }
 }
 
 TEST_F(BuiltinToolsTest, SelectionSelectsTheTopmostObjectThatCanBe) {
@@ -93,6 +126,7 @@ TEST_F(BuiltinToolsTest, SelectionMovesWhatIsSelectedInOneStep) {
     click({20, 10});
     const auto before = listing(document);
     stroke({{20, 50}, {25, 60}, {30, 70}}, kAIShiftKey); // shift takes b as well and keeps to a diagonal
+    EXPECT_EQ(session.pointer.location(), (Point{35, 65}));
     EXPECT_EQ(anchor(a, 0), (Point{25, 25}));
     EXPECT_EQ(anchor(b, 1), (Point{65, 65}));
     stroke({{30, 25}, {31, 20}, {30, 35}});
@@ -179,6 +213,28 @@ TEST_F(BuiltinToolsTest, DirectSelectionMovesAnchorsSegmentsAndHandles) {
     EXPECT_EQ(point().out, (Point{110, 130}));
 }
 
+TEST_F(BuiltinToolsTest, DirectSelectionCopiesWithOption) {
+    take(kAIDirectSelectionTool);
+    Node& path = square(10, 10);
+    const auto anchors = [&] { // of what is selected
+        std::vector<Point> all;
+        for (const Node* const node : document.selection())
+            for (const model::PathPoint& each : node->path().points) all.push_back(each.anchor);
+        return all;
+    };
+    const auto before = path.path();
+    stroke({{30, 20}, {50, 20}, {60, 20}}, kAIOptionKey); // a side of the square is a line then
+    EXPECT_THAT(anchors(), ElementsAre(Point{60, 10}, Point{60, 30}));
+    EXPECT_FALSE(document.selection()[0]->path().closed);
+    stroke({{20, 20}, {120, 20}}, kAIOptionKey); // its fill means all of it
+    EXPECT_THAT(anchors(), ElementsAre(Point{110, 10}, Point{130, 10}, Point{130, 30}, Point{110, 30}));
+    EXPECT_EQ(path.path(), before);
+    EXPECT_EQ(document.currentLayer().childCount(), 3U);
+    stroke({{10, 10}, {5, 5}}, kAIOptionKey); // a lone anchor has no segment to copy
+    EXPECT_EQ(anchor(path, 0), (Point{5, 5}));
+    EXPECT_EQ(document.currentLayer().childCount(), 3U);
+}
+
 TEST_F(BuiltinToolsTest, KeysRemoveWhatIsSelectedAndTakeStepsBack) {
     const auto press = [&](std::int32_t key, session::Modifiers modifiers = 0) {
         session.input.pressKey(key, modifiers);
@@ -189,7 +245,8 @@ TEST_F(BuiltinToolsTest, KeysRemoveWhatIsSelectedAndTakeStepsBack) {
     press(session::key::kDelete); // nothing is selected
     click({15, 15});
     click({50, 50}, kAIShiftKey);
-    document.setLocked(below, true); // once selected it can still be locked, and is kept then
+    document.setLocked(below, true);
+    document.select(below, true); // as plug-ins may
     const auto depth = document.journal().undoDepth();
     press(session::key::kForwardDelete);
     EXPECT_THAT(allNodes(document), ElementsAre(&document.currentLayer(), &below));

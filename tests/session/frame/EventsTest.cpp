@@ -103,7 +103,9 @@ TEST_F(EventsTest, TellOfArtAndLayersByTheNetEffect) {
                 ElementsAre(kAIArtPropertiesChangedNotifier, kAIUpdatePathStyleNotifier));
     EXPECT_THAT(after([&](Doc& d) { d.setName(path, "x"); }),
                 ElementsAre(kAIArtPropertiesChangedNotifier, kAIXMLNameChangedNotifier));
-    EXPECT_THAT(after([&](Doc& d) { d.setLocked(layer, true); }), ElementsAre(kAILayerOptionsNotifier));
+    EXPECT_THAT(after([&](Doc& d) { d.setLocked(layer, true); }),
+                ElementsAre(kAILayerOptionsNotifier, kAIArtSelectionChangedNotifier));
+    after([&](Doc& d) { d.select(path, true); });
     EXPECT_THAT(after([&](Doc& d) { d.addLayer("second"); }),
                 ElementsAre(kAILayerSetNotifier, kAICurrentLayerNotifier));
     EXPECT_THAT(after([&](Doc& d) { d.setCurrentLayer(layer); }), ElementsAre(kAICurrentLayerNotifier));
