@@ -63,15 +63,23 @@ void keepWork() {
     if (!why.empty()) std::fprintf(stderr, "easel-window: unsaved work is not kept: %s\n", why.c_str());
 }
 
+std::string whyUnreachable() {
+    for (const char* const name : {"WAYLAND_DISPLAY", "DISPLAY"})
+        if (const char* const display = std::getenv(name); display && *display)
+            return std::string(name) + '=' + display + " cannot be reached";
+    return "neither DISPLAY nor WAYLAND_DISPLAY names one";
+}
+
 /// Hears what Qt says. Without a display, and when the display is lost, these lines are all that comes.
 void hearQt(QtMsgType type, const QMessageLogContext& /*where*/, const QString& text) {
     const bool isLost = text.contains("connection broke");
     if (isLost) keepWork();
-    if (type == QtFatalMsg || isLost) {
-        const std::string line = text.section('\n', 0, 0).toStdString();
-        std::fprintf(stderr, "easel-window: no display: %s\n", line.c_str());
-        std::_Exit(Failed);
-    }
+    if (type != QtFatalMsg && !isLost) return;
+    std::string why = text.section('\n', 0, 0).toStdString();
+    if (isLost) why = "it was lost; the next start offers what was not saved";
+    if (text.contains("no Qt platform plugin")) why = whyUnreachable();
+    std::fprintf(stderr, "easel-window: no display: %s\n", why.c_str());
+    std::_Exit(Failed);
 }
 
 // Signals end the loop, so that unsaved work is kept and plug-ins are told.
@@ -145,6 +153,7 @@ void begin(app::Window& window, session::Session& session, const Command& comman
         window.files().newDocument(kWidth, kHeight);
     else
         window.open(command.drawing);
+    QApplication::setWindowIcon(app::icon(app::Symbol::Easel)); // no part of the first picture
     window.files().offerRecovered();
 }
 
@@ -157,6 +166,7 @@ int show(int argc, char** argv, const Command& command) {
         ~FontsListed() { app::awaitFonts(); }
     } fontsListed;
     QApplication::setApplicationName("Easel");
+    QApplication::setApplicationVersion(EASEL_VERSION);
 
     session::Session session;
     session::useEnvironment(session);

@@ -292,9 +292,9 @@ bool Canvas::wantsTruth() {
     }
     // What was read may have looks that we do not know of.
     if (objects <= kMostTrueObjects) return !isPlain || document()->root().origin() != 0;
-    if (!std::exchange(sizeIsKnown_, true) && !isPlain && remark)
-        remark("This drawing has more than 50,000 objects: gradients, text and images of it show in plain colours, or "
-               "as boxes");
+    if (!std::exchange(sizeIsKnown_, true) && !isPlain && tell)
+        tell("This drawing has more than 50,000 objects: gradients, text and images of it show in plain colours, or "
+             "as boxes");
     return false;
 }
 
@@ -328,7 +328,7 @@ void Canvas::missTruth(const TruePictures::Order& order, const std::string& why)
     truthIsDue_ = false;
     scene_.dropTruth();
     update();
-    if (remark) remark("Some art shows as boxes: the drawing cannot be drawn: " + why);
+    if (tell) tell("Some art shows as boxes: the drawing cannot be drawn: " + why);
 }
 
 bool Canvas::updateText() {
@@ -339,7 +339,7 @@ bool Canvas::updateText() {
         return true;
     } catch (const std::exception& error) {
         truthFails_ = true;
-        if (remark) remark(error.what());
+        if (tell) tell(error.what());
         return false;
     }
 }

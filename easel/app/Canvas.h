@@ -29,6 +29,7 @@ class Canvas final : public QWidget {
     // What the window sets and hears
     std::function<void()> viewChanged;                   ///< zoom, place, where the mouse is
     std::function<void(const std::string& text)> remark; ///< for the status bar; empty: nothing to say
+    std::function<void(const std::string& text)> tell;   ///< about the picture, as long as the drawing shows
     std::function<session::Modifiers()> heldByToggles;   ///< modifiers that are switched on
     [[nodiscard]] std::optional<model::Point> mouse() const { return mouse_; } ///< in points; none outside
 

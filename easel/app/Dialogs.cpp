@@ -73,6 +73,17 @@ void fitTitle(QWidget& shown) {
     }
 }
 
+/// The same for one that may have several lines.
+void fitText(QLabel& label) {
+    constexpr int kLeastStretch = 75; // percent
+    QFont font = label.font();
+    for (int stretch = QFont::Unstretched; stretch >= kLeastStretch; stretch -= 5) {
+        font.setStretch(stretch);
+        label.setFont(font);
+        if (label.heightForWidth(label.width()) <= label.height()) break;
+    }
+}
+
 /// All that shows of a widget.
 auto lookOf(const session::Widget& widget) {
     const AIRealRect& frame = widget.frame;
@@ -198,6 +209,7 @@ class StagedDialog final : public QDialog {
 
     /// Buttons and checkboxes tell of their clicks themselves.
     bool hearMouse(int id, const QMouseEvent& event) {
+        if (event.button() == Qt::MiddleButton && fieldOf(id)) return hearMiddleButton(id, event);
         if (event.button() != Qt::LeftButton) return false;
         const bool isLabel = kindOf(id) == kStageLabel;
         switch (event.type()) {
@@ -214,6 +226,15 @@ class StagedDialog final : public QDialog {
                 act([&] { dialogs_.click(dialog_, id); });
             return false;
         }
+    }
+
+    /// Pastes what is selected elsewhere, as X11 has it.
+    bool hearMiddleButton(int id, const QMouseEvent& event) {
+        if (event.type() != QEvent::MouseButtonRelease) return false; // which puts the caret there
+        fieldOf(id)->deselect();
+        const QString text = QApplication::clipboard()->text(QClipboard::Selection);
+        if (!text.isEmpty()) type(id, text);
+        return true;
     }
 
     /// Shows the picture that belongs to where the pointer is and what it holds down. False: the event goes on.
@@ -246,8 +267,14 @@ class StagedDialog final : public QDialog {
             typeNothing(id, QChar(code));
         } else if (!event.text().isEmpty() && event.text()[0].isPrint() && !(event.modifiers() & Qt::ControlModifier)) {
             type(id, event.text());
+        } else if (event.matches(QKeySequence::DeleteCompleteLine) || event.matches(QKeySequence::DeleteEndOfLine)) {
+            const int from = event.matches(QKeySequence::DeleteEndOfLine) ? field->cursorPosition() : 0;
+            field->setSelection(from, static_cast<int>(field->text().size()) - from);
+            if (field->hasSelectedText()) type(id, deleteKey());
         } else {
-            return false; // selects all, copies
+            // Nothing else may change the field, which the plug-in would not hear of.
+            return (event.modifiers() & Qt::ControlModifier) && !event.matches(QKeySequence::SelectAll) &&
+                   !event.matches(QKeySequence::Copy);
         }
         return true;
     }
@@ -322,6 +349,7 @@ class StagedDialog final : public QDialog {
                                                                            : Qt::AlignLeft;
         if (auto* const label = qobject_cast<QLabel*>(&shown)) {
             label->setAlignment(side | Qt::AlignTop);
+            if (label->pixmap(Qt::ReturnByValue).isNull()) fitText(*label);
         } else if (auto* const field = qobject_cast<QLineEdit*>(&shown)) {
             field->setAlignment(side | Qt::AlignVCenter);
             if (field->text() != textOf(widget)) field->setText(textOf(widget));

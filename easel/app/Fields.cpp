@@ -6,7 +6,9 @@
 #include <QLocale>
 #include <QWheelEvent>
 
+#include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "app/Application.h"
 #include "app/Look.h"
@@ -14,6 +16,15 @@
 namespace easel::app {
 
 namespace {
+
+struct Unit {
+    const char* name;
+    double size; ///< points, of a length
+    bool isLength;
+};
+constexpr double kInch = 72;
+constexpr Unit kUnits[] = {
+    {"pt", 1, true}, {"mm", kInch / 25.4, true}, {"cm", kInch / 2.54, true}, {"in", kInch, true}, {"%", 1, false}};
 
 /// Whether the event is an Escape that a shortcut would take.
 bool isEscape(QEvent& event) {
@@ -53,10 +64,16 @@ void NumberField::showNumber(std::optional<double> number) {
 std::optional<double> NumberField::numberIn(QString text) const {
     if (text.endsWith(suffix())) text.chop(suffix().size());
     text = text.trimmed();
-    const QString unit = suffix().trimmed();
-    if (!unit.isEmpty() && text.endsWith(unit)) text.chop(unit.size());
+    double unit = 1;
+    for (const Unit& each : kUnits) {
+        const bool isMeant = suffix().trimmed() == (each.isLength ? "pt" : each.name) && text.endsWith(each.name);
+        if (!isMeant) continue;
+        text.chop(static_cast<int>(std::strlen(each.name)));
+        unit = each.size;
+        break;
+    }
     bool isNumber = false;
-    const double number = text.trimmed().replace(',', '.').toDouble(&isNumber);
+    const double number = unit * text.trimmed().replace(',', '.').toDouble(&isNumber);
     if (!isNumber || number < least_ || number > most_) return {};
     return number;
 }

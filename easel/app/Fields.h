@@ -9,7 +9,8 @@
 
 namespace easel::app {
 
-/// A number with a point or a comma. What is none is shown as such, and refused as a whole.
+/// A number with a point or a comma; lengths may be given in mm, cm and in. What is none is shown as such, and refused
+/// as a whole.
 class NumberField final : public QDoubleSpinBox {
   public:
     NumberField(double least, double most, QWidget* parent);

@@ -1,7 +1,9 @@
 // Saving, what is asked before work is lost, what is kept of it, and what other programs do to the file.
 #include "app/Files.h"
 
+#include <QDateTime>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMenu>
 #include <QStatusBar>
 #include <QTimerEvent>
@@ -230,7 +232,9 @@ void Files::offerRecovered() {
         enum { Open, ThrowAway };
         const auto answer = ask(
             window_, {.text = "Easel ended without saving a drawing. Open what was kept?",
-                      .more = left.path.empty() ? QString("It was never saved.") : QString::fromStdString(left.path),
+                      .more = (left.path.empty() ? QString("It was never saved.") : QString::fromStdString(left.path)) +
+                              "\nKept on " +
+                              QFileInfo(QString::fromStdString(left.copy)).lastModified().toString("yyyy-MM-dd, hh:mm"),
                       .choices = {{"Open It", QMessageBox::AcceptRole},
                                   {"Throw It Away", QMessageBox::DestructiveRole},
                                   {"Later", QMessageBox::RejectRole}},

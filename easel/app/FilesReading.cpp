@@ -87,15 +87,17 @@ void Files::showReading() {
     if (reading_ && !progress_) {
         progress_ = new QProgressBar(&window_);
         progress_->setObjectName("reading");
-        progress_->setFixedWidth(320);
+        progress_->setFixedWidth(400);
         window_.statusBar()->insertWidget(0, progress_);
     }
     if (!progress_) return;
     progress_->setVisible(reading_.has_value());
     if (!reading_) return;
     const bool isDone = reading_->file->isDone();
-    progress_->setFormat(isDone ? name + " is read, and shows when what you began is done"
-                                : "Reading " + name + ": %p %. Escape stops it");
+    constexpr int kMostName = 140; // pixels
+    const QString shortName = progress_->fontMetrics().elidedText(name, Qt::ElideMiddle, kMostName);
+    progress_->setFormat(isDone ? shortName + " is read, and shows when what you began is done"
+                                : "Reading " + shortName + ": %p %. Escape stops it");
     progress_->setAccessibleName("Reading " + name);
     constexpr int kWhole = 100;
     progress_->setValue(isDone ? kWhole : std::min(static_cast<int>(reading_->file->share() * kWhole), kWhole - 1));

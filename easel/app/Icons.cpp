@@ -23,7 +23,7 @@ struct Drawing {
     const char* text; ///< strokes take the text's colour
     double opacity = 1;
 };
-constexpr std::array<Drawing, 17> kDrawings{{
+constexpr std::array<Drawing, 24> kDrawings{{
     {R"(<path d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
     {R"(<path fill="COLOR" d="M6 3 L6 19 L10 15.2 L12.6 21 L15 20 L12.4 14.2 L18 14 Z"/>)"},
     {R"(<path d="M8 12.5V6a1.5 1.5 0 0 1 3 0v5-7a1.5 1.5 0 0 1 3 0v7-5.5a1.5 1.5 0 0 1 3 0V14c0 4-2 7-5.5 7C8 21 7 19 5 15.500c-.7-1.4 1.2-2.6 2.2-1.400Z"/>)"},
@@ -41,6 +41,13 @@ constexpr std::array<Drawing, 17> kDrawings{{
     {R"(<circle cx="12" cy="12" r="10" fill="#176ad1" stroke="none"/><path stroke="#fff" stroke-width="2" d="M9 9.500a3 3 0 1 1 4.500 2.600c-1 .6-1.500 1-1.500 2.100 M12 17.500 V17.600"/>)"},
     {R"(<path fill="#e8a317" stroke="#e8a317" d="M12 3 L22 20.500 H2 Z"/><path stroke="#2b2200" stroke-width="2" d="M12 9.500 V14 M12 17.300 V17.400"/>)"},
     {R"(<circle cx="12" cy="12" r="10" fill="#c0392b" stroke="none"/><path stroke="#fff" stroke-width="2" d="M8.500 8.500 L15.500 15.500 M15.500 8.500 L8.500 15.500"/>)"},
+    {R"(<g stroke="#fff" stroke-width="0.800"><path fill="#6fb1f7" d="M12 1.500 L21.500 7 L12 12.500 L2.500 7 Z"/><path fill="#176ad1" d="M2.500 7 L12 12.500 V22.500 L2.500 17 Z"/><path fill="#0f4a94" d="M21.500 7 L12 12.500 V22.500 L21.500 17 Z"/></g>)"},
+    {R"(<path d="M6.500 6.500 L17.500 17.500 M17.500 6.500 L6.500 17.500"/>)"},
+    {R"(<path d="M3 6.500 a1.500 1.500 0 0 1 1.500 -1.500 H9.500 L11.500 7.500 H19.500 a1.500 1.500 0 0 1 1.500 1.500 V17.500 a1.500 1.500 0 0 1 -1.500 1.500 H4.500 a1.500 1.500 0 0 1 -1.500 -1.500 Z"/>)"},
+    {R"(<path d="M3 6.500 a1.500 1.500 0 0 1 1.500 -1.500 H9.500 L11.500 7.500 H19.500 a1.500 1.500 0 0 1 1.500 1.500 V17.500 a1.500 1.500 0 0 1 -1.500 1.500 H4.500 a1.500 1.500 0 0 1 -1.500 -1.500 Z M12 10 V16 M9 13 H15"/>)"},
+    {R"(<path d="M6 3 H14 L18.500 7.500 V21 H6 Z M14 3 V7.500 H18.500"/>)"},
+    {R"(<path d="M20 12 H5 M11 6 L5 12 L11 18"/>)"},
+    {R"(<path d="M4 12 H19 M13 6 L19 12 L13 18"/>)"},
 }};
 
 constexpr const char* kFrame =

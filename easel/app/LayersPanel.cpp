@@ -240,7 +240,7 @@ void LayersPanel::refresh() {
 void LayersPanel::markCurrent() {
     if (!actions_.document()) return;
     QTreeWidgetItem* const row = list_.topLevelItem(static_cast<int>(currentIndex()));
-    if (list_.currentItem() != row) list_.setCurrentItem(row);
+    if (list_.currentItem() != row || !row->isSelected()) list_.setCurrentItem(row);
 }
 
 /// The row's place, which is its layer's.

@@ -60,7 +60,14 @@ enum class Symbol {
     Information,
     Question,
     Warning,
-    Critical
+    Critical,
+    Easel, ///< the window's own
+    Close,
+    Folder,
+    NewFolder,
+    File,
+    Back,
+    Forward
 };
 [[nodiscard]] QIcon icon(Symbol symbol);
 

@@ -93,6 +93,14 @@ void drawProgress(QPainter& painter, const QStyleOptionProgressBar& bar) {
     if (done.width() > 0) box(painter, done, look().colors.chosen);
 }
 
+/// In one colour on both parts of the bar.
+void drawProgressText(QPainter& painter, const QStyleOptionProgressBar& bar) {
+    constexpr int kMargin = 8;
+    const QRect place = bar.rect.adjusted(kMargin, 0, -kMargin, 0);
+    painter.setPen(look().colors.text);
+    painter.drawText(place, Qt::AlignCenter, bar.fontMetrics.elidedText(bar.text, Qt::ElideRight, place.width()));
+}
+
 void drawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     const bool isChosen = item.state & (QStyle::State_Selected | QStyle::State_Sunken);
     painter.fillRect(item.rect, look().colors.panel);
@@ -169,6 +177,18 @@ QIcon Style::standardIcon(StandardPixmap which, const QStyleOption* option, cons
     case SP_MessageBoxQuestion: return icon(Symbol::Question);
     case SP_MessageBoxWarning: return icon(Symbol::Warning);
     case SP_MessageBoxCritical: return icon(Symbol::Critical);
+    case SP_DirIcon:
+    case SP_DirLinkIcon:
+    case SP_DirHomeIcon:
+    case SP_DesktopIcon:
+    case SP_DriveHDIcon:
+    case SP_ComputerIcon: return icon(Symbol::Folder);
+    case SP_FileIcon:
+    case SP_FileLinkIcon: return icon(Symbol::File);
+    case SP_FileDialogNewFolder: return icon(Symbol::NewFolder);
+    case SP_FileDialogToParent: return icon(Symbol::Up);
+    case SP_ArrowBack: return icon(Symbol::Back);
+    case SP_ArrowForward: return icon(Symbol::Forward);
     case SP_ToolBarHorizontalExtensionButton:
     case SP_ToolBarVerticalExtensionButton: return icon(Symbol::More);
     default: return QProxyStyle::standardIcon(which, option, widget);
@@ -271,6 +291,10 @@ void Style::drawControl(ControlElement element, const QStyleOption* option, QPai
     case CE_ProgressBarContents:
         if (const auto* const bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option))
             return drawProgress(*painter, *bar);
+        break;
+    case CE_ProgressBarLabel:
+        if (const auto* const bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option))
+            return drawProgressText(*painter, *bar);
         break;
     default: break;
     }

@@ -116,6 +116,7 @@ void Swatch::fillMenu() {
 
 void Swatch::chooseOther() {
     const QColor other = QColorDialog::getColor(paint_.kind == Paint::Plain ? paint_.color : Qt::black, this, title_);
+    window()->activateWindow(); // without a window manager nobody else does
     if (other.isValid() && chosen) chosen(other);
 }
 

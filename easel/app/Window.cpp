@@ -3,10 +3,13 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
+#include <QFile>
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTimer>
@@ -32,12 +35,33 @@ namespace {
 constexpr int kClockMilliseconds = 20;
 constexpr int kReportMilliseconds = 10'000;
 
+/// In place of an icon that is not there.
+QIcon letterIcon(const QString& letter) {
+    QIcon icon;
+    constexpr int kDense = 2;
+    for (const auto& [state, color] :
+         {std::pair(QIcon::Off, look().colors.text), {QIcon::On, look().colors.accentText}}) {
+        QPixmap picture(kToolIcon * kDense);
+        picture.setDevicePixelRatio(kDense);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        QFont font = painter.font();
+        font.setBold(true);
+        painter.setFont(font);
+        painter.setPen(color);
+        painter.drawText(QRect({}, kToolIcon), Qt::AlignCenter, letter);
+        icon.addPixmap(picture, QIcon::Normal, state);
+    }
+    return icon;
+}
+
 /// The icon of a plug-in's tool, from its bundle; sharp on dense screens too.
 QIcon toolIcon(const session::Tool& tool) {
     const auto fileOf = [&](int number) {
         const std::string file = tool.owner->filePath + "/Contents/Resources/" + std::to_string(number) + ".png";
         return QString::fromStdString(file); // Qt finds the one of double resolution beside it
     };
+    if (!QFile::exists(fileOf(tool.lightIcon))) return letterIcon(QString::fromStdString(tool.title).left(1));
     const bool dark = look().colors.dark;
     QIcon icon(fileOf(dark ? tool.darkIcon : tool.lightIcon));
     // The chosen tool's icon lies on the accent colour.
@@ -74,6 +98,14 @@ QString letterFor(const session::Tool& tool, QString& taken) {
     return {};
 }
 
+/// A report without the word for whose fault it is, unless it is a plug-in's.
+QString forUsers(const std::string& report) {
+    QString text = QString::fromStdString(report);
+    for (const QString& blame : {QString("user data: "), QString("host: ")})
+        if (text.startsWith(blame)) return text.mid(blame.size());
+    return text;
+}
+
 } // namespace
 
 Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
@@ -83,14 +115,16 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
     auto* const grid = new QGridLayout(middle);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(0);
-    grid->addWidget(&across_, 0, 1);
-    grid->addWidget(&down_, 1, 0);
-    grid->addWidget(&canvas_, 1, 1);
+    grid->addWidget(&notices_, 0, 0, 1, 2);
+    grid->addWidget(&across_, 1, 1);
+    grid->addWidget(&down_, 2, 0);
+    grid->addWidget(&canvas_, 2, 1);
     makeFileMenu();
     makeEditMenu();
     makeObjectMenu();
     makeViewMenu();
     makePluginMenu();
+    makeHelpMenu();
     makeToolbox();
     awaitFonts(); // what follows measures its texts
     makePanels(*middle);
@@ -101,21 +135,35 @@ Window::Window(Actions& actions, Recovery& recovery, Settings& settings)
         canvas_.leaveDocument();
         shown_ = 0;
     };
-    canvas_.viewChanged = [this] { showView(); };
-    canvas_.remark = [this](const std::string& text) {
-        text.empty() ? statusBar()->clearMessage() : statusBar()->showMessage(QString::fromStdString(text));
-    };
-    canvas_.heldByToggles = [this] { return toggled_; };
-    canvas_.superIsOption = settings_.superIsOption();
-    files_.noticed = [this](Files::Notice about, const QString& text) { tellLasting(about, text); };
-    files_.isTyping = [this] { return isTyping(); };
-    files_.readingChanged = [this] { stopReading_->setEnabled(files_.isReading()); };
-    resize(settings_.windowSize());
+    makeConnections();
+    fitScreen();
     if (settings_.maximized()) setWindowState(Qt::WindowMaximized);
     showTools();
     showTitle();
     startClock();
     canvas_.setFocus();
+}
+
+void Window::makeConnections() {
+    canvas_.viewChanged = [this] { showView(); };
+    canvas_.remark = [this](const std::string& text) {
+        remark_ = QString::fromStdString(text);
+        showHint();
+    };
+    canvas_.tell = [this](const std::string& text) { notices_.tell(Notices::Picture, QString::fromStdString(text)); };
+    canvas_.heldByToggles = [this] { return toggled_; };
+    canvas_.superIsOption = settings_.superIsOption();
+    files_.noticed = [this](Files::Notice about, const QString& text) { tellLasting(about, text); };
+    files_.isTyping = [this] { return isTyping(); };
+    files_.readingChanged = [this] { stopReading_->setEnabled(files_.isReading()); };
+}
+
+/// The size of a screen in points depends on its density, and the frame needs some of it.
+void Window::fitScreen() {
+    constexpr QSize kFrame(16, 48);
+    const QSize wanted = settings_.windowSize();
+    const QSize room = screen()->availableSize();
+    resize(wanted.boundedTo(room) == wanted ? wanted : wanted.boundedTo(room - kFrame));
 }
 
 /// Documents may end after it.
@@ -195,13 +243,22 @@ void Window::showTools() {
     const unsigned count = changes.members + changes.titles + changes.tips + changes.looks;
     if (std::exchange(shownTools_, count) != count) fillToolbox();
     const session::Tool& current = *actions_.session().toolbox.current();
-    const Handling handling = canvas_.handling();
-    if (handling == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
-    hint_.setText(!canvas_.hasDocument()       ? QString()
-                  : handling == Handling::Hand ? QString("Drag to move the view")
-                  : handling == Handling::Zoom ? QString("Click to zoom in, Alt-click to zoom out")
-                                               : hintFor(current, actions_.session().pointer.pressed()));
+    if (canvas_.handling() == Handling::Tool) toolActions_.at(current.handle)->setChecked(true);
+    showHint();
 }
+
+void Window::showHint() {
+    const session::Session& session = actions_.session();
+    if (!remark_.isEmpty() || !canvas_.hasDocument()) return hint_.setText(remark_);
+    switch (canvas_.handling()) {
+    case Handling::Hand: return hint_.setText("Drag to move the view");
+    case Handling::Zoom: return hint_.setText("Click to zoom in, Alt-click to zoom out");
+    default: hint_.setText(hintFor(*session.toolbox.current(), session.pointer.pressed()));
+    }
+}
+
+/// Items of menus have nothing to say in the status bar, which keeps what stands there.
+bool Window::event(QEvent* event) { return event->type() == QEvent::StatusTip || QMainWindow::event(event); }
 
 /// A double click on a tool asks it for its dialog.
 bool Window::eventFilter(QObject* object, QEvent* event) {
@@ -291,6 +348,7 @@ void Window::refresh() {
     const bool isAnother = shown_ != actions_.documentNumber();
     if (isAnother) {
         shown_ = actions_.documentNumber();
+        notices_.drop(Notices::Picture);
         canvas_.showDocument();
         canvas_.fitPage();
     }
@@ -298,7 +356,7 @@ void Window::refresh() {
     if (!actions_.session().pointer.pressed()) files_.follow();
     const std::vector<std::string>& said = actions_.session().reports.lines();
     if (std::exchange(reportsShown_, said.size()) < said.size())
-        statusBar()->showMessage(QString::fromStdString(said.back()), kReportMilliseconds);
+        statusBar()->showMessage(forUsers(said.back()), kReportMilliseconds);
     showTools();
     // Panels wait for the gesture's end: they would cost more than the drag.
     if (!actions_.session().pointer.pressed()) {
@@ -350,11 +408,14 @@ void Window::closeEvent(QCloseEvent* event) {
 }
 
 void Window::tellLasting(Files::Notice about, const QString& text) {
-    const QString before = std::exchange(lasting_[about], text);
-    if (!text.isEmpty())
-        statusBar()->showMessage(text);
-    else if (!before.isEmpty() && statusBar()->currentMessage() == before)
-        statusBar()->clearMessage();
+    const bool isOfFile = about == Files::Notice::FileChanged;
+    const auto kind = isOfFile ? Notices::FileChanged : Notices::NotKept;
+    if (text.isEmpty()) return notices_.drop(kind);
+    if (!isOfFile || !std::filesystem::exists(actions_.path())) return notices_.tell(kind, text);
+    notices_.tell(kind, text, "Reopen", [this] {
+        commitEntry();
+        files_.reopen();
+    });
 }
 
 /// The field of the window that has the keys, where it is for text.
@@ -389,7 +450,8 @@ void Window::timerEvent(QTimerEvent* event) {
 }
 
 void Window::tell(const QString& why) {
-    if (tells_) return statusBar()->showMessage(why); // what fails again and again shall not pile up boxes
+    if (tells_)
+        return statusBar()->showMessage(why, kReportMilliseconds); // what fails again and again shall not pile up boxes
     const QScopedValueRollback<bool> telling(tells_, true);
     canvas_.cancelGesture();
     ask(*this, {.text = why, .more = {}, .choices = {{"OK", QMessageBox::AcceptRole}}, .name = "failure"});

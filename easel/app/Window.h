@@ -3,7 +3,6 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
-#include <QLabel>
 #include <QMainWindow>
 #include <QToolBar>
 
@@ -17,6 +16,7 @@
 #include "app/Fields.h"
 #include "app/Files.h"
 #include "app/LayersPanel.h"
+#include "app/Notices.h"
 #include "app/Ruler.h"
 #include "app/SelectionPanel.h"
 #include "app/Settings.h"
@@ -37,6 +37,7 @@ class Window final : public QMainWindow {
     [[nodiscard]] Canvas& canvas() { return canvas_; }
 
   protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -48,11 +49,17 @@ class Window final : public QMainWindow {
     void makeObjectMenu();
     void makeViewMenu();
     void makePluginMenu();
+    void makeHelpMenu();
+    void showKeys();
     void makeToolbox();
     void makePanels(QWidget& drawing);
     void makeStatusBar();
     QAction& add(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> what);
-    void addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held);
+    /// Greys the item while its menu is open and it could do nothing. Its keys are heard all the same.
+    void greyUnless(QAction& action, std::function<bool()> can);
+    void makeConnections();
+    void fitScreen();
+    QAction& addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held);
     void addSwitch(QMenu& menu, const QString& text, const QKeySequence& keys, bool on,
                    std::function<void(bool)> change);
     void addGridItems(QMenu& menu);
@@ -67,6 +74,7 @@ class Window final : public QMainWindow {
     QAction& addTool(const QIcon& picture, const QString& title, const QStringList& keys, std::function<void()> what);
     void fillToolbox();
     void showTools();
+    void showHint();
     void fillPluginMenu(QMenu& menu);
     void setDark(bool dark);
     void startClock();
@@ -83,15 +91,16 @@ class Window final : public QMainWindow {
     QActionGroup* tools_ = nullptr;
     std::map<AIToolHandle, QAction*> toolActions_;
     unsigned shownTools_ = ~0U; ///< the toolbox's count of changes when it was shown
+    Notices notices_{this};
     QLabel place_;
-    QLabel hint_;
+    Hint hint_;
+    QString remark_; ///< in place of the tool's hint
     ZoomField* zoom_ = nullptr;
     session::Modifiers toggled_ = 0;
     std::size_t reportsShown_ = 0;
     bool tells_ = false;      ///< a box with a failure is open
     std::uint32_t shown_ = 0; ///< number of the document
     QAction* stopReading_ = nullptr;
-    std::map<Files::Notice, QString> lasting_; ///< what the status bar was told
 
     QBasicTimer clockTimer_;
     QElapsedTimer clock_; ///< for the timers of plug-ins

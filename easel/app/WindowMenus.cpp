@@ -3,6 +3,8 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
+#include <algorithm>
+#include <filesystem>
 #include <functional>
 #include <utility>
 
@@ -31,6 +33,12 @@ QAction& Window::add(QMenu& menu, const QString& text, const QKeySequence& keys,
     return *action;
 }
 
+void Window::greyUnless(QAction& action, std::function<bool()> can) {
+    auto* const menu = qobject_cast<QMenu*>(action.parent());
+    connect(menu, &QMenu::aboutToShow, &action, guarded([&action, can = std::move(can)] { action.setEnabled(can()); }));
+    connect(menu, &QMenu::aboutToHide, &action, [&action] { action.setEnabled(true); });
+}
+
 void Window::makeFileMenu() {
     QMenu& menu = *menuBar()->addMenu("&File");
     add(menu, "&New", QKeySequence::New, [this] {
@@ -40,35 +48,48 @@ void Window::makeFileMenu() {
     QMenu& recent = *menu.addMenu("Open &Recent");
     connect(&recent, &QMenu::aboutToShow, this, guarded([this, &recent] { files_.fillRecentMenu(recent); }));
     files_.fillRecentMenu(recent);
-    add(menu, "Reop&en", {}, [this] { files_.reopen(); });
+    const auto hasFile = [this] { return std::filesystem::exists(actions_.path()); };
+    const auto hasDrawing = [this] { return actions_.document() != nullptr; };
+    greyUnless(add(menu, "Reop&en", {}, [this] { files_.reopen(); }), hasFile);
     stopReading_ = &add(menu, "Stop Rea&ding", QKeySequence(Qt::Key_Escape), [this] { files_.giveUpReading(); });
     stopReading_->setEnabled(false);
     menu.addSeparator();
-    add(menu, "&Save", QKeySequence::Save, [this] { files_.save(); });
-    add(menu, "Save &As...", QKeySequence::SaveAs, [this] { files_.saveAs(); });
+    // Keys by their names: Qt knows those of the system for some desktops alone.
+    greyUnless(add(menu, "&Save", QKeySequence::Save, [this] { files_.save(); }), [this] {
+        return actions_.document() && (actions_.isModified() || !std::filesystem::exists(actions_.path()));
+    });
+    greyUnless(add(menu, "Save &As...", QKeySequence("Ctrl+Shift+S"), [this] { files_.saveAs(); }), hasDrawing);
     QMenu& exports = *menu.addMenu("&Export");
+    greyUnless(*exports.menuAction(), hasDrawing);
     add(exports, "&PNG Picture...", QKeySequence("Ctrl+Shift+E"), [this] { files_.exportAs(".png"); });
     add(exports, "&SVG Copy...", {}, [this] { files_.exportAs(".svg"); });
     add(exports, "P&DF Page...", {}, [this] { files_.exportAs(".pdf"); });
     menu.addSeparator();
-    add(menu, "&Quit", QKeySequence::Quit, [this] { close(); });
+    add(menu, "&Quit", QKeySequence("Ctrl+Q"), [this] { close(); });
 }
 
 /// What a key does to the selection, as a menu's item too.
-void Window::addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held) {
-    add(menu, text, QKeySequence(keys), [this, name, held] { actions_.key(name, held); });
+QAction& Window::addKey(QMenu& menu, const QString& text, const char* keys, const char* name, session::Modifiers held) {
+    return add(menu, text, QKeySequence(keys), [this, name, held] { actions_.key(name, held); });
 }
 
 void Window::makeEditMenu() {
     QMenu& menu = *menuBar()->addMenu("&Edit");
-    add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); });
-    add(menu, "&Redo", QKeySequence::Redo, [this] { actions_.redo(); });
+    const auto depth = [this](auto count) {
+        return [this, count] { return actions_.document() && (actions_.document()->journal().*count)() > 0; };
+    };
+    greyUnless(add(menu, "&Undo", QKeySequence::Undo, [this] { actions_.undo(); }), depth(&model::Journal::undoDepth));
+    QAction& redo = add(menu, "&Redo", {}, [this] { actions_.redo(); });
+    redo.setShortcuts({QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")});
+    greyUnless(redo, depth(&model::Journal::redoDepth));
     menu.addSeparator();
+    const auto isSelected = [this] { return actions_.document() && !actions_.document()->selection().empty(); };
     const auto addCopy = [&](const char* text, const char* keys, const char* name) {
-        add(menu, text, QKeySequence(keys), [this, name] {
+        QAction& item = add(menu, text, QKeySequence(keys), [this, name] {
             actions_.key(name, kAICommandKey);
             offerToOthers(actions_.session().clipboard);
         });
+        greyUnless(item, isSelected);
     };
     const auto addPaste = [&](const char* text, const char* keys, session::Modifiers held) {
         add(menu, text, QKeySequence(keys), [this, held] {
@@ -81,22 +102,31 @@ void Window::makeEditMenu() {
     addPaste("&Paste", "Ctrl+V", kAICommandKey);
     addPaste("Paste &in Place", "Ctrl+Shift+V", kShiftCommand);
     menu.addSeparator();
-    addKey(menu, "&Delete", "", "Delete", 0);
-    addKey(menu, "D&uplicate", "Ctrl+D", "D", kAICommandKey);
+    // Its key is the drawing's alone: in a list it would be about the row.
+    greyUnless(addKey(menu, "&Delete\tDel", "", "Delete", 0), isSelected);
+    greyUnless(addKey(menu, "D&uplicate", "Ctrl+D", "D", kAICommandKey), isSelected);
     menu.addSeparator();
     addKey(menu, "Select &All", "Ctrl+A", "A", kAICommandKey);
-    addKey(menu, "D&eselect All", "Ctrl+Shift+A", "A", kShiftCommand);
+    greyUnless(addKey(menu, "D&eselect All", "Ctrl+Shift+A", "A", kShiftCommand), isSelected);
 }
 
 void Window::makeObjectMenu() {
     QMenu& menu = *menuBar()->addMenu("&Object");
-    addKey(menu, "&Group", "Ctrl+G", "G", kAICommandKey);
-    addKey(menu, "&Ungroup", "Ctrl+Shift+G", "G", kShiftCommand);
+    const auto isSelected = [this](bool group) {
+        const auto fits = [group](const model::Node* node) { return !group || node->type() == model::NodeType::Group; };
+        const auto all = actions_.document() ? actions_.document()->selection() : std::vector<model::Node*>();
+        return std::any_of(all.begin(), all.end(), fits);
+    };
+    const auto addFor = [&](bool group, const char* text, const char* keys, const char* name, session::Modifiers held) {
+        greyUnless(addKey(menu, text, keys, name, held), [isSelected, group] { return isSelected(group); });
+    };
+    addFor(false, "&Group", "Ctrl+G", "G", kAICommandKey);
+    addFor(true, "&Ungroup", "Ctrl+Shift+G", "G", kShiftCommand);
     menu.addSeparator();
-    addKey(menu, "Bring to &Front", "Ctrl+Shift+]", "]", kShiftCommand);
-    addKey(menu, "Bring F&orward", "Ctrl+]", "]", kAICommandKey);
-    addKey(menu, "Send Back&ward", "Ctrl+[", "[", kAICommandKey);
-    addKey(menu, "Send to &Back", "Ctrl+Shift+[", "[", kShiftCommand);
+    addFor(false, "Bring to &Front", "Ctrl+Shift+]", "]", kShiftCommand);
+    addFor(false, "Bring F&orward", "Ctrl+]", "]", kAICommandKey);
+    addFor(false, "Send Back&ward", "Ctrl+[", "[", kAICommandKey);
+    addFor(false, "Send to &Back", "Ctrl+Shift+[", "[", kShiftCommand);
 }
 
 /// An item with a check mark.
@@ -153,6 +183,7 @@ void Window::addGridItems(QMenu& menu) {
         const double spacing =
             QInputDialog::getDouble(this, "Axonometric grid", "Points from crossing to crossing along an axis:",
                                     actions_.session().pointer.snapping.gridSpacing, kLeast, kMost, 2, &isChosen);
+        activateWindow();
         if (!isChosen) return;
         settings_.setGridSpacing(spacing);
         actions_.setGridSpacing(spacing);

@@ -1,7 +1,10 @@
 // Files in the window: what is asked before work is lost, what is kept of it, reading beside everything else.
 #include <QComboBox>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QProcess>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -112,7 +115,8 @@ TEST_F(WindowFiles, KeepsUnsavedWorkForTheNextRun) {
     EXPECT_FALSE(std::filesystem::exists(folder.path("recovery/7.lock")));
     EXPECT_EQ(std::filesystem::status(folder.path("recovery")).permissions(), std::filesystem::perms::owner_all);
     ASSERT_TRUE(await([&] { return !window->files().isReading(); }));
-    EXPECT_EQ(asked, "Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg");
+    EXPECT_THAT(asked,
+                HasSubstr("Easel ended without saving a drawing. Open what was kept?/somewhere/d.svg\nKept on "));
     EXPECT_EQ(paths(), 1U);
     EXPECT_EQ(actions->path(), "/somewhere/d.svg");
     EXPECT_TRUE(actions->isModified());
@@ -279,8 +283,11 @@ TEST_F(WindowFiles, ReadsBesideAllElse) {
     EXPECT_TRUE(window->files().isReading());
     key(*QApplication::focusWidget(), Qt::Key_Escape);
     ASSERT_TRUE(await([&] { return document().width() == 77; }));
-    const auto said = [&] { return window->statusBar()->currentMessage().toStdString(); };
-    EXPECT_TRUE(await([&] { return said().find("more than 50,000 objects") != std::string::npos; })) << said();
+    const auto isTold = [&] {
+        const auto* const notice = window->findChild<QLabel*>("notice");
+        return notice && notice->text().contains("more than 50,000 objects");
+    };
+    EXPECT_TRUE(await(isTold));
 }
 
 TEST_F(WindowFiles, TheProgramHeedsItsEnvironment) {
@@ -365,6 +372,24 @@ TEST_F(WindowFiles, SavesWhatIsHalfTyped) {
     actions->nudge(5, 0);
     choose("&Save");
     EXPECT_THAT(folder.content("d.svg"), HasSubstr("inkscape:label=\"123\""));
+}
+
+TEST_F(WindowFiles, MenusGreyWhatCannotAct) {
+    const auto greyed = [&] {
+        std::string all;
+        for (const QAction* const title : window->menuBar()->actions()) {
+            QMenu* const menu = title->menu();
+            Q_EMIT menu->aboutToShow();
+            for (const QAction* const action : menu->actions())
+                if (!action->isEnabled()) all += action->text().remove('&').section('\t', 0, 0).toStdString() + ' ';
+            Q_EMIT menu->aboutToHide();
+        }
+        return all;
+    };
+    EXPECT_THAT(greyed(), HasSubstr("Undo Redo Cut Copy Delete Duplicate Deselect All Group Ungroup"));
+    chooseTool("Isometric Line Tool");
+    stroke({{100, 100}, {100, 60}});
+    EXPECT_THAT(greyed(), HasSubstr("Redo Ungroup"));
 }
 
 /// Of a name without its end, which the dialog cannot have asked about.

@@ -323,6 +323,7 @@ TEST_F(WindowTest, FieldsTakeNumbersAlone) {
     EXPECT_EQ(enterText("10+5", Qt::Key_Return), 12.5);
     EXPECT_THAT(window->statusBar()->currentMessage().toStdString(), HasSubstr("\"10+5\" is no number"));
     EXPECT_EQ(enterText("77", Qt::Key_Escape), 12.5);
+    EXPECT_EQ(enterText("2.54cm", Qt::Key_Return), 72);
     EXPECT_EQ(enterText("-3 pt", Qt::Key_Return), -3);
     QWheelEvent wheel({5, 5}, field.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, {}, Qt::NoScrollPhase,
                       false);

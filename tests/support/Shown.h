@@ -71,6 +71,7 @@ class Shown : public testing::Test {
         easel::app::Application::instance().failed = [this](const QString& why) {
             failures.push_back(why.toStdString());
         };
+        window->resize(1300, 840); // the screen that is none is smaller
         window->show();
         window->activateWindow();
         settle();
