@@ -123,15 +123,13 @@ Arc arcBetween(Point from, Point to, Point radii, double degrees, bool isLarge, 
     const double side = isLarge == isClockwise ? -away : away;
     const Point center{side * toFrom.y, -side * toFrom.x};
     const Point first{toFrom.x - center.x, toFrom.y - center.y};
-    const Point last{-toFrom.x - center.x, -toFrom.y - center.y};
-    double sweep = std::atan2(first.x * last.y - first.y * last.x, first.x * last.x + first.y * last.y);
-    if (isClockwise && sweep < 0) sweep += 2 * M_PI;
-    if (!isClockwise && sweep > 0) sweep -= 2 * M_PI;
+    const double small = 2 * std::asin(std::min(half, 1.0)); // of the two arcs over the chord
+    const double sweep = isLarge ? 2 * M_PI - small : small;
     Affine fromUnitCircle{turned.a * growth, turned.b * growth, turned.c * growth, turned.d * growth};
     const Point middle = fromUnitCircle(center);
     fromUnitCircle.e = from.x / 2 + to.x / 2 + middle.x;
     fromUnitCircle.f = from.y / 2 + to.y / 2 + middle.y;
-    return {fromUnitCircle, std::atan2(first.y, first.x), sweep};
+    return {fromUnitCircle, std::atan2(first.y, first.x), isClockwise ? sweep : -sweep};
 }
 
 class PathScan {

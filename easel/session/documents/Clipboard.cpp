@@ -43,6 +43,7 @@ void Clipboard::take(const std::vector<Node*>& art) {
         if (!svg::copyInto(drawing, drawing.currentLayer(), **object)) ++missing_;
     }
     text_ = missing_ < art.size() ? textOf(drawing) : "";
+    if (text_.empty()) missing_ = art.size();
     from_ = documents_.numberOf(document);
     pasted_ = 0;
 }
@@ -90,6 +91,7 @@ std::vector<Node*> Clipboard::makeFromText(Document& document, std::size_t& left
     try {
         const std::unique_ptr<Document> drawing = svg::read(text_, "clipboard");
         for (const Node* layer = drawing->root().lastChild(); layer; layer = layer->previous()) {
+            if (layer->hidden()) continue;
             for (const Node* art = layer->lastChild(); art; art = art->previous()) {
                 if (svg::copyInto(document, document.currentLayer(), *art))
                     made.push_back(document.currentLayer().firstChild());

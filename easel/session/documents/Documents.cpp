@@ -130,6 +130,10 @@ bool Documents::expandInstance(model::Document& document, model::Node& instance)
 // Symbols and patterns
 
 void Documents::edit(model::Document& owner, const std::string& kind, const std::string& name) {
+    for (const Open& open : open_) // two would take each other's changes back
+        if (open.edited && byNumber(open.edited->owner) == &owner && open.edited->kind == kind &&
+            open.edited->name == name)
+            return bringToFront(*open.document);
     requireFreeNumber();
     auto document = svg::readDefinition(owner, kind, name);
     if (!document) throw Error("there is no " + kind + " \"" + name + "\" that can be edited");
