@@ -1,4 +1,5 @@
-// Input and view. Painting of what lies over the drawing is in CanvasPainting.cpp.
+// The mouse and the view. Keys are in CanvasKeys.cpp, what lies over the drawing in CanvasPainting.cpp, and what comes
+// from the renderer in CanvasTruth.cpp.
 #include "app/Canvas.h"
 
 #include <QKeyEvent>
@@ -9,13 +10,11 @@
 
 #include <algorithm>
 #include <cmath>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "app/Application.h"
 #include "session/input/Keys.h"
-#include "svg/Writer.h"
 
 namespace easel::app {
 
@@ -29,56 +28,10 @@ constexpr double kMostZoom = 256;
 constexpr double kWheelStep = 1.2;    // zoom factor of a notch
 constexpr double kNotch = 120;        // what a wheel's notch says of itself
 constexpr int kSliceMilliseconds = 8; // of painting between events
-constexpr std::size_t kMostTrueObjects = 50'000;
-constexpr double kMargin = 24; // around the page that is fitted, in widget pixels
-constexpr std::size_t kMostDigits = 12;
-constexpr double kMostLength = 1e6; // points, typed
+constexpr double kMargin = 24;        // around the page that is fitted, in widget pixels
 
 /// Plug-ins number the host's cursors. Pens look alike here.
 constexpr std::int32_t kMoveCursor = 140;
-
-/// The name of a key as sessions know it; empty for keys without.
-std::string keyName(const QKeyEvent& event) {
-    switch (event.key()) {
-    case Qt::Key_Escape: return "Escape";
-    case Qt::Key_Backspace: return "Delete";
-    case Qt::Key_Delete: return "ForwardDelete";
-    case Qt::Key_Return: return "Return";
-    case Qt::Key_Tab: return "Tab";
-    case Qt::Key_Space: return "Space";
-    default: break;
-    }
-    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F15)
-        return "F" + std::to_string(event.key() - Qt::Key_F1 + 1);
-    if (event.key() > Qt::Key_Space && event.key() < 0x7F) return std::string(1, static_cast<char>(event.key()));
-    return {};
-}
-
-bool isModifier(int key) {
-    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta;
-}
-
-/// What a key adds to a length, whichever modifiers are down: a digit, a point, or 0 for nothing. With Ctrl only the
-/// key tells, with Shift only its place on the keyboard.
-char digitOf(const QKeyEvent& event) {
-    const QString text = event.text();
-    int typed = text.size() == 1 ? text[0].unicode() : 0;
-    if (typed && text[0].isDigit()) typed = '0' + text[0].digitValue(); // of any alphabet
-    for (const int sign : {typed, event.key()}) {
-        if (sign >= '0' && sign <= '9') return static_cast<char>(sign);
-        if (sign == '.' || sign == ',' || sign == '<' || sign == '>' || sign == ';' || sign == ':') return '.';
-    }
-    struct Keys {
-        std::uint32_t first; // as X11 and Wayland number the keys
-        std::string_view signs;
-    };
-    for (const Keys& keys : {Keys{10, "1234567890"}, {79, "789 456 1230."}}) {
-        const std::size_t place = event.nativeScanCode() - keys.first;
-        if (event.nativeScanCode() >= keys.first && place < keys.signs.size() && keys.signs[place] != ' ')
-            return keys.signs[place];
-    }
-    return 0;
-}
 
 } // namespace
 
@@ -282,96 +235,6 @@ bool Canvas::isTrue() const {
     return scene_.isComplete() && !truthIsDue_ && piecesDue_ == 0 && !truthTimer_.isActive();
 }
 
-/// Whether true pictures of the drawing are made. Says once that they are not where they would show more.
-bool Canvas::wantsTruth() {
-    std::size_t objects = 0;
-    bool isPlain = true;
-    for (const model::Node* at = &document()->root(); at; at = model::nextWithin(document()->root(), *at)) {
-        if (hasLooks(*at)) isPlain = false;
-        if (++objects > kMostTrueObjects && (sizeIsKnown_ || !isPlain)) break;
-    }
-    // What was read may have looks that we do not know of.
-    if (objects <= kMostTrueObjects) return !isPlain || document()->root().origin() != 0;
-    if (!std::exchange(sizeIsKnown_, true) && !isPlain && tell)
-        tell("This drawing has more than 50,000 objects: gradients, text and images of it show in plain colours, or "
-             "as boxes");
-    return false;
-}
-
-TruePictures::Order Canvas::orderOf(Piece piece, std::uint64_t number) const {
-    return {text_, document()->width(), document()->height(), std::move(piece), number};
-}
-
-void Canvas::takeTruth(const TruePictures::Order& order, const QImage& image) {
-    const Port& port = order.piece.port;
-    if (order.piece.kind != Piece::Kind::Whole) {
-        if (order.number != lastPieces_) return;
-        --piecesDue_;
-        scene_.setPiece(order.piece, image);
-        if (!scene_.isComplete()) refineTimer_.start(0, this);
-        return update();
-    }
-    if (order.number != lastOrder_) return; // of what is not shown any more
-    scene_.setTruth(image, port);
-    truthIsDue_ = truthTimer_.isActive() || port != scene_.port();
-    update();
-    if (port != scene_.port()) truthTimer_.start(restMilliseconds, this);
-}
-
-void Canvas::missTruth(const TruePictures::Order& order, const std::string& why) {
-    if (order.piece.kind != Piece::Kind::Whole) { // the last picture of all shows on
-        if (order.number == lastPieces_) --piecesDue_;
-        return;
-    }
-    if (order.number != lastOrder_) return;
-    truthFails_ = true;
-    truthIsDue_ = false;
-    scene_.dropTruth();
-    update();
-    if (tell) tell("Some art shows as boxes: the drawing cannot be drawn: " + why);
-}
-
-bool Canvas::updateText() {
-    try {
-        const std::uint64_t changes = document()->journal().changeCount();
-        if (!text_ || changes != textChanges_) text_ = std::make_shared<const std::string>(svg::write(*document()));
-        textChanges_ = changes;
-        return true;
-    } catch (const std::exception& error) {
-        truthFails_ = true;
-        if (tell) tell(error.what());
-        return false;
-    }
-}
-
-/// While a gesture runs, of the document as it was before.
-void Canvas::askForTruth() {
-    truthIsDue_ = false;
-    if (dragging() && scene_.sharpenLive()) update();
-    if (!document() || truthFails_ || scene_.port().size.isEmpty()) return;
-    if (dragging() && (!textIsOfBefore_ || scene_.isTruthNew())) return;
-    if (!wantsTruth()) {
-        ++lastOrder_; // what was asked for before is out of date
-        return scene_.dropTruth();
-    }
-    if (!dragging() && !updateText()) return;
-    scene_.noteRequest();
-    truthIsDue_ = true;
-    truths_.ask(orderOf({.kind = Piece::Kind::Whole, .port = scene_.port()}, ++lastOrder_));
-}
-
-/// For the running gesture.
-void Canvas::askForPieces() {
-    if (!dragging() || !textIsOfBefore_) return;
-    const auto wanted = scene_.takeWantedPieces();
-    if (!wanted) return;
-    ++lastPieces_;
-    piecesDue_ = wanted->size();
-    std::vector<TruePictures::Order> orders;
-    for (const Piece& piece : *wanted) orders.push_back(orderOf(piece, lastPieces_));
-    truths_.askPieces(std::move(orders));
-}
-
 // Events
 
 bool Canvas::event(QEvent* event) {
@@ -521,85 +384,5 @@ void Canvas::wheelEvent(QWheelEvent* event) {
 }
 
 void Canvas::dragAgain(Modifiers modifiers) { actions_.drag(toDocument(lastPlace_), modifiers); }
-
-/// Digits during a drag are the gesture's length. Returns whether the key was one of these.
-bool Canvas::typeLength(const QKeyEvent& event) {
-    if (event.key() == Qt::Key_Backspace && !typedLength_.empty()) {
-        typedLength_.pop_back();
-    } else if (const char digit = digitOf(event); digit && typedLength_.size() < kMostDigits) {
-        const std::string longer = typedLength_ + digit;
-        const bool isSecondPoint = digit == '.' && typedLength_.find('.') != std::string::npos;
-        if (isSecondPoint || QString::fromStdString(longer).toDouble() > kMostLength) return true;
-        typedLength_ = longer;
-    } else {
-        return false;
-    }
-    const double length = QString::fromStdString(typedLength_).toDouble();
-    actions_.holdLength(typedLength_.empty() ? std::nullopt : std::optional(length));
-    dragAgain(modifiersOf(event.modifiers()));
-    return true;
-}
-
-void Canvas::hearKey(const QKeyEvent& event) {
-    const std::string name = keyName(event);
-    if (!name.empty()) actions_.key(name, modifiersOf(event.modifiers()));
-}
-
-void Canvas::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space) {
-        if (!event->isAutoRepeat() && !dragging()) {
-            spaceHeld_ = true;
-            showCursor();
-        }
-        return;
-    }
-    if (!document()) return QWidget::keyPressEvent(event);
-    if (isModifier(event->key())) {
-        if (dragging()) dragAgain(modifiersOf(event->modifiers()));
-        return;
-    }
-    if (dragging()) {
-        if (typeLength(*event)) return;
-        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-            return actions_.release(toDocument(lastPlace_), modifiersOf(event->modifiers()));
-        return hearKey(*event);
-    }
-    if (!nudge(*event)) hearKey(*event);
-}
-
-/// The arrows move what is selected: across and upright or, while the grid along the axes is shown, along its first
-/// axis, with Ctrl its second, and its third. Returns whether the key was one of these.
-bool Canvas::nudge(const QKeyEvent& event) {
-    const bool upright = event.key() == Qt::Key_Up || event.key() == Qt::Key_Down;
-    const bool back = event.key() == Qt::Key_Left || event.key() == Qt::Key_Up;
-    if (!upright && event.key() != Qt::Key_Left && event.key() != Qt::Key_Right) return false;
-    Point way = upright ? Point{0, 1} : Point{1, 0};
-    const session::Pointer& pointer = actions_.session().pointer;
-    if (pointer.snapping.axisGrid) {
-        const auto lines = pointer.axisGrid().lines();
-        const std::size_t axis = upright ? 2 : event.modifiers() & Qt::ControlModifier ? 1 : 0;
-        if (axis < lines.size()) way = lines[axis].direction;
-        // To the side that the arrow points to, whichever way the axis is told.
-        if ((upright ? way.y : way.x) < 0) way = {-way.x, -way.y};
-    }
-    const double step = (event.modifiers() & Qt::ShiftModifier ? 10 : 1) * (back ? -1 : 1);
-    actions_.nudge(step * way.x, step * way.y);
-    return true;
-}
-
-/// What is let go elsewhere is not heard of here.
-void Canvas::focusOutEvent(QFocusEvent* event) {
-    spaceHeld_ = false;
-    showCursor();
-    QWidget::focusOutEvent(event);
-}
-
-void Canvas::keyReleaseEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) {
-        spaceHeld_ = false;
-        return showCursor();
-    }
-    if (isModifier(event->key()) && dragging()) dragAgain(modifiersOf(event->modifiers()));
-}
 
 } // namespace easel::app
