@@ -284,6 +284,7 @@ void Actions::release(model::Point location, session::Modifiers modifiers) {
 }
 
 void Actions::rightClick(model::Point location, session::Modifiers modifiers) {
+    recordView();
     act("mouse.rightClick(" + Recorder::at(location, modifiers) + ')',
         [&] { session_.pointer.rightClick(location, modifiers); });
 }

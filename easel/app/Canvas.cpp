@@ -59,8 +59,7 @@ void Canvas::showDocument() {
     watch_.follow(document(), known || !document() ? known.value_or(0) : farthestReach(*document()));
     scene_.show(document());
     ++lastOrder_;
-    ++lastPieces_;
-    piecesDue_ = 0;
+    dropPieces();
     truthFails_ = false;
     sizeIsKnown_ = false;
     text_ = nullptr;
@@ -74,6 +73,7 @@ void Canvas::leaveDocument() {
     watch_.follow(nullptr, 0);
     scene_.show(nullptr);
     ++lastOrder_;
+    dropPieces();
     truthIsDue_ = false;
     textIsOfBefore_ = false;
 }
@@ -114,8 +114,7 @@ bool Canvas::settleGesture() {
         ++lastOrder_; // what was asked for is of before
         truthIsDue_ = false;
     }
-    ++lastPieces_;
-    piecesDue_ = 0;
+    dropPieces();
     textIsOfBefore_ = false;
     return scene_.settle(last.real);
 }

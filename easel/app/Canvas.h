@@ -92,6 +92,7 @@ class Canvas final : public QWidget {
     bool updateText();
     void askForTruth();
     void askForPieces();
+    void dropPieces();
     [[nodiscard]] bool settleGesture();
     void showCursor();
     [[nodiscard]] std::optional<QCursor> pluginCursor() const;

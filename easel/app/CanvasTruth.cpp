@@ -92,6 +92,13 @@ void Canvas::askForTruth() {
     truths_.ask(orderOf({.kind = Piece::Kind::Whole, .port = scene_.port()}, ++lastOrder_));
 }
 
+/// The gesture has ended that they were asked for: what waits for them comes sooner.
+void Canvas::dropPieces() {
+    ++lastPieces_;
+    piecesDue_ = 0;
+    truths_.askPieces({});
+}
+
 /// For the running gesture.
 void Canvas::askForPieces() {
     if (!dragging() || !textIsOfBefore_) return;

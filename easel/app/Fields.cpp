@@ -74,7 +74,7 @@ std::optional<double> NumberField::numberIn(QString text) const {
     }
     bool isNumber = false;
     const double number = unit * text.trimmed().replace(',', '.').toDouble(&isNumber);
-    if (!isNumber || number < least_ || number > most_) return {};
+    if (!isNumber || !(number >= least_ && number <= most_)) return {};
     return number;
 }
 

@@ -242,12 +242,16 @@ void Files::offerRecovered() {
                       .icon = QMessageBox::Question});
         if (answer == ThrowAway) Recovery::remove(left);
         if (answer != Open) continue;
-        const auto show = [this, left](std::unique_ptr<model::Document> document) {
+        const std::string other = reading_ ? reading_->file->path() : std::string();
+        const auto show = [this, left, other](std::unique_ptr<model::Document> document) {
             svg::noteToldOfFile(*document, left.path, left.told);
             actions_.openRecovered(std::move(document), left.copy, left.path);
             recovery_.adopt(left, actions_.documentNumber());
+            constexpr int kSeen = 10'000; // milliseconds
+            if (!other.empty() && other != left.path)
+                window_.statusBar()->showMessage(
+                    QString::fromStdString(other) + " was not opened: what was kept shows in its place", kSeen);
         };
-        const std::string other = reading_ ? reading_->file->path() : std::string();
         return read({std::make_unique<FileReading>(left.copy, actions_.session().reports), show, other});
         // One drawing at a time; others are offered next time.
     }

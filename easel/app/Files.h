@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "app/Actions.h"
@@ -78,6 +79,7 @@ class Files final : public QObject {
         std::function<void(std::unique_ptr<model::Document>)> show;
         std::string other; ///< what the user asked for before, opened when this cannot be
     };
+    [[nodiscard]] std::pair<std::uint32_t, std::uint64_t> stateInFront() const; ///< of which drawing, too
     void read(Reading reading);
     void followReading();
     void showReading();
@@ -100,7 +102,7 @@ class Files final : public QObject {
     Canvas& canvas_;
     QMainWindow& window_;
     std::optional<Reading> reading_;
-    std::uint64_t stateWhenAsked_ = 0; ///< of the drawing in front, when the user agreed to lose its changes
+    std::pair<std::uint32_t, std::uint64_t> stateWhenAsked_; ///< when the user agreed to lose changes
     std::vector<std::unique_ptr<FileReading>> givenUp_;
     QProgressBar* progress_ = nullptr;
     QBasicTimer readingTimer_;

@@ -33,10 +33,15 @@ void Files::open(const std::string& path) {
 void Files::read(Reading reading) {
     giveUpReading();
     reading_ = std::move(reading);
-    stateWhenAsked_ = actions_.document() ? actions_.document()->journal().state() : 0;
+    stateWhenAsked_ = stateInFront();
     const bool isDone = reading_->file->isDone(kWorthWaitingFor);
     if (!isDone) showReading();
     readingTimer_.start(isDone ? 0 : kFollowMilliseconds, this);
+}
+
+std::pair<std::uint32_t, std::uint64_t> Files::stateInFront() const {
+    model::Document* const front = actions_.document();
+    return {actions_.documentNumber(), front ? front->journal().state() : 0};
 }
 
 /// The thread ends when it notices; nobody waits for that.
@@ -60,7 +65,7 @@ void Files::followReading() {
     const Reading done = std::exchange(reading_, std::nullopt).value();
     showReading();
     // What was done meanwhile is not covered by the answer from before.
-    const bool isSame = actions_.document() && actions_.document()->journal().state() == stateWhenAsked_;
+    const bool isSame = actions_.document() && stateInFront() == stateWhenAsked_;
     if (!isSame && !mayLose()) return;
     std::unique_ptr<model::Document> document;
     try {

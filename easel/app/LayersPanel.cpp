@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "app/Application.h"
@@ -71,8 +72,14 @@ class LayerList final : public QTreeWidget {
         const QTreeWidgetItem* const under = itemAt(place);
         int to = topLevelItemCount();
         if (under) to = row(under) + (place.y() > visualItemRect(under).center().y() ? 1 : 0);
-        const int from = row(currentItem());
+        const int from = carried_ ? *carried_ : row(currentItem());
         if (from >= 0) move_(from, to > from ? to - 1 : to);
+    }
+    /// A plug-in may choose another layer meanwhile.
+    void startDrag(Qt::DropActions actions) override {
+        carried_ = row(currentItem());
+        QTreeWidget::startDrag(actions);
+        carried_.reset();
     }
     void keyPressEvent(QKeyEvent* event) override {
         const int way = event->key() == Qt::Key_Up ? -1 : event->key() == Qt::Key_Down ? 1 : 0;
@@ -101,6 +108,7 @@ class LayerList final : public QTreeWidget {
         return indexOfTopLevelItem(const_cast<QTreeWidgetItem*>(item));
     }
 
+    std::optional<int> carried_;
     std::function<void(int from, int to)> move_;
     std::function<void(int row)> choose_;
     std::function<void()> settle_; ///< called when the mouse is through with a row
@@ -169,7 +177,10 @@ void LayersPanel::addButtons(QHBoxLayout& buttons) {
         button->setAccessibleName(tip);
         button->setObjectName(name);
         buttons.addWidget(button);
-        connect(button, &QToolButton::clicked, this, guarded(what));
+        connect(button, &QToolButton::clicked, this, guarded([this, what] {
+                    if (acts) acts();
+                    what();
+                }));
     };
     addButton(Symbol::Plus, "addLayer", "Add a layer above all", [this] { addLayer(); });
     addButton(Symbol::Up, "layerUp", "Move the current layer up (Alt+Up in the list)", [this] { moveCurrent(-1); });
@@ -187,6 +198,7 @@ void LayersPanel::addActions() {
         auto* const action = new QAction(text, &list_);
         list_.addAction(action);
         connect(action, &QAction::triggered, this, guarded([this, what] {
+                    if (acts) acts();
                     if (QTreeWidgetItem* const row = list_.currentItem()) what(*row);
                 }));
     };

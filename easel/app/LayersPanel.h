@@ -21,6 +21,7 @@ class LayersPanel final : public QWidget {
 
     /// Shows the layers as they are now.
     void refresh();
+    std::function<void()> acts;                     ///< called before a button does something
     std::function<void(QKeyEvent& event)> passedOn; ///< told of keys that the list has no use for
 
   private:

@@ -86,6 +86,7 @@ void LiveArt::findRuns() {
     const auto sameCeiling = [](const Run& a, const Run& b) { return a.ceiling == b.ceiling; };
     if (!std::equal(runs.begin(), runs.end(), runs_.begin(), runs_.end(), sameCeiling)) tiles_.clear();
     runs_ = std::move(runs);
+    if (truths_.size() != runs_.size()) truths_.clear(); // of others
     wantsPieces_ = true;
 }
 
@@ -113,6 +114,7 @@ std::optional<std::vector<Piece>> LiveArt::takeWantedPieces() {
 }
 
 void LiveArt::setPiece(const Piece& piece, QImage image) {
+    if (piece.run >= truths_.size()) return; // the runs are others since it was asked for
     Truth& truth = truths_[piece.run];
     if (piece.kind == Piece::Kind::Art) {
         truth.art = std::move(image);
@@ -148,7 +150,7 @@ QRect LiveArt::placeOfTruth(std::size_t run) const {
 
 void LiveArt::wantTiles() {
     wanted_.clear();
-    if (!runs_.front().ceiling) return; // the lowest has nothing above
+    if (runs_.empty() || !runs_.front().ceiling) return; // the lowest has nothing above
     const auto want = [&](const QRect& pixels) {
         forTilesIn(pixels & QRect(QPoint(0, 0), port_.size), [&](Place place) {
             if (!tiles_.contains(place)) wanted_.push_back(place);

@@ -39,7 +39,14 @@ std::string Recorder::kept(const std::string& file) {
 
 std::string Recorder::quoted(std::string_view text) {
     std::string out = "\"";
-    for (const char c : text) {
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char c = text[i];
+        const std::string_view separator = text.substr(i, 3); // of lines or paragraphs, where scripts end a line too
+        if (separator == "\u2028" || separator == "\u2029") {
+            out += separator == "\u2028" ? "\\u2028" : "\\u2029";
+            i += 2;
+            continue;
+        }
         if (c == '"' || c == '\\') out += '\\';
         if (static_cast<unsigned char>(c) >= 0x20) {
             out += c;

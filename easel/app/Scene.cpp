@@ -162,7 +162,7 @@ bool Scene::settle(bool changed) {
         paint(painter, image.rect());
         paintLive(painter, image.rect());
         painter.end();
-        truth_ = {std::move(image), port_, {}};
+        truth_ = {std::move(image), port_, {}, true};
         requested_.reset(); // what is asked for is of before
     }
     rest_ = {};

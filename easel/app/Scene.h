@@ -48,8 +48,10 @@ class Scene {
     /// is has a picture of its own, and until that is there the last one shows.
     void spoilTruth(const std::vector<model::Box>& boxes);
     [[nodiscard]] bool hasTruth() const { return !truth_.image.isNull(); }
-    /// Whether there is one of this view, in which nothing is out of date.
-    [[nodiscard]] bool isTruthNew() const { return hasTruth() && truth_.port == port_ && truth_.spoilt.isEmpty(); }
+    /// Whether there is one of this view by the renderer, in which nothing is out of date.
+    [[nodiscard]] bool isTruthNew() const {
+        return hasTruth() && truth_.port == port_ && truth_.spoilt.isEmpty() && !truth_.isStandIn;
+    }
     /// True pictures that a running gesture needs; nothing when these are the same as the last time.
     [[nodiscard]] std::optional<std::vector<Piece>> takeWantedPieces();
     void setPiece(const Piece& piece, QImage image);
@@ -66,7 +68,8 @@ class Scene {
     struct Truth {
         QImage image;
         Port port;
-        QRegion spoilt; ///< of whole tiles of the port
+        QRegion spoilt;         ///< of whole tiles of the port
+        bool isStandIn = false; ///< what a gesture showed when it ended, which may lack what the renderer draws
     };
 
     void paintTile(const QRect& tile);

@@ -94,6 +94,7 @@ void TruePictures::askPieces(std::vector<Order> orders) {
     {
         const std::lock_guard lock(mutex_);
         pieces_.assign(std::make_move_iterator(orders.begin()), std::make_move_iterator(orders.end()));
+        if (pieces_.empty()) return;
     }
     start();
 }

@@ -280,6 +280,7 @@ bool Window::eventFilter(QObject* object, QEvent* event) {
 /// Right of the drawing, as wide as the user makes them.
 void Window::makePanels(QWidget& drawing) {
     layers_ = new LayersPanel(actions_);
+    layers_->acts = [this] { commitEntry(); };
     layers_->passedOn = [this](QKeyEvent& event) {
         canvas_.setFocus();
         QApplication::sendEvent(&canvas_, &event);

@@ -86,8 +86,10 @@ void Window::makeEditMenu() {
     const auto isSelected = [this] { return actions_.document() && !actions_.document()->selection().empty(); };
     const auto addCopy = [&](const char* text, const char* keys, const char* name) {
         QAction& item = add(menu, text, QKeySequence(keys), [this, name] {
+            const session::Clipboard& clipboard = actions_.session().clipboard;
+            const unsigned before = clipboard.changes();
             actions_.key(name, kAICommandKey);
-            offerToOthers(actions_.session().clipboard);
+            if (clipboard.changes() != before) offerToOthers(clipboard);
         });
         greyUnless(item, isSelected);
     };

@@ -73,8 +73,10 @@ Affine operator*(const Affine& first, const Affine& second) {
 
 Affine inverse(const Affine& affine) {
     if (affine.isMove()) return {.e = -affine.e, .f = -affine.f}; // without rounding
+    const bool isScale = affine.b == 0 && affine.c == 0;          // with less rounding
     const double area = affine.a * affine.d - affine.b * affine.c;
-    Affine back{affine.d / area, -affine.b / area, -affine.c / area, affine.a / area};
+    Affine back = isScale ? Affine{1 / affine.a, 0, 0, 1 / affine.d}
+                          : Affine{affine.d / area, -affine.b / area, -affine.c / area, affine.a / area};
     const Point moved = back({affine.e, affine.f});
     back.e = -moved.x;
     back.f = -moved.y;

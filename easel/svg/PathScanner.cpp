@@ -114,8 +114,10 @@ struct Arc {
 Arc arcBetween(Point from, Point to, Point radii, double degrees, bool isLarge, bool isClockwise) {
     const double cosine = std::cos(degrees * (M_PI / 180));
     const double sine = std::sin(degrees * (M_PI / 180));
+    const double longest = std::max(radii.x, radii.y);
+    radii = {radii.x / longest, radii.y / longest};
     const Affine turned{radii.x * cosine, radii.x * sine, -radii.y * sine, radii.y * cosine};
-    const Point chord = inverse(turned)({from.x - to.x, from.y - to.y});
+    const Point chord = inverse(turned)({(from.x - to.x) / longest, (from.y - to.y) / longest});
     const double half = std::hypot(chord.x, chord.y) / 2;
     const double growth = std::max(half, 1.0);
     const Point toFrom{chord.x / 2 / growth, chord.y / 2 / growth}; // from the middle of the chord
@@ -125,7 +127,8 @@ Arc arcBetween(Point from, Point to, Point radii, double degrees, bool isLarge, 
     const Point first{toFrom.x - center.x, toFrom.y - center.y};
     const double small = 2 * std::asin(std::min(half, 1.0)); // of the two arcs over the chord
     const double sweep = isLarge ? 2 * M_PI - small : small;
-    Affine fromUnitCircle{turned.a * growth, turned.b * growth, turned.c * growth, turned.d * growth};
+    const double size = longest * growth;
+    Affine fromUnitCircle{turned.a * size, turned.b * size, turned.c * size, turned.d * size};
     const Point middle = fromUnitCircle(center);
     fromUnitCircle.e = from.x / 2 + to.x / 2 + middle.x;
     fromUnitCircle.f = from.y / 2 + to.y / 2 + middle.y;
@@ -236,6 +239,7 @@ class PathScan {
         const auto& [rx, ry, degrees, large, sweep, x, y] = numbers_;
         if (rx == 0 || ry == 0) return collector_.lineTo(to);
         const Arc arc = arcBetween(from, to, {std::fabs(rx), std::fabs(ry)}, degrees, large != 0, sweep != 0);
+        if (!std::isfinite(arc.sweep)) throw std::range_error("an arc is out of range");
         const double quarters = std::fabs(arc.sweep) / (M_PI / 2);
         const int pieces = std::clamp(static_cast<int>(std::ceil(quarters - kSlightlyMore)), 1, 4);
         const double step = arc.sweep / pieces;

@@ -145,7 +145,8 @@ TEST_F(ViewTest, CopiesComeFromOtherProgramsAndGoToThem) {
     EXPECT_EQ(paths(), 1U);
     QGuiApplication::clipboard()->setText("<svg xmlns='http://www.w3.org/2000/svg'><path d='M1 2 \"3\" 4'/></svg>");
     shortcut("Ctrl+V"); // with quotes that the recording must keep apart
-    QGuiApplication::clipboard()->setText("<svg xmlns='http://www.w3.org/2000/svg'><path d='M10 20L30 40'/></svg>");
+    QGuiApplication::clipboard()->setText(
+        "<svg xmlns='http://www.w3.org/2000/svg'><path d='M10 20L30 40'/>\u2028</svg>");
     shortcut("Ctrl+Shift+V");
     EXPECT_EQ(topPath().points[1].anchor, (Point{30, 40}));
     QGuiApplication::clipboard()->setText("no drawing"); // the last one holds

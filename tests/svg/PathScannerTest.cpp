@@ -142,6 +142,8 @@ TEST(PathScanner, KeepsEveryCompleteSegmentBeforeDamage) {
         {"M0 0 A5 5 0 0 1 5 5 5 5 0 2 1 9 9", 2, true}, // a flag is 0 or 1
         {"M0 0 A5 5 0 015 5 5 5 0 1110 10", 5, false},  // and needs no space
         {"M0 0 A5 5 0 1 1 1e-17 0", 5, false},          // all but a whole turn
+        {"M0 0 A1e-170 1e-171 9 0 1 10 0", 3, false},   // grows until it reaches
+        {"M0 0 A1e-320 1e-320 9 0 1 10 0 L 1 1", 1, true},
         {"M0 0 L1 1 B 5", 2, true},
         {"M0 0 L1 1 1e999 0", 2, true},
         {"M0 0 L1 1 2e100 0", 2, true},

@@ -5,9 +5,11 @@
 #include <memory>
 #include <utility>
 
+#include "model/Bounds.h"
 #include "session/base/Error.h"
 #include "svg/Definitions.h"
 #include "svg/FileError.h"
+#include "svg/Reach.h"
 #include "svg/Reader.h"
 #include "svg/Writer.h"
 
@@ -18,6 +20,17 @@ using model::Node;
 using model::Placement;
 
 namespace {
+
+/// Symbols and pictures are found from where the file is; what lies too far off cannot be read again.
+bool canBeSaidAlone(const Node& art) {
+    for (const Node* at = &art; at; at = nextWithin(art, *at)) {
+        const model::ImageData* const image = at->image();
+        const bool isFoundFromHere = image && !image->link.empty() && image->link.find(':') == std::string::npos;
+        if (at->symbol() || isFoundFromHere) return false;
+    }
+    const model::Box box = boundsOf(art, {});
+    return box.isEmpty() || svg::withinReach(box);
+}
 
 /// Empty for one that lies too far off to be read again.
 std::string textOf(Document& drawing) {
@@ -32,6 +45,7 @@ std::string textOf(Document& drawing) {
 
 void Clipboard::take(const std::vector<Node*>& art) {
     if (art.empty()) return;
+    ++changes_;
     const Document& document = documents_.needFront();
     Document drawing(document.width(), document.height());
     snapshots_.clear();
@@ -40,7 +54,7 @@ void Clipboard::take(const std::vector<Node*>& art) {
     for (auto object = art.rbegin(); object != art.rend(); ++object) {
         snapshots_.push_back(document.snapshotOf(**object));
         taken_.push_back((*object)->id());
-        if (!svg::copyInto(drawing, drawing.currentLayer(), **object)) ++missing_;
+        if (!canBeSaidAlone(**object) || !svg::copyInto(drawing, drawing.currentLayer(), **object)) ++missing_;
     }
     text_ = missing_ < art.size() ? textOf(drawing) : "";
     if (text_.empty()) missing_ = art.size();
@@ -93,7 +107,8 @@ std::vector<Node*> Clipboard::makeFromText(Document& document, std::size_t& left
         for (const Node* layer = drawing->root().lastChild(); layer; layer = layer->previous()) {
             if (layer->hidden()) continue;
             for (const Node* art = layer->lastChild(); art; art = art->previous()) {
-                if (svg::copyInto(document, document.currentLayer(), *art))
+                if (art->hidden()) continue;
+                if (canBeSaidAlone(*art) && svg::copyInto(document, document.currentLayer(), *art))
                     made.push_back(document.currentLayer().firstChild());
                 else
                     ++left;

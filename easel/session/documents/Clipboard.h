@@ -28,6 +28,7 @@ class Clipboard {
     // The drawing, as SVG
     [[nodiscard]] const std::string& text() const { return text_; } ///< what can be said of it alone
     void setText(std::string text);                                 ///< from another program
+    [[nodiscard]] unsigned changes() const { return changes_; }     ///< how often something was taken
     [[nodiscard]] bool isEmpty() const { return snapshots_.empty() && text_.empty(); }
 
   private:
@@ -41,6 +42,7 @@ class Clipboard {
     std::size_t missing_ = 0; ///< of these, that the text cannot say
     std::vector<model::NodeId> taken_;
     int pasted_ = 0;
+    unsigned changes_ = 0;
 };
 
 } // namespace easel::session

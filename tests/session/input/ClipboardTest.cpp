@@ -92,9 +92,15 @@ TEST_F(ClipboardTest, OtherDrawingsGetWhatCanBeSaidOfItAlone) {
         press("V");
         EXPECT_EQ(count(), 2U) << damaged;
     }
+    session.clipboard.setText("<svg xmlns='http://www.w3.org/2000/svg'><symbol id='s'><path d='M0 0h9'/></symbol>"
+                              "<path d='M0 0h9'/><use href='#s'/><path d='M2e9 0h9'/><image href='here.png'/></svg>");
+    press("V");
+    EXPECT_EQ(count(), 3U);
+    EXPECT_THAT(session.reports.lines().back(), HasSubstr("3 objects were not pasted"));
+    const std::string before = session.clipboard.text();
     press("A", kInPlace); // with nothing selected the clipboard stays as it is
     press("C");
-    EXPECT_EQ(session.clipboard.text(), "<svg xmlns='http://www.w3.org/2000/svg'/>");
+    EXPECT_EQ(session.clipboard.text(), before);
 }
 
 } // namespace
