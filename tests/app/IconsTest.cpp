@@ -118,4 +118,34 @@ TEST_F(IconsTest, KeepTheirLooksWhileOneObjectIsDragged) {
     }
 }
 
+/// Of two runs of art, one below and many above another object, Option makes copies in one: pieces of the two are void.
+/// What the gesture showed is no picture by the renderer, which the next one waits for.
+TEST_F(IconsTest, ComeAnewForWhatAGestureTurnsTo) {
+    std::string text = "<svg xmlns='http://www.w3.org/2000/svg' width='150' height='150'><linearGradient id='a'>"
+                       "<stop stop-color='red'/><stop offset='1' stop-color='blue'/></linearGradient>";
+    for (int i = 0; i < 13; ++i) {
+        const std::string place = "x='" + std::to_string(10 + i % 4 * 20) + "' y='" + std::to_string(10 + i / 4 * 20);
+        text += "<rect width='15' height='15' " + place + "' fill='" + (i == 1 ? "#0a0'/>" : "url(#a)'/>");
+    }
+    open(folder.write("runs.svg", text + "</svg>"));
+    canvas().zoomTo(kScale);
+    canvas().feedbackShown = false;
+    chooseTool("Selection Tool");
+    Node& layer = document().currentLayer();
+    for (Node* art = layer.firstChild(); art; art = art->next())
+        if (!art->style().fillServer().empty()) document().select(*art, true);
+    press({15, 15});
+    drag({20, 20});
+    static_cast<void>(shown()); // until its pieces are there
+    drag({60, 62}, Qt::AltModifier);
+    drag({61, 63}, Qt::AltModifier);
+    release({61, 63}, Qt::AltModifier);
+    EXPECT_EQ(layer.childCount(), 25U);
+    press({2, 140}); // on empty ground, before the renderer can answer
+    drag({3, 141});
+    constexpr double kOutlines = 0.05;
+    EXPECT_LT(difference(shown(), drawn(easel::svg::write(document()), size()), 8), kOutlines);
+    release({3, 141});
+}
+
 } // namespace
