@@ -157,6 +157,33 @@ void begin(app::Window& window, session::Session& session, const Command& comman
     window.files().offerRecovered();
 }
 
+int runUntilClosed(app::Window& window, session::Session& session, const Command& command) {
+    const auto say = [&](const char* what) {
+        if (command.timeStart) std::printf("%s\n", what);
+        std::fflush(stdout);
+    };
+    const auto shown = [&] {
+        say("window");
+        try {
+            begin(window, session, command);
+        } catch (const session::Error& error) { // a plug-in that was named is not there
+            QApplication::exit(fail(Failed, error.what()));
+        }
+    };
+    const auto drawn = [&] {
+        say("drawing");
+        if (command.timeStart) QApplication::exit(Done);
+    };
+    const FirstPictures pictures(window.canvas(), shown, drawn);
+    window.canvas().setNotice(" "); // a drawing is about to come
+    window.show();
+    window.activateWindow(); // without a window manager nobody else does
+    const int code = QApplication::exec();
+    window.canvas().leaveDocument(); // documents end with the session, the window after it
+    session.quit();
+    return code;
+}
+
 int show(int argc, char** argv, const Command& command) {
     qInstallMessageHandler(hearQt);
     app::readFonts();
@@ -186,29 +213,7 @@ int show(int argc, char** argv, const Command& command) {
     app::connectDialogs(actions, window);
     session.browser.open = app::openAddress;
     endOnSignals(application);
-    const auto say = [&](const char* what) {
-        if (command.timeStart) std::printf("%s\n", what);
-        std::fflush(stdout);
-    };
-    const auto shown = [&] {
-        say("window");
-        try {
-            begin(window, session, command);
-        } catch (const session::Error& error) { // a plug-in that was named is not there
-            QApplication::exit(fail(Failed, error.what()));
-        }
-    };
-    const auto drawn = [&] {
-        say("drawing");
-        if (command.timeStart) QApplication::exit(Done);
-    };
-    const FirstPictures pictures(window.canvas(), shown, drawn);
-    window.canvas().setNotice(" "); // a drawing is about to come
-    window.show();
-    window.activateWindow(); // without a window manager nobody else does
-    const int code = QApplication::exec();
-    window.canvas().leaveDocument(); // documents end with the session, the window after it
-    session.quit();
+    const int code = runUntilClosed(window, session, command);
     shownWindow = nullptr;
     return code;
 }

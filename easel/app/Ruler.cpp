@@ -30,6 +30,12 @@ QString numberAt(double place, double step) {
     return QString::number(place, 'f', decimals);
 }
 
+/// The widest number must fit between two.
+double stepThatFits(const QFontMetrics& metrics, double zoom, double farthest) {
+    const double widest = metrics.horizontalAdvance(numberAt(-farthest, stepFor(zoom, kLeastApart)));
+    return stepFor(zoom, std::max(kLeastApart, widest + kBeside));
+}
+
 } // namespace
 
 Ruler::Ruler(const Canvas& canvas, Qt::Orientation orientation)
@@ -49,10 +55,8 @@ void Ruler::paintEvent(QPaintEvent* /*event*/) {
     const model::Point corner = canvas_.toDocument({0, 0});
     const double start = lies_ ? corner.x : corner.y;
     const double zoom = canvas_.zoom();
-    double step = stepFor(zoom, kLeastApart);
-    const double farthest = std::max(std::abs(start), std::abs(start + length / zoom));
-    const double widest = painter.fontMetrics().horizontalAdvance(numberAt(-farthest, step));
-    step = stepFor(zoom, std::max(kLeastApart, widest + kBeside));
+    const double step =
+        stepThatFits(painter.fontMetrics(), zoom, std::max(std::abs(start), std::abs(start + length / zoom)));
     const auto line = [&](double at, double from) {
         lies_ ? painter.drawLine(QPointF(at, from), QPointF(at, kBreadth))
               : painter.drawLine(QPointF(from, at), QPointF(kBreadth, at));
