@@ -276,12 +276,12 @@ void Canvas::timerEvent(QTimerEvent* event) {
     if (scene_.isComplete()) refineTimer_.stop();
 }
 
-Modifiers Canvas::modifiersOf(Qt::KeyboardModifiers keys) const {
+Modifiers Canvas::modifiersOf(Qt::KeyboardModifiers down) const {
     Modifiers held = heldByToggles ? heldByToggles() : 0;
-    if (keys & Qt::ShiftModifier) held |= kAIShiftKey;
-    if (keys & Qt::ControlModifier) held |= kAICommandKey;
-    if (keys & Qt::AltModifier) held |= kAIOptionKey;
-    if (keys & Qt::MetaModifier) held |= superIsOption ? kAIOptionKey : kAIControlKey;
+    if (down & Qt::ShiftModifier) held |= kAIShiftKey;
+    if (down & Qt::ControlModifier) held |= keys.ctrl;
+    if (down & Qt::AltModifier) held |= keys.alt;
+    if (down & Qt::MetaModifier) held |= keys.super;
     return held;
 }
 

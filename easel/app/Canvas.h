@@ -13,6 +13,7 @@
 
 #include "app/Actions.h"
 #include "app/Scene.h"
+#include "app/Settings.h"
 #include "app/TruePictures.h"
 #include "app/Watch.h"
 
@@ -58,7 +59,7 @@ class Canvas final : public QWidget {
     [[nodiscard]] QPointF fromDocument(model::Point point) const;
     /// Whether all that shows is painted as exactly as it will ever be.
     [[nodiscard]] bool isTrue() const;
-    bool superIsOption = false; ///< the Super key is Option, as Alt is
+    KeyMeanings keys;
     bool feedbackShown = true;  ///< length and angle beside the pointer
     int restMilliseconds = 150; ///< after a change, before true pictures are made
 
@@ -80,7 +81,7 @@ class Canvas final : public QWidget {
   private:
     [[nodiscard]] model::Document* document() const { return actions_.document(); }
     [[nodiscard]] bool dragging() const { return actions_.session().pointer.pressed(); }
-    [[nodiscard]] session::Modifiers modifiersOf(Qt::KeyboardModifiers keys) const;
+    [[nodiscard]] session::Modifiers modifiersOf(Qt::KeyboardModifiers down) const;
     [[nodiscard]] double pageZoom() const;
     void updatePort();
     void showView();

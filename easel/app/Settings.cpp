@@ -29,6 +29,27 @@ double Settings::gridSpacing() const {
     return spacing >= kLeastSpacing && spacing <= kMostSpacing ? spacing : kUsual; // people edit the file
 }
 
+KeyMeanings Settings::keys() const {
+    const auto meaning = [this](const char* key, session::Modifiers usual) {
+        const QString name = file_.value(key).toString();
+        for (const KeyMeaning& each : kKeyMeanings)
+            if (name == each.name) return each.modifier;
+        return usual;
+    };
+    const KeyMeanings usual;
+    return {meaning("ctrl", usual.ctrl), meaning("alt", usual.alt), meaning("super", usual.super)};
+}
+
+void Settings::setKeys(const KeyMeanings& keys) {
+    const auto note = [this](const char* key, session::Modifiers is) {
+        for (const KeyMeaning& each : kKeyMeanings)
+            if (is == each.modifier) file_.setValue(key, each.name);
+    };
+    note("ctrl", keys.ctrl);
+    note("alt", keys.alt);
+    note("super", keys.super);
+}
+
 void Settings::noteRecent(const std::string& path) {
     const QString added = QString::fromStdString(path);
     QStringList all = recent();

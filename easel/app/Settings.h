@@ -5,9 +5,29 @@
 #include <QSize>
 #include <QStringList>
 
+#include <array>
 #include <string>
 
+#include "hostapi/SPTypes.h"
+#include "session/frame/Held.h"
+
 namespace easel::app {
+
+/// Which modifiers of plug-ins the keys of this keyboard are; 0 for none. Many window managers keep Alt and the mouse
+/// for themselves, others Super.
+struct KeyMeanings {
+    session::Modifiers ctrl = kAICommandKey;
+    session::Modifiers alt = kAIOptionKey;
+    session::Modifiers super = kAIControlKey;
+};
+
+/// A modifier that a key can be, as settings and menus call it.
+struct KeyMeaning {
+    const char* name;
+    session::Modifiers modifier;
+};
+inline constexpr std::array<KeyMeaning, 4> kKeyMeanings{
+    {{"Command", kAICommandKey}, {"Option", kAIOptionKey}, {"Control", kAIControlKey}, {"Nothing", 0}}};
 
 class Settings {
   public:
@@ -22,9 +42,12 @@ class Settings {
     [[nodiscard]] bool dark() const { return file_.value("dark", false).toBool(); }
     void setDark(bool dark) { file_.setValue("dark", dark); }
 
-    /// Which key is Option besides Alt, which many window managers keep for themselves.
-    [[nodiscard]] bool superIsOption() const { return file_.value("superIsOption", false).toBool(); }
-    void setSuperIsOption(bool on) { file_.setValue("superIsOption", on); }
+    [[nodiscard]] KeyMeanings keys() const;
+    void setKeys(const KeyMeanings& keys);
+
+    // Switches of the menus, by name
+    [[nodiscard]] bool isOn(const char* name, bool usual) const { return file_.value(name, usual).toBool(); }
+    void setOn(const char* name, bool on) { file_.setValue(name, on); }
 
     // The grid along the axes
     [[nodiscard]] bool axisGrid() const { return file_.value("axisGrid", false).toBool(); }

@@ -152,7 +152,7 @@ void Window::makeConnections() {
     };
     canvas_.tell = [this](const std::string& text) { notices_.tell(Notices::Picture, QString::fromStdString(text)); };
     canvas_.heldByToggles = [this] { return toggled_; };
-    canvas_.superIsOption = settings_.superIsOption();
+    canvas_.keys = settings_.keys();
     files_.noticed = [this](Files::Notice about, const QString& text) { tellLasting(about, text); };
     files_.isTyping = [this] { return isTyping(); };
     files_.readingChanged = [this] { stopReading_->setEnabled(files_.isReading()); };

@@ -63,6 +63,7 @@ class Window final : public QMainWindow {
     void addSwitch(QMenu& menu, const QString& text, const QKeySequence& keys, bool on,
                    std::function<void(bool)> change);
     void addGridItems(QMenu& menu);
+    void addKeyItems(QMenu& menu);
 
     [[nodiscard]] bool isTyping() const;
     void commitEntry();

@@ -1,4 +1,5 @@
 // What is in the window's menus.
+#include <QActionGroup>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -153,14 +154,44 @@ void Window::makeViewMenu() {
     menu.addSeparator();
     addGridItems(menu);
     menu.addSeparator();
-    addSwitch(menu, "&Status Bar", {}, true, [this](bool on) { statusBar()->setVisible(on); });
-    addSwitch(menu, "&Length beside the Pointer", {}, true, [this](bool on) { canvas_.feedbackShown = on; });
+    constexpr const char* kStatusBar = "statusBar";
+    constexpr const char* kLength = "lengthBesidePointer";
+    statusBar()->setVisible(settings_.isOn(kStatusBar, true));
+    canvas_.feedbackShown = settings_.isOn(kLength, true);
+    addSwitch(menu, "&Status Bar", {}, settings_.isOn(kStatusBar, true), [this](bool on) {
+        statusBar()->setVisible(on);
+        settings_.setOn(kStatusBar, on);
+    });
+    addSwitch(menu, "&Length beside the Pointer", {}, canvas_.feedbackShown, [this](bool on) {
+        canvas_.feedbackShown = on;
+        settings_.setOn(kLength, on);
+    });
     addSwitch(menu, "&Dark", {}, look().colors.dark, [this](bool on) { setDark(on); });
     menu.addSeparator();
-    addSwitch(menu, "Super Key Is &Option, like Alt", {}, settings_.superIsOption(), [this](bool on) {
-        canvas_.superIsOption = on;
-        settings_.setSuperIsOption(on);
-    });
+    addKeyItems(*menu.addMenu("&Modifier Keys"));
+}
+
+/// What Ctrl, Alt and Super are to tools.
+void Window::addKeyItems(QMenu& menu) {
+    struct Key {
+        const char* name;
+        session::Modifiers KeyMeanings::*meaning;
+    };
+    for (const Key& key :
+         {Key{"Ctrl", &KeyMeanings::ctrl}, {"Alt", &KeyMeanings::alt}, {"Super", &KeyMeanings::super}}) {
+        QMenu& choices = *menu.addMenu(QString(key.name) + " Is");
+        auto* const one = new QActionGroup(&choices);
+        for (const KeyMeaning& choice : kKeyMeanings) {
+            QAction* const action = choices.addAction(choice.name);
+            action->setCheckable(true);
+            action->setChecked(settings_.keys().*key.meaning == choice.modifier);
+            one->addAction(action);
+            connect(action, &QAction::triggered, this, guarded([this, key, choice] {
+                        canvas_.keys.*key.meaning = choice.modifier;
+                        settings_.setKeys(canvas_.keys);
+                    }));
+        }
+    }
 }
 
 /// The grid is as the user left it.

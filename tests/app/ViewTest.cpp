@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QImage>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QToolButton>
 
@@ -103,6 +104,17 @@ TEST_F(ViewTest, SwitchesHoldModifiersForOneHand) {
         EXPECT_NEAR(lineAt(), turn, 1e-6) << name;
         held->click();
         EXPECT_NEAR(lineAt(), 30, 1e-9) << name;
+    }
+    // Keys may be others, in the next window too.
+    EXPECT_NEAR(lineAt(Qt::MetaModifier), 30, 1e-9);
+    for (QMenu* const menu : window->findChildren<QMenu*>()) {
+        if (menu->title() == "Super Is") menu->actions().at(1)->trigger();
+        if (menu->title() == "Alt Is") menu->actions().at(3)->trigger();
+    }
+    for (const bool isLast : {false, true}) {
+        EXPECT_NEAR(lineAt(Qt::MetaModifier), freely, 1e-6);
+        EXPECT_NEAR(lineAt(Qt::AltModifier), 30, 1e-9);
+        if (!isLast) show();
     }
 }
 
