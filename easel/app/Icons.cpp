@@ -7,6 +7,7 @@
 
 #include <array>
 #include <string>
+#include <utility>
 
 #include "app/Look.h"
 #include "app/PathPainter.h"
@@ -102,9 +103,37 @@ class Engine final : public QIconEngine {
     Symbol symbol_;
 };
 
+class PaintedEngine final : public QIconEngine {
+  public:
+    using Paint = std::function<void(QPainter& painter, const QRect& rect, QIcon::Mode mode)>;
+    explicit PaintedEngine(Paint paint) : paint_(std::move(paint)) {}
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        paint_(*painter, rect, mode);
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap picture(size);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
+        return picture;
+    }
+    QIconEngine* clone() const override { return new PaintedEngine(paint_); }
+
+  private:
+    Paint paint_;
+};
+
 } // namespace
 
 QIcon icon(Symbol symbol) { return QIcon(new Engine(symbol)); }
+
+QIcon painted(std::function<void(QPainter& painter, const QRect& rect, QIcon::Mode mode)> paint) {
+    return QIcon(new PaintedEngine(std::move(paint)));
+}
 
 void paintIcons() {
     const qreal dense = qApp->devicePixelRatio();

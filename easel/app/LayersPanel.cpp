@@ -5,7 +5,6 @@
 #include <QDropEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QIconEngine>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
@@ -24,31 +23,14 @@ namespace easel::app {
 namespace {
 
 /// A bar in the layer's colour, in a chosen row too.
-class Bar final : public QIconEngine {
-  public:
-    explicit Bar(const QColor& color) : color_(color) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(color_);
+QIcon bar(const QColor& color) {
+    return painted([color](QPainter& painter, const QRect& rect, QIcon::Mode /*mode*/) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
         const double wide = rect.width() / 3.0;
-        painter->drawRoundedRect(QRectF(rect.left() + wide, rect.top(), wide, rect.height()), wide / 3, wide / 3);
-        painter->restore();
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
-    }
-    QIconEngine* clone() const override { return new Bar(color_); }
-
-  private:
-    QColor color_;
-};
+        painter.drawRoundedRect(QRectF(rect.left() + wide, rect.top(), wide, rect.height()), wide / 3, wide / 3);
+    });
+}
 
 /// Rows are carried to another place by mouse, or by Alt and an arrow key. The row that other keys go to is chosen.
 class LayerList final : public QTreeWidget {
@@ -225,7 +207,7 @@ void LayersPanel::fill(QTreeWidgetItem& row, const model::Node& layer) {
     row.setTextAlignment(Count, Qt::AlignRight | Qt::AlignVCenter);
     row.setForeground(Count, look().colors.faint);
     if (list_.isPersistentEditorOpen(&row, Title)) return; // any change here would undo what is half typed
-    row.setIcon(Title, QIcon(new Bar(colorOf(layer))));
+    row.setIcon(Title, bar(colorOf(layer)));
     row.setText(Title, QString::fromStdString(layer.name()));
     row.setForeground(Title, layer.hidden() ? look().colors.faint : look().colors.text);
     QFont font = row.font(Title);

@@ -6,6 +6,10 @@
 #include <QSize>
 #include <QString>
 
+#include <functional>
+
+class QPainter;
+
 namespace easel::app {
 
 struct Colors {
@@ -70,6 +74,8 @@ enum class Symbol {
     Forward
 };
 [[nodiscard]] QIcon icon(Symbol symbol);
+/// One that is painted anew at each size.
+[[nodiscard]] QIcon painted(std::function<void(QPainter& painter, const QRect& rect, QIcon::Mode mode)> paint);
 
 /// A text as it stands, for buttons and menus: an ampersand in it makes no key.
 [[nodiscard]] QString literal(QString text);

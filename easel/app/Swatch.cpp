@@ -2,7 +2,6 @@
 #include "app/Swatch.h"
 
 #include <QColorDialog>
-#include <QIconEngine>
 #include <QMenu>
 #include <QPainter>
 
@@ -31,45 +30,26 @@ const std::array<Named, 9> kOffered{{{"Black", QColor(0, 0, 0)},
 
 /// Of the colour, or one that runs from dark to light. White with a stroke through it paints nothing, white with a dash
 /// is not the same for all.
-class Square final : public QIconEngine {
-  public:
-    explicit Square(const Paint& paint) : paint_(paint) {}
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        if (mode == QIcon::Disabled) painter->setOpacity(0.35);
-        painter->setPen(QPen(look().colors.faint, 1));
+QIcon square(const Paint& paint) {
+    return painted([paint](QPainter& painter, const QRect& rect, QIcon::Mode mode) {
+        if (mode == QIcon::Disabled) painter.setOpacity(0.35);
+        painter.setPen(QPen(look().colors.faint, 1));
         const QRectF square = QRectF(rect).adjusted(1.5, 1.5, -1.5, -1.5);
         QLinearGradient fading(square.topLeft(), square.bottomRight());
         fading.setColorAt(0, QColor(0x40, 0x44, 0x4A));
         fading.setColorAt(1, Qt::white);
-        painter->setBrush(paint_.kind == Paint::Served  ? QBrush(fading)
-                          : paint_.kind == Paint::Plain ? QBrush(paint_.color)
-                                                        : QBrush(Qt::white));
-        painter->drawRoundedRect(square, 2, 2);
-        painter->setPen(QPen(QColor(0xD0, 0x30, 0x30), 1.6));
-        if (paint_.kind == Paint::None)
-            painter->drawLine(square.bottomLeft() + QPointF(1, -1), square.topRight() + QPointF(-1, 1));
-        painter->setPen(QPen(QColor(0x60, 0x66, 0x70), 1.6));
+        painter.setBrush(paint.kind == Paint::Served  ? QBrush(fading)
+                         : paint.kind == Paint::Plain ? QBrush(paint.color)
+                                                      : QBrush(Qt::white));
+        painter.drawRoundedRect(square, 2, 2);
+        painter.setPen(QPen(QColor(0xD0, 0x30, 0x30), 1.6));
+        if (paint.kind == Paint::None)
+            painter.drawLine(square.bottomLeft() + QPointF(1, -1), square.topRight() + QPointF(-1, 1));
+        painter.setPen(QPen(QColor(0x60, 0x66, 0x70), 1.6));
         const QPointF half(square.width() / 4, 0);
-        if (paint_.kind == Paint::Mixed) painter->drawLine(square.center() - half, square.center() + half);
-        painter->restore();
-    }
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
-        QPixmap picture(size);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        paint(&painter, QRect(QPoint(0, 0), size), mode, state);
-        return picture;
-    }
-    QIconEngine* clone() const override { return new Square(paint_); }
-
-  private:
-    Paint paint_;
-};
-
-QIcon square(const Paint& paint) { return QIcon(new Square(paint)); }
+        if (paint.kind == Paint::Mixed) painter.drawLine(square.center() - half, square.center() + half);
+    });
+}
 
 QString nameOf(const Paint& paint) {
     switch (paint.kind) {

@@ -9,10 +9,8 @@
 
 #include <cmath>
 #include <numbers>
-#include <sstream>
 
 #include "WindowTest.h"
-#include "script/Script.h"
 
 namespace {
 
@@ -165,17 +163,7 @@ TEST_F(ViewTest, CopiesComeFromOtherProgramsAndGoToThem) {
     shortcut("Ctrl+V");
     EXPECT_EQ(topPath().points[1].anchor, (Point{40, 50}));
     actions->save(folder.path("copied.svg"), false);
-    const std::string drawn = folder.content("copied.svg");
-    end();
-
-    easel::session::Session again;
-    again.profile.use(folder.path("profile"));
-    again.plugins.load(ORTHOLINE_BUNDLE);
-    again.start();
-    std::ostringstream said;
-    std::filesystem::remove(folder.path("copied.svg"));
-    easel::script::run(again, script, said);
-    EXPECT_EQ(folder.content("copied.svg"), drawn);
+    expectReplayed(script, "copied.svg", [](auto& again) { again.start(); });
 }
 
 } // namespace

@@ -281,17 +281,7 @@ TEST_F(WindowDialogs, ArePlayedAgainWhereTheyEndAGesture) {
     chooseTool("Isometric Line Tool");
     stroke({{100, 100}, {100, 60}});
     actions->save(folder.path("window.svg"), false);
-    const std::string drawn = folder.content("window.svg");
-    end();
-
-    easel::session::Session again;
-    again.profile.use(folder.path("profile"));
-    again.plugins.load(ORTHOLINE_BUNDLE);
-    addAskingTool(again);
-    std::filesystem::remove(folder.path("window.svg"));
-    std::ostringstream said;
-    easel::script::run(again, script, said);
-    EXPECT_EQ(folder.content("window.svg"), drawn);
+    expectReplayed(script, "window.svg", [](auto& again) { addAskingTool(again); });
 }
 
 } // namespace

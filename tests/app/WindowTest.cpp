@@ -10,11 +10,9 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
-#include <sstream>
 
 #include "hostapi/AIAnnotatorSuite.h"
 #include "hostapi/Stage.h"
-#include "script/Script.h"
 #include "svg/Picture.h"
 
 namespace {
@@ -69,19 +67,7 @@ TEST_F(WindowTest, DrawsWhatARecordingDrawsAgain) {
     const auto isStroked = [](const auto* node) { return !node->effectivelyLocked() && node->style().isStroked(); };
     EXPECT_TRUE(std::ranges::any_of(document().selection(), isStroked));
     actions->save(folder.path("window.svg"), false);
-    const std::string drawn = folder.content("window.svg");
-    EXPECT_THAT(drawn, HasSubstr("<path"));
-    end();
-
-    easel::session::Session again;
-    again.profile.use(folder.path("profile"));
-    again.plugins.load(ORTHOLINE_BUNDLE);
-    again.start();
-    std::ostringstream said;
-    std::filesystem::remove(folder.path("window.svg"));
-    easel::script::run(again, script, said);
-    EXPECT_EQ(folder.content("window.svg"), drawn);
-    EXPECT_EQ(again.documents.count(), 1U);
+    expectReplayed(script, "window.svg", [](auto& again) { again.start(); });
 }
 
 /// Of the line that is drawn, and of the way that it is moved, with every tool.
