@@ -79,12 +79,13 @@ TEST_F(BuiltinToolsTest, WhatCannotBeEditedIsNotSelected) {
     Node& layer = document.currentLayer();
     Node& first = square(10, 10);
     Node& second = square(100, 10);
-    for (const auto keep : {&model::Document::setHidden, &model::Document::setLocked}) {
+    for (const bool hides : {true, false}) {
+        const auto keep = [&](Node& node) { hides ? document.setHidden(node, true) : document.setLocked(node, true); };
         document.select(first, true);
         document.select(second, true);
-        (document.*keep)(first, true);
+        keep(first);
         EXPECT_THAT(document.selection(), ElementsAre(&second));
-        (document.*keep)(layer, true);
+        keep(layer);
         EXPECT_THAT(document.selection(), IsEmpty());
         ASSERT_TRUE(document.journal().undo() && document.journal().undo());
         EXPECT_THAT(document.selection(), testing::SizeIs(2));
