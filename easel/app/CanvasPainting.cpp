@@ -236,7 +236,7 @@ std::string Canvas::feedback() const {
     const auto moved = watch_.live().empty() ? std::nullopt : watch_.movedBy(*watch_.live().front());
     if (moved) to = {from.x + moved->x, from.y + moved->y};
     const double length = std::hypot(to.x - from.x, to.y - from.y);
-    const std::string typed = typedLength_.empty() ? "" : typedLength_ + "| pt";
+    std::string typed = typedLength_.empty() ? "" : typedLength_ + "| pt";
     if (length == 0) return typed;
     double angle = std::atan2(from.y - to.y, to.x - from.x) * 180 / std::numbers::pi;
     if (std::abs(angle) < 0.05) angle = 0;

@@ -173,6 +173,7 @@ std::vector<model::Document*> Documents::unsaved() const {
     for (const Open& open : open_)
         if (isModified(*open.document)) found[numberOf(wholeOf(*open.document))] = &wholeOf(*open.document);
     std::vector<model::Document*> documents;
+    documents.reserve(found.size());
     for (const auto& [number, document] : found) documents.push_back(document);
     return documents;
 }
